@@ -1,0 +1,39 @@
+#pragma once
+
+#include "base/Clock.h"
+#include "base/Dialogs.h"
+#include "startup/ClsOpArgs.h"
+#include "store/DbEngine.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace zelkor {
+
+/// What a process knows of its one job: the globals of the run, filled at start-up and passed to whoever
+/// works in it, with the clock, the dialogs and the engine that the run uses.
+struct RunContext {
+  RunContext(DbEngine& engine, Dialogs& dialogs, const Clock& clock)
+      : engine(engine), dialogs(dialogs), clock(clock) {}
+
+  DbEngine& engine;
+  Dialogs& dialogs;
+  const Clock& clock;
+
+  std::string gstrZtFile;     // data file
+  std::string gstrZkSysFile;  // system file
+  std::string gstrAccountId;
+  std::int16_t giRunType = 0;
+  std::string gstrUser;
+  DateTime gdOpDate;
+  Database dbZKData;
+  Database dbZKSystem;
+  std::array<std::string, 4> gstrDeprStates;  // captions at 1 to 3
+  ClsOpArgs gOpArgs;
+
+  /// Month of the operating date, 1 to 12: the open period.
+  int period() const { return gdOpDate.month(); }
+};
+
+}  // namespace zelkor

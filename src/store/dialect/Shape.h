@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelkor::dialect {
+
+enum class LiteralKind : unsigned char { Text, Number, Date };
+
+/// A constant lifted out of a statement. `text` points into the statement (between the quotes, hashes, or the
+/// number's own characters); a text literal with doubled quotes keeps its resolved content in `unescaped`.
+struct Literal {
+  LiteralKind kind{};
+  std::string_view text;
+  std::string unescaped;
+
+  std::string_view content() const { return unescaped.empty() ? text : std::string_view(unescaped); }
+};
+
+/// A statement without its constants. Two statements with equal keys have one translation and one prepared
+/// statement; they differ only in `literals`.
+///
+/// The key keeps what translation depends on: the kind of each literal, whether a text literal behind LIKE is
+/// a plain prefix followed by one "*" (such a pattern can use an index), the number behind TOP and ordinals.
+struct Shape {
+  std::string key;
+  std::vector<Literal> literals;
+};
+
+/// Scans a statement once. Raises 3075 (or 3134 within INSERT) for an unclosed quote or hash and for a
+/// character that starts no token.
+void shapeOf(std::string_view statement, Shape& shape);  // reuses the buffers of `shape`
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,43 @@
+#include "startup/BusinessClass.h"
+
+#include "startup/Logs.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace zelkor {
+
+namespace {
+
+constexpr std::int32_t fileMissingLevel = 3;
+
+}  // namespace
+
+bool BusinessClass::OpenZkData() {
+  if (zkData_.isOpen()) return true;
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(zkDataPath_, ignored)) {
+    reportError(fileMissingLevel, "文件[" + zkDataPath_ + "]不存在！", "OpenZkData");
+    return false;
+  }
+  zkData_ = engine_.OpenDatabase(zkDataPath_);
+  return true;
+}
+
+void BusinessClass::reportError(std::int32_t level, std::string_view text, std::string_view routine) const {
+  WriteErrorLog(level, text, std::string(errorPrefix_).append(routine));
+}
+
+Recordset BusinessClass::query(std::string_view routine, std::string_view statement) {
+  return attempt(routine, Recordset(), [&] { return zkData_.OpenRecordset(statement); });
+}
+
+std::string BusinessClass::firstText(std::string_view routine, std::string_view statement,
+                                     std::string_view field) {
+  return attempt(routine, std::string(), [&] {
+    const Recordset rows = zkData_.OpenRecordset(statement);
+    return rows.Eof() ? std::string() : rows.TextOrEmpty(field);
+  });
+}
+
+}  // namespace zelkor

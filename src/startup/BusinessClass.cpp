@@ -1,9 +1,9 @@
 #include "startup/BusinessClass.h"
 
-#include "startup/Logs.h"
-
 #include <filesystem>
 #include <system_error>
+
+#include "startup/Logs.h"
 
 namespace zelkor {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "base/RuntimeError.h"
-#include "store/DbEngine.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "base/RuntimeError.h"
+#include "store/DbEngine.h"
 
 namespace zelkor {
 
@@ -24,7 +24,8 @@ class BusinessClass {
 
  protected:
   /// `errorPrefix` stands before the routine names in the error log and ends in a point.
-  BusinessClass(DbEngine& engine, std::string_view errorPrefix) : engine_(engine), errorPrefix_(errorPrefix) {}
+  BusinessClass(DbEngine& engine, std::string_view errorPrefix)
+      : engine_(engine), errorPrefix_(errorPrefix) {}
   ~BusinessClass() = default;
 
   /// A closed recordset when the query fails.

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "base/Value.h"
-
 #include <cstdint>
 #include <string>
+
+#include "base/Value.h"
 
 namespace zelkor {
 

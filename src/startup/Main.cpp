@@ -1,0 +1,56 @@
+#include "startup/Main.h"
+
+#include "base/RuntimeError.h"
+#include "startup/Arguments.h"
+#include "startup/Logs.h"
+
+namespace zelkor {
+namespace {
+
+constexpr int kRefusedStatus = 2;
+
+bool hasOwnBranch(std::int16_t runType) {
+  return runType >= 0 && runType <= 25 && (runType < 5 || runType > 7);
+}
+
+void startIgnoringFailure(RunContext& context, const RunTypeRow& row, const RunTypeJobs& jobs) {
+  try {
+    startRunType(context, row, jobs);
+  } catch (const RuntimeError&) {
+    // the statement behind the showing is simply the next one
+  }
+}
+
+}  // namespace
+
+void RunDefaultType(RunContext& context, std::int32_t runType, const RunTypeJobs& jobs) {
+  const RunTypeRow* row = findRunType(runType);
+  if (runType == 5 || runType == 6) startIgnoringFailure(context, *row, jobs);
+  if (runType == 7) startRunType(context, *row, jobs);
+}
+
+void prepareRun(RunContext& context, const std::string& arguments) {
+  TraceLine("命令行参数:" + arguments);
+  ReadCommandArgs(context, arguments);
+  context.gstrDeprStates = {"", "正常计提", "总提折旧", "总不提折旧"};
+  context.dbZKData = context.engine.OpenDatabase(context.gstrZtFile);
+  context.dbZKSystem = context.engine.OpenDatabase(context.gstrZkSysFile);
+  ParseArgs(context, arguments);
+}
+
+void Main(RunContext& context, const std::string& arguments, const RunTypeJobs& jobs,
+          const std::function<bool()>& becomeOnlyInstance) {
+  if (!becomeOnlyInstance()) {
+    context.dialogs.MsgBox("程序已打开，如要再次打开，请关闭已打开的程序！", Buttons::Ok, Icon::Exclamation,
+                           "凭证");
+    throw EndProgram{kRefusedStatus};
+  }
+  prepareRun(context, arguments);
+  if (hasOwnBranch(context.giRunType)) {
+    startRunType(context, *findRunType(context.giRunType), jobs);
+  } else {
+    RunDefaultType(context, context.gOpArgs.RunType(), jobs);
+  }
+}
+
+}  // namespace zelkor

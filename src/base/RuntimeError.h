@@ -7,6 +7,7 @@ namespace zelkor {
 
 /// Numbers of the runtime's and the engine's errors that the program raises itself.
 enum class ErrorNumber : int {
+  InvalidProcedureCall = 5,
   Overflow = 6,
   SubscriptOutOfRange = 9,
   DivisionByZero = 11,
@@ -20,6 +21,10 @@ enum class ErrorNumber : int {
   FileNotFound = 3024,
   TableAlreadyExists = 3010,
   TooFewParameters = 3061,
+  NoTransaction = 3034,
+  FieldNotUpdatable = 3164,
+  OperationNotSupported = 3251,
+  CannotExecuteSelect = 3065,
   SyntaxInQuery = 3075,
   SyntaxInInsert = 3134,
   TableDoesNotExist = 3376,

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "store/Database.h"
-
 #include <map>
 #include <memory>
 #include <string>
+
+#include "store/Database.h"
 
 namespace zelkor {
 
@@ -21,6 +21,9 @@ class Workspace {
 
  private:
   friend class DbEngine;
+  template <typename Action>
+  void forEachConnection(Action action);
+
   std::map<std::string, std::weak_ptr<Connection>> connections_;
   bool inTransaction_ = false;
 };

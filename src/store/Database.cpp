@@ -1,0 +1,33 @@
+#include "store/Database.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "store/dialect/Schema.h"
+#include "store/engine/Connection.h"
+
+namespace zelkor {
+
+Connection& Database::connection() const {
+  if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
+  return *connection_;
+}
+
+void Database::Execute(std::string_view sql) {
+  recordsAffected_ = connection().execute(sql);
+}
+
+Recordset Database::OpenRecordset(std::string_view sql) {
+  return connection().open(sql);
+}
+
+std::vector<std::string> Database::TableDefs() const {
+  return connection().engine().tableNames();
+}
+
+bool Database::HasTable(std::string_view name) const {
+  return std::ranges::any_of(TableDefs(),
+                             [&](const std::string& table) { return dialect::sameName(table, name); });
+}
+
+}  // namespace zelkor

@@ -1,0 +1,77 @@
+#include "store/DbEngine.h"
+
+#include <filesystem>
+
+#include "base/RuntimeError.h"
+#include "store/engine/Connection.h"
+#include "store/engine/DataFile.h"
+
+namespace zelkor {
+namespace {
+
+// One file reached by two paths is one file.
+std::string identityOf(const std::string& path) {
+  std::error_code failure;
+  const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, failure);
+  return failure ? path : canonical.string();
+}
+
+}  // namespace
+
+template <typename Action>
+void Workspace::forEachConnection(Action action) {
+  for (auto entry = connections_.begin(); entry != connections_.end();) {
+    const std::shared_ptr<Connection> connection = entry->second.lock();
+    if (connection) action(*connection);
+    entry = connection ? std::next(entry) : connections_.erase(entry);
+  }
+}
+
+void Workspace::BeginTrans() {
+  if (inTransaction_) return;
+  forEachConnection([](Connection& connection) {
+    connection.flush();
+    connection.gathering().beginWorkspaceTransaction();
+  });
+  inTransaction_ = true;
+}
+
+void Workspace::CommitTrans() {
+  if (!inTransaction_)
+    throw RuntimeError(ErrorNumber::NoTransaction, "试图提交或回滚事务，但没有先开始事务。");
+  inTransaction_ = false;
+  forEachConnection([](Connection& connection) {
+    connection.letReadersGo();
+    connection.gathering().commitWorkspaceTransaction();
+  });
+}
+
+void Workspace::Rollback() {
+  if (!inTransaction_)
+    throw RuntimeError(ErrorNumber::NoTransaction, "试图提交或回滚事务，但没有先开始事务。");
+  inTransaction_ = false;
+  forEachConnection([](Connection& connection) {
+    connection.letReadersGo();
+    connection.gathering().rollbackWorkspaceTransaction();
+  });
+}
+
+DbEngine::DbEngine() = default;
+DbEngine::~DbEngine() = default;
+
+Database DbEngine::OpenDatabase(const std::string& path) {
+  std::weak_ptr<Connection>& known = workspace_.connections_[identityOf(path)];
+  std::shared_ptr<Connection> connection = known.lock();
+  if (!connection) {
+    connection = std::make_shared<Connection>(openDataFile(path));
+    if (workspace_.inTransaction_) connection->gathering().beginWorkspaceTransaction();
+    known = connection;
+  }
+  return Database(std::move(connection));
+}
+
+void DbEngine::flush() {
+  workspace_.forEachConnection([](Connection& connection) { connection.flush(); });
+}
+
+}  // namespace zelkor

@@ -1,0 +1,123 @@
+#include "store/engine/Binding.h"
+
+#include <charconv>
+#include <string>
+
+#include "base/Conversion.h"
+#include "base/RuntimeError.h"
+#include "store/engine/ColumnValue.h"
+
+namespace zelkor {
+namespace {
+
+using dialect::BindAs;
+using dialect::ColumnType;
+using dialect::Literal;
+using dialect::LiteralKind;
+using dialect::ParameterSlot;
+
+// The last code point: above every text that goes on behind a prefix.
+constexpr std::string_view highest = "\xF4\x8F\xBF\xBF";
+
+std::string_view withoutTrailingBlanks(std::string_view text) {
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
+
+std::string_view prefixOf(std::string_view pattern) {
+  pattern.remove_suffix(1);
+  return pattern;
+}
+
+DateTime dateOf(const Literal& literal) {
+  if (const auto date = parseDate(literal.content())) return *date;
+  throw RuntimeError(ErrorNumber::SyntaxInQuery,
+                     "日期的语法错误 在查询表达式 '#" + std::string(literal.content()) + "#' 中。");
+}
+
+double realOf(const Literal& literal) {
+  if (const auto number = parseNumber(literal.content())) return *number;
+  throw RuntimeError(ErrorNumber::SyntaxInQuery,
+                     "数字的语法错误 在查询表达式 '" + std::string(literal.content()) + "' 中。");
+}
+
+bool readInteger(std::string_view text, std::int64_t& value) {
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return failure == std::errc() && end == text.data() + text.size();
+}
+
+void bindNumber(EngineStatement& statement, int parameter, const Literal& literal) {
+  if (std::int64_t value = 0; readInteger(literal.content(), value))
+    return statement.bindInteger(parameter, value);
+  statement.bindReal(parameter, realOf(literal));
+}
+
+Value valueOf(const Literal& literal) {
+  switch (literal.kind) {
+    case LiteralKind::Text:
+      return literal.content();
+    case LiteralKind::Number:
+      return realOf(literal);
+    case LiteralKind::Date:
+      return dateOf(literal);
+  }
+  return {};
+}
+
+bool isTextColumn(ColumnType type) {
+  return type == ColumnType::Text || type == ColumnType::Memo;
+}
+
+// The usual pairs without a detour over Value: this runs for every literal of every insert.
+bool bindDirectly(EngineStatement& statement, int parameter, const Literal& literal, ColumnType target) {
+  if (isTextColumn(target)) {
+    if (literal.kind == LiteralKind::Date) return false;
+    // A number goes into a text column as the platform writes it: without leading zeros.
+    if (literal.kind == LiteralKind::Number) return false;
+    statement.bindText(parameter, literal.content());
+    return true;
+  }
+  if (target == ColumnType::Double && literal.kind == LiteralKind::Number) {
+    statement.bindReal(parameter, realOf(literal));
+    return true;
+  }
+  return false;
+}
+
+void bindAssigned(EngineStatement& statement, int parameter, const Literal& literal, ColumnType target) {
+  if (bindDirectly(statement, parameter, literal, target)) return;
+  const std::optional<Value> value = convertForColumn(valueOf(literal), target);
+  if (value) return bindValue(statement, parameter, *value);
+  if (target == ColumnType::Boolean) return statement.bindInteger(parameter, 0);
+  statement.bindNull(parameter);
+}
+
+void bindSlot(EngineStatement& statement, int parameter, const ParameterSlot& slot, const Literal& literal) {
+  switch (slot.bindAs) {
+    case BindAs::Text:
+    case BindAs::Pattern:
+      return statement.bindText(parameter, literal.content());
+    case BindAs::TrimmedText:
+      return statement.bindText(parameter, withoutTrailingBlanks(literal.content()));
+    case BindAs::Number:
+      return bindNumber(statement, parameter, literal);
+    case BindAs::Date:
+      return statement.bindText(parameter, dateOf(literal).toIso());
+    case BindAs::PrefixLow:
+      return statement.bindText(parameter, prefixOf(literal.content()));
+    case BindAs::PrefixHigh:
+      return statement.bindText(parameter, std::string(prefixOf(literal.content())).append(highest));
+    case BindAs::Assigned:
+      return bindAssigned(statement, parameter, literal, slot.target);
+  }
+}
+
+}  // namespace
+
+void bindSlots(EngineStatement& statement, std::span<const ParameterSlot> slots,
+               std::span<const Literal> literals) {
+  int parameter = 0;
+  for (const ParameterSlot& slot : slots) bindSlot(statement, ++parameter, slot, literals[slot.literal]);
+}
+
+}  // namespace zelkor

@@ -1,0 +1,171 @@
+#include "store/engine/Connection.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "store/engine/Binding.h"
+#include "store/engine/RecordsetState.h"
+
+namespace zelkor {
+namespace {
+
+// A prepared statement that has been used is reset on every path, so that it holds no lock.
+class ResetAtEnd {
+ public:
+  explicit ResetAtEnd(EngineStatement& statement) : statement_(statement) {}
+  ResetAtEnd(const ResetAtEnd&) = delete;
+  ResetAtEnd& operator=(const ResetAtEnd&) = delete;
+  ~ResetAtEnd() { statement_.reset(); }
+
+ private:
+  EngineStatement& statement_;
+};
+
+bool isPlainName(std::string_view text) {
+  return !text.empty() &&
+         std::ranges::none_of(text, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
+}
+
+bool isUnknownName(const RuntimeError& error) {
+  return error.is(ErrorNumber::CannotOpenTableOrQuery) || error.is(ErrorNumber::TooFewParameters);
+}
+
+}  // namespace
+
+Connection::Connection(std::unique_ptr<Engine> engine)
+    : engine_(std::move(engine)), schema_(*engine_), statements_(*engine_, schema_), gathering_(*engine_) {}
+
+Connection::~Connection() {
+  try {
+    flush();
+  } catch (const RuntimeError&) {
+    // Whoever needs to know has flushed before; a destructor cannot tell.
+  }
+}
+
+// Another process may have changed a table since its columns were read: then the names are read anew, once.
+template <typename Use>
+auto Connection::withStatement(std::string_view sql, Use use) {
+  dialect::shapeOf(sql, shape_);
+  try {
+    return use(*statements_.find(sql, shape_));
+  } catch (const RuntimeError& error) {
+    if (!isUnknownName(error)) throw;
+  }
+  forgetTables();
+  return use(*statements_.find(sql, shape_));
+}
+
+long Connection::execute(std::string_view sql) {
+  return withStatement(sql, [&](CachedStatement& statement) { return run(statement, shape_); });
+}
+
+std::string Connection::queryText(std::string_view sqlOrTable) const {
+  if (isPlainName(sqlOrTable) && schema_.table(sqlOrTable) != nullptr)
+    return "select * from [" + std::string(sqlOrTable) + "]";
+  return std::string(sqlOrTable);
+}
+
+Recordset Connection::open(std::string_view sqlOrTable) {
+  gathering_.afterStatement();
+  const std::string sql = queryText(sqlOrTable);
+  return withStatement(sql, [&](CachedStatement& statement) {
+    if (!statement.query)
+      throw RuntimeError(ErrorNumber::OperationNotUpdatable, "操作查询不能作为记录集打开：" + sql);
+    auto state = std::make_shared<RecordsetState>(shared_from_this(), statement.query, sql, shape_.literals);
+    state->start();
+    return Recordset(std::move(state));
+  });
+}
+
+long Connection::run(CachedStatement& statement, const dialect::Shape& shape) {
+  using dialect::StatementKind;
+  switch (statement.translation.kind) {
+    case StatementKind::Query:
+      throw RuntimeError(ErrorNumber::CannotExecuteSelect, "不能执行选择查询。");
+    case StatementKind::Insert:
+    case StatementKind::Update:
+    case StatementKind::Delete:
+      return runAction(statement, shape);
+    default:
+      return runTableChange(statement, shape);
+  }
+}
+
+bool Connection::fastFormAllowed(CachedStatement& statement) {
+  if (!statement.translation.guard || statement.translation.fastSql.empty()) return false;
+  if (!statement.guard) statement.guard = engine_->prepare(*statement.translation.guard);
+  const ResetAtEnd reset(*statement.guard);
+  return !statement.guard->step();
+}
+
+long Connection::runAction(CachedStatement& statement, const dialect::Shape& shape) {
+  const bool fast = fastFormAllowed(statement);
+  auto& prepared = fast ? statement.fastAction : statement.action;
+  const auto& sql = fast ? statement.translation.fastSql : statement.translation.sql;
+  if (!prepared) prepared = engine_->prepare(sql.front());
+  bindSlots(*prepared, statement.translation.slots, shape.literals);
+  return write(*prepared);
+}
+
+long Connection::write(EngineStatement& statement) {
+  letReadersGo();
+  gathering_.beforeWrite();
+  {
+    const ResetAtEnd reset(statement);
+    while (statement.step()) {
+    }
+  }
+  const long touched = engine_->changes();
+  gathering_.afterStatement();
+  return touched;
+}
+
+// Several engine statements that must stand or fall as the one statement that they are.
+long Connection::runTableChange(const CachedStatement& statement, const dialect::Shape& shape) {
+  letReadersGo();
+  gathering_.beforeWrite();
+  engine_->run("SAVEPOINT zk_statement");
+  long touched = 0;
+  try {
+    for (const std::string& sql : statement.translation.sql) {
+      const auto prepared = engine_->prepare(sql);
+      if (&sql == &statement.translation.sql.back())
+        bindSlots(*prepared, statement.translation.slots, shape.literals);
+      while (prepared->step()) {
+      }
+      touched = engine_->changes();
+    }
+  } catch (...) {
+    if (engine_->inTransaction()) engine_->run("ROLLBACK TO zk_statement; RELEASE zk_statement");
+    forgetTables();
+    throw;
+  }
+  engine_->run("RELEASE zk_statement");
+  forgetTables();
+  gathering_.afterStatement();
+  return touched;
+}
+
+EngineStatement& Connection::prepared(const std::string& sql) {
+  auto& statement = prepared_[sql];
+  if (!statement) statement = engine_->prepare(sql);
+  return *statement;
+}
+
+void Connection::flush() {
+  letReadersGo();
+  gathering_.flush();
+}
+
+void Connection::letReadersGo() {
+  while (!readers_.empty()) readers_.back()->letGo();
+}
+
+void Connection::forgetTables() {
+  schema_.forget();
+  statements_.forget();
+  prepared_.clear();
+}
+
+}  // namespace zelkor

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/engine/Engine.h"
+#include "store/engine/SchemaCache.h"
+#include "store/engine/StatementCache.h"
+#include "store/engine/WriteGathering.h"
+#include "store/Recordset.h"
+
+namespace zelkor {
+
+class RecordsetState;
+
+/// The one connection of a process to a data file: runs statements of the dialect, keeps their prepared
+/// forms, gathers writes, and tells recordsets that are still reading to let go before a write.
+class Connection : public std::enable_shared_from_this<Connection> {
+ public:
+  explicit Connection(std::unique_ptr<Engine> engine);
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+  ~Connection();
+
+  /// Runs an action statement; gives the rows touched.
+  long execute(std::string_view sql);
+  /// Runs a query, or opens the table of that name.
+  Recordset open(std::string_view sql);
+
+  /// Writes out gathered statements and lets recordsets give up the rows that they are still reading from.
+  void flush();
+  WriteGathering& gathering() { return gathering_; }
+  Engine& engine() { return *engine_; }
+
+  /// Runs a prepared statement that writes, as one statement of its own; gives the rows touched.
+  long write(EngineStatement& statement);
+  /// A prepared statement of the engine's own SQL, kept by its text.
+  EngineStatement& prepared(const std::string& sql);
+
+  /// A recordset that holds a statement open on this connection.
+  void addReader(RecordsetState& reader) { readers_.push_back(&reader); }
+  void removeReader(RecordsetState& reader) { std::erase(readers_, &reader); }
+  /// Readers keep the keys of the rows that are left and read on by key.
+  void letReadersGo();
+
+ private:
+  template <typename Use>
+  auto withStatement(std::string_view sql, Use use);
+  std::string queryText(std::string_view sqlOrTable) const;
+  long run(CachedStatement& statement, const dialect::Shape& shape);
+  long runAction(CachedStatement& statement, const dialect::Shape& shape);
+  long runTableChange(const CachedStatement& statement, const dialect::Shape& shape);
+  bool fastFormAllowed(CachedStatement& statement);
+  void forgetTables();
+
+  std::unique_ptr<Engine> engine_;
+  SchemaCache schema_;
+  StatementCache statements_;
+  WriteGathering gathering_;
+  std::map<std::string, std::unique_ptr<EngineStatement>, std::less<>> prepared_;
+  std::vector<RecordsetState*> readers_;
+  dialect::Shape shape_;  // buffers kept from statement to statement
+};
+
+}  // namespace zelkor

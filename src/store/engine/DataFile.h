@@ -1,0 +1,14 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/engine/Engine.h"
+
+namespace zelkor {
+
+/// Opens the engine that the path names: an SQLite file. Errors: 3024 missing, 3051 read-only or not a file,
+/// 3343 no database, or a real Jet file, for which the text tells how to import it.
+std::unique_ptr<Engine> openDataFile(const std::string& path);
+
+}  // namespace zelkor

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/dialect/Schema.h"
+#include "store/dialect/Translation.h"
+
+namespace zelkor {
+
+/// What a cell of a result holds in the engine's own terms.
+enum class CellKind : std::uint8_t { Null, Integer, Real, Text };
+
+/// A prepared statement of an engine. Parameters count from 1, columns from 0.
+class EngineStatement {
+ public:
+  virtual ~EngineStatement() = default;
+
+  /// Parameters that the statement does not name are passed over.
+  virtual void bindNull(int parameter) = 0;
+  virtual void bindInteger(int parameter, std::int64_t value) = 0;
+  virtual void bindReal(int parameter, double value) = 0;
+  /// The text is copied.
+  virtual void bindText(int parameter, std::string_view value) = 0;
+
+  /// Moves to the next row; false at the end. Raises the engine's failure as a RuntimeError.
+  virtual bool step() = 0;
+  /// Gives up the rows and whatever lock they hold.
+  virtual void reset() = 0;
+
+  virtual CellKind kind(int column) const = 0;
+  virtual std::int64_t integer(int column) const = 0;
+  virtual double real(int column) const = 0;
+  /// Valid until the next step or reset.
+  virtual std::string_view text(int column) const = 0;
+};
+
+/// One connection to a data file or server in the engine's own terms.
+class Engine {
+ public:
+  virtual ~Engine() = default;
+
+  virtual dialect::EngineKind kind() const = 0;
+  virtual std::unique_ptr<EngineStatement> prepare(std::string_view sql) = 0;
+  /// Runs statements that give no rows and take no parameters.
+  virtual void run(const std::string& sql) = 0;
+
+  /// Opens a transaction that may write at once; waits for other writers.
+  virtual void begin() = 0;
+  virtual void commit() = 0;
+  virtual void rollback() = 0;
+  /// False also when the engine itself has given up the transaction (a full disk).
+  virtual bool inTransaction() const = 0;
+
+  /// Rows touched by the last statement that wrote.
+  virtual long changes() const = 0;
+  /// Row key of the last inserted row.
+  virtual std::int64_t lastRowKey() const = 0;
+
+  virtual std::vector<std::string> tableNames() = 0;
+  /// Columns as the engine has them now; nullopt when there is no such table.
+  virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
+};
+
+}  // namespace zelkor

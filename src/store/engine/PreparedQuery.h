@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "store/dialect/Translation.h"
+#include "store/engine/Engine.h"
+
+namespace zelkor {
+
+/// Which output columns a statement delivers, and where.
+struct Projection {
+  std::vector<std::size_t> columns;  // output columns in the order in which they are delivered
+  std::vector<int> placeOf;          // for each output column its place in `columns`, or -1
+
+  static Projection of(std::vector<std::size_t> columns, std::size_t outputColumns);
+};
+
+/// The prepared statements of one query shape.
+///
+/// Recordsets of a keyed query tell which columns are asked for; later runs of the shape deliver just these
+/// along with the row keys, and what else is asked for is read by row key. So a walk over wide rows decodes
+/// what it needs. Other queries deliver every column.
+class PreparedQuery {
+ public:
+  PreparedQuery(Engine& engine, const dialect::Translation& translation);
+
+  const dialect::Query& query() const { return *query_; }
+  std::span<const dialect::ParameterSlot> slots() const { return slots_; }
+
+  /// A statement on its way through a result, and what it delivers behind the row keys and tie keys.
+  struct Run {
+    std::unique_ptr<EngineStatement> statement;
+    std::shared_ptr<const Projection> projection;
+    bool fast = false;
+  };
+  /// An idle or new statement, not yet bound. Checks the query's guard for whether the fast form may be used.
+  Run take();
+  void giveBack(Run run);
+
+  /// Makes later runs and reads by key deliver this column too.
+  void learn(std::size_t column);
+
+  /// The statement that reads the learned columns of one row by its keys; shared, to be reset after each use.
+  EngineStatement& rowByKey();
+  const Projection& projection() const { return *projection_; }
+  std::shared_ptr<const Projection> sharedProjection() const { return projection_; }
+
+ private:
+  bool fastFormAllowed();
+
+  Engine& engine_;
+  std::shared_ptr<const dialect::Query> query_;
+  std::vector<dialect::ParameterSlot> slots_;
+  std::shared_ptr<const Projection> projection_;
+  std::vector<std::unique_ptr<EngineStatement>> idle_;
+  std::vector<std::unique_ptr<EngineStatement>> idleFast_;
+  std::unique_ptr<EngineStatement> guard_;
+  std::unique_ptr<EngineStatement> rowByKey_;
+};
+
+}  // namespace zelkor

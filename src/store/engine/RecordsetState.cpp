@@ -1,0 +1,241 @@
+#include "store/engine/RecordsetState.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "store/engine/Binding.h"
+#include "store/engine/ColumnValue.h"
+#include "store/engine/Connection.h"
+
+namespace zelkor {
+namespace {
+
+// The literals of a statement point into its text; this points them into our own copy of the text.
+std::vector<dialect::Literal> literalsWithin(const std::string& copy, std::string_view original,
+                                             const std::vector<dialect::Literal>& literals) {
+  std::vector<dialect::Literal> moved = literals;
+  for (dialect::Literal& literal : moved) {
+    const auto offset = static_cast<std::size_t>(literal.text.data() - original.data());
+    literal.text = std::string_view(copy).substr(offset, literal.text.size());
+  }
+  return moved;
+}
+
+bool sameTie(const Value& a, const Value& b) {
+  if (a.isText() && b.isText()) return dialect::sameName(a.as<std::string>(), b.as<std::string>());
+  return a == b;
+}
+
+}  // namespace
+
+RecordsetState::RecordsetState(std::shared_ptr<Connection> connection, std::shared_ptr<PreparedQuery> query,
+                               std::string_view sql, const std::vector<dialect::Literal>& literals)
+    : connection_(std::move(connection)),
+      query_(std::move(query)),
+      sql_(sql),
+      literals_(literalsWithin(sql_, sql, literals)) {}
+
+RecordsetState::~RecordsetState() {
+  finish();
+}
+
+void RecordsetState::start() {
+  finish();
+  keys_.clear();
+  rows_.clear();
+  known_ = visited_ = 0;
+  current_ = cachedRow_ = -1;
+  atEnd_ = true;
+  edit_.reset();
+  run_ = query_->take();
+  connection_->addReader(*this);
+  bindSlots(*run_.statement, query_->slots(), literals_);
+  if (streamNext()) standOn(0);
+}
+
+void RecordsetState::finish() {
+  if (!streaming()) return;
+  connection_->removeReader(*this);
+  query_->giveBack(std::exchange(run_, {}));
+}
+
+// The next row of the result becomes known; false at its end, where the statement is given up.
+bool RecordsetState::streamNext() {
+  if (!streaming()) return false;
+  bool more = false;
+  try {
+    more = run_.statement->step() && withinTop();
+  } catch (...) {
+    finish();
+    throw;
+  }
+  if (!more) {
+    finish();
+    return false;
+  }
+  if (keyed()) takeKeys();
+  ++known_;
+  return true;
+}
+
+// TOP n keeps the rows that tie with row n on the order keys.
+bool RecordsetState::withinTop() {
+  const std::optional<int> top = query_->query().top();
+  if (!top || known_ + 1 < *top) return true;
+  if (known_ + 1 == *top) {
+    lastTieKeys_ = tieKeys();
+    return true;
+  }
+  return !lastTieKeys_.empty() && std::ranges::equal(lastTieKeys_, tieKeys(), sameTie);
+}
+
+std::vector<Value> RecordsetState::tieKeys() const {
+  std::vector<Value> keys;
+  const auto first = static_cast<int>(sources());
+  for (int i = 0; i < static_cast<int>(query_->query().tieKeys()); ++i)
+    keys.push_back(readCell(*run_.statement, first + i, dialect::ColumnType::Unknown));
+  return keys;
+}
+
+void RecordsetState::takeKeys() {
+  for (int i = 0; i < static_cast<int>(sources()); ++i) {
+    const bool none = run_.statement->kind(i) == CellKind::Null;
+    keys_.push_back(none ? RowKey() : RowKey(run_.statement->integer(i)));
+  }
+}
+
+std::vector<Value> RecordsetState::decodeStreamedRow() const {
+  const std::size_t first = sources() + query_->query().tieKeys();
+  std::vector<Value> row;
+  row.reserve(run_.projection->columns.size());
+  for (std::size_t i = 0; i < run_.projection->columns.size(); ++i)
+    row.push_back(
+        readCell(*run_.statement, static_cast<int>(first + i), columns()[run_.projection->columns[i]].type));
+  return row;
+}
+
+// Before the statement moves on: what could not be read again is kept.
+void RecordsetState::keepStreamedRow() {
+  if (!streaming() || known_ == 0) return;
+  if (!keyed()) {
+    rows_.push_back(decodeStreamedRow());
+  } else if (current_ == known_ - 1 && cachedRow_ != current_) {
+    cache_ = decodeStreamedRow();
+    cacheProjection_ = run_.projection;
+    cachedRow_ = current_;
+  }
+}
+
+void RecordsetState::letGo() {
+  keepStreamedRow();
+  while (streamNext())
+    if (!keyed()) rows_.push_back(decodeStreamedRow());
+}
+
+void RecordsetState::collectAll() {
+  if (streaming()) letGo();
+}
+
+void RecordsetState::standOn(long row) {
+  current_ = row;
+  atEnd_ = false;
+  visited_ = std::max(visited_, row + 1);
+}
+
+void RecordsetState::moveNext() {
+  edit_.reset();
+  if (atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  if (current_ + 1 < known_) return standOn(current_ + 1);
+  if (streaming() && !keyed()) rows_.push_back(decodeStreamedRow());
+  if (streamNext()) return standOn(current_ + 1);
+  current_ = known_;
+  atEnd_ = true;
+}
+
+void RecordsetState::movePrevious() {
+  edit_.reset();
+  if (current_ < 0) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  collectAll();
+  --current_;
+  if (current_ >= 0) standOn(current_);
+}
+
+void RecordsetState::moveFirst() {
+  edit_.reset();
+  collectAll();
+  if (known_ == 0) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  standOn(0);
+}
+
+void RecordsetState::moveLast() {
+  edit_.reset();
+  collectAll();
+  if (known_ == 0) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  standOn(known_ - 1);
+}
+
+std::size_t RecordsetState::columnIndex(std::string_view name) const {
+  const auto& all = columns();
+  for (std::size_t i = 0; i < all.size(); ++i)
+    if (dialect::sameName(all[i].name, name)) return i;
+  throw RuntimeError(ErrorNumber::ItemNotInCollection,
+                     "在此集合中没有找到项目。（" + std::string(name) + "）");
+}
+
+void RecordsetState::requireCurrentRow() const {
+  if (current_ < 0 || atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+}
+
+Value RecordsetState::value(std::size_t column) {
+  if (column >= columns().size()) throw RuntimeError(ErrorNumber::ItemNotInCollection);
+  if (edit_) {
+    if (const Value* set = edit_->find(column)) return *set;
+    if (edit_->isNewRow()) return {};
+  }
+  requireCurrentRow();
+  if (keyed()) return keyedValue(column);
+  if (!onStreamedRow()) return rows_[static_cast<std::size_t>(current_)][column];
+  return readCell(*run_.statement, static_cast<int>(query_->query().tieKeys() + column),
+                  columns()[column].type);
+}
+
+Value RecordsetState::keyedValue(std::size_t column) {
+  if (onStreamedRow() && cachedRow_ != current_) {
+    if (const int place = run_.projection->placeOf[column]; place >= 0) {
+      const auto first = static_cast<int>(sources() + query_->query().tieKeys());
+      return readCell(*run_.statement, first + place, columns()[column].type);
+    }
+  }
+  if (cachedRow_ != current_ || cacheProjection_->placeOf[column] < 0) {
+    query_->learn(column);
+    readCurrentByKey();
+  }
+  return cache_[static_cast<std::size_t>(cacheProjection_->placeOf[column])];
+}
+
+void RecordsetState::bindKeys(EngineStatement& statement) {
+  auto parameter = static_cast<int>(query_->slots().size());
+  const std::size_t first = static_cast<std::size_t>(current_) * sources();
+  for (std::size_t i = 0; i < sources(); ++i) {
+    const RowKey& key = keys_[first + i];
+    ++parameter;
+    key ? statement.bindInteger(parameter, *key) : statement.bindNull(parameter);
+  }
+}
+
+void RecordsetState::readCurrentByKey() {
+  EngineStatement& statement = query_->rowByKey();
+  bindSlots(statement, query_->slots(), literals_);
+  bindKeys(statement);
+  const Projection& projection = query_->projection();
+  cache_.clear();
+  const bool found = statement.step();
+  for (std::size_t i = 0; found && i < projection.columns.size(); ++i)
+    cache_.push_back(readCell(statement, static_cast<int>(i), columns()[projection.columns[i]].type));
+  statement.reset();
+  if (!found) throw RuntimeError(ErrorNumber::RecordDeleted);
+  cacheProjection_ = query_->sharedProjection();
+  cachedRow_ = current_;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Value.h"
+#include "store/dialect/Shape.h"
+#include "store/engine/PreparedQuery.h"
+#include "store/engine/RowEdit.h"
+
+namespace zelkor {
+
+class Connection;
+
+/// What stands behind a Recordset: a walk over a query's rows.
+///
+/// It begins by streaming from a statement. When something is about to be written through the connection it
+/// lets go of the statement: of a keyed query it keeps the keys of the remaining rows and reads on by key, of
+/// any other query the rows themselves.
+class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
+ public:
+  RecordsetState(std::shared_ptr<Connection> connection, std::shared_ptr<PreparedQuery> query,
+                 std::string_view sql, const std::vector<dialect::Literal>& literals);
+  RecordsetState(const RecordsetState&) = delete;
+  RecordsetState& operator=(const RecordsetState&) = delete;
+  ~RecordsetState();
+
+  /// Runs the query (again) and stands on its first row.
+  void start();
+  /// Gives up the statement; see the class.
+  void letGo();
+
+  bool atEnd() const { return atEnd_; }
+  bool atBeginning() const { return current_ < 0; }
+  void moveNext();
+  void movePrevious();
+  void moveFirst();
+  void moveLast();
+  long visited() const { return visited_; }
+
+  const std::vector<dialect::OutputColumn>& columns() const { return query_->query().columns(); }
+  std::size_t columnIndex(std::string_view name) const;
+  Value value(std::size_t column);
+
+  void set(std::size_t column, const Value& value);
+  void addNew();
+  void edit();
+  void update();
+  void cancelUpdate() { edit_.reset(); }
+  void deleteRow();
+
+  void find(std::string_view criteria, bool last);
+  bool noMatch() const { return noMatch_; }
+  std::shared_ptr<RecordsetState> clone();
+
+ private:
+  using RowKey = std::optional<std::int64_t>;  // empty: an outer join found no row
+
+  std::size_t sources() const { return query_->query().sources().size(); }
+  bool keyed() const { return query_->query().keyed(); }
+  bool streaming() const { return run_.statement != nullptr; }
+  bool onStreamedRow() const { return streaming() && current_ == known_ - 1; }
+
+  bool streamNext();
+  bool withinTop();
+  std::vector<Value> tieKeys() const;
+  void takeKeys();
+  void keepStreamedRow();
+  std::vector<Value> decodeStreamedRow() const;
+  void finish();
+  void collectAll();
+  void standOn(long row);
+
+  void requireCurrentRow() const;
+  Value keyedValue(std::size_t column);
+  void readCurrentByKey();
+  void bindKeys(EngineStatement& statement);
+  RowEdit::Target editTarget() const;
+
+  std::shared_ptr<Connection> connection_;
+  std::shared_ptr<PreparedQuery> query_;
+  std::string sql_;
+  std::vector<dialect::Literal> literals_;  // point into sql_
+
+  PreparedQuery::Run run_;
+  std::vector<RowKey> keys_;              // keyed: sources() keys for each known row
+  std::vector<std::vector<Value>> rows_;  // otherwise: the rows that the statement has left behind
+  std::vector<Value> lastTieKeys_;
+
+  long known_ = 0;     // rows that the statement has delivered
+  long current_ = -1;  // the current row, counted from 0
+  long visited_ = 0;
+  bool atEnd_ = true;
+  bool noMatch_ = false;
+
+  // The columns of the current row that have been read so far, of a keyed query.
+  std::vector<Value> cache_;
+  std::shared_ptr<const Projection> cacheProjection_;
+  long cachedRow_ = -1;
+
+  std::optional<RowEdit> edit_;
+};
+
+}  // namespace zelkor

@@ -1,0 +1,81 @@
+#include "store/engine/SqliteEngine.h"
+
+#include <sqlite3.h>
+
+#include "store/engine/SqliteErrors.h"
+#include "store/engine/SqliteFunctions.h"
+#include "store/engine/SqliteStatement.h"
+
+namespace zelkor {
+namespace {
+
+// Long enough for any other process's gathered statements, short enough that a person is told.
+constexpr int busyTimeoutMilliseconds = 10'000;
+
+sqlite3* openHandle(const std::string& path) {
+  sqlite3* handle = nullptr;
+  const int code =
+      sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  if (code == SQLITE_OK) return handle;
+  const SqliteHandle owner(handle);
+  raiseSqliteError(handle, code);
+}
+
+}  // namespace
+
+void SqliteCloser::operator()(sqlite3* handle) const {
+  sqlite3_close_v2(handle);
+}
+
+void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
+  sqlite3_finalize(handle);
+}
+
+SqliteEngine::SqliteEngine(const std::string& path) : handle_(openHandle(path)) {
+  sqlite3_extended_result_codes(handle_.get(), 1);
+  sqlite3_busy_timeout(handle_.get(), busyTimeoutMilliseconds);
+  registerSqliteFunctions(handle_.get());
+  // A commit in write-ahead mode survives the end of the process without being forced to disk.
+  run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536");
+  begin_ = prepare("BEGIN IMMEDIATE");
+  commit_ = prepare("COMMIT");
+}
+
+std::unique_ptr<EngineStatement> SqliteEngine::prepare(std::string_view sql) {
+  return std::make_unique<SqliteStatement>(handle_.get(), sql);
+}
+
+void SqliteEngine::run(const std::string& sql) {
+  const int code = sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) raiseSqliteError(handle_.get(), code);
+}
+
+void SqliteEngine::begin() {
+  begin_->reset();
+  begin_->step();
+  begin_->reset();
+}
+
+void SqliteEngine::commit() {
+  commit_->reset();
+  commit_->step();
+  commit_->reset();
+}
+
+void SqliteEngine::rollback() {
+  run("ROLLBACK");
+}
+
+bool SqliteEngine::inTransaction() const {
+  return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+long SqliteEngine::changes() const {
+  return static_cast<long>(sqlite3_changes64(handle_.get()));
+}
+
+std::int64_t SqliteEngine::lastRowKey() const {
+  return sqlite3_last_insert_rowid(handle_.get());
+}
+
+}  // namespace zelkor

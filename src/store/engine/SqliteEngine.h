@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "store/engine/Engine.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zelkor {
+
+struct SqliteCloser {
+  void operator()(sqlite3* handle) const;
+};
+struct SqliteFinalizer {
+  void operator()(sqlite3_stmt* handle) const;
+};
+using SqliteHandle = std::unique_ptr<sqlite3, SqliteCloser>;
+using SqliteStatementHandle = std::unique_ptr<sqlite3_stmt, SqliteFinalizer>;
+
+/// An SQLite data file in write-ahead mode, shared with other processes.
+class SqliteEngine final : public Engine {
+ public:
+  /// Opens an existing file; see DbEngine::OpenDatabase for the errors.
+  explicit SqliteEngine(const std::string& path);
+
+  dialect::EngineKind kind() const override { return dialect::EngineKind::Sqlite; }
+  std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
+  void run(const std::string& sql) override;
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  bool inTransaction() const override;
+  long changes() const override;
+  std::int64_t lastRowKey() const override;
+  std::vector<std::string> tableNames() override;
+  std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
+
+ private:
+  SqliteHandle handle_;
+  std::unique_ptr<EngineStatement> begin_;
+  std::unique_ptr<EngineStatement> commit_;
+};
+
+}  // namespace zelkor

@@ -1,0 +1,47 @@
+#include "store/engine/WriteGathering.h"
+
+#include "base/RuntimeError.h"
+
+namespace zelkor {
+
+void WriteGathering::beforeWrite() {
+  afterStatement();  // an earlier statement may have failed before it could look at the time
+  if (engine_.inTransaction()) return;
+  engine_.begin();
+  since_ = Clock::now();
+}
+
+void WriteGathering::afterStatement() {
+  if (workspaceTransaction_ || !engine_.inTransaction()) return;
+  if (Clock::now() - since_ >= longestWait) commit();
+}
+
+void WriteGathering::flush() {
+  if (!workspaceTransaction_ && engine_.inTransaction()) commit();
+}
+
+void WriteGathering::commit() {
+  try {
+    engine_.commit();
+  } catch (const RuntimeError&) {
+    if (engine_.inTransaction()) engine_.rollback();
+    throw;
+  }
+}
+
+void WriteGathering::beginWorkspaceTransaction() {
+  flush();
+  workspaceTransaction_ = true;
+}
+
+void WriteGathering::commitWorkspaceTransaction() {
+  workspaceTransaction_ = false;
+  flush();
+}
+
+void WriteGathering::rollbackWorkspaceTransaction() {
+  workspaceTransaction_ = false;
+  if (engine_.inTransaction()) engine_.rollback();
+}
+
+}  // namespace zelkor

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+
+#include "store/engine/Engine.h"
+
+namespace zelkor {
+
+/// Decides when what a connection has written becomes durable.
+///
+/// Stand-alone statements are gathered into one engine transaction for at most 50 ms, as delayed writes;
+/// inside a workspace transaction everything waits for its commit. No lock is taken before the first write.
+class WriteGathering {
+ public:
+  explicit WriteGathering(Engine& engine) : engine_(engine) {}
+
+  /// Before a statement writes: takes the write lock unless it is held.
+  void beforeWrite();
+  /// After a statement, whether it wrote or failed: makes the gathered ones durable when they are old enough.
+  void afterStatement();
+  /// Makes the gathered stand-alone statements durable now; a workspace transaction goes on.
+  void flush();
+
+  void beginWorkspaceTransaction();
+  void commitWorkspaceTransaction();
+  void rollbackWorkspaceTransaction();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::milliseconds longestWait{50};
+
+  void commit();
+
+  Engine& engine_;
+  Clock::time_point since_;
+  bool workspaceTransaction_ = false;
+};
+
+}  // namespace zelkor

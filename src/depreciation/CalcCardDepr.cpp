@@ -1,0 +1,72 @@
+#include "depreciation/CalcCardDepr.h"
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "depreciation/MonthlyDepr.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+Recordset openLatestVersion(Database& data, const std::string& cardNum) {
+  return data.OpenRecordset(sql(
+      "select top 1 a.*,b.sName as sBMMC,c.sName as sLBMC from fa_cards a ,fa_Departments b,fa_AssetTypes c "
+      "where scardnum='",
+      cardNum, "' and a.sDeptNum=b.sNum and a.sTypeNum=c.sNum order by a.sCardID desc"));
+}
+
+DeprBasis basisOf(const Recordset& card) {
+  return {card.Fields("sDeprMethodID"), card.Fields("lLife"), card.Fields("lUsedMonths"),
+          card.Fields("dblValue"),      card.Fields("dblBV"), card.Fields("dblBVRate")};
+}
+
+void writeMonth(RunContext& run, const std::string& cardNum, const MonthlyDepr& depr) {
+  const int m = run.period();
+  run.dbZKData.Execute(sql("update fa_DeprTransactions set dblDepr", m, "=", Format(depr.amount, "0.00"),
+                           ",dblDeprRate", m, "=", Format(depr.rate, "0.0000"), ",dblDeprT", m,
+                           "=dblMonthDeprTotal +", Format(depr.amount, "0.0000"), " where scardnum='",
+                           cardNum, "'"));
+}
+
+void writeYear(Database& data, const std::string& cardNum, DeprThisYear& deprThisYear) {
+  const Recordset ledger =
+      data.OpenRecordset(sql("select * from fa_DeprTransactions where scardnum='", cardNum, "'"));
+  if (ledger.Eof()) return;
+  Currency total;
+  for (int month = 1; month <= 12; ++month) {
+    const double amount = ledger.Fields(sql("dblDepr", month)).numberOrZero();
+    total = Currency::fromDouble(total.toDouble() + amount);
+  }
+  deprThisYear.set(CCur(Format(total, "0.00")));
+}
+
+void addAllocationRow(Database& data, const Recordset& card, Currency amount) {
+  data.Execute(
+      sql("insert into fa_DeprVouchers "
+          "(lOptID,sDeptNum,sDeptName,sTypeNum,sTypeName,sSubjectNum,sSubjectName,dblCredit) "
+          "values (5,'",
+          card.TextOrEmpty("sDeptNum"), "','", card.TextOrEmpty("sBMMC"), "','", card.TextOrEmpty("sTypeNum"),
+          "','", card.TextOrEmpty("sLBMC"), "','", card.TextOrEmpty("sDeprSubjectNum"), "','",
+          card.TextOrEmpty("sDeprSubjectName"), "',", amount, ")"));
+}
+
+}  // namespace
+
+std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum) {
+  DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::AtOnce);
+  return CalcCardDepr(run, cardNum, deprThisYear);
+}
+
+std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum, DeprThisYear& deprThisYear) {
+  Recordset card = openLatestVersion(run.dbZKData, cardNum);
+  if (!card.Eof()) {
+    const MonthlyDepr depr = monthlyDepr(basisOf(card));
+    writeMonth(run, cardNum, depr);
+    writeYear(run.dbZKData, cardNum, deprThisYear);
+    addAllocationRow(run.dbZKData, card, depr.amount);
+  }
+  card.Close();
+  return 0;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,28 @@
+#include "depreciation/DeprThisYear.h"
+
+#include <exception>
+#include <utility>
+
+#include "store/Statement.h"
+
+namespace zelkor {
+
+DeprThisYear::~DeprThisYear() {
+  try {
+    write();
+  } catch (const std::exception&) {
+  }
+}
+
+void DeprThisYear::set(Currency total) {
+  kept_ = total;
+  if (writing_ == Writing::AtOnce) write();
+}
+
+void DeprThisYear::write() {
+  if (const auto total = std::exchange(kept_, std::nullopt)) {
+    data_.Execute(sql("update fa_DeprTransactions set dblDeprThisYear=", *total));
+  }
+}
+
+}  // namespace zelkor

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+
+#include "base/Currency.h"
+#include "store/Database.h"
+
+namespace zelkor {
+
+/// The column `dblDeprThisYear` of the depreciation ledger. The year's total of the card computed last stands
+/// on every row, so each card would rewrite the whole table. Only the content at the end of a walk can be
+/// observed: a walk therefore keeps the total and writes it once when it ends or fails.
+class DeprThisYear {
+ public:
+  enum class Writing { AtOnce, WhenWalkEnds };
+
+  DeprThisYear(Database& data, Writing writing) : data_(data), writing_(writing) {}
+  DeprThisYear(const DeprThisYear&) = delete;
+  DeprThisYear& operator=(const DeprThisYear&) = delete;
+  /// Writes what is still kept because the walk failed. A failure of this write is dropped: the failure that
+  /// broke off the walk is the one to be reported.
+  ~DeprThisYear();
+
+  /// Sets every row to `total`, at once or when the walk ends.
+  void set(Currency total);
+  /// Writes what is kept.
+  void write();
+
+ private:
+  Database& data_;
+  Writing writing_;
+  std::optional<Currency> kept_;
+};
+
+}  // namespace zelkor

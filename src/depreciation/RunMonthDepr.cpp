@@ -1,0 +1,70 @@
+#include "depreciation/RunMonthDepr.h"
+
+#include "base/Format.h"
+#include "base/RuntimeError.h"
+#include "depreciation/CalcCardDepr.h"
+#include "depreciation/StagedDepr.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kTitle = "固定资产";
+
+/// Calls CalcCardDepr once per card number; false when there was none.
+bool computeCards(RunContext& run) {
+  Recordset cards = run.dbZKData.OpenRecordset(sql("select * from fa_cards where dstartdate<#",
+                                                   Format(run.gdOpDate, "yyyy-mm-"),
+                                                   "01# order by sCardNum,val(sCardID) desc"));
+  DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::WhenWalkEnds);
+  std::string previous;
+  for (; !cards.Eof(); cards.MoveNext()) {
+    std::string cardNum = cards.TextOrEmpty("sCardNum");
+    if (cardNum == previous) continue;
+    CalcCardDepr(run, cardNum, deprThisYear);
+    previous = std::move(cardNum);
+  }
+  cards.Close();
+  deprThisYear.write();
+  return !previous.empty();
+}
+
+void recordRun(RunContext& run) {
+  const int m = run.period();
+  run.dbZKData.Execute(
+      sql("insert into fa_DeprVoucherMain (lOptID,sNum,iMaxPeriod,iMinPeriod,iStyle) values (5,'01',", m, ",",
+          m, ",1)"));
+}
+
+std::string timeText(DateTime time) {
+  return Format(time, "yyyy年mm月dd日 hh时mm分ss秒");
+}
+
+void showResults(RunContext& run, const MonthDeprScreens& screens) {
+  const Answer answer = run.dialogs.MsgBox("是否要查看折旧清单?", Buttons::YesNo, Icon::Information, kTitle);
+  if (answer == Answer::Yes) screens.depreciationList();
+  screens.allocationTable();
+}
+
+}  // namespace
+
+void RunMonthDepr(RunContext& run, const MonthDeprScreens& screens) {
+  const Answer answer =
+      run.dialogs.MsgBox("本操作将计提本月折旧,并花费一定时间,是否继续?", Buttons::YesNo, Icon::None, kTitle);
+  if (answer != Answer::Yes) return;
+  const DateTime start = run.clock.now();
+  run.dbZKData.Execute("delete from fa_DeprVouchers");
+  if (!computeCards(run)) {
+    run.dialogs.MsgBox("没有固定资产卡片，不能进行折旧操作", Buttons::Ok, Icon::Exclamation, "计提折旧");
+    throw EndProgram{};
+  }
+  recordRun(run);
+  stageDepr(run);
+  const DateTime end = run.clock.now();
+  run.dbZKData.Execute("update AccInformation set cvalue='false' where cSysID ='FA' And cName ='bNeedDepr'");
+  showResults(run, screens);
+  run.dialogs.MsgBox("计提折旧完成!\n开始时间:" + timeText(start) + "\n结束时间:" + timeText(end),
+                     Buttons::Ok, Icon::Exclamation, kTitle);
+}
+
+}  // namespace zelkor

@@ -1,0 +1,206 @@
+#include "depreciation/DepreciationList.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kLongHeader =
+    "卡片编号|资产编号|资产名称|原值|计提原值|本月折旧|累计折旧|净值|净残值|折旧率|单位折旧|本月工作量|"
+    "累计工作量";
+constexpr const char* kShortHeader =
+    "卡片编号|资产编号|资产名称|原值|计提原值|本月折旧|累计折旧|净值|净残值|折旧率";
+
+enum Column : std::size_t {
+  kCardNum,
+  kAssetNum,
+  kAssetName,
+  kValue,
+  kDeprValue,
+  kDepr,
+  kDeprTotal,
+  kNetValue,
+  kResidual,
+  kRate,
+  kPerDepr,
+  kWork,
+  kWorkTotal,
+  kColumns
+};
+
+constexpr std::array kAmounts = {kValue, kDeprValue, kDepr, kDeprTotal, kNetValue, kResidual};
+
+/// The list while it is being filled: rows of figures, and the totals of the amounts.
+class ListGrid {
+ public:
+  explicit ListGrid(bool withWorkload) : columns_(withWorkload ? kColumns : kPerDepr) {
+    static constexpr int kWidths[kColumns] = {1100, 1500, 2400, 1500, 1500, 1300, 1500,
+                                              1500, 1300, 1000, 1100, 1200, 1200};
+    grid_.setHeader(withWorkload ? kLongHeader : kShortHeader);
+    for (std::size_t column = 0; column < columns_; ++column) {
+      grid_.setColumnWidth(column, kWidths[column]);
+      if (column >= kValue) grid_.setAlignment(column, Align::Right);
+    }
+  }
+
+  void addCard(const Recordset& card) {
+    row_ = grid_.addRow(
+        {card.TextOrEmpty("sCardNum"), card.TextOrEmpty("sAssetNum"), card.TextOrEmpty("sAssetName")});
+    const Value value = card.Fields("dblValue");
+    for (const Column column : {kValue, kDeprValue, kNetValue}) set(column, value);
+    set(kResidual, card.Fields("dblBV"));
+    set(kPerDepr, card.Fields("dblPerDepr"));
+  }
+
+  /// Puts a figure into the row added last; Null leaves the cell empty, a column that is not shown is passed
+  /// over.
+  void set(Column column, const Value& figure) {
+    if (column >= columns_) return;
+    const bool fourDecimals = column == kRate || column == kPerDepr;
+    grid_.setText(row_, column, Format(figure, fourDecimals ? "0.0000" : "0.00"));
+    totals_[column] += figure.numberOrZero();
+  }
+
+  TextGrid finish() {
+    const std::size_t row = grid_.addRow({"合计"});
+    for (const Column column : kAmounts) grid_.setText(row, column, Format(totals_[column], "0.00"));
+    return std::move(grid_);
+  }
+
+ private:
+  TextGrid grid_;
+  std::size_t columns_;
+  std::size_t row_ = 0;
+  std::array<double, kColumns> totals_{};
+};
+
+void dropWorkingTable(Database& data) {
+  if (data.HasTable("yxkp")) data.Execute("drop table yxkp");
+}
+
+/// Fills `yxkp` with what `rest` selects for each card number: the first card makes the table.
+template <typename RestOfCard>
+void fillWorkingTable(Database& data, const char* cardNums, const char* columns, RestOfCard rest) {
+  dropWorkingTable(data);
+  bool made = false;
+  for (Recordset cards = data.OpenRecordset(cardNums); !cards.Eof(); cards.MoveNext()) {
+    const std::string from = rest(cards.TextOrEmpty("sCardNum"));
+    data.Execute(made ? sql("insert into yxkp SELECT ", columns, " ", from)
+                      : sql("SELECT ", columns, " into yxkp", from));
+    made = true;
+  }
+}
+
+void showFigures(ListGrid& list, const Recordset& ledger, int month) {
+  list.set(kDepr, ledger.Fields(sql("dblDepr", month)));
+  list.set(kDeprTotal, ledger.Fields(sql("dblDeprT", month)));
+  list.set(kRate, ledger.Fields(sql("dblDeprRate", month)));
+}
+
+void addCardOfMonth(Database& data, ListGrid& list, const Recordset& card, int month) {
+  list.addCard(card);
+  const std::string cardNum = card.TextOrEmpty("sCardNum");
+  const Recordset ledger =
+      data.OpenRecordset(sql("select * from fa_DeprTransactions where sCardNum='", cardNum, "'"));
+  if (!ledger.Eof()) showFigures(list, ledger, month);
+  const Recordset work = data.OpenRecordset(sql("select * from fa_workload where sCardNum='", cardNum, "'"));
+  if (work.Eof()) return;
+  list.set(kWork, work.Fields(sql("dblWork", month)));
+  list.set(kWorkTotal, work.Fields(sql("dblWorkT", month)));
+}
+
+/// The combo text between the point and the bracket or the end; empty for "全年".
+std::string periodOf(std::string_view item) {
+  const std::size_t point = item.find('.');
+  if (point == std::string_view::npos) return {};
+  const std::string_view behind = item.substr(point + 1);
+  return std::string(behind.substr(0, behind.find('(')));
+}
+
+struct Choice {
+  std::string period;
+  std::string_view department;  // empty: none chosen
+  std::string_view assetType;   // empty: none chosen
+};
+
+std::string versionOfPeriod(const Choice& choice, const std::string& cardNum) {
+  const std::string from = sql(
+      " FROM fa_Cards a WHERE a.sCardID IN (SELECT max(sCardID)   From fa_Cards WHERE fa_Cards.iInputPeriod=",
+      choice.period);
+  if (choice.assetType.empty()) return sql(from, "and sCardNum ='", cardNum, "')");
+  return sql(from, " and sTypeNum like'", choice.assetType, "*' and sCardNum ='", cardNum, "')");
+}
+
+void addCardOfPeriod(Database& data, ListGrid& list, const Recordset& card, const Choice& choice) {
+  list.addCard(card);
+  const std::string& n = choice.period;
+  const std::string cardNum = card.TextOrEmpty("sCardNum");
+  const Recordset ledger =
+      data.OpenRecordset(sql("select dblDeprRate", n, " as dblDeprRate,dblDepr", n, " as dblDepr,dblDeprT", n,
+                             " as dblDeprT from fa_DeprTransactions where sCardNum='", cardNum, "'"));
+  if (!ledger.Eof()) {
+    list.set(kDepr, ledger.Fields("dblDepr"));
+    list.set(kDeprTotal, ledger.Fields("dblDeprT"));
+    list.set(kRate, ledger.Fields("dblDeprRate"));
+  }
+  if (choice.department.empty()) return;
+  const Recordset work = data.OpenRecordset(sql("select sum(dblWork", n, ") as dblWork,sum(dblWorkT", n,
+                                                ") as dblWorkT from fa_WorkLoad_Detail where sDeptNum='",
+                                                choice.department, "' and sCardNum='", cardNum, "'"));
+  list.set(kWork, work.Fields("dblWork"));
+  list.set(kWorkTotal, work.Fields("dblWorkT"));
+}
+
+TextGrid listOfPeriod(RunContext& run, const Choice& choice) {
+  Database& data = run.dbZKData;
+  ListGrid list(choice.period == std::to_string(run.period()));
+  if (choice.period.empty()) {
+    dropWorkingTable(data);
+    return list.finish();
+  }
+  fillWorkingTable(data, "select distinct sCardNum from fa_cards",
+                   "sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblBVrate,dblPerDepr",
+                   [&](const std::string& cardNum) { return versionOfPeriod(choice, cardNum); });
+  if (!data.HasTable("yxkp")) return list.finish();
+  for (Recordset cards = data.OpenRecordset("select * from yxkp "); !cards.Eof(); cards.MoveNext()) {
+    addCardOfPeriod(data, list, cards, choice);
+  }
+  return list.finish();
+}
+
+}  // namespace
+
+TextGrid depreciationList(RunContext& run) {
+  Database& data = run.dbZKData;
+  fillWorkingTable(data, "select distinct sCardNum from fa_Cards",
+                   "top 1 sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblPerDepr,iTransPeriod",
+                   [](const std::string& cardNum) {
+                     return sql(" FROM fa_Cards Where sCardNum='", cardNum, "' order by val(sCardID) desc");
+                   });
+  ListGrid list(true);
+  // An account set without a card has no working table.
+  if (!data.HasTable("yxkp")) return list.finish();
+  for (Recordset cards = data.OpenRecordset("select * from yxkp order by sCardNum"); !cards.Eof();
+       cards.MoveNext()) {
+    addCardOfMonth(data, list, cards, run.period());
+  }
+  return list.finish();
+}
+
+TextGrid depreciationListByDepartment(RunContext& run, std::string_view periodItem,
+                                      std::string_view department) {
+  return listOfPeriod(run, {periodOf(periodItem), department, ""});
+}
+
+TextGrid depreciationListByAssetType(RunContext& run, std::string_view periodItem,
+                                     std::string_view assetType) {
+  return listOfPeriod(run, {periodOf(periodItem), "", assetType});
+}
+
+}  // namespace zelkor

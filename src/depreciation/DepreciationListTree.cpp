@@ -1,0 +1,79 @@
+#include <algorithm>
+
+#include "archives/ClsBLLAssentTypes.h"
+#include "base/Conversion.h"
+#include "depreciation/DepreciationList.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kRootKey = "R";
+constexpr const char* kLoginMark = "(登陆)";
+
+DepreciationListNode nodeOf(const std::string& code, const std::string& name, std::string parentKey) {
+  return {"D" + code, std::move(parentKey), "(" + code + ")" + name, code};
+}
+
+void loadSubDeparts(Database& data, const std::string& parent, int level,
+                    std::vector<DepreciationListNode>& nodes) {
+  Recordset departs = data.OpenRecordset(sql("SELECT * From fa_Departments  Where iLevel=", level,
+                                             " And sNum Like '", parent, "*' ORDER BY sNum"));
+  for (; !departs.Eof(); departs.MoveNext()) {
+    const std::string code = departs.TextOrEmpty("sNum");
+    nodes.push_back(nodeOf(code, departs.TextOrEmpty("sName"), "D" + parent));
+    loadSubDeparts(data, code, level + 1, nodes);
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> depreciationListPeriods(RunContext& run) {
+  std::vector<std::string> items;
+  Recordset periods = run.dbZKSystem.OpenRecordset(
+      sql("select iyear,iId from ZA_Period where  cAcc_id = '", run.gstrAccountId, "'"));
+  for (; !periods.Eof(); periods.MoveNext()) {
+    const Value year = periods.Fields("iyear");
+    const Value period = periods.Fields("iId");
+    const bool login = year.numberOrZero() == run.gdOpDate.year() && period.numberOrZero() == run.period();
+    items.push_back(year.textOrEmpty() + "." + period.textOrEmpty() + (login ? kLoginMark : ""));
+  }
+  items.emplace_back("全年");
+  return items;
+}
+
+std::size_t loginPeriodIndex(const std::vector<std::string>& periods) {
+  const auto found =
+      std::ranges::find_if(periods, [](const auto& item) { return item.ends_with(kLoginMark); });
+  return found == periods.end() ? 0 : static_cast<std::size_t>(found - periods.begin());
+}
+
+std::vector<DepreciationListNode> depreciationListDepartments(RunContext& run) {
+  std::vector<DepreciationListNode> nodes{{kRootKey, "", "固定资产部门编码目录", ""}};
+  Recordset departs =
+      run.dbZKData.OpenRecordset("SELECT * From fa_Departments  Where iLevel=1 ORDER BY sNum");
+  for (; !departs.Eof(); departs.MoveNext()) {
+    const std::string code = departs.TextOrEmpty("sNum");
+    if (code == "&") continue;
+    nodes.push_back(nodeOf(code, departs.TextOrEmpty("sName"), kRootKey));
+    loadSubDeparts(run.dbZKData, code, 2, nodes);
+  }
+  return nodes;
+}
+
+std::vector<DepreciationListNode> depreciationListAssetTypes(RunContext& run) {
+  std::vector<DepreciationListNode> nodes{{kRootKey, "", "固定资产分类编码表", ""}};
+  ClsBLLAssentTypes assetTypes(run.engine);
+  assetTypes.setZkDataPath(run.gstrZtFile);
+  Recordset rows = assetTypes.GetAssentTypes();
+  for (; rows.isOpen() && !rows.Eof(); rows.MoveNext()) {
+    const std::string code = rows.TextOrEmpty("sNum");
+    if (code == "&") continue;
+    const std::string parent = rows.TextOrEmpty("sParentNum");
+    nodes.push_back(nodeOf(code, rows.TextOrEmpty("sName"), parent.empty() ? kRootKey : "D" + parent));
+  }
+  assetTypes.CloseZkData();
+  return nodes;
+}
+
+}  // namespace zelkor

@@ -8,6 +8,15 @@
 
 namespace zelkor {
 
+KeptTogether::KeptTogether(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {
+  if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
+  connection_->gathering().hold();
+}
+
+KeptTogether::~KeptTogether() {
+  connection_->gathering().release();
+}
+
 Connection& Database::connection() const {
   if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
   return *connection_;

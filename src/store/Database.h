@@ -1,15 +1,29 @@
 #pragma once
 
-#include "store/Recordset.h"
-
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "store/Recordset.h"
+
 namespace zelkor {
 
 class Connection;
+
+/// While it lives, the stand-alone statements of a database are made durable together: a killed process
+/// leaves all of them or none. For a few statements that are of use only together; not a transaction: a
+/// failure undoes its own statement and nothing before it.
+class KeptTogether {
+ public:
+  explicit KeptTogether(std::shared_ptr<Connection> connection);
+  KeptTogether(const KeptTogether&) = delete;
+  KeptTogether& operator=(const KeptTogether&) = delete;
+  ~KeptTogether();
+
+ private:
+  std::shared_ptr<Connection> connection_;
+};
 
 /// An open data file. A handle: all databases that a process opens on one file share one connection.
 class Database {
@@ -27,6 +41,8 @@ class Database {
   /// Names of the tables, in their own spelling.
   std::vector<std::string> TableDefs() const;
   bool HasTable(std::string_view name) const;
+  /// See KeptTogether.
+  [[nodiscard]] KeptTogether keepTogether() const { return KeptTogether(connection_); }
   void Close() { connection_.reset(); }
 
  private:

@@ -12,7 +12,7 @@ void WriteGathering::beforeWrite() {
 }
 
 void WriteGathering::afterStatement() {
-  if (workspaceTransaction_ || !engine_.inTransaction()) return;
+  if (workspaceTransaction_ || holds_ > 0 || !engine_.inTransaction()) return;
   if (Clock::now() - since_ >= longestWait) commit();
 }
 

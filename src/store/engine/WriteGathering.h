@@ -21,6 +21,11 @@ class WriteGathering {
   /// Makes the gathered stand-alone statements durable now; a workspace transaction goes on.
   void flush();
 
+  /// Until as many releases as holds, statements stay gathered however long it takes: a kill leaves all of
+  /// them or none. A failure still undoes its own statement only.
+  void hold() { ++holds_; }
+  void release() { --holds_; }
+
   void beginWorkspaceTransaction();
   void commitWorkspaceTransaction();
   void rollbackWorkspaceTransaction();
@@ -34,6 +39,7 @@ class WriteGathering {
   Engine& engine_;
   Clock::time_point since_;
   bool workspaceTransaction_ = false;
+  int holds_ = 0;
 };
 
 }  // namespace zelkor

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <string>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "store/DbEngine.h"
+#include "support/Support.h"
+
+namespace zelkor::test {
+
+/// A new data file without tables.
+inline std::string makeEmptyDataFile(const std::filesystem::path& directory,
+                                     const std::string& name = "Test.Mdb") {
+  const std::string path = (directory / name).string();
+  sqlite3* handle = nullptr;
+  sqlite3_open(path.c_str(), &handle);
+  sqlite3_exec(handle, "PRAGMA user_version = 1", nullptr, nullptr, nullptr);
+  sqlite3_close(handle);
+  return path;
+}
+
+/// The rows of a query, cells joined by "|", Null as "~".
+inline std::vector<std::string> rowsOf(Recordset rows) {
+  std::vector<std::string> lines;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    std::string line;
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
+      const Value cell = rows.Fields(i);
+      line += (i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+/// Number of the RuntimeError that the action raises; 0 when it raises none.
+template <typename Action>
+int errorOf(Action action) {
+  try {
+    action();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+/// One data file with a database open on it.
+class StoreTest : public testing::Test {
+ protected:
+  std::vector<std::string> rows(const std::string& sql) { return rowsOf(db.OpenRecordset(sql)); }
+  std::string cell(const std::string& sql) {
+    const auto all = rows(sql);
+    return all.empty() ? "(none)" : all.front();
+  }
+
+  TempDirectory directory;
+  std::string path = makeEmptyDataFile(directory.path());
+  DbEngine engine;
+  Database db = engine.OpenDatabase(path);
+};
+
+}  // namespace zelkor::test

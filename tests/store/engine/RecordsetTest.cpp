@@ -1,0 +1,207 @@
+#include <gmock/gmock.h>
+
+#include "store/StoreFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RecordsetTest : public StoreTest {
+ protected:
+  void SetUp() override {
+    db.Execute(
+        "CREATE TABLE asset (sNum TEXT(20), sName TEXT(50), dblValue DOUBLE, lLife LONG, bSold BIT, dBought "
+        "DATETIME)");
+    db.Execute("CREATE UNIQUE INDEX sNum ON asset (sNum)");
+    db.Execute("CREATE TABLE dept (sNum TEXT(20), sName TEXT(50))");
+    for (const char* row : {"'A1','Lathe',1000.5,120,False,#2004-4-1#", "'A2','Van',300,48,True,null",
+                            "'A3','Desk',20,60,False,#2005-12-31 9:05:00#"})
+      db.Execute("insert into asset (sNum,sName,dblValue,lLife,bSold,dBought) values (" + std::string(row) +
+                 ")");
+  }
+};
+
+TEST_F(RecordsetTest, ReadsEveryTypeInItsOwnKind) {
+  Recordset rs = db.OpenRecordset("select * from asset order by sNum");
+  EXPECT_EQ(rs.Fields("snum"), Value("A1"));
+  EXPECT_EQ(rs.Fields("dblValue"), Value(1000.5));
+  EXPECT_EQ(rs.Fields("lLife"), Value(std::int32_t{120}));
+  EXPECT_EQ(rs.Fields("bSold"), Value(false));
+  EXPECT_EQ(rs.Fields("dBought").text(), "2004-4-1");
+  rs.MoveNext();
+  EXPECT_TRUE(rs.Fields("dBought").isNull());
+  EXPECT_EQ(errorOf([&] { rs.Text("dBought"); }), 94);
+}
+
+TEST_F(RecordsetTest, PositionFollowsTheWalk) {
+  Recordset none = db.OpenRecordset("select * from asset where sNum='none'");
+  EXPECT_TRUE(none.Eof());
+  EXPECT_TRUE(none.Bof());
+  EXPECT_EQ(none.RecordCount(), 0);
+  EXPECT_EQ(errorOf([&] { none.Fields("sNum"); }), 3021);
+  EXPECT_EQ(errorOf([&] { none.Edit(); }), 3021);
+
+  Recordset rs = db.OpenRecordset("select sNum from asset order by sNum desc");
+  EXPECT_FALSE(rs.Bof());
+  EXPECT_EQ(rs.RecordCount(), 1);
+  rs.MoveLast();
+  EXPECT_EQ(rs.RecordCount(), 3);
+  EXPECT_EQ(rs.Text("sNum"), "A1");
+  rs.MovePrevious();
+  EXPECT_EQ(rs.Text("sNum"), "A2");
+  rs.MoveFirst();
+  EXPECT_EQ(rs.Text("sNum"), "A3");
+  EXPECT_EQ(errorOf([&] { rs.Fields("sMissing"); }), 3265);
+  rs.MovePrevious();
+  EXPECT_TRUE(rs.Bof());
+}
+
+TEST_F(RecordsetTest, AWalkSurvivesWritesToItsOwnTable) {
+  Recordset rs = db.OpenRecordset("select * from asset order by sNum");
+  std::vector<std::string> seen;
+  for (; !rs.Eof(); rs.MoveNext()) {
+    const std::string num = rs.Text("sNum");
+    seen.push_back(num);
+    db.Execute("insert into asset (sNum,sName) values ('" + num + "x','copy')");
+    db.Execute("update asset set sName='done' where sNum='" + num + "'");
+    EXPECT_EQ(rs.Fields("dblValue").isNull(), false);
+  }
+  EXPECT_THAT(seen, ElementsAre("A1", "A2", "A3"));
+  EXPECT_EQ(cell("select count(*) from asset where sName='done'"), "3");
+}
+
+TEST_F(RecordsetTest, AGroupedWalkSurvivesWritesToItsOwnTable) {
+  Recordset rs =
+      db.OpenRecordset("select sNum, Sum(dblValue) as total from asset group by sNum order by sNum");
+  std::vector<std::string> seen;
+  for (; !rs.Eof(); rs.MoveNext()) {
+    db.Execute("delete from asset");
+    seen.push_back(rs.Text("sNum") + "=" + rs.Text("total"));
+  }
+  EXPECT_THAT(seen, ElementsAre("A1=1000.5", "A2=300", "A3=20"));
+}
+
+TEST_F(RecordsetTest, ARowDeletedUnderTheWalkIsAnError) {
+  Recordset rs = db.OpenRecordset("select * from asset order by sNum");
+  EXPECT_EQ(rs.Text("sNum"), "A1");
+  db.Execute("delete from asset where sNum='A2'");
+  rs.MoveNext();
+  EXPECT_EQ(errorOf([&] { rs.Text("sNum"); }), 3167);
+  rs.MoveNext();
+  EXPECT_EQ(rs.Text("sNum"), "A3");
+}
+
+TEST_F(RecordsetTest, AddsEditsAndDeletesRows) {
+  Recordset rs = db.OpenRecordset("select * from asset order by sNum");
+  rs.AddNew();
+  rs.Collect("sNum", "A4");
+  rs.Collect("dblValue", "12.5");
+  rs.Collect("lLife", 2.5);
+  EXPECT_EQ(errorOf([&] { rs.Collect("dblValue", "twelve"); }), 3421);
+  EXPECT_EQ(errorOf([&] { rs.Collect("dBought", "no day"); }), 3421);
+  rs.Update();
+  EXPECT_EQ(rs.Text("sNum"), "A1") << "the row that was current stays current";
+  EXPECT_THAT(rows("select * from asset where sNum='A4'"), ElementsAre("A4|~|12.5|2|False|~"));
+  rs.MoveLast();
+  EXPECT_EQ(rs.Text("sNum"), "A4");
+
+  rs.Edit();
+  rs.Collect("bSold", "-1");
+  EXPECT_EQ(rs.Fields("bSold"), Value(true)) << "the value being edited is read back";
+  rs.Update();
+  EXPECT_EQ(rs.Fields("bSold"), Value(true));
+  rs.Delete();
+  EXPECT_EQ(cell("select count(*) from asset"), "3");
+}
+
+TEST_F(RecordsetTest, ARefusedKeyLeavesTheTableAsItWas) {
+  Recordset rs = db.OpenRecordset("asset");
+  rs.AddNew();
+  rs.Collect("sNum", "a1");
+  EXPECT_EQ(errorOf([&] { rs.Update(); }), 3022) << "keys compare without regard to case";
+  EXPECT_EQ(cell("select count(*) from asset"), "3");
+  EXPECT_EQ(errorOf([&] { db.OpenRecordset("asset").Update(); }), 3020);
+}
+
+TEST_F(RecordsetTest, WhatIsComputedCannotBeEdited) {
+  Recordset rs = db.OpenRecordset("select count(*) as n from asset");
+  EXPECT_EQ(errorOf([&] { rs.AddNew(); }), 3073);
+  EXPECT_EQ(errorOf([&] { rs.Edit(); }), 3073);
+  Recordset keyed = db.OpenRecordset("select sNum, dblValue*2 as twice from asset");
+  keyed.Edit();
+  EXPECT_EQ(errorOf([&] { keyed.Collect("twice", 1.0); }), 3164);
+}
+
+TEST_F(RecordsetTest, FindsFromEitherEnd) {
+  Recordset rs = db.OpenRecordset("select * from asset where dblValue<500 order by sNum");
+  rs.FindFirst("lLife > 40");
+  EXPECT_FALSE(rs.NoMatch());
+  EXPECT_EQ(rs.Text("sNum"), "A2");
+  rs.FindLast("lLife > 40 and sName like 'd*'");
+  EXPECT_EQ(rs.Text("sNum"), "A3");
+  rs.FindFirst("sNum='A1'");
+  EXPECT_TRUE(rs.NoMatch()) << "the query itself leaves A1 out";
+}
+
+TEST_F(RecordsetTest, CloneAndRequeryAreWalksOfTheirOwn) {
+  Recordset rs = db.OpenRecordset("select sNum from asset order by sNum");
+  rs.MoveNext();
+  Recordset copy = rs.Clone();
+  copy.MoveFirst();
+  EXPECT_EQ(copy.Text("sNum"), "A1");
+  EXPECT_EQ(rs.Text("sNum"), "A2");
+  db.Execute("delete from asset where sNum='A1'");
+  rs.Requery();
+  EXPECT_EQ(rs.Text("sNum"), "A2");
+  EXPECT_EQ(rs.RecordCount(), 1);
+}
+
+TEST_F(RecordsetTest, JoinsReadOnWhenTheyHaveLetGo) {
+  db.Execute("insert into dept values ('A1','Workshop')");
+  Recordset rs = db.OpenRecordset(
+      "select a.*, d.sName as sDept from asset a left join dept d on a.sNum=d.sNum order by a.sNum");
+  std::vector<std::string> seen;
+  for (; !rs.Eof(); rs.MoveNext()) {
+    db.Execute("update dept set sName='moved'");
+    seen.push_back(rs.Text("sName") + "/" + rs.TextOrEmpty("sDept"));
+  }
+  EXPECT_THAT(seen, ElementsAre("Lathe/moved", "Van/", "Desk/"));
+}
+
+TEST_F(RecordsetTest, TopKeepsTies) {
+  db.Execute("update asset set lLife=48 where sNum='A3'");
+  EXPECT_THAT(rows("select top 1 sNum from asset order by lLife"), ElementsAre("A2", "A3"));
+  EXPECT_THAT(rows("select top 2 sNum from asset order by lLife desc"), ElementsAre("A1", "A2", "A3"));
+  EXPECT_THAT(rows("select top 9 sNum from asset order by sNum"), ElementsAre("A1", "A2", "A3"));
+  EXPECT_THAT(rows("select top 1 sNum from asset where lLife>999 order by lLife"), IsEmpty());
+}
+
+TEST_F(RecordsetTest, ASecondRunOfAShapeGivesItsOwnRows) {
+  for (const auto& [num, name] : {std::pair{"A1", "Lathe"}, {"A2", "Van"}, {"A3", "Desk"}}) {
+    Recordset rs = db.OpenRecordset("select * from asset where sNum='" + std::string(num) + "'");
+    EXPECT_EQ(rs.Text("sName"), name);
+    Recordset within = db.OpenRecordset("select * from asset where sNum='A2'");
+    EXPECT_EQ(within.Text("sName"), "Van");
+    EXPECT_EQ(rs.Text("sName"), name);
+  }
+}
+
+TEST_F(RecordsetTest, DatabasesOfOneFileSeeEachOtherAtOnce) {
+  Database other = engine.OpenDatabase(directory.path() / "." / "Test.Mdb");
+  other.Execute("update asset set sName='seen' where sNum='A1'");
+  EXPECT_EQ(other.RecordsAffected(), 1);
+  EXPECT_EQ(cell("select sName from asset where sNum='A1'"), "seen");
+  db.Close();
+  EXPECT_EQ(errorOf([&] { db.Execute("delete from asset"); }), 3420);
+}
+
+TEST_F(RecordsetTest, AQueryIsNoActionAndAnActionNoQuery) {
+  EXPECT_EQ(errorOf([&] { db.Execute("select * from asset"); }), 3065);
+  EXPECT_NE(errorOf([&] { db.OpenRecordset("delete from asset"); }), 0);
+  EXPECT_EQ(cell("select count(*) from asset"), "3");
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -1,0 +1,187 @@
+#include <gmock/gmock.h>
+
+#include "store/StoreFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using testing::ElementsAre;
+
+// Another process's view of the file: a connection of its own that does not wait.
+class Stranger {
+ public:
+  explicit Stranger(const std::string& path) { sqlite3_open(path.c_str(), &handle_); }
+  Stranger(const Stranger&) = delete;
+  Stranger& operator=(const Stranger&) = delete;
+  ~Stranger() { sqlite3_close(handle_); }
+
+  bool run(const std::string& sql) {
+    return sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+  }
+  int count(const std::string& table) {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(handle_, ("SELECT count(*) FROM " + table).c_str(), -1, &statement, nullptr);
+    sqlite3_step(statement);
+    const int count = sqlite3_column_int(statement, 0);
+    sqlite3_finalize(statement);
+    return count;
+  }
+
+ private:
+  sqlite3* handle_ = nullptr;
+};
+
+class WritingTest : public StoreTest {
+ protected:
+  void SetUp() override {
+    db.Execute("CREATE TABLE t (sNum TEXT(20), lCount LONG)");
+    db.Execute("CREATE UNIQUE INDEX sNum ON t (sNum)");
+    engine.flush();
+  }
+  void insert(const std::string& num) { db.Execute("insert into t (sNum,lCount) values ('" + num + "',1)"); }
+
+  Stranger stranger{path};
+};
+
+TEST_F(WritingTest, GatheredStatementsAreDurableAfterAFlush) {
+  insert("1");
+  insert("2");
+  engine.flush();
+  EXPECT_EQ(stranger.count("t"), 2);
+  EXPECT_TRUE(stranger.run("insert into t values ('3', 1)")) << "no lock is held";
+  EXPECT_EQ(cell("select count(*) from t"), "3");
+}
+
+TEST_F(WritingTest, AFailureUndoesItsStatementAndNothingBefore) {
+  insert("1");
+  insert("2");
+  EXPECT_EQ(errorOf([&] { db.Execute("insert into t (sNum) select 'x' from t"); }), 3022);
+  EXPECT_EQ(errorOf([&] { db.Execute("update t set sNum='1'"); }), 3022);
+  insert("3");
+  engine.flush();
+  EXPECT_EQ(stranger.count("t"), 3);
+  EXPECT_THAT(rows("select sNum from t order by sNum"), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(WritingTest, AWriteBetweenOursIsNotLost) {
+  insert("1");
+  Recordset rs = db.OpenRecordset("select * from t");
+  EXPECT_EQ(rs.Text("sNum"), "1");
+  engine.flush();
+  ASSERT_TRUE(stranger.run("update t set lCount=lCount+1"));
+  db.Execute("update t set lCount=lCount+1");
+  EXPECT_EQ(cell("select lCount from t"), "3") << "an open recordset must not hold us to old rows";
+}
+
+TEST_F(WritingTest, WhatIsKeptTogetherFailsByTheStatementAllTheSame) {
+  {
+    const KeptTogether together = db.keepTogether();
+    insert("1");
+    EXPECT_EQ(errorOf([&] { insert("1"); }), 3022);
+    insert("2");
+  }
+  engine.flush();
+  EXPECT_EQ(stranger.count("t"), 2);
+}
+
+TEST_F(WritingTest, TheLastDatabaseOfAFileWritesOut) {
+  insert("1");
+  db.Close();
+  EXPECT_EQ(stranger.count("t"), 1);
+}
+
+TEST_F(WritingTest, ATransactionTakesNoLockBeforeItsFirstWrite) {
+  Workspace& workspace = engine.workspace();
+  workspace.BeginTrans();
+  EXPECT_EQ(cell("select count(*) from t"), "0");
+  ASSERT_TRUE(stranger.run("insert into t values ('other', 1)"));
+  EXPECT_EQ(cell("select count(*) from t"), "1") << "nor does it read yesterday's rows";
+  workspace.BeginTrans();  // joins
+  insert("ours");
+  engine.flush();
+  EXPECT_EQ(stranger.count("t"), 1) << "a flush does not end the transaction";
+  workspace.CommitTrans();
+  EXPECT_EQ(stranger.count("t"), 2);
+  EXPECT_EQ(errorOf([&] { workspace.CommitTrans(); }), 3034);
+}
+
+TEST_F(WritingTest, ARollbackLeavesNoRow) {
+  insert("before");
+  Workspace& workspace = engine.workspace();
+  workspace.BeginTrans();
+  insert("within");
+  db.Execute("delete from t where sNum='before'");
+  Database late = engine.OpenDatabase(path);
+  late.Execute("insert into t (sNum) values ('late')");
+  workspace.Rollback();
+  EXPECT_THAT(rows("select sNum from t"), ElementsAre("before"));
+  EXPECT_EQ(errorOf([&] { workspace.Rollback(); }), 3034);
+}
+
+TEST_F(WritingTest, TablesAreMadeAndDroppedAsOneStatement) {
+  insert("1");
+  db.Execute("select * into copy from t");
+  EXPECT_TRUE(db.HasTable("COPY"));
+  EXPECT_EQ(errorOf([&] { db.Execute("select * into copy from t"); }), 3010);
+  EXPECT_EQ(errorOf([&] { db.Execute("select sNum, cint('abc') as n into bad from t"); }), 13);
+  EXPECT_FALSE(db.HasTable("bad")) << "a SELECT INTO that fails leaves no table";
+  db.Execute("drop table copy");
+  EXPECT_EQ(errorOf([&] { db.Execute("drop table copy"); }), 3376);
+  EXPECT_EQ(errorOf([&] { db.OpenRecordset("select * from copy"); }), 3078);
+}
+
+TEST_F(WritingTest, ATableChangedByAnotherProcessIsReadAnew) {
+  EXPECT_EQ(cell("select count(*) from t"), "0");
+  ASSERT_TRUE(stranger.run("ALTER TABLE t ADD COLUMN sMore TEXT(10) COLLATE NOCASE"));
+  db.Execute("insert into t (sNum,sMore) values ('1','more')");
+  EXPECT_EQ(cell("select sMore from t"), "more");
+}
+
+struct BadFile {
+  const char* name;
+  const char* content;  // nullptr: not there
+  int error;
+};
+
+class BadFileTest : public testing::TestWithParam<BadFile> {};
+
+TEST_P(BadFileTest, IsRefusedAndLeftAlone) {
+  const TempDirectory directory;
+  const auto path = directory.path() / "ZkData.Mdb";
+  if (GetParam().content != nullptr) std::ofstream(path, std::ios::binary) << GetParam().content;
+  DbEngine engine;
+  EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), GetParam().error);
+  EXPECT_EQ(std::filesystem::exists(path), GetParam().content != nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, BadFileTest,
+                         testing::Values(BadFile{"missing", nullptr, 3024}, BadFile{"empty", "", 3343},
+                                         BadFile{"text", "no database at all", 3343},
+                                         BadFile{"cut", "SQLite form", 3343}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(OpenDatabaseTest, TellsHowToImportAJetFile) {
+  const TempDirectory directory;
+  const auto path = directory.path() / "ZkData.Mdb";
+  std::ofstream(path, std::ios::binary) << std::string("\x00\x01\x00\x00Standard Jet DB\x00rest", 24);
+  DbEngine engine;
+  try {
+    engine.OpenDatabase(path);
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 3343);
+    EXPECT_THAT(error.what(), testing::HasSubstr("zelkorctl import"));
+  }
+}
+
+TEST(OpenDatabaseTest, RefusesDirectoriesAndReadOnlyFiles) {
+  const TempDirectory directory;
+  DbEngine engine;
+  EXPECT_EQ(errorOf([&] { engine.OpenDatabase(directory.path()); }), 3051);
+  const std::string path = makeEmptyDataFile(directory.path());
+  std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+  EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), 3051);
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "base/Conversion.h"
-#include "base/Currency.h"
-#include "base/DateTime.h"
-
 #include <charconv>
 #include <concepts>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+
+#include "base/Conversion.h"
+#include "base/Currency.h"
+#include "base/DateTime.h"
 
 // Statements are joined from literal text and values, unescaped: a value that holds a single quote breaks its
 // statement, which is how the system behaves.

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "cards/CardValues.h"
+#include "store/Database.h"
+
+namespace zelkor {
+
+/// Which fields a card has: those of the workload method come on top of the ordinary ones.
+enum class CardLayout { Ordinary, Workload };
+
+/// How an asset came into the books: before the module's first period, or in the period of its card.
+enum class NewCardType : int { Original = 1, AddedInPeriod = 2 };
+
+/// A card ready to be written: its values, and what was made of them. Numbers go into the statements as they
+/// are typed; a blank one breaks its statement.
+struct CardEntry {
+  /// Splits the department, looks the depreciation subject up, converts lives and dates (error 13 for what is
+  /// none).
+  CardEntry(Database& database, const CardValues& values, CardLayout layout, int month);
+
+  const CardValues& values;
+  CardLayout layout;
+  int month;  // of the operating date
+  std::string department;
+  std::string subjectCode;
+  std::string subjectName;
+  std::int32_t life;        // months
+  std::int32_t usedMonths;  // months
+  std::string startDate;    // as a date literal holds it
+  std::string entryDate;
+  int entryMonth;
+
+  const std::string& operator[](CardField field) const { return values[field]; }
+};
+
+/// Identity of a card's first version.
+struct NewCardKeys {
+  std::string cardID;
+  std::int32_t lOptID = 1;
+  NewCardType type = NewCardType::Original;
+};
+
+void insertCard(Database& database, const CardEntry& card, const NewCardKeys& keys);
+/// The whole card as the share of its one department.
+void insertDeptScale(Database& database, const CardEntry& card, const NewCardKeys& keys);
+void insertCardDetail(Database& database, const CardEntry& card, const NewCardKeys& keys);
+void insertDeprTransaction(Database& database, const CardEntry& card);
+void insertDeprTransactionDetail(Database& database, const CardEntry& card);
+
+/// Rewrites every version of the card in place.
+void updateCardRows(Database& database, const CardEntry& card, std::string_view cardNum);
+/// Rewrites the card's ledger row; its monthly values take the accumulated depreciation, not the original
+/// value that a new card writes there.
+void updateDeprTransaction(Database& database, const CardEntry& card, std::string_view cardNum);
+
+}  // namespace zelkor

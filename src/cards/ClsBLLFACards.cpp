@@ -1,0 +1,209 @@
+#include "cards/ClsBLLFACards.h"
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "cards/VoucherStaging.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+
+namespace {
+
+constexpr std::int32_t sequenceLength = 5;
+
+/// The number that follows `text`, filled up with zeros to `length`; 1 follows what is no number.
+std::string nextInSequence(const std::string& text, std::int32_t length) {
+  const Value last(text);
+  const std::int32_t number = IsNumeric(last) ? CLng(last) : 0;
+  return Format(CLng(number + 1.0), std::string(static_cast<std::size_t>(length), '0'));
+}
+
+StagedAsset stagedAsset(const CardEntry& card, std::string_view cardNum) {
+  return {std::string(cardNum), card[CardField::AdditionWay], card[CardField::OriginalValue], card.department,
+          card.month};
+}
+
+std::string walkStatement(CardMove move, std::string_view currentID) {
+  switch (move) {
+    case CardMove::First:
+      return "Select top 1 * From FA_Cards Order by clng(sCardID)";
+    case CardMove::Previous:
+      return sql("Select top 2 * From FA_Cards Where clng(sCardID)<=", currentID,
+                 " Order by clng(sCardID) Desc");
+    case CardMove::Next:
+      return sql("Select top 2 * From FA_Cards Where clng(sCardID)>=", currentID, " Order by clng(sCardID)");
+    case CardMove::Last:
+      break;
+  }
+  return "Select top 1 * From FA_Cards  Order by clng(sCardID) Desc";
+}
+
+}  // namespace
+
+std::string ClsBLLFACards::GetNewCardID() {
+  const Recordset newest = zkData().OpenRecordset("Select Top 1 * From FA_Cards Order by clng(sCardID) Desc");
+  return newest.Eof() ? "1" : sql(CLng(CLng(newest.Fields("sCardID")) + 1.0));
+}
+
+std::string ClsBLLFACards::GetNewCardNum(std::int32_t& length) {
+  return attempt("GetNewCardNum", std::string(), [&] {
+    // The parameter is read and has no effect: all account sets number with five digits.
+    Recordset parameter = zkData().OpenRecordset(
+        "Select cValue From AccInformation Where cName='iCardSequenceNumLength' And cSysID='FA'");
+    parameter.Close();
+    length = sequenceLength;
+    const Recordset last = zkData().OpenRecordset("Select Top 1 * From FA_Cards Order by sCardNum Desc");
+    return nextInSequence(last.Eof() ? "0" : last.TextOrEmpty("sCardNum"), length);
+  });
+}
+
+std::string ClsBLLFACards::GetNewAssetNum(std::string_view typeCode) {
+  return attempt("GetNewAssetNum", std::string(), [&] {
+    const Recordset parameter =
+        zkData().OpenRecordset("Select * From AccInformation Where cName='iCardNumType' And cSysID='FA'");
+    const bool byHand = !parameter.Eof() && parameter.TextOrEmpty("cValue") == "0";
+    return byHand ? std::string() : std::string(typeCode) + GetNewAssetNum1(typeCode);
+  });
+}
+
+std::string ClsBLLFACards::GetNewAssetNum1(std::string_view typeCode) {
+  return attempt("GetNewAssetNum1", std::string(), [&] {
+    const Recordset last = zkData().OpenRecordset(
+        sql("Select Top 1 * From FA_Cards Where sTypeNum='", typeCode, "' Order by sAssetNum Desc"));
+    std::string number = last.Eof() ? "0" : last.TextOrEmpty("sAssetNum");
+    if (number.starts_with(typeCode)) number.erase(0, typeCode.size());
+    std::int32_t length = 0;
+    GetNewCardNum(length);
+    return nextInSequence(number, length);
+  });
+}
+
+std::string ClsBLLFACards::GetAccInformation(std::string_view name) {
+  return firstText("GetAccInformation",
+                   sql("Select * From AccInformation Where cName='", name, "' And cSysID='FA'"), "cValue");
+}
+
+std::string ClsBLLFACards::GetDeprMethodName(std::string_view methodID) {
+  return firstText("GetDeprMethodName", sql("Select * From FA_Depreciations Where sID='", methodID, "'"),
+                   "sName");
+}
+
+bool ClsBLLFACards::UpdateCard(const CardValues& values, int month, std::string_view cardNum,
+                               CardLayout layout) {
+  return attempt("UpdateCard", false, [&] {
+    const CardEntry card(zkData(), values, layout, month);
+    updateCardRows(zkData(), card, cardNum);
+    updateDeprTransaction(zkData(), card, cardNum);
+    restageChangedAsset(zkData(), context_, stagedAsset(card, cardNum));
+    return true;
+  });
+}
+
+bool ClsBLLFACards::SaveNewCard(CardValues& values, int month, NewCardType type, CardLayout layout) {
+  return attempt("SaveNewCard", false, [&] {
+    const std::string cardID = GetNewCardID();
+    replaceMethodName(values);
+    writeNewCard(CardEntry(zkData(), values, layout, month), type, cardID);
+    return true;
+  });
+}
+
+void ClsBLLFACards::replaceMethodName(CardValues& values) {
+  std::string& method = values[CardField::DepreciationMethod];
+  if (method.empty()) return;
+  const Recordset row =
+      zkData().OpenRecordset(sql("select * from fa_depreciations where sName='", method, "'"));
+  if (!row.Eof()) method = row.Text("sID");
+}
+
+std::int32_t ClsBLLFACards::nextOptID() {
+  const Recordset highest = zkData().OpenRecordset("select max(lOptID) as a from FA_Cards");
+  return CLng(highest.Fields("a").numberOrZero() + 1);
+}
+
+void ClsBLLFACards::writeNewCard(const CardEntry& card, NewCardType type, const std::string& cardID) {
+  const NewCardKeys keys{cardID, nextOptID(), type};
+  insertCard(zkData(), card, keys);
+  insertDeptScale(zkData(), card, keys);
+  insertCardDetail(zkData(), card, keys);
+  insertDeprTransaction(zkData(), card);
+  insertDeprTransactionDetail(zkData(), card);
+  if (type == NewCardType::AddedInPeriod) {
+    stageNewAsset(zkData(), context_, stagedAsset(card, card[CardField::CardNumber]));
+  }
+}
+
+double ClsBLLFACards::GetDeprTotal(std::string_view cardNum) {
+  return attempt("GetDeprTotal", 0.0, [&] {
+    const Recordset row =
+        zkData().OpenRecordset(sql("Select * From FA_DeprTransactions Where sCardNum='", cardNum, "'"));
+    return row.Eof() ? 0.0 : row.Fields("dblInputDeprTotal").numberOrZero();
+  });
+}
+
+std::string ClsBLLFACards::GetDeprSubjectName(std::string_view cardNum) {
+  return attempt("GetDeprSubjectName", std::string(), [&] {
+    const Recordset card =
+        zkData().OpenRecordset(sql("Select * From FA_Cards Where sCardNum='", cardNum, "'"));
+    if (card.Eof()) return std::string();
+    return card.TextOrEmpty("sDeprSubjectNum") + "," + card.TextOrEmpty("sDeprSubjectName");
+  });
+}
+
+std::string ClsBLLFACards::GetDeptName(std::string_view code) {
+  return firstText("GetDeptName", sql("Select * From FA_Departments Where sNum='", code, "'"), "sName");
+}
+
+std::string ClsBLLFACards::GetOrgAddName(std::string_view originID) {
+  return firstText("GetOrgAddName", sql("Select * From FA_Origins Where sID='", originID, "'"), "sName");
+}
+
+std::string ClsBLLFACards::GetStatusName(std::string_view statusID) {
+  return firstText("GetStatusName", sql("Select * From FA_Status Where sID='", statusID, "'"), "sName");
+}
+
+std::string ClsBLLFACards::GetAssetTypeName(std::string_view typeCode) {
+  return firstText("GetAssetTypeName", sql("Select * From FA_AssetTypes Where snum='", typeCode, "'"),
+                   "sName");
+}
+
+std::string ClsBLLFACards::GetAssetCard(std::string_view currentID, CardMove move, std::string& methodID) {
+  return attempt("GetAssetCard", std::string(), [&] {
+    if (zkData().OpenRecordset("Select * From FA_Cards Order by clng(sCardID)").Eof()) return std::string();
+    Recordset reached = zkData().OpenRecordset(walkStatement(move, currentID));
+    std::string cardID = reached.TextOrEmpty("sCardID");
+    methodID = reached.TextOrEmpty("sDeprMethodID");
+    if (move == CardMove::Previous || move == CardMove::Next) {
+      reached.MoveNext();
+      if (!reached.Eof()) {
+        cardID = reached.TextOrEmpty("sCardID");
+        methodID = reached.TextOrEmpty("sDeprMethodID");
+      }
+    }
+    return cardID;
+  });
+}
+
+std::string ClsBLLFACards::GetCardID(std::string_view cardNum) {
+  return firstText(
+      "GetCardID",
+      sql("Select * From FA_Cards Where sCardNum='", cardNum, "' order by scardnum,clng(sCardID) desc"),
+      "sCardID");
+}
+
+bool ClsBLLFACards::DeleteCard(std::string_view cardNum) {
+  return attempt("DeleteCard", false, [&] {
+    zkData().Execute(sql("Delete From FA_DeprTransactions Where sCardNum='", cardNum, "'"));
+    zkData().Execute(sql("Delete From FA_Cards Where sCardNum='", cardNum, "'"));
+    zkData().Execute(sql("Delete From fa_ZWVouchers Where cDefine9='", cardNum, "'"));
+    CloseZkData();
+    return true;
+  });
+}
+
+Recordset ClsBLLFACards::GetCard(std::string_view cardID) {
+  return query("GetCard", sql("Select a.*,b.sName From FA_Cards as a,FA_AssetTypes as b Where a.sCardID='",
+                              cardID, "' and a.sTypeNum=b.sNum"));
+}
+
+}  // namespace zelkor

@@ -1,0 +1,84 @@
+#include "cards/VoucherStaging.h"
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+
+namespace {
+
+/// What the rows of one event share.
+struct StagedEvent {
+  std::string digest;
+  std::string coutid;
+  std::int32_t firstLine = 1;
+};
+
+/// One row: its line within the event, the amounts as text, its order within the voucher.
+struct StagedRow {
+  std::int32_t inid;
+  std::string_view debit;
+  std::string_view credit;
+  int order;
+};
+
+std::string digestOf(Database& database, const StagedAsset& asset) {
+  const Recordset origin =
+      database.OpenRecordset(sql("select * from fa_Origins where sID='", asset.originID, "'"));
+  return origin.Eof() ? std::string() : origin.TextOrEmpty("sName");
+}
+
+std::int32_t firstLineOf(Database& database, const StagedAsset& asset) {
+  const Recordset highest = database.OpenRecordset(sql(
+      "select Max(inid) as inidmax from fa_ZWVouchers where coutsysname='FA' and ioutperiod=", asset.month,
+      " and coutsign='卡片' and coutno_id='02'"));
+  return CLng(highest.Fields("inidmax").numberOrZero() + 1);
+}
+
+std::string nextVoucherKey(Database& database) {
+  const Recordset highest = database.OpenRecordset("select Max(val(coutid)) as imax from fa_ZWVouchers");
+  return Format(highest.Fields("imax").numberOrZero() + 1, "00000000000000000000");
+}
+
+void insertRow(Database& database, const RunContext& context, const StagedAsset& asset,
+               const StagedEvent& event, const StagedRow& row) {
+  const std::string day = dayText(context.gdOpDate);
+  database.Execute(
+      sql("insert into fa_ZWVouchers (coutaccset,ioutyear,coutsysname,coutsysver,doutbilldate,"
+          "ioutperiod,coutsign,coutno_id,inid,doutdate,coutbillsign,coutid,idoc,cbill,"
+          "cdigest,md,mc,cdept_id,ccodecontrol,"
+          "bvouchedit,bvouchAddordele,bvouchmoneyhold,"
+          "bvalueedit,bcodeedit,"
+          "bPCSedit,bDeptedit,bItemedit,bCusSupInput,cDefine5,cDefine9,cDefine10) values ('",
+          context.gstrAccountId, "',", context.gdOpDate.year(), ",'FA','8.10',#", day, "#,",
+          context.gdOpDate.month(), ",'卡片','", asset.cardNum, "',", row.inid, ",#", day, "#,'新增资产','",
+          event.coutid, "',0,'", context.gstrUser, "','", event.digest, "',", row.debit, ",", row.credit,
+          ",'", asset.department, "','FA,#',true,true,true,true,true,true,true,true,true,", row.order, ",'",
+          asset.cardNum, "','新增资产')"));
+}
+
+}  // namespace
+
+void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
+  StagedEvent event;
+  event.digest = digestOf(database, asset);
+  event.firstLine = firstLineOf(database, asset);
+  event.coutid = nextVoucherKey(database);
+  insertRow(database, context, asset, event, {event.firstLine, asset.originalValue, "0", 1});
+  insertRow(database, context, asset, event, {event.firstLine + 1, "0", asset.originalValue, 2});
+}
+
+void restageChangedAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
+  const std::string condition =
+      sql(" from fa_ZWVouchers where coutsysname='FA' and ioutperiod=", asset.month,
+          " and coutsign='卡片' and coutno_id='02' and cDefine9='", asset.cardNum, "'");
+  if (database.OpenRecordset(sql("select *", condition)).Eof()) return;
+  database.Execute(sql("delete", condition));
+  stageNewAsset(database, context, asset);
+}
+
+}  // namespace zelkor

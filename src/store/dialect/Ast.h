@@ -1,13 +1,13 @@
 #pragma once
 
-#include "store/dialect/Box.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "store/dialect/Box.h"
 
 // The syntax tree of one statement of the dialect: value types, no behaviour.
 namespace zelkor::dialect {
@@ -27,7 +27,7 @@ struct BooleanConst {
 };
 struct NullConst {};
 
-/// A number that belongs to the shape and not to the literals (an ordinal in ORDER BY).
+/// A number that belongs to the shape and not to the literals: an ordinal in ORDER BY or GROUP BY.
 struct OrdinalConst {
   int value = 0;
 };
@@ -49,9 +49,25 @@ struct Unary {
 };
 
 enum class BinaryOp : std::uint8_t {
-  Add, Subtract, Multiply, Divide, IntegerDivide, Modulo, Power, Concatenate,
-  Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual,
-  And, Or, Xor, Eqv, Imp
+  Add,
+  Subtract,
+  Multiply,
+  Divide,
+  IntegerDivide,
+  Modulo,
+  Power,
+  Concatenate,
+  Equal,
+  NotEqual,
+  Less,
+  LessEqual,
+  Greater,
+  GreaterEqual,
+  And,
+  Or,
+  Xor,
+  Eqv,
+  Imp
 };
 struct Binary {
   BinaryOp op{};
@@ -104,8 +120,8 @@ struct FunctionCall {
 };
 
 struct Expr {
-  std::variant<NullConst, BooleanConst, LiteralRef, OrdinalConst, ColumnRef, Star, Unary, Binary, Like, Between,
-               IsNull, InList, InSelect, Exists, ScalarSelect, Quantified, FunctionCall>
+  std::variant<NullConst, BooleanConst, LiteralRef, OrdinalConst, ColumnRef, Star, Unary, Binary, Like,
+               Between, IsNull, InList, InSelect, Exists, ScalarSelect, Quantified, FunctionCall>
       node;
   bool parenthesized = false;
 };
@@ -194,7 +210,9 @@ struct CreateIndex {
   std::string name;
   std::string table;
   std::vector<OrderKey> columns;
-  bool unique = false;
+  bool unique = false;        // also for WITH PRIMARY
+  bool disallowNull = false;  // WITH DISALLOW NULL or WITH PRIMARY
+  bool ignoreNull = false;    // WITH IGNORE NULL: rows whose keys are Null stay out of the index
 };
 struct DropTable {
   std::string table;
@@ -208,7 +226,7 @@ struct AlterTable {
   std::variant<ColumnDefinition, std::string> change;  // column to add, or name of the column to drop
 };
 
-using Statement = std::variant<Select, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex,
-                               AlterTable>;
+using Statement =
+    std::variant<Select, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex, AlterTable>;
 
 }  // namespace zelkor::dialect

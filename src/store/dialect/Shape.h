@@ -10,9 +10,12 @@ namespace zelkor::dialect {
 enum class LiteralKind : unsigned char { Text, Number, Date };
 
 /// A constant lifted out of a statement. `text` points into the statement (between the quotes, hashes, or the
-/// number's own characters); a text literal with doubled quotes keeps its resolved content in `unescaped`.
+/// number's own characters); a text literal with doubled quotes keeps its resolved content in `unescaped`, a
+/// hexadecimal number its decimal digits. The sign of a number is an operator and not part of it.
 struct Literal {
   LiteralKind kind{};
+  /// A text directly behind LIKE that is a plain prefix followed by one "*": part of the shape.
+  bool prefixPattern = false;
   std::string_view text;
   std::string unescaped;
 
@@ -23,7 +26,8 @@ struct Literal {
 /// statement; they differ only in `literals`.
 ///
 /// The key keeps what translation depends on: the kind of each literal, whether a text literal behind LIKE is
-/// a plain prefix followed by one "*" (such a pattern can use an index), the number behind TOP and ordinals.
+/// a plain prefix followed by one "*" (such a pattern can use an index), the number behind TOP, ordinals, and
+/// the numbers of CREATE and ALTER. It keeps the spelling of names, since result columns bear it.
 struct Shape {
   std::string key;
   std::vector<Literal> literals;

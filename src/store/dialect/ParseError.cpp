@@ -1,0 +1,52 @@
+#include "store/dialect/ParseError.h"
+
+#include <string>
+
+#include "base/RuntimeError.h"
+#include "store/dialect/Token.h"
+
+namespace zelkor::dialect {
+namespace {
+
+constexpr std::size_t kLongestPiece = 200;
+
+bool isInsert(std::string_view statement) {
+  constexpr std::size_t kWordLength = 6;
+  const auto start = statement.find_first_not_of(" \t\r\n");
+  return start != std::string_view::npos &&
+         keywordOf(statement.substr(start, kWordLength)) == Keyword::Insert;
+}
+
+std::string_view complaint(SyntaxFault fault) {
+  switch (fault) {
+    case SyntaxFault::MissingOperator:
+      return "语法错误 (操作符丢失)";
+    case SyntaxFault::Text:
+      return "字符串的语法错误";
+    case SyntaxFault::Date:
+      return "日期的语法错误";
+    case SyntaxFault::BehindEnd:
+      return "SQL 语句结尾之后有多余的字符";
+    case SyntaxFault::Syntax:
+      break;
+  }
+  return "语法错误";
+}
+
+}  // namespace
+
+std::string_view clipped(std::string_view text, std::size_t bytes) {
+  if (text.size() <= bytes) return text;
+  while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) --bytes;
+  return text.substr(0, bytes);
+}
+
+void raiseSyntaxError(std::string_view statement, SyntaxFault fault, std::string_view piece) {
+  const std::string place = " 在查询表达式 '" + std::string(clipped(piece, kLongestPiece)) + "' 中。";
+  if (isInsert(statement)) {
+    throw RuntimeError(ErrorNumber::SyntaxInInsert, "INSERT INTO 语句的语法错误。" + place);
+  }
+  throw RuntimeError(ErrorNumber::SyntaxInQuery, std::string(complaint(fault)) + place);
+}
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "LargeAccountSet.h"
+
+namespace zelkor::bench {
+
+/// The monthly run against its floor; prints one line and gives the run's microseconds per card.
+double benchMonthlyRun(const LargeAccountSet& set);
+
+/// Stand-alone statements of known shapes, through the store and as bare prepared statements.
+void benchStatements(const LargeAccountSet& set);
+
+/// Saving a further card into the set; prints one line and gives the microseconds per card.
+double benchSaveCard(const LargeAccountSet& set);
+
+}  // namespace zelkor::bench

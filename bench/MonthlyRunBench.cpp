@@ -1,0 +1,42 @@
+#include <cstdio>
+
+#include "Benchmarks.h"
+#include "depreciation/RunMonthDepr.h"
+#include "MonthlyRunFloor.h"
+#include "Stopwatch.h"
+
+namespace zelkor::bench {
+namespace {
+
+double runSeconds(const LargeAccountSet& original) {
+  const LargeAccountSet set(original);
+  Session session(set);
+  return secondsOf([&] {
+    RunMonthDepr(session.run(), {[] {}, [] {}});
+    session.run().engine.flush();
+  });
+}
+
+double floorSeconds(const LargeAccountSet& original) {
+  const LargeAccountSet set(original);
+  return secondsOf([&] { monthlyRunFloor(set.dataFile()); });
+}
+
+}  // namespace
+
+double benchMonthlyRun(const LargeAccountSet& set) {
+  std::vector<double> runs;
+  std::vector<double> floors;
+  for (int round = 0; round < 3; ++round) {
+    floors.push_back(floorSeconds(set));
+    runs.push_back(runSeconds(set));
+  }
+  const double perCard = 1e6 / static_cast<double>(set.cards());
+  const double run = median(runs) * perCard;
+  const double floor = median(floors) * perCard;
+  std::printf("monthly run       %7ld cards  %8.2f us/card  floor %8.2f us/card  ratio %5.2f\n", set.cards(),
+              run, floor, run / floor);
+  return run;
+}
+
+}  // namespace zelkor::bench

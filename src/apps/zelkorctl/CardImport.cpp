@@ -1,0 +1,107 @@
+#include "apps/zelkorctl/CardImport.h"
+
+#include <ostream>
+
+#include "apps/zelkorctl/CardRow.h"
+#include "apps/zelkorctl/Csv.h"
+#include "base/RuntimeError.h"
+#include "cards/ClsBLLFACards.h"
+
+namespace zelkor {
+namespace {
+
+/// Saves the rows of one register; knows what they are checked against.
+class CardImport {
+ public:
+  CardImport(RunContext& context, RegisterColumns columns, NewCardType newType)
+      : context_(context),
+        columns_(std::move(columns)),
+        newType_(newType),
+        archives_(CardArchives::read(context.dbZKData)),
+        defaults_{context.gstrUser, context.gdOpDate},
+        cards_(context) {
+    cards_.setZkDataPath(context.gstrZtFile);
+  }
+
+  /// Everything that kept the row from being saved.
+  std::vector<CellProblem> save(const CsvRow& row);
+
+ private:
+  std::vector<CellProblem> number(CardValues& card);
+
+  RunContext& context_;
+  RegisterColumns columns_;
+  NewCardType newType_;
+  CardArchives archives_;
+  CardDefaults defaults_;
+  ClsBLLFACards cards_;
+};
+
+/// Gives the card the numbers that its row leaves blank. A number that is taken would make the row another
+/// version of that card.
+std::vector<CellProblem> CardImport::number(CardValues& card) {
+  std::string& cardNumber = card[CardField::CardNumber];
+  std::int32_t length = 0;
+  if (cardNumber.empty()) cardNumber = cards_.GetNewCardNum(length);
+  const auto taken = context_.dbZKData.OpenRecordset("Select Top 1 sCardNum From FA_Cards Where sCardNum='" +
+                                                     cardNumber + "'");
+  if (!taken.Eof())
+    return {{std::string(cardFieldLabel(CardField::CardNumber)), "“" + cardNumber + "”已存在"}};
+
+  std::string& assetNumber = card[CardField::AssetNumber];
+  if (assetNumber.empty()) assetNumber = cards_.GetNewAssetNum(card[CardField::CategoryCode]);
+  if (!assetNumber.empty()) return {};
+  return {{std::string(cardFieldLabel(CardField::AssetNumber)), "不能为空：本账套的固定资产编号由手工输入"}};
+}
+
+std::vector<CellProblem> CardImport::save(const CsvRow& row) {
+  if (row.unclosedQuote) return {{columns_.caption(0), "引号未闭合"}};
+  CardValues card;
+  auto problems = readCardRow(columns_, row.fields, archives_, defaults_, card);
+  if (problems.empty()) problems = number(card);
+  if (!problems.empty()) return problems;
+  const CardLayout layout = isWorkloadCard(card) ? CardLayout::Workload : CardLayout::Ordinary;
+  if (cards_.SaveNewCard(card, context_.period(), newType_, layout)) return {};
+  return {{columns_.caption(0), "数据库拒绝保存此卡片"}};
+}
+
+void print(std::ostream& out, long line, const std::vector<CellProblem>& problems) {
+  out << "第" << line << "行";
+  const char* separator = "，";
+  for (const CellProblem& problem : problems) {
+    out << separator << "列“" << problem.column << "”：" << problem.reason;
+    separator = "；";
+  }
+  out << '\n';
+}
+
+RegisterColumns columnsOf(CsvReader& reader, std::ostream& problems) {
+  const auto header = reader.next();
+  if (!header) throw RuntimeError(ErrorNumber::DataTypeConversion, "文件是空的：没有表头");
+  RegisterColumns columns(header->fields);
+  for (const std::string& caption : columns.unknown()) {
+    problems << "第" << header->line << "行，列“" << caption << "”：不是卡片的项目，已忽略此列\n";
+  }
+  return columns;
+}
+
+}  // namespace
+
+ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems) {
+  if (const auto line = firstLineThatIsNotUtf8(csv)) {
+    throw RuntimeError(ErrorNumber::DataTypeConversion,
+                       "文件不是 UTF-8 编码（第" + std::to_string(*line) + "行）");
+  }
+  CsvReader reader(csv);
+  RegisterColumns columns = columnsOf(reader, problems);
+  CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
+  ImportResult result;
+  while (const auto row = reader.next()) {
+    const auto found = import.save(*row);
+    if (!found.empty()) print(problems, row->line, found);
+    ++(found.empty() ? result.stored : result.refused);
+  }
+  return result;
+}
+
+}  // namespace zelkor

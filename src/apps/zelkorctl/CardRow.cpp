@@ -1,0 +1,249 @@
+#include "apps/zelkorctl/CardRow.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "base/RuntimeError.h"
+#include "startup/Strings.h"
+#include "store/Catalogue.h"
+
+namespace zelkor {
+namespace {
+
+constexpr std::array kNeeded = {
+    CardField::AssetName,     CardField::CategoryCode, CardField::Department,         CardField::AdditionWay,
+    CardField::UsageStatus,   CardField::UsefulLife,   CardField::DepreciationMethod, CardField::StartDate,
+    CardField::OriginalValue, CardField::ResidualRate};
+
+constexpr std::string_view kWorkloadMethod = "工作量法";
+
+std::set<std::string> codes(Database& data, std::string_view statement) {
+  std::set<std::string> found;
+  for (Recordset rows = data.OpenRecordset(statement); !rows.Eof(); rows.MoveNext()) {
+    found.insert(rows.Fields(std::size_t{0}).textOrEmpty());
+  }
+  return found;
+}
+
+/// Collects what is wrong with the cells of one row.
+class RowCheck {
+ public:
+  RowCheck(CardValues& card, std::vector<CellProblem>& problems) : card_(card), problems_(problems) {}
+
+  void refuse(CardField field, std::string reason) {
+    problems_.push_back({std::string(cardFieldLabel(field)), std::move(reason)});
+  }
+  void needed(CardField field) {
+    if (card_[field].empty()) refuse(field, "不能为空");
+  }
+  void known(CardField field, const std::set<std::string>& codes, const char* archive) {
+    const std::string& code = card_[field];
+    if (!code.empty() && !codes.contains(code)) refuse(field, std::string(archive) + "中没有“" + code + "”");
+  }
+  void fits(CardField field, std::string_view column);
+  std::optional<double> number(CardField field, const char* blank);
+  std::optional<double> whole(CardField field, const char* blank);
+  void date(CardField field, std::optional<DateTime> blank);
+
+ private:
+  CardValues& card_;
+  std::vector<CellProblem>& problems_;
+};
+
+void RowCheck::fits(CardField field, std::string_view column) {
+  const auto* info = catalogueTable("fa_Cards")->info.find(column);
+  const std::string& text = card_[field];
+  const auto length = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
+  if (info && info->size > 0 && length > info->size) {
+    refuse(field, "超过" + std::to_string(info->size) + "个字符");
+  }
+}
+
+std::optional<double> RowCheck::number(CardField field, const char* blank) {
+  std::string& text = card_[field];
+  if (text.empty()) text = blank;
+  const auto value = parseNumber(text);
+  if (!value || !std::isfinite(*value)) {
+    refuse(field, "“" + text + "”不是数字");
+    return std::nullopt;
+  }
+  constexpr double kLargest = 922337203685477.0;  // what a currency value can hold
+  if (std::abs(*value) > kLargest) {
+    refuse(field, "“" + text + "”超出范围");
+    return std::nullopt;
+  }
+  text = textOfDouble(*value);
+  return value;
+}
+
+std::optional<double> RowCheck::whole(CardField field, const char* blank) {
+  const auto value = number(field, blank);
+  if (!value) return std::nullopt;
+  if (*value < 0) {
+    refuse(field, "不能为负数");
+  } else if (*value != std::floor(*value)) {
+    refuse(field, "应为整数");
+  } else if (*value > std::numeric_limits<std::int32_t>::max()) {
+    refuse(field, "超出范围");
+  } else {
+    return value;
+  }
+  return std::nullopt;
+}
+
+void RowCheck::date(CardField field, std::optional<DateTime> blank) {
+  std::string& text = card_[field];
+  const auto value = text.empty() ? blank : parseDate(text);
+  if (value) {
+    text = Format(*value, "yyyy-mm-dd");
+  } else if (!text.empty()) {
+    refuse(field, "“" + text + "”不是日期");
+  }
+}
+
+void refuseQuotes(const RegisterColumns& columns, const std::vector<std::string>& cells,
+                  std::vector<CellProblem>& problems) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i].find('\'') != std::string::npos) {
+      problems.push_back({columns.caption(i), "值中有单引号（'），会打断保存卡片的语句"});
+    }
+  }
+}
+
+void checkArchives(RowCheck& check, CardValues& card, const CardArchives& archives) {
+  check.known(CardField::CategoryCode, archives.categories, "固定资产类别");
+  check.known(CardField::AdditionWay, archives.additionWays, "增加方式");
+  check.known(CardField::UsageStatus, archives.statuses, "使用状况");
+  check.known(CardField::DepreciationMethod, archives.methodNames, "折旧方法");
+  const std::string& department = card[CardField::Department];
+  const std::string code(trimBlanks(std::string_view(department).substr(0, department.find(','))));
+  if (!department.empty() && !archives.departments.contains(code)) {
+    check.refuse(CardField::Department, "部门中没有“" + code + "”");
+  }
+}
+
+void checkFigures(RowCheck& check, CardValues& card) {
+  const bool rateGiven = !card[CardField::ResidualRate].empty();
+  const auto value = check.number(CardField::OriginalValue, "0");
+  const auto rate = check.number(CardField::ResidualRate, "0");
+  if (rateGiven && rate && (*rate < 0 || *rate > 1)) {
+    check.refuse(CardField::ResidualRate, "应为 0 到 1 之间的小数，如 0.05");
+  }
+  if (card[CardField::ResidualValue].empty() && value && rate) {
+    card[CardField::ResidualValue] = Format(*rate * *value, "0.00");
+  }
+  check.number(CardField::ResidualValue, "0");
+  const auto depreciated = check.number(CardField::AccumulatedDepreciation, "0");
+  if (value && depreciated) card[CardField::NetValue] = Format(*value - *depreciated, "0.00");
+}
+
+/// Workload cards carry what one unit of work costs; it follows from the figures where it is not given.
+void checkWorkload(RowCheck& check, CardValues& card) {
+  const auto total = check.number(CardField::TotalWorkload, "0");
+  check.number(CardField::DeductibleTax, "0");
+  if (card[CardField::MonthlyRate].empty() && total && *total > 0) {
+    const double toDepreciate = Val(card[CardField::NetValue]) - Val(card[CardField::ResidualValue]);
+    card[CardField::MonthlyRate] = textOfDouble(toDepreciate / *total);
+  }
+  check.number(CardField::MonthlyRate, "0");
+}
+
+void checkDates(RowCheck& check, CardValues& card, DateTime operatingDate) {
+  check.date(CardField::StartDate, std::nullopt);
+  check.date(CardField::CardDate, operatingDate);
+  check.date(CardField::EntryDate, operatingDate);
+  const auto start = parseDate(card[CardField::StartDate]);
+  if (card[CardField::MonthsDepreciated].empty() && start) {
+    const auto months = std::max<std::int64_t>(0, DateDiff("m", *start, operatingDate));
+    card[CardField::MonthsDepreciated] = std::to_string(months);
+  }
+  check.whole(CardField::MonthsDepreciated, "0");
+}
+
+void checkLengths(RowCheck& check) {
+  check.fits(CardField::CardNumber, "sCardNum");
+  check.fits(CardField::AssetNumber, "sAssetNum");
+  check.fits(CardField::AssetName, "sAssetName");
+  check.fits(CardField::Location, "sSite");
+  check.fits(CardField::CurrencyName, "sCurrency");
+  check.fits(CardField::EnteredBy, "sOperator");
+  check.fits(CardField::WorkloadUnit, "sWorkUnit");
+}
+
+std::string trimmed(const std::string& cell) {
+  return std::string(trimBlanks(cell));
+}
+
+}  // namespace
+
+CardArchives CardArchives::read(Database& data) {
+  return {.categories = codes(data, "select sNum from fa_AssetTypes where sNum<>'&'"),
+          .departments = codes(data, "select sNum from fa_Departments where sNum<>'&'"),
+          .additionWays = codes(data, "select sID from fa_Origins where iType=1"),
+          .statuses = codes(data, "select sID from fa_Status where sID<>'0'"),
+          .methodNames = codes(data, "select sName from fa_Depreciations")};
+}
+
+RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
+  for (const std::string& cell : header) {
+    captions_.push_back(trimmed(cell));
+    if (!cardFieldOfLabel(captions_.back())) unknown_.push_back(captions_.back());
+    if (std::ranges::count(captions_, captions_.back()) > 1) {
+      throw RuntimeError(ErrorNumber::DataTypeConversion, "表头中列“" + captions_.back() + "”出现了不止一次");
+    }
+  }
+  std::string missing;
+  for (const CardField field : kNeeded) {
+    const std::string_view label = cardFieldLabel(field);
+    if (std::ranges::find(captions_, label) != captions_.end()) continue;
+    missing += missing.empty() ? "“" : "、“";
+    missing.append(label).append("”");
+  }
+  if (!missing.empty()) throw RuntimeError(ErrorNumber::DataTypeConversion, "表头中缺少列" + missing);
+}
+
+CardValues RegisterColumns::values(const std::vector<std::string>& cells) const {
+  CardValues card;
+  for (std::size_t i = 0; i < std::min(cells.size(), captions_.size()); ++i) {
+    if (const auto field = cardFieldOfLabel(captions_[i])) card[*field] = trimmed(cells[i]);
+  }
+  return card;
+}
+
+std::vector<CellProblem> readCardRow(const RegisterColumns& columns, const std::vector<std::string>& cells,
+                                     const CardArchives& archives, const CardDefaults& defaults,
+                                     CardValues& card) {
+  const std::string widths =
+      "有" + std::to_string(cells.size()) + "列，表头有" + std::to_string(columns.count()) + "列";
+  if (cells.size() < columns.count()) return {{columns.caption(cells.size()), "缺少：本行只" + widths}};
+  if (cells.size() > columns.count())
+    return {{columns.caption(columns.count() - 1), "其后多出列：本行" + widths}};
+
+  std::vector<CellProblem> problems;
+  refuseQuotes(columns, cells, problems);
+  if (!problems.empty()) return problems;
+
+  card = columns.values(cells);
+  RowCheck check(card, problems);
+  for (const CardField field : kNeeded) check.needed(field);
+  checkArchives(check, card, archives);
+  check.whole(CardField::UsefulLife, "0");
+  checkFigures(check, card);
+  checkDates(check, card, defaults.operatingDate);
+  if (isWorkloadCard(card)) checkWorkload(check, card);
+  checkLengths(check);
+  if (card[CardField::CurrencyName].empty()) card[CardField::CurrencyName] = "人民币";
+  if (card[CardField::EnteredBy].empty()) card[CardField::EnteredBy] = defaults.operatorName;
+  return problems;
+}
+
+bool isWorkloadCard(const CardValues& card) {
+  return card[CardField::DepreciationMethod] == kWorkloadMethod;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,66 @@
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <sstream>
+
+#include "apps/BatchJobs.h"
+#include "apps/zelkorctl/CardImport.h"
+#include "apps/zelkorctl/Commands.h"
+#include "base/RuntimeError.h"
+#include "startup/Main.h"
+#include "startup/ProgramEnd.h"
+#include "startup/SingleInstance.h"
+
+namespace zelkor {
+namespace {
+
+std::unique_ptr<Clock> clockOf(std::optional<DateTime> today) {
+  if (today) return std::make_unique<FixedClock>(*today);
+  return std::make_unique<SystemClock>();
+}
+
+std::string contentOf(const std::string& path) {
+  std::error_code ignored;
+  const bool directory = std::filesystem::is_directory(path, ignored);
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  if (!directory && file && (content << file.rdbuf() || file.eof())) return content.str();
+  throw RuntimeError(ErrorNumber::FileNotFound,
+                     "不能读文件“" + path + "”：" + (directory ? "是一个目录" : std::strerror(errno)));
+}
+
+}  // namespace
+
+int importCommand(const ImportOptions& options, std::ostream& output, std::ostream& problems) {
+  const std::string csv = contentOf(options.file);
+  const auto clock = clockOf(options.today);
+  DbEngine engine;
+  TerminalDialogs dialogs(output, std::cin, {});
+  RunContext context(engine, dialogs, *clock);
+  prepareRun(context, options.arguments);
+  const ImportResult result = importCards(context, csv, options.newType, problems);
+  engine.flush();
+  problems.flush();
+  output << "共 " << result.stored + result.refused << " 行：已保存 " << result.stored << " 行，拒绝 "
+         << result.refused << " 行\n";
+  return result.refused == 0 ? 0 : 1;
+}
+
+int runCommand(const RunOptions& options, std::ostream& output, std::istream& input) {
+  const auto clock = clockOf(options.today);
+  DbEngine engine;
+  TerminalDialogs dialogs(output, input, options.answers);
+  RunContext context(engine, dialogs, *clock);
+  context.programFolder = programFolder();
+  writeOutBeforeShowing(context);
+  RunTypeJobs jobs;
+  addBatchJobs(jobs);
+  SingleInstance instance;
+  const auto status = runToEnd(
+      context, [&] { Main(context, options.arguments, jobs, [&instance] { return instance.acquire(); }); });
+  return status.value_or(0);
+}
+
+}  // namespace zelkor

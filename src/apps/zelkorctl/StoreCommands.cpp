@@ -1,0 +1,60 @@
+#include <ostream>
+
+#include "apps/zelkorctl/Commands.h"
+#include "apps/zelkorctl/Rows.h"
+#include "base/RuntimeError.h"
+#include "store/Catalogue.h"
+#include "store/DbEngine.h"
+#include "store/dialect/Translation.h"
+
+namespace zelkor {
+namespace {
+
+/// Nothing when the statement is a query and not an action.
+std::optional<long> rowsTouched(Database& database, const std::string& statement) {
+  try {
+    database.Execute(statement);
+  } catch (const RuntimeError& error) {
+    if (error.is(ErrorNumber::CannotExecuteSelect)) return std::nullopt;
+    throw;
+  }
+  return database.RecordsAffected();
+}
+
+}  // namespace
+
+int createCommand(const std::filesystem::path& directory, const AccountSetOptions& options,
+                  std::ostream& output) {
+  createAccountSet(directory, options);
+  output << "已建立账套 " << options.account << "：" << (directory / "ZkData.Mdb").string() << "、"
+         << (directory / "ZkSystem.Mdb").string() << '\n';
+  return 0;
+}
+
+int sqlCommand(const std::string& file, const std::string& statement, bool json, std::ostream& output) {
+  DbEngine engine;
+  Database database = engine.OpenDatabase(file);
+  if (const auto touched = rowsTouched(database, statement)) {
+    engine.flush();
+    output << *touched << '\n';
+    return 0;
+  }
+  Recordset rows = database.OpenRecordset(statement);
+  if (json) {
+    printJson(std::move(rows), output);
+  } else {
+    printTabbed(std::move(rows), output);
+  }
+  return 0;
+}
+
+int translateCommand(const std::string& statement, const std::string& engine, std::ostream& output) {
+  const auto kind = engine == "postgresql" ? dialect::EngineKind::PostgreSql : dialect::EngineKind::Sqlite;
+  dialect::Shape shape;
+  dialect::shapeOf(statement, shape);
+  const auto translation = dialect::translate(statement, shape, catalogueSchema(), kind);
+  output << dialect::printable(translation, shape, kind) << '\n';
+  return 0;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,188 @@
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <exception>
+#include <functional>
+#include <iostream>
+#include <string>
+
+#include "apps/zelkorctl/Commands.h"
+#include "base/RuntimeError.h"
+
+namespace zelkor {
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+/// The options of the command line and the call that they ask for.
+class CommandLine {
+ public:
+  CommandLine();
+  CLI::App& app() { return app_; }
+  int call() const { return call_(); }
+
+ private:
+  void addCreate();
+  void addSql();
+  void addTranslate();
+  void addImport();
+  void addRun();
+  CLI::App* addJob(CLI::App& parent, const char* name, const char* description);
+
+  CLI::App app_{"Zelkor 账套管理工具 / administrator's tool of the fixed-assets module", "zelkorctl"};
+  std::function<int()> call_;
+  std::string directory_, file_, statement_, arguments_, answers_, today_;
+  std::string engine_ = "sqlite";
+  AccountSetOptions accountSet_;
+  int newType_ = 1;
+  bool json_ = false;
+  bool yes_ = false;
+};
+
+std::string checkedDate(const std::string& text) {
+  return parseIsoDate(text) ? std::string() : "“" + text + "”不是 yyyy-mm-dd 形式的日期";
+}
+
+std::string checkedAnswers(const std::string& text) {
+  const bool wellFormed = [&] {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const bool letter = text[i] == 'y' || text[i] == 'n' || text[i] == 'c';
+      if (i % 2 == 0 ? !letter : text[i] != ',') return false;
+    }
+    return text.size() % 2 == 1;
+  }();
+  return wellFormed ? std::string() : "“" + text + "”不是用逗号隔开的 y、n、c";
+}
+
+AnswerPlan answerPlan(const std::string& answers, bool yes) {
+  AnswerPlan plan;
+  for (const char c : answers) {
+    if (c != ',') plan.answers.push_back(c);
+  }
+  plan.yesToAll = yes;
+  return plan;
+}
+
+std::optional<DateTime> dayOf(const std::string& today) {
+  return today.empty() ? std::nullopt : parseIsoDate(today);
+}
+
+CommandLine::CommandLine() {
+  app_.require_subcommand(1);
+  addCreate();
+  addSql();
+  addTranslate();
+  addImport();
+  addRun();
+}
+
+void CommandLine::addCreate() {
+  CLI::App* command = app_.add_subcommand("create", "建立新账套 / create an account set");
+  command->add_option("DIR", directory_, "目录：写入 ZkData.Mdb 和 ZkSystem.Mdb")->required();
+  command->add_option("--account", accountSet_.account, "账套号")->capture_default_str();
+  command->add_option("--year", accountSet_.year, "启用年")
+      ->capture_default_str()
+      ->check(CLI::Range(1900, 9998));
+  command->add_option("--month", accountSet_.month, "启用月")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 12));
+  command->add_flag("--sample", accountSet_.sample, "加入示例档案并标为已初始化");
+  command->callback([this] { call_ = [this] { return createCommand(directory_, accountSet_, std::cout); }; });
+}
+
+void CommandLine::addSql() {
+  CLI::App* command = app_.add_subcommand("sql", "执行一条语句 / run one statement");
+  command->add_option("FILE", file_, "数据文件")->required();
+  command->add_option("STATEMENT", statement_, "语句")->required();
+  command->add_flag("--json", json_, "以 JSON 输出");
+  command->callback([this] { call_ = [this] { return sqlCommand(file_, statement_, json_, std::cout); }; });
+}
+
+void CommandLine::addTranslate() {
+  CLI::App* command = app_.add_subcommand("translate", "显示语句的译文 / print a statement's translation");
+  command->add_option("STATEMENT", statement_, "语句")->required();
+  command->add_option("--engine", engine_, "引擎")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"sqlite", "postgresql"}));
+  command->callback([this] { call_ = [this] { return translateCommand(statement_, engine_, std::cout); }; });
+}
+
+CLI::App* CommandLine::addJob(CLI::App& parent, const char* name, const char* description) {
+  CLI::App* command = parent.add_subcommand(name, description);
+  command->add_option("ARGSTRING", arguments_, "参数串：数据文件,操作员,操作日期,运行类型,系统文件,账套号")
+      ->required();
+  command->add_option("--today", today_, "当作今天的日期 yyyy-mm-dd")->check(checkedDate);
+  return command;
+}
+
+void CommandLine::addImport() {
+  CLI::App* cards = app_.add_subcommand("cards", "固定资产卡片 / asset cards");
+  cards->require_subcommand(1);
+  CLI::App* command = addJob(*cards, "import", "导入卡片 / import a register");
+  command->add_option("FILE", file_, "UTF-8 编码的 CSV 文件")->required();
+  command->add_option("--new-type", newType_, "1 原始卡片，2 本月新增")
+      ->capture_default_str()
+      ->check(CLI::Range(1, 2));
+  command->callback([this] {
+    call_ = [this] {
+      return importCommand({arguments_, file_, newType_, dayOf(today_)}, std::cout, std::cerr);
+    };
+  });
+}
+
+void CommandLine::addRun() {
+  CLI::App* command = addJob(app_, "run", "在终端中执行批处理运行类型 / run a batch run type");
+  command->add_option("--answers", answers_, "依次的回答：y,n,c")->check(checkedAnswers);
+  command->add_flag("--yes", yes_, "其余问题一律回答“是”");
+  command->callback([this] {
+    call_ = [this] {
+      return runCommand({arguments_, answerPlan(answers_, yes_), dayOf(today_)}, std::cout, std::cin);
+    };
+  });
+}
+
+int parsed(CommandLine& line, int argc, char** argv) {
+  try {
+    line.app().parse(argc, argv);
+    return 0;
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) {
+      line.app().exit(error);
+      std::exit(0);
+    }
+    std::cerr << "用法错误 / wrong usage: " << error.what() << "\n用 zelkorctl --help 查看用法\n";
+    return kWrongUsage;
+  }
+}
+
+int failed(const std::string& text) {
+  std::cerr << "zelkorctl: " << text << std::endl;
+  return kFailed;
+}
+
+int runProgram(int argc, char** argv) {
+  CommandLine line;
+  if (const int status = parsed(line, argc, argv)) return status;
+  try {
+    std::cout.exceptions(std::ios::badbit);
+    const int status = line.call();
+    std::cout.flush();
+    return status;
+  } catch (const EndProgram& end) {
+    return end.status;
+  } catch (const RuntimeError& error) {
+    return failed("错误 " + std::to_string(error.number()) + "：" + error.what());
+  } catch (const std::ios_base::failure&) {
+    return failed("不能写出结果：输出已关闭");
+  } catch (const std::exception& error) {
+    return failed(std::string("内部错误：") + error.what());
+  }
+}
+
+}  // namespace
+}  // namespace zelkor
+
+int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);  // a closed output is reported as a failed write
+  return zelkor::runProgram(argc, argv);
+}

@@ -48,18 +48,23 @@ class DateTime {
   std::int64_t seconds_ = 0;
 };
 
-/// Reads a date, a time or both in any form that the platform's Chinese locale accepts (y-m-d, y/m/d, y.m.d,
-/// y年m月d日, and m/d/y or d/m/y where only one reading is possible; time h:m, h:m:s, AM/PM); nullopt otherwise.
+/// Reads a date, a time or both in any form that the platform's Chinese locale accepts: y-m-d, y/m/d, y.m.d,
+/// y年m月d日 ("日" or "号"), English month names (2-Jan-1970), a year and a month alone ("2004-4": its first
+/// day); time h:m, h:m:s, h时m分s秒, with AM/PM, 上午/下午. Three numbers that are no y-m-d are read as
+/// m-d-y, and as d-m-y when that is no date either; a year of two digits lies in 1930 to 2029. nullopt
+/// otherwise, also for a month and day without a year.
 std::optional<DateTime> parseDate(std::string_view text);
 
 /// Reads the store's own form ("2004-04-01 09:05:00" or "2004-04-01"), quickly; nullopt otherwise.
 std::optional<DateTime> parseIsoDate(std::string_view text);
 
 /// Number of interval boundaries from `from` to `to`: "yyyy", "q", "m", "d", "y", "w", "ww", "h", "n", "s"
-/// (weeks begin on Sunday). An unknown interval is error 5 in the platform; here TypeMismatch.
-std::int64_t DateDiff(std::string_view interval, DateTime from, DateTime to);
+/// (weeks begin on Sunday unless `firstDayOfWeek`, 1 = Sunday .. 7 = Saturday, tells otherwise; "w" counts
+/// whole weeks). An unknown interval is TypeMismatch.
+std::int64_t DateDiff(std::string_view interval, DateTime from, DateTime to, int firstDayOfWeek = 1);
 
-/// `from` moved by `count` intervals; a day that the target month lacks becomes its last day.
+/// `from` moved by `count` intervals; a day that the target month lacks becomes its last day. Error 5 when
+/// the result leaves the valid years.
 DateTime DateAdd(std::string_view interval, std::int64_t count, DateTime from);
 
 }  // namespace zelkor

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "base/TextGrid.h"
-
 #include <functional>
 #include <string>
+
+#include "base/TextGrid.h"
 
 namespace zelkor {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "base/Value.h"
-
 #include <string>
 #include <string_view>
+
+#include "base/Value.h"
 
 namespace zelkor {
 

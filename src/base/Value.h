@@ -1,13 +1,13 @@
 #pragma once
 
-#include "base/Currency.h"
-#include "base/DateTime.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
+
+#include "base/Currency.h"
+#include "base/DateTime.h"
 
 namespace zelkor {
 
@@ -54,7 +54,8 @@ class Value {
   bool operator==(const Value&) const = default;
 
  private:
-  std::variant<std::monostate, bool, std::int16_t, std::int32_t, double, Currency, DateTime, std::string> data_;
+  std::variant<std::monostate, bool, std::int16_t, std::int32_t, double, Currency, DateTime, std::string>
+      data_;
 };
 
 }  // namespace zelkor

@@ -69,10 +69,19 @@ bool isWidePunctuation(const char* p, const char* end) {
           (code >= 0xFF3B && code <= 0xFF40 && code != 0xFF3F) || (code >= 0xFF5B && code <= 0xFF65));
 }
 
+/// The lead bytes of wide characters need a closer look; other letters and digits stand in a table.
+constexpr std::array<bool, 256> plainWordTable() {
+  std::array<bool, 256> table{};
+  for (int c = 0; c < 256; ++c) {
+    table[c] = (kClasses[c] == Letter || kClasses[c] == Digit) && c != 0xE2 && c != 0xE3 && c != 0xEF;
+  }
+  return table;
+}
+constexpr std::array<bool, 256> kPlainWord = plainWordTable();
+
 bool continuesWord(const char* p, const char* end) {
-  const Class c = classOf(*p);
-  if (c == Digit) return true;
-  return c == Letter && (static_cast<unsigned char>(*p) < 0xE2 || !isWidePunctuation(p, end));
+  if (kPlainWord[static_cast<unsigned char>(*p)]) return true;
+  return classOf(*p) == Letter && !isWidePunctuation(p, end);
 }
 
 bool isPrefixPattern(std::string_view pattern) {

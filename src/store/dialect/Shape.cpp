@@ -55,33 +55,83 @@ char liftDate(const Lexeme& lexeme, Shape& shape) {
   return kDate;
 }
 
+/// Writes the key behind the lexer. What stands in the statement as it shall stand in the key is copied in
+/// runs.
+class KeyWriter {
+ public:
+  KeyWriter(std::string_view statement, std::string& key)
+      : key_(key), runBegin_(statement.data()), runEnd_(statement.data()) {
+    key_.resize(statement.size());  // the key is never longer
+    out_ = key_.data();
+  }
+
+  void keep(const Lexeme& lexeme) {
+    const char* begin = lexeme.source.data();
+    if (begin != runEnd_ && (runBegin_ == runEnd_ || begin - runEnd_ > 1 || *runEnd_ != ' ')) {
+      blank();
+      runBegin_ = begin;
+    }
+    runEnd_ = begin + lexeme.source.size();
+  }
+
+  void lift(const Lexeme& lexeme, char mark) {
+    if (lexeme.blankBefore) {
+      blank();
+    } else {
+      endRun();
+    }
+    *out_++ = mark;
+    runBegin_ = runEnd_ = lexeme.source.data() + lexeme.source.size();
+  }
+
+  void finish() {
+    endRun();
+    key_.resize(static_cast<std::size_t>(out_ - key_.data()));
+  }
+
+ private:
+  void endRun() {
+    const auto length = static_cast<std::size_t>(runEnd_ - runBegin_);
+    std::memcpy(out_, runBegin_, length);
+    out_ += length;
+  }
+
+  void blank() {
+    endRun();
+    if (out_ != key_.data()) *out_++ = ' ';
+  }
+
+  std::string& key_;
+  char* out_ = nullptr;
+  const char* runBegin_;
+  const char* runEnd_;
+};
+
 }  // namespace
 
 void shapeOf(std::string_view statement, Shape& shape) {
   shape.literals.clear();
-  shape.key.resize(statement.size());  // no lexeme is longer in the key than in the statement
-  char* out = shape.key.data();
+  KeyWriter key(statement, shape.key);
   Lexer lexer(statement);
   for (;;) {
     const Lexeme& lexeme = lexer.next();
-    if (lexeme.kind == LexemeKind::End) break;
-    if (lexeme.blankBefore && out != shape.key.data()) *out++ = ' ';
     switch (lexeme.kind) {
       case LexemeKind::Text:
-        *out++ = liftText(lexeme, shape);
+        key.lift(lexeme, liftText(lexeme, shape));
         break;
       case LexemeKind::Number:
-        *out++ = liftNumber(lexeme, shape);
+        key.lift(lexeme, liftNumber(lexeme, shape));
         break;
       case LexemeKind::Date:
-        *out++ = liftDate(lexeme, shape);
+        key.lift(lexeme, liftDate(lexeme, shape));
         break;
+      case LexemeKind::End:
+        key.finish();
+        return;
       default:
-        std::memcpy(out, lexeme.source.data(), lexeme.source.size());
-        out += lexeme.source.size();
+        key.keep(lexeme);
     }
   }
-  shape.key.resize(static_cast<std::size_t>(out - shape.key.data()));
 }
 
 }  // namespace zelkor::dialect

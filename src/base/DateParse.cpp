@@ -174,7 +174,7 @@ class DateReader {
       case Kind::Number:
         if (next == Kind::Colon) return readTime(Kind::Colon);
         if (next == Kind::HourMark) return readMarkedTime();
-        if ((next == Kind::Am || next == Kind::Pm) && !timeSeen_) return takeTime({token.value, 0, 0}, 1);
+        if ((next == Kind::Am || next == Kind::Pm) && isHourAlone()) return takeTime({token.value, 0, 0}, 1);
         return readDateNumber(next);
       case Kind::MonthName:
         ++at_;
@@ -190,6 +190,11 @@ class DateReader {
       default:
         return false;
     }
+  }
+
+  // In "1 pm" the number is an hour; in "2004-4-1 下午 3:00" it ends the date.
+  bool isHourAlone() const {
+    return !timeSeen_ && (at_ == 0 || tokens_[at_ - 1].kind != Kind::DateSeparator);
   }
 
   bool readDateNumber(Kind next) {

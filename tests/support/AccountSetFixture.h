@@ -1,0 +1,75 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "startup/RunContext.h"
+#include "store/AccountSet.h"
+#include "support/ScriptedDialogs.h"
+#include "support/Support.h"
+
+namespace zelkor::test {
+
+/// A directory with an account set that holds the sample archives, made once per test program.
+inline const std::filesystem::path& preparedAccountSet() {
+  static const TempDir directory;
+  static const bool made = [] {
+    createAccountSet(directory.path(), {.account = "001", .year = 2020, .month = 1, .sample = true});
+    return true;
+  }();
+  (void)made;
+  return directory.path();
+}
+
+/// Rows as texts, cells joined by "|", Null as "~".
+inline std::vector<std::string> rowsOf(Recordset recordset) {
+  std::vector<std::string> lines;
+  for (; !recordset.Eof(); recordset.MoveNext()) {
+    std::string line;
+    for (std::size_t i = 0; i < recordset.FieldCount(); ++i) {
+      const Value cell = recordset.Fields(i);
+      line += (i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
+    }
+    lines.push_back(std::move(line));
+  }
+  return lines;
+}
+
+/// A fresh account set with a run context on it: operator 陈会计, account 001, operating date 2020-05-15.
+class AccountSetTest : public testing::Test {
+ protected:
+  AccountSetTest() {
+    for (const char* file : {"ZkData.Mdb", "ZkSystem.Mdb"}) {
+      std::filesystem::copy_file(preparedAccountSet() / file, directory / file);
+    }
+    context.gstrZtFile = (directory / "ZkData.Mdb").string();
+    context.gstrZkSysFile = (directory / "ZkSystem.Mdb").string();
+    context.gstrAccountId = "001";
+    context.gstrUser = "陈会计";
+    context.gdOpDate = day("2020-5-15");
+    context.gstrDeprStates = {"", "正常计提", "总提折旧", "总不提折旧"};
+    context.dbZKData = engine.OpenDatabase(context.gstrZtFile);
+    context.dbZKSystem = engine.OpenDatabase(context.gstrZkSysFile);
+  }
+
+  Database& db() { return context.dbZKData; }
+  void execute(const std::string& statement) { db().Execute(statement); }
+  std::vector<std::string> rows(const std::string& query) { return rowsOf(db().OpenRecordset(query)); }
+  std::string row(const std::string& query) {
+    const auto all = rows(query);
+    return all.empty() ? "(none)" : all.front();
+  }
+  std::string missingFile() const { return (directory / "Missing.Mdb").string(); }
+
+  TempDir directory;
+  DbEngine engine;
+  ScriptedDialogs dialogs;
+  FixedClock clock{day("2020-6-1 8:30:00")};
+  RunContext context{engine, dialogs, clock};
+};
+
+}  // namespace zelkor::test

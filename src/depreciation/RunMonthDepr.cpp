@@ -36,6 +36,17 @@ void recordRun(RunContext& run) {
           m, ",1)"));
 }
 
+/// Gives the time at which the run had done its work. A killed process leaves all of this or nothing, so that
+/// the run can simply be repeated.
+DateTime recordAndStage(RunContext& run) {
+  const KeptTogether together = run.dbZKData.keepTogether();
+  recordRun(run);
+  stageDepr(run);
+  const DateTime end = run.clock.now();
+  run.dbZKData.Execute("update AccInformation set cvalue='false' where cSysID ='FA' And cName ='bNeedDepr'");
+  return end;
+}
+
 std::string timeText(DateTime time) {
   return Format(time, "yyyy年mm月dd日 hh时mm分ss秒");
 }
@@ -58,10 +69,7 @@ void RunMonthDepr(RunContext& run, const MonthDeprScreens& screens) {
     run.dialogs.MsgBox("没有固定资产卡片，不能进行折旧操作", Buttons::Ok, Icon::Exclamation, "计提折旧");
     throw EndProgram{};
   }
-  recordRun(run);
-  stageDepr(run);
-  const DateTime end = run.clock.now();
-  run.dbZKData.Execute("update AccInformation set cvalue='false' where cSysID ='FA' And cName ='bNeedDepr'");
+  const DateTime end = recordAndStage(run);
   showResults(run, screens);
   run.dialogs.MsgBox("计提折旧完成!\n开始时间:" + timeText(start) + "\n结束时间:" + timeText(end),
                      Buttons::Ok, Icon::Exclamation, kTitle);

@@ -1,0 +1,178 @@
+#include "depreciation/RunMonthDepr.h"
+#include "DepreciationFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+constexpr const char* kStart = "本操作将计提本月折旧,并花费一定时间,是否继续?";
+constexpr const char* kList = "是否要查看折旧清单?";
+
+/// Each look at it takes a minute.
+class TickingClock final : public Clock {
+ public:
+  DateTime now() const override {
+    now_ = DateAdd("n", 1, now_);
+    return now_;
+  }
+
+ private:
+  mutable DateTime now_ = *DateTime::fromParts(2020, 6, 1, 8, 59, 7);
+};
+
+class RunMonthDeprTest : public DepreciationTest {
+ protected:
+  void expectWholeRun(Answer list = Answer::No) {
+    dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
+    dialogs.expectYesNo(kList, list, Icon::Information, "固定资产");
+    const std::string time = "2020年06月01日 08时30分00秒";
+    dialogs.expectOk("计提折旧完成!\n开始时间:" + time + "\n结束时间:" + time, Icon::Exclamation, "固定资产");
+  }
+  void runMonth() {
+    RunMonthDepr(context, {[&] { shown.push_back("list"); }, [&] { shown.push_back("table"); }});
+  }
+  void wholeRun() {
+    expectWholeRun();
+    runMonth();
+  }
+  std::vector<std::string> staged(const std::string& columns) {
+    return rows("select " + columns + " from fa_ZWVouchers where coutsign='折旧计提' order by inid");
+  }
+  std::string needDepr() { return row("select cValue from AccInformation where cName='bNeedDepr'"); }
+
+  std::vector<std::string> shown;
+};
+
+TEST_F(RunMonthDeprTest, computesEachCardOnce) {
+  addVersion({.cardNum = "00001", .cardID = "1", .value = "1"});
+  add({.cardNum = "00001", .cardID = "2", .value = "1000"}, "5");
+  add({.cardNum = "00002", .value = "200", .depart = "2", .subject = "550202"});
+  add({.cardNum = "00003", .start = "2020-5-1"});
+  add({.cardNum = "00004", .value = "400", .start = "2020-4-30"});
+  execute("update fa_Cards set dDisposeDate=#2020-4-1# where sCardNum='00004'");
+  wholeRun();
+  EXPECT_EQ(rows("select sCardNum,dblDepr5,dblDeprRate5,dblDeprT5,dblDeprThisYear from fa_DeprTransactions "
+                 "order by sCardNum"),
+            (std::vector<std::string>{"00001|7.9|0.0079|12.9|3.16", "00002|1.58|0.0079|1.58|3.16",
+                                      "00003|0|0|0|3.16", "00004|3.16|0.0079|3.16|3.16"}));
+  EXPECT_EQ(allocationRows(), (std::vector<std::string>{"2|021|1.58", "301|021|3.16", "301|021|7.9"}));
+  EXPECT_EQ(rows("select lOptID,sNum,iMaxPeriod,iMinPeriod,iStyle from fa_DeprVoucherMain"),
+            std::vector<std::string>{"5|01|5|5|1"});
+  EXPECT_EQ(needDepr(), "false");
+}
+
+TEST_F(RunMonthDeprTest, takesACardWhoseEarlierVersionWasInService) {
+  addVersion({.cardNum = "00001", .cardID = "1", .start = "2020-4-30"});
+  add({.cardNum = "00001", .cardID = "2", .value = "1000", .start = "2020-5-2"});
+  wholeRun();
+  EXPECT_EQ(ledger("00001", "dblDepr5"), "7.9");
+}
+
+TEST_F(RunMonthDeprTest, stagesADebitPerDepartmentAndSubjectAndOneCredit) {
+  add({.cardNum = "00001", .value = "1000"});
+  add({.cardNum = "00002", .value = "200"});
+  add({.cardNum = "00003", .value = "300", .subject = ""});
+  add({.cardNum = "00004", .method = "'1'", .depart = "4"});
+  wholeRun();
+  EXPECT_EQ(staged("inid,ccode,cdept_id,md,mc,cDefine5"),
+            (std::vector<std::string>{"1|~|301|2.37|0|1", "2|410502|301|9.48|0|2", "3|~|~|0|11.85|3"}));
+  const std::string common =
+      "001|2020|FA|8.10|2020-5-15|5|折旧计提|01|2020-5-15|折旧计提|00000000000000000100|0|陈会计|"
+      "计提第[5]期间折旧|FA,#|True|True|True|True|True|True|True|True|True|折旧计提|~|~|~|~|~|~|~|~";
+  EXPECT_EQ(
+      staged("coutaccset,ioutyear,coutsysname,coutsysver,doutbilldate,ioutperiod,coutsign,coutno_id,doutdate,"
+             "coutbillsign,coutid,idoc,cbill,cdigest,ccodecontrol,bvouchedit,bvouchAddordele,bvouchmoneyhold,"
+             "bvalueedit,bcodeedit,bPCSedit,bDeptedit,bItemedit,bCusSupInput,cDefine10,cDefine1,cDefine2,"
+             "cDefine9,citem_id,citem_class,md_f,mc_f,nfrat"),
+      std::vector<std::string>(3, common));
+}
+
+TEST_F(RunMonthDeprTest, replacesWhatAnEarlierRunLeft) {
+  add({.cardNum = "00001", .value = "1000"});
+  wholeRun();
+  execute("update fa_ZWVouchers set cDefine1='1'");
+  execute("insert into fa_ZWVouchers (ioutperiod,coutsign,inid) values (4,'折旧计提',77)");
+  execute("insert into fa_ZWVouchers (ioutperiod,coutsign,inid) values (5,'卡片',78)");
+  execute("update fa_Cards set dblValue=2000");
+  wholeRun();
+  EXPECT_EQ(allocationRows(), std::vector<std::string>{"301|021|15.8"});
+  EXPECT_EQ(staged("inid,md,mc,cDefine1"),
+            (std::vector<std::string>{"1|15.8|0|~", "2|0|15.8|~", "77|~|~|~"}));
+  EXPECT_EQ(row("select inid from fa_ZWVouchers where coutsign='卡片'"), "78");
+  EXPECT_EQ(rows("select sNum from fa_DeprVoucherMain").size(), 2U);
+}
+
+TEST_F(RunMonthDeprTest, writesTheCreditRowAlsoForNothing) {
+  add({.cardNum = "00001", .method = "'1'"});
+  wholeRun();
+  EXPECT_EQ(staged("inid,md,mc,cDefine5"), std::vector<std::string>{"1|0|0|1"});
+}
+
+TEST_F(RunMonthDeprTest, worksInDecember) {
+  context.gdOpDate = *DateTime::fromParts(2020, 12, 31);
+  add({.cardNum = "00001", .value = "1000"});
+  wholeRun();
+  EXPECT_EQ(ledger("00001", "dblDepr12,dblDeprT12,dblDeprT13"), "7.9|7.9|0");
+  EXPECT_EQ(staged("doutdate,ioutperiod,cdigest").front(), "2020-12-31|12|计提第[12]期间折旧");
+}
+
+TEST_F(RunMonthDeprTest, showsListAndTableBetweenItsMessages) {
+  add({.cardNum = "00001"});
+  TickingClock ticking;
+  RunContext slow(engine, dialogs, ticking);
+  slow.dbZKData = context.dbZKData;
+  slow.gdOpDate = context.gdOpDate;
+  dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
+  dialogs.expectYesNo(kList, Answer::Yes, Icon::Information, "固定资产");
+  dialogs.expectOk(
+      "计提折旧完成!\n开始时间:2020年06月01日 09时00分07秒\n结束时间:2020年06月01日 09时01分07秒",
+      Icon::Exclamation, "固定资产");
+  const auto show = [&](const char* what) {
+    shown.push_back(sql(what, " after box ", dialogs.boxes().size()));
+  };
+  RunMonthDepr(slow, {[&] { show("list"); }, [&] { show("table"); }});
+  EXPECT_EQ(shown, (std::vector<std::string>{"list after box 2", "table after box 2"}));
+}
+
+TEST_F(RunMonthDeprTest, showsTheTableAlsoWithoutTheList) {
+  add({.cardNum = "00001"});
+  wholeRun();
+  EXPECT_EQ(shown, std::vector<std::string>{"table"});
+}
+
+TEST_F(RunMonthDeprTest, changesNothingUnlessToldToGoOn) {
+  add({.cardNum = "00001"});
+  execute("insert into fa_DeprVouchers (sDeptNum) values ('1')");
+  dialogs.expectYesNo(kStart, Answer::No, Icon::None, "固定资产");
+  runMonth();
+  EXPECT_EQ(row("select Count(*) from fa_DeprVouchers"), "1");
+  EXPECT_EQ(ledger("00001", "dblDepr5"), "0");
+}
+
+TEST_F(RunMonthDeprTest, endsTheProgramWithoutACard) {
+  add({.cardNum = "00001", .start = "2020-5-1"});
+  execute("insert into fa_DeprVouchers (sDeptNum) values ('1')");
+  const std::string before = needDepr();
+  dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
+  dialogs.expectOk("没有固定资产卡片，不能进行折旧操作", Icon::Exclamation, "计提折旧");
+  EXPECT_THROW(runMonth(), EndProgram);
+  EXPECT_EQ(row("select Count(*) from fa_DeprVouchers"), "0");
+  EXPECT_EQ(row("select Count(*) from fa_ZWVouchers"), "0");
+  EXPECT_EQ(row("select Count(*) from fa_DeprVoucherMain"), "0");
+  EXPECT_EQ(needDepr(), before);
+}
+
+TEST_F(RunMonthDeprTest, leavesWhatWentBeforeAFailure) {
+  add({.cardNum = "00001", .value = "1000"});
+  add({.cardNum = "00002", .method = "'5'", .life = "5"});
+  add({.cardNum = "00003"});
+  execute("insert into fa_ZWVouchers (ioutperiod,coutsign,inid) values (5,'折旧计提',77)");
+  dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
+  EXPECT_EQ(errorOf([&] { runMonth(); }), 11);
+  EXPECT_EQ(rows("select dblDepr5,dblDeprThisYear from fa_DeprTransactions order by sCardNum"),
+            (std::vector<std::string>{"7.9|7.9", "0|7.9", "0|7.9"}));
+  EXPECT_EQ(allocationRows(), std::vector<std::string>{"301|021|7.9"});
+  EXPECT_EQ(staged("inid"), std::vector<std::string>{"77"});
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -64,6 +64,11 @@ void appendTwoDigits(std::string& text, int number) {
   text.push_back(static_cast<char>('0' + number % 10));
 }
 
+void putTwoDigits(std::string& text, std::size_t at, int number) {
+  text[at] = static_cast<char>('0' + number / 10);
+  text[at + 1] = static_cast<char>('0' + number % 10);
+}
+
 void appendTime(std::string& text, const DateTime& time) {
   text += std::to_string(time.hour());
   text.push_back(':');
@@ -153,22 +158,17 @@ std::string DateTime::toText() const {
 }
 
 std::string DateTime::toIso() const {
-  const CalendarDay day = calendarDay(dayOf(seconds_));
-  std::string text;
-  text.reserve(19);
-  appendTwoDigits(text, day.year / 100);
-  appendTwoDigits(text, day.year % 100);
-  text.push_back('-');
-  appendTwoDigits(text, day.month);
-  text.push_back('-');
-  appendTwoDigits(text, day.day);
-  const int inDay = secondOfDay(seconds_);
-  text.push_back(' ');
-  appendTwoDigits(text, inDay / 3600);
-  text.push_back(':');
-  appendTwoDigits(text, inDay / 60 % 60);
-  text.push_back(':');
-  appendTwoDigits(text, inDay % 60);
+  const std::int64_t dayCount = dayOf(seconds_);
+  const CalendarDay day = calendarDay(dayCount);
+  const auto inDay = static_cast<int>(seconds_ - dayCount * kSecondsPerDay);
+  std::string text = "0000-00-00 00:00:00";
+  putTwoDigits(text, 0, day.year / 100);
+  putTwoDigits(text, 2, day.year % 100);
+  putTwoDigits(text, 5, day.month);
+  putTwoDigits(text, 8, day.day);
+  putTwoDigits(text, 11, inDay / 3600);
+  putTwoDigits(text, 14, inDay / 60 % 60);
+  putTwoDigits(text, 17, inDay % 60);
   return text;
 }
 

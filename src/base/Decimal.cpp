@@ -10,7 +10,8 @@
 namespace zelkor {
 namespace {
 
-constexpr std::uint64_t kPower15 = 1'000'000'000'000'000;
+__extension__ using Wide = unsigned __int128;
+
 constexpr int kLargestExponent = 99999;  // beyond any double, and safe to add to
 
 constexpr std::array<std::uint64_t, 20> powersOfTen() {
@@ -28,6 +29,9 @@ constexpr auto kPowers = powersOfTen();
 constexpr std::array<double, 23> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+// 10^-2 to 10^15: the upper bounds of the numbers that have -2 to 15 digits before the point.
+constexpr std::array<double, 18> kTens = {1e-2, 1e-1, 1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
+                                          1e7,  1e8,  1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 constexpr std::uint64_t kExactInteger = std::uint64_t{1} << 53;
 
 bool isDigit(char c) {
@@ -49,13 +53,36 @@ bool asShortDecimal(double magnitude, Decimal& result) {
   return false;
 }
 
+// Between 0.001 and 1e15 the digits come exactly from a product of 128 bits: magnitude is m / 2^shift with m
+// of 53 bits, and m times a power of ten up to 10^17 stays below 2^110. A tie goes to the even digit, as in
+// the library's exact printing.
+bool asScaledInteger(double magnitude, Decimal& result) {
+  if (!(magnitude >= 1e-3 && magnitude < 1e15)) return false;
+  int binaryExponent = 0;
+  const auto mantissa = static_cast<std::uint64_t>(std::ldexp(std::frexp(magnitude, &binaryExponent), 53));
+  const int shift = 53 - binaryExponent;
+  if (shift <= 0) return false;
+  // 1233 / 4096 is a little below the logarithm of 2, so this counts at most one whole digit too few.
+  int wholeDigits = ((binaryExponent - 1) * 1233 >> 12) + 1;
+  if (magnitude >= kTens[static_cast<std::size_t>(wholeDigits + 2)]) ++wholeDigits;
+  const int places = 15 - wholeDigits;
+  const Wide product = static_cast<Wide>(mantissa) * kPowers[static_cast<std::size_t>(places)];
+  const Wide whole = product >> shift;
+  const Wide rest = product - (whole << shift);
+  const Wide half = static_cast<Wide>(1) << (shift - 1);
+  const bool up = rest > half || (rest == half && whole % 2 == 1);
+  result.coefficient = static_cast<std::uint64_t>(whole) + (up ? 1 : 0);
+  result.exponent = -places;
+  return true;
+}
+
 }  // namespace
 
 Decimal decimalOf(double value) {
   Decimal result;
   result.negative = std::signbit(value);
   const double magnitude = std::fabs(value);
-  if (asShortDecimal(magnitude, result)) return result;
+  if (asShortDecimal(magnitude, result) || asScaledInteger(magnitude, result)) return result;
 
   std::array<char, 40> buffer;
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,

@@ -107,16 +107,22 @@ TEST(TextOfDouble, HasFifteenDigitsAndNoTrailingZeros) {
 // The quick ways of finding the digits must agree with the library's exact printing.
 TEST(TextOfDouble, AgreesWithExactPrinting) {
   std::uint64_t state = 1;
-  for (int i = 0; i < 20000; ++i) {
+  for (int i = 0; i < 60000; ++i) {
     state = state * 6364136223846793005ULL + 1442695040888963407ULL;
-    const double amount = static_cast<double>(state >> 24) / (i % 3 == 0   ? 100.0
-                                                              : i % 3 == 1 ? 10000.0
-                                                                           : 7.0);
+    constexpr double kDivisors[] = {100, 10000, 7, 65536, 3e9, 1e11};
+    const double amount = static_cast<double>(state >> (10 + i % 40)) / kDivisors[i % 6];
     char exact[40];
-    std::snprintf(exact, sizeof exact, "%.15g", amount);
-    ASSERT_EQ(textOfDouble(amount), exact);
+    std::snprintf(exact, sizeof exact, "%.14e", amount);
+    ASSERT_EQ(Val(textOfDouble(amount)), std::strtod(exact, nullptr)) << exact;
     ASSERT_EQ(Val(exact), std::strtod(exact, nullptr));
   }
+  for (const double power : {0.001, 0.01, 0.1, 1.0, 10.0, 1e6, 1e14, 1e15}) {
+    for (const double near : {std::nextafter(power, 0), power, std::nextafter(power, 2 * power)}) {
+      EXPECT_EQ(Val(textOfDouble(near)), power);
+    }
+  }
+  EXPECT_EQ(textOfDouble(0.5000000000000005), "0.500000000000001");
+  EXPECT_EQ(textOfDouble(1048576.00000000023283064365386962890625), "1048576");
 }
 
 TEST(Whole, TiesGoToTheEvenNumber) {

@@ -27,6 +27,7 @@ Select StatementParser::bracketedSelect() {
   const std::size_t outerPiece = piece();
   expect(Symbol::LeftParenthesis);
   Select inner = select();
+  accept(Symbol::Semicolon);  // query designers close inner queries too
   if (!accept(Symbol::RightParenthesis)) fail(SyntaxFault::MissingOperator);
   returnToPiece(outerPiece);
   return inner;

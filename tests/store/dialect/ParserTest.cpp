@@ -84,7 +84,7 @@ TEST(ParseExpression, ReadsOperands) {
       {"Count(distinct a)", "Count(Distinct a)"},
       {"left(a,2)&right (b,1)", "left(a, 2) & right(b, 1)"},
       {"date()", "date()"},
-      {"a in (select b from t)", "a In (Select b From t)"},
+      {"a in (select b from t;)", "a In (Select b From t)"},
       {"not exists (select * from t)", "Not (Exists (Select * From t))"},
       {"(select count(b) from t)=0", "(Select count(b) From t) = 0"},
       {"a>=all (select b from t)", "a >= All (Select b From t)"},

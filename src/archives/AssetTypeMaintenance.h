@@ -10,13 +10,13 @@ namespace zelkor {
 
 /// A category as the detail page holds it, numbers as typed.
 struct AssetTypeEntry {
-  AssetTypeCodeParts parts;
-  std::string name;
-  std::string lifeYears;            // blank: 60 months
-  std::string residualRatePercent;  // blank: 0
-  std::string unit;                 // blank: Null
-  int depreciationRule = 1;         // 1 to 3, the place among the depreciation states
-  std::string methodName;
+  AssetTypeCodeParts parts = {};
+  std::string name = {};
+  std::string lifeYears = {};            // blank: 60 months
+  std::string residualRatePercent = {};  // blank: 0
+  std::string unit = {};                 // blank: Null
+  int depreciationRule = 1;              // 1 to 3, the place among the depreciation states
+  std::string methodName = {};
 
   /// The parts of all levels joined.
   std::string code() const;

@@ -10,13 +10,13 @@ namespace zelkor {
 
 /// A department as the screen holds it. An empty person, property, phone, address or memo is stored as Null.
 struct DepartRecord {
-  std::string code;
-  std::string name;
-  std::string person;  // code of the person in charge
-  std::string property;
-  std::string phone;
-  std::string address;
-  std::string memo;
+  std::string code = {};
+  std::string name = {};
+  std::string person = {};  // code of the person in charge
+  std::string property = {};
+  std::string phone = {};
+  std::string address = {};
+  std::string memo = {};
   int level = 1;
 };
 

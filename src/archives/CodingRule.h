@@ -30,8 +30,4 @@ std::optional<CodeLevel> ChkIsCodingRule(std::string_view code, std::string_view
 bool ChkParentDept(std::string_view code, std::size_t parentLength,
                    const std::function<bool(const std::string&)>& treeHolds);
 
-/// `count` characters of a code from the character at `start`, counted from 0; what lies beyond its end is
-/// empty.
-std::string codePart(std::string_view code, std::size_t start, std::size_t count);
-
 }  // namespace zelkor

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "archives/ClsBLLDepart.h"
-#include "archives/CodingRule.h"
 #include "base/Conversion.h"
+#include "base/Text.h"
 #include "startup/Strings.h"
 #include "store/Statement.h"
 
@@ -41,9 +41,9 @@ std::string levelColumns(std::size_t level) {
 /// The code's parts, each behind "','".
 std::string levelParts(std::string_view code, const LevelLengths& lengths, std::size_t level) {
   std::string parts;
-  std::size_t start = 0;
+  std::size_t start = 1;
   for (std::size_t i = 1; i <= level; ++i) {
-    parts += sql("','", codePart(code, start, lengths[i]));
+    parts += sql("','", Mid(code, start, lengths[i]));
     start += lengths[i];
   }
   return parts;
@@ -54,7 +54,7 @@ void mirrorDepartment(Database& database, const Recordset& depart, const LevelLe
   const std::string code = depart.TextOrEmpty("cDepCode");
   const std::int32_t rowsUnder = countDepartments(database, sql("cDepCode like '", code, "*'"));
   // As long as the part of the level above alone: from level 3 on this is not the parent's whole code.
-  const std::string parent = level == 1 ? std::string() : codePart(code, 0, lengths[level - 1]);
+  const std::string parent = level == 1 ? std::string() : Left(code, lengths[level - 1]);
   database.Execute(sql("insert into fa_departments (sNum,sName", levelColumns(level),
                        ",sParentNum,lChilds,iLevel,iDefinetype) values ('", code, "','",
                        depart.TextOrEmpty("cDepName"), levelParts(code, lengths, level), "','", parent, "',",

@@ -15,14 +15,15 @@
 namespace zelkor::test {
 
 /// A directory with an account set that holds the sample archives, made once per test program.
-inline const std::filesystem::path& preparedAccountSet() {
-  static const TempDir directory;
-  static const bool made = [] {
-    createAccountSet(directory.path(), {.account = "001", .year = 2020, .month = 1, .sample = true});
-    return true;
-  }();
-  (void)made;
-  return directory.path();
+inline const TempDir& preparedAccountSet() {
+  struct Prepared {
+    Prepared() {
+      createAccountSet(directory.path(), {.account = "001", .year = 2020, .month = 1, .sample = true});
+    }
+    TempDir directory;
+  };
+  static const Prepared prepared;
+  return prepared.directory;
 }
 
 /// Rows as texts, cells joined by "|", Null as "~".

@@ -1,0 +1,18 @@
+#include "archives/DepartCheck.h"
+
+#include "archives/CodingRule.h"
+
+namespace zelkor {
+
+DepartCheck checkDepart(const DepartRecord& depart, DepartSaving saving, std::string_view pattern,
+                        const std::function<bool(const std::string&)>& treeHolds) {
+  if (depart.name.empty()) return {departNameEmptyText};
+  if (saving == DepartSaving::New && treeHolds(depart.code)) return {departCodeTakenText};
+  const auto level = ChkIsCodingRule(depart.code, pattern);
+  if (!level) return {departCodeUnfitText};
+  if (!ChkParentDept(depart.code, level->parentLength, treeHolds))
+    return {departParentMissingText, level->level};
+  return {{}, level->level};
+}
+
+}  // namespace zelkor

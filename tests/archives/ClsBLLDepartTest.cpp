@@ -1,0 +1,87 @@
+#include "archives/ClsBLLDepart.h"
+#include "support/AccountSetFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+class ClsBLLDepartTest : public AccountSetTest {
+ protected:
+  ClsBLLDepartTest() { departs.setZkDataPath(context.gstrZtFile); }
+
+  std::string stored(const std::string& code) {
+    return row(
+        "select cDepName,iDepGrade,cDepPerson,cDepProp,cDepPhone,cDepAddress,cDepMemo,bDepEnd "
+        "from department where cDepCode='" +
+        code + "'");
+  }
+
+  ClsBLLDepart departs{engine};
+};
+
+TEST_F(ClsBLLDepartTest, readsTheArchive) {
+  EXPECT_EQ(rowsOf(departs.TopDepartInfo()).size(), 7u);
+  EXPECT_EQ(rowsOf(departs.GetDepartsInfo("3", 2)).size(), 3u);
+  EXPECT_TRUE(departs.GetDepartsInfo("3", 3).Eof());
+  EXPECT_EQ(departs.GetDepartDetail("301").Text("cDepName"), "一车间");
+  EXPECT_EQ(departs.GetPersonName("006"), "褚卫民");
+  EXPECT_EQ(departs.GetPersonName("999"), "");
+  Recordset persons = departs.GetAllPersons();
+  persons.FindFirst("cPersonCode='006'");
+  EXPECT_EQ(persons.Text("cDepName"), "一车间");
+  std::int32_t lastLength = 0;
+  EXPECT_EQ(departs.GetDepartCodingRule(lastLength), "* **");
+  EXPECT_EQ(lastLength, 2);
+}
+
+TEST_F(ClsBLLDepartTest, storesDepartments) {
+  EXPECT_TRUE(departs.UpdateDepart(
+      {.code = "304", .name = "新车间", .person = "005", .memo = "m", .level = 2}, DepartSaving::New));
+  EXPECT_EQ(stored("304"), "新车间|2|005|~|~|~|m|False");
+  EXPECT_TRUE(departs.UpdateDepart({.code = "304", .name = "老车间", .phone = "8", .level = 3},
+                                   DepartSaving::Existing));
+  EXPECT_EQ(stored("304"), "老车间|3|~|~|8|~|~|True");  // deeper than the last level is long
+}
+
+TEST_F(ClsBLLDepartTest, refusesInSilence) {
+  EXPECT_FALSE(departs.UpdateDepart({.code = "301", .name = "again", .level = 2}, DepartSaving::New));
+  EXPECT_EQ(row("select Count(*) from department where cDepCode='301'"), "1");
+  EXPECT_FALSE(departs.UpdateDepart({.code = "399", .name = "none", .level = 2}, DepartSaving::Existing));
+  EXPECT_FALSE(departs.UpdateDepart({.code = "3'9", .name = "quote", .level = 2}, DepartSaving::New));
+  EXPECT_EQ(row("select Count(*) from department"), "14");
+}
+
+TEST_F(ClsBLLDepartTest, deletesWithoutAskingForCards) {
+  execute("insert into fa_Cards (sCardID,sCardNum,sDeptNum) values ('1','00001','303')");
+  EXPECT_TRUE(departs.DeleteDepart("303"));
+  EXPECT_EQ(stored("303"), "(none)");
+  EXPECT_TRUE(departs.DeleteDepart("303"));
+}
+
+TEST_F(ClsBLLDepartTest, givesDefaultsWithoutAFile) {
+  departs.setZkDataPath(missingFile());
+  std::int32_t lastLength = 4;
+  EXPECT_FALSE(departs.TopDepartInfo().isOpen());
+  EXPECT_FALSE(departs.GetDepartDetail("1").isOpen());
+  EXPECT_FALSE(departs.GetAllPersons().isOpen());
+  EXPECT_FALSE(departs.DeleteDepart("1"));
+  EXPECT_FALSE(departs.UpdateDepart({.code = "8", .name = "x"}, DepartSaving::New));
+  EXPECT_EQ(departs.GetPersonName("001"), "");
+  EXPECT_EQ(departs.GetDepartCodingRule(lastLength), "");
+  EXPECT_EQ(lastLength, 4);
+  for (const auto& entry : std::filesystem::directory_iterator(directory.path())) {
+    EXPECT_NE(entry.path().extension(), ".log") << "an error inside a class leaves no trace";
+  }
+}
+
+TEST_F(ClsBLLDepartTest, findsTheFileAgainAfterClosing) {
+  EXPECT_TRUE(departs.TopDepartInfo().isOpen());
+  departs.setZkDataPath(missingFile());
+  EXPECT_TRUE(departs.TopDepartInfo().isOpen()) << "an open file stays in use";
+  departs.CloseZkData();
+  EXPECT_FALSE(departs.TopDepartInfo().isOpen());
+  departs.setZkDataPath(context.gstrZtFile);
+  EXPECT_TRUE(departs.TopDepartInfo().isOpen());
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -1,0 +1,100 @@
+#include "store/dialect/BindScope.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "store/dialect/Types.h"
+
+namespace zelkor::dialect {
+
+using bound::Node;
+
+const TableInfo& BindContext::table(std::string_view name) const {
+  if (const TableInfo* info = schema.table(name)) return *info;
+  throw RuntimeError(
+      ErrorNumber::CannotOpenTableOrQuery,
+      "数据库引擎找不到输入表或查询 '" + std::string(name) + "'。请确定它存在，并且名称拼写正确。");
+}
+
+std::size_t BindContext::addSlot(std::size_t literal, BindAs bindAs, ColumnType target) {
+  slots.push_back({literal, bindAs, target});
+  return slots.size() - 1;
+}
+
+void BindContext::noteNumberColumn(const bound::Column& column, bound::NumberReading reading) {
+  const bool known = std::any_of(numberColumns.begin(), numberColumns.end(), [&](const NumberColumn& other) {
+    return other.table == column.table && other.column == column.name && other.reading == reading;
+  });
+  if (!known) numberColumns.push_back({column.table, column.name, reading});
+}
+
+Node columnNode(const ScopeSource& source, std::size_t index, const ColumnInfo& column) {
+  bound::Column node{source.name, column.name, source.derived ? "" : source.columns.name, index,
+                     column.orderedAsNumber};
+  return {std::move(node), valueType(column)};
+}
+
+namespace {
+
+[[noreturn]] void raiseUnknownName(const ColumnRef& reference) {
+  const std::string name =
+      reference.table.empty() ? reference.column : reference.table + "." + reference.column;
+  throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+}
+
+[[noreturn]] void raiseAmbiguous(const ColumnRef& reference) {
+  throw RuntimeError(ErrorNumber::AmbiguousColumn,
+                     "特定字段 '" + reference.column + "' 可以参考 FROM 子句列表中的多个表。");
+}
+
+std::optional<Node> amongItems(const Scope& scope, const ColumnRef& reference) {
+  if (!scope.items || !reference.table.empty()) return std::nullopt;
+  for (const bound::Item& item : *scope.items)
+    if (sameName(item.name, reference.column)) return item.expr;
+  return std::nullopt;
+}
+
+std::optional<Node> amongSources(const Scope& scope, const ColumnRef& reference) {
+  std::optional<Node> found;
+  for (std::size_t i = 0; i < scope.sources.size(); ++i) {
+    const ScopeSource& source = scope.sources[i];
+    if (!reference.table.empty() && !sameName(source.name, reference.table)) continue;
+    const ColumnInfo* column = source.columns.find(reference.column);
+    if (!column) continue;
+    if (found) raiseAmbiguous(reference);
+    found = columnNode(source, i, *column);
+  }
+  return found;
+}
+
+std::optional<Node> inScope(const Scope& scope, const ColumnRef& reference) {
+  if (scope.itemsFirst) {
+    if (auto item = amongItems(scope, reference)) return item;
+    return amongSources(scope, reference);
+  }
+  if (auto column = amongSources(scope, reference)) return column;
+  return amongItems(scope, reference);
+}
+
+}  // namespace
+
+Node Scope::resolve(const ColumnRef& reference) const {
+  for (const Scope* scope = this; scope; scope = scope->outer) {
+    auto node = inScope(*scope, reference);
+    if (!node) continue;
+    if (scope != this)
+      if (auto* column = std::get_if<bound::Column>(&node->node)) column->source.reset();
+    return std::move(*node);
+  }
+  raiseUnknownName(reference);
+}
+
+std::size_t Scope::sourceNamed(std::string_view name) const {
+  for (std::size_t i = 0; i < sources.size(); ++i)
+    if (sameName(sources[i].name, name)) return i;
+  throw RuntimeError(
+      ErrorNumber::CannotOpenTableOrQuery,
+      "数据库引擎找不到输入表或查询 '" + std::string(name) + "'。请确定它存在，并且名称拼写正确。");
+}
+
+}  // namespace zelkor::dialect

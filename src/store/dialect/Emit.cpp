@@ -1,0 +1,127 @@
+#include "store/dialect/Emit.h"
+
+#include "store/dialect/EmitPostgreSql.h"
+#include "store/dialect/EmitSqlite.h"
+
+namespace zelkor::dialect {
+
+Emitter& Emitter::name(std::string_view identifier) {
+  out_ += '"';
+  for (const char c : this->identifier(identifier)) {
+    if (c == '"') out_ += '"';
+    out_ += c;
+  }
+  out_ += '"';
+  return *this;
+}
+
+void Emitter::source(const bound::Source& source) {
+  if (const auto* table = std::get_if<bound::Table>(&source)) {
+    name(table->name);
+    if (!table->alias.empty()) text(" AS ").name(table->alias);
+  } else if (const auto* derived = std::get_if<bound::Derived>(&source)) {
+    text("(");
+    select(*derived->select, true);
+    text(")");
+    if (!derived->alias.empty()) text(" AS ").name(derived->alias);
+  } else {
+    const bound::Join& join = *std::get<Box<bound::Join>>(source);
+    this->source(join.first);
+    text(join.left ? " LEFT JOIN " : " JOIN ");
+    const bool nested = std::holds_alternative<Box<bound::Join>>(join.second);
+    if (nested) text("(");
+    this->source(join.second);
+    if (nested) text(")");
+    text(" ON ");
+    value(join.on);
+  }
+}
+
+void Emitter::fromClause(const std::vector<bound::Source>& sources) {
+  std::string_view separator = " FROM ";
+  for (const bound::Source& one : sources) {
+    text(separator);
+    source(one);
+    separator = ", ";
+  }
+}
+
+void Emitter::tail(const bound::Select& select, std::string_view also) {
+  fromClause(select.from);
+  if (select.where) {
+    text(" WHERE ");
+    expr(*select.where, also.empty() ? 0 : precedenceOf(bound::BinaryKind::And));
+  }
+  if (!also.empty()) text(select.where ? " AND (" : " WHERE (").text(also).text(")");
+  if (!select.groupBy.empty()) {
+    text(" GROUP BY ");
+    list(select.groupBy);
+  }
+  if (select.having) {
+    text(" HAVING ");
+    value(*select.having);
+  }
+}
+
+void Emitter::core(const bound::Select& select, bool named, std::string_view namePrefix) {
+  text(select.distinct ? "SELECT DISTINCT " : "SELECT ");
+  std::size_t number = 0;
+  for (const bound::Item& item : select.items) {
+    if (number++ > 0) text(", ");
+    value(item.expr);
+    if (!namePrefix.empty()) {
+      text(" AS ").name(std::string(namePrefix) + std::to_string(number));
+    } else if (named) {
+      text(" AS ").name(item.name);
+    }
+  }
+}
+
+void Emitter::orderKeys(const std::vector<bound::OrderKey>& keys) {
+  std::string_view separator = " ORDER BY ";
+  for (const bound::OrderKey& key : keys) {
+    text(separator);
+    value(key.expr);
+    direction(key.descending);
+    separator = ", ";
+  }
+}
+
+void Emitter::orderBy(const bound::Select& select) {
+  if (select.unions.empty()) return orderKeys(select.orderBy);
+  // The rows of united queries are ordered by places of their columns.
+  std::string_view separator = " ORDER BY ";
+  for (const bound::OrderKey& key : select.orderBy) {
+    text(separator).text(std::to_string(*key.item + 1));
+    direction(key.descending);
+    separator = ", ";
+  }
+}
+
+void Emitter::compound(const bound::Select& whole, bool named) {
+  bound::Select first = whole;
+  first.unions.clear();
+  first.orderBy.clear();
+  select(first, named);
+  for (const bound::Part& part : whole.unions) {
+    text(part.all ? " UNION ALL " : " UNION ");
+    select(part.select, false);
+  }
+  orderBy(whole);
+}
+
+void Emitter::select(const bound::Select& select, bool named) {
+  if (!select.unions.empty()) return compound(select, named);
+  if (select.top && !select.orderBy.empty()) return topWithTies(select, named);
+  core(select, named);
+  tail(select);
+  orderBy(select);
+  if (select.top) text(" LIMIT ").text(std::to_string(*select.top));
+}
+
+std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots, bool fast) {
+  if (engine == EngineKind::Sqlite) return std::make_unique<SqliteEmitter>(slots, fast);
+  return std::make_unique<PostgreSqlEmitter>(slots, fast);
+}
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,132 @@
+#include "store/dialect/Rewrite.h"
+#include "store/dialect/Types.h"
+
+namespace zelkor::dialect {
+
+using bound::BinaryKind;
+using bound::Family;
+using bound::Node;
+
+namespace {
+
+BinaryKind kindOf(BinaryOp op) {
+  switch (op) {
+    case BinaryOp::Equal:
+      return BinaryKind::Equal;
+    case BinaryOp::NotEqual:
+      return BinaryKind::NotEqual;
+    case BinaryOp::Less:
+      return BinaryKind::Less;
+    case BinaryOp::LessEqual:
+      return BinaryKind::LessEqual;
+    case BinaryOp::Greater:
+      return BinaryKind::Greater;
+    default:
+      return BinaryKind::GreaterEqual;
+  }
+}
+
+bool isPlainColumn(const Node& node) {
+  const auto* column = std::get_if<bound::Column>(&node.node);
+  return column && !column->table.empty();
+}
+
+const bound::Parameter* literal(const Node& node) {
+  return std::get_if<bound::Parameter>(&node.node);
+}
+
+// A literal beside a value of another family is converted when it is bound, so that the other side keeps its
+// index.
+bool bindAsOther(BindContext& context, Node& constant, const Node& other) {
+  const bound::Parameter* parameter = literal(constant);
+  if (!parameter) return false;
+  ParameterSlot& slot = context.slots[parameter->slot];
+  switch (other.type.family) {
+    case Family::Date:
+      slot.bindAs = BindAs::Assigned;
+      slot.target = ColumnType::Date;
+      break;
+    case Family::Text:
+      slot.bindAs = BindAs::Text;
+      break;
+    case Family::Number:
+    case Family::Boolean:
+      slot.bindAs = BindAs::Assigned;
+      slot.target = ColumnType::Double;
+      break;
+    default:
+      return false;
+  }
+  constant.type = other.type;
+  return true;
+}
+
+bool comparable(const Node& left, const Node& right) {
+  if (left.type.family == Family::Unknown || right.type.family == Family::Unknown) return true;
+  return left.type.family == right.type.family || (isNumber(left) && isNumber(right));
+}
+
+// Brings two operands to one family.
+void adapt(BindContext& context, Node& left, Node& right) {
+  if (comparable(left, right)) return;
+  if (bindAsOther(context, right, left) || bindAsOther(context, left, right)) return;
+  if (isDate(left) && isText(right)) {
+    right = asDate(std::move(right));
+  } else if (isDate(right) && isText(left)) {
+    left = asDate(std::move(left));
+  } else {
+    left = asNumber(std::move(left));
+    right = asNumber(std::move(right));
+  }
+}
+
+void trimLiteral(BindContext& context, const Node& node) {
+  const bound::Parameter* parameter = literal(node);
+  if (!parameter || !isText(node)) return;
+  BindAs& bindAs = context.slots[parameter->slot].bindAs;
+  if (bindAs == BindAs::Text) bindAs = BindAs::TrimmedText;
+}
+
+}  // namespace
+
+Node caseBlind(Node node) {
+  if (!isText(node) || isPlainColumn(node)) return node;
+  const bound::ValueType type = node.type;
+  return {bound::Unary{bound::UnaryKind::CaseBlind, std::move(node)}, type};
+}
+
+Node comparison(BindContext& context, BinaryOp op, Node leftOperand, Node rightOperand) {
+  Node left = asValue(std::move(leftOperand));
+  Node right = asValue(std::move(rightOperand));
+  adapt(context, left, right);
+  if (op == BinaryOp::Equal || op == BinaryOp::NotEqual) {
+    trimLiteral(context, left);
+    trimLiteral(context, right);
+  }
+  if (!isPlainColumn(right)) left = caseBlind(std::move(left));
+  return {bound::Binary{kindOf(op), std::move(left), std::move(right)}, valueType(ColumnType::Boolean), true};
+}
+
+Node between(BindContext& context, Node valueOperand, Node lowOperand, Node highOperand, bool negated) {
+  Node value = asValue(std::move(valueOperand));
+  Node low = asValue(std::move(lowOperand));
+  Node high = asValue(std::move(highOperand));
+  adapt(context, value, low);
+  adapt(context, value, high);
+  return {bound::Between{caseBlind(std::move(value)), std::move(low), std::move(high), negated},
+          valueType(ColumnType::Boolean), true};
+}
+
+Node inList(BindContext& context, Node valueOperand, std::vector<Node> items, bool negated) {
+  Node value = asValue(std::move(valueOperand));
+  for (Node& item : items) {
+    item = asValue(std::move(item));
+    adapt(context, value, item);
+    trimLiteral(context, item);
+  }
+  trimLiteral(context, value);
+  return {bound::InList{caseBlind(std::move(value)), std::move(items), negated},
+          valueType(ColumnType::Boolean), true};
+}
+
+}  // namespace zelkor::dialect

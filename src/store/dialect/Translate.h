@@ -1,0 +1,20 @@
+#pragma once
+
+#include "store/dialect/Ast.h"
+#include "store/dialect/BindScope.h"
+#include "store/dialect/Translation.h"
+
+namespace zelkor::dialect {
+
+/// Translations of the statements that define tables and indexes.
+Translation translateDefinition(const CreateTable& statement, const SchemaView& schema, EngineKind engine);
+Translation translateDefinition(const CreateIndex& statement, const SchemaView& schema, EngineKind engine);
+Translation translateDefinition(const DropTable& statement, const SchemaView& schema, EngineKind engine);
+Translation translateDefinition(const DropIndex& statement, const SchemaView& schema, EngineKind engine);
+Translation translateDefinition(const AlterTable& statement, const SchemaView& schema, EngineKind engine);
+
+Translation translateSelectInto(const Select& select, BindContext& context, EngineKind engine);
+
+[[noreturn]] void raiseTableExists(std::string_view table);
+
+}  // namespace zelkor::dialect

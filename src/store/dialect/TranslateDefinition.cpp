@@ -1,0 +1,141 @@
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "store/dialect/Emit.h"
+#include "store/dialect/Translate.h"
+#include "store/dialect/Types.h"
+
+namespace zelkor::dialect {
+namespace {
+
+Translation definition(StatementKind kind, std::string table) {
+  Translation result;
+  result.kind = kind;
+  result.table = std::move(table);
+  return result;
+}
+
+const TableInfo& existing(const SchemaView& schema, std::string_view table) {
+  const Shape none;
+  return BindContext{schema, none, {}, {}}.table(table);
+}
+
+ColumnInfo columnOf(const ColumnDefinition& definition) {
+  const auto type = columnTypeOf(definition.typeName);
+  if (!type)
+    throw RuntimeError(ErrorNumber::SyntaxInQuery, "字段定义语法错误 在 '" + definition.typeName + "' 中。");
+  return {definition.name, *type, *type == ColumnType::Text ? definition.size.value_or(255) : 0, false};
+}
+
+std::string indexText(EngineKind engine, const std::string& table, const std::string& index, bool unique,
+                      const std::vector<OrderKey>& columns, bool ignoreNull = false) {
+  const auto emitter = emitterFor(engine, {});
+  emitter->text(unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ").name(physicalIndexName(table, index));
+  emitter->text(" ON ").name(table);
+  std::string_view separator = " (";
+  for (const OrderKey& key : columns) {
+    emitter->text(separator).name(std::get<ColumnRef>(key.expr.node).column);
+    if (key.descending) emitter->text(" DESC");
+    separator = ", ";
+  }
+  emitter->text(")");
+  if (ignoreNull)
+    emitter->text(" WHERE ").name(std::get<ColumnRef>(columns.front().expr.node).column).text(" IS NOT NULL");
+  return emitter->take();
+}
+
+OrderKey keyOf(const std::string& column) {
+  return {Expr{ColumnRef{"", column}, false}, false};
+}
+
+std::vector<std::string> primaryKeyOf(const CreateTable& statement) {
+  if (!statement.primaryKey.empty()) return statement.primaryKey;
+  for (const ColumnDefinition& column : statement.columns)
+    if (column.primaryKey) return {column.name};
+  return {};
+}
+
+// A counter is the key of its table by itself.
+bool isCounter(const std::vector<ColumnInfo>& columns, const std::vector<std::string>& key) {
+  return key.size() == 1 && std::any_of(columns.begin(), columns.end(), [&](const ColumnInfo& column) {
+           return column.type == ColumnType::Counter && sameName(column.name, key.front());
+         });
+}
+
+const ColumnInfo& columnNamed(const TableInfo& table, const std::string& name) {
+  if (const ColumnInfo* column = table.find(name)) return *column;
+  throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+}
+
+}  // namespace
+
+Translation translateDefinition(const CreateTable& statement, const SchemaView& schema, EngineKind engine) {
+  if (schema.table(statement.table)) raiseTableExists(statement.table);
+  Translation result = definition(StatementKind::CreateTable, statement.table);
+  std::vector<ColumnInfo> columns;
+  for (const ColumnDefinition& column : statement.columns) columns.push_back(columnOf(column));
+  const auto emitter = emitterFor(engine, {});
+  emitter->createTable(statement.table, columns);
+  result.sql.push_back(emitter->take());
+
+  const std::vector<std::string> key = primaryKeyOf(statement);
+  if (!key.empty() && !isCounter(columns, key)) {
+    std::vector<OrderKey> keys;
+    for (const std::string& column : key) keys.push_back(keyOf(column));
+    result.sql.push_back(indexText(engine, statement.table, "PrimaryKey", true, keys));
+  }
+  for (const ColumnDefinition& column : statement.columns)
+    if (column.unique)
+      result.sql.push_back(indexText(engine, statement.table, column.name, true, {keyOf(column.name)}));
+  return result;
+}
+
+Translation translateDefinition(const CreateIndex& statement, const SchemaView& schema, EngineKind engine) {
+  const TableInfo& table = existing(schema, statement.table);
+  Translation result = definition(StatementKind::CreateIndex, table.name);
+  result.index = statement.name;
+  std::vector<OrderKey> columns;
+  for (const OrderKey& key : statement.columns) {
+    columns.push_back(keyOf(columnNamed(table, std::get<ColumnRef>(key.expr.node).column).name));
+    columns.back().descending = key.descending;
+  }
+  result.sql.push_back(
+      indexText(engine, table.name, statement.name, statement.unique, columns, statement.ignoreNull));
+  return result;
+}
+
+Translation translateDefinition(const DropTable& statement, const SchemaView& schema, EngineKind engine) {
+  const TableInfo* table = schema.table(statement.table);
+  if (!table) throw RuntimeError(ErrorNumber::TableDoesNotExist, "表 '" + statement.table + "' 不存在。");
+  Translation result = definition(StatementKind::DropTable, table->name);
+  const auto emitter = emitterFor(engine, {});
+  emitter->text("DROP TABLE ").name(table->name);
+  result.sql.push_back(emitter->take());
+  return result;
+}
+
+Translation translateDefinition(const DropIndex& statement, const SchemaView& schema, EngineKind engine) {
+  const TableInfo& table = existing(schema, statement.table);
+  Translation result = definition(StatementKind::DropIndex, table.name);
+  result.index = statement.name;
+  const auto emitter = emitterFor(engine, {});
+  emitter->text("DROP INDEX ").name(physicalIndexName(table.name, statement.name));
+  result.sql.push_back(emitter->take());
+  return result;
+}
+
+Translation translateDefinition(const AlterTable& statement, const SchemaView& schema, EngineKind engine) {
+  const TableInfo& table = existing(schema, statement.table);
+  Translation result = definition(StatementKind::AlterTable, table.name);
+  const auto emitter = emitterFor(engine, {});
+  emitter->text("ALTER TABLE ").name(table.name);
+  if (const auto* column = std::get_if<ColumnDefinition>(&statement.change)) {
+    emitter->text(" ADD COLUMN ").columnDefinition(columnOf(*column));
+  } else {
+    emitter->text(" DROP COLUMN ").name(columnNamed(table, std::get<std::string>(statement.change)).name);
+  }
+  result.sql.push_back(emitter->take());
+  return result;
+}
+
+}  // namespace zelkor::dialect

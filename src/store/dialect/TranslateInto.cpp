@@ -1,0 +1,77 @@
+#include "base/RuntimeError.h"
+#include "store/dialect/Bind.h"
+#include "store/dialect/Emit.h"
+#include "store/dialect/Rewrite.h"
+#include "store/dialect/Translate.h"
+#include "store/dialect/TranslateQuery.h"
+#include "store/dialect/Types.h"
+
+namespace zelkor::dialect {
+namespace {
+
+constexpr int defaultTextSize = 255;
+
+// A counter stays one only where each of its numbers comes once: in the rows of its own table.
+ColumnType storedType(const bound::Node& node, bool singleTable) {
+  const ColumnType type = node.type.type;
+  if (type == ColumnType::Counter && !singleTable) return ColumnType::Long;
+  if (type != ColumnType::Unknown) return type;
+  return node.type.family == bound::Family::Number ? ColumnType::Double : ColumnType::Text;
+}
+
+std::vector<ColumnInfo> columnsOf(const BoundSelect& bound) {
+  const bool singleTable = bound.missing.size() == 1;
+  std::vector<ColumnInfo> columns;
+  bool counter = false;
+  for (const bound::Item& item : bound.select.items) {
+    ColumnInfo column{item.name, storedType(item.expr, singleTable && !counter), item.expr.type.size, false};
+    counter = counter || column.type == ColumnType::Counter;
+    if (column.type == ColumnType::Text && column.size == 0) column.size = defaultTextSize;
+    for (const ColumnInfo& other : columns)
+      if (sameName(other.name, column.name))
+        throw RuntimeError(ErrorNumber::DuplicateColumn, "不能多次定义字段 '" + column.name + "'。");
+    columns.push_back(std::move(column));
+  }
+  return columns;
+}
+
+}  // namespace
+
+void raiseTableExists(std::string_view table) {
+  throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + std::string(table) + "' 已存在。");
+}
+
+Translation translateSelectInto(const Select& select, BindContext& context, EngineKind engine) {
+  const std::string& table = select.into->name;
+  BoundSelect bound = bindSelect(context, select, nullptr);
+  if (context.schema.table(table)) raiseTableExists(table);
+  const std::vector<ColumnInfo> columns = columnsOf(bound);
+  bound::Insert fill;
+  fill.table = table;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    fill.columns.push_back(columns[i].name);
+    bound::Node& expr = bound.select.items[i].expr;
+    expr = assigned(context, std::move(expr), columns[i]);
+  }
+  fill.source = std::move(bound.select);
+
+  Translation result;
+  result.kind = StatementKind::SelectInto;
+  result.table = table;
+  result.guard = guardQuery(context.numberColumns, engine);
+  const auto create = emitterFor(engine, context.slots);
+  create->createTable(table, columns);
+  result.sql.push_back(create->take());
+  if (result.guard) result.fastSql = result.sql;
+  const auto print = [&](bool fast) {
+    const auto emitter = emitterFor(engine, context.slots, fast);
+    emitter->insert(fill);
+    return emitter->take();
+  };
+  result.sql.push_back(print(false));
+  if (result.guard) result.fastSql.push_back(print(true));
+  result.slots = std::move(context.slots);
+  return result;
+}
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,169 @@
+#include "store/dialect/TranslateQuery.h"
+
+#include <algorithm>
+
+#include "store/dialect/Emit.h"
+#include "store/dialect/Parser.h"
+#include "store/dialect/Types.h"
+
+namespace zelkor::dialect {
+namespace {
+
+// The tables of the query, for the criteria of later searches.
+class TablesOfScope final : public SchemaView {
+ public:
+  explicit TablesOfScope(const Scope& scope) : scope_(scope) {}
+  const TableInfo* table(std::string_view name) const override {
+    for (const ScopeSource& source : scope_.sources)
+      if (!source.derived && sameName(source.columns.name, name)) return &source.columns;
+    return nullptr;
+  }
+
+ private:
+  const Scope& scope_;
+};
+
+class Separator {
+ public:
+  explicit Separator(Emitter& emitter) : emitter_(emitter) {}
+  Emitter& next() {
+    if (used_) emitter_.text(", ");
+    used_ = true;
+    return emitter_;
+  }
+  bool used() const { return used_; }
+
+ private:
+  Emitter& emitter_;
+  bool used_ = false;
+};
+
+bool hasAggregate(const bound::Node& node) {
+  return std::holds_alternative<bound::Aggregate>(node.node);
+}
+
+}  // namespace
+
+BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, EngineKind engine)
+    : bound_(std::move(bound)), slots_(context.slots), engine_(engine) {
+  for (std::size_t i = 0; i < bound_.missing.size(); ++i)
+    sources_.push_back({bound_.scope.sources[i].columns.name});
+  if (bound_.select.unions.empty()) top_ = bound_.select.top;
+  if (top_) tieKeys_ = bound_.select.orderBy.size();
+  guard_ = guardQuery(context.numberColumns, engine);
+  describeColumns();
+}
+
+void BoundQuery::describeColumns() {
+  for (const bound::Item& item : bound_.select.items) {
+    OutputColumn column;
+    column.name = item.name;
+    column.type = item.expr.type.type;
+    column.size = item.expr.type.size;
+    if (keyed() && item.source) {
+      column.source = item.source;
+      column.sourceColumn = item.sourceColumn;
+    }
+    columns_.push_back(std::move(column));
+  }
+}
+
+// Distinct and united rows are what they are through all of their columns.
+bool BoundQuery::printsWhole() const {
+  return bound_.select.distinct || !bound_.select.unions.empty();
+}
+
+std::string BoundQuery::rows(std::span<const std::size_t> outputColumns, Form form) const {
+  return assembled(outputColumns, form == Form::Fast, {});
+}
+
+std::string BoundQuery::keysWhere(std::string_view criteria) const {
+  return assembled({}, false, condition(criteria));
+}
+
+std::string BoundQuery::assembled(std::span<const std::size_t> outputColumns, bool fast,
+                                  std::string_view also) const {
+  const auto emitter = emitterFor(engine_, slots_, fast);
+  const bound::Select& select = bound_.select;
+  if (!select.unions.empty()) {
+    emitter->select(select, false);
+    return emitter->take();
+  }
+  emitter->text(select.distinct ? "SELECT DISTINCT " : "SELECT ");
+  Separator separator(*emitter);
+  if (keyed())
+    for (const ScopeSource& source : bound_.scope.sources) separator.next().rowKey(source.name);
+  for (std::size_t i = 0; i < tieKeys_; ++i) separator.next().value(select.orderBy[i].expr);
+  bool aggregated = false;
+  const auto column = [&](std::size_t index) {
+    separator.next().value(select.items[index].expr);
+    aggregated = aggregated || hasAggregate(select.items[index].expr);
+  };
+  if (printsWhole()) {
+    for (std::size_t i = 0; i < select.items.size(); ++i) column(i);
+  } else {
+    std::for_each(outputColumns.begin(), outputColumns.end(), column);
+  }
+  // What makes one row of all rows must not be left out with the columns.
+  if (select.aggregated && select.groupBy.empty() && !aggregated) separator.next().text("count(*)");
+  if (!separator.used()) emitter->text("1");
+  emitter->tail(select, also);
+  emitter->orderBy(select);
+  if (also.empty()) emitter->endOutermost(select);
+  return emitter->take();
+}
+
+// Reads the row as it is now, whether it still meets the query's conditions or not: rows stay in a recordset.
+std::string BoundQuery::rowByKey(std::span<const std::size_t> outputColumns) const {
+  const auto emitter = emitterFor(engine_, slots_);
+  emitter->text("SELECT ");
+  Separator separator(*emitter);
+  for (const std::size_t index : outputColumns) separator.next().value(bound_.select.items[index].expr);
+  if (!separator.used()) emitter->text("1");
+
+  std::vector<bound::Source> present;
+  const std::vector<ScopeSource>& sources = bound_.scope.sources;
+  const auto table = [&](std::size_t i) {
+    const std::string& name = sources[i].columns.name;
+    return bound::Table{name, sources[i].name == name ? "" : sources[i].name};
+  };
+  for (std::size_t i = 0; i < sources.size(); ++i)
+    if (!bound_.missing[i]) present.emplace_back(table(i));
+  emitter->fromClause(present);
+  const auto keyEquals = [&](std::size_t i) {
+    emitter->rowKey(sources[i].name);
+    emitter->text(" = ").rowKeyParameter(slots_.size() + 1 + i);
+  };
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    if (!bound_.missing[i]) continue;
+    emitter->text(" LEFT JOIN ").name(table(i).name);
+    if (!table(i).alias.empty()) emitter->text(" AS ").name(table(i).alias);
+    emitter->text(" ON ");
+    keyEquals(i);
+  }
+  std::string_view junction = " WHERE ";
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    if (bound_.missing[i]) continue;
+    emitter->text(junction);
+    keyEquals(i);
+    junction = " AND ";
+  }
+  return emitter->take();
+}
+
+std::string BoundQuery::condition(std::string_view criteria) const {
+  Shape shape;
+  shapeOf(criteria, shape);
+  const Expr expr = parseExpression(criteria, shape);
+  const TablesOfScope tables(bound_.scope);
+  BindContext context{tables, shape, {}, {}};
+  Scope scope = bound_.scope;
+  scope.items = &bound_.select.items;
+  scope.itemsFirst = true;
+  const bound::Node node = ExprBinder(context, scope).condition(expr);
+  const auto emitter = emitterFor(engine_, context.slots);
+  emitter->value(node);
+  return inlineConstants(emitter->take(), context.slots, shape);
+}
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "store/dialect/Bind.h"
+#include "store/dialect/Translation.h"
+
+namespace zelkor::dialect {
+
+/// A query in its bound form, printed in the pieces that a recordset asks for.
+class BoundQuery final : public Query {
+ public:
+  BoundQuery(BoundSelect bound, const BindContext& context, EngineKind engine);
+
+  std::string rows(std::span<const std::size_t> outputColumns, Form form) const override;
+  std::string rowByKey(std::span<const std::size_t> outputColumns) const override;
+  std::string keysWhere(std::string_view criteria) const override;
+
+ private:
+  void describeColumns();
+  bool printsWhole() const;
+  std::string assembled(std::span<const std::size_t> outputColumns, bool fast, std::string_view also) const;
+  void printColumns(class Emitter& emitter, std::span<const std::size_t> outputColumns) const;
+  std::string condition(std::string_view criteria) const;
+
+  BoundSelect bound_;
+  std::vector<ParameterSlot> slots_;
+  EngineKind engine_;
+};
+
+/// The query that tells whether a text that is read as a number is none; nullopt where no such text is read.
+std::optional<std::string> guardQuery(const std::vector<NumberColumn>& columns, EngineKind engine);
+
+/// Statements with the constants of `shape` in the places of their parameters.
+std::string inlineConstants(std::string_view sql, std::span<const ParameterSlot> slots, const Shape& shape);
+
+}  // namespace zelkor::dialect

@@ -29,9 +29,9 @@ constexpr auto kPowers = powersOfTen();
 constexpr std::array<double, 23> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-// 10^-2 to 10^15: the upper bounds of the numbers that have -2 to 15 digits before the point.
-constexpr std::array<double, 18> kTens = {1e-2, 1e-1, 1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
-                                          1e7,  1e8,  1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+// 10^-3 to 10^15: the upper bounds of the numbers that have -3 to 15 digits before the point.
+constexpr std::array<double, 19> kTens = {1e-3, 1e-2, 1e-1, 1e0,  1e1,  1e2,  1e3,  1e4,  1e5, 1e6,
+                                          1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 constexpr std::uint64_t kExactInteger = std::uint64_t{1} << 53;
 
 bool isDigit(char c) {
@@ -64,7 +64,7 @@ bool asScaledInteger(double magnitude, Decimal& result) {
   if (shift <= 0) return false;
   // 1233 / 4096 is a little below the logarithm of 2, so this counts at most one whole digit too few.
   int wholeDigits = ((binaryExponent - 1) * 1233 >> 12) + 1;
-  if (magnitude >= kTens[static_cast<std::size_t>(wholeDigits + 2)]) ++wholeDigits;
+  if (magnitude >= kTens[static_cast<std::size_t>(wholeDigits + 3)]) ++wholeDigits;
   const int places = 15 - wholeDigits;
   const Wide product = static_cast<Wide>(mantissa) * kPowers[static_cast<std::size_t>(places)];
   const Wide whole = product >> shift;

@@ -106,7 +106,8 @@ std::optional<DateTime> DateTime::fromParts(int year, int month, int day, int ho
   if (year < kFirstYear || year > kLastYear || month < 1 || month > 12) return std::nullopt;
   if (day < 1 || day > daysInMonth(year, month)) return std::nullopt;
   if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) return std::nullopt;
-  return DateTime(dayNumber(year, month, day) * kSecondsPerDay + hour * 3600 + minute * 60 + second);
+  return DateTime(dayNumber(year, month, day) * kSecondsPerDay + std::int64_t{hour} * 3600 +
+                  std::int64_t{minute} * 60 + second);
 }
 
 double DateTime::toSerial() const {

@@ -64,7 +64,8 @@ bool asScaledInteger(double magnitude, Decimal& result) {
   if (shift <= 0) return false;
   // 1233 / 4096 is a little below the logarithm of 2, so this counts at most one whole digit too few.
   int wholeDigits = ((binaryExponent - 1) * 1233 >> 12) + 1;
-  if (magnitude >= kTens[static_cast<std::size_t>(wholeDigits + 3)]) ++wholeDigits;
+  const int bound = wholeDigits + 3;
+  if (magnitude >= kTens[static_cast<std::size_t>(bound)]) ++wholeDigits;
   const int places = 15 - wholeDigits;
   const Wide product = static_cast<Wide>(mantissa) * kPowers[static_cast<std::size_t>(places)];
   const Wide whole = product >> shift;
@@ -84,7 +85,7 @@ Decimal decimalOf(double value) {
   const double magnitude = std::fabs(value);
   if (asShortDecimal(magnitude, result) || asScaledInteger(magnitude, result)) return result;
 
-  std::array<char, 40> buffer;
+  std::array<char, 40> buffer{};
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
                                  std::chars_format::scientific, 14)
                        .ptr;

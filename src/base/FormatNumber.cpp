@@ -245,13 +245,14 @@ std::string formatNumber(const Decimal& value, std::string_view picture) {
 
 std::string formatFixed(const Decimal& value, int places) {
   const Decimal rounded = roundedTo(value, places, Tie::AwayFromZero);
-  std::array<char, 24> buffer;
+  std::array<char, 24> buffer{};
   char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), rounded.coefficient).ptr;
   std::string text;
   if (rounded.negative && !rounded.isZero()) text.push_back('-');
   const std::size_t sign = text.size();
   text.append(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  if (!rounded.isZero()) text.append(static_cast<std::size_t>(rounded.exponent + places), '0');
+  const int zeros = rounded.exponent + places;
+  if (!rounded.isZero()) text.append(static_cast<std::size_t>(zeros), '0');
   const auto decimals = static_cast<std::size_t>(places);
   if (decimals == 0) return text;
   if (text.size() - sign <= decimals) text.insert(sign, decimals + 1 - (text.size() - sign), '0');

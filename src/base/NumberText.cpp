@@ -118,7 +118,7 @@ Decimal withoutTrailingZeros(Decimal value) {
 }
 
 std::string digitsOf(std::uint64_t coefficient) {
-  std::array<char, 24> buffer;
+  std::array<char, 24> buffer{};
   return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), coefficient).ptr};
 }
 

@@ -18,6 +18,8 @@ class Value {
   enum class Kind : std::uint8_t { Null, Boolean, Short, Long, Double, Currency, Date, Text };
 
   Value() = default;  // Null
+  // Implicit: a value stands wherever the platform would convert.
+  // NOLINTBEGIN(google-explicit-constructor)
   Value(bool value) : data_(value) {}
   Value(std::int16_t value) : data_(value) {}
   Value(std::int32_t value) : data_(value) {}
@@ -27,6 +29,7 @@ class Value {
   Value(std::string value) : data_(std::move(value)) {}
   Value(std::string_view value) : data_(std::string(value)) {}
   Value(const char* value) : data_(std::string(value)) {}
+  // NOLINTEND(google-explicit-constructor)
 
   Kind kind() const { return static_cast<Kind>(data_.index()); }
   bool isNull() const { return kind() == Kind::Null; }

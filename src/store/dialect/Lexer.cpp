@@ -109,6 +109,21 @@ bool opensExpression(const Lexeme& lexeme) {
   }
 }
 
+/// A keyword that can stand behind a whole item of an ORDER BY or GROUP BY list.
+bool followsListItem(Keyword keyword) {
+  switch (keyword) {
+    case Keyword::Asc:
+    case Keyword::Desc:
+    case Keyword::Having:
+    case Keyword::Union:
+    case Keyword::Order:
+    case Keyword::With:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 const Lexeme& Lexer::next() {
@@ -263,7 +278,10 @@ bool Lexer::belongsToShape(Expected expected, std::string_view digits) const {
   if (expected != Expected::Ordinal) return false;
   const char* p = cursor_;
   while (p != end_ && classOf(*p) == Blank) ++p;
-  return p == end_ || *p == ',' || *p == ')' || *p == ';' || classOf(*p) == Letter;
+  if (p == end_ || *p == ',' || *p == ')' || *p == ';') return true;
+  const char* word = p;
+  while (p != end_ && continuesWord(p, end_)) ++p;
+  return followsListItem(keywordOf(std::string_view(word, static_cast<std::size_t>(p - word))));
 }
 
 bool Lexer::followsOperand() const {

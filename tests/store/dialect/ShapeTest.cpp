@@ -94,6 +94,7 @@ TEST(Shape, KeepsNumbersOnWhichTheTranslationDepends) {
       {"select a from t group by 1,b having c=3 order by 1;",
        "select a from t group by 1,b having c={n} order by 1;"},
       {"select a from t order by 1+b,left(c,2),3", "select a from t order by {n}+b,left(c,{n}),3"},
+      {"select a from t order by 3 mod b,2desc", "select a from t order by {n} mod b,2desc"},
       {"select a from (select 1 from t order by 1),4", "select a from (select {n} from t order by 1),{n}"},
       {"select 1 from t group by a union select 2,3 from t",
        "select {n} from t group by a union select {n},{n} from t"},

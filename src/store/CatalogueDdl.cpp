@@ -104,16 +104,18 @@ std::string createIndex(const TableDef& table, const IndexDef& index, EngineKind
 }
 
 /// The two indexes by which a text is ordered as a whole number: one over the number, one that finds at once
-/// whether some row's text is none. Only SQLite casts any text without an error, which an index must.
+/// whether some row's text is none. Only SQLite casts any text without an error, which an index must. A cast
+/// keeps its column's collation, and SQLite uses an index over one only where it names that collation.
 void addNumberIndexes(std::vector<std::string>& statements, const TableDef& table, const ColumnInfo& column) {
   const std::string name = table.info.name + '_' + column.name;
   const std::string text = quoted(column.name);
   const std::string on = " ON " + quoted(table.info.name);
-  statements.push_back("CREATE INDEX " + quoted("zk_number_" + name) + on + " (CAST(" + text +
-                       " AS INTEGER))");
+  const std::string number = "CAST(" + text + " AS INTEGER)";
+  statements.push_back("CREATE INDEX " + quoted("zk_number_" + name) + on + " (" + number +
+                       " COLLATE NOCASE, " + text + ")");
   statements.push_back("CREATE INDEX " + quoted("zk_odd_" + name) + on + " (" + text + ") WHERE " + text +
-                       " IS NULL OR " + text + " = '' OR " + text + " GLOB '*[^0-9]*' OR CAST(" + text +
-                       " AS INTEGER) > 999999999");
+                       " IS NULL OR " + text + " = '' OR " + text + " GLOB '*[^0-9]*' OR " + number +
+                       " > 999999999");
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ TEST_F(SyncDepartmentsTest, stopsAtANameWithAQuoteAndLeavesWhatWentBefore) {
   depart.Edit();
   depart.Collect("cDepName", "O'Brien");
   depart.Update();
-  EXPECT_EQ(errorOf([&] { SyncDepartments(context); }), 3075);
+  EXPECT_EQ(errorOf([&] { SyncDepartments(context); }), 3134);
   EXPECT_EQ(mirror(), std::vector<std::string>{"1|1|~|~||0|1"});
 }
 

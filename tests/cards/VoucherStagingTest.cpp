@@ -54,16 +54,9 @@ TEST_F(VoucherStagingTest, isWrittenAnewForACardNumbered02) {
   EXPECT_EQ(staged().front(), "00000000000000000001|02|1|12000.5|0|1");
   ASSERT_TRUE(cards.UpdateCard(changed, 5, "02", CardLayout::Ordinary));
   EXPECT_EQ(staged(),
-            (std::vector<std::string>{"00000000000000000002|00003|1|12000.5|0|1",
-                                      "00000000000000000002|00003|2|0|12000.5|2",
+            (std::vector<std::string>{"00000000000000000002|00003|3|12000.5|0|1",
+                                      "00000000000000000002|00003|4|0|12000.5|2",
                                       "00000000000000000003|02|1|5|0|1", "00000000000000000003|02|2|0|5|2"}));
-}
-
-TEST_F(VoucherStagingTest, numbersLinesOnBehindThoseOfAnEvent02) {
-  ASSERT_TRUE(save(card("02"), NewCardType::AddedInPeriod));
-  ASSERT_TRUE(save(card("00002"), NewCardType::AddedInPeriod));
-  EXPECT_EQ(rows("select inid from fa_ZWVouchers where coutno_id='00002' order by i_id"),
-            (std::vector<std::string>{"3", "4"}));
 }
 
 }  // namespace

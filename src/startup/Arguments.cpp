@@ -4,6 +4,7 @@
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "startup/Logs.h"
 #include "startup/Strings.h"
 
@@ -51,7 +52,7 @@ void ReadCommandArgs(RunContext& context, const std::string& arguments) {
 
 void ParseArgs(RunContext& context, const std::string& arguments) {
   setDefaults(context);
-  if (trimBlanks(arguments).empty()) return;
+  if (Trim(arguments).empty()) return;
 
   std::vector<std::string> fields;
   SplitString(arguments, fields, ",", true);

@@ -32,6 +32,8 @@ std::optional<int> guarded(RunContext& context, const std::function<void()>& wor
     return end.status;
   } catch (const RuntimeError& error) {
     report(context, runtimeReport(error));
+  } catch (const std::ios_base::failure&) {
+    report(context, "不能写出结果：输出已关闭");
   } catch (const std::exception& error) {
     report(context, std::string("内部错误：") + error.what());
   }

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace zelkor {
 namespace {
@@ -39,12 +40,6 @@ void expandParagraph(std::string& text) {
 
 }  // namespace
 
-std::string_view trimBlanks(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 void SplitString(std::string_view text, std::vector<std::string>& array, std::string_view delimiter,
                  bool exact) {
   array.assign(1, std::string());
@@ -52,10 +47,10 @@ void SplitString(std::string_view text, std::vector<std::string>& array, std::st
   while (!delimiter.empty() && from <= text.size()) {
     const auto hit = findText(text, delimiter, from, true);
     if (hit == std::string_view::npos) break;
-    array.emplace_back(trimBlanks(text.substr(from, hit - from)));
+    array.emplace_back(Trim(text.substr(from, hit - from)));
     from = hit + delimiter.size();
   }
-  array.emplace_back(trimBlanks(text.substr(from)));
+  array.emplace_back(Trim(text.substr(from)));
   if (!exact) array.resize(std::max(array.size(), kLeastUpperBound + 1));
 }
 

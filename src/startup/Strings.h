@@ -24,7 +24,4 @@ const std::string& element(const std::vector<std::string>& array, std::size_t in
 /// error 6 beyond 32,767 characters.
 std::string ReplaceString(std::string text, std::string find, std::string replacement, std::int16_t compare);
 
-/// `text` without the blanks at both ends.
-std::string_view trimBlanks(std::string_view text);
-
 }  // namespace zelkor

@@ -1,5 +1,6 @@
 #include "ui/QtDialogs.h"
 
+#include <iostream>
 #include <QAbstractButton>
 #include <QAbstractTableModel>
 #include <QApplication>
@@ -74,6 +75,12 @@ QMessageBox::StandardButton defaultOf(const MessageBox& box) {
   return QMessageBox::Ok;
 }
 
+/// Where there is no screen nobody can press a button: a box that only tells must not wait for one.
+bool hasScreen() {
+  const QString platform = QGuiApplication::platformName();
+  return platform != "offscreen" && platform != "minimal";
+}
+
 QString titleOf(const std::string& title) {
   return title.empty() ? QStringLiteral("Zelkor") : QString::fromStdString(title);
 }
@@ -138,6 +145,10 @@ void arrange(QTableView& view, const TextGrid& grid) {
 }  // namespace
 
 Answer QtDialogs::ask(const MessageBox& box) {
+  if (box.buttons == Buttons::Ok && !hasScreen()) {
+    std::cerr << titleOf(box.title).toStdString() << ": " << box.text << std::endl;
+    return Answer::Ok;
+  }
   QMessageBox window(QApplication::activeWindow());
   window.setWindowTitle(titleOf(box.title));
   window.setTextFormat(Qt::PlainText);

@@ -1,6 +1,7 @@
 #include "startup/Main.h"
 
 #include <algorithm>
+#include <iostream>
 #include <QApplication>
 #include <QStringList>
 #include <QWidget>
@@ -17,6 +18,12 @@ namespace {
 /// The argument string: what stands behind the program's name, whole, as the suite's shell hands it over.
 std::string argumentString() {
   return QCoreApplication::arguments().mid(1).join(' ').toStdString();
+}
+
+/// Asked before Qt is, which aborts the process where it finds no display.
+bool displayIsMissing() {
+  const auto unset = [](const char* name) { return qEnvironmentVariableIsEmpty(name); };
+  return unset("DISPLAY") && unset("WAYLAND_DISPLAY") && unset("QT_QPA_PLATFORM");
 }
 
 bool anyFormIsShown() {
@@ -45,6 +52,10 @@ int runModule() {
 }  // namespace zelkor
 
 int main(int argc, char** argv) {
+  if (zelkor::displayIsMissing()) {
+    std::cerr << "zelkor: 没有显示器（DISPLAY 未设置），不能打开窗口；批处理运行类型可用 zelkorctl run\n";
+    return 1;
+  }
   const QApplication application(argc, argv);
   QApplication::setApplicationName("Zelkor");
   return zelkor::runModule();

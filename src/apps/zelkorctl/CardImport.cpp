@@ -1,10 +1,12 @@
 #include "apps/zelkorctl/CardImport.h"
 
+#include <algorithm>
 #include <ostream>
 
 #include "apps/zelkorctl/CardRow.h"
-#include "apps/zelkorctl/Csv.h"
+#include "base/Csv.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "cards/ClsBLLFACards.h"
 
 namespace zelkor {
@@ -24,7 +26,7 @@ class CardImport {
   }
 
   /// Everything that kept the row from being saved.
-  std::vector<CellProblem> save(const CsvRow& row);
+  std::vector<CellProblem> save(const CsvRecord& row);
 
  private:
   std::vector<CellProblem> number(CardValues& card);
@@ -54,8 +56,7 @@ std::vector<CellProblem> CardImport::number(CardValues& card) {
   return {{std::string(cardFieldLabel(CardField::AssetNumber)), "不能为空：本账套的固定资产编号由手工输入"}};
 }
 
-std::vector<CellProblem> CardImport::save(const CsvRow& row) {
-  if (row.unclosedQuote) return {{columns_.caption(0), "引号未闭合"}};
+std::vector<CellProblem> CardImport::save(const CsvRecord& row) {
   CardValues card;
   auto problems = readCardRow(columns_, row.fields, archives_, defaults_, card);
   if (problems.empty()) problems = number(card);
@@ -65,7 +66,26 @@ std::vector<CellProblem> CardImport::save(const CsvRow& row) {
   return {{columns_.caption(0), "数据库拒绝保存此卡片"}};
 }
 
-void print(std::ostream& out, long line, const std::vector<CellProblem>& problems) {
+/// Undoes everything unless it is committed.
+class OneTransaction {
+ public:
+  explicit OneTransaction(Workspace& workspace) : workspace_(workspace) { workspace_.BeginTrans(); }
+  OneTransaction(const OneTransaction&) = delete;
+  OneTransaction& operator=(const OneTransaction&) = delete;
+  ~OneTransaction() {
+    try {
+      if (workspace_.inTransaction()) workspace_.Rollback();
+    } catch (const RuntimeError&) {
+      // the error that led here is the one to report
+    }
+  }
+  void commit() { workspace_.CommitTrans(); }
+
+ private:
+  Workspace& workspace_;
+};
+
+void print(std::ostream& out, std::size_t line, const std::vector<CellProblem>& problems) {
   out << "第" << line << "行";
   const char* separator = "，";
   for (const CellProblem& problem : problems) {
@@ -73,6 +93,32 @@ void print(std::ostream& out, long line, const std::vector<CellProblem>& problem
     separator = "；";
   }
   out << '\n';
+}
+
+void requireUtf8(std::string_view csv) {
+  for (std::size_t line = 1; !csv.empty(); ++line) {
+    const std::size_t end = std::min(csv.find('\n'), csv.size() - 1) + 1;
+    if (!isValidUtf8(csv.substr(0, end))) {
+      throw RuntimeError(ErrorNumber::DataTypeConversion,
+                         "文件不是 UTF-8 编码（第" + std::to_string(line) + "行）");
+    }
+    csv.remove_prefix(end);
+  }
+}
+
+/// Imports the next row; false at the end. A row whose quotes are wrong is refused like any other bad row.
+bool importNext(CsvReader& reader, CardImport& import, ImportResult& result, std::ostream& problems) {
+  try {
+    const auto row = reader.next();
+    if (!row) return false;
+    const auto found = import.save(*row);
+    if (!found.empty()) print(problems, row->line, found);
+    ++(found.empty() ? result.stored : result.refused);
+  } catch (const CsvError& error) {
+    problems << error.what() << '\n';
+    ++result.refused;
+  }
+  return true;
 }
 
 RegisterColumns columnsOf(CsvReader& reader, std::ostream& problems) {
@@ -88,19 +134,15 @@ RegisterColumns columnsOf(CsvReader& reader, std::ostream& problems) {
 }  // namespace
 
 ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems) {
-  if (const auto line = firstLineThatIsNotUtf8(csv)) {
-    throw RuntimeError(ErrorNumber::DataTypeConversion,
-                       "文件不是 UTF-8 编码（第" + std::to_string(*line) + "行）");
-  }
-  CsvReader reader(csv);
+  requireUtf8(csv);
+  CsvReader reader{std::string(csv)};
   RegisterColumns columns = columnsOf(reader, problems);
   CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
   ImportResult result;
-  while (const auto row = reader.next()) {
-    const auto found = import.save(*row);
-    if (!found.empty()) print(problems, row->line, found);
-    ++(found.empty() ? result.stored : result.refused);
+  OneTransaction transaction(context.engine.workspace());
+  while (importNext(reader, import, result, problems)) {
   }
+  transaction.commit();
   return result;
 }
 

@@ -9,7 +9,7 @@
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "base/RuntimeError.h"
-#include "startup/Strings.h"
+#include "base/Text.h"
 #include "store/Catalogue.h"
 
 namespace zelkor {
@@ -58,8 +58,7 @@ class RowCheck {
 void RowCheck::fits(CardField field, std::string_view column) {
   const auto* info = catalogueTable("fa_Cards")->info.find(column);
   const std::string& text = card_[field];
-  const auto length = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
-  if (info && info->size > 0 && length > info->size) {
+  if (info && info->size > 0 && Len(text) > static_cast<std::size_t>(info->size)) {
     refuse(field, "超过" + std::to_string(info->size) + "个字符");
   }
 }
@@ -121,7 +120,7 @@ void checkArchives(RowCheck& check, CardValues& card, const CardArchives& archiv
   check.known(CardField::UsageStatus, archives.statuses, "使用状况");
   check.known(CardField::DepreciationMethod, archives.methodNames, "折旧方法");
   const std::string& department = card[CardField::Department];
-  const std::string code(trimBlanks(std::string_view(department).substr(0, department.find(','))));
+  const std::string code = Trim(std::string_view(department).substr(0, department.find(',')));
   if (!department.empty() && !archives.departments.contains(code)) {
     check.refuse(CardField::Department, "部门中没有“" + code + "”");
   }
@@ -175,10 +174,6 @@ void checkLengths(RowCheck& check) {
   check.fits(CardField::WorkloadUnit, "sWorkUnit");
 }
 
-std::string trimmed(const std::string& cell) {
-  return std::string(trimBlanks(cell));
-}
-
 }  // namespace
 
 CardArchives CardArchives::read(Database& data) {
@@ -191,7 +186,7 @@ CardArchives CardArchives::read(Database& data) {
 
 RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
   for (const std::string& cell : header) {
-    captions_.push_back(trimmed(cell));
+    captions_.push_back(Trim(cell));
     if (!cardFieldOfLabel(captions_.back())) unknown_.push_back(captions_.back());
     if (std::ranges::count(captions_, captions_.back()) > 1) {
       throw RuntimeError(ErrorNumber::DataTypeConversion, "表头中列“" + captions_.back() + "”出现了不止一次");
@@ -210,7 +205,7 @@ RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
 CardValues RegisterColumns::values(const std::vector<std::string>& cells) const {
   CardValues card;
   for (std::size_t i = 0; i < std::min(cells.size(), captions_.size()); ++i) {
-    if (const auto field = cardFieldOfLabel(captions_[i])) card[*field] = trimmed(cells[i]);
+    if (const auto field = cardFieldOfLabel(captions_[i])) card[*field] = Trim(cells[i]);
   }
   return card;
 }

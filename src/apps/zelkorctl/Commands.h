@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "apps/zelkorctl/TerminalDialogs.h"
 #include "base/DateTime.h"
+#include "base/TerminalDialogs.h"
 #include "store/AccountSet.h"
 
 // The calls of zelkorctl. Each prints to `output` and answers the exit status; what cannot be done is raised
@@ -34,7 +34,7 @@ int importCommand(const ImportOptions& options, std::ostream& output, std::ostre
 
 struct RunOptions {
   std::string arguments;
-  AnswerPlan answers;
+  TerminalDialogs::Options dialogs;
   std::optional<DateTime> today;
 };
 

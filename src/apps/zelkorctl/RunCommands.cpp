@@ -37,7 +37,7 @@ int importCommand(const ImportOptions& options, std::ostream& output, std::ostre
   const std::string csv = contentOf(options.file);
   const auto clock = clockOf(options.today);
   DbEngine engine;
-  TerminalDialogs dialogs(output, std::cin, {});
+  TerminalDialogs dialogs(std::cin, output);
   RunContext context(engine, dialogs, *clock);
   prepareRun(context, options.arguments);
   const ImportResult result = importCards(context, csv, options.newType, problems);
@@ -51,7 +51,7 @@ int importCommand(const ImportOptions& options, std::ostream& output, std::ostre
 int runCommand(const RunOptions& options, std::ostream& output, std::istream& input) {
   const auto clock = clockOf(options.today);
   DbEngine engine;
-  TerminalDialogs dialogs(output, input, options.answers);
+  TerminalDialogs dialogs(input, output, options.dialogs);
   RunContext context(engine, dialogs, *clock);
   context.programFolder = programFolder();
   writeOutBeforeShowing(context);

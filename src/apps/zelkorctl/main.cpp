@@ -7,6 +7,7 @@
 
 #include "apps/zelkorctl/Commands.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 
 namespace zelkor {
 namespace {
@@ -44,23 +45,19 @@ std::string checkedDate(const std::string& text) {
 }
 
 std::string checkedAnswers(const std::string& text) {
-  const bool wellFormed = [&] {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      const bool letter = text[i] == 'y' || text[i] == 'n' || text[i] == 'c';
-      if (i % 2 == 0 ? !letter : text[i] != ',') return false;
-    }
-    return text.size() % 2 == 1;
-  }();
-  return wellFormed ? std::string() : "“" + text + "”不是用逗号隔开的 y、n、c";
+  for (const std::string& word : Split(text, ',')) {
+    if (!answerFromWord(word)) return "“" + word + "”不是 y、n、o 或 c";
+  }
+  return text.empty() ? "没有回答" : std::string();
 }
 
-AnswerPlan answerPlan(const std::string& answers, bool yes) {
-  AnswerPlan plan;
-  for (const char c : answers) {
-    if (c != ',') plan.answers.push_back(c);
-  }
-  plan.yesToAll = yes;
-  return plan;
+TerminalDialogs::Options dialogOptions(const std::string& answers, bool yes) {
+  TerminalDialogs::Options options;
+  options.yesToAll = yes;
+  if (answers.empty()) return options;
+  options.answers.emplace();
+  for (const std::string& word : Split(answers, ',')) options.answers->push_back(*answerFromWord(word));
+  return options;
 }
 
 std::optional<DateTime> dayOf(const std::string& today) {
@@ -132,11 +129,11 @@ void CommandLine::addImport() {
 
 void CommandLine::addRun() {
   CLI::App* command = addJob(app_, "run", "在终端中执行批处理运行类型 / run a batch run type");
-  command->add_option("--answers", answers_, "依次的回答：y,n,c")->check(checkedAnswers);
+  command->add_option("--answers", answers_, "依次的回答：y 是，n 否，o 确定，c 取消")->check(checkedAnswers);
   command->add_flag("--yes", yes_, "其余问题一律回答“是”");
   command->callback([this] {
     call_ = [this] {
-      return runCommand({arguments_, answerPlan(answers_, yes_), dayOf(today_)}, std::cout, std::cin);
+      return runCommand({arguments_, dialogOptions(answers_, yes_), dayOf(today_)}, std::cout, std::cin);
     };
   });
 }

@@ -1,0 +1,232 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "apps/ProgramRun.h"
+#include "support/Support.h"
+
+// The real programs, from their command line to their exit status.
+namespace zelkor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kHeader =
+    "固定资产名称,类别编号,部门名称,增加方式,使用状况,使用年限,折旧方法,开始使用日期,原值,净残值率,"
+    "对应折旧科目\n";
+constexpr const char* kSecondCopy = "程序已打开，如要再次打开，请关闭已打开的程序！";
+
+class ProgramsTest : public testing::Test {
+ protected:
+  ProgramResult ctl(const std::vector<std::string>& arguments) {
+    return ProgramRun(ZELKORCTL, arguments, home()).finish();
+  }
+  void create(const std::vector<std::string>& options = {"--sample"}) {
+    std::vector<std::string> arguments{"create", setPath().string()};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const ProgramResult result = ctl(arguments);
+    ASSERT_EQ(result.status, 0) << result.errors;
+  }
+  std::string sql(const std::string& statement) {
+    const ProgramResult result = ctl({"sql", data(), statement});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    return result.output;
+  }
+  ProgramResult import(const std::string& csv) {
+    writeFile(home() / "register.csv", csv);
+    return ctl(
+        {"cards", "import", arguments("5"), (home() / "register.csv").string(), "--today", "2020-01-31"});
+  }
+
+  std::string arguments(const std::string& runType) const {
+    return data() + ",陈会计,2020-01-31," + runType + "," + (setPath() / "ZkSystem.Mdb").string() + ",001";
+  }
+  const fs::path& home() const { return directory.path(); }
+  fs::path setPath() const { return home() / "set"; }
+  std::string data() const { return (setPath() / "ZkData.Mdb").string(); }
+
+  TempDir directory;
+};
+
+TEST_F(ProgramsTest, AMonthFromAnEmptyDirectory) {
+  create();
+  const ProgramResult imported =
+      import(std::string(kHeader) +
+             "车床,021,301,101,11,120,平均年限法(一),2018-03-05,12000,0.05,410502\n"
+             "铣床,021,301,101,11,120,平均年限法(一),2018-03-05,24000,0.05,410502\n"
+             "MEN'S BOOTS,06,1,101,11,60,平均年限法(一),2018-03-05,100,0.05,550202\n");
+  EXPECT_EQ(imported.status, 1);
+  EXPECT_EQ(imported.output, "共 3 行：已保存 2 行，拒绝 1 行\n");
+  EXPECT_EQ(imported.errors, "第4行，列“固定资产名称”：值中有单引号（'），会打断保存卡片的语句\n");
+
+  const ProgramResult run = ctl({"run", arguments("8"), "--answers", "y,y,n", "--today", "2020-01-31"});
+  EXPECT_EQ(run.status, 0) << run.errors;
+  EXPECT_NE(run.output.find("请您确定在继续操作之前"), std::string::npos);
+  EXPECT_NE(run.output.find("折旧分配表"), std::string::npos);
+  EXPECT_NE(run.output.find("== 固定资产 ==（警告）\n计提折旧完成!"), std::string::npos);
+  EXPECT_EQ(sql("select ccode,cdept_id,md,mc from fa_ZWVouchers where coutsign='折旧计提' order by inid"),
+            "ccode\tcdept_id\tmd\tmc\n410502\t301\t284.4\t0\n\\N\t\\N\t0\t284.4\n");
+}
+
+TEST_F(ProgramsTest, AnswersEndARunWithoutWork) {
+  create();
+  const ProgramResult refused = ctl({"run", arguments("8"), "--answers", "n"});
+  EXPECT_EQ(refused.status, 0);
+  EXPECT_EQ(sql("select count(*) as n from fa_ZWVouchers"), "n\n0\n");
+  const ProgramResult unanswered = ctl({"run", arguments("8")});
+  EXPECT_EQ(unanswered.status, 1);
+  EXPECT_NE(unanswered.errors.find("没有可读的回答"), std::string::npos);
+
+  const ProgramResult reset = ctl({"run", arguments("23"), "--yes"});
+  EXPECT_EQ(reset.status, 0) << reset.errors;
+  EXPECT_NE(reset.output.find("已重新初始化账套！"), std::string::npos);
+  const ProgramResult balance = ctl({"run", arguments("21")});
+  EXPECT_EQ(balance.status, 0);
+  EXPECT_NE(balance.output.find("== 与账务对账结果 =="), std::string::npos);
+  EXPECT_EQ(ctl({"run", arguments("99")}).status, 0);
+  const ProgramResult screen = ctl({"run", arguments("4")});
+  EXPECT_EQ(screen.status, 1);
+  EXPECT_NE(screen.output.find("本程序中没有“FrmFLBMB”"), std::string::npos);
+}
+
+TEST_F(ProgramsTest, SqlPrintsRowsAndCounts) {
+  create({});
+  EXPECT_EQ(sql("insert into Fa_log (dDate,mMemo) values (#2020-1-31#,'a\tb\\c')"), "1\n");
+  EXPECT_EQ(sql("select dDate,sOperater,mMemo from fa_LOG"),
+            "dDate\tsOperater\tmMemo\n2020-01-31 00:00:00\t\\N\ta\\tb\\\\c\n");
+  EXPECT_EQ(sql("update Fa_log set mMemo='账' where 1=0"), "0\n");
+  EXPECT_EQ(sql("select * into copied from Fa_log"), "1\n");
+
+  const auto rows = nlohmann::json::parse(
+      ctl({"sql", data(), "select dDate,sOperater,True as yes,1.5 as n,len(mMemo) as l from copied",
+           "--json"})
+          .output);
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0]["dDate"], "2020-01-31 00:00:00");
+  EXPECT_TRUE(rows[0]["sOperater"].is_null());
+  EXPECT_EQ(rows[0]["n"], 1.5);
+  EXPECT_EQ(rows[0]["l"], 5);
+  EXPECT_EQ(nlohmann::json::parse(ctl({"sql", data(), "select * from copied where 1=0", "--json"}).output),
+            nlohmann::json::array());
+}
+
+TEST_F(ProgramsTest, TranslateSpeaksBothEngines) {
+  const std::string statement = "select sCardNum from FA_cards where sAssetName like 'a*'";
+  const ProgramResult sqlite = ctl({"translate", statement});
+  const ProgramResult postgres = ctl({"translate", statement, "--engine", "postgresql"});
+  EXPECT_EQ(sqlite.status, 0) << sqlite.errors;
+  EXPECT_EQ(postgres.status, 0) << postgres.errors;
+  EXPECT_NE(sqlite.output, postgres.output);
+  EXPECT_NE(postgres.output.find("\"fa_cards\""), std::string::npos);
+  const ProgramResult broken = ctl({"translate", "select from where"});
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_NE(broken.errors.find("3075"), std::string::npos);
+}
+
+struct BadInput {
+  std::vector<std::string> arguments;
+  int status;
+  const char* message;
+};
+
+TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
+  create();
+  const fs::path empty = home() / "empty.csv";
+  writeFile(empty, "");
+  const fs::path text = home() / "text.Mdb";
+  writeFile(text, std::string(4096, 'x'));
+  const fs::path jet = home() / "jet.Mdb";
+  writeFile(jet, std::string("\x00\x01\x00\x00Standard Jet DB\x00", 20) + std::string(4076, '\0'));
+  const std::string system = "," + (setPath() / "ZkSystem.Mdb").string() + ",001";
+  const auto withPath = [&](const fs::path& path) { return path.string() + ",u,2020-1-31,21" + system; };
+
+  const BadInput cases[] = {
+      {{}, 2, "用法错误"},
+      {{"fly"}, 2, "用法错误"},
+      {{"create"}, 2, "用法错误"},
+      {{"create", (home() / "x").string(), "--month", "13"}, 2, "用法错误"},
+      {{"translate", "select 1", "--engine", "jet"}, 2, "用法错误"},
+      {{"run", arguments("8"), "--answers", "y,maybe"}, 2, "用法错误"},
+      {{"run", arguments("8"), "--today", "31.1."}, 2, "用法错误"},
+      {{"cards", "import", arguments("5"), empty.string(), "--new-type", "3"}, 2, "用法错误"},
+      {{"create", setPath().string()}, 1, "已"},
+      {{"sql", (home() / "none.Mdb").string(), "select 1"}, 1, "none.Mdb"},
+      {{"sql", home().string(), "select 1"}, 1, "错误"},
+      {{"sql", text.string(), "select 1"}, 1, "3343"},
+      {{"sql", jet.string(), "select 1"}, 1, "导入"},
+      {{"sql", data(), "select * from nowhere"}, 1, "nowhere"},
+      {{"sql", data(), "select 'it's'"}, 1, "3075"},
+      {{"run", withPath(home() / "none.Mdb")}, 1, "none.Mdb"},
+      {{"run", withPath(home())}, 1, "实时错误"},
+      {{"run", withPath(text)}, 1, "3343"},
+      {{"run", withPath(jet)}, 1, "导入"},
+      {{"run", ""}, 1, "第4个参数"},
+      {{"run", "a,b"}, 1, "第4个参数"},
+      {{"run", arguments("x")}, 1, "'13'"},
+      {{"run", arguments("70000")}, 1, "'6'"},
+      {{"run", data() + ",u,tomorrow,21" + system}, 1, "“tomorrow”"},
+      {{"cards", "import", arguments("5"), (home() / "none.csv").string()}, 1, "none.csv"},
+      {{"cards", "import", arguments("5"), home().string()}, 1, "目录"},
+      {{"cards", "import", arguments("5"), empty.string()}, 1, "没有表头"},
+      {{"cards", "import", "a,b", empty.string()}, 1, "第4个参数"},
+  };
+  for (const BadInput& c : cases) {
+    const ProgramResult result = ctl(c.arguments);
+    std::string call = "zelkorctl";
+    for (const std::string& word : c.arguments) call += " " + word;
+    EXPECT_EQ(result.status, c.status) << call << "\n" << result.errors;
+    EXPECT_NE(result.errors.find(c.message), std::string::npos) << call << "\n" << result.errors;
+  }
+  EXPECT_FALSE(fs::exists(home() / "x"));
+  EXPECT_EQ(sql("select count(*) as n from fa_Cards"), "n\n0\n");
+}
+
+TEST_F(ProgramsTest, AClosedOutputIsReported) {
+  create();
+  ProgramRun run(ZELKORCTL, {"sql", data(), "select * from code, AccInformation"}, home());
+  run.closeOutput();
+  const ProgramResult result = run.finish();
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.errors.find("输出已关闭"), std::string::npos) << result.errors;
+}
+
+TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {
+  create();
+  ProgramRun first(ZELKORCTL, {"run", arguments("8")}, home());
+  ASSERT_TRUE(first.waitForOutput("继续?"));
+  const ProgramResult second = ctl({"run", arguments("21")});
+  EXPECT_EQ(second.status, 2);
+  EXPECT_NE(second.output.find(std::string("== 凭证 ==（警告）\n") + kSecondCopy), std::string::npos);
+  first.kill();
+  EXPECT_EQ(ctl({"run", arguments("21")}).status, 0);
+}
+
+#ifdef ZELKOR_PROGRAM
+TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
+  create();
+  const auto module = [this](const std::string& argumentString) {
+    return ProgramRun(ZELKOR_PROGRAM, {argumentString}, home()).finish();
+  };
+  EXPECT_EQ(module(arguments("99")).status, 0);
+  const ProgramResult initialised = module(arguments("0"));
+  EXPECT_EQ(initialised.status, 0);
+  EXPECT_EQ(initialised.errors, "");
+  const ProgramResult balance = module(arguments("21"));
+  EXPECT_EQ(balance.status, 0);
+  EXPECT_NE(balance.errors.find("与账务对账结果"), std::string::npos);
+  const ProgramResult failed = module("");
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_NE(failed.errors.find("实时错误 '13'"), std::string::npos);
+
+  ProgramRun first(ZELKORCTL, {"run", arguments("8")}, home());
+  ASSERT_TRUE(first.waitForOutput("继续?"));
+  const ProgramResult second = module(arguments("4"));
+  EXPECT_EQ(second.status, 2);
+  EXPECT_NE(second.errors.find(kSecondCopy), std::string::npos);
+}
+#endif
+
+}  // namespace
+}  // namespace zelkor::test

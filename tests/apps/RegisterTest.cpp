@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "apps/zelkorctl/CardImport.h"
+#include "support/AccountSetFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+/// A register of one row, of which a test changes single cells.
+class ImportTest : public AccountSetTest {
+ protected:
+  static Rows goodRegister() {
+    return {{"卡片编号", "固定资产编号", "固定资产名称", "类别编号", "部门名称", "增加方式", "使用状况",
+             "使用年限", "折旧方法", "开始使用日期", "原值", "净残值率", "累计折旧", "录入日期"},
+            {"", "", "数控车床", "021", "301", "101", "11", "120", "平均年限法(一)", "2018-3-5", "1200.00",
+             "0.05", "200.00", "2020-01-01"}};
+  }
+
+  static std::string csvOf(const Rows& rows) {
+    std::string text;
+    for (const auto& row : rows) {
+      for (std::size_t i = 0; i < row.size(); ++i) text += (i == 0 ? "\"" : ",\"") + row[i] + "\"";
+      text += "\n";
+    }
+    return text;
+  }
+
+  ImportResult import(const Rows& rows, int newType = 1) {
+    problems.str("");
+    return importCards(context, csvOf(rows), newType, problems);
+  }
+
+  static void setCell(Rows& rows, const std::string& column, const std::string& value) {
+    for (std::size_t i = 0; i < rows[0].size(); ++i) {
+      if (rows[0][i] == column) rows[1][i] = value;
+    }
+  }
+
+  std::ostringstream problems;
+};
+
+TEST_F(ImportTest, AGoodRowBecomesACard) {
+  Rows rows = goodRegister();
+  rows.push_back(rows[1]);
+  const ImportResult result = import(rows);
+  EXPECT_EQ(result.stored, 2);
+  EXPECT_EQ(result.refused, 0);
+  EXPECT_EQ(problems.str(), "");
+  EXPECT_EQ(this->rows(
+                "select sCardNum,sAssetNum,sDeptNum,sDeprMethodID,lLife,dblValue,dblBV,dblBVRate,lUsedMonths,"
+                "sCurrency,sOperator,dStartDate,iNewType from fa_Cards order by sCardNum"),
+            (std::vector<std::string>{"00001|02100001|301|2|120|1200|60|0.05|26|人民币|陈会计|2018-3-5|1",
+                                      "00002|02100002|301|2|120|1200|60|0.05|26|人民币|陈会计|2018-3-5|1"}));
+  EXPECT_EQ(row("select count(*) from fa_ZWVouchers"), "0");
+}
+
+TEST_F(ImportTest, AdditionsOfTheMonthAreStaged) {
+  EXPECT_EQ(import(goodRegister(), 2).stored, 1);
+  EXPECT_EQ(row("select count(*) from fa_ZWVouchers where coutbillsign='新增资产'"), "2");
+  EXPECT_EQ(row("select iNewType from fa_Cards"), "2");
+}
+
+TEST_F(ImportTest, AWorkloadCardKeepsItsWorkload) {
+  Rows rows = goodRegister();
+  setCell(rows, "折旧方法", "工作量法");
+  for (const auto& [column, value] :
+       {std::pair("工作总量", "100"), {"工作量单位", "公里"}, {"可抵扣税额", "7"}}) {
+    rows[0].push_back(column);
+    rows[1].push_back(value);
+  }
+  EXPECT_EQ(import(rows).stored, 1) << problems.str();
+  EXPECT_EQ(row("select dblCanWork,sWorkUnit,dblOffsetTax,dblPerDepr from fa_Cards"), "100|公里|7|9.4");
+}
+
+struct BadCell {
+  const char* column;
+  const char* value;
+  const char* reason;
+};
+
+TEST_F(ImportTest, ABadRowIsNamedAndTheOthersAreKept) {
+  const BadCell cases[] = {
+      {"类别编号", "99", "固定资产类别中没有“99”"},
+      {"类别编号", "&", "固定资产类别中没有“&”"},
+      {"部门名称", "399", "部门中没有“399”"},
+      {"折旧方法", "平均法", "折旧方法中没有“平均法”"},
+      {"增加方式", "201", "增加方式中没有“201”"},
+      {"使用状况", "77", "使用状况中没有“77”"},
+      {"原值", "12O0", "“12O0”不是数字"},
+      {"原值", "", "不能为空"},
+      {"原值", "1e300", "“1e300”超出范围"},
+      {"累计折旧", "abc", "“abc”不是数字"},
+      {"净残值率", "5", "应为 0 到 1 之间的小数，如 0.05"},
+      {"开始使用日期", "2020-02-30", "“2020-02-30”不是日期"},
+      {"录入日期", "昨天", "“昨天”不是日期"},
+      {"使用年限", "-12", "不能为负数"},
+      {"使用年限", "1.5", "应为整数"},
+      {"使用年限", "99999999999", "超出范围"},
+      {"固定资产名称", "MEN'S BOOTS", "值中有单引号（'），会打断保存卡片的语句"},
+      {"固定资产编号", "01234567890123456789012345678901234567891", "超过40个字符"},
+  };
+  for (const BadCell& c : cases) {
+    Rows rows = goodRegister();
+    setCell(rows, c.column, c.value);
+    rows.push_back(goodRegister()[1]);
+    const ImportResult result = import(rows);
+    EXPECT_EQ(result.stored, 1) << c.column << " " << c.value;
+    EXPECT_EQ(result.refused, 1) << c.column << " " << c.value;
+    EXPECT_EQ(problems.str(), std::string("第2行，列“") + c.column + "”：" + c.reason + "\n");
+  }
+}
+
+TEST_F(ImportTest, ARowOfTheWrongLengthOrWithATakenNumberIsRefused) {
+  Rows rows = goodRegister();
+  setCell(rows, "卡片编号", "00007");
+  rows.push_back(rows[1]);
+  rows.push_back(rows[1]);
+  rows.back().resize(5);
+  rows.push_back(rows[1]);
+  rows.back().push_back("more");
+  EXPECT_EQ(import(rows).stored, 1);
+  EXPECT_EQ(problems.str(),
+            "第3行，列“卡片编号”：“00007”已存在\n"
+            "第4行，列“增加方式”：缺少：本行只有5列，表头有14列\n"
+            "第5行，列“录入日期”：其后多出列：本行有15列，表头有14列\n");
+}
+
+TEST_F(ImportTest, NumbersGivenByHandAreNotInvented) {
+  execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
+  EXPECT_EQ(import(goodRegister()).stored, 0);
+  EXPECT_EQ(problems.str(), "第2行，列“固定资产编号”：不能为空：本账套的固定资产编号由手工输入\n");
+}
+
+TEST_F(ImportTest, AFileThatCannotBeReadAsARegisterSavesNothing) {
+  const auto refused = [this](const std::string& csv) {
+    try {
+      importCards(context, csv, 1, problems);
+      return std::string("accepted");
+    } catch (const RuntimeError& error) {
+      return std::string(error.what());
+    }
+  };
+  EXPECT_EQ(refused(""), "文件是空的：没有表头");
+  EXPECT_EQ(refused("固定资产名称\n\xD4\xAD\n"), "文件不是 UTF-8 编码（第2行）");
+  Rows rows = goodRegister();
+  rows[0][10] = "原价";
+  rows[0][8] = "方法";
+  EXPECT_EQ(refused(csvOf(rows)), "表头中缺少列“折旧方法”、“原值”");
+  rows = goodRegister();
+  rows[0][12] = "原值";
+  EXPECT_EQ(refused(csvOf(rows)), "表头中列“原值”出现了不止一次");
+  EXPECT_EQ(row("select count(*) from fa_Cards"), "0");
+}
+
+TEST_F(ImportTest, AColumnThatIsNoFieldIsIgnoredAloud) {
+  Rows rows = goodRegister();
+  rows[0].push_back("备注");
+  rows[1].push_back("x");
+  EXPECT_EQ(import(rows).stored, 1);
+  EXPECT_EQ(problems.str(), "第1行，列“备注”：不是卡片的项目，已忽略此列\n");
+}
+
+}  // namespace
+}  // namespace zelkor::test

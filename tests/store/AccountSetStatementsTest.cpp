@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "store/AccountSet.h"
+#include "store/DbEngine.h"
+#include "support/Support.h"
+
+namespace zelkor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string lower(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
+  return text;
+}
+
+bool isQuery(const std::string& statement) {
+  const std::string text = lower(statement);
+  return text.find_first_not_of(' ') == text.find("select") && text.find(" into ") == std::string::npos;
+}
+
+bool readsSystemFile(const std::string& statement) {
+  const std::string text = lower(statement);
+  return text.find("za_account") != std::string::npos || text.find("za_period") != std::string::npos;
+}
+
+void runToTheEnd(Database& database, const std::string& statement) {
+  if (!isQuery(statement)) return database.Execute(statement);
+  for (Recordset rows = database.OpenRecordset(statement); !rows.Eof(); rows.MoveNext())
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) (void)rows.Fields(i);
+}
+
+std::vector<std::string> statementsOf(const fs::path& file) {
+  std::vector<std::string> statements;
+  std::istringstream text(readFile(file));
+  for (std::string line; std::getline(text, line);)
+    if (!line.empty()) statements.push_back(line);
+  return statements;
+}
+
+std::vector<fs::path> statementFiles() {
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::directory_iterator(fs::path(ZELKOR_TEST_SOURCE_DIR) / "store" / "golden")) {
+    const std::string name = entry.path().filename().string();
+    if (name.starts_with("statements-") && entry.path().extension() == ".txt") files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+class AccountSetStatements : public testing::TestWithParam<fs::path> {};
+
+// Every statement that the system issues finds its tables and columns in a new account set, in the order in
+// which they come; those that must fail do.
+TEST_P(AccountSetStatements, FindWhatTheyName) {
+  const TempDir directory;
+  createAccountSet(directory.path(), {.year = 2020, .month = 4, .sample = true});
+  DbEngine engine;
+  Database data = engine.OpenDatabase((directory / "ZkData.Mdb").string());
+  Database system = engine.OpenDatabase((directory / "ZkSystem.Mdb").string());
+  const bool refused = GetParam().stem() == "statements-refused";
+
+  const std::vector<std::string> statements = statementsOf(GetParam());
+  EXPECT_FALSE(statements.empty());
+  for (const std::string& statement : statements) {
+    std::string failure;
+    try {
+      runToTheEnd(readsSystemFile(statement) ? system : data, statement);
+    } catch (const RuntimeError& error) {
+      failure = std::to_string(error.number()) + " " + error.what();
+    }
+    EXPECT_EQ(!failure.empty(), refused) << statement << "\n" << failure;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Golden, AccountSetStatements, testing::ValuesIn(statementFiles()),
+                         [](const auto& info) {
+                           std::string name = info.param.stem().string();
+                           std::replace(name.begin(), name.end(), '-', '_');
+                           return name;
+                         });
+
+}  // namespace
+}  // namespace zelkor::test

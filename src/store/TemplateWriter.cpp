@@ -99,7 +99,9 @@ TemplateWriter::TemplateWriter(const std::filesystem::path& file) {
       file.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE, nullptr);
   handle_.reset(handle);
   if (code != SQLITE_OK) fail(handle);
-  run("PRAGMA journal_mode = WAL");
+  // A file that is not finished is thrown away: nothing of it needs to survive a failure.
+  run("PRAGMA journal_mode = OFF");
+  run("PRAGMA synchronous = OFF");
   run("BEGIN IMMEDIATE");
 }
 
@@ -130,6 +132,8 @@ void TemplateWriter::run(std::string_view statement, std::span<const std::string
 
 void TemplateWriter::finish() {
   run("COMMIT");
+  run("PRAGMA synchronous = FULL");
+  run("PRAGMA journal_mode = WAL");
   handle_.reset();
 }
 

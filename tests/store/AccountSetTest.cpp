@@ -13,7 +13,6 @@
 #include "store/AccountSet.h"
 #include "store/Catalogue.h"
 #include "store/DbEngine.h"
-#include "store/TemplateRows.h"
 #include "support/Support.h"
 
 namespace zelkor::test {
@@ -374,20 +373,6 @@ TEST_F(AccountSetContents, TheSampleRegisterNamesOnlyWhatIsThere) {
   }
   EXPECT_GE(cards, 60);
   EXPECT_EQ(methods.size(), 6U);
-}
-
-TEST(TemplateRows, ReadsTablesCellsAndNull) {
-  const auto tables = readTemplateRows("# remark\n\n@A\nx\ty\n1\t\n\\N\t中\n@B\nz\n");
-  ASSERT_EQ(tables.size(), 2U);
-  EXPECT_EQ(tables[0].table, "A");
-  EXPECT_EQ(tables[0].columns, (std::vector<std::string>{"x", "y"}));
-  ASSERT_EQ(tables[0].rows.size(), 2U);
-  EXPECT_EQ(tables[0].rows[0][1], "");
-  EXPECT_EQ(tables[0].rows[1][0], std::nullopt);
-  EXPECT_EQ(tables[0].rows[1][1], "中");
-  EXPECT_TRUE(tables[1].rows.empty());
-  EXPECT_THROW(readTemplateRows("@A\nx\ty\n1\n"), std::logic_error);
-  EXPECT_THROW(readTemplateRows("1\t2\n"), std::logic_error);
 }
 
 }  // namespace

@@ -180,15 +180,24 @@ void Lexer::finish(LexemeKind kind, const char* begin, const char* end) {
   cursor_ = end;
 }
 
-// The piece begins with the expression in which the fault stands, to be found by one more walk.
+// The piece begins with the expression in which the fault stands, to be found by one more walk. A quote that
+// is never closed mostly goes back to one too many before: the fault is where an operand follows a text.
 void Lexer::fail(SyntaxFault fault) const {
   Lexer walk(statement_.substr(0, static_cast<std::size_t>(cursor_ - statement_.data())));
   const char* begin = statement_.data();
-  while (walk.next().kind != LexemeKind::End) {
-    if (opensExpression(walk.lexeme_)) begin = walk.cursor_;
+  const char* at = cursor_;
+  while (at == cursor_) {
+    const bool behindText = walk.lexeme_.kind == LexemeKind::Text;
+    if (walk.next().kind == LexemeKind::End) break;
+    if (behindText && walk.endsOperand() && walk.lexeme_.kind != LexemeKind::Symbol) {
+      at = walk.lexeme_.source.data();
+    } else if (opensExpression(walk.lexeme_)) {
+      begin = walk.cursor_;
+    }
   }
-  while (begin != cursor_ && classOf(*begin) == Blank) ++begin;
-  raiseSyntaxError(statement_, fault, std::string_view(begin, static_cast<std::size_t>(end_ - begin)));
+  while (begin != at && classOf(*begin) == Blank) ++begin;
+  raiseSyntaxError(statement_, fault, std::string_view(begin, static_cast<std::size_t>(end_ - begin)),
+                   static_cast<std::size_t>(at - begin));
 }
 
 void Lexer::scanWord() {
@@ -237,7 +246,7 @@ void Lexer::scanText(Expected expected) {
   const char* p = cursor_ + 1;
   for (;;) {
     p = static_cast<const char*>(std::memchr(p, quote, static_cast<std::size_t>(end_ - p)));
-    if (p == nullptr) fail(followsOperand() ? SyntaxFault::MissingOperator : SyntaxFault::Text);
+    if (p == nullptr) fail(endsOperand() ? SyntaxFault::MissingOperator : SyntaxFault::Text);
     ++p;
     if (p == end_ || *p != quote) break;
     lexeme_.doubledQuotes = true;
@@ -284,7 +293,7 @@ bool Lexer::belongsToShape(Expected expected, std::string_view digits) const {
   return followsListItem(keywordOf(std::string_view(word, static_cast<std::size_t>(p - word))));
 }
 
-bool Lexer::followsOperand() const {
+bool Lexer::endsOperand() const {
   switch (lexeme_.kind) {
     case LexemeKind::Word:
       return keywordOf(lexeme_.source) == Keyword::None;
@@ -303,7 +312,7 @@ bool Lexer::followsOperand() const {
 }
 
 bool Lexer::scanHexadecimal() {
-  if (end_ - cursor_ < 3 || (cursor_[1] | 0x20) != 'h' || !isHexDigit(cursor_[2]) || followsOperand())
+  if (end_ - cursor_ < 3 || (cursor_[1] | 0x20) != 'h' || !isHexDigit(cursor_[2]) || endsOperand())
     return false;
   constexpr int kMostDigits = 8;
   const char* p = cursor_ + 2;

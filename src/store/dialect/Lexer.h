@@ -47,7 +47,7 @@ class Lexer {
   void scanSymbol();
   void noteWord(std::string_view word);
   void noteFirstWord(std::string_view word);
-  bool followsOperand() const;
+  bool endsOperand() const;
   bool belongsToShape(Expected expected, std::string_view digits) const;
   void finish(LexemeKind kind, const char* begin, const char* end);
   [[noreturn]] void fail(SyntaxFault fault) const;

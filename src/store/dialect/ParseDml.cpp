@@ -18,6 +18,7 @@ Insert StatementParser::insert() {
     insert.source = Box<Select>(bracketedSelect());
     return insert;
   }
+  beginPiece();
   expect(Keyword::Values);
   beginPiece();
   expect(Symbol::LeftParenthesis);

@@ -1,5 +1,6 @@
 #include "store/dialect/ParseError.h"
 
+#include <algorithm>
 #include <string>
 
 #include "base/RuntimeError.h"
@@ -33,16 +34,24 @@ std::string_view complaint(SyntaxFault fault) {
   return "语法错误";
 }
 
-}  // namespace
-
-std::string_view clipped(std::string_view text, std::size_t bytes) {
-  if (text.size() <= bytes) return text;
-  while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) --bytes;
-  return text.substr(0, bytes);
+bool continuesCharacter(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-void raiseSyntaxError(std::string_view statement, SyntaxFault fault, std::string_view piece) {
-  const std::string place = " 在查询表达式 '" + std::string(clipped(piece, kLongestPiece)) + "' 中。";
+// Cut between characters on both sides.
+std::string_view neighbourhood(std::string_view piece, std::size_t at) {
+  if (piece.size() <= kLongestPiece) return piece;
+  std::size_t begin = at > kLongestPiece / 2 ? at - kLongestPiece / 2 : 0;
+  while (begin < piece.size() && continuesCharacter(piece[begin])) ++begin;
+  std::size_t end = std::min(begin + kLongestPiece, piece.size());
+  while (end < piece.size() && continuesCharacter(piece[end])) --end;
+  return piece.substr(begin, end - begin);
+}
+
+}  // namespace
+
+void raiseSyntaxError(std::string_view statement, SyntaxFault fault, std::string_view piece, std::size_t at) {
+  const std::string place = " 在查询表达式 '" + std::string(neighbourhood(piece, at)) + "' 中。";
   if (isInsert(statement)) {
     throw RuntimeError(ErrorNumber::SyntaxInInsert, "INSERT INTO 语句的语法错误。" + place);
   }

@@ -117,8 +117,9 @@ std::size_t ParserBase::endOfPiece() const {
 void ParserBase::fail(SyntaxFault fault) const {
   const bool nothingLeft = tokens_[pieceBegin_].kind == TokenKind::End && pieceBegin_ > 0;
   const std::size_t begin = tokens_[nothingLeft ? pieceBegin_ - 1 : pieceBegin_].begin;
-  const std::size_t end = endOfPiece();
-  raiseSyntaxError(statement_, fault, statement_.substr(begin, end - begin));
+  const std::size_t end = fault == SyntaxFault::BehindEnd ? statement_.size() : endOfPiece();
+  const std::size_t at = peek().begin > begin ? peek().begin - begin : 0;
+  raiseSyntaxError(statement_, fault, statement_.substr(begin, end - begin), at);
 }
 
 }  // namespace zelkor::dialect

@@ -53,8 +53,10 @@ TEST(SyntaxError, NamesThePieceThatOffends) {
       {"select * from t where", "3075 语法错误 在查询表达式 'where' 中。"},
       {"select * from t where a=", "3075 语法错误 在查询表达式 'a=' 中。"},
       {"select * from t; drop table t", "3075 SQL 语句结尾之后有多余的字符 在查询表达式 'drop table t' 中。"},
+      {"select * from t where a='1'; delete from t",
+       "3075 SQL 语句结尾之后有多余的字符 在查询表达式 'delete from t' 中。"},
       {"insert into t (a) valuse ('x')",
-       "3134 INSERT INTO 语句的语法错误。 在查询表达式 'insert into t (a) valuse ('x')' 中。"},
+       "3134 INSERT INTO 语句的语法错误。 在查询表达式 'valuse ('x')' 中。"},
       {"insert into t (a) values ('it's','y')",
        "3134 INSERT INTO 语句的语法错误。 在查询表达式 '('it's','y')' 中。"},
       {"insert into t (a) values ('x'，'y')",
@@ -168,6 +170,18 @@ std::string repeated(std::string_view text, std::size_t times) {
   std::string result;
   for (std::size_t i = 0; i < times; ++i) result += text;
   return result;
+}
+
+TEST(SyntaxError, ShowsTheNeighbourhoodOfTheFaultOfALongPiece) {
+  const std::string many = repeated("名称='财务' and ", 50);
+  for (const std::string_view broken : {"a='x'y' and ", "a=1 b=2 and ", "a， and "}) {
+    const std::string fault = faultOf("select * from t where " + many + std::string(broken) + many + "c");
+    EXPECT_NE(fault.find(broken), std::string::npos) << fault;
+    EXPECT_LT(fault.size(), 350U);
+    const auto begin = fault.find('\'') + 1;
+    EXPECT_TRUE(std::string_view("名称='财务' and ").find(fault.substr(begin, 3)) != std::string_view::npos)
+        << fault;
+  }
 }
 
 TEST(SyntaxError, ComesForDeepNestingInsteadOfACrash) {

@@ -45,11 +45,16 @@ void multiply(BareFile& file, const std::string& table, long count,
 void multiplyCards(const std::string& dataFile, long count) {
   if (count < 2) return;
   const std::string num = "printf('%06d',n)";
-  const std::string depart =
-      "(SELECT sNum FROM fa_departments WHERE lChilds=0 AND sNum<>'&' ORDER BY sNum LIMIT 1 OFFSET n%7)";
-  const std::string type =
-      "(SELECT sNum FROM fa_AssetTypes WHERE lChilds=0 AND sNum<>'&' ORDER BY sNum LIMIT 1 OFFSET n%5)";
+  const std::string depart = "(SELECT sNum FROM departs WHERE i=n%7)";
+  const std::string type = "(SELECT sNum FROM types WHERE i=n%5)";
   BareFile file(dataFile);
+  file.run(
+      "CREATE TEMP TABLE departs AS SELECT sNum, row_number() OVER (ORDER BY sNum)-1 AS i FROM "
+      "fa_departments "
+      "WHERE lChilds=0 AND sNum<>'&'");
+  file.run(
+      "CREATE TEMP TABLE types AS SELECT sNum, row_number() OVER (ORDER BY sNum)-1 AS i FROM fa_AssetTypes "
+      "WHERE lChilds=0 AND sNum<>'&'");
   file.run("BEGIN");
   multiply(file, "fa_Cards", count,
            {{"sCardID", "CAST(n AS TEXT)"},

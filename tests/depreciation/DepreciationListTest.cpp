@@ -54,7 +54,7 @@ TEST_F(DepreciationListTest, listsEveryCardsNewestVersion) {
                 "00003|A00003|车床|3.00|3.00|||3.00|||0.0000||",
                 "合计|||1203.50|1203.50|15.80|25.89|1203.50|50.00||||"}));
   EXPECT_EQ(rows("select sCardID,sCardNum,iTransPeriod from yxkp order by sCardNum"),
-            (std::vector<std::string>{"10|00001|~", "11|00002|~", "12|00003|~"}));
+            (std::vector<std::string>{"10|00001|0", "11|00002|0", "12|00003|0"}));
 }
 
 TEST_F(DepreciationListTest, listsTheCardsEnteredInThePeriod) {

@@ -37,17 +37,6 @@ inline std::vector<std::string> rowsOf(Recordset rows) {
   return lines;
 }
 
-/// Number of the RuntimeError that the action raises; 0 when it raises none.
-template <typename Action>
-int errorOf(Action action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
 /// One data file with a database open on it.
 class StoreTest : public testing::Test {
  protected:
@@ -57,7 +46,7 @@ class StoreTest : public testing::Test {
     return all.empty() ? "(none)" : all.front();
   }
 
-  TempDirectory directory;
+  TempDir directory;
   std::string path = makeEmptyDataFile(directory.path());
   DbEngine engine;
   Database db = engine.OpenDatabase(path);

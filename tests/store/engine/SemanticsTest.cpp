@@ -12,6 +12,11 @@ struct Case {
   const char* rows;  // rows joined by ";", cells by "|", Null "~"
 };
 
+template <typename Named>
+std::string caseName(const testing::TestParamInfo<Named>& tested) {
+  return tested.param.name;
+}
+
 std::string joined(const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += (text.empty() ? "" : ";") + line;
@@ -55,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"PlusJoinsText", "select sID + 'x' from k where sID='9'", "9x"},
         Case{"PlusWithNullIsNull", "select sText + 'x' from k where sID='100'", "~"},
         Case{"AmpersandTakesNullAsEmpty", "select sText & 'x' from k where sID='100'", "x"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    caseName<Case>);
 
 INSTANTIATE_TEST_SUITE_P(
     Patterns, SemanticsTest,
@@ -69,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"PercentAndUnderlineArePlain",
                          "select sID from k where sText like 'a_c' or sText like '%'", "1"},
                     Case{"NotLike", "select sID from k where sText not like 'ab*' order by sID", "1;2"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    caseName<Case>);
 
 INSTANTIATE_TEST_SUITE_P(
     NullAndBooleans, SemanticsTest,
@@ -84,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"NotOfABoolean", "select count(*) from k where not bN", "3"},
                     Case{"SumOfBooleans", "select sum(bN) from k", "-2"},
                     Case{"ComparedWithFalse", "select count(*) from k where bN=false", "3"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    caseName<Case>);
 
 INSTANTIATE_TEST_SUITE_P(
     NumbersAndDates, SemanticsTest,
@@ -100,8 +105,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"PartsOfADate", "select year(dN), month(dN), day(dN) from k where sID='10'", "2004|12|31"},
         Case{"DatesOrder", "select sID from k where not dN is null order by dN desc", "2;10;9"},
         Case{"IntegerDivisionAndMod", "select 7\\2, 7 mod 4, 5/2 from k where sID='9'", "3|3|2.5"},
-        Case{"ExpressionNames", "select sID from (select sID, lN*2 from k) q where Expr1001=4", "10"}),
-    [](const auto& info) { return std::string(info.param.name); });
+        Case{"ExpressionNames", "select sID from (select sID, lN*2 from k) q where Expr1000=4", "10"}),
+    caseName<Case>);
 
 struct Assignment {
   const char* name;
@@ -114,7 +119,7 @@ class AssignmentTest : public StoreTest, public testing::WithParamInterface<Assi
 
 TEST_P(AssignmentTest, StoresWhatTheColumnCanTake) {
   db.Execute(
-      "CREATE TABLE a (sT TEXT(20), iN SHORT, lN LONG, dblN DOUBLE, mN CURRENCY, dN DATETIME, bN BIT)");
+      "CREATE TABLE a (sT TEXT(20), iShort SHORT, lN LONG, dblN DOUBLE, mN CURRENCY, dN DATETIME, bN BIT)");
   const Assignment& param = GetParam();
   const std::string column = param.column;
   db.Execute("insert into a (" + column + ") values (" + param.source + ")");
@@ -128,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Assignment{"TextToNumber", "dblN", "'12.50'", "12.5"}, Assignment{"EmptyToNumber", "lN", "''", "~"},
         Assignment{"WordToNumber", "dblN", "'twelve'", "~"}, Assignment{"HalfToEven", "lN", "2.5", "2"},
-        Assignment{"HalfToEvenUp", "iN", "'3.5'", "4"}, Assignment{"ShortOverflow", "iN", "40000", "~"},
+        Assignment{"HalfToEvenUp", "iShort", "'3.5'", "4"}, Assignment{"ShortOverflow", "iN", "40000", "~"},
         Assignment{"LongOverflow", "lN", "'3000000000'", "~"}, Assignment{"Money", "mN", "0.12345", "0.1234"},
         Assignment{"TextToDate", "dN", "'2004-4-1'", "2004-4-1"}, Assignment{"EmptyToDate", "dN", "''", "~"},
         Assignment{"WordToDate", "dN", "'someday'", "~"},
@@ -138,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
         Assignment{"NullToBoolean", "bN", "null", "False"}, Assignment{"EmptyToBoolean", "bN", "''", "False"},
         Assignment{"NumberToText", "sT", "007", "7"}, Assignment{"TextStays", "sT", "'007 '", "007 "},
         Assignment{"Negative", "lN", "+-300", "-300"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    caseName<Assignment>);
 
 class StatementTest : public StoreTest {};
 

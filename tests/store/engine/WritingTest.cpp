@@ -146,7 +146,7 @@ struct BadFile {
 class BadFileTest : public testing::TestWithParam<BadFile> {};
 
 TEST_P(BadFileTest, IsRefusedAndLeftAlone) {
-  const TempDirectory directory;
+  const TempDir directory;
   const auto path = directory.path() / "ZkData.Mdb";
   if (GetParam().content != nullptr) std::ofstream(path, std::ios::binary) << GetParam().content;
   DbEngine engine;
@@ -158,10 +158,10 @@ INSTANTIATE_TEST_SUITE_P(Files, BadFileTest,
                          testing::Values(BadFile{"missing", nullptr, 3024}, BadFile{"empty", "", 3343},
                                          BadFile{"text", "no database at all", 3343},
                                          BadFile{"cut", "SQLite form", 3343}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(OpenDatabaseTest, TellsHowToImportAJetFile) {
-  const TempDirectory directory;
+  const TempDir directory;
   const auto path = directory.path() / "ZkData.Mdb";
   std::ofstream(path, std::ios::binary) << std::string("\x00\x01\x00\x00Standard Jet DB\x00rest", 24);
   DbEngine engine;
@@ -175,7 +175,7 @@ TEST(OpenDatabaseTest, TellsHowToImportAJetFile) {
 }
 
 TEST(OpenDatabaseTest, RefusesDirectoriesAndReadOnlyFiles) {
-  const TempDirectory directory;
+  const TempDir directory;
   DbEngine engine;
   EXPECT_EQ(errorOf([&] { engine.OpenDatabase(directory.path()); }), 3051);
   const std::string path = makeEmptyDataFile(directory.path());

@@ -1,7 +1,5 @@
 #include "store/dialect/BindScope.h"
 
-#include <algorithm>
-
 #include "base/RuntimeError.h"
 #include "store/dialect/Types.h"
 
@@ -22,10 +20,13 @@ std::size_t BindContext::addSlot(std::size_t literal, BindAs bindAs, ColumnType 
 }
 
 void BindContext::noteNumberColumn(const bound::Column& column, bound::NumberReading reading) {
-  const bool known = std::any_of(numberColumns.begin(), numberColumns.end(), [&](const NumberColumn& other) {
-    return other.table == column.table && other.column == column.name && other.reading == reading;
-  });
-  if (!known) numberColumns.push_back({column.table, column.name, reading});
+  const bool asShort = reading == bound::NumberReading::CInt;
+  for (NumberColumn& known : numberColumns) {
+    if (known.table != column.table || known.column != column.name) continue;
+    known.asShort = known.asShort || asShort;
+    return;
+  }
+  numberColumns.push_back({column.table, column.name, asShort});
 }
 
 Node columnNode(const ScopeSource& source, std::size_t index, const ColumnInfo& column) {

@@ -15,7 +15,7 @@ namespace zelkor::dialect {
 struct NumberColumn {
   std::string table;
   std::string column;
-  bound::NumberReading reading{};
+  bool asShort = false;  // by CInt, which overflows sooner
 };
 
 /// What is gathered while one statement is bound.

@@ -78,7 +78,7 @@ void Emitter::core(const bound::Select& select, bool named, std::string_view nam
 }
 
 void Emitter::orderKeys(const std::vector<bound::OrderKey>& keys) {
-  std::string_view separator = " ORDER BY ";
+  std::string_view separator = "ORDER BY ";
   for (const bound::OrderKey& key : keys) {
     text(separator);
     value(key.expr);
@@ -88,9 +88,11 @@ void Emitter::orderKeys(const std::vector<bound::OrderKey>& keys) {
 }
 
 void Emitter::orderBy(const bound::Select& select) {
+  if (select.orderBy.empty()) return;
+  text(" ");
   if (select.unions.empty()) return orderKeys(select.orderBy);
   // The rows of united queries are ordered by places of their columns.
-  std::string_view separator = " ORDER BY ";
+  std::string_view separator = "ORDER BY ";
   for (const bound::OrderKey& key : select.orderBy) {
     text(separator).text(std::to_string(*key.item + 1));
     direction(key.descending);
@@ -98,14 +100,23 @@ void Emitter::orderBy(const bound::Select& select) {
   }
 }
 
+// A part that takes the first rows stands in a query of its own: its order and limit must not reach the
+// whole.
+void Emitter::part(const bound::Select& select, bool named) {
+  if (!select.top) return this->select(select, named);
+  text("SELECT * FROM (");
+  this->select(select, true);
+  text(") AS \"zk_part\"");
+}
+
 void Emitter::compound(const bound::Select& whole, bool named) {
   bound::Select first = whole;
   first.unions.clear();
   first.orderBy.clear();
-  select(first, named);
-  for (const bound::Part& part : whole.unions) {
-    text(part.all ? " UNION ALL " : " UNION ");
-    select(part.select, false);
+  part(first, named);
+  for (const bound::Part& other : whole.unions) {
+    text(other.all ? " UNION ALL " : " UNION ");
+    part(other.select, false);
   }
   orderBy(whole);
 }

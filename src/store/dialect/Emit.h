@@ -95,6 +95,7 @@ class Emitter {
   void node(const bound::Aggregate& call, int) { aggregate(call); }
   void node(const bound::Choice& choice, int precedence);
   void source(const bound::Source& source);
+  void part(const bound::Select& select, bool named);
   void compound(const bound::Select& select, bool named);
   void joinedUpdate(const bound::Update& update);
 

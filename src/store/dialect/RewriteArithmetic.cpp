@@ -17,9 +17,19 @@ Node numeric(BinaryKind kind, Node left, Node right) {
   return operation(kind, std::move(left), std::move(right), type);
 }
 
+bool neverNull(const Node& node) {
+  if (const auto* concatenation = std::get_if<bound::Binary>(&node.node))
+    return neverNull(*concatenation->left) && neverNull(*concatenation->right);
+  if (const auto* replaced = std::get_if<bound::Call>(&node.node))
+    return replaced->name == "coalesce" && neverNull(replaced->arguments.back());
+  return std::holds_alternative<bound::Parameter>(node.node) ||
+         std::holds_alternative<bound::TextValue>(node.node);
+}
+
 // Null on one side counts as the empty text.
 Node orEmpty(Node node) {
   Node text = asText(std::move(node));
+  if (neverNull(text)) return text;
   const bound::ValueType type = text.type;
   Node empty{bound::TextValue{}, type};
   return call("coalesce", type, {std::move(text), std::move(empty)});

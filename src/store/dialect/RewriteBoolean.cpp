@@ -30,6 +30,9 @@ Node asValue(Node node) {
 
 Node asCondition(Node node) {
   if (node.condition) return node;
+  if (auto* unary = std::get_if<bound::Unary>(&node.node);
+      unary && unary->kind == UnaryKind::ConditionAsValue)
+    return std::move(*unary->operand);
   return {bound::Unary{UnaryKind::ValueAsCondition, asNumber(std::move(node))},
           valueType(ColumnType::Boolean), true};
 }

@@ -37,7 +37,7 @@ std::optional<std::string> guardQuery(const std::vector<NumberColumn>& columns, 
   for (const NumberColumn& column : columns) {
     if (!guard.empty()) guard += " UNION ALL ";
     guard += oddTexts(column);
-    if (column.reading == bound::NumberReading::CInt) guard += " UNION ALL " + beyondShort(column);
+    if (column.asShort) guard += " UNION ALL " + beyondShort(column);
   }
   return guard + " LIMIT 1";
 }

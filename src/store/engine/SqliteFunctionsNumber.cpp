@@ -9,11 +9,9 @@
 namespace zelkor::sqlite {
 namespace {
 
-void divide(sqlite3_context* context, Arguments arguments) {
-  if (anyNull(arguments)) return;
-  const double divisor = numberOf(arguments[1]);
-  if (divisor == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
-  sqlite3_result_double(context, numberOf(arguments[0]) / divisor);
+void quotient(sqlite3_context* context, Arguments arguments) {
+  if (!anyNull(arguments))
+    sqlite3_result_double(context, divide(numberOf(arguments[0]), numberOf(arguments[1])));
 }
 
 // The operands of \ and Mod are rounded to whole numbers first.
@@ -84,7 +82,7 @@ void squareRoot(sqlite3_context* context, Arguments arguments) {
 }
 
 constexpr std::array entries{
-    FunctionEntry{"zk_divide", 2, divide},     FunctionEntry{"zk_integer_divide", 2, integerDivide},
+    FunctionEntry{"zk_divide", 2, quotient},   FunctionEntry{"zk_integer_divide", 2, integerDivide},
     FunctionEntry{"zk_modulo", 2, modulo},     FunctionEntry{"zk_power", 2, power},
     FunctionEntry{"zk_int", 1, rounded<down>}, FunctionEntry{"zk_fix", 1, rounded<towardsZero>},
     FunctionEntry{"zk_round", 1, roundTo},     FunctionEntry{"zk_round", 2, roundTo},

@@ -1,0 +1,120 @@
+#include "store/dialect/GoldenPrinter.h"
+
+#include <array>
+#include <numeric>
+
+#include "base/RuntimeError.h"
+
+namespace zelkor::dialect::test {
+namespace {
+
+constexpr std::size_t shownColumns = 12;  // of a wider result only the first is printed
+
+constexpr std::array bindNames{"text", "trimmed", "number", "date", "low", "high", "pattern", "assigned"};
+constexpr std::array typeNames{"?",      "text",     "memo", "short",   "long",  "counter",
+                               "double", "currency", "date", "boolean", "binary"};
+
+std::string_view nameOf(ColumnType type) {
+  return typeNames[static_cast<std::size_t>(type)];
+}
+
+std::string parameters(const Translation& translation, const Shape& shape) {
+  std::string text;
+  for (const ParameterSlot& slot : translation.slots) {
+    text += text.empty() ? "" : ", ";
+    text += shape.literals[slot.literal].content();
+    text += " ";
+    text += bindNames[static_cast<std::size_t>(slot.bindAs)];
+    if (slot.bindAs == BindAs::Assigned) text.append(" ").append(nameOf(slot.target));
+  }
+  return text;
+}
+
+std::string columns(const Query& query) {
+  if (query.columns().size() > shownColumns) return std::to_string(query.columns().size()) + " columns";
+  std::string text;
+  for (const OutputColumn& column : query.columns()) {
+    text += text.empty() ? "" : ", ";
+    text.append(column.name).append(" ").append(nameOf(column.type));
+    if (column.size > 0) text += "(" + std::to_string(column.size) + ")";
+    if (column.source) text += " <- " + query.sources()[*column.source].table + "." + column.sourceColumn;
+  }
+  return text;
+}
+
+void line(std::string& text, std::string_view label, std::string_view content) {
+  if (!content.empty()) text.append("  ").append(label).append(": ").append(content).append("\n");
+}
+
+std::string joined(const std::vector<std::string>& statements) {
+  std::string text;
+  for (const std::string& sql : statements) text += (text.empty() ? "" : "; ") + sql;
+  return text;
+}
+
+std::string rowsOf(const Query& query, Query::Form form) {
+  std::vector<std::size_t> shown = allColumns(query);
+  if (shown.size() > shownColumns && query.keyed()) shown.resize(1);
+  return query.rows(shown, form);
+}
+
+void describe(std::string& text, const Translation& translation, const Shape& shape, EngineKind engine) {
+  const Query* query = translation.query.get();
+  const bool sqlite = engine == EngineKind::Sqlite;
+  line(text, sqlite ? "sqlite" : "postgresql",
+       query ? rowsOf(*query, Query::Form::Plain) : joined(translation.sql));
+  if (!sqlite) return;
+  if (translation.guard) {
+    line(text, "fast", query ? rowsOf(*query, Query::Form::Fast) : joined(translation.fastSql));
+    line(text, "unless", *translation.guard);
+  }
+  if (query) {
+    line(text, "columns", columns(*query));
+    if (query->top()) line(text, "top", std::to_string(*query->top()));
+    line(text, "keys", query->keyed() ? std::to_string(query->sources().size()) : "");
+  }
+  line(text, "parameters", parameters(translation, shape));
+}
+
+template <typename Describe>
+void attempt(std::string& text, Describe describe) {
+  try {
+    describe();
+  } catch (const RuntimeError& error) {
+    line(text, "error", std::to_string(error.number()) + " " + error.what());
+  }
+}
+
+}  // namespace
+
+std::vector<std::size_t> allColumns(const Query& query) {
+  std::vector<std::size_t> columns(query.columns().size());
+  std::iota(columns.begin(), columns.end(), std::size_t{0});
+  return columns;
+}
+
+std::string goldenEntry(std::string_view statement, const SchemaView& schema) {
+  std::string text = std::string(statement) + "\n";
+  attempt(text, [&] {
+    Shape shape;
+    shapeOf(statement, shape);
+    for (const EngineKind engine : {EngineKind::Sqlite, EngineKind::PostgreSql})
+      describe(text, translate(statement, shape, schema, engine), shape, engine);
+  });
+  return text;
+}
+
+std::string goldenSearch(std::string_view query, std::string_view criteria, const SchemaView& schema) {
+  std::string text = std::string(query) + "\n";
+  line(text, "criteria", criteria);
+  attempt(text, [&] {
+    Shape shape;
+    shapeOf(query, shape);
+    for (const EngineKind engine : {EngineKind::Sqlite, EngineKind::PostgreSql})
+      line(text, engine == EngineKind::Sqlite ? "sqlite" : "postgresql",
+           translate(query, shape, schema, engine).query->keysWhere(criteria));
+  });
+  return text;
+}
+
+}  // namespace zelkor::dialect::test

@@ -34,6 +34,7 @@ std::filesystem::path newErrorFile(const std::filesystem::path& home) {
 [[noreturn]] void become(const std::string& program, const std::vector<std::string>& arguments,
                          const std::filesystem::path& home) {
   ::setenv("TMPDIR", home.c_str(), 1);
+  ::setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   std::vector<char*> words{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));

@@ -2,8 +2,8 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
-#include <sstream>
 
 #include "apps/BatchJobs.h"
 #include "apps/zelkorctl/CardImport.h"
@@ -25,8 +25,7 @@ std::string contentOf(const std::string& path) {
   std::error_code ignored;
   const bool directory = std::filesystem::is_directory(path, ignored);
   std::ifstream file(path, std::ios::binary);
-  std::ostringstream content;
-  if (!directory && file && (content << file.rdbuf() || file.eof())) return content.str();
+  if (file && !directory) return {std::istreambuf_iterator<char>(file), {}};
   throw RuntimeError(ErrorNumber::FileNotFound,
                      "不能读文件“" + path + "”：" + (directory ? "是一个目录" : std::strerror(errno)));
 }

@@ -157,11 +157,8 @@ int failed(const std::string& text) {
   return kFailed;
 }
 
-int runProgram(int argc, char** argv) {
-  CommandLine line;
-  if (const int status = parsed(line, argc, argv)) return status;
+int called(const CommandLine& line) {
   try {
-    std::cout.exceptions(std::ios::badbit);
     const int status = line.call();
     std::cout.flush();
     return status;
@@ -174,6 +171,16 @@ int runProgram(int argc, char** argv) {
   } catch (const std::exception& error) {
     return failed(std::string("内部错误：") + error.what());
   }
+}
+
+int runProgram(int argc, char** argv) {
+  CommandLine line;
+  if (const int status = parsed(line, argc, argv)) return status;
+  std::cerr.tie(nullptr);  // an error is told even when the output is closed
+  std::cout.exceptions(std::ios::badbit);
+  const int status = called(line);
+  std::cout.exceptions(std::ios::goodbit);  // what is left is written at exit, where nothing may be thrown
+  return status;
 }
 
 }  // namespace

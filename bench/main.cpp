@@ -1,35 +1,44 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <string_view>
 
 #include "Benchmarks.h"
 
+namespace zelkor::bench {
 namespace {
 
-int runAll(long largest) {
-  using namespace zelkor::bench;
+void printGrowth(const char* what, const LargeAccountSet& large, double largeCost,
+                 const LargeAccountSet& small, double smallCost) {
+  std::printf("%s cost at %ld cards against %ld: %.2f\n", what, large.cards(), small.cards(),
+              largeCost / smallCost);
+}
+
+void measure(std::string_view what, long largest) {
   const LargeAccountSet small(1000);
-  const LargeAccountSet middle(largest / 10);
   const LargeAccountSet large(largest);
-  benchStatements(small);
-  benchMonthlyRun(small);
-  const double runMiddle = benchMonthlyRun(middle);
-  const double runLarge = benchMonthlyRun(large);
-  std::printf("monthly run       cost per card at %ld against %ld: %.2f\n", large.cards(), middle.cards(),
-              runLarge / runMiddle);
-  const double saveSmall = benchSaveCard(small);
-  const double saveLarge = benchSaveCard(large);
-  std::printf("saving a card     cost at %ld cards against %ld: %.2f\n", large.cards(), small.cards(),
-              saveLarge / saveSmall);
-  return 0;
+  const bool all = what == "all";
+  if (all || what == "statements") benchStatements(small);
+  if (all || what == "run") {
+    const LargeAccountSet middle(largest / 10);
+    benchMonthlyRun(small);
+    const double middleCost = benchMonthlyRun(middle);
+    printGrowth("monthly run      ", large, benchMonthlyRun(large), middle, middleCost);
+  }
+  if (all || what == "save") {
+    const double smallCost = benchSaveCard(small);
+    printGrowth("saving a card    ", large, benchSaveCard(large), small, smallCost);
+  }
 }
 
 }  // namespace
+}  // namespace zelkor::bench
 
-/// Prints every measurement; the argument is the size of the largest account set.
+/// zelkor_bench [all|statements|run|save] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
-    return runAll(argc > 1 ? std::atol(argv[1]) : 100000);
+    zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);
+    return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

@@ -40,14 +40,14 @@ void writeYear(Database& data, const std::string& cardNum, DeprThisYear& deprThi
   deprThisYear.set(CCur(Format(total, "0.00")));
 }
 
-void addAllocationRow(Database& data, const Recordset& card, Currency amount) {
-  data.Execute(
-      sql("insert into fa_DeprVouchers "
-          "(lOptID,sDeptNum,sDeptName,sTypeNum,sTypeName,sSubjectNum,sSubjectName,dblCredit) "
-          "values (5,'",
-          card.TextOrEmpty("sDeptNum"), "','", card.TextOrEmpty("sBMMC"), "','", card.TextOrEmpty("sTypeNum"),
-          "','", card.TextOrEmpty("sLBMC"), "','", card.TextOrEmpty("sDeprSubjectNum"), "','",
-          card.TextOrEmpty("sDeprSubjectName"), "',", amount, ")"));
+std::string allocationRow(const Recordset& card, Currency amount) {
+  return sql(
+      "insert into fa_DeprVouchers "
+      "(lOptID,sDeptNum,sDeptName,sTypeNum,sTypeName,sSubjectNum,sSubjectName,dblCredit) "
+      "values (5,'",
+      card.TextOrEmpty("sDeptNum"), "','", card.TextOrEmpty("sBMMC"), "','", card.TextOrEmpty("sTypeNum"),
+      "','", card.TextOrEmpty("sLBMC"), "','", card.TextOrEmpty("sDeprSubjectNum"), "','",
+      card.TextOrEmpty("sDeprSubjectName"), "',", amount, ")");
 }
 
 }  // namespace
@@ -59,13 +59,13 @@ std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum) {
 
 std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum, DeprThisYear& deprThisYear) {
   Recordset card = openLatestVersion(run.dbZKData, cardNum);
-  if (!card.Eof()) {
-    const MonthlyDepr depr = monthlyDepr(basisOf(card));
-    writeMonth(run, cardNum, depr);
-    writeYear(run.dbZKData, cardNum, deprThisYear);
-    addAllocationRow(run.dbZKData, card, depr.amount);
-  }
-  card.Close();
+  if (card.Eof()) return 0;
+  const MonthlyDepr depr = monthlyDepr(basisOf(card));
+  const std::string allocation = allocationRow(card, depr.amount);
+  card.Close();  // before the writes, which an open set would have to make room for
+  writeMonth(run, cardNum, depr);
+  writeYear(run.dbZKData, cardNum, deprThisYear);
+  run.dbZKData.Execute(allocation);
   return 0;
 }
 

@@ -1,5 +1,8 @@
 #include "depreciation/RunMonthDepr.h"
 
+#include <string>
+#include <vector>
+
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "depreciation/CalcCardDepr.h"
@@ -11,22 +14,30 @@ namespace {
 
 constexpr const char* kTitle = "固定资产";
 
-/// Calls CalcCardDepr once per card number; false when there was none.
-bool computeCards(RunContext& run) {
+/// Numbers of the cards of which a version was in service before the month, each once. Read to the end before
+/// anything is computed, so that the walk does not have to read on between the writes.
+std::vector<std::string> cardsInService(RunContext& run) {
+  std::vector<std::string> cardNums;
   Recordset cards = run.dbZKData.OpenRecordset(sql("select * from fa_cards where dstartdate<#",
                                                    Format(run.gdOpDate, "yyyy-mm-"),
                                                    "01# order by sCardNum,val(sCardID) desc"));
-  DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::WhenWalkEnds);
   std::string previous;
   for (; !cards.Eof(); cards.MoveNext()) {
     std::string cardNum = cards.TextOrEmpty("sCardNum");
     if (cardNum == previous) continue;
-    CalcCardDepr(run, cardNum, deprThisYear);
+    cardNums.push_back(cardNum);
     previous = std::move(cardNum);
   }
-  cards.Close();
+  return cardNums;
+}
+
+/// Calls CalcCardDepr once per card number; false when there was none.
+bool computeCards(RunContext& run) {
+  const std::vector<std::string> cardNums = cardsInService(run);
+  DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::WhenWalkEnds);
+  for (const std::string& cardNum : cardNums) CalcCardDepr(run, cardNum, deprThisYear);
   deprThisYear.write();
-  return !previous.empty();
+  return !cardNums.empty();
 }
 
 void recordRun(RunContext& run) {

@@ -72,8 +72,9 @@ class FaultTest : public testing::Test {
       restoreState();
       Program(job).killAfter(microseconds(moment(random)));
       ASSERT_TRUE(isIntact(dataFile()));
-      ASSERT_EQ(runProgram(job), 0);
-      ASSERT_EQ(content(), undisturbed) << "after kill " << i;
+      // A kill can come after the work and before the end of the process.
+      if (content() != undisturbed) ASSERT_EQ(runProgram(job), 0);
+      ASSERT_EQ(differenceOf(content(), undisturbed), "") << "after kill " << i;
     }
   }
 
@@ -107,7 +108,7 @@ TEST_F(FaultTest, AFullDiskEndsTheJobAndLeavesTheFileIntact) {
   const std::vector<std::string> after = content();
   restoreState();
   ASSERT_EQ(runProgram(run("8")), 0);
-  EXPECT_EQ(content(), after);
+  EXPECT_EQ(differenceOf(content(), after), "");
 }
 
 TEST_F(FaultTest, TwoProcessesLoseNothing) {

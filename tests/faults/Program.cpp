@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
+#include <iterator>
 #include <memory>
 #include <thread>
 
@@ -79,12 +80,25 @@ int runProgram(const std::vector<std::string>& arguments) {
   return Program(arguments).wait();
 }
 
+namespace {
+
+std::string columnsOf(const std::string& dataFile, const std::string& table) {
+  std::string columns;
+  for (const auto& column :
+       query(dataFile, "SELECT name FROM pragma_table_info('" + table + "') WHERE pk = 0"))
+    columns += (columns.empty() ? "\"" : ", \"") + column[0] + "\"";
+  return columns;
+}
+
+}  // namespace
+
 std::vector<std::string> contentOf(const std::string& dataFile, const std::vector<std::string>& without) {
   std::vector<std::string> lines;
   for (const auto& table :
        query(dataFile, "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'")) {
     if (std::ranges::find(without, table[0]) != without.end()) continue;
-    for (const auto& row : query(dataFile, "SELECT * FROM \"" + table[0] + "\"")) {
+    for (const auto& row :
+         query(dataFile, "SELECT " + columnsOf(dataFile, table[0]) + " FROM \"" + table[0] + "\"")) {
       std::string line = table[0] + ":";
       for (const std::string& cell : row) line += " " + cell + " |";
       lines.push_back(std::move(line));
@@ -92,6 +106,15 @@ std::vector<std::string> contentOf(const std::string& dataFile, const std::vecto
   }
   std::ranges::sort(lines);
   return lines;
+}
+
+std::string differenceOf(const std::vector<std::string>& a, const std::vector<std::string>& b) {
+  constexpr std::size_t most = 6;
+  std::vector<std::string> lines;
+  std::ranges::set_symmetric_difference(a, b, std::back_inserter(lines));
+  std::string text;
+  for (std::size_t i = 0; i < lines.size() && i < most; ++i) text += lines[i] + "\n";
+  return text;
 }
 
 bool isIntact(const std::string& dataFile) {

@@ -30,8 +30,12 @@ class Program {
 /// Runs zelkorctl to its end; the exit status.
 int runProgram(const std::vector<std::string>& arguments);
 
-/// Every row of every table of a data file but the ones named, as sorted lines "table: cells".
+/// Every row of every table of a data file but the ones named, as sorted lines "table: cells". Autonumbers
+/// are left out: they go on counting behind rows that were written before.
 std::vector<std::string> contentOf(const std::string& dataFile, const std::vector<std::string>& without);
+
+/// The lines that only one of two contents has, the first few of them.
+std::string differenceOf(const std::vector<std::string>& a, const std::vector<std::string>& b);
 
 /// True when the engine finds nothing wrong with the file.
 bool isIntact(const std::string& dataFile);

@@ -75,6 +75,20 @@ QMessageBox::StandardButton defaultOf(const MessageBox& box) {
   return QMessageBox::Ok;
 }
 
+/// A box that is closed without a button agrees to nothing.
+Answer answerOfClosing(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::Ok:
+      return Answer::Ok;
+    case Buttons::YesNo:
+      return Answer::No;
+    case Buttons::OkCancel:
+    case Buttons::YesNoCancel:
+      break;
+  }
+  return Answer::Cancel;
+}
+
 /// Where there is no screen nobody can press a button: a box that only tells must not wait for one.
 bool hasScreen() {
   const QString platform = QGuiApplication::platformName();
@@ -163,7 +177,7 @@ Answer QtDialogs::ask(const MessageBox& box) {
   for (const ButtonText& entry : kButtons) {
     if (pressed == entry.button) return entry.answer;
   }
-  return Answer::Cancel;
+  return answerOfClosing(box.buttons);
 }
 
 void QtDialogs::present(const std::string& caption, const TextGrid& grid) {

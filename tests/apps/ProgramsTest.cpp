@@ -139,6 +139,9 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
   writeFile(text, std::string(4096, 'x'));
   const fs::path jet = home() / "jet.Mdb";
   writeFile(jet, std::string("\x00\x01\x00\x00Standard Jet DB\x00", 20) + std::string(4076, '\0'));
+  const fs::path kept = home() / "kept.Mdb";
+  fs::copy_file(data(), kept);
+  fs::permissions(kept, fs::perms::owner_read);
   const std::string system = "," + (setPath() / "ZkSystem.Mdb").string() + ",001";
   const auto withPath = [&](const fs::path& path) { return path.string() + ",u,2020-1-31,21" + system; };
 
@@ -162,6 +165,7 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
       {{"run", withPath(home())}, 1, "实时错误"},
       {{"run", withPath(text)}, 1, "3343"},
       {{"run", withPath(jet)}, 1, "导入"},
+      {{"run", withPath(kept)}, 1, "只读"},
       {{"run", ""}, 1, "第4个参数"},
       {{"run", "a,b"}, 1, "第4个参数"},
       {{"run", arguments("x")}, 1, "'13'"},

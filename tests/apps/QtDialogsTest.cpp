@@ -1,0 +1,104 @@
+#ifdef ZELKOR_PROGRAM  // the screens are built
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+
+#include "ui/QtDialogs.h"
+
+namespace zelkor::test {
+namespace {
+
+class QtDialogsTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "test";
+    static char* argv[] = {name, nullptr};
+    static const QApplication application(argc, argv);
+  }
+
+  /// Does this with the next modal window once it is shown.
+  template <typename Window>
+  static void withNext(std::function<void(Window&)> action) {
+    QTimer::singleShot(0, [action] {
+      auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+      ASSERT_NE(window, nullptr);
+      action(*window);
+    });
+  }
+
+  QtDialogs dialogs;
+};
+
+struct BoxCase {
+  MessageBox box;
+  QMessageBox::StandardButton press;
+  QMessageBox::StandardButton expectedDefault;
+  Answer expected;
+};
+
+TEST_F(QtDialogsTest, AQuestionIsAnsweredByItsButton) {
+  const BoxCase cases[] = {
+      {{"一行\n两行", Buttons::YesNo, Icon::Question, "固定资产"},
+       QMessageBox::No,
+       QMessageBox::Yes,
+       Answer::No},
+      {{"<b>", Buttons::YesNo, Icon::None, "", DefaultButton::Second},
+       QMessageBox::Yes,
+       QMessageBox::No,
+       Answer::Yes},
+      {{"a", Buttons::OkCancel, Icon::None, "t"}, QMessageBox::Cancel, QMessageBox::Ok, Answer::Cancel},
+      {{"a", Buttons::YesNoCancel, Icon::None, "t"}, QMessageBox::Cancel, QMessageBox::Yes, Answer::Cancel},
+  };
+  for (const BoxCase& c : cases) {
+    withNext<QMessageBox>([&c](QMessageBox& window) {
+      EXPECT_EQ(window.text().toStdString(), c.box.text);
+      EXPECT_EQ(window.windowTitle().toStdString(), c.box.title.empty() ? "Zelkor" : c.box.title);
+      EXPECT_EQ(window.textFormat(), Qt::PlainText);
+      EXPECT_EQ(window.defaultButton(), window.button(c.expectedDefault));
+      window.button(c.press)->click();
+    });
+    EXPECT_EQ(dialogs.MsgBox(c.box), c.expected) << c.box.text;
+  }
+}
+
+TEST_F(QtDialogsTest, ClosingAQuestionIsNoAnswerOfYes) {
+  withNext<QMessageBox>([](QMessageBox& window) { window.reject(); });
+  EXPECT_EQ(dialogs.MsgBox("?", Buttons::YesNo), Answer::No);
+}
+
+TEST_F(QtDialogsTest, AGridIsShownUnderItsHeader) {
+  TextGrid grid;
+  grid.addRow({"编号", "金额", "码"});
+  grid.addRow({"1", "5.00", "x"});
+  grid.addRow({"合计", "5.00", "x"});
+  grid.setHeaderRows(1);
+  grid.setAlignment(1, Align::Right);
+  grid.setColumnHidden(2, true);
+  withNext<QDialog>([](QDialog& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "折旧分配表");
+    const auto* view = window.findChild<QTableView*>("grid");
+    ASSERT_NE(view, nullptr);
+    const QAbstractItemModel& model = *view->model();
+    EXPECT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString().toStdString(), "金额");
+    EXPECT_EQ(model.data(model.index(1, 0)).toString().toStdString(), "合计");
+    EXPECT_TRUE(view->isColumnHidden(2));
+    window.reject();
+  });
+  dialogs.showGrid("折旧分配表", grid);
+}
+
+}  // namespace
+}  // namespace zelkor::test
+
+#endif

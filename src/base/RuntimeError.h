@@ -29,6 +29,8 @@ enum class ErrorNumber : int {
   CannotOpenTableOrQuery = 3078,
   AmbiguousColumn = 3079,
   UndefinedFunction = 3085,
+  OrderConflictsWithDistinct = 3093,
+  ColumnNotGrouped = 3122,
   UnknownTargetColumn = 3127,
   SyntaxInInsert = 3134,
   FieldNotUpdatable = 3164,

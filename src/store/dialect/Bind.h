@@ -61,6 +61,11 @@ struct BoundSelect {
   std::vector<bool> missing;
 };
 BoundSelect bindSelect(BindContext& context, const Select& select, const Scope* outer);
+/// Whether two expressions are the same but for the numbers of their parameters.
+bool sameForm(const BindContext& context, const bound::Node& left, const bound::Node& right);
+/// The first output column of that form, compared case-blind.
+std::optional<std::size_t> itemAlike(const BindContext& context, const std::vector<bound::Item>& items,
+                                     const bound::Node& node);
 /// The output columns as those of a table.
 std::vector<ColumnInfo> outputColumns(const bound::Select& select);
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 #include "store/dialect/Bind.h"
 #include "store/dialect/Rewrite.h"
@@ -61,11 +63,12 @@ class SelectBinder {
     bindItems();
     ExprBinder binder(context_, result_.scope);
     if (select_.where) select.where = binder.condition(*select_.where);
-    for (const Expr& expr : select_.groupBy) select.groupBy.push_back(caseBlind(binder.value(expr)));
+    for (const Expr& expr : select_.groupBy) bindGroupKey(binder.value(expr));
     if (select_.having) select.having = binder.condition(*select_.having);
     for (const UnionPart& part : select_.unions) bindPart(part);
-    bindOrder();
     select.aggregated = aggregated();
+    if (select.aggregated) requireGroupedColumns();
+    bindOrder();
     if (!select.aggregated && !select.distinct && select.unions.empty())
       result_.missing = missingTables(select.from, result_.scope).value_or(std::vector<bool>());
     if (select.distinct || !select.unions.empty())
@@ -90,21 +93,21 @@ class SelectBinder {
     for (std::size_t i = 0; i < scope.sources.size(); ++i) {
       if (!star.table.empty() && i != only) continue;
       for (const ColumnInfo& column : scope.sources[i].columns.columns)
-        add(columnNode(scope.sources[i], i, column), column.name, false);
+        add(columnNode(scope.sources[i], i, column), column.name);
     }
   }
 
   void bindItem(const SelectItem& item) {
     Node node = ExprBinder(context_, result_.scope).value(item.expr);
-    if (!item.alias.empty()) return add(std::move(node), item.alias, true);
-    if (const auto* column = std::get_if<bound::Column>(&node.node)) {
-      std::string name = column->name;
-      return add(std::move(node), std::move(name), false);
-    }
-    add(std::move(node), "Expr" + std::to_string(firstExpressionNumber + unnamed_++), false);
+    std::string name = item.alias;
+    if (const auto* column = std::get_if<bound::Column>(&node.node); column && name.empty())
+      name = column->name;
+    if (name.empty()) name = "Expr" + std::to_string(firstExpressionNumber + unnamed_++);
+    add(std::move(node), std::move(name));
+    result_.select.items.back().aggregates = isAggregateCall(item.expr);
   }
 
-  void add(Node node, std::string name, bool named) {
+  void add(Node node, std::string name) {
     bound::Item item;
     if (const auto* column = std::get_if<bound::Column>(&node.node); column && !column->table.empty()) {
       item.source = column->source;
@@ -112,7 +115,6 @@ class SelectBinder {
     }
     item.expr = std::move(node);
     item.name = std::move(name);
-    item.named = named;
     result_.select.items.push_back(std::move(item));
   }
 
@@ -124,46 +126,68 @@ class SelectBinder {
     result_.select.unions.push_back({part.kind == UnionKind::All, std::move(select)});
   }
 
+  // A key that an output column repeats is that column, so that engines see one expression and not two that
+  // differ in the numbers of their parameters.
+  void bindGroupKey(Node node) {
+    Node key = caseBlind(std::move(node));
+    if (const auto place = itemAlike(context_, result_.select.items, key)) {
+      Node& item = result_.select.items[*place].expr;
+      item = caseBlind(std::move(item));
+      key = item;
+    }
+    result_.select.groupBy.push_back(std::move(key));
+  }
+
+  void requireGroupedColumns() const {
+    for (const bound::Item& item : result_.select.items) {
+      if (!std::holds_alternative<bound::Column>(item.expr.node)) continue;
+      const auto& keys = result_.select.groupBy;
+      const bool grouped = std::any_of(keys.begin(), keys.end(),
+                                       [&](const Node& key) { return sameForm(context_, key, item.expr); });
+      if (!grouped)
+        throw RuntimeError(ErrorNumber::ColumnNotGrouped,
+                           "试图执行的查询中不包含作为合计函数一部分的特定表达式 '" + item.name + "'。");
+    }
+  }
+
   void bindOrder() {
-    Scope scope = result_.scope;
     const std::vector<bound::Item> items = result_.select.items;
-    scope.items = &items;
-    scope.itemsFirst = !select_.unions.empty();
     for (const OrderKey& key : select_.orderBy) {
-      bound::OrderKey bound;
+      bound::OrderKey bound = select_.unions.empty() ? ownKey(key.expr, items) : unitedKey(key.expr, items);
       bound.descending = key.descending;
-      bound.item = repeatedItem(key.expr);
-      if (!bound.item && needsSelectedKeys()) raiseKeyNotSelected();
-      Node node = bound.item ? items[*bound.item].expr : ExprBinder(context_, scope).value(key.expr);
-      bound.expr = caseBlind(std::move(node));
       result_.select.orderBy.push_back(std::move(bound));
     }
   }
 
-  bool needsSelectedKeys() const {
-    return !select_.unions.empty() || (result_.select.distinct && result_.select.top);
-  }
-
-  [[noreturn]] static void raiseKeyNotSelected() {
-    throw RuntimeError(ErrorNumber::OrderNotSelected, "ORDER BY 表达式包含查询没有选定的字段。");
-  }
-
-  // The output column that an order key names by its place, its alias or its own name.
-  std::optional<std::size_t> repeatedItem(const Expr& expr) const {
-    const std::vector<bound::Item>& items = result_.select.items;
-    if (const auto* ordinal = std::get_if<OrdinalConst>(&expr.node)) return ordinalItem(ordinal->value);
-    const auto* reference = std::get_if<ColumnRef>(&expr.node);
-    if (!reference) return std::nullopt;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-      const auto* column = std::get_if<bound::Column>(&items[i].expr.node);
-      if (!column || !sameName(column->name, reference->column)) continue;
-      if (reference->table.empty() ? !items[i].named : sameName(column->qualifier, reference->table))
-        return i;
+  bound::OrderKey ownKey(const Expr& expr, const std::vector<bound::Item>& items) {
+    bound::OrderKey key;
+    if (const auto* ordinal = std::get_if<OrdinalConst>(&expr.node)) {
+      key.item = ordinalItem(ordinal->value);
+      key.expr = caseBlind(items[*key.item].expr);
+      return key;
     }
-    if (select_.unions.empty()) return std::nullopt;
-    for (std::size_t i = 0; i < items.size(); ++i)
-      if (sameName(items[i].name, reference->column)) return i;
-    return std::nullopt;
+    Scope scope = result_.scope;
+    scope.items = &items;
+    scope.itemsFirst = result_.select.aggregated;  // the columns behind a total can no longer be named
+    key.expr = caseBlind(ExprBinder(context_, scope).value(expr));
+    if (!result_.select.distinct && !result_.select.aggregated) return key;
+    key.item = itemAlike(context_, items, key.expr);
+    if (key.item) key.expr = caseBlind(items[*key.item].expr);
+    if (result_.select.distinct && !key.item)
+      throw RuntimeError(ErrorNumber::OrderConflictsWithDistinct, "ORDER BY 子句与 DISTINCT 冲突。");
+    return key;
+  }
+
+  // The rows of united queries are ordered by their columns alone.
+  bound::OrderKey unitedKey(const Expr& expr, const std::vector<bound::Item>& items) const {
+    bound::OrderKey key;
+    if (const auto* ordinal = std::get_if<OrdinalConst>(&expr.node)) key.item = ordinalItem(ordinal->value);
+    if (const auto* reference = std::get_if<ColumnRef>(&expr.node))
+      for (std::size_t i = 0; i < items.size() && !key.item; ++i)
+        if (sameName(items[i].name, reference->column)) key.item = i;
+    if (!key.item)
+      throw RuntimeError(ErrorNumber::OrderNotSelected, "ORDER BY 表达式包含查询没有选定的字段。");
+    return key;
   }
 
   std::size_t ordinalItem(int place) const {
@@ -175,9 +199,8 @@ class SelectBinder {
 
   bool aggregated() const {
     if (!select_.groupBy.empty() || select_.having) return true;
-    for (const SelectItem& item : select_.items)
-      if (isAggregateCall(item.expr)) return true;
-    return false;
+    const auto& items = result_.select.items;
+    return std::any_of(items.begin(), items.end(), [](const bound::Item& item) { return item.aggregates; });
   }
 
   BindContext& context_;

@@ -144,8 +144,8 @@ struct Node {
 
 struct Item {
   Node expr;
-  std::string name;  // of the output column
-  bool named = false;
+  std::string name;                   // of the output column
+  bool aggregates = false;            // holds an aggregate
   std::optional<std::size_t> source;  // index of the base table in the FROM clause, for a plain column
   std::string sourceColumn;
 };

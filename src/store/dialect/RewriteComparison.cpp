@@ -91,6 +91,8 @@ void trimLiteral(BindContext& context, const Node& node) {
 
 Node caseBlind(Node node) {
   if (!isText(node) || isPlainColumn(node)) return node;
+  const auto* unary = std::get_if<bound::Unary>(&node.node);
+  if (unary && unary->kind == bound::UnaryKind::CaseBlind) return node;
   const bound::ValueType type = node.type;
   return {bound::Unary{bound::UnaryKind::CaseBlind, std::move(node)}, type};
 }

@@ -38,10 +38,6 @@ class Separator {
   bool used_ = false;
 };
 
-bool hasAggregate(const bound::Node& node) {
-  return std::holds_alternative<bound::Aggregate>(node.node);
-}
-
 }  // namespace
 
 BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, EngineKind engine)
@@ -97,7 +93,7 @@ std::string BoundQuery::assembled(std::span<const std::size_t> outputColumns, bo
   bool aggregated = false;
   const auto column = [&](std::size_t index) {
     separator.next().value(select.items[index].expr);
-    aggregated = aggregated || hasAggregate(select.items[index].expr);
+    aggregated = aggregated || select.items[index].aggregates;
   };
   if (printsWhole()) {
     for (std::size_t i = 0; i < select.items.size(); ++i) column(i);

@@ -3,10 +3,6 @@
 
 add_library(zelkor_options INTERFACE)
 target_compile_options(zelkor_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
-# At -O3 GCC 12 sees overlapping copies in the joining of strings where there are none (its bug 105651).
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  target_compile_options(zelkor_options INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
-endif()
 if(ZELKOR_WARNINGS_AS_ERRORS)
   target_compile_options(zelkor_options INTERFACE -Werror)
 endif()

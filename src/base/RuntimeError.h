@@ -30,6 +30,7 @@ enum class ErrorNumber : int {
   AmbiguousColumn = 3079,
   UndefinedFunction = 3085,
   OrderConflictsWithDistinct = 3093,
+  CannotGroupOnMemo = 3119,
   ColumnNotGrouped = 3122,
   UnknownTargetColumn = 3127,
   SyntaxInInsert = 3134,

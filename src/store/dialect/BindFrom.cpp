@@ -27,8 +27,10 @@ class FromBinder {
 
   bound::Source collectOne(const DerivedTable& table) {
     bound::Select select = bindSelect(context_, *table.select, from_.scope.outer).select;
-    from_.scope.sources.push_back({table.alias, TableInfo{table.alias, outputColumns(select)}, true});
-    return bound::Derived{std::move(select), table.alias};
+    std::string name =
+        table.alias.empty() ? "zk_from" + std::to_string(from_.scope.sources.size()) : table.alias;
+    from_.scope.sources.push_back({name, TableInfo{name, outputColumns(select)}, true});
+    return bound::Derived{std::move(select), std::move(name)};
   }
 
   // A right join is the left join of its tables the other way round.

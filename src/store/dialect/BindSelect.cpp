@@ -129,6 +129,8 @@ class SelectBinder {
   // A key that an output column repeats is that column, so that engines see one expression and not two that
   // differ in the numbers of their parameters.
   void bindGroupKey(Node node) {
+    if (node.type.type == ColumnType::Memo || node.type.type == ColumnType::Binary)
+      throw RuntimeError(ErrorNumber::CannotGroupOnMemo, "不能按备注或 OLE 对象进行分组。");
     Node key = caseBlind(std::move(node));
     if (const auto place = itemAlike(context_, result_.select.items, key)) {
       Node& item = result_.select.items[*place].expr;

@@ -22,8 +22,7 @@ void Emitter::source(const bound::Source& source) {
   } else if (const auto* derived = std::get_if<bound::Derived>(&source)) {
     text("(");
     select(*derived->select, true);
-    text(")");
-    if (!derived->alias.empty()) text(" AS ").name(derived->alias);
+    text(") AS ").name(derived->alias);
   } else {
     const bound::Join& join = *std::get<Box<bound::Join>>(source);
     this->source(join.first);

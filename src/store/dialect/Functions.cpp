@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 
 #include "base/RuntimeError.h"
@@ -66,7 +67,8 @@ Node choice(std::vector<Node> arguments) {
   Node then = asValue(std::move(arguments[1]));
   Node otherwise = asValue(std::move(arguments[2]));
   const bool known = then.type.family != bound::Family::Unknown;
-  const bound::ValueType type = known ? then.type : otherwise.type;
+  bound::ValueType type = known ? then.type : otherwise.type;
+  type.size = std::max(then.type.size, otherwise.type.size);
   return {bound::Choice{asCondition(std::move(arguments[0])), std::move(then), std::move(otherwise)}, type};
 }
 

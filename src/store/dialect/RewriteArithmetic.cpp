@@ -49,8 +49,13 @@ Node withDate(BinaryOp op, Node left, Node right) {
   return call("zk_date_of_serial", valueType(ColumnType::Date), {std::move(serial)});
 }
 
+bool isTextOrNull(const Node& node) {
+  return isText(node) || std::holds_alternative<bound::NullValue>(node.node);
+}
+
 Node plus(Node left, Node right) {
-  if (isText(left) && isText(right)) return joined(std::move(left), std::move(right));
+  if ((isText(left) && isTextOrNull(right)) || (isTextOrNull(left) && isText(right)))
+    return joined(std::move(left), std::move(right));
   return numeric(BinaryKind::Add, asNumber(std::move(left)), asNumber(std::move(right)));
 }
 

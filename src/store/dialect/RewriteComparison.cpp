@@ -49,8 +49,11 @@ bool bindAsOther(BindContext& context, Node& constant, const Node& other) {
     case Family::Text:
       slot.bindAs = BindAs::Text;
       break;
-    case Family::Number:
     case Family::Boolean:
+      slot.bindAs = BindAs::Assigned;
+      slot.target = ColumnType::Boolean;
+      break;
+    case Family::Number:
       slot.bindAs = BindAs::Assigned;
       slot.target = ColumnType::Double;
       break;

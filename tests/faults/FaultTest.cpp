@@ -73,7 +73,9 @@ class FaultTest : public testing::Test {
       Program(job).killAfter(microseconds(moment(random)));
       ASSERT_TRUE(isIntact(dataFile()));
       // A kill can come after the work and before the end of the process.
-      if (content() != undisturbed) ASSERT_EQ(runProgram(job), 0);
+      if (content() != undisturbed) {
+        ASSERT_EQ(runProgram(job), 0);
+      }
       ASSERT_EQ(differenceOf(content(), undisturbed), "") << "after kill " << i;
     }
   }

@@ -69,7 +69,9 @@ constexpr std::array kTables = {
     ResetTable{"fa_JKItemSet", Reset::DeleteOnly},
 };
 
+/// Kept together: a job that is killed between dropping and creating could not drop the table again.
 void recreateItemsManual(Database& data) {
+  const KeptTogether together = data.keepTogether();
   data.Execute("DROP TABLE fa_ItemsManual");
   data.Execute("SELECT * INTO fa_ItemsManual  FROM ZKFA_Model_fa_ItemsManual_Init");
   data.Execute("CREATE UNIQUE INDEX sCardNum ON fa_ItemsManual (sCardNum)");

@@ -16,7 +16,7 @@ enum class CardField : std::size_t {
   AssetName,
   CategoryCode,
   CategoryName,
-  Specification,
+  Style,
   Department,  // a code, or a code and a name joined by a comma
   AdditionWay,
   Location,

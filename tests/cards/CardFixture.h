@@ -20,7 +20,7 @@ class CardTest : public AccountSetTest {
     values[AssetName] = "车床";
     values[CategoryCode] = "021";
     values[CategoryName] = "生产设备";
-    values[Specification] = "C6140";
+    values[Style] = "C6140";
     values[Department] = "301,一车间";
     values[AdditionWay] = "101";
     values[Location] = "东区";

@@ -11,12 +11,15 @@
 // The bare engine, for the floors that the measurements are compared with.
 namespace zelkor::bench {
 
-/// A data file opened without the store, with the store's own journal settings.
+/// A data file opened without the store, but with the store's own flags and journal settings.
 class BareFile {
  public:
   explicit BareFile(const std::string& path) {
     sqlite3* handle = nullptr;
-    if (sqlite3_open(path.c_str(), &handle) != SQLITE_OK) throw std::runtime_error("cannot open " + path);
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+    if (sqlite3_open_v2(path.c_str(), &handle, flags, nullptr) != SQLITE_OK) {
+      throw std::runtime_error("cannot open " + path);
+    }
     handle_.reset(handle);
     run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536");
   }

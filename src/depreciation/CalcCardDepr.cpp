@@ -1,5 +1,8 @@
 #include "depreciation/CalcCardDepr.h"
 
+#include <array>
+#include <string_view>
+
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "depreciation/MonthlyDepr.h"
@@ -7,6 +10,10 @@
 
 namespace zelkor {
 namespace {
+
+constexpr std::array<std::string_view, 12> kMonthColumns = {
+    "dblDepr1", "dblDepr2", "dblDepr3", "dblDepr4",  "dblDepr5",  "dblDepr6",
+    "dblDepr7", "dblDepr8", "dblDepr9", "dblDepr10", "dblDepr11", "dblDepr12"};
 
 Recordset openLatestVersion(Database& data, const std::string& cardNum) {
   return data.OpenRecordset(sql(
@@ -33,9 +40,8 @@ void writeYear(Database& data, const std::string& cardNum, DeprThisYear& deprThi
       data.OpenRecordset(sql("select * from fa_DeprTransactions where scardnum='", cardNum, "'"));
   if (ledger.Eof()) return;
   Currency total;
-  for (int month = 1; month <= 12; ++month) {
-    const double amount = ledger.Fields(sql("dblDepr", month)).numberOrZero();
-    total = Currency::fromDouble(total.toDouble() + amount);
+  for (const std::string_view column : kMonthColumns) {
+    total = Currency::fromDouble(total.toDouble() + ledger.Fields(column).numberOrZero());
   }
   deprThisYear.set(CCur(Format(total, "0.00")));
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -30,6 +31,8 @@ std::string cardRow(int number) {
 class FaultTest : public testing::Test {
  protected:
   void SetUp() override {
+    // The lock of a user's one copy is named after this directory: tests at the same time keep apart.
+    ::setenv("TMPDIR", directory.path().c_str(), 1);
     ASSERT_EQ(runProgram({"create", home.string(), "--year", "2020", "--month", "1", "--sample"}), 0);
     std::ofstream csv(directory.path() / "cards.csv");
     csv << "卡片编号,日期,固定资产编号,固定资产名称,类别编号,规格型号,部门名称,增加方式,存放地点,使用状况,"

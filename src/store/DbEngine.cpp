@@ -29,31 +29,26 @@ void Workspace::forEachConnection(Action action) {
 
 void Workspace::BeginTrans() {
   if (inTransaction_) return;
-  forEachConnection([](Connection& connection) {
-    connection.flush();
-    connection.gathering().beginWorkspaceTransaction();
-  });
+  forEachConnection([](Connection& connection) { connection.flush(); });
+  forEachConnection([](Connection& connection) { connection.gathering().beginWorkspaceTransaction(); });
   inTransaction_ = true;
 }
 
+// Every connection leaves the transaction before the first of them can fail.
 void Workspace::CommitTrans() {
-  if (!inTransaction_)
-    throw RuntimeError(ErrorNumber::NoTransaction, "试图提交或回滚事务，但没有先开始事务。");
-  inTransaction_ = false;
-  forEachConnection([](Connection& connection) {
-    connection.letReadersGo();
-    connection.gathering().commitWorkspaceTransaction();
-  });
+  leaveTransaction();
+  forEachConnection([](Connection& connection) { connection.gathering().endWorkspaceTransaction(); });
+  forEachConnection([](Connection& connection) { connection.flush(); });
 }
 
 void Workspace::Rollback() {
-  if (!inTransaction_)
-    throw RuntimeError(ErrorNumber::NoTransaction, "试图提交或回滚事务，但没有先开始事务。");
+  leaveTransaction();
+  forEachConnection([](Connection& connection) { connection.rollbackWorkspaceTransaction(); });
+}
+
+void Workspace::leaveTransaction() {
+  if (!inTransaction_) throw RuntimeError(ErrorNumber::NoTransaction);
   inTransaction_ = false;
-  forEachConnection([](Connection& connection) {
-    connection.letReadersGo();
-    connection.gathering().rollbackWorkspaceTransaction();
-  });
 }
 
 DbEngine::DbEngine() = default;

@@ -23,6 +23,7 @@ class Workspace {
   friend class DbEngine;
   template <typename Action>
   void forEachConnection(Action action);
+  void leaveTransaction();
 
   std::map<std::string, std::weak_ptr<Connection>> connections_;
   bool inTransaction_ = false;

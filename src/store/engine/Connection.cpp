@@ -61,9 +61,11 @@ long Connection::execute(std::string_view sql) {
 }
 
 std::string Connection::queryText(std::string_view sqlOrTable) const {
-  if (isPlainName(sqlOrTable) && schema_.table(sqlOrTable) != nullptr)
-    return "select * from [" + std::string(sqlOrTable) + "]";
-  return std::string(sqlOrTable);
+  if (!isPlainName(sqlOrTable)) return std::string(sqlOrTable);
+  if (schema_.table(sqlOrTable) == nullptr)
+    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery,
+                       "找不到输入表或查询 '" + std::string(sqlOrTable) + "'。");
+  return "select * from [" + std::string(sqlOrTable) + "]";
 }
 
 Recordset Connection::open(std::string_view sqlOrTable) {
@@ -74,6 +76,7 @@ Recordset Connection::open(std::string_view sqlOrTable) {
       throw RuntimeError(ErrorNumber::OperationNotUpdatable, "操作查询不能作为记录集打开：" + sql);
     auto state = std::make_shared<RecordsetState>(shared_from_this(), statement.query, sql, shape_.literals);
     state->start();
+    gathering_.afterStatement();
     return Recordset(std::move(state));
   });
 }
@@ -100,6 +103,8 @@ bool Connection::fastFormAllowed(CachedStatement& statement) {
 }
 
 long Connection::runAction(CachedStatement& statement, const dialect::Shape& shape) {
+  // The guard holds only while nobody else can write.
+  if (statement.translation.guard) gathering_.beforeWrite();
   const bool fast = fastFormAllowed(statement);
   auto& prepared = fast ? statement.fastAction : statement.action;
   const auto& sql = fast ? statement.translation.fastSql : statement.translation.sql;
@@ -111,6 +116,7 @@ long Connection::runAction(CachedStatement& statement, const dialect::Shape& sha
 long Connection::write(EngineStatement& statement) {
   letReadersGo();
   gathering_.beforeWrite();
+  ++writes_;
   {
     const ResetAtEnd reset(statement);
     while (statement.step()) {
@@ -125,6 +131,7 @@ long Connection::write(EngineStatement& statement) {
 long Connection::runTableChange(const CachedStatement& statement, const dialect::Shape& shape) {
   letReadersGo();
   gathering_.beforeWrite();
+  ++writes_;
   engine_->run("SAVEPOINT zk_statement");
   long touched = 0;
   try {
@@ -134,8 +141,8 @@ long Connection::runTableChange(const CachedStatement& statement, const dialect:
         bindSlots(*prepared, statement.translation.slots, shape.literals);
       while (prepared->step()) {
       }
-      touched = engine_->changes();
     }
+    if (statement.translation.kind == dialect::StatementKind::SelectInto) touched = engine_->changes();
   } catch (...) {
     if (engine_->inTransaction()) engine_->run("ROLLBACK TO zk_statement; RELEASE zk_statement");
     forgetTables();
@@ -156,6 +163,13 @@ EngineStatement& Connection::prepared(const std::string& sql) {
 void Connection::flush() {
   letReadersGo();
   gathering_.flush();
+}
+
+void Connection::rollbackWorkspaceTransaction() {
+  letReadersGo();
+  ++writes_;
+  gathering_.rollbackWorkspaceTransaction();
+  forgetTables();
 }
 
 void Connection::letReadersGo() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -33,10 +34,14 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// Writes out gathered statements and lets recordsets give up the rows that they are still reading from.
   void flush();
   WriteGathering& gathering() { return gathering_; }
+  /// Undoes what the workspace transaction has written, tables that it made included.
+  void rollbackWorkspaceTransaction();
   Engine& engine() { return *engine_; }
 
   /// Runs a prepared statement that writes, as one statement of its own; gives the rows touched.
   long write(EngineStatement& statement);
+  /// How many statements have written so far: tells a reader that what it has read may be old.
+  std::uint64_t writes() const { return writes_; }
   /// A prepared statement of the engine's own SQL, kept by its text.
   EngineStatement& prepared(const std::string& sql);
 
@@ -62,6 +67,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   WriteGathering gathering_;
   std::map<std::string, std::unique_ptr<EngineStatement>, std::less<>> prepared_;
   std::vector<RecordsetState*> readers_;
+  std::uint64_t writes_ = 0;
   dialect::Shape shape_;  // buffers kept from statement to statement
 };
 

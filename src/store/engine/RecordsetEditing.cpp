@@ -40,15 +40,20 @@ void RecordsetState::update() {
   // A new row stands behind the others, and the current row stays current.
   keys_.emplace_back(*newKey);
   ++known_;
+  if (atEnd_) current_ = known_;
 }
 
 void RecordsetState::deleteRow() {
   requireCurrentRow();
   if (sources() != 1) throw RuntimeError(ErrorNumber::OperationNotUpdatable);
   collectAll();
-  const RowKey key = keys_[static_cast<std::size_t>(current_)];
-  zelkor::deleteRow(*connection_, query_->query().sources().front().table, *key);
-  cachedRow_ = -1;
+  const auto row = keys_.begin() + current_;
+  zelkor::deleteRow(*connection_, query_->query().sources().front().table, row->value());
+  keys_.erase(row);
+  --known_;
+  --visited_;
+  --current_;
+  currentDeleted_ = true;
 }
 
 void RecordsetState::find(std::string_view criteria, bool last) {

@@ -46,6 +46,8 @@ void RecordsetState::start() {
   known_ = visited_ = 0;
   current_ = cachedRow_ = -1;
   atEnd_ = true;
+  currentDeleted_ = false;
+  failure_ = nullptr;
   edit_.reset();
   run_ = query_->take();
   connection_->addReader(*this);
@@ -65,7 +67,8 @@ bool RecordsetState::streamNext() {
   bool more = false;
   try {
     more = run_.statement->step() && withinTop();
-  } catch (...) {
+  } catch (const RuntimeError&) {
+    failure_ = std::current_exception();
     finish();
     throw;
   }
@@ -114,49 +117,54 @@ std::vector<Value> RecordsetState::decodeStreamedRow() const {
   return row;
 }
 
-// Before the statement moves on: what could not be read again is kept.
+// Before the statement moves on: a row of a keyed query can be read again, any other is kept.
 void RecordsetState::keepStreamedRow() {
-  if (!streaming() || known_ == 0) return;
-  if (!keyed()) {
-    rows_.push_back(decodeStreamedRow());
-  } else if (current_ == known_ - 1 && cachedRow_ != current_) {
-    cache_ = decodeStreamedRow();
-    cacheProjection_ = run_.projection;
-    cachedRow_ = current_;
-  }
+  if (streaming() && known_ > 0 && !keyed()) rows_.push_back(decodeStreamedRow());
 }
 
+// Somebody else's write must not fail because a row of ours cannot be read: the move that reaches it tells.
 void RecordsetState::letGo() {
-  keepStreamedRow();
-  while (streamNext())
-    if (!keyed()) rows_.push_back(decodeStreamedRow());
+  try {
+    keepStreamedRow();
+    while (streamNext())
+      if (!keyed()) rows_.push_back(decodeStreamedRow());
+  } catch (const RuntimeError&) {
+    finish();
+  }
 }
 
 void RecordsetState::collectAll() {
   if (streaming()) letGo();
+  if (failure_) std::rethrow_exception(failure_);
 }
 
 void RecordsetState::standOn(long row) {
   current_ = row;
   atEnd_ = false;
+  currentDeleted_ = false;
   visited_ = std::max(visited_, row + 1);
 }
 
 void RecordsetState::moveNext() {
   edit_.reset();
   if (atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  connection_->gathering().afterStatement();
   if (current_ + 1 < known_) return standOn(current_ + 1);
-  if (streaming() && !keyed()) rows_.push_back(decodeStreamedRow());
+  if (streaming()) keepStreamedRow();
   if (streamNext()) return standOn(current_ + 1);
+  if (failure_) std::rethrow_exception(failure_);
   current_ = known_;
+  currentDeleted_ = false;
   atEnd_ = true;
 }
 
 void RecordsetState::movePrevious() {
   edit_.reset();
-  if (current_ < 0) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  if (atBeginning()) throw RuntimeError(ErrorNumber::NoCurrentRecord);
   collectAll();
-  --current_;
+  // A row that this recordset has deleted is gone already: current_ is the one before it.
+  if (!currentDeleted_) --current_;
+  currentDeleted_ = false;
   if (current_ >= 0) standOn(current_);
 }
 
@@ -183,6 +191,7 @@ std::size_t RecordsetState::columnIndex(std::string_view name) const {
 }
 
 void RecordsetState::requireCurrentRow() const {
+  if (currentDeleted_) throw RuntimeError(ErrorNumber::RecordDeleted);
   if (current_ < 0 || atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
 }
 
@@ -200,17 +209,23 @@ Value RecordsetState::value(std::size_t column) {
 }
 
 Value RecordsetState::keyedValue(std::size_t column) {
-  if (onStreamedRow() && cachedRow_ != current_) {
+  if (onStreamedRow()) {
     if (const int place = run_.projection->placeOf[column]; place >= 0) {
       const auto first = static_cast<int>(sources() + query_->query().tieKeys());
       return readCell(*run_.statement, first + place, columns()[column].type);
     }
   }
-  if (cachedRow_ != current_ || cacheProjection_->placeOf[column] < 0) {
+  if (!cacheHolds(column)) {
     query_->learn(column);
     readCurrentByKey();
   }
   return cache_[static_cast<std::size_t>(cacheProjection_->placeOf[column])];
+}
+
+// What was read before a write may have changed since.
+bool RecordsetState::cacheHolds(std::size_t column) const {
+  return cachedRow_ == current_ && cachedAtWrite_ == connection_->writes() &&
+         cacheProjection_->placeOf[column] >= 0;
 }
 
 void RecordsetState::bindKeys(EngineStatement& statement) {
@@ -236,6 +251,7 @@ void RecordsetState::readCurrentByKey() {
   if (!found) throw RuntimeError(ErrorNumber::RecordDeleted);
   cacheProjection_ = query_->sharedProjection();
   cachedRow_ = current_;
+  cachedAtWrite_ = connection_->writes();
 }
 
 }  // namespace zelkor

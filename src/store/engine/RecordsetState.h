@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,7 +36,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void letGo();
 
   bool atEnd() const { return atEnd_; }
-  bool atBeginning() const { return current_ < 0; }
+  bool atBeginning() const { return current_ < 0 && !currentDeleted_; }
   void moveNext();
   void movePrevious();
   void moveFirst();
@@ -77,6 +78,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
 
   void requireCurrentRow() const;
   Value keyedValue(std::size_t column);
+  bool cacheHolds(std::size_t column) const;
   void readCurrentByKey();
   void bindKeys(EngineStatement& statement);
   RowEdit::Target editTarget() const;
@@ -95,12 +97,15 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   long current_ = -1;  // the current row, counted from 0
   long visited_ = 0;
   bool atEnd_ = true;
+  bool currentDeleted_ = false;  // by this recordset: current_ is then the row before it
   bool noMatch_ = false;
+  std::exception_ptr failure_;  // of the row behind the known ones
 
   // The columns of the current row that have been read so far, of a keyed query.
   std::vector<Value> cache_;
   std::shared_ptr<const Projection> cacheProjection_;
   long cachedRow_ = -1;
+  std::uint64_t cachedAtWrite_ = 0;
 
   std::optional<RowEdit> edit_;
 };

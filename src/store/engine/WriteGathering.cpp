@@ -34,11 +34,6 @@ void WriteGathering::beginWorkspaceTransaction() {
   workspaceTransaction_ = true;
 }
 
-void WriteGathering::commitWorkspaceTransaction() {
-  workspaceTransaction_ = false;
-  flush();
-}
-
 void WriteGathering::rollbackWorkspaceTransaction() {
   workspaceTransaction_ = false;
   if (engine_.inTransaction()) engine_.rollback();

@@ -27,7 +27,8 @@ class WriteGathering {
   void release() { --holds_; }
 
   void beginWorkspaceTransaction();
-  void commitWorkspaceTransaction();
+  /// What it has written is then gathered like any other write, for the next flush.
+  void endWorkspaceTransaction() { workspaceTransaction_ = false; }
   void rollbackWorkspaceTransaction();
 
  private:

@@ -41,6 +41,8 @@ class FaultTest : public testing::Test {
     for (int i = 0; i < cards; ++i) csv << cardRow(i);
   }
 
+  void TearDown() override { ::unsetenv("TMPDIR"); }
+
   std::string argument(const std::string& runType) const {
     return dataFile() + ",张三,2020-01-15," + runType + "," + (home / "ZkSystem.Mdb").string() + ",001";
   }

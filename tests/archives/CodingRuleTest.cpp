@@ -65,11 +65,11 @@ TEST(DepartCheck, refusesInTheOrderOfItsMessages) {
     std::string_view refusal;
     int level;
   } cases[] = {
-      {"101", "", DepartSaving::New, departNameEmptyText, 0},
-      {"101", "n", DepartSaving::New, departCodeTakenText, 0},
+      {"101", "", DepartSaving::New, "名称不能为空，请填写！", 0},
+      {"101", "n", DepartSaving::New, "已存在此分类编码，请重新输入！", 0},
       {"101", "n", DepartSaving::Existing, "", 2},
-      {"10", "n", DepartSaving::New, departCodeUnfitText, 0},
-      {"201", "n", DepartSaving::New, departParentMissingText, 2},
+      {"10", "n", DepartSaving::New, "此编码不符合分类编码规则，请重新编码！", 0},
+      {"201", "n", DepartSaving::New, "不存在上级部门，请重新输入！", 2},
       {"102", "n", DepartSaving::New, "", 2},
       {"2", "n", DepartSaving::New, "", 1},
   };

@@ -175,7 +175,7 @@ TEST_F(CardSavingTest, readsNamesAndCards) {
   EXPECT_EQ(cards.GetOrgAddName("103"), "捐赠");
   EXPECT_EQ(cards.GetStatusName("12"), "季节性停用");
   EXPECT_EQ(cards.GetAssetTypeName("041"), "计算机及外部设备");
-  EXPECT_EQ(cards.GetAccInformation("IYEARSTODEL"), cards.GetAccInformation("iYearsToDel"));
+  EXPECT_EQ(cards.GetAccInformation("IYEARSTODEL"), "5");
   EXPECT_EQ(cards.GetAccInformation("iCardNumType"), "1");
   EXPECT_EQ(cards.GetDeprSubjectName("00001"), "410502,折旧费");
   EXPECT_EQ(cards.GetDeprSubjectName("00009"), "");

@@ -22,7 +22,7 @@ class ReinitialiseAccountTest : public testing::Test {
     return rows(sql("select cValue from AccInformation where cSysID='FA' and cName='", name, "'")).front();
   }
 
-  TempDirectory directory;
+  TempDir directory;
   std::string path = (directory.path() / "ZkData.Mdb").string();
   DbEngine engine;
   Database data;

@@ -2,21 +2,17 @@
 
 #include <iostream>
 #include <QAbstractButton>
-#include <QAbstractTableModel>
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QFont>
-#include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTableView>
 #include <QVBoxLayout>
+
+#include "ui/FlexGrid.h"
 
 namespace zelkor {
 namespace {
-
-constexpr int kTwipsPerInch = 1440;
 
 struct ButtonText {
   QMessageBox::StandardButton button;
@@ -99,63 +95,6 @@ QString titleOf(const std::string& title) {
   return title.empty() ? QStringLiteral("Zelkor") : QString::fromStdString(title);
 }
 
-/// A grid as the table view reads it, without copying its cells. The header is the last header row.
-class GridModel final : public QAbstractTableModel {
- public:
-  explicit GridModel(const TextGrid& grid) : grid_(grid) {}
-
-  int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : static_cast<int>(grid_.rows() - grid_.headerRows());
-  }
-  int columnCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : static_cast<int>(grid_.columns());
-  }
-  QVariant data(const QModelIndex& index, int role) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
- private:
-  const TextGrid& grid_;
-};
-
-QVariant alignmentOf(Align align) {
-  const Qt::AlignmentFlag side = align == Align::Left    ? Qt::AlignLeft
-                                 : align == Align::Right ? Qt::AlignRight
-                                                         : Qt::AlignHCenter;
-  return static_cast<int>(side | Qt::AlignVCenter);
-}
-
-QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const std::size_t row = static_cast<std::size_t>(index.row()) + grid_.headerRows();
-  const auto column = static_cast<std::size_t>(index.column());
-  if (role == Qt::DisplayRole) return QString::fromStdString(grid_.text(row, column));
-  if (role == Qt::TextAlignmentRole) {
-    return alignmentOf(grid_.centred(row, column) ? Align::Center : grid_.alignment(column));
-  }
-  if (role == Qt::FontRole && grid_.bold(row, column)) {
-    QFont font;
-    font.setBold(true);
-    return font;
-  }
-  return {};
-}
-
-QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole || grid_.headerRows() == 0) return {};
-  return QString::fromStdString(grid_.text(grid_.headerRows() - 1, static_cast<std::size_t>(section)));
-}
-
-/// Sets the widths that the grid asks for, hides what it hides.
-void arrange(QTableView& view, const TextGrid& grid) {
-  for (std::size_t i = 0; i < grid.columns(); ++i) {
-    const int column = static_cast<int>(i);
-    view.setColumnWidth(column, grid.columnWidth(i) * view.logicalDpiX() / kTwipsPerInch);
-    view.setColumnHidden(column, grid.columnHidden(i));
-  }
-  for (std::size_t i = grid.headerRows(); i < grid.rows(); ++i) {
-    if (grid.rowHidden(i)) view.setRowHidden(static_cast<int>(i - grid.headerRows()), true);
-  }
-}
-
 }  // namespace
 
 Answer QtDialogs::ask(const MessageBox& box) {
@@ -184,15 +123,9 @@ void QtDialogs::present(const std::string& caption, const TextGrid& grid) {
   QDialog window(QApplication::activeWindow());
   window.setWindowTitle(titleOf(caption));
 
-  GridModel model(grid);
-  auto* view = new QTableView;
+  auto* view = new FlexGrid;
   view->setObjectName("grid");
-  view->setModel(&model);
-  view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view->verticalHeader()->hide();
-  view->horizontalHeader()->setVisible(grid.headerRows() > 0);
-  view->setSelectionBehavior(QAbstractItemView::SelectRows);
-  arrange(*view, grid);
+  view->setGrid(grid);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
   buttons->button(QDialogButtonBox::Close)->setText("关闭");

@@ -8,9 +8,12 @@
 #include <string>
 
 #include "apps/BatchJobs.h"
+#include "apps/zelkor/Screens.h"
 #include "startup/ProgramEnd.h"
 #include "startup/SingleInstance.h"
+#include "ui/FormHost.h"
 #include "ui/QtDialogs.h"
+#include "ui/Theme.h"
 
 namespace zelkor {
 namespace {
@@ -39,8 +42,10 @@ int runModule() {
   context.programFolder = programFolder();
   writeOutBeforeShowing(context);
 
+  FormHost host(context, [](int status) { QCoreApplication::exit(status); });
   RunTypeJobs jobs;
   addBatchJobs(jobs);
+  addScreens(jobs, host);
   SingleInstance instance;
   const auto status = runToEnd(
       context, [&] { Main(context, argumentString(), jobs, [&instance] { return instance.acquire(); }); });
@@ -56,7 +61,8 @@ int main(int argc, char** argv) {
     std::cerr << "zelkor: 没有显示器（DISPLAY 未设置），不能打开窗口；批处理运行类型可用 zelkorctl run\n";
     return 1;
   }
-  const QApplication application(argc, argv);
+  QApplication application(argc, argv);
   QApplication::setApplicationName("Zelkor");
+  zelkor::applyTheme(application);
   return zelkor::runModule();
 }

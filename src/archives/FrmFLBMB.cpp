@@ -1,0 +1,217 @@
+#include "archives/FrmFLBMB.h"
+
+#include <QAction>
+#include <QSignalBlocker>
+
+#include "archives/AssetTypeList.h"
+#include "archives/FrmZJFFCZ.h"
+#include "base/Text.h"
+#include "ui/TreeLoader.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kRootCode = "&";
+constexpr const char* kCardLayoutName = "通用样式";
+constexpr int kDetailTab = 1;
+constexpr int kCodePartLimit = 10;  // the longest code
+constexpr std::size_t kCodeColumn = 0;
+
+}  // namespace
+
+FrmFLBMB::FrmFLBMB(FormHost& host) : Form(host, "FrmFLBMB", "类别编码表", Unload::EndsProgram) {
+  arrangeControls();
+  connectEvents();
+  reload();
+}
+
+void FrmFLBMB::connectEvents() {
+  on(Toolbar1, &Toolbar::ButtonClick, &FrmFLBMB::Toolbar1_ButtonClick);
+  on(TvLeft, &QTreeWidget::currentItemChanged, &FrmFLBMB::TvLeft_NodeClick);
+  on(MSFlexGrid1, &FlexGrid::rowSelected, &FrmFLBMB::MSFlexGrid1_RowColChange);
+  on(MSFlexGrid1, &FlexGrid::rowOpened, &FrmFLBMB::MSFlexGrid1_DblClick);
+  on(TxtZJFF, &QLineEdit::editingFinished, &FrmFLBMB::TxtZJFF_Validate);
+  on(CmdZJFF, &QPushButton::clicked, &FrmFLBMB::CmdZJFF_Click);
+}
+
+/// Reads everything anew; the entry that was selected stays so if it is still there.
+void FrmFLBMB::reload() {
+  const std::string selected = treeCode_.empty() ? kRootCode : treeCode_;
+  {
+    const QSignalBlocker quiet(TvLeft);
+    loadTree(*TvLeft, assetTypeTree(data()));
+    TvLeft->expandAll();
+    QTreeWidgetItem* item = findByKey(*TvLeft, "D" + toQt(selected));
+    TvLeft->setCurrentItem(item ? item : TvLeft->topLevelItem(0));
+  }
+  enterMode(Mode::Browse);
+  TvLeft_NodeClick();
+}
+
+void FrmFLBMB::TvLeft_NodeClick() {
+  const QTreeWidgetItem* item = TvLeft->currentItem();
+  const QString code = item ? tagOf(*item) : QString();
+  treeCode_ = code.isEmpty() ? kRootCode : fromQt(code);
+  fillList();
+  showDetails(treeCode_);
+}
+
+void FrmFLBMB::fillList() {
+  const QSignalBlocker quiet(MSFlexGrid1);
+  TextGrid list = assetTypeList(data(), treeCode_, run().gstrDeprStates);
+  for (const std::size_t amount : {2, 3}) {
+    if (amount < list.columns()) list.setAlignment(amount, Align::Right);
+  }
+  MSFlexGrid1->setGrid(std::move(list));
+  MSFlexGrid1->fitColumns();
+}
+
+void FrmFLBMB::MSFlexGrid1_RowColChange(std::size_t row) {
+  showDetails(Trim(MSFlexGrid1->grid().text(row, kCodeColumn)));
+}
+
+void FrmFLBMB::MSFlexGrid1_DblClick() {
+  SSTab1->setCurrentIndex(kDetailTab);
+}
+
+void FrmFLBMB::clearDetails() {
+  for (QLineEdit* field : {TxtLBMC, TxtSYNX, TxtJCZL, TxtJLDW, TxtZJFF, TxtKPYS}) field->clear();
+  ComboJTSX->setCurrentIndex(0);
+}
+
+/// Shows a category; for the root, or one that is gone, empty fields.
+void FrmFLBMB::showDetails(const std::string& code) {
+  const auto found = code == kRootCode ? std::nullopt : readAssetType(data(), code);
+  current_ = found.value_or(AssetTypeDetail{});
+  clearDetails();
+  showParts(current_.entry.parts, 0);
+  if (found) {
+    TxtLBMC->setText(toQt(current_.entry.name));
+    TxtSYNX->setText(toQt(current_.entry.lifeYears));
+    TxtJCZL->setText(toQt(current_.entry.residualRatePercent));
+    TxtJLDW->setText(toQt(current_.entry.unit));
+    ComboJTSX->setCurrentIndex(current_.entry.depreciationRule - 1);
+    TxtZJFF->setText(toQt(current_.entry.methodName));
+    TxtKPYS->setText(kCardLayoutName);
+  }
+  followSelection();
+}
+
+/// Shows a code's parts and lets the one of `openLevel` (from 1; 0 for none) be typed into, at the length
+/// that the coding rule gives it.
+void FrmFLBMB::showParts(const AssetTypeCodeParts& parts, int openLevel) {
+  const AssetTypeCodingRule rule = readAssetTypeCodingRule(data());
+  for (std::size_t i = 0; i < assetTypeLevels; ++i) {
+    TxtBM[i]->setMaxLength(mode_ == Mode::Browse ? kCodePartLimit : rule.lengths[i]);
+    TxtBM[i]->setText(toQt(parts[i]));
+    TxtBM[i]->setReadOnly(static_cast<int>(i) + 1 != openLevel);
+  }
+}
+
+void FrmFLBMB::followSelection() {
+  const bool browsing = mode_ == Mode::Browse;
+  const bool onRow = current_.level > 0;
+  Toolbar1->enable("增加", browsing && current_.level < readAssetTypeCodingRule(data()).deepestLevel());
+  Toolbar1->enable("修改", browsing && onRow);
+  Toolbar1->enable("删除", browsing && onRow && current_.children == 0);
+  Toolbar1->enable("刷新", browsing);
+  Toolbar1->enable("保存", !browsing);
+  Toolbar1->enable("取消", !browsing);
+}
+
+void FrmFLBMB::enterMode(Mode mode) {
+  mode_ = mode;
+  const bool browsing = mode == Mode::Browse;
+  TvLeft->setEnabled(browsing);
+  MSFlexGrid1->setEnabled(browsing);
+  for (QLineEdit* field : {TxtLBMC, TxtSYNX, TxtJCZL, TxtJLDW, TxtZJFF}) field->setReadOnly(browsing);
+  ComboJTSX->setEnabled(!browsing);
+  CmdZJFF->setEnabled(!browsing);
+  if (!browsing) SSTab1->setCurrentIndex(kDetailTab);
+  followSelection();
+}
+
+void FrmFLBMB::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "增加") add();
+  if (caption == "修改") edit();
+  if (caption == "删除") remove();
+  if (caption == "保存") save();
+  if (caption == "取消") cancel();
+  if (caption == "刷新") reload();
+  if (caption == "退出") close();
+}
+
+void FrmFLBMB::add() {
+  const AssetTypeParent parent{current_.code, current_.entry.parts, current_.level};
+  const NewAssetTypeCode proposal = proposeAssetTypeCode(data(), parent);
+  newLevel_ = proposal.level;
+  enterMode(Mode::Add);
+  clearDetails();
+  showParts(proposal.parts, newLevel_);
+  TxtZJFF->setText(toQt(mainDepreciationMethodName(data())));
+  TxtKPYS->setText(kCardLayoutName);
+  TxtLBMC->setFocus();
+}
+
+void FrmFLBMB::edit() {
+  enterMode(Mode::Edit);
+  showParts(current_.entry.parts, current_.level);
+  TxtLBMC->setFocus();
+}
+
+AssetTypeEntry FrmFLBMB::entered() const {
+  AssetTypeEntry entry;
+  for (std::size_t i = 0; i < assetTypeLevels; ++i) entry.parts[i] = fromQt(TxtBM[i]->text());
+  entry.name = fromQt(TxtLBMC->text());
+  entry.lifeYears = fromQt(TxtSYNX->text());
+  entry.residualRatePercent = fromQt(TxtJCZL->text());
+  entry.unit = fromQt(TxtJLDW->text());
+  entry.depreciationRule = ComboJTSX->currentIndex() + 1;
+  entry.methodName = fromQt(TxtZJFF->text());
+  return entry;
+}
+
+void FrmFLBMB::save() {
+  // A command of the toolbar does not take the focus: a field that is being typed into has not been left.
+  if (TxtZJFF->hasFocus() && !TxtZJFF_Validate()) return;
+  if (mode_ == Mode::Add) {
+    addAssetType(data(), entered(), newLevel_);
+  } else if (updateAssetType(data(), entered(), current_.code) == AssetTypeSaved::CodeTaken) {
+    run().dialogs.MsgBox(std::string(assetTypeCodeTakenText), Buttons::Ok, Icon::Exclamation,
+                         std::string(assetTypeBoxTitle));
+    return;
+  }
+  reload();
+}
+
+void FrmFLBMB::cancel() {
+  const Answer answer = run().dialogs.MsgBox(std::string(assetTypeCancelQuestion), Buttons::YesNo,
+                                             Icon::Question, std::string(assetTypeBoxTitle));
+  if (answer == Answer::Yes) reload();
+}
+
+void FrmFLBMB::remove() {
+  const Answer answer = run().dialogs.MsgBox(std::string(assetTypeDeleteQuestion), Buttons::YesNo,
+                                             Icon::Question, std::string(assetTypeBoxTitle));
+  if (answer != Answer::Yes) return;
+  deleteAssetType(data(), current_.code);
+  reload();
+}
+
+/// True when the method in the field is one of the archive's.
+bool FrmFLBMB::TxtZJFF_Validate() {
+  if (mode_ == Mode::Browse || !depreciationMethodID(data(), fromQt(TxtZJFF->text())).empty()) return true;
+  run().dialogs.MsgBox(std::string(assetTypeMethodUnknownText), Buttons::Ok, Icon::Exclamation,
+                       std::string(assetTypeBoxTitle));
+  TxtZJFF->setFocus();
+  return false;
+}
+
+void FrmFLBMB::CmdZJFF_Click() {
+  FrmZJFFCZ picker(host());
+  picker.setpZJFF(fromQt(TxtZJFF->text()));
+  host().showModal(picker);
+  if (!picker.pZJFF().empty()) TxtZJFF->setText(toQt(picker.pZJFF()));
+}
+
+}  // namespace zelkor

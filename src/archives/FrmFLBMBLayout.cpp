@@ -1,0 +1,73 @@
+#include <QBoxLayout>
+#include <QLabel>
+#include <QSplitter>
+
+#include "archives/FrmFLBMB.h"
+#include "ui/Layout.h"
+#include "ui/TreeLoader.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+constexpr int kNumberWidth = 110;
+constexpr int kPartWidth = 64;
+
+QBoxLayout* withUnit(QLineEdit* field, const char* unit) {
+  field->setFixedWidth(kNumberWidth);
+  field->setAlignment(Qt::AlignRight);
+  return row({field, new QLabel(unit), stretch()});
+}
+
+}  // namespace
+
+void FrmFLBMB::arrangeControls() {
+  Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
+  dressTree(*TvLeft);
+  arrangeDetails();
+  SSTab1->addTab(MSFlexGrid1, "列表");
+  SSTab1->addTab(Picture1, "单张");
+  auto* split = new QSplitter;
+  split->addWidget(TvLeft);
+  split->addWidget(SSTab1);
+  split->setStretchFactor(1, 1);
+  split->setSizes({260, 740});
+  split->setChildrenCollapsible(false);
+  auto* body = row({wide(split)});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(1020, 600);
+}
+
+void FrmFLBMB::arrangeDetails() {
+  for (const auto& caption : {run().gstrDeprStates[1], run().gstrDeprStates[2], run().gstrDeprStates[3]}) {
+    ComboJTSX->addItem(toQt(caption));
+  }
+  acceptNumbersOnly(TxtSYNX);
+  acceptNumbersOnly(TxtJCZL);
+  TxtKPYS->setReadOnly(true);
+  CmdZJFF->setProperty("pick", true);
+  auto* parts = row({});
+  for (QLineEdit* part : TxtBM) {
+    part->setFixedWidth(kPartWidth);
+    parts->addWidget(part);
+  }
+  parts->addStretch(1);
+  arrange(Picture1, column({row({fields({{"类别编码(&B)：", parts},
+                                         {"类别名称(&N)：", TxtLBMC},
+                                         {"使用年限(&Y)：", withUnit(TxtSYNX, "年")},
+                                         {"净残值率(&R)：", withUnit(TxtJCZL, "%")},
+                                         {"计量单位(&U)：", TxtJLDW},
+                                         {"计提属性(&T)：", ComboJTSX},
+                                         {"折旧方法(&M)：", row({wide(TxtZJFF), CmdZJFF})},
+                                         {"卡片样式：", TxtKPYS}}),
+                                 stretch()}),
+                            stretch()}));
+  setTabOrder(TxtBM[assetTypeLevels - 1], TxtLBMC);
+}
+
+}  // namespace zelkor

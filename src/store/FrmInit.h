@@ -1,0 +1,119 @@
+#pragma once
+
+#include <array>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+
+#include "store/InitWizard.h"
+#include "ui/CodingRuleBoxes.h"
+#include "ui/Form.h"
+
+namespace zelkor {
+
+/// The first-use wizard: collects what cannot be changed later in six steps and writes it at the end.
+class FrmInit final : public Form {
+ public:
+  explicit FrmInit(FormHost& host);
+
+ private:
+  static constexpr std::int16_t lastStep = 5;
+  static constexpr std::size_t steps = 6;
+
+  // the list of steps
+  std::array<QLabel*, steps> PicOK = makeArray<QLabel, steps>("PicOK");
+  std::array<QLabel*, steps> LblStep = makeArray<QLabel, steps>("LblStep");
+  QStackedWidget* Pages = make<QStackedWidget>("Pages");
+  // 1 terms
+  QPlainTextEdit* TxtJBYZ = make<QPlainTextEdit>("TxtJBYZ");
+  QRadioButton* OptionYes = make<QRadioButton>("OptionYes", "我同意");
+  QRadioButton* OptionNo = make<QRadioButton>("OptionNo", "我不同意");
+  // 2 start month
+  QComboBox* ComboZTQYYF = make<QComboBox>("ComboZTQYYF");
+  // 3 depreciation
+  QCheckBox* CheckJTZJ = make<QCheckBox>("CheckJTZJ", "本账套计提折旧(&J)");
+  QComboBox* ComboZJFF = make<QComboBox>("ComboZJFF");
+  QComboBox* ComboHZFPZQ = make<QComboBox>("ComboHZFPZQ");
+  QLabel* Lblzjfpyf = make<QLabel>("Lblzjfpyf");
+  QCheckBox* CheckTZZJ =
+      make<QCheckBox>("CheckTZZJ", "当(月初已计提月份=可使用月份-1)时将剩余折旧全部提足(工作量法除外)");
+  // 4 codes
+  std::array<QLineEdit*, CodingRuleBoxes::levels> TxtBMCD =
+      makeArray<QLineEdit, CodingRuleBoxes::levels>("TxtBMCD");
+  std::array<UpDown*, CodingRuleBoxes::levels> UpDownBMCD =
+      makeArray<UpDown, CodingRuleBoxes::levels>("UpDownBMCD");
+  QLabel* LblBMZCD = make<QLabel>("LblBMZCD");
+  QRadioButton* OptionBMFSSD = make<QRadioButton>("OptionBMFSSD", "手工输入");
+  QRadioButton* OptionBMFSZD = make<QRadioButton>("OptionBMFSZD", "自动编码");
+  QComboBox* ComboBMFS = make<QComboBox>("ComboBMFS");
+  QLineEdit* TxtXHCD = make<QLineEdit>("TxtXHCD");
+  UpDown* UpDownXHCD = make<UpDown>("UpDownXHCD");
+  // 5 ledger
+  QCheckBox* CheckZWXTDZ = make<QCheckBox>("CheckZWXTDZ", "与账务系统进行对账(&Z)");
+  QCheckBox* CheckDZBP = make<QCheckBox>("CheckDZBP", "在对账不平情况下允许固定资产月末结账");
+  QGroupBox* FrameDZKM = nullptr;
+  QLineEdit* TxtGDZCDZKM = make<QLineEdit>("TxtGDZCDZKM");
+  QPushButton* CmdGDZCDZKM = make<QPushButton>("CmdGDZCDZKM", "…");
+  QLineEdit* TxtLJZJDZKM = make<QLineEdit>("TxtLJZJDZKM");
+  QPushButton* CmdLJZJDZKM = make<QPushButton>("CmdLJZJDZKM", "…");
+  // 6 summary
+  QLabel* LblZTMC = make<QLabel>("LblZTMC");
+  QLabel* LblSYDW = make<QLabel>("LblSYDW");
+  QLabel* LblZGXM = make<QLabel>("LblZGXM");
+  QLabel* LblZCLBBMFS = make<QLabel>("LblZCLBBMFS");
+  QLabel* LblGDZCBMFS = make<QLabel>("LblGDZCBMFS");
+  QLabel* LblJTZJ = make<QLabel>("LblJTZJ");
+  QLabel* LblZYZJFF = make<QLabel>("LblZYZJFF");
+  QLabel* LblFPZQ = make<QLabel>("LblFPZQ");
+  QLabel* LblSYYF = make<QLabel>("LblSYYF");
+  QLabel* LblZWDZ = make<QLabel>("LblZWDZ");
+  QLabel* LblYXJZ = make<QLabel>("LblYXJZ");
+  QLabel* LblGDZCDZKM = make<QLabel>("LblGDZCDZKM");
+  QLabel* LblLJZJDZKM = make<QLabel>("LblLJZJDZKM");
+
+  QPushButton* CmdPr = make<QPushButton>("CmdPr", "<<上一步");
+  QPushButton* CmdNext = make<QPushButton>("CmdNext", "下一步>>");
+  QPushButton* CmdFinish = make<QPushButton>("CmdFinish", "完成");
+  QPushButton* CmdExit = make<QPushButton>("CmdExit", "退出");
+
+  void arrangeControls();
+  QLayout* stepList();
+  QLayout* termsPage();
+  QLayout* startMonthPage();
+  QLayout* depreciationPage();
+  QLayout* codesPage();
+  QLayout* ledgerPage();
+  QLayout* summaryPage();
+  void connectEvents();
+
+  void Form_Load();
+  void loadCodes();
+  void showStep();
+  void showSummary();
+  InitChoices choices() const;
+  bool subjectIsRight(QLineEdit& field, const char* emptyText);
+
+  void OptionYes_Click();
+  void OptionNo_Click();
+  void CheckJTZJ_Click(bool ticked);
+  void OptionBMFSSD_Click();
+  void OptionBMFSZD_Click();
+  void CheckZWXTDZ_Click(bool ticked);
+  void leaveSubject(QLineEdit* field);
+  void CmdPr_Click();
+  void CmdNext_Click();
+  void CmdFinish_Click();
+  void CmdExit_Click() { close(); }
+
+  std::int16_t step_ = 0;
+  AccountHeader account_;
+  CodingRuleBoxes codingRule_{TxtBMCD, UpDownBMCD, LblBMZCD};
+};
+
+}  // namespace zelkor

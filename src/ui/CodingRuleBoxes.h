@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "store/CodingRuleLengths.h"
+#include "ui/UpDown.h"
+
+namespace zelkor {
+
+/// The four boxes for the lengths of the category code's levels, each with its spinner, and the label of
+/// their sum, as two screens have them. Each spinner ends where the four would pass the longest code.
+class CodingRuleBoxes {
+ public:
+  static constexpr std::size_t levels = CodingRuleLengths::levels;
+
+  CodingRuleBoxes(const std::array<QLineEdit*, levels>& boxes, const std::array<UpDown*, levels>& spinners,
+                  QLabel* sum);
+
+  void show(const CodingRuleLengths& rule);
+  CodingRuleLengths rule() const;
+  /// The boxes in a row with their captions.
+  QLayout* layout() const;
+
+ private:
+  void refresh();
+
+  std::array<QLineEdit*, levels> boxes_;
+  std::array<UpDown*, levels> spinners_;
+  QLabel* sum_;
+};
+
+}  // namespace zelkor

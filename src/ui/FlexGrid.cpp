@@ -1,0 +1,115 @@
+#include "ui/FlexGrid.h"
+
+#include <algorithm>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include "ui/GridHeader.h"
+#include "ui/GridSpans.h"
+
+namespace zelkor {
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+constexpr int kRowPadding = 8;
+constexpr int kRowsMeasured = 200;
+constexpr int kWidestFitted = 360;
+
+}  // namespace
+
+FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
+  setHorizontalHeader(new GridHeader(model_, this));
+  setModel(&model_);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setSelectionBehavior(QAbstractItemView::SelectRows);
+  setSelectionMode(QAbstractItemView::SingleSelection);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setAlternatingRowColors(true);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  verticalHeader()->hide();
+  // One height for all rows: no row is measured, however many there are.
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+  horizontalHeader()->setResizeContentsPrecision(kRowsMeasured);
+  connect(this, &QTableView::doubleClicked, this,
+          [this](const QModelIndex& cell) { emit rowOpened(model_.gridRow(cell.row())); });
+}
+
+void FlexGrid::setGrid(TextGrid grid) {
+  clearSpans();
+  model_.setGrid(std::move(grid));
+  horizontalHeader()->setVisible(this->grid().headerRows() > 0);
+  arrangeColumns();
+  hideRows();
+  mergeCells();
+}
+
+void FlexGrid::setText(std::size_t row, std::size_t column, std::string text) {
+  model_.setText(row, column, std::move(text));
+}
+
+void FlexGrid::fitColumns() {
+  for (int column = 0; column < model_.columnCount(); ++column) {
+    const int content = std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column));
+    setColumnWidth(column, std::min(content + kRowPadding * 2, kWidestFitted));
+  }
+}
+
+std::optional<std::size_t> FlexGrid::currentGridRow() const {
+  if (!currentIndex().isValid()) return std::nullopt;
+  return model_.gridRow(currentIndex().row());
+}
+
+std::optional<std::size_t> FlexGrid::currentGridColumn() const {
+  if (!currentIndex().isValid()) return std::nullopt;
+  return static_cast<std::size_t>(currentIndex().column());
+}
+
+void FlexGrid::selectGridRow(std::size_t row) {
+  setCurrentIndex(model_.index(model_.viewRow(row), std::max(currentIndex().column(), 0)));
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const auto row = currentGridRow();
+  if (!enter || !row) return QTableView::keyPressEvent(event);
+  emit rowOpened(*row);
+}
+
+void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (current.isValid() && current.row() != previous.row()) emit rowSelected(model_.gridRow(current.row()));
+}
+
+void FlexGrid::arrangeColumns() {
+  for (std::size_t i = 0; i < grid().columns(); ++i) {
+    const int column = static_cast<int>(i);
+    setColumnWidth(column, grid().columnWidth(i) * logicalDpiX() / kTwipsPerInch);
+    setColumnHidden(column, grid().columnHidden(i));
+  }
+}
+
+void FlexGrid::hideRows() {
+  for (std::size_t row = grid().headerRows(); row < grid().rows(); ++row) {
+    const int viewRow = model_.viewRow(row);
+    if (isRowHidden(viewRow) != grid().rowHidden(row)) setRowHidden(viewRow, grid().rowHidden(row));
+  }
+}
+
+void FlexGrid::mergeCells() {
+  const TextGrid& shown = grid();
+  const std::size_t first = shown.headerRows();
+  for (std::size_t row = first; row < shown.rows(); ++row) {
+    for (std::size_t column = 0; column < shown.columns(); ++column) {
+      if (!shown.rowMerged(row) && !shown.columnMerged(column)) continue;
+      const CellSpan span = mergedCells(shown, row, column, row, shown.rows() - 1);
+      const bool begins = span.firstRow == row && span.firstColumn == column;
+      if (!begins || span.isSingle() || rowSpan(model_.viewRow(row), static_cast<int>(column)) > 1) continue;
+      setSpan(model_.viewRow(row), static_cast<int>(column), static_cast<int>(span.lastRow - row + 1),
+              static_cast<int>(span.lastColumn - column + 1));
+    }
+  }
+}
+
+}  // namespace zelkor

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <QTableView>
+#include <string>
+
+#include "base/TextGrid.h"
+#include "ui/GridModel.h"
+
+namespace zelkor {
+
+/// Shows a text grid: header rows, column widths, alignment, merging, hidden rows and columns as the grid has
+/// them. Rows are selected whole; columns can be resized. Row numbers count the grid's header rows.
+class FlexGrid final : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit FlexGrid(QWidget* parent = nullptr);
+
+  const TextGrid& grid() const { return model_.grid(); }
+  /// Shows another content; nothing is selected then. Column widths are the grid's.
+  void setGrid(TextGrid grid);
+  void setText(std::size_t row, std::size_t column, std::string text);
+  /// Widens the columns to their texts, for grids that give no widths of their own.
+  void fitColumns();
+
+  /// Row (and column) of the current cell.
+  std::optional<std::size_t> currentGridRow() const;
+  std::optional<std::size_t> currentGridColumn() const;
+  void selectGridRow(std::size_t row);
+
+ signals:
+  /// Another row has become the current one.
+  void rowSelected(std::size_t row);
+  /// A row was opened: double click or Enter.
+  void rowOpened(std::size_t row);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+  void arrangeColumns();
+  void hideRows();
+  void mergeCells();
+
+  GridModel model_;
+};
+
+}  // namespace zelkor

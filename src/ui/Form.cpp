@@ -1,0 +1,79 @@
+#include "ui/Form.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
+
+#include "base/RuntimeError.h"
+
+namespace zelkor {
+namespace {
+
+bool isEnter(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+/// Fields that Enter leaves for the next one. A list in a grid or tree has uses of its own for it.
+bool entersNext(const QObject* control) {
+  if (qobject_cast<const QPushButton*>(control)) return false;
+  return qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control) ||
+         qobject_cast<const QAbstractButton*>(control);
+}
+
+void accept(QLineEdit* field, const char* pattern) {
+  field->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), field));
+}
+
+}  // namespace
+
+Form::Form(FormHost& host, const char* name, const char* caption, Unload unload)
+    : host_(host), unload_(unload) {
+  setObjectName(name);
+  setWindowTitle(caption);
+}
+
+void Form::acceptNumbersOnly(QLineEdit* field) {
+  accept(field, "[0-9.]*");
+}
+
+void Form::acceptDigitsOnly(QLineEdit* field) {
+  accept(field, "[0-9]*");
+}
+
+void Form::adopt(QWidget& control) {
+  control.installEventFilter(this);
+  if (auto* button = qobject_cast<QPushButton*>(&control)) button->setAutoDefault(false);
+}
+
+bool Form::eventFilter(QObject* control, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(control, event);
+  if (!isEnter(*static_cast<QKeyEvent*>(event))) return QWidget::eventFilter(control, event);
+  if (auto* button = qobject_cast<QPushButton*>(control)) {
+    button->click();
+    return true;
+  }
+  if (!entersNext(control)) return QWidget::eventFilter(control, event);
+  focusNextChild();
+  return true;
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+  host_.dispatch([this] { escapePressed(); });
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  event->accept();
+  host_.dispatch([this] {
+    Form_Unload();
+    if (unload_ == Unload::EndsProgram) throw EndProgram{};
+  });
+  if (closed_) closed_();
+}
+
+}  // namespace zelkor

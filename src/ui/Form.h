@@ -1,0 +1,106 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <QWidget>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "startup/RunContext.h"
+#include "ui/FormHost.h"
+#include "ui/Texts.h"
+
+class QLineEdit;
+
+namespace zelkor {
+
+/// What becomes of the process when a form is unloaded.
+enum class Unload { Plain, EndsProgram };
+
+/// A screen or dialog of the system. Its controls are members that bear the system's names, made through
+/// `make` in their declaration; events are connected through `on`, which guards them.
+///
+/// Keyboard: Enter moves on from a field and presses a button, Esc leaves an editor or cancels a dialog.
+class Form : public QWidget {
+ public:
+  ~Form() override = default;
+
+  /// Called when the form has been closed; one listener.
+  void onClosed(std::function<void()> listener) { closed_ = std::move(listener); }
+
+ protected:
+  /// `name` is the form's name in the system, `caption` its title.
+  Form(FormHost& host, const char* name, const char* caption, Unload unload);
+
+  FormHost& host() { return host_; }
+  RunContext& run() { return host_.run(); }
+  Database& data() { return host_.run().dbZKData; }
+
+  /// A control of this form under its name. The form owns it.
+  template <typename Control, typename... Arguments>
+  Control* make(const char* name, Arguments&&... arguments) {
+    auto* control = new Control(std::forward<Arguments>(arguments)..., this);
+    control->setObjectName(name);
+    adopt(*control);
+    return control;
+  }
+  /// A row of controls of one name, numbered from 0: the objects are "<name>0", "<name>1", ...
+  template <typename Control, std::size_t count>
+  std::array<Control*, count> makeArray(const std::string& name) {
+    std::array<Control*, count> controls;
+    for (std::size_t i = 0; i < count; ++i) controls[i] = make<Control>((name + std::to_string(i)).c_str());
+    return controls;
+  }
+
+  /// Connects an event to a routine of the form (a member function or a lambda), which gets the event's
+  /// arguments if it takes them. Nothing that the routine throws reaches the window system.
+  template <typename Sender, typename Signal, typename Routine>
+  void on(Sender* sender, Signal signal, Routine routine) {
+    QObject::connect(sender, signal, this, [this, routine](const auto&... arguments) {
+      host_.dispatch([&] { call(routine, arguments...); });
+    });
+  }
+
+  /// The field takes digits and the point only.
+  static void acceptNumbersOnly(QLineEdit* field);
+  static void acceptDigitsOnly(QLineEdit* field);
+
+  /// Esc where no editor is open. Dialogs cancel; a main screen stays.
+  virtual void escapePressed() {}
+  /// The form is being unloaded; a screen that holds something open lets go of it here.
+  virtual void Form_Unload() {}
+
+  bool eventFilter(QObject* control, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  template <typename Routine, typename... Arguments>
+  void call(const Routine& routine, const Arguments&... arguments) {
+    if constexpr (std::is_member_function_pointer_v<Routine>) {
+      callMember(routine, arguments...);
+    } else if constexpr (std::is_invocable_v<Routine, const Arguments&...>) {
+      routine(arguments...);
+    } else {
+      routine();
+    }
+  }
+  template <typename Result, typename Self, typename... Parameters, typename... Arguments>
+  void callMember(Result (Self::*routine)(Parameters...), const Arguments&... arguments) {
+    Self& self = static_cast<Self&>(*this);
+    if constexpr (sizeof...(Parameters) == 0) {
+      (self.*routine)();
+    } else {
+      (self.*routine)(arguments...);
+    }
+  }
+  void adopt(QWidget& control);
+
+  FormHost& host_;
+  Unload unload_;
+  std::function<void()> closed_;
+};
+
+}  // namespace zelkor

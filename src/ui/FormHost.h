@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <QtGlobal>
+#include <utility>
+#include <vector>
+
+#include "startup/RunContext.h"
+
+class QEventLoop;
+
+namespace zelkor {
+
+class Form;
+
+/// What the forms of a process stand on: the run context, the guard around every event routine, and the forms
+/// that are shown.
+class FormHost {
+ public:
+  /// `endProcess` is told the exit status once, when the program has ended inside an event routine; it must
+  /// see to it that the event loop is left.
+  FormHost(RunContext& context, std::function<void(int)> endProcess);
+  FormHost(const FormHost&) = delete;
+  FormHost& operator=(const FormHost&) = delete;
+  ~FormHost();
+
+  RunContext& run() { return context_; }
+
+  /// Runs an event routine: nothing that it throws gets out, what it has written is made durable. A runtime
+  /// error is reported and ends the process with status 1. After the end of the program nothing runs any
+  /// more.
+  void dispatch(const std::function<void()>& routine);
+  /// Exit status, once the program has ended inside an event routine.
+  std::optional<int> endStatus() const { return endStatus_; }
+
+  /// Creates a form and shows it modeless. The host keeps it.
+  template <typename FormType, typename... Arguments>
+  FormType& show(Arguments&&... arguments) {
+    auto form = std::make_unique<FormType>(*this, std::forward<Arguments>(arguments)...);
+    FormType& shown = *form;
+    keepAndShow(std::move(form));
+    return shown;
+  }
+  /// Shows a form modal and returns when it is closed; throws EndProgram when the program ended meanwhile.
+  void showModal(Form& form);
+
+ private:
+  void keepAndShow(std::unique_ptr<Form> form);
+
+  RunContext& context_;
+  std::function<void(int)> endProcess_;
+  std::optional<int> endStatus_;
+  std::vector<std::unique_ptr<Form>> forms_;
+  std::vector<QEventLoop*> modalLoops_;  // innermost last
+};
+
+}  // namespace zelkor

@@ -1,0 +1,21 @@
+#include "ui/GridSpans.h"
+
+namespace zelkor {
+
+CellSpan mergedCells(const TextGrid& grid, std::size_t row, std::size_t column, std::size_t firstRow,
+                     std::size_t lastRow) {
+  CellSpan span{row, column, row, column};
+  const std::string& text = grid.text(row, column);
+  if (grid.rowMerged(row)) {
+    while (span.firstColumn > 0 && grid.text(row, span.firstColumn - 1) == text) --span.firstColumn;
+    while (span.lastColumn + 1 < grid.columns() && grid.text(row, span.lastColumn + 1) == text) {
+      ++span.lastColumn;
+    }
+  }
+  if (span.firstColumn != span.lastColumn || !grid.columnMerged(column)) return span;
+  while (span.firstRow > firstRow && grid.text(span.firstRow - 1, column) == text) --span.firstRow;
+  while (span.lastRow < lastRow && grid.text(span.lastRow + 1, column) == text) ++span.lastRow;
+  return span;
+}
+
+}  // namespace zelkor

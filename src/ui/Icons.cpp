@@ -1,0 +1,148 @@
+#include "ui/Icons.h"
+
+#include <array>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+#include <string_view>
+
+#include "ui/Texts.h"
+
+namespace zelkor {
+namespace {
+
+constexpr int kSize = 20;
+constexpr int kScale = 2;  // drawn for screens of twice the density
+constexpr QRgb kInk = 0xff34568b;
+constexpr QRgb kGood = 0xff2e7d4f;
+constexpr QRgb kBad = 0xffb23b3b;
+constexpr QRgb kFaded = 0xffa9b2bd;
+constexpr QRgb kFolder = 0xffe3b95b;
+constexpr QRgb kPaper = 0xff8aa4c8;
+
+using Draw = void (*)(QPainter&);
+
+void drawAdd(QPainter& painter) {
+  painter.drawLine(QPointF(10, 4), QPointF(10, 16));
+  painter.drawLine(QPointF(4, 10), QPointF(16, 10));
+}
+
+void drawDelete(QPainter& painter) {
+  painter.drawLine(QPointF(5, 5), QPointF(15, 15));
+  painter.drawLine(QPointF(15, 5), QPointF(5, 15));
+}
+
+void drawEdit(QPainter& painter) {
+  QPainterPath pencil(QPointF(4, 16));
+  for (const QPointF& point : {QPointF(5, 12), QPointF(13, 4), QPointF(16, 7), QPointF(8, 15)})
+    pencil.lineTo(point);
+  pencil.closeSubpath();
+  painter.drawPath(pencil);
+  painter.drawLine(QPointF(11.5, 5.5), QPointF(14.5, 8.5));
+}
+
+void drawUndo(QPainter& painter) {
+  QPainterPath arc;
+  arc.arcMoveTo(QRectF(5, 6, 10, 10), 160);
+  arc.arcTo(QRectF(5, 6, 10, 10), 160, -270);
+  painter.drawPath(arc);
+  painter.drawPolyline(QPolygonF({QPointF(4, 4.5), QPointF(5, 9), QPointF(9.5, 8.5)}));
+}
+
+void drawSave(QPainter& painter) {
+  painter.drawPolygon(
+      QPolygonF({QPointF(4, 4), QPointF(13.5, 4), QPointF(16, 6.5), QPointF(16, 16), QPointF(4, 16)}));
+  painter.drawRect(QRectF(7, 4, 5, 4));
+  painter.drawRect(QRectF(6.5, 11, 7, 5));
+}
+
+void drawRefresh(QPainter& painter) {
+  QPainterPath arc;
+  arc.arcMoveTo(QRectF(4.5, 4.5, 11, 11), 60);
+  arc.arcTo(QRectF(4.5, 4.5, 11, 11), 60, 290);
+  painter.drawPath(arc);
+  painter.drawPolyline(QPolygonF({QPointF(15.5, 4), QPointF(15.5, 8.5), QPointF(11, 8.5)}));
+}
+
+void drawExit(QPainter& painter) {
+  painter.drawPolyline(QPolygonF({QPointF(11, 4), QPointF(4, 4), QPointF(4, 16), QPointF(11, 16)}));
+  painter.drawLine(QPointF(8, 10), QPointF(16.5, 10));
+  painter.drawPolyline(QPolygonF({QPointF(13.5, 7), QPointF(16.5, 10), QPointF(13.5, 13)}));
+}
+
+void drawSearch(QPainter& painter) {
+  painter.drawEllipse(QRectF(4, 4, 8.5, 8.5));
+  painter.drawLine(QPointF(11.5, 11.5), QPointF(16, 16));
+}
+
+void drawPrint(QPainter& painter) {
+  painter.drawRect(QRectF(6.5, 3.5, 7, 4.5));
+  painter.drawRoundedRect(QRectF(3.5, 8, 13, 5.5), 1, 1);
+  painter.drawRect(QRectF(6.5, 11.5, 7, 5));
+}
+
+struct CommandIcon {
+  std::string_view caption;
+  Draw draw;
+  QRgb ink;
+};
+
+constexpr std::array kCommands = {
+    CommandIcon{"增加", drawAdd, kGood},     CommandIcon{"删除", drawDelete, kBad},
+    CommandIcon{"修改", drawEdit, kInk},     CommandIcon{"取消", drawUndo, kInk},
+    CommandIcon{"恢复", drawUndo, kInk},     CommandIcon{"保存", drawSave, kInk},
+    CommandIcon{"刷新", drawRefresh, kGood}, CommandIcon{"退出", drawExit, kInk},
+    CommandIcon{"查询", drawSearch, kInk},   CommandIcon{"打印", drawPrint, kInk},
+};
+
+template <typename Paint>
+QPixmap drawn(QRgb ink, Paint paint) {
+  QPixmap pixmap(kSize * kScale, kSize * kScale);
+  pixmap.setDevicePixelRatio(kScale);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor::fromRgba(ink), 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  paint(painter);
+  return pixmap;
+}
+
+QIcon treeIcon(QRgb ink, const QPolygonF& outline) {
+  return drawn(ink, [&](QPainter& painter) {
+    painter.setPen(QPen(QColor::fromRgba(ink).darker(130), 1));
+    painter.setBrush(QColor::fromRgba(ink));
+    painter.drawPolygon(outline);
+  });
+}
+
+}  // namespace
+
+QIcon commandIcon(const QString& caption) {
+  for (const CommandIcon& command : kCommands) {
+    if (toQt(command.caption) != caption) continue;
+    QIcon icon(drawn(command.ink, command.draw));
+    icon.addPixmap(drawn(kFaded, command.draw), QIcon::Disabled);
+    return icon;
+  }
+  return {};
+}
+
+QIcon closedFolderIcon() {
+  return treeIcon(kFolder, {QPointF(3, 6), QPointF(8, 6), QPointF(10, 8), QPointF(17, 8), QPointF(17, 16),
+                            QPointF(3, 16)});
+}
+
+QIcon openFolderIcon() {
+  return treeIcon(kFolder, {QPointF(3, 6), QPointF(8, 6), QPointF(10, 8), QPointF(16, 8), QPointF(16, 10),
+                            QPointF(18, 10), QPointF(16, 16), QPointF(3, 16)});
+}
+
+QIcon leafIcon() {
+  return treeIcon(kPaper, {QPointF(5, 4), QPointF(12, 4), QPointF(15, 7), QPointF(15, 16), QPointF(5, 16)});
+}
+
+QIcon currentStepIcon() {
+  return treeIcon(kGood, {QPointF(5, 4), QPointF(15, 10), QPointF(5, 16)});
+}
+
+}  // namespace zelkor

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QIcon>
+
+namespace zelkor {
+
+/// The icon of a command by its caption ("增加", "删除", ...), drawn in lines; a null icon where none is
+/// drawn.
+QIcon commandIcon(const QString& caption);
+
+/// Icons of a tree's entries.
+QIcon closedFolderIcon();
+QIcon openFolderIcon();
+QIcon leafIcon();
+
+/// Marks where one is among the steps of a wizard.
+QIcon currentStepIcon();
+
+}  // namespace zelkor

@@ -1,0 +1,129 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <stdexcept>
+#include <string>
+
+#include "support/AccountSetFixture.h"
+#include "ui/FlexGrid.h"
+#include "ui/FormHost.h"
+
+namespace zelkor::test {
+
+/// The control of that name; what is missing is told with the names that are there.
+template <typename Control>
+Control& control(const QWidget& form, const char* name) {
+  if (auto* found = form.findChild<Control*>(name)) return *found;
+  std::string there;
+  for (const QWidget* child : form.findChildren<QWidget*>()) {
+    if (!child->objectName().startsWith("qt_")) there += " " + child->objectName().toStdString();
+  }
+  throw std::runtime_error("no control " + std::string(name) + " of that kind in " +
+                           form.objectName().toStdString() + ", only:" + there);
+}
+
+inline void sendKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+                    const QString& text = {}) {
+  QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+  QApplication::sendEvent(&widget, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+  QApplication::sendEvent(&widget, &release);
+}
+
+/// Gives the field the focus and types over what stands there, key by key, so that the field's limits count.
+inline void type(const QWidget& form, const char* name, const QString& text) {
+  auto& field = control<QLineEdit>(form, name);
+  field.setFocus();
+  field.selectAll();
+  if (text.isEmpty()) sendKey(field, Qt::Key_Backspace);
+  for (const QChar letter : text) sendKey(field, letter.toUpper().unicode(), Qt::NoModifier, letter);
+}
+
+inline void click(const QWidget& form, const char* name) {
+  auto& button = control<QAbstractButton>(form, name);
+  ASSERT_TRUE(button.isEnabled()) << name << " is locked";
+  button.click();
+}
+
+inline QAction& command(const QWidget& form, const char* caption) {
+  if (auto* action = form.findChild<QAction*>(caption)) return *action;
+  throw std::runtime_error(std::string("no command ") + caption);
+}
+
+/// Presses a command of the toolbar, which must be enabled.
+inline void press(const QWidget& form, const char* caption) {
+  ASSERT_TRUE(command(form, caption).isEnabled()) << caption << " is locked";
+  command(form, caption).trigger();
+}
+
+inline std::string textOf(const QWidget& form, const char* name) {
+  return control<QWidget>(form, name).property("text").toString().toStdString();
+}
+
+inline bool isEnabled(const QWidget& form, const char* name) {
+  return control<QWidget>(form, name).isEnabled();
+}
+
+inline void choose(const QWidget& form, const char* name, const QString& entry) {
+  auto& combo = control<QComboBox>(form, name);
+  const int index = combo.findText(entry);
+  ASSERT_GE(index, 0) << entry.toStdString() << " is not in " << name;
+  combo.setCurrentIndex(index);
+}
+
+/// Selects the tree's entry with that text.
+inline void selectNode(const QWidget& form, const char* name, const QString& text) {
+  auto& tree = control<QTreeWidget>(form, name);
+  for (QTreeWidgetItemIterator it(&tree); *it; ++it) {
+    if ((*it)->text(0) == text) return tree.setCurrentItem(*it);
+  }
+  FAIL() << text.toStdString() << " is not in " << name;
+}
+
+/// Texts of a tree's entries, each below its parent, two blanks in front per level.
+inline std::vector<std::string> nodesOf(const QWidget& form, const char* name) {
+  std::vector<std::string> nodes;
+  for (QTreeWidgetItemIterator it(&control<QTreeWidget>(form, name)); *it; ++it) {
+    std::string indent;
+    for (const QTreeWidgetItem* above = (*it)->parent(); above; above = above->parent()) indent += "  ";
+    nodes.push_back(indent + (*it)->text(0).toStdString());
+  }
+  return nodes;
+}
+
+/// Does something in the modal form that the next action opens.
+inline void inModalForm(std::function<void(QWidget&)> action) {
+  QTimer::singleShot(0, [action = std::move(action)] {
+    QWidget* form = QApplication::activeModalWidget();
+    if (!form) return ADD_FAILURE() << "no modal form is open", void();
+    action(*form);
+    if (QApplication::activeModalWidget() == form) {
+      ADD_FAILURE() << form->objectName().toStdString() << " stays open";
+      form->close();
+    }
+  });
+}
+
+/// A fresh account set with a host for forms on it, whose end of the program is recorded.
+class FormTest : public AccountSetTest {
+ protected:
+  /// Gives the event loop its turn: deferred events are handled.
+  static void settle() { QApplication::processEvents(); }
+  /// Exit status once the program has ended, -1 while it runs.
+  int endStatus() const { return host.endStatus().value_or(-1); }
+
+  FormHost host{context, [](int) {}};
+};
+
+}  // namespace zelkor::test

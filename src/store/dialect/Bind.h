@@ -39,6 +39,7 @@ class ExprBinder {
   bound::Node bind(const Quantified& expr);
   bound::Node bind(const FunctionCall& expr);
   bound::Select subselect(const Select& select);
+  bound::Select oneColumn(const Select& select);
 
   BindContext& context_;
   const Scope& scope_;

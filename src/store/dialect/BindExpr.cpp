@@ -144,7 +144,7 @@ Node ExprBinder::bind(const InList& expr) {
 
 Node ExprBinder::bind(const InSelect& expr) {
   Node subject = caseBlind(value(*expr.value));
-  return truth(bound::InSelect{std::move(subject), subselect(*expr.select), expr.negated});
+  return truth(bound::InSelect{std::move(subject), oneColumn(*expr.select), expr.negated});
 }
 
 Node ExprBinder::bind(const Exists& expr) {
@@ -152,15 +152,15 @@ Node ExprBinder::bind(const Exists& expr) {
 }
 
 Node ExprBinder::bind(const ScalarSelect& expr) {
-  bound::Select select = subselect(*expr.select);
-  const bound::ValueType type = select.items.empty() ? bound::ValueType{} : select.items.front().expr.type;
+  bound::Select select = oneColumn(*expr.select);
+  const bound::ValueType type = select.items.front().expr.type;
   return {bound::ScalarSelect{std::move(select)}, type};
 }
 
 Node ExprBinder::bind(const Quantified& expr) {
   Node subject = caseBlind(value(*expr.value));
   return truth(
-      bound::Quantified{comparisonKind(expr.op), std::move(subject), expr.all, subselect(*expr.select)});
+      bound::Quantified{comparisonKind(expr.op), std::move(subject), expr.all, oneColumn(*expr.select)});
 }
 
 Node ExprBinder::bind(const FunctionCall& expr) {
@@ -171,6 +171,13 @@ Node ExprBinder::bind(const FunctionCall& expr) {
   std::vector<Node> arguments;
   for (const Expr& argument : expr.arguments) arguments.push_back(bind(argument));
   return functionCall(context_, expr, std::move(arguments));
+}
+
+bound::Select ExprBinder::oneColumn(const Select& select) {
+  bound::Select result = subselect(select);
+  if (result.items.size() != 1)
+    throw RuntimeError(ErrorNumber::SubqueryColumnCount, "没有使用 EXISTS 保留字的子查询只能返回一个字段。");
+  return result;
 }
 
 bound::Select ExprBinder::subselect(const Select& select) {

@@ -47,6 +47,12 @@ bool isAggregateCall(const Expr& expr) {
   return std::visit(AggregateSearch{}, expr.node);
 }
 
+// Engines take a bare number in a group or an order for the place of a column.
+bool isConstant(const Node& node) {
+  return std::holds_alternative<bound::IntegerValue>(node.node) ||
+         std::holds_alternative<bound::NullValue>(node.node);
+}
+
 class SelectBinder {
  public:
   SelectBinder(BindContext& context, const Select& select, const Scope* outer)
@@ -89,6 +95,8 @@ class SelectBinder {
 
   void expand(const Star& star) {
     const Scope& scope = result_.scope;
+    if (scope.sources.empty())
+      throw RuntimeError(ErrorNumber::NoQueryInput, "查询输入必须包含至少一个表或查询。");
     const std::size_t only = star.table.empty() ? scope.sources.size() : scope.sourceNamed(star.table);
     for (std::size_t i = 0; i < scope.sources.size(); ++i) {
       if (!star.table.empty() && i != only) continue;
@@ -129,6 +137,7 @@ class SelectBinder {
   // A key that an output column repeats is that column, so that engines see one expression and not two that
   // differ in the numbers of their parameters.
   void bindGroupKey(Node node) {
+    if (isConstant(node)) return;
     if (node.type.type == ColumnType::Memo || node.type.type == ColumnType::Binary)
       throw RuntimeError(ErrorNumber::CannotGroupOnMemo, "不能按备注或 OLE 对象进行分组。");
     Node key = caseBlind(std::move(node));
@@ -157,6 +166,7 @@ class SelectBinder {
     for (const OrderKey& key : select_.orderBy) {
       bound::OrderKey bound = select_.unions.empty() ? ownKey(key.expr, items) : unitedKey(key.expr, items);
       bound.descending = key.descending;
+      if (!bound.item && isConstant(bound.expr)) continue;
       result_.select.orderBy.push_back(std::move(bound));
     }
   }

@@ -89,7 +89,9 @@ void Emitter::list(const std::vector<Node>& nodes) {
   }
 }
 
-void Emitter::node(const bound::IntegerValue& value, int) {
+// Two minus signs in a row would begin a comment.
+void Emitter::node(const bound::IntegerValue& value, int precedence) {
+  const Parentheses parentheses(out_, value.value < 0 && precedence > Sign);
   out_ += std::to_string(value.value);
 }
 
@@ -150,8 +152,10 @@ void Emitter::node(const bound::Unary& unary, int precedence) {
   switch (unary.kind) {
     case bound::UnaryKind::CaseBlind:
       return caseBlind(*unary.operand);
-    case bound::UnaryKind::ConditionAsValue:
+    case bound::UnaryKind::ConditionAsValue: {
+      const Parentheses parentheses(out_, precedence > Sign);
       return conditionAsValue(*unary.operand);
+    }
     case bound::UnaryKind::Negate: {
       const Parentheses parentheses(out_, precedence > Sign);
       out_ += '-';

@@ -27,6 +27,11 @@ ColumnInfo columnOf(const ColumnDefinition& definition) {
   return {definition.name, *type, *type == ColumnType::Text ? definition.size.value_or(255) : 0, false};
 }
 
+const std::string& columnOf(const OrderKey& key) {
+  if (const auto* column = std::get_if<ColumnRef>(&key.expr.node)) return column->column;
+  throw RuntimeError(ErrorNumber::SyntaxInQuery, "字段定义语法错误 在 CREATE INDEX 语句中。");
+}
+
 std::string indexText(EngineKind engine, const std::string& table, const std::string& index, bool unique,
                       const std::vector<OrderKey>& columns, bool ignoreNull = false) {
   const auto emitter = emitterFor(engine, {});
@@ -34,13 +39,12 @@ std::string indexText(EngineKind engine, const std::string& table, const std::st
   emitter->text(" ON ").name(table);
   std::string_view separator = " (";
   for (const OrderKey& key : columns) {
-    emitter->text(separator).name(std::get<ColumnRef>(key.expr.node).column);
+    emitter->text(separator).name(columnOf(key));
     if (key.descending) emitter->text(" DESC");
     separator = ", ";
   }
   emitter->text(")");
-  if (ignoreNull)
-    emitter->text(" WHERE ").name(std::get<ColumnRef>(columns.front().expr.node).column).text(" IS NOT NULL");
+  if (ignoreNull) emitter->text(" WHERE ").name(columnOf(columns.front())).text(" IS NOT NULL");
   return emitter->take();
 }
 
@@ -96,7 +100,7 @@ Translation translateDefinition(const CreateIndex& statement, const SchemaView& 
   result.index = statement.name;
   std::vector<OrderKey> columns;
   for (const OrderKey& key : statement.columns) {
-    columns.push_back(keyOf(columnNamed(table, std::get<ColumnRef>(key.expr.node).column).name));
+    columns.push_back(keyOf(columnNamed(table, columnOf(key)).name));
     columns.back().descending = key.descending;
   }
   result.sql.push_back(

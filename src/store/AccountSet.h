@@ -8,8 +8,8 @@ namespace zelkor {
 struct AccountSetOptions {
   std::string account = "001";
   int year = 2020;
-  int month = 1;         // opening month
-  bool sample = false;   // sample archives; the set then counts as initialised
+  int month = 1;        // opening month
+  bool sample = false;  // sample archives; the set then counts as initialised
 };
 
 /// Writes `directory`/ZkData.Mdb and `directory`/ZkSystem.Mdb: schema, template rows, account header. Raises

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "base/Value.h"
-
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include "base/Value.h"
 
 namespace zelkor {
 

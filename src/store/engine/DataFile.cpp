@@ -54,7 +54,9 @@ void checkFormat(const std::string& path) {
       std::string_view(beginning).substr(jetMarkOffset).starts_with(jetMark))
     throw RuntimeError(
         ErrorNumber::UnrecognizedFormat,
-        "'" + path + "' 是 Jet 数据库文件，不能直接打开；请先用 zelkorctl import 导入为账套文件。");
+        "'" + path +
+            "' 是 Jet 数据库文件，不能直接打开；请在原系统中把卡片导出为 UTF-8 的 CSV 文件，用 zelkorctl "
+            "create 建立账套，再用 zelkorctl cards import 导入。");
   throw RuntimeError(ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式 '" + path + "'。");
 }
 

@@ -35,19 +35,21 @@ DateTime dateOf(const Literal& literal) {
                      "日期的语法错误 在查询表达式 '#" + std::string(literal.content()) + "#' 中。");
 }
 
+template <typename Number>
+bool readWhole(std::string_view text, Number& value) {
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return failure == std::errc() && end == text.data() + text.size();
+}
+
 double realOf(const Literal& literal) {
+  if (double value = 0; readWhole(literal.content(), value)) return value;
   if (const auto number = parseNumber(literal.content())) return *number;
   throw RuntimeError(ErrorNumber::SyntaxInQuery,
                      "数字的语法错误 在查询表达式 '" + std::string(literal.content()) + "' 中。");
 }
 
-bool readInteger(std::string_view text, std::int64_t& value) {
-  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return failure == std::errc() && end == text.data() + text.size();
-}
-
 void bindNumber(EngineStatement& statement, int parameter, const Literal& literal) {
-  if (std::int64_t value = 0; readInteger(literal.content(), value))
+  if (std::int64_t value = 0; readWhole(literal.content(), value))
     return statement.bindInteger(parameter, value);
   statement.bindReal(parameter, realOf(literal));
 }
@@ -68,18 +70,35 @@ bool isTextColumn(ColumnType type) {
   return type == ColumnType::Text || type == ColumnType::Memo;
 }
 
-// The usual pairs without a detour over Value: this runs for every literal of every insert.
-bool bindDirectly(EngineStatement& statement, int parameter, const Literal& literal, ColumnType target) {
-  if (isTextColumn(target)) {
-    if (literal.kind == LiteralKind::Date) return false;
-    // A number goes into a text column as the platform writes it: without leading zeros.
-    if (literal.kind == LiteralKind::Number) return false;
-    statement.bindText(parameter, literal.content());
-    return true;
-  }
-  if (target == ColumnType::Double && literal.kind == LiteralKind::Number) {
+bool isWithin(ColumnType target, std::int64_t value) {
+  if (target == ColumnType::Short) return value == static_cast<std::int16_t>(value);
+  return target == ColumnType::Long && value == static_cast<std::int32_t>(value);
+}
+
+// A number goes into a text column as the platform writes it, without leading zeros: not here.
+bool bindNumberDirectly(EngineStatement& statement, int parameter, const Literal& literal,
+                        ColumnType target) {
+  if (target == ColumnType::Double) {
     statement.bindReal(parameter, realOf(literal));
     return true;
+  }
+  std::int64_t value = 0;
+  if (!readWhole(literal.content(), value) || !isWithin(target, value)) return false;
+  statement.bindInteger(parameter, value);
+  return true;
+}
+
+// The usual pairs without a detour over Value: this runs for every literal of every insert.
+bool bindDirectly(EngineStatement& statement, int parameter, const Literal& literal, ColumnType target) {
+  switch (literal.kind) {
+    case LiteralKind::Text:
+      if (!isTextColumn(target)) return false;
+      statement.bindText(parameter, literal.content());
+      return true;
+    case LiteralKind::Number:
+      return bindNumberDirectly(statement, parameter, literal, target);
+    case LiteralKind::Date:
+      return false;
   }
   return false;
 }

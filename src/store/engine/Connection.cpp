@@ -60,20 +60,23 @@ long Connection::execute(std::string_view sql) {
   return withStatement(sql, [&](CachedStatement& statement) { return run(statement, shape_); });
 }
 
-std::string Connection::queryText(std::string_view sqlOrTable) const {
-  if (!isPlainName(sqlOrTable)) return std::string(sqlOrTable);
-  if (schema_.table(sqlOrTable) == nullptr)
-    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery,
-                       "找不到输入表或查询 '" + std::string(sqlOrTable) + "'。");
-  return "select * from [" + std::string(sqlOrTable) + "]";
-}
-
 Recordset Connection::open(std::string_view sqlOrTable) {
   gathering_.afterStatement();
-  const std::string sql = queryText(sqlOrTable);
+  return isPlainName(sqlOrTable) ? openTable(sqlOrTable) : openQuery(sqlOrTable);
+}
+
+Recordset Connection::openTable(std::string_view table) {
+  if (schema_.table(table) == nullptr)
+    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery,
+                       "找不到输入表或查询 '" + std::string(table) + "'。");
+  return openQuery("select * from [" + std::string(table) + "]");
+}
+
+Recordset Connection::openQuery(std::string_view sql) {
   return withStatement(sql, [&](CachedStatement& statement) {
     if (!statement.query)
-      throw RuntimeError(ErrorNumber::OperationNotUpdatable, "操作查询不能作为记录集打开：" + sql);
+      throw RuntimeError(ErrorNumber::OperationNotUpdatable,
+                         "操作查询不能作为记录集打开：" + std::string(sql));
     auto state = std::make_shared<RecordsetState>(shared_from_this(), statement.query, sql, shape_.literals);
     state->start();
     gathering_.afterStatement();

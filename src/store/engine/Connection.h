@@ -54,7 +54,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
  private:
   template <typename Use>
   auto withStatement(std::string_view sql, Use use);
-  std::string queryText(std::string_view sqlOrTable) const;
+  Recordset openTable(std::string_view table);
+  Recordset openQuery(std::string_view sql);
   long run(CachedStatement& statement, const dialect::Shape& shape);
   long runAction(CachedStatement& statement, const dialect::Shape& shape);
   long runTableChange(const CachedStatement& statement, const dialect::Shape& shape);

@@ -27,6 +27,7 @@ PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& transla
     : engine_(engine),
       query_(translation.query),
       slots_(translation.slots),
+      columnNames_(query_->columns()),
       projection_(std::make_shared<const Projection>(startingProjection(*query_))) {}
 
 bool PreparedQuery::fastFormAllowed() {

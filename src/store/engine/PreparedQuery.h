@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "store/dialect/Translation.h"
+#include "store/engine/ColumnNames.h"
 #include "store/engine/Engine.h"
 
 namespace zelkor {
@@ -28,6 +29,7 @@ class PreparedQuery {
   PreparedQuery(Engine& engine, const dialect::Translation& translation);
 
   const dialect::Query& query() const { return *query_; }
+  const ColumnNames& columnNames() const { return columnNames_; }
   std::span<const dialect::ParameterSlot> slots() const { return slots_; }
 
   /// A statement on its way through a result, and what it delivers behind the row keys and tie keys.
@@ -54,6 +56,7 @@ class PreparedQuery {
   Engine& engine_;
   std::shared_ptr<const dialect::Query> query_;
   std::vector<dialect::ParameterSlot> slots_;
+  ColumnNames columnNames_;
   std::shared_ptr<const Projection> projection_;
   std::vector<std::unique_ptr<EngineStatement>> idle_;
   std::vector<std::unique_ptr<EngineStatement>> idleFast_;

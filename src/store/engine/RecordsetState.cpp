@@ -183,9 +183,7 @@ void RecordsetState::moveLast() {
 }
 
 std::size_t RecordsetState::columnIndex(std::string_view name) const {
-  const auto& all = columns();
-  for (std::size_t i = 0; i < all.size(); ++i)
-    if (dialect::sameName(all[i].name, name)) return i;
+  if (const auto column = query_->columnNames().find(name)) return *column;
   throw RuntimeError(ErrorNumber::ItemNotInCollection,
                      "在此集合中没有找到项目。（" + std::string(name) + "）");
 }

@@ -28,6 +28,14 @@ std::string behind(std::string_view message, std::string_view mark) {
   return place == std::string_view::npos ? std::string() : std::string(message.substr(place + mark.size()));
 }
 
+// Index names are per table in the dialect: "<table>__<index>" in the file.
+void raiseIndexError(std::string_view message) {
+  if (const std::string index = behind(message, "no such index: "); !index.empty())
+    throw RuntimeError(ErrorNumber::NoSuchIndex, "没有这样的索引。（" + behind(index, "__") + "）");
+  if (message.starts_with("index ") && message.ends_with(" already exists"))
+    throw RuntimeError(ErrorNumber::IndexAlreadyExists);
+}
+
 void raiseUnknownName(std::string_view message) {
   if (const std::string table = behind(message, "no such table: "); !table.empty())
     throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + table + "'。");
@@ -70,7 +78,10 @@ RuntimeError duplicateKey(std::string_view message) {
 void raiseSqliteError(sqlite3* handle, int code) {
   const std::string message = sqlite3_errmsg(handle);
   raiseOwnError(message);
-  if ((code & 0xff) == SQLITE_ERROR) raiseUnknownName(message);
+  if ((code & 0xff) == SQLITE_ERROR) {
+    raiseIndexError(message);
+    raiseUnknownName(message);
+  }
   raiseByPrimaryCode(code, message);
 }
 

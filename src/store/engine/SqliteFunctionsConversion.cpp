@@ -66,6 +66,12 @@ void number(sqlite3_context* context, Arguments arguments) {
   if (!isNull(arguments[0])) sqlite3_result_double(context, numberOf(arguments[0]));
 }
 
+void currency(sqlite3_context* context, Arguments arguments) {
+  if (isNull(arguments[0])) return;
+  if (sqlite3_value_type(arguments[0]) == SQLITE_INTEGER) return sqlite3_result_value(context, arguments[0]);
+  sqlite3_result_double(context, Currency::fromDouble(numberOf(arguments[0])).toDouble());
+}
+
 void text(sqlite3_context* context, Arguments arguments) {
   if (!isNull(arguments[0])) giveText(context, CStr(valueOf(arguments[0])));
 }
@@ -118,6 +124,7 @@ constexpr std::array entries{
     FunctionEntry{"zk_cstr", 1, cstr},
     FunctionEntry{"zk_str", 1, str},
     FunctionEntry{"zk_number", 1, number},
+    FunctionEntry{"zk_currency", 1, currency},
     FunctionEntry{"zk_text", 1, text},
     FunctionEntry{"zk_date", 1, date},
     FunctionEntry{"zk_datetext", 1, dateText},

@@ -69,7 +69,7 @@ void roundTo(sqlite3_context* context, Arguments arguments) {
 }
 
 void sign(sqlite3_context* context, Arguments arguments) {
-  if (anyNull(arguments)) return;
+  if (anyNull(arguments)) throw RuntimeError(ErrorNumber::InvalidUseOfNull);
   const double value = numberOf(arguments[0]);
   sqlite3_result_int(context, value > 0 ? 1 : value < 0 ? -1 : 0);
 }

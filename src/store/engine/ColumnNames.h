@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+
+#include "store/dialect/Translation.h"
+
+namespace zelkor {
+
+/// Finds a result's columns by their names in any case; of several with one name the first. The columns must
+/// outlive it.
+class ColumnNames {
+ public:
+  explicit ColumnNames(std::span<const dialect::OutputColumn> columns);
+
+  std::optional<std::size_t> find(std::string_view name) const;
+
+ private:
+  struct Hash {
+    std::size_t operator()(std::string_view name) const;
+  };
+  struct Same {
+    bool operator()(std::string_view a, std::string_view b) const { return dialect::sameName(a, b); }
+  };
+  std::unordered_map<std::string_view, std::size_t, Hash, Same> places_;
+};
+
+}  // namespace zelkor

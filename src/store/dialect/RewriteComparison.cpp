@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <iterator>
+
 #include "store/dialect/Rewrite.h"
 #include "store/dialect/Types.h"
 
@@ -24,6 +27,10 @@ BinaryKind kindOf(BinaryOp op) {
     default:
       return BinaryKind::GreaterEqual;
   }
+}
+
+Node truth(auto node) {
+  return {std::move(node), valueType(ColumnType::Boolean), true};
 }
 
 bool isPlainColumn(const Node& node) {
@@ -64,6 +71,11 @@ bool bindAsOther(BindContext& context, Node& constant, const Node& other) {
   return true;
 }
 
+Node compared(BinaryOp op, Node left, Node right) {
+  if (!isPlainColumn(right)) left = caseBlind(std::move(left));
+  return truth(bound::Binary{kindOf(op), std::move(left), std::move(right)});
+}
+
 bool comparable(const Node& left, const Node& right) {
   if (left.type.family == Family::Unknown || right.type.family == Family::Unknown) return true;
   return left.type.family == right.type.family || (isNumber(left) && isNumber(right));
@@ -90,6 +102,31 @@ void trimLiteral(BindContext& context, const Node& node) {
   if (bindAs == BindAs::Text) bindAs = BindAs::TrimmedText;
 }
 
+bool endsInBlank(const BindContext& context, const Node& node) {
+  const bound::Parameter* parameter = literal(node);
+  return parameter && isText(node) && context.literalOf(parameter->slot).blankAtEnd;
+}
+
+// A literal that ends in a blank equals a column's text without blanks at the end, and also the column's text
+// that ends like the literal.
+std::vector<Node> bothForms(BindContext& context, Node constant) {
+  const std::size_t slot = std::get<bound::Parameter>(constant.node).slot;
+  context.slots[slot].bindAs = BindAs::TrimmedText;
+  const std::size_t asWritten = context.addSlot(context.slots[slot].literal, BindAs::Text);
+  const bound::ValueType type = constant.type;
+  return {std::move(constant), Node{bound::Parameter{asWritten}, type}};
+}
+
+Node equality(BindContext& context, BinaryOp op, Node left, Node right) {
+  const bool negated = op == BinaryOp::NotEqual;
+  if (endsInBlank(context, left)) std::swap(left, right);
+  trimLiteral(context, left);
+  if (endsInBlank(context, right))
+    return truth(bound::InList{caseBlind(std::move(left)), bothForms(context, std::move(right)), negated});
+  trimLiteral(context, right);
+  return compared(op, std::move(left), std::move(right));
+}
+
 }  // namespace
 
 Node caseBlind(Node node) {
@@ -104,12 +141,9 @@ Node comparison(BindContext& context, BinaryOp op, Node leftOperand, Node rightO
   Node left = asValue(std::move(leftOperand));
   Node right = asValue(std::move(rightOperand));
   adapt(context, left, right);
-  if (op == BinaryOp::Equal || op == BinaryOp::NotEqual) {
-    trimLiteral(context, left);
-    trimLiteral(context, right);
-  }
-  if (!isPlainColumn(right)) left = caseBlind(std::move(left));
-  return {bound::Binary{kindOf(op), std::move(left), std::move(right)}, valueType(ColumnType::Boolean), true};
+  if (op == BinaryOp::Equal || op == BinaryOp::NotEqual)
+    return equality(context, op, std::move(left), std::move(right));
+  return compared(op, std::move(left), std::move(right));
 }
 
 Node between(BindContext& context, Node valueOperand, Node lowOperand, Node highOperand, bool negated) {
@@ -118,20 +152,24 @@ Node between(BindContext& context, Node valueOperand, Node lowOperand, Node high
   Node high = asValue(std::move(highOperand));
   adapt(context, value, low);
   adapt(context, value, high);
-  return {bound::Between{caseBlind(std::move(value)), std::move(low), std::move(high), negated},
-          valueType(ColumnType::Boolean), true};
+  return truth(bound::Between{caseBlind(std::move(value)), std::move(low), std::move(high), negated});
 }
 
 Node inList(BindContext& context, Node valueOperand, std::vector<Node> items, bool negated) {
   Node value = asValue(std::move(valueOperand));
+  std::vector<Node> members;
   for (Node& item : items) {
-    item = asValue(std::move(item));
-    adapt(context, value, item);
-    trimLiteral(context, item);
+    Node member = asValue(std::move(item));
+    adapt(context, value, member);
+    if (endsInBlank(context, member)) {
+      std::ranges::move(bothForms(context, std::move(member)), std::back_inserter(members));
+    } else {
+      trimLiteral(context, member);
+      members.push_back(std::move(member));
+    }
   }
   trimLiteral(context, value);
-  return {bound::InList{caseBlind(std::move(value)), std::move(items), negated},
-          valueType(ColumnType::Boolean), true};
+  return truth(bound::InList{caseBlind(std::move(value)), std::move(members), negated});
 }
 
 }  // namespace zelkor::dialect

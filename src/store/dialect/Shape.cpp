@@ -14,6 +14,7 @@ constexpr char kText = '\x01';
 constexpr char kNumber = '\x02';
 constexpr char kDate = '\x03';
 constexpr char kPrefixPattern = '\x04';
+constexpr char kBlankAtEnd = '\x05';
 
 void resolveQuotes(std::string_view source, char quote, std::string& content) {
   for (std::size_t i = 0; i < source.size(); ++i) {
@@ -36,7 +37,9 @@ char liftText(const Lexeme& lexeme, Shape& shape) {
   literal.kind = LiteralKind::Text;
   literal.text = lexeme.inner();
   literal.prefixPattern = lexeme.prefixPattern;
+  literal.blankAtEnd = literal.text.ends_with(' ');
   if (lexeme.doubledQuotes) resolveQuotes(literal.text, lexeme.source.front(), literal.unescaped);
+  if (literal.blankAtEnd) return kBlankAtEnd;
   return lexeme.prefixPattern ? kPrefixPattern : kText;
 }
 

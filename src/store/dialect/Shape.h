@@ -16,6 +16,8 @@ struct Literal {
   LiteralKind kind{};
   /// A text directly behind LIKE that is a plain prefix followed by one "*": part of the shape.
   bool prefixPattern = false;
+  /// A text that ends in a blank: part of the shape.
+  bool blankAtEnd = false;
   std::string_view text;
   std::string unescaped;
 
@@ -26,8 +28,9 @@ struct Literal {
 /// statement; they differ only in `literals`.
 ///
 /// The key keeps what translation depends on: the kind of each literal, whether a text literal behind LIKE is
-/// a plain prefix followed by one "*" (such a pattern can use an index), the number behind TOP, ordinals, and
-/// the numbers of CREATE and ALTER. It keeps the spelling of names, since result columns bear it.
+/// a plain prefix followed by one "*" (such a pattern can use an index), whether a text ends in a blank (such
+/// a text is compared in two forms), the number behind TOP, ordinals, and the numbers of CREATE and ALTER. It
+/// keeps the spelling of names, since result columns bear it.
 struct Shape {
   std::string key;
   std::vector<Literal> literals;

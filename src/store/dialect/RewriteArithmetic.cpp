@@ -12,9 +12,12 @@ Node operation(BinaryKind kind, Node left, Node right, bound::ValueType type) {
   return {bound::Binary{kind, std::move(left), std::move(right)}, type};
 }
 
+// Amounts have four decimals, and binary fractions would creep into what is reckoned with them.
 Node numeric(BinaryKind kind, Node left, Node right) {
   const bound::ValueType type = arithmeticType(left.type, right.type);
-  return operation(kind, std::move(left), std::move(right), type);
+  Node result = operation(kind, std::move(left), std::move(right), type);
+  if (type.type != ColumnType::Currency) return result;
+  return call("zk_currency", type, {std::move(result)});
 }
 
 bool neverNull(const Node& node) {

@@ -35,14 +35,22 @@ class FromBinder {
 
   // A right join is the left join of its tables the other way round.
   bound::Source collectOne(const Box<Join>& join) {
+    const std::size_t first = from_.scope.sources.size();
     bound::Source left = collect(join->left);
+    const std::size_t second = from_.scope.sources.size();
     bound::Source right = collect(join->right);
+    if (join->kind == JoinKind::Left) markMissing(second, from_.scope.sources.size());
+    if (join->kind == JoinKind::Right) markMissing(first, second);
     bound::Join result;
     result.left = join->kind != JoinKind::Inner;
     const bool swapped = join->kind == JoinKind::Right;
     result.first = swapped ? std::move(right) : std::move(left);
     result.second = swapped ? std::move(left) : std::move(right);
     return Box<bound::Join>(std::move(result));
+  }
+
+  void markMissing(std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) from_.scope.sources[i].missing = true;
   }
 
   void bindConditions(const TableSource& source, bound::Source& target) {

@@ -29,9 +29,10 @@ void BindContext::noteNumberColumn(const bound::Column& column, bound::NumberRea
   numberColumns.push_back({column.table, column.name, asShort});
 }
 
+// Where a row lacks the table, its column is Null, which the guard of the fast form does not see.
 Node columnNode(const ScopeSource& source, std::size_t index, const ColumnInfo& column) {
   bound::Column node{source.name, column.name, source.derived ? "" : source.columns.name, index,
-                     column.orderedAsNumber};
+                     column.orderedAsNumber && !source.missing};
   return {std::move(node), valueType(column)};
 }
 

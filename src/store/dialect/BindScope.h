@@ -35,6 +35,7 @@ struct ScopeSource {
   std::string name;  // alias, or the table's own spelling
   TableInfo columns;
   bool derived = false;
+  bool missing = false;  // an outer join may leave it out
 };
 
 /// The tables whose columns an expression may name: those of its own SELECT, then those around it.

@@ -70,17 +70,21 @@ bool BoundQuery::printsWhole() const {
 }
 
 std::string BoundQuery::rows(std::span<const std::size_t> outputColumns, Form form) const {
-  return assembled(outputColumns, form == Form::Fast, {});
+  return assembled(bound_.select, outputColumns, form == Form::Fast, {});
 }
 
+// Rows that were changed since they were read stay in a recordset though they no longer meet its conditions,
+// so the criteria alone decide. Where several tables are joined, the conditions may be what joins them.
 std::string BoundQuery::keysWhere(std::string_view criteria) const {
-  return assembled({}, false, condition(criteria));
+  if (sources_.size() != 1) return assembled(bound_.select, {}, false, condition(criteria));
+  bound::Select unconditional = bound_.select;
+  unconditional.where.reset();
+  return assembled(unconditional, {}, false, condition(criteria));
 }
 
-std::string BoundQuery::assembled(std::span<const std::size_t> outputColumns, bool fast,
-                                  std::string_view also) const {
+std::string BoundQuery::assembled(const bound::Select& select, std::span<const std::size_t> outputColumns,
+                                  bool fast, std::string_view also) const {
   const auto emitter = emitterFor(engine_, slots_, fast);
-  const bound::Select& select = bound_.select;
   if (!select.unions.empty()) {
     emitter->select(select, false);
     return emitter->take();

@@ -21,7 +21,8 @@ class BoundQuery final : public Query {
  private:
   void describeColumns();
   bool printsWhole() const;
-  std::string assembled(std::span<const std::size_t> outputColumns, bool fast, std::string_view also) const;
+  std::string assembled(const bound::Select& select, std::span<const std::size_t> outputColumns, bool fast,
+                        std::string_view also) const;
   void printColumns(class Emitter& emitter, std::span<const std::size_t> outputColumns) const;
   std::string condition(std::string_view criteria) const;
 

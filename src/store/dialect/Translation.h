@@ -1,8 +1,5 @@
 #pragma once
 
-#include "store/dialect/Schema.h"
-#include "store/dialect/Shape.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -11,6 +8,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "store/dialect/Schema.h"
+#include "store/dialect/Shape.h"
 
 namespace zelkor::dialect {
 
@@ -51,13 +51,26 @@ struct QuerySource {
 };
 
 enum class StatementKind : std::uint8_t {
-  Query, SelectInto, Insert, Update, Delete, CreateTable, CreateIndex, DropTable, DropIndex, AlterTable
+  Query,
+  SelectInto,
+  Insert,
+  Update,
+  Delete,
+  CreateTable,
+  CreateIndex,
+  DropTable,
+  DropIndex,
+  AlterTable
 };
 
 /// A query in a form of which the engine can print what it needs.
 ///
 /// A query is keyed when its FROM clause holds base tables only and its rows are not grouped, made distinct,
 /// aggregated or united: then each result row is addressed by one row key per source.
+///
+/// A text that leaves out columns or conditions may name only some of the slots, whose numbers stay. For an
+/// engine that infers the types of parameters from their use (PostgreSQL) the caller therefore declares the
+/// types of all of them, text for each slot and bigint for each row key, when it prepares the text.
 class Query {
  public:
   virtual ~Query() = default;
@@ -83,7 +96,8 @@ class Query {
   virtual std::string rowByKey(std::span<const std::size_t> outputColumns) const = 0;
   /// For a keyed query: as `rows` with no output columns, restricted to rows that meet `criteria`, an
   /// expression of the dialect whose constants stay in the text (for FindFirst and FindLast). The literals of
-  /// the query itself keep their slots.
+  /// the query itself keep their slots. A query over one table leaves its own conditions out: the caller
+  /// looks for the keys that it holds, whether their rows still meet those conditions or not.
   virtual std::string keysWhere(std::string_view criteria) const = 0;
 
  protected:
@@ -103,7 +117,7 @@ struct Translation {
   /// The same in the form that the guard allows; empty when there is none.
   std::vector<std::string> fastSql;
   std::optional<std::string> guard;
-  std::vector<ParameterSlot> slots;  // parameters of the last statement, or of the query
+  std::vector<ParameterSlot> slots;    // parameters of the last statement, or of the query
   std::shared_ptr<const Query> query;  // kind Query
   std::string table;                   // the table that is written, created or dropped, in its own spelling
   /// For messages: the dialect's name of a created index.

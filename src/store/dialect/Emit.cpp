@@ -41,7 +41,7 @@ void Emitter::fromClause(const std::vector<bound::Source>& sources) {
   for (const bound::Source& one : sources) {
     text(separator);
     source(one);
-    separator = ", ";
+    separator = betweenSources(sources);
   }
 }
 

@@ -62,6 +62,7 @@ class Emitter {
   virtual void topWithTies(const bound::Select& select, bool named) = 0;
   virtual std::string declaredType(const ColumnInfo& column) const = 0;
   virtual void hiddenColumns() {}
+  virtual std::string_view betweenSources(const std::vector<bound::Source>&) const { return ", "; }
   virtual void callName(std::string_view name) { out_ += name; }
 
   void core(const bound::Select& select, bool named, std::string_view namePrefix = {});

@@ -1,5 +1,7 @@
 #include "store/dialect/EmitPostgreSql.h"
 
+#include <algorithm>
+
 namespace zelkor::dialect {
 
 using bound::Node;
@@ -123,6 +125,14 @@ std::string PostgreSqlEmitter::declaredType(const ColumnInfo& column) const {
 
 void PostgreSqlEmitter::hiddenColumns() {
   text(", \"zk_row\" bigint GENERATED ALWAYS AS IDENTITY");
+}
+
+// A comma binds weaker than JOIN here, so that the condition of a join would not see the tables before it.
+std::string_view PostgreSqlEmitter::betweenSources(const std::vector<bound::Source>& sources) const {
+  const bool joins = std::any_of(sources.begin(), sources.end(), [](const bound::Source& source) {
+    return std::holds_alternative<Box<bound::Join>>(source);
+  });
+  return joins ? " CROSS JOIN " : ", ";
 }
 
 }  // namespace zelkor::dialect

@@ -28,6 +28,7 @@ class PostgreSqlEmitter final : public Emitter {
   void topWithTies(const bound::Select& select, bool named) override;
   std::string declaredType(const ColumnInfo& column) const override;
   void hiddenColumns() override;
+  std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
 };
 
 }  // namespace zelkor::dialect

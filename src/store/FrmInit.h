@@ -37,7 +37,7 @@ class FrmInit final : public Form {
   // 2 start month
   QComboBox* ComboZTQYYF = make<QComboBox>("ComboZTQYYF");
   // 3 depreciation
-  QCheckBox* CheckJTZJ = make<QCheckBox>("CheckJTZJ", "本账套计提折旧(&J)");
+  QCheckBox* CheckJTZJ = make<QCheckBox>("CheckJTZJ", "本账套计提折旧");
   QComboBox* ComboZJFF = make<QComboBox>("ComboZJFF");
   QComboBox* ComboHZFPZQ = make<QComboBox>("ComboHZFPZQ");
   QLabel* Lblzjfpyf = make<QLabel>("Lblzjfpyf");
@@ -55,7 +55,7 @@ class FrmInit final : public Form {
   QLineEdit* TxtXHCD = make<QLineEdit>("TxtXHCD");
   UpDown* UpDownXHCD = make<UpDown>("UpDownXHCD");
   // 5 ledger
-  QCheckBox* CheckZWXTDZ = make<QCheckBox>("CheckZWXTDZ", "与账务系统进行对账(&Z)");
+  QCheckBox* CheckZWXTDZ = make<QCheckBox>("CheckZWXTDZ", "与账务系统进行对账");
   QCheckBox* CheckDZBP = make<QCheckBox>("CheckDZBP", "在对账不平情况下允许固定资产月末结账");
   QGroupBox* FrameDZKM = nullptr;
   QLineEdit* TxtGDZCDZKM = make<QLineEdit>("TxtGDZCDZKM");

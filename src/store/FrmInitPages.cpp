@@ -54,7 +54,7 @@ QLayout* FrmInit::termsPage() {
 
 QLayout* FrmInit::startMonthPage() {
   return column({heading(kStepCaptions[1]), space(8),
-                 row({captioned("账套启用月份(&M)：", ComboZTQYYF), stretch()}), space(8),
+                 row({captioned("账套启用月份：", ComboZTQYYF), stretch()}), space(8),
                  note("在正式使用本系统前，必须将截止到该日期前的所有固定资产资料录入本系统，否则系统将不能正"
                       "确进行固定资产的各项管"
                       "理及核算工作。"),
@@ -63,8 +63,8 @@ QLayout* FrmInit::startMonthPage() {
 
 QLayout* FrmInit::depreciationPage() {
   return column({heading(kStepCaptions[2]), space(8), CheckJTZJ,
-                 row({fields({{"主要折旧方法(&F)：", ComboZJFF},
-                              {"折旧汇总分配周期(&P)：", row({wide(ComboHZFPZQ), new QLabel("个月")})},
+                 row({fields({{"主要折旧方法：", ComboZJFF},
+                              {"折旧汇总分配周期：", row({wide(ComboHZFPZQ), new QLabel("个月")})},
                               {"下次折旧分配月份：", Lblzjfpyf}}),
                       stretch()}),
                  space(8), CheckTZZJ, stretch()});
@@ -80,7 +80,7 @@ QLayout* FrmInit::codesPage() {
                                          note("2.系统推荐类别编码使用国家规定的4级6位（2112）方式。")})),
        frame("固定资产编码方式",
              column({row({OptionBMFSSD, OptionBMFSZD, wide(ComboBMFS)}),
-                     row({captioned("序号长度(&L)：", spinnerPair(TxtXHCD, UpDownXHCD)), stretch()})})),
+                     row({captioned("序号长度：", spinnerPair(TxtXHCD, UpDownXHCD)), stretch()})})),
        stretch()});
 }
 
@@ -88,8 +88,8 @@ QLayout* FrmInit::ledgerPage() {
   CmdGDZCDZKM->setProperty("pick", true);
   CmdLJZJDZKM->setProperty("pick", true);
   FrameDZKM = frame("对账科目",
-                    fields({{"固定资产对账科目(&G)：", row({wide(TxtGDZCDZKM), CmdGDZCDZKM})},
-                            {"累计折旧对账科目(&D)：", row({wide(TxtLJZJDZKM), CmdLJZJDZKM})}}),
+                    fields({{"固定资产对账科目：", row({wide(TxtGDZCDZKM), CmdGDZCDZKM})},
+                            {"累计折旧对账科目：", row({wide(TxtLJZJDZKM), CmdLJZJDZKM})}}),
                     "FrameDZKM");
   return column({heading(kStepCaptions[4]), space(8), CheckZWXTDZ, FrameDZKM, CheckDZBP, stretch()});
 }

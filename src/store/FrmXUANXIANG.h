@@ -38,7 +38,7 @@ class FrmXUANXIANG final : public Form {
   QCheckBox* CheckTZZJ =
       make<QCheckBox>("CheckTZZJ", "当(月初已计提月份=可使用月份-1)时将剩余折旧全部提足(工作量法除外)");
   // ledger
-  QCheckBox* CheckZWXTDZ = make<QCheckBox>("CheckZWXTDZ", "与账务系统进行对账(&Z)");
+  QCheckBox* CheckZWXTDZ = make<QCheckBox>("CheckZWXTDZ", "与账务系统进行对账");
   QGroupBox* FrameDZKM = nullptr;
   QLineEdit* TxtGDZCDZKM = make<QLineEdit>("TxtGDZCDZKM");
   QPushButton* CmdGDZCDZKM = make<QPushButton>("CmdGDZCDZKM", "…");

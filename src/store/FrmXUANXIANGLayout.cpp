@@ -29,8 +29,8 @@ QLayout* FrmXUANXIANG::accountPage() {
 
 QLayout* FrmXUANXIANG::depreciationPage() {
   return column({row({fields({{"本账套计提折旧：", LblJTZJ},
-                              {"主要折旧方法(&F)：", ComboZJFF},
-                              {"折旧汇总分配周期(&P)：", row({wide(ComboHZFPZQ), new QLabel("个月")})},
+                              {"主要折旧方法：", ComboZJFF},
+                              {"折旧汇总分配周期：", row({wide(ComboHZFPZQ), new QLabel("个月")})},
                               {"下次折旧分配月份：", Lblzjfpyf}}),
                       stretch()}),
                  space(8), CheckTZZJ, stretch()});
@@ -38,8 +38,8 @@ QLayout* FrmXUANXIANG::depreciationPage() {
 
 QLayout* FrmXUANXIANG::ledgerPage() {
   FrameDZKM = frame("对账科目",
-                    fields({{"固定资产对账科目(&G)：", row({wide(TxtGDZCDZKM), CmdGDZCDZKM})},
-                            {"累计折旧对账科目(&D)：", row({wide(TxtLJZJDZKM), CmdLJZJDZKM})}}),
+                    fields({{"固定资产对账科目：", row({wide(TxtGDZCDZKM), CmdGDZCDZKM})},
+                            {"累计折旧对账科目：", row({wide(TxtLJZJDZKM), CmdLJZJDZKM})}}),
                     "FrameDZKM");
   return column(
       {CheckZWXTDZ, FrameDZKM, CheckDZBP,
@@ -53,14 +53,13 @@ QLayout* FrmXUANXIANG::codesPage() {
   for (QLineEdit* box : TxtBMCD) acceptDigitsOnly(box);
   acceptDigitsOnly(TxtXHCD);
   acceptDigitsOnly(TxtSCSX);
-  return column(
-      {frame("资产类别编码方式", codingRule_.layout()),
-       frame("固定资产编码方式",
-             column({row({OptionBMFSSD, OptionBMFSZD, wide(ComboBMFS)}),
-                     row({captioned("序号长度(&L)：", spinnerPair(TxtXHCD, UpDownXHCD)), stretch()})})),
-       row({captioned("已发生资产减少卡片可删除时限(&Y):", spinnerPair(TxtSCSX, UpDownSCSX)),
-            new QLabel("年"), stretch()}),
-       CheckLXZJ, stretch()});
+  return column({frame("资产类别编码方式", codingRule_.layout()),
+                 frame("固定资产编码方式",
+                       column({row({OptionBMFSSD, OptionBMFSZD, wide(ComboBMFS)}),
+                               row({captioned("序号长度：", spinnerPair(TxtXHCD, UpDownXHCD)), stretch()})})),
+                 row({captioned("已发生资产减少卡片可删除时限:", spinnerPair(TxtSCSX, UpDownSCSX)),
+                      new QLabel("年"), stretch()}),
+                 CheckLXZJ, stretch()});
 }
 
 }  // namespace zelkor

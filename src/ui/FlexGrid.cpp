@@ -70,6 +70,14 @@ void FlexGrid::selectGridRow(std::size_t row) {
   setCurrentIndex(model_.index(model_.viewRow(row), std::max(currentIndex().column(), 0)));
 }
 
+void FlexGrid::selectCell(std::size_t row, std::size_t column) {
+  setCurrentIndex(cellIndex(row, column));
+}
+
+QModelIndex FlexGrid::cellIndex(std::size_t row, std::size_t column) const {
+  return model_.index(model_.viewRow(row), static_cast<int>(column));
+}
+
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const auto row = currentGridRow();

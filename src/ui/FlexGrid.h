@@ -29,6 +29,9 @@ class FlexGrid final : public QTableView {
   std::optional<std::size_t> currentGridRow() const;
   std::optional<std::size_t> currentGridColumn() const;
   void selectGridRow(std::size_t row);
+  void selectCell(std::size_t row, std::size_t column);
+  /// The cell as the view's index.
+  QModelIndex cellIndex(std::size_t row, std::size_t column) const;
 
  signals:
   /// Another row has become the current one.

@@ -53,6 +53,9 @@ void Form::adopt(QWidget& control) {
 bool Form::eventFilter(QObject* control, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(control, event);
   if (!isEnter(*static_cast<QKeyEvent*>(event))) return QWidget::eventFilter(control, event);
+  bool taken = false;
+  host_.dispatch([&] { taken = enterPressed(control); });
+  if (taken) return true;
   if (auto* button = qobject_cast<QPushButton*>(control)) {
     button->click();
     return true;

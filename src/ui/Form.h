@@ -69,6 +69,8 @@ class Form : public QWidget {
 
   /// Esc where no editor is open. Dialogs cancel; a main screen stays.
   virtual void escapePressed() {}
+  /// Enter in a control, before it moves on; true when the form has made something else of it.
+  virtual bool enterPressed(QObject* /*control*/) { return false; }
   /// The form is being unloaded; a screen that holds something open lets go of it here.
   virtual void Form_Unload() {}
 

@@ -81,6 +81,11 @@ void drawPrint(QPainter& painter) {
   painter.drawRect(QRectF(6.5, 11.5, 7, 5));
 }
 
+void drawVoucher(QPainter& painter) {
+  painter.drawRect(QRectF(4, 4, 12, 12));
+  for (const double y : {8.0, 12.0}) painter.drawLine(QPointF(6.5, y), QPointF(13.5, y));
+}
+
 struct CommandIcon {
   std::string_view caption;
   Draw draw;
@@ -93,6 +98,7 @@ constexpr std::array kCommands = {
     CommandIcon{"恢复", drawUndo, kInk},     CommandIcon{"保存", drawSave, kInk},
     CommandIcon{"刷新", drawRefresh, kGood}, CommandIcon{"退出", drawExit, kInk},
     CommandIcon{"查询", drawSearch, kInk},   CommandIcon{"打印", drawPrint, kInk},
+    CommandIcon{"凭证", drawVoucher, kInk},
 };
 
 template <typename Paint>

@@ -49,13 +49,13 @@ QToolButton[spin="true"] { border: 1px solid #b9c3cd; background: #f8fafb; paddi
 QToolBar { background: white; border: none; border-bottom: 1px solid #d5dbe1; padding: 4px 8px; spacing: 4px; }
 QToolBar QToolButton { padding: 4px 8px; border: 1px solid transparent; border-radius: 3px; }
 QToolBar QToolButton:hover:enabled { background: #eaf1f8; border-color: #c3d5e8; }
-QToolBar QToolButton:pressed { background: #d7e5f3; }
+QToolBar QToolButton:pressed, QToolBar QToolButton:checked { background: #d7e5f3; }
 QToolBar QToolButton:disabled { color: #a9b2bd; }
 QGroupBox { border: 1px solid #d0d7de; border-radius: 4px; margin-top: 10px; padding-top: 6px; }
 QGroupBox::title { subcontrol-origin: margin; left: 10px; padding: 0 4px; color: #34568b; }
 QTreeView, QTableView, QListView { border: 1px solid #c6cfd8; background: white; }
 QTableView { gridline-color: #e1e6eb; selection-background-color: #d7e5f3; selection-color: #1f2933; }
-QTreeView::item { padding: 2px 0; }
+QTreeView::item { min-height: 24px; }
 QHeaderView { background: #eef1f4; }
 QTabWidget::pane { border: 1px solid #c6cfd8; background: white; }
 QLabel[note="true"] { color: #5b6773; }

@@ -68,10 +68,11 @@ void loadTree(QTreeWidget& tree, std::span<const TreeRow> rows) {
   setIcons(tree);
 }
 
-void addTreeRow(QTreeWidgetItem& parent, const TreeRow& row) {
+QTreeWidgetItem* addTreeRow(QTreeWidgetItem& parent, const TreeRow& row) {
   QTreeWidgetItem* item = itemOf(row).release();
   item->setIcon(0, leafIcon());
   parent.addChild(item);
+  return item;
 }
 
 QString keyOf(const QTreeWidgetItem& item) {
@@ -94,10 +95,12 @@ void dressTree(QTreeWidget& tree) {
   tree.setHeaderHidden(true);
   tree.setUniformRowHeights(true);
   tree.setExpandsOnDoubleClick(true);
-  QObject::connect(&tree, &QTreeWidget::itemExpanded, &tree,
-                   [](QTreeWidgetItem* item) { item->setIcon(0, openFolderIcon()); });
-  QObject::connect(&tree, &QTreeWidget::itemCollapsed, &tree,
-                   [](QTreeWidgetItem* item) { item->setIcon(0, closedFolderIcon()); });
+  QObject::connect(&tree, &QTreeWidget::itemExpanded, &tree, [](QTreeWidgetItem* item) {
+    if (item->childCount() > 0) item->setIcon(0, openFolderIcon());
+  });
+  QObject::connect(&tree, &QTreeWidget::itemCollapsed, &tree, [](QTreeWidgetItem* item) {
+    if (item->childCount() > 0) item->setIcon(0, closedFolderIcon());
+  });
 }
 
 }  // namespace zelkor

@@ -15,7 +15,7 @@ namespace zelkor {
 void loadTree(QTreeWidget& tree, std::span<const TreeRow> rows);
 
 /// Adds one more entry below `parent`.
-void addTreeRow(QTreeWidgetItem& parent, const TreeRow& row);
+QTreeWidgetItem* addTreeRow(QTreeWidgetItem& parent, const TreeRow& row);
 
 QString keyOf(const QTreeWidgetItem& item);
 QString tagOf(const QTreeWidgetItem& item);

@@ -15,9 +15,16 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
+#include "archives/FrmAllPerson.h"
+#include "archives/FrmDepartment.h"
+#include "archives/FrmDepartPzCode.h"
 #include "archives/FrmFLBMB.h"
+#include "archives/frmUseStatus.h"
 #include "archives/FrmZJFFCZ.h"
 #include "base/TerminalDialogs.h"
+#include "depreciation/frmGZL.h"
+#include "depreciation/FrmZJFPB.h"
+#include "depreciation/frmZJQD.h"
 #include "store/AccountSet.h"
 #include "store/FrmInit.h"
 #include "store/FrmXUANXIANG.h"
@@ -104,6 +111,34 @@ void showCategories(Stage& stage) {
   stage.keep(form, "FrmFLBMB-add");
 }
 
+void showDepartments(Stage& stage) {
+  FrmDepartment& form = stage.open<FrmDepartment>();
+  selectNode(form, "(301)一车间");
+  stage.keep(form, "FrmDepartment");
+  press(form, "修改");
+  form.findChild<QLineEdit*>("TxtEdit6")->setText("两班制");
+  stage.keep(form, "FrmDepartment-edit");
+  FrmDepartPzCode& subjects = stage.open<FrmDepartPzCode>();
+  stage.keep(subjects, "FrmDepartPzCode-list");
+  selectNode(subjects, "(301)一车间");
+  press(subjects, "修改");
+  stage.keep(subjects, "FrmDepartPzCode-edit");
+}
+
+void showStatuses(Stage& stage) {
+  frmUseStatus& form = stage.open<frmUseStatus>();
+  stage.keep(form, "frmUseStatus-list");
+  selectNode(form, "使用中");
+  press(form, "增加");
+  stage.keep(form, "frmUseStatus-add");
+}
+
+void showDepreciation(Stage& stage) {
+  stage.keep(stage.open<frmZJQD>(), "frmZJQD");
+  stage.keep(stage.open<FrmZJFPB>(), "FrmZJFPB");
+  stage.keep(stage.open<frmGZL>(), "frmGZL");
+}
+
 void showPickers(Stage& stage) {
   FrmZJFFCZ methods(stage.host());
   methods.setpZJFF("工作量法");
@@ -113,6 +148,12 @@ void showPickers(Stage& stage) {
   selectNode(subjects, "1501 固定资产");
   subjects.show();
   stage.keep(subjects, "frmPZCode");
+  ClsBLLDepart departs(stage.host().run().engine);
+  departs.setZkDataPath(stage.host().run().gstrZtFile);
+  FrmAllPerson staff(stage.host());
+  staff.setAllPerson(departs.GetAllPersons());
+  staff.show();
+  stage.keep(staff, "FrmAllPerson");
 }
 
 void takePictures(const std::filesystem::path& pictures) {
@@ -125,6 +166,9 @@ void takePictures(const std::filesystem::path& pictures) {
     showWizard(stage);
     showOptions(stage);
     showCategories(stage);
+    showDepartments(stage);
+    showStatuses(stage);
+    showDepreciation(stage);
     showPickers(stage);
   }
   std::filesystem::remove_all(set);

@@ -1,6 +1,11 @@
 #include "apps/zelkor/Screens.h"
 
+#include "archives/FrmDepartment.h"
+#include "archives/FrmDepartPzCode.h"
 #include "archives/FrmFLBMB.h"
+#include "archives/frmUseStatus.h"
+#include "depreciation/FrmZJFPB.h"
+#include "depreciation/frmZJQD.h"
 #include "store/FrmInit.h"
 #include "store/FrmXUANXIANG.h"
 
@@ -13,12 +18,28 @@ Job showing(FormHost& host) {
   return [&host](RunContext&, const ScreenProperties&) { host.show<FormType>(); };
 }
 
+/// A job that shows the form and returns when it is closed.
+template <typename FormType>
+Job showingModal(FormHost& host) {
+  return [&host](RunContext&, const ScreenProperties&) {
+    FormType form(host);
+    host.showModal(form);
+  };
+}
+
 }  // namespace
 
 void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmInit", showing<FrmInit>(host));
   jobs.add("FrmXUANXIANG", showing<FrmXUANXIANG>(host));
+  jobs.add("FrmDepartment", showingModal<FrmDepartment>(host));
+  jobs.add("FrmDepartPzCode", showing<FrmDepartPzCode>(host));
   jobs.add("FrmFLBMB", showing<FrmFLBMB>(host));
+  jobs.add("frmUseStatus", showing<frmUseStatus>(host));
+  jobs.add("FrmZJFPB", showing<FrmZJFPB>(host));
+  jobs.add("FrmZJFPB modal", showingModal<FrmZJFPB>(host));
+  jobs.add("frmZJQD", showing<frmZJQD>(host));
+  jobs.add("frmZJQD modal", showingModal<frmZJQD>(host));
 }
 
 }  // namespace zelkor

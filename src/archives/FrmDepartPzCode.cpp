@@ -1,0 +1,171 @@
+#include "archives/FrmDepartPzCode.h"
+
+#include <QBoxLayout>
+#include <QSignalBlocker>
+#include <QSplitter>
+
+#include "archives/DepartArchive.h"
+#include "store/SubjectText.h"
+#include "ui/Layout.h"
+#include "ui/TreeLoader.h"
+#include "vouchers/frmPZCode.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+constexpr const char* kTitle = "固定资产";
+constexpr const char* kRootCode = "&";
+constexpr const char* kRootKey = "R";
+constexpr int kDetailTab = 1;
+
+}  // namespace
+
+FrmDepartPzCode::FrmDepartPzCode(FormHost& host)
+    : Form(host, "FrmDepartPzCode", "部门编码表", Unload::EndsProgram), departs_(run().engine) {
+  departs_.setZkDataPath(run().gOpArgs.ZkDataPath());
+  arrangeControls();
+  connectEvents();
+  reload();
+}
+
+void FrmDepartPzCode::arrangeControls() {
+  Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
+  dressTree(*TvLeft);
+  CmdGDZCDZKM->setProperty("pick", true);
+  TxtGDZCDZKM->setMinimumWidth(260);
+  fillTabs(*SSTab1,
+           {{"列表", row({wide(MSFlexGrid1)})},
+            {"单张", column({row({fields({{"部门编码：", row({LblBMBM1, LblBMBM2, stretch()})},
+                                          {"部门名称：", LblBMMC},
+                                          {"上级名称：", LblSJMC},
+                                          {"折旧科目：", row({LblZJKM, wide(TxtGDZCDZKM), CmdGDZCDZKM})}}),
+                                  stretch()}),
+                             stretch()})}});
+  auto* split = new QSplitter;
+  split->addWidget(TvLeft);
+  split->addWidget(SSTab1);
+  split->setStretchFactor(1, 1);
+  split->setSizes({280, 560});
+  split->setChildrenCollapsible(false);
+  auto* body = row({wide(split)});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(880, 540);
+}
+
+void FrmDepartPzCode::connectEvents() {
+  on(Toolbar1, &Toolbar::ButtonClick, &FrmDepartPzCode::Toolbar1_ButtonClick);
+  on(TvLeft, &QTreeWidget::currentItemChanged, &FrmDepartPzCode::TvLeft_NodeClick);
+  on(MSFlexGrid1, &FlexGrid::rowSelected,
+     [this](std::size_t row) { showDetails(MSFlexGrid1->grid().text(row, 0)); });
+  on(MSFlexGrid1, &FlexGrid::rowOpened, [this] { SSTab1->setCurrentIndex(kDetailTab); });
+  on(CmdGDZCDZKM, &QPushButton::clicked, [this] { pickSubjectInto(host(), *TxtGDZCDZKM); });
+}
+
+void FrmDepartPzCode::reload() {
+  std::vector<TreeRow> rows{{kRootKey, "", "固定资产部门编码目录"}};
+  for (TreeRow& depart : departTree(departs_)) {
+    if (depart.parentKey.empty()) depart.parentKey = std::string(kRootKey);
+    rows.push_back(std::move(depart));
+  }
+  {
+    const QSignalBlocker quiet(TvLeft);
+    loadTree(*TvLeft, rows);
+    TvLeft->expandAll();
+    QTreeWidgetItem* item = findByKey(*TvLeft, "D" + toQt(treeCode_));
+    TvLeft->setCurrentItem(item ? item : TvLeft->topLevelItem(0));
+  }
+  TvLeft_NodeClick();
+}
+
+void FrmDepartPzCode::TvLeft_NodeClick() {
+  const QTreeWidgetItem* item = TvLeft->currentItem();
+  const QString code = item ? tagOf(*item) : QString();
+  treeCode_ = code.isEmpty() ? kRootCode : fromQt(code);
+  fillList();
+  showDetails(treeCode_);
+}
+
+void FrmDepartPzCode::fillList() {
+  const QSignalBlocker quiet(MSFlexGrid1);
+  MSFlexGrid1->setGrid(departSubjectList(data(), treeCode_));
+  MSFlexGrid1->fitColumns();
+}
+
+void FrmDepartPzCode::showDetails(const std::string& code) {
+  current_ = code == kRootCode ? DepartSubject{} : readDepartSubject(data(), code).value_or(DepartSubject{});
+  LblBMBM1->setText(toQt(current_.firstPart));
+  LblBMBM2->setText(toQt(current_.code).mid(LblBMBM1->text().size()));
+  LblBMMC->setText(toQt(current_.name));
+  LblSJMC->setText(toQt(current_.parentName));
+  LblZJKM->setText(toQt(current_.subject));
+  setEditing(false);
+}
+
+/// The subject is typed into a field that stands in the place of its label.
+void FrmDepartPzCode::setEditing(bool editing) {
+  editing_ = editing;
+  TvLeft->setEnabled(!editing);
+  MSFlexGrid1->setEnabled(!editing);
+  LblZJKM->setVisible(!editing);
+  TxtGDZCDZKM->setVisible(editing);
+  CmdGDZCDZKM->setVisible(editing);
+  Toolbar1->enable("增加", false);
+  Toolbar1->enable("删除", false);
+  Toolbar1->enable("修改", !editing && !current_.code.empty());
+  Toolbar1->enable("刷新", !editing);
+  Toolbar1->enable("取消", editing);
+  Toolbar1->enable("保存", editing);
+  if (!editing) return;
+  SSTab1->setCurrentIndex(kDetailTab);
+  TxtGDZCDZKM->setText(toQt(subjectCodeOf(current_.subject)));
+  TxtGDZCDZKM->setFocus();
+}
+
+void FrmDepartPzCode::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "修改") setEditing(true);
+  if (caption == "保存") save(SavedBy::Command);
+  if (caption == "取消") cancel();
+  if (caption == "刷新") reload();
+  if (caption == "退出") close();
+}
+
+bool FrmDepartPzCode::enterPressed(QObject* control) {
+  if (control != TxtGDZCDZKM || !editing_) return false;
+  save(SavedBy::EnterKey);
+  return true;
+}
+
+void FrmDepartPzCode::save(SavedBy way) {
+  const std::string text = fromQt(TxtGDZCDZKM->text());
+  if (text.empty()) {
+    clearDepartSubject(data(), current_.code);
+    return reload();
+  }
+  const auto subject = findDetailSubject(data(), subjectCodeOf(text));
+  if (!subject) {
+    run().dialogs.MsgBox(std::string(departSubjectUnknownText), Buttons::Ok, Icon::Critical, kTitle);
+    return;
+  }
+  SubjectReach reach = SubjectReach::DepartAlone;
+  if (way == SavedBy::Command && hasDepartsBelow(data(), current_.code)) {
+    const Answer answer = run().dialogs.MsgBox(departSubjectQuestion(current_.name, subject->code),
+                                               Buttons::YesNo, Icon::Question, kTitle);
+    if (answer != Answer::Yes) return setEditing(false);
+    reach = SubjectReach::AllBelow;
+  }
+  storeDepartSubject(data(), current_.code, *subject, reach);
+  reload();
+}
+
+void FrmDepartPzCode::cancel() {
+  const Answer answer = run().dialogs.MsgBox("是否取消本次操作?", Buttons::YesNo, Icon::Question, kTitle);
+  if (answer == Answer::Yes) setEditing(false);
+}
+
+}  // namespace zelkor

@@ -1,0 +1,196 @@
+#include "archives/frmUseStatus.h"
+
+#include <QBoxLayout>
+#include <QSignalBlocker>
+#include <QSplitter>
+
+#include "base/Text.h"
+#include "ui/Layout.h"
+#include "ui/TreeLoader.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+constexpr const char* kTitle = "固定资产";
+constexpr int kSingleView = 1;
+constexpr std::size_t kIDColumn = 2;
+
+}  // namespace
+
+frmUseStatus::frmUseStatus(FormHost& host)
+    : Form(host, "frmUseStatus", "使用状况", Unload::Plain), statuses_(run().engine, run().gstrZtFile) {
+  arrangeControls();
+  Combo1->addItem("不提折旧", 0);
+  Combo1->addItem("要提折旧", 1);
+  connectEvents();
+  reload();
+}
+
+void frmUseStatus::arrangeControls() {
+  Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
+  dressTree(*TreeView1);
+  Text1->setReadOnly(true);
+  for (QWidget* field : {Text1, Text2, Text3}) field->setMinimumWidth(240);
+  fillTabs(*TabStrip1, {{"列表", row({wide(MSFlexGrid1)})},
+                        {"单张", column({row({fields({{"上级名称：", Text1},
+                                                      {"使用状况名称：", Text2},
+                                                      {"英文名称：", Text3},
+                                                      {"是否计题折旧：", Combo1}}),
+                                              stretch()}),
+                                         stretch()})}});
+  auto* split = new QSplitter;
+  split->addWidget(TreeView1);
+  split->addWidget(TabStrip1);
+  split->setStretchFactor(1, 1);
+  split->setSizes({230, 530});
+  split->setChildrenCollapsible(false);
+  auto* body = column({row({Command1, stretch()}), wide(split)});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(800, 500);
+}
+
+void frmUseStatus::connectEvents() {
+  on(Toolbar1, &Toolbar::ButtonClick, &frmUseStatus::Toolbar1_ButtonClick);
+  on(TreeView1, &QTreeWidget::currentItemChanged, &frmUseStatus::TreeView1_NodeClick);
+  on(MSFlexGrid1, &FlexGrid::rowSelected,
+     [this](std::size_t row) { show(MSFlexGrid1->grid().text(row, kIDColumn)); });
+  on(MSFlexGrid1, &FlexGrid::rowOpened, [this] { TabStrip1->setCurrentIndex(kSingleView); });
+  on(Command1, &QPushButton::clicked, &frmUseStatus::Command1_Click);
+}
+
+/// Reads the archive anew; the entry that was selected stays so if it is still there.
+void frmUseStatus::reload() {
+  const QTreeWidgetItem* selected = TreeView1->currentItem();
+  const QString key = selected ? keyOf(*selected) : QString();
+  {
+    const QSignalBlocker quiet(TreeView1);
+    loadTree(*TreeView1, statuses_.tree());
+    TreeView1->expandAll();
+    QTreeWidgetItem* item = findByKey(*TreeView1, key);
+    TreeView1->setCurrentItem(item ? item : TreeView1->topLevelItem(0));
+  }
+  mode_ = Mode::Browse;
+  TreeView1_NodeClick();
+}
+
+void frmUseStatus::TreeView1_NodeClick() {
+  if (mode_ != Mode::Browse) {
+    const Answer answer = run().dialogs.MsgBox("是否保存数据？", Buttons::YesNo, Icon::Question, kTitle);
+    if (answer == Answer::Yes && save()) return;
+  }
+  const QTreeWidgetItem* item = TreeView1->currentItem();
+  const std::string id = item ? fromQt(tagOf(*item)) : std::string();
+  {
+    const QSignalBlocker quiet(MSFlexGrid1);
+    MSFlexGrid1->setGrid(statuses_.list(id));
+    MSFlexGrid1->fitColumns();
+    MSFlexGrid1->setColumnHidden(kIDColumn, true);
+  }
+  show(id);
+}
+
+std::string frmUseStatus::nameOf(const std::string& id) {
+  const auto status = statuses_.read(id);
+  return status ? status->name : std::string();
+}
+
+void frmUseStatus::show(const std::string& id) {
+  current_ = statuses_.read(id).value_or(UsageStatus{});
+  Text1->setText(toQt(nameOf(current_.parentID)));
+  Text2->setText(toQt(current_.name));
+  Text3->setText(toQt(current_.englishName));
+  Combo1->setCurrentIndex(current_.depreciates ? 1 : 0);
+  setMode(Mode::Browse);
+}
+
+void frmUseStatus::setMode(Mode mode) {
+  mode_ = mode;
+  const bool browsing = mode == Mode::Browse;
+  const bool onRow = current_.level > 0;
+  MSFlexGrid1->setEnabled(browsing);
+  Text2->setReadOnly(browsing);
+  Text3->setReadOnly(browsing);
+  Combo1->setEnabled(!browsing);
+  Toolbar1->enable("增加", browsing && onRow);
+  Toolbar1->enable("修改", browsing && onRow);
+  Toolbar1->enable("删除", browsing && onRow);
+  Toolbar1->enable("刷新", browsing);
+  Toolbar1->enable("取消", !browsing);
+  Toolbar1->enable("保存", !browsing);
+  if (browsing) return;
+  TabStrip1->setCurrentIndex(kSingleView);
+  Text2->setFocus();
+}
+
+void frmUseStatus::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "增加") add();
+  if (caption == "修改") setMode(Mode::Change);
+  if (caption == "删除") remove();
+  if (caption == "保存") save();
+  if (caption == "取消") cancel();
+  if (caption == "刷新") reload();
+  if (caption == "退出") close();
+}
+
+/// Shows or hides the tree.
+void frmUseStatus::Command1_Click() {
+  const bool show = TreeView1->isHidden();
+  TreeView1->setVisible(show);
+  Command1->setText(show ? "隐藏目录" : "显示目录");
+}
+
+/// A new status hangs below the selected one of the first level, or beside the selected one of the second.
+void frmUseStatus::add() {
+  const std::string parentID = current_.level >= 2 ? current_.parentID : current_.id;
+  current_ = {.id = current_.id, .name = {}, .englishName = {}, .parentID = parentID};
+  Text1->setText(toQt(nameOf(parentID)));
+  Text2->clear();
+  Text3->clear();
+  Combo1->setCurrentIndex(0);
+  setMode(Mode::Add);
+}
+
+UsageStatus frmUseStatus::entered() const {
+  UsageStatus status = current_;
+  status.name = fromQt(Text2->text());
+  status.englishName = fromQt(Text3->text());
+  status.depreciates = Combo1->currentData().toInt() != 0;
+  return status;
+}
+
+/// True when the record has been stored.
+bool frmUseStatus::save() {
+  const UsageStatus status = entered();
+  if (Trim(status.name).empty()) {
+    run().dialogs.MsgBox("名称不能为空！", Buttons::Ok, Icon::Exclamation, kTitle);
+    return false;
+  }
+  if (mode_ == Mode::Add) {
+    statuses_.add(status, current_.parentID);
+  } else {
+    statuses_.change(status);
+  }
+  reload();
+  return true;
+}
+
+void frmUseStatus::remove() {
+  const Answer answer =
+      run().dialogs.MsgBox("确定要删除当前所选记录吗？", Buttons::YesNo, Icon::Question, kTitle);
+  if (answer != Answer::Yes) return;
+  statuses_.remove(current_.id);
+  reload();
+}
+
+void frmUseStatus::cancel() {
+  const Answer answer = run().dialogs.MsgBox("是否取消本次操作？", Buttons::YesNo, Icon::Question, kTitle);
+  if (answer == Answer::Yes) show(current_.id + " ");
+}
+
+}  // namespace zelkor

@@ -1,0 +1,54 @@
+#include "depreciation/FrmZJFPB.h"
+
+#include <QAction>
+#include <QBoxLayout>
+
+#include "base/RuntimeError.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+
+using namespace layout;
+
+FrmZJFPB::FrmZJFPB(FormHost& host) : Form(host, "FrmZJFPB", "折旧分配表", Unload::Plain) {
+  arrangeControls();
+  ComboQJ->addItem(toQt(allocationPeriod(run().gdOpDate)));
+  OptionBMFP->setChecked(true);
+  on(OptionBMFP, &QRadioButton::clicked, [this] { fillGrid(AllocationMode::Department); });
+  on(OptionLBFP, &QRadioButton::clicked, [this] { fillGrid(AllocationMode::AssetType); });
+  on(Toolbar1, &Toolbar::ButtonClick, &FrmZJFPB::Toolbar1_ButtonClick);
+  unlockModes();
+  fillGrid(AllocationMode::Department);
+}
+
+void FrmZJFPB::arrangeControls() {
+  Toolbar1->setButtons({"凭证", "修改", "", "退出"});
+  Toolbar1->button("修改").setCheckable(true);
+  Toolbar1->enable("凭证", false);  // the voucher window is not part of the program yet
+  auto* body = column(
+      {row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ, stretch()}),
+       wide(MSFlexGrid1)});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(860, 520);
+}
+
+void FrmZJFPB::fillGrid(AllocationMode mode) {
+  MSFlexGrid1->setGrid(allocationTable(data(), mode));
+}
+
+void FrmZJFPB::unlockModes() {
+  const bool pressed = Toolbar1->button("修改").isChecked();
+  OptionBMFP->setEnabled(pressed);
+  OptionLBFP->setEnabled(pressed);
+}
+
+void FrmZJFPB::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "修改") unlockModes();
+  if (caption == "退出") throw EndProgram{};
+}
+
+}  // namespace zelkor

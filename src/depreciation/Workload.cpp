@@ -1,0 +1,47 @@
+#include "depreciation/Workload.h"
+
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+void readMonth(Database& data, CardWorkload& card, int month) {
+  const Recordset row =
+      data.OpenRecordset(sql("select * from fa_WorkLoad where sCardNum='", card.cardNum, "'"));
+  if (row.Eof()) return;
+  card.work = row.Fields(sql("dblWork", month)).numberOrZero();
+  card.accumulated = row.Fields(sql("dblWorkT", month)).numberOrZero();
+  const double before = month > 1 ? row.Fields(sql("dblWorkT", month - 1)).numberOrZero() : 0;
+  if (before != 0) card.before = before;
+}
+
+}  // namespace
+
+std::vector<CardWorkload> workloadCards(Database& data, int month) {
+  std::vector<CardWorkload> cards;
+  Recordset rows = data.OpenRecordset(
+      "select a.sCardNum,a.sAssetName,a.sWorkUnit,a.dblCanWork,a.dblCanWorkAct,b.sName from fa_Cards a left "
+      "join fa_Depreciations b on a.sDeprMethodID=b.sID order by a.sCardNum,val(a.sCardID) desc");
+  std::string lastCard;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const std::string cardNum = rows.TextOrEmpty("sCardNum");
+    if (cardNum == lastCard) continue;  // an older version
+    lastCard = cardNum;
+    if (rows.TextOrEmpty("sName") != "工作量法") continue;
+    cards.push_back({cardNum, rows.TextOrEmpty("sAssetName"), rows.TextOrEmpty("sWorkUnit"),
+                     rows.Fields("dblCanWork").numberOrZero(), rows.Fields("dblCanWorkAct").numberOrZero(), 0,
+                     0});
+  }
+  for (CardWorkload& card : cards) readMonth(data, card, month);
+  return cards;
+}
+
+void storeWorkload(Database& data, std::string_view cardNum, int month, double work, double accumulated) {
+  data.Execute(sql("update fa_WorkLoad set dblWork", month, "=", work, ",dblWorkT", month, "=", accumulated,
+                   " where sCardNum='", cardNum, "'"));
+  if (data.RecordsAffected() > 0) return;
+  data.Execute(sql("insert into fa_WorkLoad (sCardNum,dblWork", month, ",dblWorkT", month, ") values ('",
+                   cardNum, "',", work, ",", accumulated, ")"));
+}
+
+}  // namespace zelkor

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/Database.h"
+
+namespace zelkor {
+
+/// The work of a card in one month, for cards that depreciate by workload.
+struct CardWorkload {
+  std::string cardNum;
+  std::string assetName;
+  std::string unit;
+  double total = 0;        // over the asset's whole life
+  double before = 0;       // done at the end of the month before
+  double work = 0;         // in the month
+  double accumulated = 0;  // done at the end of the month; 0 as long as the month has not been entered
+};
+
+/// The newest version of each card whose method is named "工作量法", by card number. What was done before is
+/// the month before's accumulated work; without one, what the card was entered with.
+std::vector<CardWorkload> workloadCards(Database& data, int month);
+
+/// Writes a card's work of the month and the accumulated work at its end.
+void storeWorkload(Database& data, std::string_view cardNum, int month, double work, double accumulated);
+
+}  // namespace zelkor

@@ -1,0 +1,91 @@
+#include "depreciation/frmGZL.h"
+
+#include <QBoxLayout>
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+constexpr std::size_t kHeaderRows = 1;
+constexpr std::size_t kWorkColumn = 2;
+constexpr std::size_t kAccumulatedColumn = 3;
+
+std::string amount(double value) {
+  return Format(value, "0.00");
+}
+
+}  // namespace
+
+frmGZL::frmGZL(FormHost& host) : Form(host, "frmGZL", "工作量输入", Unload::Plain) {
+  arrangeControls();
+  load();
+  on(grdGZL, &FlexGrid::rowSelected, &frmGZL::showCard);
+  on(grdGZL, &FlexGrid::rowOpened, &frmGZL::beginEdit);
+  on(editor_, &CellEditor::committed,
+     [this](std::size_t row, std::size_t, const QString& text) { takeWork(row, text); });
+  on(cmdOK, &QPushButton::clicked, &frmGZL::cmdOK_Click);
+  on(cmdCancel, &QPushButton::clicked, [this] { close(); });
+  if (!cards_.empty()) grdGZL->selectGridRow(kHeaderRows);
+}
+
+void frmGZL::arrangeControls() {
+  for (QLineEdit* field : {txtTotal, txtLJ, txtDW}) field->setReadOnly(true);
+  for (QLineEdit* field : {txtTotal, txtLJ}) field->setAlignment(Qt::AlignRight);
+  arrange(this, column({lblMonth, wide(grdGZL),
+                        fields({{"工作总量", txtTotal}, {"累计工作量", txtLJ}, {"工作量单位", txtDW}}, 3),
+                        row({note("双击一行或按回车键，输入本月工作量。"), stretch(), cmdOK, cmdCancel})}));
+  resize(720, 460);
+}
+
+void frmGZL::load() {
+  lblMonth->setText(
+      QString("会计期间：%1.%2").arg(run().gdOpDate.year()).arg(run().period(), 2, 10, QChar('0')));
+  cards_ = workloadCards(data(), run().period());
+  TextGrid grid;
+  grid.setHeader("卡片编号|资产名称|本月工作量|累计工作量|单位");
+  static constexpr int kWidths[] = {1300, 3200, 1800, 1800, 1100};
+  for (std::size_t i = 0; i < std::size(kWidths); ++i) grid.setColumnWidth(i, kWidths[i]);
+  for (const std::size_t column : {kWorkColumn, kAccumulatedColumn}) grid.setAlignment(column, Align::Right);
+  for (const CardWorkload& card : cards_) {
+    grid.addRow(
+        {card.cardNum, card.assetName, amount(card.work), amount(card.before + card.work), card.unit});
+  }
+  grdGZL->setGrid(std::move(grid));
+}
+
+void frmGZL::showCard(std::size_t row) {
+  const CardWorkload& card = cards_.at(row - kHeaderRows);
+  txtTotal->setText(toQt(amount(card.total)));
+  txtLJ->setText(toQt(amount(card.before + card.work)));
+  txtDW->setText(toQt(card.unit));
+}
+
+void frmGZL::beginEdit(std::size_t row) {
+  editor_->editText(row, kWorkColumn, positive_);
+}
+
+void frmGZL::takeWork(std::size_t row, const QString& text) {
+  CardWorkload& card = cards_.at(row - kHeaderRows);
+  card.work = Val(fromQt(text));
+  changed_.insert(row - kHeaderRows);
+  grdGZL->setText(row, kWorkColumn, amount(card.work));
+  grdGZL->setText(row, kAccumulatedColumn, amount(card.before + card.work));
+  showCard(row);
+  if (row + 1 < grdGZL->grid().rows()) grdGZL->selectGridRow(row + 1);
+}
+
+void frmGZL::cmdOK_Click() {
+  editor_->commit();
+  for (const std::size_t place : changed_) {
+    const CardWorkload& card = cards_.at(place);
+    storeWorkload(data(), card.cardNum, run().period(), card.work, card.before + card.work);
+  }
+  close();
+}
+
+}  // namespace zelkor

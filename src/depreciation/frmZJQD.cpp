@@ -1,0 +1,73 @@
+#include "depreciation/frmZJQD.h"
+
+#include <QBoxLayout>
+#include <QSignalBlocker>
+#include <QSplitter>
+
+#include "depreciation/DepreciationList.h"
+#include "ui/Layout.h"
+#include "ui/TreeLoader.h"
+
+namespace zelkor {
+
+using namespace layout;
+
+frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload::Plain) {
+  arrangeControls();
+  const auto periods = depreciationListPeriods(run());
+  for (const std::string& period : periods) cmbDate->addItem(toQt(period));
+  cmbDate->setCurrentIndex(static_cast<int>(loginPeriodIndex(periods)));
+  cmbDepart->addItems({"按部门查询", "按类别查询"});
+  loadNodes();
+  MSFZJQD->setGrid(depreciationList(run()));
+  on(trvDepart, &QTreeWidget::currentItemChanged, &frmZJQD::fillGrid);
+  on(cmbDate, &QComboBox::currentIndexChanged, &frmZJQD::fillGrid);
+  on(cmbDepart, &QComboBox::currentIndexChanged, &frmZJQD::cmbDepart_Click);
+  on(Toolbar1, &Toolbar::ButtonClick, &frmZJQD::Toolbar1_ButtonClick);
+}
+
+void frmZJQD::arrangeControls() {
+  Toolbar1->setButtons({"退出"});
+  dressTree(*trvDepart);
+  auto* split = new QSplitter;
+  split->addWidget(page(column({cmbDepart, wide(trvDepart)})));
+  split->addWidget(page(column({row({captioned("会计期间：", cmbDate), stretch()}), wide(MSFZJQD)})));
+  split->setStretchFactor(1, 1);
+  split->setSizes({230, 850});
+  split->setChildrenCollapsible(false);
+  auto* body = row({wide(split)});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(1100, 600);
+}
+
+void frmZJQD::loadNodes() {
+  const auto nodes = byDepartment() ? depreciationListDepartments(run()) : depreciationListAssetTypes(run());
+  std::vector<TreeRow> rows;
+  for (const auto& node : nodes) rows.push_back({node.key, node.parentKey, node.text, node.tag});
+  const QSignalBlocker quiet(trvDepart);
+  loadTree(*trvDepart, rows);
+  trvDepart->expandAll();
+}
+
+void frmZJQD::fillGrid() {
+  const QTreeWidgetItem* item = trvDepart->currentItem();
+  const std::string code = item ? fromQt(tagOf(*item)) : std::string();
+  const std::string period = fromQt(cmbDate->currentText());
+  MSFZJQD->setGrid(byDepartment() ? depreciationListByDepartment(run(), period, code)
+                                  : depreciationListByAssetType(run(), period, code));
+}
+
+void frmZJQD::cmbDepart_Click() {
+  loadNodes();
+  fillGrid();
+}
+
+void frmZJQD::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "退出") close();
+}
+
+}  // namespace zelkor

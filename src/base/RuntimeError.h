@@ -23,6 +23,7 @@ enum class ErrorNumber : int {
   FileLocked = 3045,
   CannotOpenReadOnly = 3051,
   TooFewParameters = 3061,
+  DuplicateDestination = 3063,
   CannotExecuteSelect = 3065,
   NoQueryInput = 3067,
   OperationNotUpdatable = 3073,

@@ -70,6 +70,8 @@ std::optional<std::size_t> itemAlike(const BindContext& context, const std::vect
 /// The output columns as those of a table.
 std::vector<ColumnInfo> outputColumns(const bound::Select& select);
 
+/// The rows with each item ready to be stored into its column.
+bound::Select storedRows(BindContext& context, BoundSelect rows, const std::vector<ColumnInfo>& columns);
 bound::Insert bindInsert(BindContext& context, const Insert& insert);
 bound::Update bindUpdate(BindContext& context, const Update& update);
 bound::Delete bindDelete(BindContext& context, const Delete& statement);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "base/RuntimeError.h"
 #include "store/dialect/Bind.h"
 #include "store/dialect/Rewrite.h"
@@ -35,6 +37,19 @@ void assignItems(BindContext& context, bound::Select& select, const std::vector<
   for (bound::Part& part : select.unions) assignItems(context, part.select, columns);
 }
 
+// A boolean column is never Null in its own table, so it can be copied as it is.
+bool isOwnBoolean(const BoundSelect& rows, const bound::Item& item) {
+  return item.expr.type.type == ColumnType::Boolean && item.source && *item.source < rows.missing.size() &&
+         !rows.missing[*item.source];
+}
+
+void requireEachOnce(const std::vector<std::string>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    if (std::find(columns.begin(), columns.begin() + static_cast<std::ptrdiff_t>(i), columns[i]) !=
+        columns.begin() + static_cast<std::ptrdiff_t>(i))
+      throw RuntimeError(ErrorNumber::DuplicateDestination, "重复的输出目标 '" + columns[i] + "'。");
+}
+
 bool isSingleTable(const TableSource& source) {
   return std::holds_alternative<TableName>(source);
 }
@@ -64,28 +79,36 @@ bool isScalarSelect(const Expr& expr) {
 
 }  // namespace
 
+bound::Select storedRows(BindContext& context, BoundSelect rows, const std::vector<ColumnInfo>& columns) {
+  std::vector<bound::Item> copied = rows.select.items;
+  assignItems(context, rows.select, columns);
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    if (columns[i].type == ColumnType::Boolean && isOwnBoolean(rows, copied[i]))
+      rows.select.items[i].expr = std::move(copied[i].expr);
+  return std::move(rows.select);
+}
+
 bound::Insert bindInsert(BindContext& context, const Insert& insert) {
   const TableInfo table = context.table(insert.table);
   bound::Insert result;
   result.table = table.name;
-  if (const auto* source = std::get_if<Box<Select>>(&insert.source)) {
-    bound::Select select = bindSelect(context, **source, nullptr).select;
-    const std::vector<ColumnInfo> columns = targets(table, insert, &select);
-    if (columns.size() != select.items.size()) raiseColumnCount();
-    for (const ColumnInfo& column : columns) result.columns.push_back(column.name);
-    assignItems(context, select, columns);
-    result.source = std::move(select);
+  std::optional<BoundSelect> rows;
+  if (const auto* source = std::get_if<Box<Select>>(&insert.source))
+    rows = bindSelect(context, **source, nullptr);
+  const std::vector<ColumnInfo> columns = targets(table, insert, rows ? &rows->select : nullptr);
+  for (const ColumnInfo& column : columns) result.columns.push_back(column.name);
+  requireEachOnce(result.columns);
+  if (rows) {
+    if (columns.size() != rows->select.items.size()) raiseColumnCount();
+    result.source = storedRows(context, std::move(*rows), columns);
     return result;
   }
   const auto& values = std::get<std::vector<Expr>>(insert.source);
-  const std::vector<ColumnInfo> columns = targets(table, insert, nullptr);
   if (columns.size() != values.size()) raiseColumnCount();
   const Scope none;
   std::vector<bound::Node> nodes;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    result.columns.push_back(columns[i].name);
+  for (std::size_t i = 0; i < columns.size(); ++i)
     nodes.push_back(ExprBinder(context, none).assigned(values[i], columns[i]));
-  }
   result.source = std::move(nodes);
   return result;
 }

@@ -68,6 +68,8 @@ class SelectBinder {
     select.top = select_.top;
     bindItems();
     ExprBinder binder(context_, result_.scope);
+    if (select_.where && isAggregateCall(*select_.where))
+      throw RuntimeError(ErrorNumber::AggregateInWhere, "WHERE 子句中不能有合计函数。");
     if (select_.where) select.where = binder.condition(*select_.where);
     for (const Expr& expr : select_.groupBy) bindGroupKey(binder.value(expr));
     if (select_.having) select.having = binder.condition(*select_.having);

@@ -1,7 +1,6 @@
 #include "base/RuntimeError.h"
 #include "store/dialect/Bind.h"
 #include "store/dialect/Emit.h"
-#include "store/dialect/Rewrite.h"
 #include "store/dialect/Translate.h"
 #include "store/dialect/TranslateQuery.h"
 #include "store/dialect/Types.h"
@@ -48,12 +47,8 @@ Translation translateSelectInto(const Select& select, BindContext& context, Engi
   const std::vector<ColumnInfo> columns = columnsOf(bound);
   bound::Insert fill;
   fill.table = table;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    fill.columns.push_back(columns[i].name);
-    bound::Node& expr = bound.select.items[i].expr;
-    expr = assigned(context, std::move(expr), columns[i]);
-  }
-  fill.source = std::move(bound.select);
+  for (const ColumnInfo& column : columns) fill.columns.push_back(column.name);
+  fill.source = storedRows(context, std::move(bound), columns);
 
   Translation result;
   result.kind = StatementKind::SelectInto;

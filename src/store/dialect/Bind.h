@@ -40,6 +40,7 @@ class ExprBinder {
   bound::Node bind(const FunctionCall& expr);
   bound::Select subselect(const Select& select);
   bound::Select oneColumn(const Select& select);
+  bound::Select comparedColumn(const Select& select);
 
   BindContext& context_;
   const Scope& scope_;
@@ -62,11 +63,13 @@ struct BoundSelect {
   std::vector<bool> missing;
 };
 BoundSelect bindSelect(BindContext& context, const Select& select, const Scope* outer);
-/// Whether two expressions are the same but for the numbers of their parameters.
-bool sameForm(const BindContext& context, const bound::Node& left, const bound::Node& right);
+/// Whether two expressions are the same, literals and all, but for the numbers of their parameters.
+bool sameForm(BindContext& context, const bound::Node& left, const bound::Node& right);
 /// The first output column of that form, compared case-blind.
-std::optional<std::size_t> itemAlike(const BindContext& context, const std::vector<bound::Item>& items,
+std::optional<std::size_t> itemAlike(BindContext& context, const std::vector<bound::Item>& items,
                                      const bound::Node& node);
+/// 3122 where the expression names a column that is neither grouped nor gathered by an aggregate.
+void requireGrouped(BindContext& context, const std::vector<bound::Node>& groupKeys, const bound::Node& node);
 /// The output columns as those of a table.
 std::vector<ColumnInfo> outputColumns(const bound::Select& select);
 

@@ -24,6 +24,7 @@ struct BindContext {
   const Shape& shape;
   std::vector<ParameterSlot> slots;
   std::vector<NumberColumn> numberColumns;
+  bool dependsOnLiterals = false;  // see Translation
 
   const TableInfo& table(std::string_view name) const;  // 3078 when there is none
   std::size_t addSlot(std::size_t literal, BindAs bindAs, ColumnType target = ColumnType::Unknown);

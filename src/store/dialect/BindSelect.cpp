@@ -11,7 +11,7 @@ using bound::Node;
 
 namespace {
 
-constexpr int firstExpressionNumber = 1000;
+constexpr std::size_t firstExpressionNumber = 1000;
 
 bool isAggregateCall(const Expr& expr);
 
@@ -112,7 +112,7 @@ class SelectBinder {
     std::string name = item.alias;
     if (const auto* column = std::get_if<bound::Column>(&node.node); column && name.empty())
       name = column->name;
-    if (name.empty()) name = "Expr" + std::to_string(firstExpressionNumber + unnamed_++);
+    if (name.empty()) name = "Expr" + std::to_string(firstExpressionNumber + result_.select.items.size());
     add(std::move(node), std::move(name));
     result_.select.items.back().aggregates = isAggregateCall(item.expr);
   }
@@ -151,16 +151,10 @@ class SelectBinder {
     result_.select.groupBy.push_back(std::move(key));
   }
 
-  void requireGroupedColumns() const {
-    for (const bound::Item& item : result_.select.items) {
-      if (!std::holds_alternative<bound::Column>(item.expr.node)) continue;
-      const auto& keys = result_.select.groupBy;
-      const bool grouped = std::any_of(keys.begin(), keys.end(),
-                                       [&](const Node& key) { return sameForm(context_, key, item.expr); });
-      if (!grouped)
-        throw RuntimeError(ErrorNumber::ColumnNotGrouped,
-                           "试图执行的查询中不包含作为合计函数一部分的特定表达式 '" + item.name + "'。");
-    }
+  void requireGroupedColumns() {
+    const bound::Select& select = result_.select;
+    for (const bound::Item& item : select.items) requireGrouped(context_, select.groupBy, item.expr);
+    if (select.having) requireGrouped(context_, select.groupBy, *select.having);
   }
 
   void bindOrder() {
@@ -180,16 +174,31 @@ class SelectBinder {
       key.expr = caseBlind(items[*key.item].expr);
       return key;
     }
+    const bool ofRows = !result_.select.distinct && !result_.select.aggregated;
+    const auto* name = std::get_if<ColumnRef>(&expr.node);
+    // The columns behind a total or behind distinct rows can no longer be named.
+    if (!ofRows && name) key.item = itemNamed(*name, items);
+    if (key.item) {
+      key.expr = caseBlind(items[*key.item].expr);
+      return key;
+    }
     Scope scope = result_.scope;
-    scope.items = &items;
-    scope.itemsFirst = result_.select.aggregated;  // the columns behind a total can no longer be named
+    if (name) scope.items = &items;
     key.expr = caseBlind(ExprBinder(context_, scope).value(expr));
-    if (!result_.select.distinct && !result_.select.aggregated) return key;
+    if (ofRows) return key;
     key.item = itemAlike(context_, items, key.expr);
     if (key.item) key.expr = caseBlind(items[*key.item].expr);
     if (result_.select.distinct && !key.item)
       throw RuntimeError(ErrorNumber::OrderConflictsWithDistinct, "ORDER BY 子句与 DISTINCT 冲突。");
+    if (!key.item) requireGrouped(context_, result_.select.groupBy, key.expr);
     return key;
+  }
+
+  static std::optional<std::size_t> itemNamed(const ColumnRef& name, const std::vector<bound::Item>& items) {
+    if (!name.table.empty()) return std::nullopt;
+    for (std::size_t i = 0; i < items.size(); ++i)
+      if (sameName(items[i].name, name.column)) return i;
+    return std::nullopt;
   }
 
   // The rows of united queries are ordered by their columns alone.
@@ -197,8 +206,7 @@ class SelectBinder {
     bound::OrderKey key;
     if (const auto* ordinal = std::get_if<OrdinalConst>(&expr.node)) key.item = ordinalItem(ordinal->value);
     if (const auto* reference = std::get_if<ColumnRef>(&expr.node))
-      for (std::size_t i = 0; i < items.size() && !key.item; ++i)
-        if (sameName(items[i].name, reference->column)) key.item = i;
+      key.item = itemNamed(ColumnRef{"", reference->column}, items);
     if (!key.item)
       throw RuntimeError(ErrorNumber::OrderNotSelected, "ORDER BY 表达式包含查询没有选定的字段。");
     return key;
@@ -220,7 +228,6 @@ class SelectBinder {
   BindContext& context_;
   const Select& select_;
   BoundSelect result_;
-  int unnamed_ = 0;
 };
 
 }  // namespace

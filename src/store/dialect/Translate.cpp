@@ -47,6 +47,8 @@ class Translator {
     return translateDefinition(definition, context_.schema, engine_);
   }
 
+  bool dependsOnLiterals() const { return context_.dependsOnLiterals; }
+
  private:
   Translation action(StatementKind kind, const std::string& table, const auto& print) {
     Translation result;
@@ -73,7 +75,10 @@ class Translator {
 Translation translate(std::string_view statement, const Shape& shape, const SchemaView& schema,
                       EngineKind engine) {
   const Statement parsed = parse(statement, shape);
-  return std::visit(Translator({schema, shape, {}, {}}, engine), parsed);
+  Translator translator({schema, shape, {}, {}}, engine);
+  Translation result = std::visit(translator, parsed);
+  result.dependsOnLiterals = translator.dependsOnLiterals();
+  return result;
 }
 
 std::string physicalIndexName(std::string_view table, std::string_view index) {

@@ -122,6 +122,9 @@ struct Translation {
   std::string table;                   // the table that is written, created or dropped, in its own spelling
   /// For messages: the dialect's name of a created index.
   std::string index;
+  /// The text holds for these literals only, not for all statements of the shape: whether a column repeats a
+  /// group key or an order key was told by literals in both.
+  bool dependsOnLiterals = false;
 };
 
 /// Translates the statement (with the literals of `shape` lifted out). Raises the dialect's errors: 3075 and

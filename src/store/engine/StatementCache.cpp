@@ -31,7 +31,9 @@ std::shared_ptr<CachedStatement> StatementCache::find(std::string_view sql, cons
   if (const auto known = statements_.find(std::string_view(shape.key)); known != statements_.end())
     return known->second;
   auto statement = translated(sql, shape);
-  if (changesTables(statement->translation.kind)) return statement;  // true only once
+  const dialect::Translation& translation = statement->translation;
+  // True only once, or for these literals only.
+  if (changesTables(translation.kind) || translation.dependsOnLiterals) return statement;
   if (statements_.size() >= mostShapes) statements_.clear();
   return statements_.emplace(shape.key, std::move(statement)).first->second;
 }

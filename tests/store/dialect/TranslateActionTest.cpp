@@ -134,7 +134,7 @@ TEST_F(TranslateActionTest, ANewTableBearsNamesTypesAndSizes) {
   runner.execute(
       "select i_id,coutid,md,bvouchedit,doutdate,left(coutid,1),inid into copied from fa_ZWVouchers");
   EXPECT_EQ(runner.raw("SELECT group_concat(name || ' ' || type, ', ') FROM pragma_table_info('copied')"),
-            "i_id INTEGER, coutid TEXT(30), md CURRENCY, bvouchedit BOOLEAN, doutdate DATETIME, Expr1000 "
+            "i_id INTEGER, coutid TEXT(30), md CURRENCY, bvouchedit BOOLEAN, doutdate DATETIME, Expr1005 "
             "TEXT(255), "
             "inid SMALLINT");
   EXPECT_EQ(runner.rows("select * from copied"), "1|7|1.5|-1|2004-04-01 00:00:00|7|~");

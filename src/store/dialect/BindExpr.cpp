@@ -144,7 +144,7 @@ Node ExprBinder::bind(const InList& expr) {
 
 Node ExprBinder::bind(const InSelect& expr) {
   Node subject = caseBlind(value(*expr.value));
-  return truth(bound::InSelect{std::move(subject), oneColumn(*expr.select), expr.negated});
+  return truth(bound::InSelect{std::move(subject), comparedColumn(*expr.select), expr.negated});
 }
 
 Node ExprBinder::bind(const Exists& expr) {
@@ -160,7 +160,7 @@ Node ExprBinder::bind(const ScalarSelect& expr) {
 Node ExprBinder::bind(const Quantified& expr) {
   Node subject = caseBlind(value(*expr.value));
   return truth(
-      bound::Quantified{comparisonKind(expr.op), std::move(subject), expr.all, oneColumn(*expr.select)});
+      bound::Quantified{comparisonKind(expr.op), std::move(subject), expr.all, comparedColumn(*expr.select)});
 }
 
 Node ExprBinder::bind(const FunctionCall& expr) {
@@ -177,6 +177,13 @@ bound::Select ExprBinder::oneColumn(const Select& select) {
   bound::Select result = subselect(select);
   if (result.items.size() != 1)
     throw RuntimeError(ErrorNumber::SubqueryColumnCount, "没有使用 EXISTS 保留字的子查询只能返回一个字段。");
+  return result;
+}
+
+bound::Select ExprBinder::comparedColumn(const Select& select) {
+  bound::Select result = oneColumn(select);
+  bound::Node& column = result.items.front().expr;
+  column = caseBlind(std::move(column));
   return result;
 }
 

@@ -57,9 +57,9 @@ bool bindAsOther(BindContext& context, Node& constant, const Node& other) {
       slot.bindAs = BindAs::Text;
       break;
     case Family::Boolean:
-      slot.bindAs = BindAs::Assigned;
-      slot.target = ColumnType::Boolean;
-      break;
+      if (!isText(constant)) return false;
+      constant = call("zk_boolean", other.type, {std::move(constant)});
+      return true;
     case Family::Number:
       slot.bindAs = BindAs::Assigned;
       slot.target = ColumnType::Double;
@@ -71,8 +71,15 @@ bool bindAsOther(BindContext& context, Node& constant, const Node& other) {
   return true;
 }
 
+// A parameter takes its type from its surroundings; other operands have one of their own, which some engines
+// compare with regard to case.
+Node operand(Node node) {
+  return literal(node) ? node : caseBlind(std::move(node));
+}
+
 Node compared(BinaryOp op, Node left, Node right) {
-  if (!isPlainColumn(right)) left = caseBlind(std::move(left));
+  left = isPlainColumn(right) ? operand(std::move(left)) : caseBlind(std::move(left));
+  right = operand(std::move(right));
   return truth(bound::Binary{kindOf(op), std::move(left), std::move(right)});
 }
 
@@ -152,7 +159,8 @@ Node between(BindContext& context, Node valueOperand, Node lowOperand, Node high
   Node high = asValue(std::move(highOperand));
   adapt(context, value, low);
   adapt(context, value, high);
-  return truth(bound::Between{caseBlind(std::move(value)), std::move(low), std::move(high), negated});
+  return truth(bound::Between{caseBlind(std::move(value)), operand(std::move(low)), operand(std::move(high)),
+                              negated});
 }
 
 Node inList(BindContext& context, Node valueOperand, std::vector<Node> items, bool negated) {
@@ -165,7 +173,7 @@ Node inList(BindContext& context, Node valueOperand, std::vector<Node> items, bo
       std::ranges::move(bothForms(context, std::move(member)), std::back_inserter(members));
     } else {
       trimLiteral(context, member);
-      members.push_back(std::move(member));
+      members.push_back(operand(std::move(member)));
     }
   }
   trimLiteral(context, value);

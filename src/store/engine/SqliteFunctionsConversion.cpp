@@ -76,6 +76,13 @@ void text(sqlite3_context* context, Arguments arguments) {
   if (!isNull(arguments[0])) giveText(context, CStr(valueOf(arguments[0])));
 }
 
+// A text beside a boolean: one that is none becomes Null, which meets nothing.
+void boolean(sqlite3_context* context, Arguments arguments) {
+  if (isNull(arguments[0])) return;
+  const auto converted = convertForColumn(valueOf(arguments[0]), ColumnType::Boolean);
+  if (converted) giveValue(context, *converted);
+}
+
 void date(sqlite3_context* context, Arguments arguments) {
   if (!isNull(arguments[0])) giveDate(context, dateOf(arguments[0]));
 }
@@ -125,6 +132,7 @@ constexpr std::array entries{
     FunctionEntry{"zk_str", 1, str},
     FunctionEntry{"zk_number", 1, number},
     FunctionEntry{"zk_currency", 1, currency},
+    FunctionEntry{"zk_boolean", 1, boolean},
     FunctionEntry{"zk_text", 1, text},
     FunctionEntry{"zk_date", 1, date},
     FunctionEntry{"zk_datetext", 1, dateText},

@@ -15,12 +15,13 @@ Shape shapeFor(std::string_view statement) {
   return shape;
 }
 
-/// The key with a letter in braces for each literal: text, number, date, prefix pattern.
+/// The key with a letter in braces for each literal: text, number, date, prefix pattern, text with a blank at
+/// its end.
 std::string visibleKey(const Shape& shape) {
-  constexpr std::string_view kMarks = "tndp";
+  constexpr std::string_view kMarks = "tndpb";
   std::string result;
   for (const char c : shape.key) {
-    if (c >= 1 && c <= 4) {
+    if (c >= 1 && c <= 5) {
       result += std::string("{") + kMarks[static_cast<std::size_t>(c - 1)] + "}";
     } else {
       result += c;
@@ -44,6 +45,7 @@ struct Case {
 TEST(Shape, LiftsConstantsOutOfTheStatement) {
   const std::vector<Case> cases{
       {"select * from t where a='x' and b=12.50", "select * from t where a={t} and b={n}", {"x", "12.50"}},
+      {"where a='x ' and b=' x' and c=' '", "where a={b} and b={t} and c={b}", {"x ", " x", " "}},
       {"  select\t*\r\nfrom   t ", "select * from t", {}},
       {"update t set d=#2004-4-1 9:05:00#,e=\"q\"", "update t set d={d},e={t}", {"2004-4-1 9:05:00", "q"}},
       {"insert into t values('it''s','','''')", "insert into t values({t},{t},{t})", {"it's", "", "'"}},

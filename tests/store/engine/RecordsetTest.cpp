@@ -183,7 +183,10 @@ TEST_F(RecordsetTest, FindsFromEitherEnd) {
   rs.FindLast("lLife > 40 and sName like 'd*'");
   EXPECT_EQ(rs.Text("sNum"), "A3");
   rs.FindFirst("sNum='A1'");
-  EXPECT_TRUE(rs.NoMatch()) << "the query itself leaves A1 out";
+  EXPECT_TRUE(rs.NoMatch()) << "the recordset does not hold A1";
+  db.Execute("update asset set dblValue=900 where sNum='A3'");
+  rs.FindFirst("sNum='A3'");
+  EXPECT_FALSE(rs.NoMatch()) << "a row that was changed stays in the recordset";
 }
 
 TEST_F(RecordsetTest, CloneAndRequeryAreWalksOfTheirOwn) {

@@ -48,6 +48,13 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"BlanksAtTheEndOfALiteralDoNotCount", "select sID from k where sText='abc  '", "9"},
         Case{"NorInAList", "select sID from k where sText in ('ABD ','zzz')", "10"},
         Case{"NorInUnequal", "select count(*) from k where sText<>'abc '", "3"},
+        Case{"BlanksAtTheEndOfAColumn",
+             "select count(*) from (select sText & ' ' as t from k where sID='9') q where t='abc '", "1"},
+        Case{"BlanksAtTheEndUnequal",
+             "select count(*) from (select sText & ' ' as t from k where sID='9') q where t<>'abc '", "0"},
+        Case{"BlanksAtTheEndInAList",
+             "select count(*) from (select sText & ' ' as t from k where sID='9') q where t in ('x','ABC ')",
+             "1"},
         Case{"LikeCountsThem", "select sID from k where sText like 'abc *'", ""},
         Case{"OrderIsCaseBlind", "select sText from k where sText like 'ab?' order by sText desc", "ABD;abc"},
         Case{"GroupsAreCaseBlind",
@@ -88,6 +95,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"BareBooleanIsACondition", "select count(*) from k where bN", "2"},
                     Case{"NotOfABoolean", "select count(*) from k where not bN", "3"},
                     Case{"SumOfBooleans", "select sum(bN) from k", "-2"},
+                    Case{"ComparedWithAWord", "select count(*) from k where bN='abc' or bN=''", "0"},
+                    Case{"UnequalToAWord", "select count(*) from k where bN<>'abc'", "0"},
+                    Case{"ComparedWithText", "select count(*) from k where bN='True'", "2"},
                     Case{"ComparedWithFalse", "select count(*) from k where bN=false", "3"}),
     caseName<Case>);
 
@@ -95,6 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
     NumbersAndDates, SemanticsTest,
     testing::Values(
         Case{"SumOfMoneyIsExact", "select sum(mN) from k", "1.6"},
+        Case{"MoneyIsReckonedExactly", "select sID from k where mN+mN+mN=0.6", "10"},
         Case{"NumbersTouchKeywords", "select sID from k where lN=2and dblN<100000order by sID", "10"},
         Case{"TextTouchesKeywords", "select '1'as a from k where sID='9'and lN=1", "1"},
         Case{"SignsMeet", "select sID from k where dblN=+--1.5", "9"},
@@ -105,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"PartsOfADate", "select year(dN), month(dN), day(dN) from k where sID='10'", "2004|12|31"},
         Case{"DatesOrder", "select sID from k where not dN is null order by dN desc", "2;10;9"},
         Case{"IntegerDivisionAndMod", "select 7\\2, 7 mod 4, 5/2 from k where sID='9'", "3|3|2.5"},
-        Case{"ExpressionNames", "select sID from (select sID, lN*2 from k) q where Expr1000=4", "10"}),
+        Case{"ExpressionNames", "select sID from (select sID, lN*2 from k) q where Expr1001=4", "10"}),
     caseName<Case>);
 
 struct Assignment {
@@ -133,7 +144,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Assignment{"TextToNumber", "dblN", "'12.50'", "12.5"}, Assignment{"EmptyToNumber", "lN", "''", "~"},
         Assignment{"WordToNumber", "dblN", "'twelve'", "~"}, Assignment{"HalfToEven", "lN", "2.5", "2"},
-        Assignment{"HalfToEvenUp", "iShort", "'3.5'", "4"}, Assignment{"ShortOverflow", "iShort", "40000", "~"},
+        Assignment{"HalfToEvenUp", "iShort", "'3.5'", "4"},
+        Assignment{"ShortOverflow", "iShort", "40000", "~"},
         Assignment{"LongOverflow", "lN", "'3000000000'", "~"}, Assignment{"Money", "mN", "0.12345", "0.1234"},
         Assignment{"TextToDate", "dN", "'2004-4-1'", "2004-4-1"}, Assignment{"EmptyToDate", "dN", "''", "~"},
         Assignment{"WordToDate", "dN", "'someday'", "~"},
@@ -145,7 +157,52 @@ INSTANTIATE_TEST_SUITE_P(
         Assignment{"Negative", "lN", "+-300", "-300"}),
     caseName<Assignment>);
 
+INSTANTIATE_TEST_SUITE_P(
+    Groups, SemanticsTest,
+    testing::Values(
+        Case{"OrderByTheTotalItself", "select bN, sum(lN) as lN from k group by bN order by sum(lN)",
+             "True|4;False|7"},
+        Case{"OrderByItsAlias", "select bN, sum(lN) as lN from k group by bN order by lN desc",
+             "False|7;True|4"},
+        Case{"OrderDistinctRowsByAlias", "select distinct left(sText,1) as sText from k order by sText",
+             "~;a"},
+        Case{"GroupByAnExpression",
+             "select left(sID,1), count(*) from k where lN>0 group by left(sID,1) order by left(sID,1)",
+             "1|2;2|1;9|1"}),
+    caseName<Case>);
+
 class StatementTest : public StoreTest {};
+
+TEST_F(StatementTest, ColumnsBesideTotalsMustBeGrouped) {
+  db.Execute("CREATE TABLE g (n LONG, s TEXT(20), id LONG)");
+  db.Execute("insert into g values (1,'ab',1)");
+  EXPECT_EQ(joined(rows("select left(s,1),count(*) from g group by left(s,1)")), "a|1");
+  for (const char* query :
+       {"select left(s,1),count(*) from g group by left(s,2)", "select s & 'x',count(*) from g group by n",
+        "select n,count(*) from g group by n having id>3", "select n,count(*) from g group by n order by id"})
+    EXPECT_EQ(errorOf([&] { rows(query); }), 3122) << query;
+  EXPECT_EQ(errorOf([&] { rows("select distinct left(s,1) from g order by left(s,2)"); }), 3093);
+  EXPECT_EQ(joined(rows("select distinct left(s,2) from g order by left(s,2)")), "ab")
+      << "other statements of the shape are right";
+}
+
+TEST_F(StatementTest, AmountsAreStoredWithFourDecimals) {
+  db.Execute("CREATE TABLE m (mA CURRENCY, mB CURRENCY)");
+  db.Execute("insert into m values (0.1,0.2)");
+  db.Execute("update m set mA=mA+mB");
+  EXPECT_EQ(cell("select count(*) from m where mA=0.3"), "1");
+  EXPECT_EQ(cell("select mA*mB from m"), "0.06");
+}
+
+TEST_F(StatementTest, IndexesAreMadeAndDroppedOnce) {
+  db.Execute("CREATE TABLE i (id LONG, s TEXT(20))");
+  db.Execute("CREATE INDEX a ON i (id)");
+  EXPECT_EQ(errorOf([&] { db.Execute("create index a on i (s)"); }), 3284);
+  db.Execute("DROP INDEX a ON i");
+  EXPECT_EQ(errorOf([&] { db.Execute("drop index a on i"); }), 3372);
+  for (const char* key : {"id+1", "1", "'a'"})
+    EXPECT_EQ(errorOf([&] { db.Execute("create index b on i (" + std::string(key) + ")"); }), 3075) << key;
+}
 
 TEST_F(StatementTest, AutoNumbersGoOnBehindAGivenValue) {
   db.Execute("CREATE TABLE n (i_id COUNTER, sT TEXT(20))");
@@ -191,6 +248,7 @@ TEST_F(StatementTest, ConversionsInAQueryFailAsTheyDoElsewhere) {
   EXPECT_EQ(cell("select val(sT) from c"), "0");
   db.Execute("update c set sT=null");
   EXPECT_EQ(errorOf([&] { rows("select clng(sT) from c"); }), 94);
+  EXPECT_EQ(errorOf([&] { rows("select sgn(null) from c"); }), 94);
 }
 
 }  // namespace

@@ -31,7 +31,8 @@ std::vector<TreeRow> UsageStatuses::tree() {
   for (; !statuses.Eof(); statuses.MoveNext()) {
     const std::string id = statuses.TextOrEmpty("sID");
     if (id == kRootID) continue;
-    rows.push_back({"N" + id, "N" + statuses.TextOrEmpty("sParentID"), statuses.TextOrEmpty("sName"), id});
+    rows.push_back({std::string("N").append(id), std::string("N").append(statuses.TextOrEmpty("sParentID")),
+                    statuses.TextOrEmpty("sName"), id});
   }
   return rows;
 }

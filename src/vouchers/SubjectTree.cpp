@@ -13,7 +13,7 @@ constexpr std::string_view kClasses = "资产|负债|权益|成本|损益";
 constexpr std::string_view kUsed = "常用";
 
 TreeRow head(const std::string& name) {
-  return {"t" + name, "", name};
+  return {std::string("t").append(name), {}, name};
 }
 
 TreeRow subjectRow(const Recordset& subject, std::string_view keyPrefix, std::string parentKey) {
@@ -59,9 +59,9 @@ std::string parentKeyOf(const Recordset& subject, const std::vector<std::size_t>
   const auto level = static_cast<std::size_t>(subject.Fields("IGrade").numberOrZero());
   if (level > 1 && level - 2 < lengths.size()) {
     const std::string above = Left(subject.TextOrEmpty("ccode"), lengths[level - 2]);
-    if (codes.contains(above)) return "t" + above;
+    if (codes.contains(above)) return std::string("t").append(above);
   }
-  return "t" + subject.TextOrEmpty("CClass");
+  return std::string("t").append(subject.TextOrEmpty("CClass"));
 }
 
 }  // namespace

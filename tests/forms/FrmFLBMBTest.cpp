@@ -1,3 +1,5 @@
+#include <QTest>
+
 #include "archives/FrmFLBMB.h"
 #include "support/Widgets.h"
 #include "ui/UpDown.h"
@@ -184,6 +186,22 @@ TEST_F(FrmFLBMBTest, takesAMethodFromThePicker) {
   inModalForm([](QWidget& picker) { sendKey(picker, Qt::Key_Escape); });
   click(form, "CmdZJFF");
   EXPECT_EQ(textOf(form, "TxtZJFF"), "工作量法");
+}
+
+TEST_F(FrmFLBMBTest, obeysTheKeyboard) {
+  FrmFLBMB& form = open();
+  form.activateWindow();
+  settle();
+  press(form, "增加");
+  type(form, "TxtLBMC", "仪器");
+  auto& name = control<QLineEdit>(form, "TxtLBMC");
+  QTest::keyClick(&name, Qt::Key_Return);
+  EXPECT_TRUE(control<QLineEdit>(form, "TxtSYNX").hasFocus()) << "Enter moves on";
+  QTest::keyClick(&name, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(stored("07").starts_with("仪器|")) << "Ctrl+S saves";
+  execute("update fa_AssetTypes set sName='仪表' where sNum='07'");
+  QTest::keyClick(&control<QTreeWidget>(form, "TvLeft"), Qt::Key_F5);
+  EXPECT_EQ(nodesOf(form, "TvLeft").back(), "  (07)仪表") << "F5 refreshes";
 }
 
 TEST_F(FrmFLBMBTest, endsTheProcessWhenItIsLeft) {

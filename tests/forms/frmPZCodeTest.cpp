@@ -1,0 +1,95 @@
+#include <algorithm>
+
+#include "support/Widgets.h"
+#include "vouchers/frmPZCode.h"
+
+namespace zelkor::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class frmPZCodeTest : public FormTest {
+ protected:
+  frmPZCode& open() { return host.show<frmPZCode>(); }
+  static Lines headsOf(const QWidget& form) {
+    Lines heads = nodesOf(form, "TvCode");
+    std::erase_if(heads, [](const std::string& node) { return node.starts_with(" "); });
+    return heads;
+  }
+  static bool holds(const QWidget& form, const std::string& node) {
+    const Lines nodes = nodesOf(form, "TvCode");
+    return std::ranges::find(nodes, node) != nodes.end();
+  }
+  static std::string ticked(const QWidget& form) {
+    std::string boxes;
+    for (int i = 0; i < 10; ++i) {
+      const std::string name = "ChkFilter" + std::to_string(i);
+      boxes += control<QCheckBox>(form, name.c_str()).isChecked() ? "1" : "0";
+    }
+    return boxes;
+  }
+};
+
+TEST_F(frmPZCodeTest, hangsSubjectsBelowTheirClasses) {
+  execute("insert into code (ccode,ccode_name,cclass,igrade) values ('9001','备查','表外',1)");
+  const frmPZCode& form = open();
+  EXPECT_EQ(headsOf(form), (Lines{"常用", "资产", "负债", "权益", "成本", "损益", "表外"}));
+  EXPECT_TRUE(holds(form, "  1002 银行存款"));
+  EXPECT_TRUE(holds(form, "    100201 工行存款"));
+  EXPECT_TRUE(holds(form, "  9001 备查"));
+}
+
+TEST_F(frmPZCodeTest, showsTheFlagsOfASubjectAndFiltersByThem) {
+  const frmPZCode& form = open();
+  selectNode(form, "TvCode", "100201 工行存款");
+  EXPECT_EQ(ticked(form), "0000100011");
+  selectNode(form, "TvCode", "资产");
+  EXPECT_EQ(ticked(form), "0000000000");
+  click(form, "ChkFilter3");
+  click(form, "CmdFilter");
+  EXPECT_TRUE(holds(form, "  1501 固定资产")) << "a box without a flag filters nothing";
+  click(form, "ChkFilter9");
+  click(form, "CmdFilter");
+  EXPECT_FALSE(holds(form, "  1501 固定资产"));
+  EXPECT_TRUE(holds(form, "    100202 建行存款"));
+}
+
+TEST_F(frmPZCodeTest, keepsASubjectHangingWhereTheOneAboveIsFilteredOut) {
+  execute("update code set be=0 where ccode='1002'");
+  const frmPZCode& form = open();
+  click(form, "ChkFilter9");
+  click(form, "CmdFilter");
+  EXPECT_TRUE(holds(form, "  100202 建行存款"));
+}
+
+TEST_F(frmPZCodeTest, keepsFrequentSubjectsOncePerOperator) {
+  execute("delete from GL_MCodeUsed");
+  const frmPZCode& form = open();
+  for (int i = 0; i < 2; ++i) {
+    selectNode(form, "TvCode", "1501 固定资产");
+    click(form, "CmdUsed");
+    EXPECT_EQ(rows("select CUser,CCode from GL_MCodeUsed"), Lines{"陈会计|1501"});
+  }
+  EXPECT_EQ(nodesOf(form, "TvCode")[1], "  1501 固定资产");
+  EXPECT_EQ(nodesOf(open(), "TvCode")[1], "  1501 固定资产") << "and is there the next time";
+}
+
+TEST_F(frmPZCodeTest, picksNothingFromAClassAndWithoutAChoice) {
+  frmPZCode& form = open();
+  selectNode(form, "TvCode", "资产");
+  click(form, "cmdOK");
+  EXPECT_EQ(form.picked().code + form.picked().name, "");
+  frmPZCode& second = open();
+  selectNode(second, "TvCode", "100201 工行存款");
+  click(second, "cmdOK");
+  EXPECT_EQ(second.picked().code + "|" + second.picked().name, "100201|工行存款");
+}
+
+TEST_F(frmPZCodeTest, refusesAChartWithoutARule) {
+  execute("update GradeDef set CodingRule='' where KeyWord='code'");
+  dialogs.expectOk("科目规则有误！", Icon::None, "凭证");
+  EXPECT_TRUE(nodesOf(open(), "TvCode").empty());
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -8,7 +8,17 @@
 namespace zelkor::dialect {
 
 enum class ColumnType : std::uint8_t {
-  Unknown, Text, Memo, Short, Long, Counter, Double, Currency, Date, Boolean, Binary
+  Unknown,
+  Text,
+  Memo,
+  Short,
+  Long,
+  Counter,
+  Double,
+  Currency,
+  Date,
+  Boolean,
+  Binary
 };
 
 struct ColumnInfo {

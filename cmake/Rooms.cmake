@@ -35,7 +35,8 @@ function(zelkor_room room)
   set_property(GLOBAL APPEND PROPERTY ZELKOR_ROOMS zelkor_${room})
 endfunction()
 
-# zelkor_room_tests(<room> [<library> ...]): tests/<room>/*.cpp as one GoogleTest program
+# zelkor_room_tests(<room> [<library> ...]): tests/<room>/*.cpp as one GoogleTest program, its tests with
+# ZELKOR_TEST_PROPERTIES
 function(zelkor_room_tests room)
   file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${room}/*.cpp)
   if(NOT files)
@@ -48,5 +49,5 @@ function(zelkor_room_tests room)
     ZELKOR_DATA_DIR="${CMAKE_SOURCE_DIR}/data"
     ZELKOR_SHARED_DATA_DIR="${CMAKE_SOURCE_DIR}/../shared/data")
   target_link_libraries(zelkor_${room}_tests PRIVATE zelkor_options ${ARGN} GTest::gtest GTest::gtest_main GTest::gmock)
-  gtest_discover_tests(zelkor_${room}_tests DISCOVERY_TIMEOUT 60)
+  gtest_discover_tests(zelkor_${room}_tests DISCOVERY_TIMEOUT 60 ${ZELKOR_TEST_PROPERTIES})
 endfunction()

@@ -1,5 +1,7 @@
 #include "startup/Main.h"
 
+#include <iostream>
+
 #include "base/RuntimeError.h"
 #include "startup/Arguments.h"
 #include "startup/Logs.h"
@@ -41,8 +43,9 @@ void prepareRun(RunContext& context, const std::string& arguments) {
 void Main(RunContext& context, const std::string& arguments, const RunTypeJobs& jobs,
           const std::function<bool()>& becomeOnlyInstance) {
   if (!becomeOnlyInstance()) {
-    context.dialogs.MsgBox("程序已打开，如要再次打开，请关闭已打开的程序！", Buttons::Ok, Icon::Exclamation,
-                           "凭证");
+    const std::string refusal = "程序已打开，如要再次打开，请关闭已打开的程序！";
+    std::cerr << refusal << '\n';
+    context.dialogs.MsgBox(refusal, Buttons::Ok, Icon::Exclamation, "凭证");
     throw EndProgram{kRefusedStatus};
   }
   prepareRun(context, arguments);

@@ -1,6 +1,7 @@
 #include "startup/RunTypes.h"
 
 #include <algorithm>
+#include <iostream>
 
 #include "base/RuntimeError.h"
 
@@ -122,9 +123,10 @@ std::vector<RunTypeRow> allRunTypes() {
 
 const Job& jobOf(RunContext& context, const RunTypeRow& row, std::string_view name, const RunTypeJobs& jobs) {
   if (const Job* job = jobs.find(name)) return *job;
-  context.dialogs.MsgBox(
-      "本程序中没有“" + std::string(name) + "”，运行类型" + std::to_string(row.runType) + "不能在此执行！",
-      Buttons::Ok, Icon::Exclamation, std::string(kTitle));
+  const std::string refusal =
+      "本程序中没有“" + std::string(name) + "”，运行类型" + std::to_string(row.runType) + "不能在此执行！";
+  std::cerr << refusal << '\n';
+  context.dialogs.MsgBox(refusal, Buttons::Ok, Icon::Exclamation, std::string(kTitle));
   throw EndProgram{1};
 }
 

@@ -8,21 +8,16 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
-#include <filesystem>
+#include <string>
 
 #include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
 
-/// A socket name without a file (it begins with a zero byte), so that nothing is left to clean up. The user
-/// and the directory for temporary files are part of it: a sandbox with a directory of its own is a machine
-/// apart.
+/// A socket name without a file (it begins with a zero byte), so that nothing is left to clean up.
 std::string lockName() {
-  std::error_code ignored;
-  const auto directory = std::filesystem::temp_directory_path(ignored).string();
-  return std::string(1, '\0') + "zelkor-" + std::to_string(getuid()) + "-" +
-         std::to_string(std::hash<std::string>{}(directory));
+  return std::string(1, '\0') + "zelkor-" + std::to_string(getuid());
 }
 
 [[noreturn]] void raise() {

@@ -63,12 +63,7 @@ void RecordsetState::find(std::string_view criteria, bool last) {
   const auto statement = connection_->engine().prepare(query_->query().keysWhere(criteria));
   bindSlots(*statement, query_->slots(), literals_);
   std::set<std::vector<RowKey>> matches;
-  while (statement->step()) {
-    std::vector<RowKey> keys;
-    for (int i = 0; i < static_cast<int>(sources()); ++i)
-      keys.push_back(statement->kind(i) == CellKind::Null ? RowKey() : RowKey(statement->integer(i)));
-    matches.insert(std::move(keys));
-  }
+  while (statement->step()) matches.insert(keysOf(*statement));
   const auto matchesRow = [&](long row) {
     const auto first = keys_.begin() + row * static_cast<long>(sources());
     return matches.contains(std::vector<RowKey>(first, first + static_cast<long>(sources())));

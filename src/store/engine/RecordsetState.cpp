@@ -21,6 +21,11 @@ std::vector<dialect::Literal> literalsWithin(const std::string& copy, std::strin
   return moved;
 }
 
+std::optional<std::int64_t> keyAt(const EngineStatement& row, int source) {
+  if (row.kind(source) == CellKind::Null) return std::nullopt;
+  return row.integer(source);
+}
+
 bool sameTie(const Value& a, const Value& b) {
   if (a.isText() && b.isText()) return dialect::sameName(a.as<std::string>(), b.as<std::string>());
   return a == b;
@@ -100,11 +105,14 @@ std::vector<Value> RecordsetState::tieKeys() const {
   return keys;
 }
 
+std::vector<RecordsetState::RowKey> RecordsetState::keysOf(const EngineStatement& row) const {
+  std::vector<RowKey> keys;
+  for (int i = 0; i < static_cast<int>(sources()); ++i) keys.push_back(keyAt(row, i));
+  return keys;
+}
+
 void RecordsetState::takeKeys() {
-  for (int i = 0; i < static_cast<int>(sources()); ++i) {
-    const bool none = run_.statement->kind(i) == CellKind::Null;
-    keys_.push_back(none ? RowKey() : RowKey(run_.statement->integer(i)));
-  }
+  for (int i = 0; i < static_cast<int>(sources()); ++i) keys_.push_back(keyAt(*run_.statement, i));
 }
 
 std::vector<Value> RecordsetState::decodeStreamedRow() const {
@@ -115,6 +123,21 @@ std::vector<Value> RecordsetState::decodeStreamedRow() const {
     row.push_back(
         readCell(*run_.statement, static_cast<int>(first + i), columns()[run_.projection->columns[i]].type));
   return row;
+}
+
+// The first row of a first run has told which columns are asked for: the other rows are streamed with them.
+// Both statements read the same state of the file; should the wider one order ties differently, the walk goes
+// on as it began.
+void RecordsetState::widenStream() {
+  if (!streaming() || !keyed() || known_ != 1 || run_.projection == query_->sharedProjection()) return;
+  PreparedQuery::Run wider = query_->take();
+  try {
+    bindSlots(*wider.statement, query_->slots(), literals_);
+    if (wider.statement->step() && keysOf(*wider.statement) == keys_) std::swap(run_, wider);
+  } catch (const RuntimeError&) {
+    // The statement that goes on meets the same failure and tells of it.
+  }
+  query_->giveBack(std::move(wider));
 }
 
 // Before the statement moves on: a row of a keyed query can be read again, any other is kept.
@@ -150,6 +173,7 @@ void RecordsetState::moveNext() {
   if (atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
   connection_->gathering().afterStatement();
   if (current_ + 1 < known_) return standOn(current_ + 1);
+  widenStream();
   if (streaming()) keepStreamedRow();
   if (streamNext()) return standOn(current_ + 1);
   if (failure_) std::rethrow_exception(failure_);

@@ -69,7 +69,9 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   bool streamNext();
   bool withinTop();
   std::vector<Value> tieKeys() const;
+  std::vector<RowKey> keysOf(const EngineStatement& row) const;
   void takeKeys();
+  void widenStream();
   void keepStreamedRow();
   std::vector<Value> decodeStreamedRow() const;
   void finish();

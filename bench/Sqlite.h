@@ -21,7 +21,8 @@ class BareFile {
       throw std::runtime_error("cannot open " + path);
     }
     handle_.reset(handle);
-    run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536");
+    run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536; PRAGMA "
+        "wal_autocheckpoint=32000");
   }
 
   void run(const std::string& sql) {

@@ -38,7 +38,7 @@ SqliteEngine::SqliteEngine(const std::string& path) : handle_(openHandle(path)) 
   // A commit in write-ahead mode survives the end of the process without being forced to disk.
   // It is forced there when the log is copied back: seldom, so that a long job does not wait at every commit.
   run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536; "
-      "PRAGMA wal_autocheckpoint=8000");
+      "PRAGMA wal_autocheckpoint=32000");
   begin_ = prepare("BEGIN IMMEDIATE");
   commit_ = prepare("COMMIT");
 }

@@ -68,6 +68,8 @@ void ParseArgs(RunContext& context, const std::string& arguments) {
   const Value runType(element(fields, 4));
   if (IsNumeric(runType)) args.setRunType(CLng(runType));
   args.setZkSystemPath(element(fields, 5));
+  if (fields.size() <= 6)
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "下标越界（缺少第6个参数，账套号）");
   args.setAccountId(element(fields, 6));
 }
 

@@ -50,6 +50,7 @@ int runModule() {
   const auto status = runToEnd(
       context, [&] { Main(context, argumentString(), jobs, [&instance] { return instance.acquire(); }); });
   if (status) return *status;
+  if (const auto end = host.endStatus()) return *end;  // a form has ended the program while it was shown
   return anyFormIsShown() ? QApplication::exec() : 0;
 }
 

@@ -36,9 +36,11 @@ bool writable(const fs::path& path) {
 }
 
 void checkIsWritableFile(const std::string& path) {
+  if (path.empty())
+    throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 ''：参数中没有给出数据文件或系统文件的路径。");
   std::error_code failure;
   const fs::file_status status = fs::status(path, failure);
-  if (path.empty() || status.type() == fs::file_type::not_found)
+  if (status.type() == fs::file_type::not_found)
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path + "'。");
   if (status.type() != fs::file_type::regular)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "'" + path + "' 不是数据库文件，无法打开。");

@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "store/AccountSet.h"
+#include "store/Catalogue.h"
 #include "store/ReinitialiseAccount.h"
 #include "store/Statement.h"
 #include "store/StoreFixture.h"
@@ -54,6 +55,26 @@ TEST_F(ReinitialiseAccountTest, emptiesTheBusinessTables) {
   for (const auto& [table, column] : inserts) EXPECT_EQ(count(table), "0") << table;
 }
 
+TEST_F(ReinitialiseAccountTest, bringsEveryColumnOfEveryTemplateBack) {
+  for (const std::string& table : templatedTables()) {
+    if (table == "AccInformation") continue;  // copied by conditions of its own
+    Recordset rows = data.OpenRecordset(templateTableName(table));
+    rows.AddNew();
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
+      const bool isDate = rows.FieldName(i).front() == 'd' && !rows.FieldName(i).starts_with("dbl");
+      rows.Collect(rows.FieldName(i), isDate ? Value(day("2004-4-1")) : Value("77"));
+    }
+    rows.Update();
+  }
+  reinitialise();
+  for (const std::string& table : templatedTables()) {
+    if (table == "AccInformation") continue;
+    const auto wanted = rows(sql("select * from ", templateTableName(table)));
+    EXPECT_EQ(rows(sql("select * from ", table)), wanted) << table;
+    EXPECT_FALSE(wanted.empty()) << table;
+  }
+}
+
 TEST_F(ReinitialiseAccountTest, putsTheArchivesBackToTheTemplate) {
   const std::string methods = count("fa_Depreciations");
   data.Execute("delete from fa_Depreciations where sID='2'");
@@ -91,7 +112,7 @@ TEST_F(ReinitialiseAccountTest, resetsTheOptionsButForThreeRows) {
   data.Execute("update AccInformation set cValue='kept' where cSysID='FA' and cID='601'");
   data.Execute("insert into AccInformation (cSysID,cID,cName,cValue) values ('FA','603','own','own value')");
   reinitialise();
-  EXPECT_NE(option("dStartDate"), "2004-04-01");
+  EXPECT_EQ(option("dStartDate"), "");
   EXPECT_EQ(rows("select Count(*) from AccInformation where cSysID='GL' and cValue<>'GLV'").front(), "0");
   const std::vector<std::string> kept = {"601|kept", "603|own value"};
   EXPECT_EQ(rows("select cID,cValue from AccInformation where cSysID='FA' and cID in ('601','602','603') "

@@ -1,0 +1,71 @@
+#include <QLineEdit>
+
+#include "archives/FrmAllPerson.h"
+#include "archives/FrmDepartment.h"
+#include "archives/FrmDepartPzCode.h"
+#include "archives/FrmFLBMB.h"
+#include "archives/frmUseStatus.h"
+#include "archives/FrmZJFFCZ.h"
+#include "screenshots/Pictures.h"
+#include "vouchers/frmPZCode.h"
+
+namespace zelkor {
+namespace {
+
+void showCategories(Stage& stage) {
+  FrmFLBMB& form = stage.open<FrmFLBMB>();
+  stage.keep(form, "FrmFLBMB-list");
+  selectNode(form, "(02)机器设备");
+  press(form, "增加");
+  stage.keep(form, "FrmFLBMB-add");
+}
+
+void showDepartments(Stage& stage) {
+  FrmDepartment& form = stage.open<FrmDepartment>();
+  selectNode(form, "(301)一车间");
+  stage.keep(form, "FrmDepartment");
+  press(form, "修改");
+  form.findChild<QLineEdit*>("TxtEdit6")->setText("两班制");
+  stage.keep(form, "FrmDepartment-edit");
+  FrmDepartPzCode& subjects = stage.open<FrmDepartPzCode>();
+  stage.keep(subjects, "FrmDepartPzCode-list");
+  selectNode(subjects, "(301)一车间");
+  press(subjects, "修改");
+  stage.keep(subjects, "FrmDepartPzCode-edit");
+}
+
+void showStatuses(Stage& stage) {
+  frmUseStatus& form = stage.open<frmUseStatus>();
+  stage.keep(form, "frmUseStatus-list");
+  selectNode(form, "使用中");
+  press(form, "增加");
+  stage.keep(form, "frmUseStatus-add");
+}
+
+void showPickers(Stage& stage) {
+  FrmZJFFCZ methods(stage.host());
+  methods.setpZJFF("工作量法");
+  methods.show();
+  stage.keep(methods, "FrmZJFFCZ");
+  frmPZCode subjects(stage.host());
+  selectNode(subjects, "1501 固定资产");
+  subjects.show();
+  stage.keep(subjects, "frmPZCode");
+  ClsBLLDepart departs(stage.host().run().engine);
+  departs.setZkDataPath(stage.host().run().gstrZtFile);
+  FrmAllPerson staff(stage.host());
+  staff.setAllPerson(departs.GetAllPersons());
+  staff.show();
+  stage.keep(staff, "FrmAllPerson");
+}
+
+}  // namespace
+
+void takeArchivePictures(Stage& stage) {
+  showCategories(stage);
+  showDepartments(stage);
+  showStatuses(stage);
+  showPickers(stage);
+}
+
+}  // namespace zelkor

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "screenshots/Stage.h"
+
+// The screens of each room, one function per room. They are taken in this order on one account set.
+namespace zelkor {
+
+void takeStorePictures(Stage& stage);
+void takeArchivePictures(Stage& stage);
+void takeDepreciationPictures(Stage& stage);
+
+}  // namespace zelkor

@@ -1,12 +1,8 @@
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <iostream>
-#include <iterator>
-#include <memory>
 
 #include "apps/BatchJobs.h"
 #include "apps/zelkorctl/CardImport.h"
+#include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
 #include "base/RuntimeError.h"
 #include "startup/Main.h"
@@ -14,23 +10,6 @@
 #include "startup/SingleInstance.h"
 
 namespace zelkor {
-namespace {
-
-std::unique_ptr<Clock> clockOf(std::optional<DateTime> today) {
-  if (today) return std::make_unique<FixedClock>(*today);
-  return std::make_unique<SystemClock>();
-}
-
-std::string contentOf(const std::string& path) {
-  std::error_code ignored;
-  const bool directory = std::filesystem::is_directory(path, ignored);
-  std::ifstream file(path, std::ios::binary);
-  if (file && !directory) return {std::istreambuf_iterator<char>(file), {}};
-  throw RuntimeError(ErrorNumber::FileNotFound,
-                     "不能读文件“" + path + "”：" + (directory ? "是一个目录" : std::strerror(errno)));
-}
-
-}  // namespace
 
 int importCommand(const ImportOptions& options, std::ostream& output, std::ostream& problems) {
   const std::string csv = contentOf(options.file);

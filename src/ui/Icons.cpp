@@ -86,6 +86,10 @@ void drawVoucher(QPainter& painter) {
   for (const double y : {8.0, 12.0}) painter.drawLine(QPointF(6.5, y), QPointF(13.5, y));
 }
 
+void drawTick(QPainter& painter) {
+  painter.drawPolyline(QPolygonF({QPointF(4, 10.5), QPointF(8.5, 15), QPointF(16.5, 5.5)}));
+}
+
 struct CommandIcon {
   std::string_view caption;
   Draw draw;
@@ -98,7 +102,7 @@ constexpr std::array kCommands = {
     CommandIcon{"恢复", drawUndo, kInk},     CommandIcon{"保存", drawSave, kInk},
     CommandIcon{"刷新", drawRefresh, kGood}, CommandIcon{"退出", drawExit, kInk},
     CommandIcon{"查询", drawSearch, kInk},   CommandIcon{"打印", drawPrint, kInk},
-    CommandIcon{"凭证", drawVoucher, kInk},
+    CommandIcon{"凭证", drawVoucher, kInk},  CommandIcon{"确定", drawTick, kGood},
 };
 
 template <typename Paint>

@@ -1,0 +1,119 @@
+#include "changes/frmProject.h"
+
+#include <QBoxLayout>
+#include <QSplitter>
+
+#include "ui/Layout.h"
+#include "ui/TreeLoader.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+bool hasMark(const QTreeWidgetItem& item, std::string_view mark) {
+  return tagOf(item) == toQt(mark);
+}
+
+}  // namespace
+
+frmProject::frmProject(FormHost& host) : Form(host, "frmProject", "参照", Unload::Plain) {
+  arrangeControls();
+  connectEvents();
+  load();
+}
+
+void frmProject::arrangeControls() {
+  Toolbar1->setButtons({"确定", "", "刷新", "", "退出"});
+  dressTree(*TreeView1);
+  opC->setChecked(true);
+  Text1->setPlaceholderText("输入项目编码或名称，回车查找下一个");
+  auto* split = new QSplitter;
+  split->addWidget(TreeView1);
+  split->addWidget(MSFG1);
+  split->setStretchFactor(1, 1);
+  split->setSizes({200, 540});
+  split->setChildrenCollapsible(false);
+  auto* body = column({wide(split), frame("模糊匹配定位", row({wide(Text1), opA, opC, opR, opL}))});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(780, 460);
+}
+
+void frmProject::connectEvents() {
+  on(Toolbar1, &Toolbar::ButtonClick, &frmProject::Toolbar1_ButtonClick);
+  on(TreeView1, &QTreeWidget::currentItemChanged, &frmProject::TreeView1_NodeClick);
+  on(MSFG1, &FlexGrid::rowOpened, &frmProject::pick);
+  on(Text1, &QLineEdit::textEdited, [this] { locateBehind(0); });
+}
+
+void frmProject::load() {
+  loadTree(*TreeView1, projectClassTree(data()));
+  QTreeWidgetItem* root = TreeView1->topLevelItem(0);
+  root->setExpanded(true);
+  TreeView1->setCurrentItem(root->childCount() > 0 ? root->child(0) : root);
+}
+
+void frmProject::TreeView1_NodeClick() {
+  QTreeWidgetItem* item = TreeView1->currentItem();
+  if (!item || hasMark(*item, projectRootMark)) return;
+  if (hasMark(*item, projectGroupMark)) {
+    showClass(*item->parent());
+    showOnlyGroup(projectGroupCode(fromQt(keyOf(*item)), fromQt(keyOf(*item->parent()))));
+  } else {
+    showClass(*item);
+  }
+}
+
+/// Shows the projects of a class; its groups come into the tree with the first look at it.
+void frmProject::showClass(QTreeWidgetItem& projectClass) {
+  classNumber_ = fromQt(tagOf(projectClass));
+  if (projectClass.childCount() == 0) {
+    for (const TreeRow& group : projectGroups(data(), classNumber_)) addTreeRow(projectClass, group);
+    projectClass.setExpanded(true);
+  }
+  MSFG1->setGrid(projectList(data(), classNumber_));
+}
+
+void frmProject::showOnlyGroup(std::string_view code) {
+  TextGrid list = MSFG1->grid();
+  for (std::size_t row = list.headerRows(); row < list.rows(); ++row) {
+    list.setRowHidden(row, list.text(row, projectGroupColumn) != code);
+  }
+  MSFG1->setGrid(std::move(list));
+}
+
+ProjectMatch frmProject::match() const {
+  if (opA->isChecked()) return ProjectMatch::Whole;
+  if (opR->isChecked()) return ProjectMatch::Right;
+  return opL->isChecked() ? ProjectMatch::Left : ProjectMatch::Content;
+}
+
+void frmProject::locateBehind(std::size_t row) {
+  if (Text1->text().isEmpty()) return;
+  const std::size_t found = nextProject(MSFG1->grid(), row, fromQt(Text1->text()), match());
+  if (found > 0) MSFG1->selectGridRow(found);
+}
+
+bool frmProject::enterPressed(QObject* control) {
+  if (control != Text1) return false;
+  locateBehind(MSFG1->currentGridRow().value_or(0));
+  return true;
+}
+
+void frmProject::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "确定" && MSFG1->currentGridRow()) pick(*MSFG1->currentGridRow());
+  if (caption == "刷新") load();
+  if (caption == "退出") close();
+}
+
+void frmProject::pick(std::size_t row) {
+  const TextGrid& list = MSFG1->grid();
+  picked_ = {classNumber_, list.text(row, projectCodeColumn), list.text(row, projectNameColumn)};
+  close();
+}
+
+}  // namespace zelkor

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/DateTime.h"
+#include "base/TextGrid.h"
+#include "changes/CardVersion.h"
+#include "changes/ChangeKind.h"
+#include "store/Database.h"
+
+namespace zelkor {
+
+/// The cards that frmCardDetail offers for a sheet of the kind, below one header row: sCardNum, sAssetNum,
+/// sAssetName, dStartdate, sStyle, then
+/// - 原值增加: ends behind sAssetName;
+/// - 使用状况调整: name of the status, sStatusID;
+/// - 累计折旧调整, 使用年限调整: the value that the next sheet finds;
+/// - 净残值调整: dblBVRate, dblBV;
+/// - 部门转移: names of the departments, their codes, dInputDate.
+TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingDate);
+
+/// The row of the list of 部门转移 for a version.
+std::vector<std::string> transferListRow(Database& database, const CardVersion& version);
+
+/// The name of a department, or the names of several whose codes are joined by "/", joined likewise.
+std::string departmentNames(Database& database, std::string_view codes);
+
+}  // namespace zelkor

@@ -38,6 +38,11 @@ CellEditor::CellEditor(FlexGrid* grid)
   connect(grid->horizontalHeader(), &QHeaderView::sectionResized, this, &CellEditor::place);
 }
 
+void CellEditor::nameControls(const char* box, const char* button) {
+  box_->setObjectName(box);
+  button_->setObjectName(button);
+}
+
 void CellEditor::editText(std::size_t row, std::size_t column, const QValidator* limit) {
   box_->setValidator(limit);
   button_->hide();
@@ -117,8 +122,15 @@ bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
     cancel();
     return true;
   }
+  if (key == Qt::Key_F2 && !button_->isHidden()) {
+    button_->click();
+    return true;
+  }
   if (key != Qt::Key_Return && key != Qt::Key_Enter) return QWidget::eventFilter(editor, event);
+  const auto row = row_;
+  const auto column = column_;
   commit();
+  emit entered(row, column);
   return true;
 }
 

@@ -14,13 +14,15 @@ namespace zelkor {
 class FlexGrid;
 
 /// Edits a cell of a grid in its place: a text box, a text box with a pick button, or a combo. Enter and the
-/// loss of the focus end the editing with the new text, Esc leaves the cell as it was.
+/// loss of the focus end the editing with the new text, Esc leaves the cell as it was, F2 presses the button.
 class CellEditor final : public QWidget {
   Q_OBJECT
 
  public:
   explicit CellEditor(FlexGrid* grid);
 
+  /// Names by which the text box and the pick button are known as controls.
+  void nameControls(const char* box, const char* button);
   /// Opens over the cell with its text; `limit` is what may be typed, where anything is limited.
   void editText(std::size_t row, std::size_t column, const QValidator* limit = nullptr);
   void editWithButton(std::size_t row, std::size_t column);
@@ -37,6 +39,8 @@ class CellEditor final : public QWidget {
   /// The editing has ended with another text than the cell held. The grid has not been changed.
   void committed(std::size_t row, std::size_t column, const QString& text);
   void buttonPressed(std::size_t row, std::size_t column);
+  /// Enter has ended the editing, whether the text is another or not. Comes behind `committed`.
+  void entered(std::size_t row, std::size_t column);
 
  protected:
   bool eventFilter(QObject* editor, QEvent* event) override;

@@ -1,0 +1,161 @@
+#include "ui/SheetEditor.h"
+
+#include <algorithm>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyle>
+
+namespace zelkor {
+namespace {
+
+constexpr int kButtonSpace = 32;
+
+QString textOf(const QWidget& value) {
+  return value.property("text").toString();
+}
+
+void dress(QWidget& value, bool entry) {
+  value.setProperty("entry", entry);
+  value.setFocusPolicy(entry ? Qt::StrongFocus : Qt::NoFocus);
+  value.style()->unpolish(&value);
+  value.style()->polish(&value);
+}
+
+}  // namespace
+
+SheetEditor::SheetEditor(QLineEdit* box) : QObject(box), box_(box) {
+  box_->setProperty("over", true);
+  box_->hide();
+  box_->installEventFilter(this);
+}
+
+void SheetEditor::add(QWidget* value, QPushButton* button, Entry entry) {
+  places_.push_back({value, button, entry});
+  value->installEventFilter(this);
+}
+
+void SheetEditor::setActive(bool active) {
+  if (!active) cancel();
+  active_ = active;
+  for (const Place& place : places_) {
+    dress(*place.value, active);
+    if (place.button) place.button->setVisible(active);
+  }
+}
+
+void SheetEditor::begin() {
+  if (active_ && !places_.empty()) openAt(0);
+}
+
+void SheetEditor::open(const QWidget* value) {
+  const auto place = std::ranges::find(places_, value, &Place::value);
+  if (active_ && place != places_.end()) openAt(static_cast<std::size_t>(place - places_.begin()));
+}
+
+void SheetEditor::openAt(std::size_t index) {
+  if (open_) commit();
+  at_ = index;
+  staying_ = false;
+  const Place& place = places_[at_];
+  before_ = textOf(*place.value);
+  box_->setText(before_);
+  box_->setReadOnly(place.entry == Entry::Picked);
+  box_->setAlignment(place.value->property("alignment").value<Qt::Alignment>());
+  open_ = true;
+  lay();
+  box_->show();
+  box_->raise();
+  box_->setFocus();
+  box_->selectAll();
+}
+
+void SheetEditor::lay() {
+  const Place& place = places_[at_];
+  QRect area(place.value->mapTo(box_->parentWidget(), QPoint()), place.value->size());
+  if (place.button) area.setWidth(area.width() - kButtonSpace);
+  box_->setGeometry(area);
+}
+
+void SheetEditor::commit() {
+  if (!open_) return;
+  const QString entered = box_->text();
+  leave();
+  if (entered != before_) emit committed(places_[at_].value, entered);
+}
+
+void SheetEditor::cancel() {
+  if (open_) leave();
+}
+
+/// Closed first: the focus that goes to the value must not end it a second time.
+void SheetEditor::leave() {
+  open_ = false;
+  box_->hide();
+  places_[at_].value->setFocus(Qt::OtherFocusReason);
+}
+
+void SheetEditor::moveBy(int step) {
+  staying_ = false;
+  commit();
+  if (!active_ || open_) return;
+  const auto next = static_cast<std::ptrdiff_t>(at_) + (staying_ ? 0 : step);
+  if (next >= 0 && next < std::ssize(places_)) openAt(static_cast<std::size_t>(next));
+}
+
+bool SheetEditor::eventFilter(QObject* watched, QEvent* event) {
+  const bool taken = watched == box_ ? boxEvent(*event) : valueEvent(static_cast<QWidget*>(watched), *event);
+  return taken || QObject::eventFilter(watched, event);
+}
+
+bool SheetEditor::boxEvent(QEvent& event) {
+  if (event.type() == QEvent::FocusOut) {
+    const auto reason = static_cast<QFocusEvent&>(event).reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) commit();
+    return false;
+  }
+  return event.type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent&>(event).key());
+}
+
+bool SheetEditor::keyPressed(int key) {
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+      moveBy(1);
+      return true;
+    case Qt::Key_Backtab:
+      moveBy(-1);
+      return true;
+    case Qt::Key_Escape:
+      cancel();
+      return true;
+    case Qt::Key_F2:
+      if (places_[at_].button) places_[at_].button->click();
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool SheetEditor::valueEvent(const QWidget* value, QEvent& event) {
+  const auto type = event.type();
+  if (open_ && value == places_[at_].value && (type == QEvent::Resize || type == QEvent::Move)) lay();
+  if (!active_) return false;
+  if (type == QEvent::MouseButtonPress) {
+    open(value);
+    return true;
+  }
+  if (type == QEvent::FocusIn) {
+    const auto reason = static_cast<QFocusEvent&>(event).reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) open(value);
+    return false;
+  }
+  if (type != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent&>(event).key();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_F2) return false;
+  open(value);
+  return true;
+}
+
+}  // namespace zelkor

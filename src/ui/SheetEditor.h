@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <vector>
+
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+namespace zelkor {
+
+/// Fills in a sheet's values in their order, by a text box that lies over the value being filled. Enter and
+/// Tab end a value and move on, Shift+Tab moves back, F2 presses the value's pick button, Esc leaves the
+/// value as it was.
+class SheetEditor final : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Entry { Typed, Picked };
+
+  /// The box is a sibling of what holds the values.
+  explicit SheetEditor(QLineEdit* box);
+
+  /// Adds a value, whose text is its property "text", behind those that are there. `button` may be nullptr.
+  void add(QWidget* value, QPushButton* button, Entry entry);
+  /// Whether the sheet is being filled in: locked values look printed and cannot be opened.
+  void setActive(bool active);
+  bool isOpen() const { return open_; }
+  /// Opens the first value.
+  void begin();
+  /// Opens a value, if it is one of those that can be filled in.
+  void open(const QWidget* value);
+  /// Ends the open value with the text that stands there.
+  void commit();
+  void cancel();
+  /// Called by who has refused the text just committed: Enter stays on the value.
+  void stay() { staying_ = true; }
+
+ signals:
+  /// The open value has ended with another text. The value itself has not been changed.
+  void committed(QWidget* value, const QString& text);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Place {
+    QWidget* value;
+    QPushButton* button;
+    Entry entry;
+  };
+  void openAt(std::size_t index);
+  void moveBy(int step);
+  void lay();
+  void leave();
+  bool boxEvent(QEvent& event);
+  bool valueEvent(const QWidget* value, QEvent& event);
+  bool keyPressed(int key);
+
+  QLineEdit* box_;
+  std::vector<Place> places_;
+  std::size_t at_ = 0;
+  QString before_;
+  bool active_ = false;
+  bool open_ = false;
+  bool staying_ = false;
+};
+
+}  // namespace zelkor

@@ -4,13 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "cards/CardLayout.h"
 #include "cards/CardValues.h"
 #include "store/Database.h"
 
 namespace zelkor {
-
-/// Which fields a card has: those of the workload method come on top of the ordinary ones.
-enum class CardLayout { Ordinary, Workload };
 
 /// How an asset came into the books: before the module's first period, or in the period of its card.
 enum class NewCardType : int { Original = 1, AddedInPeriod = 2 };

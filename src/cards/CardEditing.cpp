@@ -1,0 +1,204 @@
+#include "cards/CardEditing.h"
+
+#include <cmath>
+#include <utility>
+
+#include "base/Conversion.h"
+#include "base/Decimal.h"
+#include "base/Format.h"
+#include "base/NumberText.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+using enum CardField;
+
+constexpr std::string_view kAmountPicture = "0.00";
+constexpr double kPercent = 100;
+constexpr double kLargestCurrency = 922337203685477.0;
+
+/// The number in a box or label; of a text that is none, the number that it begins with.
+double numberOf(const std::string& text) {
+  return parseNumber(text).value_or(Val(text));
+}
+
+/// Amounts subtract with four decimals; beyond what those can hold, as they are.
+double difference(double minuend, double subtrahend) {
+  if (std::abs(minuend) > kLargestCurrency || std::abs(subtrahend) > kLargestCurrency) {
+    return minuend - subtrahend;
+  }
+  return (Currency::fromDouble(minuend) - Currency::fromDouble(subtrahend)).toDouble();
+}
+
+void replaceEmpty(std::string& text) {
+  if (text.empty()) text = "0";
+}
+
+/// Figures of a card while it is edited.
+class Figures {
+ public:
+  explicit Figures(CardSheet& sheet) : sheet_(sheet), texts_(sheet.texts) {}
+
+  double operator[](CardField field) const { return numberOf(texts_[field]); }
+
+  void residualValue() {
+    const auto rate = static_cast<float>(Val(texts_[ResidualRate]) / kPercent);
+    texts_[ResidualValue] = Format(rate * (*this)[OriginalValue], kAmountPicture);
+  }
+  void residualRate() {
+    const double value = (*this)[OriginalValue];
+    texts_[ResidualRate] =
+        (value > 0 ? Format((*this)[ResidualValue] * kPercent / value, "0.0") : std::string("0")) + "%";
+  }
+  void netValue() {
+    texts_[NetValue] =
+        Format(difference((*this)[OriginalValue], (*this)[AccumulatedDepreciation]), kAmountPicture);
+  }
+  void afterOriginalValue() {
+    residualValue();
+    replaceEmpty(texts_[AccumulatedDepreciation]);
+    netValue();
+    const double work = (*this)[TotalWorkload];
+    if (sheet_.layout != CardLayout::Workload || work <= 0) return;
+    texts_[MonthlyRate] = plainText(decimalOf(difference((*this)[NetValue], (*this)[ResidualValue]) / work));
+  }
+
+ private:
+  CardSheet& sheet_;
+  CardValues& texts_;
+};
+
+/// What is wrong with a start date; empty when nothing is.
+std::string startDateFault(CardMode mode, const std::string& text, DateTime operatingDate) {
+  const auto date = parseDate(text);
+  if (!date) return "所填写的日期型数据不正确!";
+  const auto months = DateDiff("m", *date, operatingDate);
+  if (mode == CardMode::Original && months <= 0) return "原始卡片的开始日期不能在本月或本月之后！";
+  if (mode == CardMode::NewAsset && months != 0) return "新资产的开始使用日期必须在本月！";
+  return {};
+}
+
+/// The same for the figures, `text` in place of the one under edit.
+std::string valueFault(const CardSheet& sheet, CardField field, const std::string& text) {
+  const auto number = [&](CardField of) { return numberOf(of == field ? text : sheet.texts[of]); };
+  if (number(NetValue) > number(OriginalValue)) return "净值不能大于原值!";
+  if (number(AccumulatedDepreciation) > number(OriginalValue)) return "累计折旧不能大于原值!";
+  if (number(ResidualValue) > number(OriginalValue)) return "净残值不能大于原值!";
+  if (number(ResidualValue) > number(NetValue)) return "净残值不能大于净值!";
+  return {};
+}
+
+FieldEntry refused(std::string message, std::string boxText) {
+  return {false, std::move(message), std::move(boxText)};
+}
+
+FieldEntry enterStartDate(CardSheet& sheet, std::string text, DateTime operatingDate) {
+  replaceEmpty(text);
+  std::string fault = startDateFault(sheet.mode, text, operatingDate);
+  if (!fault.empty()) return refused(std::move(fault), std::move(text));
+  sheet.texts[MonthsDepreciated] = sql(DateDiff("m", *parseDate(text), operatingDate));
+  sheet.texts[StartDate] = std::move(text);
+  return {};
+}
+
+FieldEntry enterFigure(CardSheet& sheet, CardField field, std::string text) {
+  if (field != NetValue) replaceEmpty(text);
+  std::string fault = valueFault(sheet, field, text);
+  if (!fault.empty()) return refused(std::move(fault), std::move(text));
+  sheet.texts[field] = std::move(text);
+  if (field == ResidualValue) Figures(sheet).residualRate();
+  if (field == AccumulatedDepreciation) Figures(sheet).netValue();
+  return {};
+}
+
+FieldEntry enterOriginalValue(CardSheet& sheet, std::string text) {
+  replaceEmpty(text);
+  sheet.texts[OriginalValue] = std::move(text);
+  Figures(sheet).afterOriginalValue();
+  return {};
+}
+
+FieldEntry enterResidualRate(CardSheet& sheet, std::string text) {
+  if (text.find('%') == std::string::npos) text += '%';
+  sheet.texts[ResidualRate] = std::move(text);
+  Figures(sheet).residualValue();
+  return {};
+}
+
+}  // namespace
+
+FieldEntry enterField(CardSheet& sheet, CardField field, std::string text, DateTime operatingDate) {
+  switch (field) {
+    case UsefulLife:
+      if (!monthsOfLife(text)) return refused("", sheet.texts[UsefulLife]);
+      break;
+    case StartDate:
+      return enterStartDate(sheet, std::move(text), operatingDate);
+    case OriginalValue:
+      return enterOriginalValue(sheet, std::move(text));
+    case ResidualRate:
+      return enterResidualRate(sheet, std::move(text));
+    case ResidualValue:
+    case AccumulatedDepreciation:
+    case NetValue:
+      return enterFigure(sheet, field, std::move(text));
+    default:
+      break;
+  }
+  sheet.texts[field] = std::move(text);
+  return {};
+}
+
+bool isDetailSubject(Database& data, std::string_view subject) {
+  const Recordset row = data.OpenRecordset(sql("select * from code where ccode='", subject, "'"));
+  return !row.Eof() && CBool(row.Fields("bend"));
+}
+
+std::string subjectRefusal(std::string_view subject) {
+  return sql("此", subject, "在科目表中不存在，或非明细级！");
+}
+
+std::vector<CardField> missingFields(const CardSheet& sheet) {
+  std::vector<CardField> missing;
+  const auto need = [&](CardField field, bool given) {
+    if (!given) missing.push_back(field);
+  };
+  const auto needText = [&](CardField field) { need(field, !sheet.texts[field].empty()); };
+  if (sheet.isNew()) needText(AssetNumber);
+  needText(AssetName);
+  needText(DepreciationMethod);
+  needText(StartDate);
+  need(OriginalValue, numberOf(sheet.texts[OriginalValue]) != 0);
+  needText(Department);
+  needText(AdditionWay);
+  needText(UsageStatus);
+  return missing;
+}
+
+std::string missingFieldsText(const std::vector<CardField>& fields) {
+  std::string names;
+  for (const CardField field : fields) {
+    if (!names.empty()) names += "、";
+    names += cardFieldLabel(field);
+  }
+  return "当前卡片有以下几项未填写或填写不正确：\n" + names;
+}
+
+CardSaved saveCard(CardSheet& sheet, ClsBLLFACards& cards, std::string_view cardID, int month) {
+  std::string& number = sheet.texts[AssetNumber];
+  if (sheet.isNew() && number.empty()) number = cards.GetNewAssetNum(sheet.texts[CategoryCode]);
+  CardSaved result{.missing = missingFields(sheet)};
+  if (!result.missing.empty()) return result;
+  CardValues values = valuesOf(sheet);
+  if (sheet.isNew()) {
+    result.saved = cards.SaveNewCard(values, month, static_cast<NewCardType>(sheet.mode), sheet.layout);
+    return result;
+  }
+  const Recordset stored = cards.GetCard(cardID);
+  if (!stored.isOpen() || stored.Eof()) return result;
+  result.saved = cards.UpdateCard(values, month, stored.TextOrEmpty("sCardNum"), sheet.layout);
+  return result;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/DateTime.h"
+#include "cards/CardSheet.h"
+
+namespace zelkor {
+
+/// What becomes of a text on leaving its box.
+struct FieldEntry {
+  bool accepted = true;
+  std::string message = {};  // what is to be said of a refused text, where anything is
+  std::string boxText = {};  // what the box holds after a refusal
+};
+
+/// Takes the text into the field and calculates what follows from it; a refused text changes nothing.
+FieldEntry enterField(CardSheet& sheet, CardField field, std::string text, DateTime operatingDate);
+
+/// True for a subject of the chart that has none below it. `subject` is its code.
+bool isDetailSubject(Database& data, std::string_view subject);
+std::string subjectRefusal(std::string_view subject);
+
+/// The fields without which the card is not saved, of those that are empty or 0.
+std::vector<CardField> missingFields(const CardSheet& sheet);
+std::string missingFieldsText(const std::vector<CardField>& fields);
+
+struct CardSaved {
+  std::vector<CardField> missing = {};  // nothing is saved where there are any
+  bool saved = false;
+};
+
+/// Saves the card: a new one as it is, a stored one in place of all versions of the card that version
+/// `cardID` belongs to. A new card without an asset number is numbered first. `month` is that of the
+/// operating date.
+CardSaved saveCard(CardSheet& sheet, ClsBLLFACards& cards, std::string_view cardID, int month);
+
+}  // namespace zelkor

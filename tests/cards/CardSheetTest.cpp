@@ -1,0 +1,150 @@
+#include "cards/CardFixture.h"
+#include "cards/CardSheet.h"
+
+namespace zelkor::test {
+namespace {
+
+using enum CardField;
+
+/// May 2020, operator 陈会计.
+class CardSheetTest : public CardTest {
+ protected:
+  CardSheetTest() {
+    opArgs.setOpDate(day("2020-5-15"));
+    opArgs.setUser("陈会计");
+  }
+  CardSheet fresh(const std::string& category) {
+    return newCard(cards, opArgs, CardMode::Original, category);
+  }
+  /// The texts of all fields, joined by "|".
+  static std::string all(const CardValues& values) {
+    std::string line;
+    for (std::size_t i = 1; i <= cardFieldCount; ++i) line += (i == 1 ? "" : "|") + values.at(i);
+    return line;
+  }
+
+  ClsOpArgs opArgs;
+};
+
+TEST_F(CardSheetTest, fillsANewCardFromItsCategory) {
+  EXPECT_EQ(all(fresh("021").texts),
+            "00001|2020-05-15|02100001||021|生产设备||||||10年0月|平均年限法(一)||0|人民币|0.00|0.05|0.00|"
+            "0.00|0|0.00|0.00|||陈会计|2020-05-15||||");
+  const CardSheet workload = fresh("032");
+  EXPECT_EQ(workload.layout, CardLayout::Workload);
+  EXPECT_EQ(workload.texts[UsefulLife] + workload.texts[DepreciationMethod], "4年0月工作量法");
+}
+
+TEST_F(CardSheetTest, takesWhatTheCategoryLacksFromElsewhere) {
+  const struct {
+    const char* change;
+    const char* life;
+    const char* rate;
+    const char* method;
+  } cases[] = {
+      {"update fa_AssetTypes set dblBVRate=null", "10年0月", "0.02", "平均年限法(一)"},
+      {"update fa_AssetTypes set dblBVRate=0.035,iLife=66,sDeprMethodNum='9'", "5年6月", "0.04", ""},
+      {"delete from fa_AssetTypes", "", "0.02", ""},
+  };
+  for (const auto& c : cases) {
+    execute(c.change);
+    const CardSheet sheet = fresh("021");
+    EXPECT_EQ(sheet.texts[UsefulLife], c.life) << c.change;
+    EXPECT_EQ(sheet.texts[ResidualRate], c.rate) << c.change;
+    EXPECT_EQ(sheet.texts[DepreciationMethod], c.method) << c.change;
+  }
+}
+
+TEST_F(CardSheetTest, showsAStoredCard) {
+  ASSERT_TRUE(save(card("00001")));
+  EXPECT_EQ(all(storedCard(cards, "1")->texts),
+            "00001|2020-05-15|02100001|车床|021|生产设备||一车间|直接购入|东区|在用|10年0月|平均年限法(一)|"
+            "2020-04-01|1|人民币|12000.50|5%|600.03|95.00|0||11905.50|410502,折旧费||李录入|2020-05-15||||");
+  ASSERT_TRUE(save(workloadCard("00002"), NewCardType::Original, CardLayout::Workload));
+  const CardSheet workload = *storedCard(cards, "2");
+  EXPECT_EQ(workload.layout, CardLayout::Workload);
+  EXPECT_EQ(workload.texts[MonthlyRate] + "|" + workload.texts[TotalWorkload] + "|" +
+                workload.texts[WorkloadDone] + "|" + workload.texts[WorkloadUnit] + "|" +
+                workload.texts[DeductibleTax],
+            "1.25|9600||小时|1560.07");
+}
+
+TEST_F(CardSheetTest, savesAStoredCardAsItFoundIt) {
+  ASSERT_TRUE(save(workloadCard("00001"), NewCardType::Original, CardLayout::Workload));
+  const auto stored = rows("select * from fa_Cards");
+  const auto ledger =
+      rows("select sDeprAssetNum,dblInputValue,dblInputBVRate,lInputLife from fa_DeprTransactions");
+  const CardSheet sheet = *storedCard(cards, "1");
+  ASSERT_TRUE(cards.UpdateCard(valuesOf(sheet), 5, "00001", sheet.layout));
+  EXPECT_EQ(rows("select * from fa_Cards"), stored);
+  EXPECT_EQ(rows("select sDeprAssetNum,dblInputValue,dblInputBVRate,lInputLife from fa_DeprTransactions"),
+            ledger);
+}
+
+TEST_F(CardSheetTest, showsNothingOfACardWithoutItsCategory) {
+  ASSERT_TRUE(save(card("00001")));
+  EXPECT_FALSE(storedCard(cards, "2").has_value());
+  execute("delete from fa_AssetTypes where sNum='021'");
+  EXPECT_FALSE(storedCard(cards, "1").has_value());
+  cards.CloseZkData();
+  cards.setZkDataPath(missingFile());
+  EXPECT_FALSE(storedCard(cards, "1").has_value());
+}
+
+TEST_F(CardSheetTest, changesTheCategory) {
+  CardSheet sheet = fresh("021");
+  sheet.texts[AssetName] = "叉车";
+  takeCategory(sheet, cards, "032");
+  EXPECT_EQ(sheet.texts[AssetNumber] + sheet.texts[CategoryName] + sheet.texts[AssetName],
+            "03200001厂内搬运设备叉车");
+  EXPECT_EQ(sheet.layout, CardLayout::Workload);
+  execute("update AccInformation set cValue='0' where cName='iCardNumType'");
+  takeCategory(sheet, cards, "021");
+  EXPECT_EQ(sheet.texts[AssetNumber], "03200001") << "numbers are given by hand";
+  EXPECT_EQ(sheet.layout, CardLayout::Ordinary);
+
+  ASSERT_TRUE(save(card("00001")));
+  CardSheet stored = *storedCard(cards, "1");
+  takeCategory(stored, cards, "042");
+  EXPECT_EQ(stored.texts[AssetNumber] + stored.texts[DepreciationMethod], "02100001年数总和法");
+}
+
+TEST_F(CardSheetTest, keepsItsTextsWhenTheMethodChangesTheLayout) {
+  CardSheet sheet = fresh("021");
+  sheet.texts[OriginalValue] = "800";
+  takeEntry(sheet, DepreciationMethod, "4", "工作量法");
+  EXPECT_EQ(sheet.layout, CardLayout::Workload);
+  sheet.texts[TotalWorkload] = "9600";
+  takeEntry(sheet, DepreciationMethod, "6", "直线法");
+  EXPECT_EQ(sheet.layout, CardLayout::Ordinary);
+  EXPECT_EQ(sheet.texts[OriginalValue] + sheet.texts[AssetNumber], "80002100001");
+}
+
+TEST_F(CardSheetTest, turnsWhatIsShownIntoWhatIsStored) {
+  CardSheet sheet = fresh("021");
+  takeEntry(sheet, Department, "301", "一车间");
+  takeEntry(sheet, AdditionWay, "101", "直接购入");
+  takeEntry(sheet, UsageStatus, "11", "在用");
+  CardValues values = valuesOf(sheet);
+  EXPECT_EQ(values[Department] + values[AdditionWay] + values[UsageStatus], "30110111");
+  EXPECT_EQ(values[DepreciationMethod] + values[UsefulLife] + values[TotalWorkload], "平均年限法(一)1200");
+  const std::pair<const char*, const char*> rates[] = {
+      {"0.05", "0.05"}, {"5%", "0.05"}, {"4.5%", "0.045"}, {"0%", "0"}, {"%", "0"}};
+  for (const auto& [shown, stored] : rates) {
+    sheet.texts[ResidualRate] = shown;
+    EXPECT_EQ(valuesOf(sheet)[ResidualRate], stored) << shown;
+  }
+  sheet.mode = CardMode::Stored;
+  EXPECT_EQ(valuesOf(sheet)[DepreciationMethod], "2") << "a stored card is rewritten with the method's sID";
+}
+
+TEST(CardLifeTest, readsAndWritesYearsAndMonths) {
+  EXPECT_EQ(lifeText(0) + lifeText(66) + lifeText(120), "0年0月5年6月10年0月");
+  const std::pair<const char*, std::optional<double>> cases[] = {
+      {"5年6月", 66}, {"10年0月", 120},     {"年6月", 6},          {"5年月", 60},         {"1.5年0月", 18},
+      {"月5年", 0},   {"66", std::nullopt}, {"5年", std::nullopt}, {"6月", std::nullopt}, {"", std::nullopt}};
+  for (const auto& [text, months] : cases) EXPECT_EQ(monthsOfLife(text), months) << text;
+}
+
+}  // namespace
+}  // namespace zelkor::test

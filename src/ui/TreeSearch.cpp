@@ -9,11 +9,17 @@
 namespace zelkor {
 namespace {
 
+/// The entry's text without a code in front.
+QString nameOf(const QTreeWidgetItem& item, const QString& code) {
+  const QString text = item.text(0);
+  return text.startsWith(code + ' ') ? text.mid(code.size() + 1) : text;
+}
+
 bool matches(const QTreeWidgetItem& item, const TreeSearch& search) {
   const QString code = tagOf(item);
   if (code.isEmpty()) return false;
   if (search.by == TreeSearch::ByCode) return code.startsWith(search.text, Qt::CaseInsensitive);
-  return item.text(0).contains(search.text, Qt::CaseInsensitive);
+  return nameOf(item, code).contains(search.text, Qt::CaseInsensitive);
 }
 
 }  // namespace

@@ -8,8 +8,8 @@ class QTreeWidgetItem;
 namespace zelkor {
 
 /// What the search field of a picker looks for: a text at the beginning of the entries' codes (their tags) or
-/// anywhere in their texts, without regard to case. The empty text is in every entry. Heads, which have no
-/// tag, are not found.
+/// anywhere in their names (their texts without a code and a blank in front), without regard to case. The
+/// empty text is in every entry. Heads, which have no tag, are not found.
 struct TreeSearch {
   enum By { ByCode, ByName };
 

@@ -1,14 +1,35 @@
 #include "archives/ArchiveTrees.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zelkor {
 namespace {
 
 constexpr std::string_view kRootCode = "&";
+constexpr const char* kHeadKey = "N0";
+
+struct Columns {
+  std::string_view code;
+  std::string_view parent;
+  std::string_view root;  // code of the archive's own root row, for which the head stands
+};
 
 std::string archiveKey(const std::string& id) {
   return std::string("t").append(id);
+}
+
+std::vector<TreeRow> pickTree(Recordset entries, const Columns& columns, std::string head) {
+  std::vector<TreeRow> tree{{kHeadKey, "", std::move(head)}};
+  for (; !entries.Eof(); entries.MoveNext()) {
+    const std::string code = entries.TextOrEmpty(columns.code);
+    if (code == columns.root) continue;
+    const std::string parent = entries.TextOrEmpty(columns.parent);
+    tree.push_back({std::string("N").append(code),
+                    parent.empty() ? kHeadKey : std::string("N").append(parent),
+                    code + " " + entries.TextOrEmpty("sName"), code});
+  }
+  return tree;
 }
 
 }  // namespace
@@ -29,6 +50,22 @@ std::vector<TreeRow> archiveTree(ClsBLLAssentTypes& types, ArchiveKind kind) {
     if (tree[i].parentKey.empty()) tree[i].parentKey = tree.front().key;
   }
   return tree;
+}
+
+std::vector<TreeRow> departPickTree(Database& data) {
+  return pickTree(data.OpenRecordset("SELECT * From fa_Departments  Where (iLevel <= 2)  ORDER BY sNum"),
+                  {"sNum", "sParentNum", kRootCode}, "固定资产部门编码目录");
+}
+
+std::vector<TreeRow> statusPickTree(Database& data) {
+  return pickTree(data.OpenRecordset("SELECT * From fa_Status  Where (iLevel <= 2)  ORDER BY sID"),
+                  {"sID", "sParentID", "0"}, "使用状况目录表");
+}
+
+std::vector<TreeRow> reductionPickTree(Database& data) {
+  return pickTree(
+      data.OpenRecordset("SELECT * From fa_Origins  Where (iLevel <= 2) and sID not like '1*' ORDER BY sID"),
+      {"sID", "sParentID", "0"}, "增减方式目录表");
 }
 
 }  // namespace zelkor

@@ -1,0 +1,50 @@
+#include "archives/frmCnDate.h"
+
+#include "ui/Layout.h"
+
+namespace zelkor {
+
+using namespace layout;
+
+frmCnDate::frmCnDate(FormHost& host) : Form(host, "frmCnDate", "选择日期", Unload::Plain) {
+  calendar_.setParent(this);
+  const QSize needed = calendar_.Create();
+  calendar_.hwnd()->setMinimumSize(needed);
+  Label1[0]->setText("所选日期：");
+  arrange(this, column({wide(calendar_.hwnd()), rule(), row({Label1[0], Label1[1], stretch()}), rule(),
+                        row({stretch(), cmdOk, cmdExit})}));
+  on(calendar_.hwnd(), &QCalendarWidget::selectionChanged, &frmCnDate::showDate);
+  on(calendar_.hwnd(), &QCalendarWidget::activated, &frmCnDate::cmdOk_Click);
+  on(cmdOk, &QPushButton::clicked, &frmCnDate::cmdOk_Click);
+  on(cmdExit, &QPushButton::clicked, &frmCnDate::cmdExit_Click);
+  SetCurDate(run().clock.now());
+}
+
+void frmCnDate::SetCurDate(DateTime date) {
+  calendar_.SetCalendDate(date);
+  showDate();
+}
+
+void frmCnDate::showDate() {
+  Label1[1]->setText(toQt(CurDate().toText()));
+}
+
+void frmCnDate::cmdOk_Click() {
+  gbCnDateCancel_ = false;
+  close();
+}
+
+void frmCnDate::cmdExit_Click() {
+  gbCnDateCancel_ = true;
+  close();
+}
+
+std::optional<DateTime> askForDate(FormHost& host, DateTime current) {
+  frmCnDate form(host);
+  form.SetCurDate(current);
+  host.showModal(form);
+  if (form.gbCnDateCancel()) return std::nullopt;
+  return form.CurDate();
+}
+
+}  // namespace zelkor

@@ -1,6 +1,7 @@
 #include "base/TextGrid.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -33,6 +34,13 @@ std::size_t TextGrid::addRow(std::vector<std::string> cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) row.cells[i].text = std::move(cells[i]);
   rows_.push_back(std::move(row));
   return rows_.size() - 1;
+}
+
+void TextGrid::append(TextGrid more) {
+  const std::size_t width = std::max(columns_.size(), more.columns_.size());
+  if (columns_.size() < width) resize(rows_.size(), width);
+  if (more.columns_.size() < width) more.resize(more.rows_.size(), width);
+  rows_.insert(rows_.end(), std::move_iterator(more.rows_.begin()), std::move_iterator(more.rows_.end()));
 }
 
 void TextGrid::removeRow(std::size_t row) {

@@ -22,6 +22,9 @@ class TextGrid {
   void resize(std::size_t rows, std::size_t columns);
   /// Appends a row; cells that are not given stay empty, surplus cells widen the grid.
   std::size_t addRow(std::vector<std::string> cells = {});
+  /// Appends the rows of another grid, header rows included, as they are; they widen this grid or are
+  /// widened.
+  void append(TextGrid more);
   void removeRow(std::size_t row);
   /// Drops every row below the header rows.
   void clearBody();

@@ -15,6 +15,17 @@ constexpr int kRowPadding = 8;
 constexpr int kRowsMeasured = 200;
 constexpr int kWidestFitted = 360;
 
+bool sameHeader(const TextGrid& before, const TextGrid& after) {
+  if (before.headerRows() == 0 || before.headerRows() != after.headerRows()) return false;
+  if (before.columns() != after.columns()) return false;
+  for (std::size_t row = 0; row < after.headerRows(); ++row) {
+    for (std::size_t column = 0; column < after.columns(); ++column) {
+      if (before.text(row, column) != after.text(row, column)) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
@@ -36,13 +47,21 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
           [this](const QModelIndex& cell) { emit rowOpened(model_.gridRow(cell.row())); });
 }
 
-void FlexGrid::setGrid(TextGrid grid) {
+TextGrid FlexGrid::setGrid(TextGrid grid) {
   clearSpans();
-  model_.setGrid(std::move(grid));
+  const bool known = sameHeader(this->grid(), grid);
+  TextGrid before = model_.setGrid(std::move(grid));
+  setCurrentIndex({});  // or the view would make the first row the current one as soon as it gets the focus
   horizontalHeader()->setVisible(this->grid().headerRows() > 0);
-  arrangeColumns();
+  if (!known) setWidths();
+  hideColumns();
   hideRows();
   mergeCells();
+  return before;
+}
+
+void FlexGrid::addRows(TextGrid more) {
+  model_.addRows(std::move(more));
 }
 
 void FlexGrid::setText(std::size_t row, std::size_t column, std::string text) {
@@ -90,11 +109,15 @@ void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
   if (current.isValid() && current.row() != previous.row()) emit rowSelected(model_.gridRow(current.row()));
 }
 
-void FlexGrid::arrangeColumns() {
-  for (std::size_t i = 0; i < grid().columns(); ++i) {
-    const int column = static_cast<int>(i);
-    setColumnWidth(column, grid().columnWidth(i) * logicalDpiX() / kTwipsPerInch);
-    setColumnHidden(column, grid().columnHidden(i));
+void FlexGrid::setWidths() {
+  for (std::size_t column = 0; column < grid().columns(); ++column) {
+    setColumnWidth(static_cast<int>(column), grid().columnWidth(column) * logicalDpiX() / kTwipsPerInch);
+  }
+}
+
+void FlexGrid::hideColumns() {
+  for (std::size_t column = 0; column < grid().columns(); ++column) {
+    setColumnHidden(static_cast<int>(column), grid().columnHidden(column));
   }
 }
 

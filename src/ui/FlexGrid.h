@@ -19,8 +19,11 @@ class FlexGrid final : public QTableView {
   explicit FlexGrid(QWidget* parent = nullptr);
 
   const TextGrid& grid() const { return model_.grid(); }
-  /// Shows another content; nothing is selected then. Column widths are the grid's.
-  void setGrid(TextGrid grid);
+  /// Shows another content; nothing is selected then. Column widths are the grid's, but stay as they are
+  /// under the same header. Gives the content that was shown before.
+  TextGrid setGrid(TextGrid grid);
+  /// Adds rows below; the selection stays. They may be neither merged nor hidden.
+  void addRows(TextGrid more);
   void setText(std::size_t row, std::size_t column, std::string text);
   /// Widens the columns to their texts, for grids that give no widths of their own.
   void fitColumns();
@@ -44,7 +47,8 @@ class FlexGrid final : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
-  void arrangeColumns();
+  void setWidths();
+  void hideColumns();
   void hideRows();
   void mergeCells();
 

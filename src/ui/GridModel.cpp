@@ -16,10 +16,19 @@ QVariant alignmentOf(Align align) {
 
 }  // namespace
 
-void GridModel::setGrid(TextGrid grid) {
+TextGrid GridModel::setGrid(TextGrid grid) {
   beginResetModel();
-  grid_ = std::move(grid);
+  std::swap(grid_, grid);
   endResetModel();
+  return grid;
+}
+
+void GridModel::addRows(TextGrid more) {
+  if (more.rows() == 0) return;
+  const int first = rowCount();
+  beginInsertRows({}, first, first + static_cast<int>(more.rows()) - 1);
+  grid_.append(std::move(more));
+  endInsertRows();
 }
 
 void GridModel::setText(std::size_t row, std::size_t column, std::string text) {

@@ -13,7 +13,9 @@ class GridModel final : public QAbstractTableModel {
   using QAbstractTableModel::QAbstractTableModel;
 
   const TextGrid& grid() const { return grid_; }
-  void setGrid(TextGrid grid);
+  /// Gives the grid that was shown before.
+  TextGrid setGrid(TextGrid grid);
+  void addRows(TextGrid more);
   void setText(std::size_t row, std::size_t column, std::string text);
 
   /// Row of the grid that a row of the view shows, and the other way.

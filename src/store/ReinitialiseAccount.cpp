@@ -2,16 +2,11 @@
 
 #include <array>
 
+#include "store/CopiedColumns.h"
 #include "store/Statement.h"
 
 namespace zelkor {
 namespace {
-
-constexpr std::string_view kOptionColumns =
-    "cSysID,cID,cName,cCaption,cType,cValue,cDefault,bVisible,bEnable";
-constexpr std::string_view kAllocationColumns =
-    "lOptID,iPeriod,sDeptNum,sDeptName,sTypeNum,sTypeName,sProjectNum,sProjectName,"
-    "sSubjectNum,sSubjectName,dblDebit,dblCredit,sLockedBy";
 
 /// How a table gets back its first content.
 enum class Reset { FromTemplate, DeleteOnly, Recreate };
@@ -23,19 +18,16 @@ struct ResetTable {
 };
 
 constexpr std::array kTables = {
-    ResetTable{"fa_AssetAttached", Reset::FromTemplate,
-               "lID,sCardNum,sNum,sName,sStyle,sUnit,lQuantity,dblValue,dDate,memRemark,sMark,sLockedBy"},
+    ResetTable{"fa_AssetAttached", Reset::FromTemplate, copied::fa_AssetAttached},
     ResetTable{"fa_AssetTypes"},
     ResetTable{"fa_Depreciations"},
     ResetTable{"fa_Origins"},
     ResetTable{"fa_Status"},
     ResetTable{"fa_Items"},
     ResetTable{"fa_ItemsManual", Reset::Recreate},
-    ResetTable{"fa_ItemsOfQuery", Reset::FromTemplate, "iQuerysType,sName"},
+    ResetTable{"fa_ItemsOfQuery", Reset::FromTemplate, copied::fa_ItemsOfQuery},
     ResetTable{"fa_VtsObject", Reset::FromTemplate, "iMonth,sModelId,objVtsfile"},
-    ResetTable{
-        "fa_ItemsOfModel", Reset::FromTemplate,
-        "sModelID,iSheetID,sItemID,lItemRow,lItemStartCol,lItemEndCol,lInputCol,bSameCaption,sLockedBy"},
+    ResetTable{"fa_ItemsOfModel", Reset::FromTemplate, copied::fa_ItemsOfModel},
     ResetTable{"fa_Models"},
     ResetTable{"fa_Cards"},
     ResetTable{"fa_DeptScale"},
@@ -44,23 +36,19 @@ constexpr std::array kTables = {
     ResetTable{"fa_WorkLoad_Detail", Reset::DeleteOnly},
     ResetTable{"fa_Vouchers_Detail", Reset::DeleteOnly},
     ResetTable{"fa_EvaluateVouchers_Detail", Reset::DeleteOnly},
-    ResetTable{"fa_CardsSheets", Reset::FromTemplate,
-               "sID,sCardNum,lSheetNum,sNum,sVoucherNum,sEvaNum,dStartDate,dEndDate,memReason,memRemark,"
-               "dTransDate,sDeptName,lDays,dblAfterValue,dblTransValue,sMark,sLockedBy"},
+    ResetTable{"fa_CardsSheets", Reset::FromTemplate, copied::fa_CardsSheets},
     ResetTable{"fa_Control"},
     ResetTable{"fa_DeprList"},
     ResetTable{"fa_DeprTransactions"},
     ResetTable{"fa_DeprVoucherMain"},
-    ResetTable{"fa_DeprVouchers", Reset::FromTemplate, kAllocationColumns},
-    ResetTable{"fa_DeprVouchers_pre", Reset::FromTemplate, kAllocationColumns},
+    ResetTable{"fa_DeprVouchers", Reset::FromTemplate, copied::allocationRows},
+    ResetTable{"fa_DeprVouchers_pre", Reset::FromTemplate, copied::allocationRows},
     ResetTable{"fa_Dictionary"},
     ResetTable{"fa_EvaluateMain"},
     ResetTable{"fa_EvaluateVouchers"},
     ResetTable{"fa_ZWVouchers", Reset::DeleteOnly},
     ResetTable{"fa_Objects"},
-    ResetTable{
-        "fa_QueryFilters", Reset::FromTemplate,
-        "sQueryID,sItemID,sItemType,sAndOr,sLeftBracket,sComparison,sWordValue,sRightBracket,sLockedBy"},
+    ResetTable{"fa_QueryFilters", Reset::FromTemplate, copied::fa_QueryFilters},
     ResetTable{"fa_Querys"},
     ResetTable{"fa_Total"},
     ResetTable{"fa_Vouchers"},
@@ -93,7 +81,7 @@ void resetTable(Database& data, const ResetTable& table) {
 void resetOptions(Database& data) {
   data.Execute("delete * from AccInformation where cSysID='fa' and cID NOT IN('601','602','603')");
   data.Execute(
-      sql("INSERT INTO AccInformation (", kOptionColumns, ") SELECT ", kOptionColumns,
+      sql("INSERT INTO AccInformation (", copied::AccInformation, ") SELECT ", copied::AccInformation,
           " FROM ZKFA_Model_AccInformation_Init WHERE cSysID = 'fa' AND cID NOT IN('601','602','603')"));
 }
 
@@ -105,8 +93,9 @@ void removeUserItems(Database& data) {
 
 void keepOptionsInTemplate(Database& data) {
   data.Execute("DELETE FROM ZKFA_Model_AccInformation_Init WHERE cSysID ='FA' AND cID IN('601','602','603')");
-  data.Execute(sql("INSERT INTO ZKFA_Model_AccInformation_Init (", kOptionColumns, ") SELECT ",
-                   kOptionColumns, " FROM AccInformation WHERE cSysID ='FA' AND cID IN('601','602','603')"));
+  data.Execute(sql("INSERT INTO ZKFA_Model_AccInformation_Init (", copied::AccInformation, ") SELECT ",
+                   copied::AccInformation,
+                   " FROM AccInformation WHERE cSysID ='FA' AND cID IN('601','602','603')"));
 }
 
 }  // namespace

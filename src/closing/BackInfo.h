@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+
+#include "startup/RunContext.h"
+
+namespace zelkor {
+
+/// What is shown before the first table is copied.
+constexpr int kBackupBegun = 1;
+
+/// Told how many hundredths of the backup are shown as done; whoever shows a window brings it up to date.
+using ShowPercent = std::function<void(int)>;
+
+/// Copies the account set into the backup tables of the open month within the same file. The backups of
+/// earlier closings are dropped first, so that only the last one exists. Tells `show` after every table.
+///
+/// A failure ends the backup and is handed to the error log; what has been copied until then stays.
+void BackInfo(RunContext& run, const ShowPercent& show);
+
+}  // namespace zelkor

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "closing/BackInfo.h"
+#include "startup/RunContext.h"
+
+namespace zelkor {
+
+/// What month-end shows besides its messages.
+struct MonthEndScreens {
+  ShowPercent backup;                 // called for the first time before the backup begins
+  std::function<void()> backupEnded;  // whether it came to its end or failed
+};
+
+/// Closes the open month: backs the account set up, tells the reconciliation, carries the ledgers and totals
+/// into the next month, puts options back and tells the person to log in anew. Goes through whatever state
+/// the month is in. No transaction: what was done before a failure stays.
+///
+/// Throws EndProgram when the month is closed; returns when a step failed, which only the error log is told.
+void closeMonth(RunContext& run, const MonthEndScreens& screens);
+
+}  // namespace zelkor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,9 @@ namespace zelkor {
 /// - 净残值调整: dblBVRate, dblBV;
 /// - 部门转移: names of the departments, their codes, dInputDate.
 TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingDate);
+
+/// Column of dInputDate in the list of 部门转移.
+inline constexpr std::size_t transferEntryDateColumn = 7;
 
 /// The row of the list of 部门转移 for a version.
 std::vector<std::string> transferListRow(Database& database, const CardVersion& version);

@@ -13,6 +13,8 @@
 
 namespace zelkor {
 
+struct CardSearch;
+
 /// By which number a card is typed.
 enum class CardKey { CardNumber, AssetNumber };
 
@@ -46,6 +48,10 @@ class ChangeSheets {
   std::optional<ChangeSheet> mostRecent();
 
  private:
+  using FindVersion = std::optional<CardVersion> (*)(Database& database, const CardSearch& search);
+  using ShowVersion = void (*)(Database& database, const CardVersion& card, ChangeSheet& sheet);
+  SheetResult load(const CardSearch& search, FindVersion find, ShowVersion show, ChangeSheet& sheet);
+
   RunContext& context_;
   ChangeKind kind_;
   Database database_;

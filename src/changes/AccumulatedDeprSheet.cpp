@@ -1,0 +1,81 @@
+#include "base/Conversion.h"
+#include "changes/SheetRules.h"
+#include "store/Statement.h"
+
+// 累计折旧调整: corrects what has been depreciated so far. The figure lives in the ledgers and not on the
+// card, whose new version differs in nothing but what every sheet sets.
+
+namespace zelkor {
+namespace {
+
+/// The version of the card's newest sheet of this kind, if its operation number joins; the sheet's columns
+/// stand behind those of the card.
+std::optional<CardVersion> findBySheet(Database& database, const CardSearch& search) {
+  return firstVersion(
+      database,
+      sql("select a.* ,fa_Vouchers.sBeforeVoucher,fa_Vouchers.sAfterVoucher, fa_Vouchers.iVoucherType"
+          " from  fa_cards a,fa_Vouchers  Where  a.sCardNum=fa_Vouchers.sCardNum "
+          " And  a.lOptID=fa_Vouchers.lOptID And  fa_Vouchers.iVoucherType=5 And  a.",
+          search.column, "='", search.number, "'  Order By Val(a.sCardID) DESC "));
+}
+
+std::optional<CardVersion> find(Database& database, const CardSearch& search) {
+  if (auto changed = findBySheet(database, search)) return changed;
+  return newestDepreciated(database, search);
+}
+
+void show(Database& /*database*/, const CardVersion& card, ChangeSheet& sheet) {
+  const Value* after = card.find("sAfterVoucher");
+  sheet.before.text = (after ? *after : card["dblTransInDeprTCard"]).textOrEmpty();
+}
+
+std::optional<MessageBox> check(const ChangeSheet& sheet) {
+  if (sheet.reason.empty()) return refusal("变动原因不能为空", "保存:累计折旧调整");
+  return std::nullopt;
+}
+
+double amountAfter(const ChangeSheet& sheet) {
+  return CDbl(Value(sheet.after.text));
+}
+double amountBefore(const ChangeSheet& sheet) {
+  return CDbl(Value(sheet.before.text));
+}
+
+// What follows the commit cannot be undone: a text that is no number must not get that far.
+void requireAmounts(const ChangeSheet& sheet) {
+  amountBefore(sheet);
+  amountAfter(sheet);
+}
+
+void write(const SheetSaving& saving) {
+  const ChangeSheet& sheet = saving.sheet;
+  requireAmounts(sheet);
+  const VersionKeys keys = keysBehindAll(saving.database, 11);
+  addVersion(saving, keys, {});
+  addSheet(saving, ChangeKind::AccumulatedDepr, keys.lOptID, sheet.before.text, sheet.after.text);
+}
+
+void correctLedgers(const SheetSaving& saving) {
+  const ChangeSheet& sheet = saving.sheet;
+  saving.database.Execute(sql("Update fa_Deprtransactions Set dblDeprT", saving.systemMonth(), "=",
+                              amountAfter(sheet), " Where sCardNum='", sheet.cardNum, "'"));
+  saving.database.Execute(sql("Update fa_Total Set dblDeprTotal=dblDeprTotal +",
+                              amountAfter(sheet) - amountBefore(sheet), " Where sDeptNum='",
+                              saving.card.text("sDeptNum"), "' And sTypeNum='", saving.card.text("sTypeNum"),
+                              "'"));
+}
+
+}  // namespace
+
+const SheetRules& accumulatedDeprRules() {
+  static constexpr SheetRules rules{.find = find,
+                                    .show = show,
+                                    .pick = nullptr,
+                                    .stored = storedText,
+                                    .check = check,
+                                    .write = write,
+                                    .afterCommit = correctLedgers};
+  return rules;
+}
+
+}  // namespace zelkor

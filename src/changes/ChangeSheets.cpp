@@ -1,0 +1,116 @@
+#include "changes/ChangeSheets.h"
+
+#include "base/Format.h"
+#include "base/RuntimeError.h"
+#include "changes/CardDetailList.h"
+#include "changes/RecentSheet.h"
+#include "changes/SheetRules.h"
+
+namespace zelkor {
+namespace {
+
+using Outcome = SheetResult::Outcome;
+
+constexpr const char* cardMissing = "当前卡片已不存在！";
+// One title for every kind.
+constexpr const char* savedTitle = "变动单－－使用状况调整";
+
+SheetResult refused(MessageBox box) {
+  return {Outcome::Refused, std::move(box)};
+}
+
+SheetResult failed(const RuntimeError& error) {
+  return {Outcome::Failed, refusal(error.what())};
+}
+
+MessageBox savedBox() {
+  return {"数据成功保存！", Buttons::Ok, Icon::Information, savedTitle};
+}
+
+/// Behind the commit of a save there is nothing left to roll back.
+void rollBack(Workspace& workspace) {
+  if (workspace.inTransaction()) workspace.Rollback();
+}
+
+const CardVersion& loaded(const std::optional<CardVersion>& card) {
+  if (!card) throw RuntimeError(ErrorNumber::ObjectClosed);
+  return *card;
+}
+
+}  // namespace
+
+ChangeSheets::ChangeSheets(RunContext& context, ChangeKind kind)
+    : context_(context), kind_(kind), database_(context.engine.OpenDatabase(context.gstrZtFile)) {}
+
+ChangeSheet ChangeSheets::newSheet() {
+  card_.reset();
+  ChangeSheet sheet;
+  sheet.number = nextSheetNumber(database_);
+  sheet.date = shownDate(context_.gdOpDate);
+  sheet.operatorName = context_.gstrUser;
+  return sheet;
+}
+
+TextGrid ChangeSheets::cardList() {
+  return cardDetailList(database_, kind_, context_.gdOpDate);
+}
+
+SheetResult ChangeSheets::loadCard(CardKey key, const std::string& number, ChangeSheet& sheet) {
+  const SheetRules& rules = rulesOf(kind_);
+  const CardSearch search{key == CardKey::CardNumber ? "sCardNum" : "sAssetNum", number, context_.gdOpDate};
+  return load(search, rules.find, rules.show, sheet);
+}
+
+SheetResult ChangeSheets::pickCard(const std::vector<std::string>& row, ChangeSheet& sheet) {
+  const SheetRules& rules = rulesOf(kind_);
+  if (rules.pick == nullptr) return loadCard(CardKey::CardNumber, row.at(0), sheet);
+  if (auto box = rules.pick->check(row, context_.clock.now())) return refused(std::move(*box));
+  return load({"sCardNum", row.at(0), context_.gdOpDate}, rules.pick->find, rules.pick->show, sheet);
+}
+
+SheetResult ChangeSheets::load(const CardSearch& search, FindVersion find, ShowVersion show,
+                               ChangeSheet& sheet) {
+  try {
+    auto found = find(database_, search);
+    if (!found) return refused(refusal(cardMissing));
+    ChangeSheet filled = sheet;
+    showCard(*found, filled);
+    show(database_, *found, filled);
+    sheet = std::move(filled);
+    card_ = std::move(found);
+    return {};
+  } catch (const RuntimeError& error) {
+    return failed(error);
+  }
+}
+
+// The transaction begins before the checks: one that a check refuses stays open, and the next save runs in
+// it.
+SheetResult ChangeSheets::save(const ChangeSheet& sheet) {
+  const SheetRules& rules = rulesOf(kind_);
+  if (rules.write == nullptr) return {Outcome::Nothing, std::nullopt};
+  Workspace& workspace = context_.engine.workspace();
+  SheetResult result;
+  try {
+    workspace.BeginTrans();
+    if (auto box = rules.check(sheet)) return refused(std::move(*box));
+    const SheetSaving saving{context_, database_, sheet, loaded(card_)};
+    rules.write(saving);
+    result.toolbarAsSaved = true;
+    workspace.CommitTrans();
+    if (rules.afterCommit != nullptr) rules.afterCommit(saving);
+    card_.reset();
+    result.box = savedBox();
+  } catch (const RuntimeError& error) {
+    rollBack(workspace);
+    result.outcome = Outcome::Failed;
+    result.box = refusal(error.what());
+  }
+  return result;
+}
+
+std::optional<ChangeSheet> ChangeSheets::mostRecent() {
+  return mostRecentSheet(database_, kind_, context_.gdOpDate);
+}
+
+}  // namespace zelkor

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "changes/ChangeKind.h"
+#include "changes/ChangeSheet.h"
+
+namespace zelkor {
+
+/// How a value of a sheet comes in.
+enum class SheetEntry {
+  Shown,        // with the card, or reckoned
+  CardNumber,   // typed or picked: loads the card
+  AssetNumber,  // the same
+  Typed,
+  Increase,  // typed: the values after follow it
+  Picked,    // from an archive
+};
+
+/// A member of the label array Label1 on a panel.
+struct SheetLabel {
+  int number;  // in the array
+  const char* caption;
+  std::string& (*text)(ChangeSheet&);
+  SheetEntry entry = SheetEntry::Shown;
+  bool isAmount = false;
+  bool wholeLine = false;
+  ShownValue ChangeSheet::*tagged = nullptr;  // whose tag goes with the label
+};
+
+/// What stands where on the sheet of a kind.
+struct SheetPanel {
+  int picture;  // member of the control array Picture1
+  std::vector<SheetLabel> head;
+  std::vector<SheetLabel> table;
+  std::vector<SheetLabel> foot;
+};
+
+const SheetPanel& panelOf(ChangeKind kind);
+
+}  // namespace zelkor

@@ -1,0 +1,110 @@
+#include "changes/SheetSaving.h"
+
+#include <algorithm>
+
+#include "base/Conversion.h"
+#include "base/Format.h"
+#include "base/Text.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+std::int32_t numberBehind(const Value& number) {
+  return CLng(CDbl(number) + 1);
+}
+
+void setAll(Recordset& row, const ColumnValues& values) {
+  for (const auto& [column, value] : values) row.Collect(column, value);
+}
+
+}  // namespace
+
+void addCopy(Recordset& table, const CardVersion& source, const std::vector<std::string_view>& except,
+             const ColumnValues& values) {
+  table.AddNew();
+  for (std::size_t i = 0; i < table.FieldCount(); ++i) {
+    const std::string& column = table.FieldName(i);
+    const bool left =
+        std::ranges::any_of(except, [&](std::string_view name) { return equalsIgnoringCase(name, column); });
+    const Value* value = left ? nullptr : source.find(column);
+    if (value != nullptr) table.Collect(column, *value);
+  }
+  setAll(table, values);
+  table.Update();
+}
+
+VersionKeys keysBehind(const CardVersion& card, int optType) {
+  return {sql(numberBehind(card["sCardID"])), numberBehind(card["lOptID"]), optType};
+}
+
+VersionKeys keysBehindAll(Database& database, int optType) {
+  const Recordset highest =
+      database.OpenRecordset("Select Top 1  *   From fa_cards  Order BY Val(sCardID)  Desc  ");
+  const std::int32_t next = CLng(Val(highest.Text("sCardID")) + 1);
+  return {sql(next), next, optType};
+}
+
+std::int32_t nextSheetOptID(Database& database) {
+  const Recordset highest = database.OpenRecordset("select max(lOptID) from fa_vouchers");
+  return CLng(highest.Fields(std::size_t{0}).numberOrZero() + 1);
+}
+
+void addVersion(const SheetSaving& saving, const VersionKeys& keys, const ColumnValues& values) {
+  ColumnValues all{{"sCardID", keys.cardID},
+                   {"lOptID", keys.lOptID},
+                   {"iOptType", keys.optType},
+                   {"dTransDate", saving.sheet.date},
+                   {"sOperator", saving.context.gstrUser},
+                   {"sVoucherNum", saving.sheet.number}};
+  all.insert(all.end(), values.begin(), values.end());
+  Recordset cards = saving.database.OpenRecordset("Select  *  From fa_cards   Where 1=0 ");
+  addCopy(cards, saving.card, {"sCardID"}, all);
+}
+
+void addSheet(const SheetSaving& saving, ChangeKind kind, std::int32_t lOptID, const std::string& before,
+              const std::string& after, const ColumnValues& values) {
+  const ChangeSheet& sheet = saving.sheet;
+  Recordset sheets = saving.database.OpenRecordset("select * from fa_Vouchers");
+  sheets.AddNew();
+  setAll(sheets, {{"sNum", sheet.number},
+                  {"sCardNum", sheet.cardNum},
+                  {"lOptID", lOptID},
+                  {"sVoucherName", captionOf(kind)},
+                  {"sVoucherEngName", captionOf(kind)},
+                  {"iVoucherType", voucherTypeOf(kind)},
+                  {"lPreOptID", CLng(Val(sheet.number) - 1)},
+                  {"sBeforeVoucher", before},
+                  {"sAfterVoucher", after},
+                  {"memReason", sheet.reason},
+                  {"dTransDate", sheet.date},
+                  {"sOperatorVou", sheet.operatorName}});
+  setAll(sheets, values);
+  sheets.Update();
+}
+
+// The last number in the order of text: behind ten rows the same number comes again and again.
+void addRegisterRow(const SheetSaving& saving) {
+  Recordset rows = saving.database.OpenRecordset("Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ");
+  const std::string number = rows.Eof() ? "1" : textOfDouble(Val(rows.TextOrEmpty("sID")) + 1);
+  rows.AddNew();
+  setAll(rows, {{"sID", number},
+                {"sCardNum", saving.sheet.cardNum},
+                {"sNum", saving.sheet.number},
+                {"sVoucherNum", saving.sheet.number},
+                {"dStartdate", saving.card["dStartdate"]},
+                {"memReason", saving.sheet.reason}});
+  rows.Update();
+}
+
+std::string nextSheetNumber(Database& database) {
+  const Recordset sheets = database.OpenRecordset("Select  * From fa_Vouchers  Order By sNum Desc ");
+  const double last = sheets.Eof() ? 0 : Val(sheets.TextOrEmpty("sNum"));
+  return Format(last + 1, "00000");
+}
+
+MessageBox refusal(std::string text, std::string title) {
+  return {std::move(text), Buttons::Ok, Icon::Exclamation, std::move(title)};
+}
+
+}  // namespace zelkor

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "changes/CardVersion.h"
+#include "changes/ChangeKind.h"
+#include "changes/ChangeSheet.h"
+#include "startup/RunContext.h"
+
+// What the saving of all kinds of sheet has in common.
+namespace zelkor {
+
+/// A save on its way, inside the transaction of the default workspace.
+struct SheetSaving {
+  const RunContext& context;
+  Database& database;
+  const ChangeSheet& sheet;
+  const CardVersion& card;  // the version that the sheet has shown
+
+  /// Month of the system date.
+  int systemMonth() const { return context.clock.now().month(); }
+};
+
+using ColumnValues = std::vector<std::pair<std::string_view, Value>>;
+
+/// Adds the row to a table that is open, all columns of `source` that it has but those in `except`.
+void addCopy(Recordset& table, const CardVersion& source, const std::vector<std::string_view>& except,
+             const ColumnValues& values);
+
+struct VersionKeys {
+  std::string cardID;
+  std::int32_t lOptID = 0;
+  int optType = 0;
+};
+
+/// The keys behind those of the version shown, as 原值增加 and 使用状况调整 number theirs.
+VersionKeys keysBehind(const CardVersion& card, int optType);
+/// The keys behind the highest sCardID of the table, lOptID being the same number.
+VersionKeys keysBehindAll(Database& database, int optType);
+
+/// The operation number behind the highest of the sheets.
+std::int32_t nextSheetOptID(Database& database);
+
+/// Adds a copy of the version shown that differs in its keys, in what every sheet sets, and in `values`.
+void addVersion(const SheetSaving& saving, const VersionKeys& keys, const ColumnValues& values);
+/// Adds the sheet; `before` and `after` are what it keeps of the two values.
+void addSheet(const SheetSaving& saving, ChangeKind kind, std::int32_t lOptID, const std::string& before,
+              const std::string& after, const ColumnValues& values = {});
+/// Adds the row of the sheet register.
+void addRegisterRow(const SheetSaving& saving);
+
+/// Number of the sheet that is saved next, five digits.
+std::string nextSheetNumber(Database& database);
+
+/// A box that refuses a sheet.
+MessageBox refusal(std::string text, std::string title = "固定资产");
+
+}  // namespace zelkor

@@ -1,0 +1,107 @@
+#include "base/Conversion.h"
+#include "cards/CardVersions.h"
+#include "changes/CardDetailList.h"
+#include "changes/SheetRules.h"
+#include "changes/TransferRows.h"
+#include "store/Statement.h"
+
+// 部门转移: moves the asset to a department or splits it between several. One row is left behind with the
+// department before, one is the card from then on.
+
+namespace zelkor {
+namespace {
+
+constexpr int rowLeftBehind = 6;
+constexpr int rowReceiving = 7;
+
+// The sub-select is not grouped: over all cards together it has one number, so that a typed card is found
+// only where it holds the highest one.
+std::optional<CardVersion> findTyped(Database& database, const CardSearch& search) {
+  return firstVersion(
+      database, sql(versionsInForceBeginning(search.operatingDate), " ))", " And  fa_Cards.", search.column,
+                    "='", search.number, "'", " Order By val(fa_Cards.sCardID) Desc"));
+}
+
+/// The version of the card in force, which the list shows.
+std::optional<CardVersion> findPicked(Database& database, const CardSearch& search) {
+  return firstVersion(
+      database, sql(versionsInForceBeginning(search.operatingDate), ") And fa_Cards.sCardNum='",
+                    search.number, "' GROUP BY fa_Cards.sCardNum) And  fa_Cards.sCardNum='", search.number,
+                    "' Order By val(fa_Cards.sCardID) Desc"));
+}
+
+void show(Database& database, const CardVersion& card, ChangeSheet& sheet) {
+  const std::string codes = card.text("sDeptNum");
+  sheet.before = {departmentNames(database, codes), codes};
+  sheet.siteBefore = card.text("sSite");
+}
+
+void showPicked(Database& database, const CardVersion& card, ChangeSheet& sheet) {
+  show(database, card, sheet);
+  const Recordset newest = database.OpenRecordset(
+      sql("select top 1 * from fa_Cards where sCardNum='", sheet.cardNum, "' order by val(sCardID) desc"));
+  sheet.siteBefore = newest.TextOrEmpty("sSite");
+}
+
+// The months alone are compared, without their years.
+std::optional<MessageBox> checkPick(const std::vector<std::string>& row, DateTime systemDate) {
+  const Value entered(row.at(transferEntryDateColumn));
+  if (!IsDate(entered) || entered.date().month() != systemDate.month()) return std::nullopt;
+  return refusal("当月原始录入或新增的资产不允许做此种变动业务");
+}
+
+// The second check looks at the department after and not at the reason, which may stay empty.
+std::optional<MessageBox> check(const ChangeSheet& sheet) {
+  if (sheet.before.tag == sheet.after.tag) return refusal("变动后内容不应和变动前内容相同！");
+  if (sheet.after.text.empty()) return refusal("变动原因不能为空！");
+  return std::nullopt;
+}
+
+/// Keys of the two versions. The highest number is that of the text order and is held in 16 bits.
+TransferKeys nextKeys(const SheetSaving& saving) {
+  const Recordset highest = saving.database.OpenRecordset("select max(sCardID) from fa_cards");
+  const std::int16_t cardID = CInt(highest.Fields(std::size_t{0}));
+  const double lOptID = CDbl(saving.card["lOptID"]);
+  return {.left = {sql(CInt(cardID + 1.0)), CLng(lOptID + 1), rowLeftBehind},
+          .receiving = {sql(CInt(cardID + 2.0)), CLng(lOptID + 2), rowReceiving}};
+}
+
+void addVersions(const SheetSaving& saving, const TransferKeys& keys) {
+  const ChangeSheet& sheet = saving.sheet;
+  addVersion(saving, keys.left,
+             {{"sDeptNum", sheet.before.tag},
+              {"sSite", sheet.siteAfter},
+              {"iInputPeriod", 0},
+              {"iTransPeriod", saving.systemMonth()},
+              {"sTransDepteNum", sheet.after.tag}});
+  addVersion(
+      saving, keys.receiving,
+      {{"sDeptNum", sheet.after.tag}, {"sSite", sheet.siteAfter}, {"sTransDepteNum", sheet.before.tag}});
+}
+
+void write(const SheetSaving& saving) {
+  const ChangeSheet& sheet = saving.sheet;
+  const TransferKeys keys = nextKeys(saving);
+  const std::int32_t sheetOptID = nextSheetOptID(saving.database);
+  addVersions(saving, keys);
+  addSheet(saving, ChangeKind::Transfer, sheetOptID, sheet.before.text, sheet.after.text,
+           {{"sSiteAfter", sheet.siteAfter}});
+  carryShares(saving);
+  carryDetails(saving, keys);
+}
+
+}  // namespace
+
+const SheetRules& transferRules() {
+  static constexpr PickRules pick{.check = checkPick, .find = findPicked, .show = showPicked};
+  static constexpr SheetRules rules{.find = findTyped,
+                                    .show = show,
+                                    .pick = &pick,
+                                    .stored = storedText,
+                                    .check = check,
+                                    .write = write,
+                                    .afterCommit = nullptr};
+  return rules;
+}
+
+}  // namespace zelkor

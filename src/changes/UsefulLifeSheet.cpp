@@ -1,0 +1,60 @@
+#include "base/Conversion.h"
+#include "base/RuntimeError.h"
+#include "changes/SheetRules.h"
+#include "changes/UsefulLife.h"
+#include "store/Statement.h"
+
+// 使用年限调整: gives the asset another useful life. An unchanged life makes a sheet, too.
+
+namespace zelkor {
+namespace {
+
+constexpr std::string_view yearSign = "年";
+constexpr std::string_view monthSign = "月";
+constexpr int monthsOfYear = 12;
+
+void show(Database& /*database*/, const CardVersion& card, ChangeSheet& sheet) {
+  sheet.before.text = lifeText(CLng(card["lLife"].numberOrZero()));
+}
+
+std::optional<MessageBox> check(const ChangeSheet& sheet) {
+  monthsOfLife(sheet.before.text);
+  monthsOfLife(sheet.after.text);
+  if (sheet.reason.empty()) return refusal("变动原因不能为空", "保存:使用年限调整");
+  return std::nullopt;
+}
+
+void write(const SheetSaving& saving) {
+  const ChangeSheet& sheet = saving.sheet;
+  const VersionKeys keys = keysBehindAll(saving.database, 12);
+  addVersion(saving, keys, {{"lLife", monthsOfLife(sheet.after.text)}});
+  addSheet(saving, ChangeKind::UsefulLife, keys.lOptID, sheet.before.text, sheet.after.text);
+}
+
+}  // namespace
+
+std::string lifeText(std::int32_t months) {
+  return sql(months / monthsOfYear, yearSign, months % monthsOfYear, monthSign);
+}
+
+std::int16_t monthsOfLife(std::string_view text) {
+  const std::size_t years = text.find(yearSign);
+  const std::size_t months = years == std::string_view::npos ? years : text.find(monthSign, years);
+  if (months == std::string_view::npos) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+  const std::size_t between = years + yearSign.size();
+  return CInt(CDbl(Value(text.substr(0, years))) * monthsOfYear +
+              CDbl(Value(text.substr(between, months - between))));
+}
+
+const SheetRules& usefulLifeRules() {
+  static constexpr SheetRules rules{.find = newestVersion,
+                                    .show = show,
+                                    .pick = nullptr,
+                                    .stored = storedText,
+                                    .check = check,
+                                    .write = write,
+                                    .afterCommit = nullptr};
+  return rules;
+}
+
+}  // namespace zelkor

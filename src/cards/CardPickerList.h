@@ -1,0 +1,14 @@
+#pragma once
+
+#include "base/TextGrid.h"
+#include "startup/RunContext.h"
+
+namespace zelkor {
+
+/// The cards to pick from, each by its newest version, under one header row: sCardNum, sAssetNum, sAssetName,
+/// sStyle, dStartdate, name of the depreciation method, sOperator, the method's sID. Only the header when
+/// something fails on the way; so it is once a version's number goes beyond 32767, for the versions in force
+/// are read by their numbers of 16 bits first.
+TextGrid cardPickerList(RunContext& run);
+
+}  // namespace zelkor

@@ -1,0 +1,147 @@
+#include "cards/CardList.h"
+#include "cards/ClsBLLManageCards.h"
+#include "support/AccountSetFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+class CardListTest : public AccountSetTest {
+ protected:
+  CardListTest() { cards.setZkDataPath(context.gstrZtFile); }
+
+  void addVersion(const std::string& cardID, const std::string& cardNum, const std::string& value = "100",
+                  const std::string& disposed = "Null") {
+    execute(
+        "insert into fa_Cards (sCardID,sCardNum,sAssetNum,dStartdate,lLife,dblValue,dblBVRate,sOperator,"
+        "sDeptNum,sTypeNum,dDisposeDate) values ('" +
+        cardID + "','" + cardNum + "','A" + cardNum + "',#2019-4-1#,60," + value +
+        ",0.05,'李录入','301','021'," + disposed + ")");
+  }
+  /// The list under a condition, without its heading and the empty column.
+  Rows list(const std::string& condition = "") {
+    CardList reading(cards.rstGetCards(condition));
+    Rows rows = textsOf(reading.next(100));
+    for (auto& row : rows) {
+      EXPECT_EQ(row.front(), "");
+      row.erase(row.begin());
+    }
+    EXPECT_TRUE(reading.complete());
+    return rows;
+  }
+  /// Card numbers and values of the list, the sum last.
+  std::vector<std::string> listed(const std::string& condition = "") {
+    std::vector<std::string> found;
+    for (const auto& row : list(condition)) found.push_back(row[0] + " " + row[3]);
+    return found;
+  }
+
+  ClsBLLManageCards cards{engine};
+};
+
+using Listed = std::vector<std::string>;
+
+TEST_F(CardListTest, showsEachCardInItsForm) {
+  EXPECT_EQ(
+      textsOf(CardList::heading()),
+      (Rows{{"", "卡片编号", "开始使用日期", "使用年限", "原值", "固定资产编号", "净残值率", "录入人"}}));
+  addVersion("1", "00002", "1234567.891");
+  execute(
+      "insert into fa_Cards (sCardID,sCardNum,dStartdate,lLife,dblValue,dblBVRate) values "
+      "('2','00001',#2019-12-31 8:05:00#,Null,Null,Null)");
+  execute(
+      "insert into fa_Cards (sCardID,sCardNum,lLife,dblValue,dblBVRate) values ('3','00003',50,0.5,0.125)");
+  execute("insert into fa_Cards (sCardID,sCardNum,lLife,dblValue,dblBVRate) values ('4','00004',7,0,0)");
+  EXPECT_EQ(list(), (Rows{{"00001", "2019-12-31 8:05:00", "年0月", "", "", "", ""},
+                          {"00002", "2019-4-1", "5年0月", "1,234,567.89", "A00002", "0.05", "李录入"},
+                          {"00003", "", "4.16666666666667年0月", ".50", "", "0.13", ""},
+                          {"00004", "", "0.583333333333333年0月", ".00", "", "0.", ""},
+                          {"合计：", "", "", "1,234,568.39", "", "", ""}}));
+}
+
+TEST_F(CardListTest, showsTheNewestVersionOfACardAndCountsItOnce) {
+  addVersion("9", "00001", "100");
+  addVersion("10", "00001", "250.25");
+  addVersion("11", "00002", "1");
+  EXPECT_EQ(listed(), (Listed{"00001 250.25", "00002 1.00", "合计： 251.25"}));
+}
+
+TEST_F(CardListTest, ranksVersionsAsTextUnderACondition) {
+  addVersion("9", "00001", "100");
+  addVersion("10", "00001", "250.25");
+  EXPECT_EQ(listed("  sDeptNum='301' "), (Listed{"00001 100.00", "合计： 100.00"}));
+}
+
+TEST_F(CardListTest, takesAnotherCardsHighestVersionForOneOfTheCardsOwn) {
+  addVersion("8", "00001", "100");
+  addVersion("9", "00001", "200");
+  execute("update fa_Cards set sDeptNum='302' where sCardID='9'");
+  EXPECT_EQ(listed("  sDeptNum='301' "), (Listed{"合计： .00"}));
+  addVersion("8", "00002", "1");
+  EXPECT_EQ(listed("  sDeptNum='301' "), (Listed{"00001 100.00", "00002 1.00", "合计： 101.00"}));
+}
+
+TEST_F(CardListTest, filtersByTheDisposalOfTheHighestVersion) {
+  addVersion("1", "00001", "100");
+  addVersion("2", "00002", "20");
+  addVersion("3", "00002", "20", "#2020-5-1#");
+  const struct {
+    CardFilter filter;
+    const char* node;
+    Listed expected;
+  } cases[] = {
+      {CardFilter::InService, "", {"00001 100.00", "合计： 100.00"}},
+      {CardFilter::Disposed, "", {"00002 20.00", "合计： 20.00"}},
+      {CardFilter::All, "  sTypeNum='021' ", {"00001 100.00", "00002 20.00", "合计： 120.00"}},
+      {CardFilter::Disposed, "  sDeptNum='301' ", {"00002 20.00", "合计： 20.00"}},
+      {CardFilter::InService, "  sDeptNum='302' ", {"合计： .00"}},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(listed(cardListCondition(each.node, each.filter)), each.expected)
+        << each.node << cardFilterName(each.filter);
+  }
+  EXPECT_EQ(cardListCondition("  sTypeNum='021' ", CardFilter::InService),
+            "  sTypeNum='021'   and  dDisposeDate is null");
+  EXPECT_EQ(cardListCondition("", CardFilter::Disposed), "dDisposeDate is not null");
+}
+
+TEST_F(CardListTest, comesInPiecesWithTheSumBehindTheLast) {
+  for (const char* id : {"1", "2", "3", "4"}) addVersion(id, std::string("0000") + id);
+  addVersion("5", "00002", "300");
+  CardList reading(cards.rstGetCards(""));
+  EXPECT_EQ(reading.next(2).rows(), 2u);
+  EXPECT_FALSE(reading.complete());
+  EXPECT_EQ(reading.cards(), 2u);
+  const TextGrid rest = reading.next(2);
+  EXPECT_TRUE(reading.complete()) << "an older version is no further card";
+  EXPECT_EQ(reading.cards(), 4u);
+  EXPECT_EQ(rest.rows(), 3u);
+  EXPECT_EQ(rest.text(2, 4), "600.00");
+  EXPECT_EQ(reading.next(2).rows(), 0u) << "the sum comes once";
+}
+
+TEST_F(CardListTest, addsUpWithoutLosingACent) {
+  for (int i = 1; i <= 300; ++i) addVersion(std::to_string(i), std::to_string(1000 + i), "9999999999.01");
+  CardList reading(cards.rstGetCards(""));
+  const TextGrid grid = reading.next(1000);
+  EXPECT_EQ(grid.text(300, 4), "2,999,999,999,703.00");
+}
+
+TEST_F(CardListTest, comesClosedWhenTheStatementFails) {
+  EXPECT_FALSE(cards.rstGetCards("  sDeptNum='30'1' ").isOpen());
+  ClsBLLManageCards missing(engine);
+  missing.setZkDataPath(missingFile());
+  EXPECT_FALSE(missing.rstGetCards("").isOpen());
+  EXPECT_FALSE(missing.rstGetDepartMent("按部门查询").isOpen());
+}
+
+TEST(CardListCaptionTest, namesTheNodeOrTheFilterAndTheCount) {
+  EXPECT_EQ(cardListCaption("", CardFilter::All, 12), "卡片管理 卡片[全部卡片  ](共计卡片12张)");
+  EXPECT_EQ(cardListCaption("", CardFilter::Disposed, 0), "卡片管理 卡片[已减少资产  ](共计卡片0张)");
+  EXPECT_EQ(cardListCaption("一车间", CardFilter::InService, 3),
+            "卡片管理 卡片[一车间  在役资产](共计卡片3张)");
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -1,0 +1,336 @@
+#include <gmock/gmock.h>
+
+#include "vouchers/VoucherFill.h"
+#include "vouchers/VoucherFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kTitle = "固定资产";
+
+class VoucherFillTest : public VoucherTest {
+ protected:
+  VoucherRequest depreciationVoucher() {
+    stageDepreciation();
+    BatchBilling billing(context);
+    billing.toggleMark(1);
+    return prepared(billing);
+  }
+  /// Two additions merged by subject: 30 on each side, one line per subject.
+  VoucherRequest mergedVoucher() {
+    stageCard("00001", "10");
+    stageCard("00002", "20");
+    BatchBilling billing(context);
+    billing.setMergeNumber(1, "1");
+    billing.setMergeNumber(2, "1");
+    billing.markAll();
+    billing.CheckHB = true;
+    return prepared(billing);
+  }
+  Voucher loaded(const VoucherRequest& request) {
+    Voucher voucher;
+    VoucherFill(context, request, voucher).LoadVouch();
+    return voucher;
+  }
+};
+
+TEST_F(VoucherFillTest, ShowsTheStagedLinesOfTheKey) {
+  const Voucher voucher = loaded(depreciationVoucher());
+  EXPECT_EQ(voucher.Caption, "记账凭证");
+  EXPECT_EQ(voucher.VoucherSign, "记");
+  EXPECT_EQ(voucher.SignSeq, 1);
+  EXPECT_TRUE(voucher.AllowBrowseSign);
+  EXPECT_EQ(voucher.VoucherDate, day("2020-5-15"));
+  EXPECT_EQ(voucher.BillMaker, "陈会计");
+  EXPECT_EQ(voucher.VoucherState, voucher_state::Normal);
+  EXPECT_THAT(
+      linesOf(voucher),
+      ElementsAre("计提第[5]期间折旧|550202|折旧费|20.5|0", "计提第[5]期间折旧|410502|折旧费|100.25|0",
+                  "计提第[5]期间折旧|410502|折旧费|50|0", "计提第[5]期间折旧|1502|累计折旧|0|170.75"));
+  EXPECT_TRUE(totalsOf(voucher).balanced());
+}
+
+TEST_F(VoucherFillTest, OrdersTheLinesByTheTextOfTheirNumber) {
+  VoucherRequest request = cardVoucher("00001", "10");
+  execute("update fa_ZWVouchers set cDefine5='10' where i_id=1");
+  EXPECT_THAT(linesOf(loaded(request)),
+              ElementsAre("直接购入|1501|固定资产|10|0", "直接购入|1502|累计折旧|0|10"));
+  execute("update fa_ZWVouchers set cDefine5='3' where i_id=1");
+  EXPECT_THAT(linesOf(loaded(request)),
+              ElementsAre("直接购入|1502|累计折旧|0|10", "直接购入|1501|固定资产|10|0"));
+}
+
+TEST_F(VoucherFillTest, AKeyWithoutRowsShowsNothing) {
+  stageCard("00001", "10");
+  for (const char* rows : {"ioutperiod=6", "ioutperiod=5,ioutyear=2019"}) {
+    execute("update fa_ZWVouchers set cDefine10='卡片(00001)'," + std::string(rows));
+    const Voucher voucher = loaded({.scOutSign = "卡片(00001)", .eventNumber = "00001"});
+    EXPECT_EQ(voucher.RowCount(), 0U);
+    EXPECT_EQ(voucher.VoucherSign, "");
+    EXPECT_FALSE(voucher.AllowBrowseSign);
+  }
+}
+
+TEST_F(VoucherFillTest, WithoutVoucherTypesNoneIsChosen) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  execute("delete from dsign");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  EXPECT_EQ(voucher.Caption, "");
+  EXPECT_TRUE(voucher.AllowBrowseSign);
+  dialogs.expectOk("凭证类别不合法", Icon::Exclamation, kTitle);
+  EXPECT_FALSE(window.Save());
+  EXPECT_THAT(ledger("inid"), IsEmpty());
+}
+
+TEST_F(VoucherFillTest, SavesTheEntriesAndMarksTheStagedRows) {
+  stageCard("00009", "1");
+  EXPECT_TRUE(saveVoucher(cardVoucher("00001", "12345.67")));
+  EXPECT_THAT(
+      ledger("iperiod,csign,isignseq,ino_id,inid,doutbilldate,idoc,cbill,ccheck,cbook,ccashier,cdigest,"
+             "ccode,md,mc,dbill_date,coutsign,coutno_id,ccodecontrol,ibook,ioutperiod,iflag"),
+      ElementsAre(
+          "5|记|1|1|1|2020-5-15|0|陈会计|~|~|~|直接购入|1501|12345.67|0|2020-5-15|卡片|00001|FA,#|0|~|~",
+          "5|记|1|1|2|2020-5-15|0|陈会计|~|~|~|直接购入|1502|0|12345.67|2020-5-15|卡片|00001|FA,#|0|~|~"));
+  EXPECT_THAT(staged("coutno_id,cDefine1"), ElementsAre("00009|~", "00009|~", "00001|1", "00001|1"));
+  EXPECT_EQ(BatchBilling(context).selection().rows(), 2U);
+}
+
+TEST_F(VoucherFillTest, NumbersOverAllPeriodsAndRefusesWhatAShortCannotHold) {
+  execute("insert into GL_accvouch (iperiod,ino_id,inid) values (3,41,1)");
+  EXPECT_TRUE(saveVoucher(depreciationVoucher()));
+  EXPECT_THAT(rows("select distinct ino_id,coutsign,coutno_id from GL_accvouch where iperiod=5"),
+              ElementsAre("42|折旧计提|~"));
+  execute("insert into GL_accvouch (iperiod,ino_id,inid) values (3,32767,1)");
+  const VoucherRequest request = cardVoucher("00001", "10");
+  EXPECT_EQ(errorOf([&] { saveVoucher(request); }), 6);
+  EXPECT_EQ(row("select count(*) from GL_accvouch where coutsign='卡片'"), "0");
+}
+
+TEST_F(VoucherFillTest, AMergedVoucherHasOneLinePerSubjectWithoutDigest) {
+  const VoucherRequest request = mergedVoucher();
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  EXPECT_THAT(linesOf(voucher), ElementsAre("|1501|固定资产|30|0", "|1502|累计折旧|0|30"));
+  dialogs.expectOk("摘要不能为空!", Icon::Critical, kTitle);
+  EXPECT_FALSE(window.Save());
+  voucher.Row(1).Digest = voucher.Row(2).Digest = "购入";
+  EXPECT_TRUE(window.Save());
+  EXPECT_THAT(ledger("ino_id,inid,ccode,md,mc,coutsign,coutno_id"),
+              ElementsAre("1|1|1501|30|0|合并制单|~", "1|2|1502|0|30|合并制单|~"));
+  EXPECT_THAT(staged("cDefine1"), ElementsAre("1", "1", "1", "1"));
+}
+
+TEST_F(VoucherFillTest, ASubjectOnBothSidesLosesItsDebitWhenMerged) {
+  const VoucherRequest request = mergedVoucher();
+  execute("update fa_ZWVouchers set ccode='1501' where i_id=4");
+  const Voucher voucher = loaded(request);
+  EXPECT_THAT(linesOf(voucher), ElementsAre("|1501|固定资产|0|20", "|1502|累计折旧|0|10"));
+  EXPECT_EQ(totalsOf(voucher).difference(), Currency::fromDouble(-30));
+}
+
+TEST_F(VoucherFillTest, SavesWhatDoesNotBalance) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  EXPECT_TRUE(enterAmount(voucher.Row(2), VoucherSide::Credit, "9.5"));
+  EXPECT_TRUE(window.Save());
+  EXPECT_THAT(ledger("md,mc"), ElementsAre("10|0", "0|9.5"));
+}
+
+TEST_F(VoucherFillTest, TakesAQuoteInADigest) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  voucher.Row(1).Digest = "O'Neil 的车床";
+  EXPECT_TRUE(window.Save());
+  EXPECT_THAT(ledger("cdigest"), ElementsAre("O'Neil 的车床", "直接购入"));
+}
+
+TEST_F(VoucherFillTest, KeepsASubjectDeletedBeforeBilling) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  execute("delete from code where ccode='1501'");
+  EXPECT_THAT(linesOf(loaded(request)), ElementsAre("直接购入|1501||10|0", "直接购入|1502|累计折旧|0|10"));
+  EXPECT_TRUE(saveVoucher(request));
+  EXPECT_THAT(ledger("ccode"), ElementsAre("1501", "1502"));
+}
+
+TEST_F(VoucherFillTest, RefusesLinesInTheirOrderAndASecondSave) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  voucher.Row(1).Digest = "";
+  voucher.Row(2).SubjectCode = "";
+  dialogs.expectOk("摘要不能为空!", Icon::Critical, kTitle);
+  EXPECT_FALSE(window.Save());
+  voucher.Row(1).SubjectCode = "";
+  dialogs.expectOk("凭证中存在尚未确定的科目!", Icon::Critical, kTitle);
+  EXPECT_FALSE(window.Save());
+  window.LoadVouch();
+  EXPECT_TRUE(window.Save());
+  EXPECT_EQ(voucher.VoucherState, voucher_state::Saved);
+  dialogs.expectOk("凭证已保存!", Icon::Information, kTitle);
+  EXPECT_FALSE(window.Save());
+  EXPECT_THAT(ledger("ino_id"), ElementsAre("1", "1"));
+}
+
+TEST_F(VoucherFillTest, WritesSignaturesAndAttachments) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  voucher.VoucherSign = "转";
+  voucher.SignSeq = 3;
+  voucher.VoucherDate = day("2020-6-2");
+  voucher.Attachments = 4;
+  voucher.Checker = "王";
+  voucher.Cashier = "李";
+  voucher.Bookkeeper = "赵";
+  EXPECT_TRUE(window.Save());
+  EXPECT_EQ(row("select iperiod,csign,isignseq,idoc,ccheck,ccashier,cbook,doutbilldate,dbill_date from "
+                "GL_accvouch"),
+            "5|转|3|4|王|李|赵|2020-6-2|2020-6-2");
+}
+
+TEST_F(VoucherFillTest, AVoucherInTheLedgerIsReplacedUnderItsNumber) {
+  const VoucherRequest request = cardVoucher("00001", "10");
+  EXPECT_TRUE(saveVoucher(request));
+  execute("update GL_accvouch set cbill='王会计',doutbilldate=#2020-5-3#,idoc=2,ccheck='李'");
+  execute("insert into GL_accvouch (iperiod,ino_id,inid) values (4,1,1)");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  EXPECT_TRUE(window.bPZmodify());
+  EXPECT_THAT(linesOf(voucher), ElementsAre("直接购入|1501|固定资产|10|0", "直接购入|1502|累计折旧|0|10"));
+  EXPECT_EQ(voucher.BillMaker, "王会计");
+  EXPECT_EQ(voucher.VoucherDate, day("2020-5-3"));
+  EXPECT_EQ(voucher.Attachments, 2);
+  dialogs.expectYesNo("是否需要修改他人填制的凭证", Answer::Yes, Icon::Question, "凭证");
+  EXPECT_TRUE(window.EditRequest());
+  EXPECT_TRUE(enterAmount(voucher.Row(1), VoucherSide::Debit, "11"));
+  EXPECT_TRUE(window.Save());
+  EXPECT_THAT(ledger("iperiod,ino_id,inid,md,cbill"),
+              ElementsAre("4|1|1|~|~", "5|1|1|11|陈会计", "5|1|2|0|陈会计"));
+}
+
+TEST_F(VoucherFillTest, TakesTheEventNumberForTheLedgersNumber) {
+  EXPECT_TRUE(saveVoucher(cardVoucher("00007", "70")));
+  const VoucherRequest depreciation = depreciationVoucher();
+  EXPECT_TRUE(saveVoucher(depreciation));
+  EXPECT_THAT(linesOf(loaded(depreciation)),
+              ElementsAre("直接购入|1501|固定资产|70|0", "直接购入|1502|累计折旧|0|70"))
+      << "depreciation's 01 is voucher 1";
+}
+
+TEST_F(VoucherFillTest, ReportsALedgerVoucherThatIsNotThere) {
+  const VoucherRequest request = cardVoucher("00007", "70");
+  EXPECT_TRUE(saveVoucher(request));
+  dialogs.expectOk("A7 frmPZFill ShowPZ 错误描述:无当前记录。", Icon::Exclamation, kTitle);
+  EXPECT_EQ(loaded(request).RowCount(), 0U);
+}
+
+TEST_F(VoucherFillTest, AnswersTheRequestToEdit) {
+  struct Case {
+    std::int16_t state;
+    const char* checker;
+    const char* cashier;
+    const char* refusal;
+  };
+  for (const Case& one : {Case{1, "王", "李", "已作废的凭证不能修改，取消作废后方可修改"},
+                          Case{0, "王", "李", "已复核的凭证不能修改，取消复核后方可修改"},
+                          Case{3, " ", "李", "出纳签字凭证不能修改，取消签字后方可修改"}}) {
+    Voucher voucher;
+    VoucherFill window(context, {}, voucher);
+    voucher.BillMaker = "王会计";
+    voucher.VoucherState = one.state;
+    voucher.Checker = one.checker;
+    voucher.Cashier = one.cashier;
+    dialogs.expectOk(one.refusal, Icon::Critical, "凭证");
+    EXPECT_FALSE(window.EditRequest());
+    EXPECT_EQ(voucher.VoucherState, one.state);
+  }
+}
+
+TEST_F(VoucherFillTest, AsksBeforeAnothersVoucherIsEdited) {
+  Voucher voucher;
+  VoucherFill window(context, {}, voucher);
+  voucher.BillMaker = "王会计";
+  voucher.VoucherState = voucher_state::Saved;
+  dialogs.expectYesNo("是否需要修改他人填制的凭证", Answer::No, Icon::Question, "凭证");
+  EXPECT_FALSE(window.EditRequest());
+  EXPECT_EQ(voucher.VoucherState, voucher_state::Saved);
+  dialogs.expectYesNo("是否需要修改他人填制的凭证", Answer::Yes, Icon::Question, "凭证");
+  EXPECT_TRUE(window.EditRequest());
+  EXPECT_EQ(voucher.VoucherState, voucher_state::Normal);
+  EXPECT_EQ(voucher.BillMaker, "陈会计");
+  EXPECT_TRUE(window.EditRequest()) << "one's own voucher asks for nothing";
+}
+
+TEST_F(VoucherFillTest, LooksAnEnteredSubjectUp) {
+  Voucher voucher;
+  voucher.AddRow({});
+  VoucherFill window(context, {}, voucher);
+  window.SubjectEntered(1, "1502");
+  EXPECT_EQ(voucher.Row(1).SubjectName, "累计折旧");
+  dialogs.expectOk("科目不合法", Icon::Exclamation, "凭证");
+  window.SubjectEntered(1, "77");
+  EXPECT_EQ(voucher.Row(1).SubjectCode + voucher.Row(1).SubjectName, "77");
+}
+
+TEST_F(VoucherFillTest, WalksTheYearsUnbookedEntries) {
+  EXPECT_TRUE(saveVoucher(cardVoucher("00001", "10")));
+  Voucher voucher;
+  VoucherFill window(context, {}, voucher);
+  window.walkUnbooked();
+  window.walkUnbooked("csign='记'");
+  EXPECT_EQ(errorOf([&] { window.walkUnbooked("cNoSuch=1"); }), 3061);
+}
+
+TEST(VoucherValueTest, MovesOnlyAmongSeveral) {
+  using States = std::array<bool, 4>;
+  EXPECT_EQ(VoucherFill::moveEnabled(0), (States{false, false, false, false}));
+  EXPECT_EQ(VoucherFill::moveEnabled(1), (States{false, false, false, false}));
+  EXPECT_EQ(VoucherFill::moveEnabled(2), (States{true, true, false, false}));
+}
+
+TEST(VoucherValueTest, TakesAmountsAsTyped) {
+  struct Case {
+    const char* typed;
+    bool taken;
+    const char* debit;
+  };
+  for (const Case& one : {Case{"1,234.5", true, "1234.5"}, Case{" ", true, "0"}, Case{"-3", true, "-3"},
+                          Case{"三", false, "7"}, Case{"1E300", false, "7"}}) {
+    VoucherLine line;
+    line.Debit = Currency::fromDouble(7);
+    line.Credit = Currency::fromDouble(1);
+    EXPECT_EQ(enterAmount(line, VoucherSide::Debit, one.typed), one.taken) << one.typed;
+    EXPECT_EQ(line.Debit.toText(), one.debit) << one.typed;
+    EXPECT_EQ(line.Credit.toText(), one.taken ? "0" : "1") << one.typed;
+  }
+}
+
+TEST(VoucherValueTest, FillsInTheAmountThatIsMissing) {
+  Voucher voucher;
+  for (const double debit : {10.25, 5.5, 99.0}) voucher.AddRow({{}, {}, {}, Currency::fromDouble(debit), {}});
+  balanceWith(voucher, 3, VoucherSide::Credit);
+  EXPECT_EQ(voucher.Row(3).Credit.toText(), "15.75");
+  EXPECT_TRUE(totalsOf(voucher).balanced());
+  balanceWith(voucher, 1, VoucherSide::Debit);
+  EXPECT_EQ(voucher.Row(1).Debit.toText(), "10.25");
+  EXPECT_EQ(errorOf([&] { voucher.Row(0); }), 9);
+  EXPECT_EQ(errorOf([&] { voucher.Row(4); }), 9);
+  EXPECT_EQ(voucherAmountText(Currency::fromDouble(1234.5)), "1,234.50");
+  EXPECT_EQ(voucherAmountText({}), "");
+}
+
+}  // namespace
+}  // namespace zelkor::test

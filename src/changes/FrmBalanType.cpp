@@ -24,7 +24,7 @@ void FrmBalanType::take() {
   if (!item) return;
   const std::string caption = fromQt(item->text(0));
   // The id stands behind the name in brackets, which the name may hold too.
-  picked_ = ArchiveEntry{fromQt(tagOf(*item)), caption.substr(0, caption.rfind('('))};
+  picked_ = ArchiveEntry{fromQt(tagOf(*item)), caption.substr(0, caption.rfind('['))};
   close();
 }
 

@@ -90,12 +90,10 @@ SheetPanel accumulatedPanel() {
 }
 
 SheetPanel lifePanel() {
-  return panel(2, {22, 25, Lbl23, Lbl24, 27, 28, 26, 31, 32}, {},
-               {{.number = 29, .caption = "变动前使用年限", .text = shown<&ChangeSheet::before>},
-                {.number = 30,
-                 .caption = "变动后使用年限",
-                 .text = shown<&ChangeSheet::after>,
-                 .entry = Typed}});
+  return panel(
+      2, {22, 25, Lbl23, Lbl24, 27, 28, 26, 31, 32}, {},
+      {{.number = 29, .caption = "变动前使用年限", .text = shown<&ChangeSheet::before>},
+       {.number = 30, .caption = "变动后使用年限", .text = shown<&ChangeSheet::after>, .entry = Typed}});
 }
 
 SheetPanel residualPanel() {
@@ -106,21 +104,19 @@ SheetPanel residualPanel() {
 }
 
 SheetPanel transferPanel() {
-  return panel(4, {57, 58, Lbl46, Lbl47, 49, 50, 48, 55, 56}, {},
-               {{.number = 51,
-                 .caption = "变动前部门",
-                 .text = shown<&ChangeSheet::before>,
-                 .tagged = &ChangeSheet::before},
-                {.number = 52,
-                 .caption = "变动后部门",
-                 .text = shown<&ChangeSheet::after>,
-                 .entry = Picked,
-                 .tagged = &ChangeSheet::after},
-                {.number = 53, .caption = "变动前存放地点", .text = text<&ChangeSheet::siteBefore>},
-                {.number = 54,
-                 .caption = "变动后存放地点",
-                 .text = text<&ChangeSheet::siteAfter>,
-                 .entry = Typed}});
+  return panel(
+      4, {57, 58, Lbl46, Lbl47, 49, 50, 48, 55, 56}, {},
+      {{.number = 51,
+        .caption = "变动前部门",
+        .text = shown<&ChangeSheet::before>,
+        .tagged = &ChangeSheet::before},
+       {.number = 52,
+        .caption = "变动后部门",
+        .text = shown<&ChangeSheet::after>,
+        .entry = Picked,
+        .tagged = &ChangeSheet::after},
+       {.number = 53, .caption = "变动前存放地点", .text = text<&ChangeSheet::siteBefore>},
+       {.number = 54, .caption = "变动后存放地点", .text = text<&ChangeSheet::siteAfter>, .entry = Typed}});
 }
 
 SheetPanel valuePanel() {

@@ -56,7 +56,6 @@ void SheetEditor::open(const QWidget* value) {
 void SheetEditor::openAt(std::size_t index) {
   if (open_) commit();
   at_ = index;
-  staying_ = false;
   const Place& place = places_[at_];
   before_ = textOf(*place.value);
   box_->setText(before_);
@@ -96,10 +95,11 @@ void SheetEditor::leave() {
 }
 
 void SheetEditor::moveBy(int step) {
-  staying_ = false;
+  goOnAt_ = nullptr;
   commit();
   if (!active_ || open_) return;
-  const auto next = static_cast<std::ptrdiff_t>(at_) + (staying_ ? 0 : step);
+  if (goOnAt_) return open(goOnAt_);
+  const auto next = static_cast<std::ptrdiff_t>(at_) + step;
   if (next >= 0 && next < std::ssize(places_)) openAt(static_cast<std::size_t>(next));
 }
 

@@ -33,8 +33,8 @@ class SheetEditor final : public QObject {
   /// Ends the open value with the text that stands there.
   void commit();
   void cancel();
-  /// Called by who has refused the text just committed: Enter stays on the value.
-  void stay() { staying_ = true; }
+  /// Called by who takes a committed text: Enter and Tab go on at this value, not at the next one.
+  void goOnAt(const QWidget* value) { goOnAt_ = value; }
 
  signals:
   /// The open value has ended with another text. The value itself has not been changed.
@@ -63,7 +63,7 @@ class SheetEditor final : public QObject {
   QString before_;
   bool active_ = false;
   bool open_ = false;
-  bool staying_ = false;
+  const QWidget* goOnAt_ = nullptr;
 };
 
 }  // namespace zelkor

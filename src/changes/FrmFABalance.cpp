@@ -1,0 +1,141 @@
+#include "changes/FrmFABalance.h"
+
+#include "cards/frmCards.h"
+#include "changes/FrmBalanType.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+namespace {
+
+/// Columns of the card picker.
+enum Card : std::size_t {
+  kCardNum,
+  kAssetNum,
+  kAssetName,
+  kStyle,
+  kStartDate,
+  kMethod,
+  kOperator,
+  kMethodID
+};
+
+}  // namespace
+
+FrmFABalance::FrmFABalance(FormHost& host, const std::string& zkDataPath)
+    : SheetForm(host, "FrmFABalance", "txtMobile", {"增加", "", "保存", "", "退出"}), balance_(host.run()) {
+  balance_.setZkDataPath(zkDataPath);
+  arrangeControls();
+  addEntries();
+  on(tbToolBar, &Toolbar::ButtonClick, &FrmFABalance::tbToolBar_ButtonClick);
+  on(editor, &SheetEditor::committed, &FrmFABalance::txtMobile_Commit);
+  editor->setActive(true);
+  add();
+}
+
+void FrmFABalance::arrangeControls() {
+  for (std::size_t i = 0; i < FieldCount; ++i) Text[i] = placeValue("Text" + std::to_string(i + 1));
+  for (QLineEdit* hidden : {txtBFID, txtAFID, txtTemp}) hidden->hide();
+  cmbType->addItem(balanceCaption);
+  tbToolBar->addSeparator();
+  tbToolBar->addWidget(cmbType);
+  const std::array head{SheetCell{"变动单编号：", Text[Number]}, SheetCell{"变动日期：", Text[Date]}};
+  const std::array table{SheetCell{"卡片编号", Text[CardNum]},
+                         SheetCell{"固定资产编号", Text[AssetNum]},
+                         SheetCell{"固定资产名称", Text[AssetName]},
+                         SheetCell{"规格型号", Text[Style]},
+                         SheetCell{"开始使用日期", Text[StartDate], true},
+                         SheetCell{"变动前折旧方法", Text[MethodBefore]},
+                         SheetCell{"变动后折旧方法", Text[MethodAfter]},
+                         SheetCell{"变动原因", Text[Reason], true}};
+  const std::array foot{SheetCell{"经手人：", Text[Operator]}};
+  arrangeSheet(balanceCaption, head, table, foot);
+}
+
+void FrmFABalance::addEntries() {
+  for (const Field field : {CardNum, AssetNum}) {
+    auto* button = placeButton(Text[field], "cmdMobile" + std::to_string(field + 1),
+                               [this, field] { cmdMobile_Click(field); });
+    editor->add(Text[field], button, SheetEditor::Entry::Picked);
+  }
+  auto* method = placeButton(Text[MethodAfter], "cmdMethod", [this] { cmdMethod_Click(); });
+  editor->add(Text[MethodAfter], method, SheetEditor::Entry::Picked);
+  editor->add(Text[Reason], nullptr, SheetEditor::Entry::Typed);
+}
+
+void FrmFABalance::showSheet() {
+  const std::array<const std::string*, FieldCount> texts{
+      &sheet_.number,      &sheet_.date,      &sheet_.cardNum,     &sheet_.assetNum,
+      &sheet_.startDate,   &sheet_.assetName, &sheet_.style,       &sheet_.methodBefore,
+      &sheet_.methodAfter, &sheet_.reason,    &sheet_.operatorName};
+  for (std::size_t i = 0; i < FieldCount; ++i) showOnSheet(Text[i], toQt(*texts[i]));
+  txtBFID->setText(toQt(sheet_.methodBeforeID));
+  txtAFID->setText(toQt(sheet_.methodAfterID));
+  txtTemp->setText(toQt(sheet_.operationNumber));
+}
+
+void FrmFABalance::tbToolBar_ButtonClick(const QString& caption) {
+  if (caption == "增加") add();
+  if (caption == "保存") save();
+  if (caption == "退出") close();
+}
+
+/// Prepares the next sheet.
+void FrmFABalance::add() {
+  editor->cancel();
+  sheet_ = newBalanceSheet(balance_, run().gdOpDate, run().gstrUser);
+  showSheet();
+  editor->begin();
+}
+
+void FrmFABalance::txtMobile_Commit(QWidget* value, const QString& text) {
+  if (value == Text[Reason]) sheet_.reason = fromQt(text);
+  showSheet();
+}
+
+void FrmFABalance::cmdMobile_Click(Field field) {
+  editor->cancel();
+  frmCards picker(host());
+  host().showModal(picker);
+  const auto row = picker.moStrRow();
+  if (row) {
+    const TextGrid& cards = picker.mshTable();
+    sheet_.cardNum = cards.text(*row, kCardNum);
+    sheet_.assetNum = cards.text(*row, kAssetNum);
+    sheet_.assetName = cards.text(*row, kAssetName);
+    sheet_.style = cards.text(*row, kStyle);
+    sheet_.startDate = cards.text(*row, kStartDate);
+    sheet_.methodBefore = cards.text(*row, kMethod);
+    sheet_.methodBeforeID = cards.text(*row, kMethodID);
+  }
+  showSheet();
+  editor->open(Text[row ? MethodAfter : field]);
+}
+
+void FrmFABalance::cmdMethod_Click() {
+  editor->cancel();
+  FrmBalanType picker(host());
+  host().showModal(picker);
+  const auto& method = picker.picked();
+  if (method) {
+    sheet_.methodAfter = method->name;
+    sheet_.methodAfterID = method->code;
+  }
+  showSheet();
+  editor->open(Text[method ? Reason : MethodAfter]);
+}
+
+/// A command of the toolbar does not take the focus: a value that is being typed has not been left.
+void FrmFABalance::save() {
+  editor->commit();
+  if (const auto refusal = balanceRefusal(sheet_)) {
+    run().dialogs.MsgBox(*refusal);
+    return;
+  }
+  const auto question = balanceQuestion(sheet_);
+  if (question && run().dialogs.MsgBox(*question) != Answer::Yes) return;
+  const BalanceSaved result = saveBalance(balance_, sheet_);
+  run().dialogs.MsgBox(result.box);
+  if (result.saved) add();
+}
+
+}  // namespace zelkor

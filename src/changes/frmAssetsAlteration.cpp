@@ -1,0 +1,178 @@
+#include "changes/frmAssetsAlteration.h"
+
+#include <algorithm>
+#include <QFrame>
+
+#include "archives/frmSelectDepart.h"
+#include "archives/frmSelectUseStatus.h"
+#include "changes/frmCardDetail.h"
+#include "changes/frmDepart.h"
+#include "changes/frmMoreDep.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kTitle = "固定资产";
+
+bool hasPicker(SheetEntry entry) {
+  return entry == SheetEntry::CardNumber || entry == SheetEntry::AssetNumber || entry == SheetEntry::Picked;
+}
+
+}  // namespace
+
+frmAssetsAlteration::frmAssetsAlteration(FormHost& host, ChangeKind kind)
+    : SheetForm(host, "frmAssetsAlteration", "txtContent", {"增加", "", "取消", "保存", "", "退出"}),
+      sheets_(host.run(), kind),
+      panel_(panelOf(kind)) {
+  arrangeControls();
+  on(tbToolBar, &Toolbar::ButtonClick, &frmAssetsAlteration::tbToolBar_ButtonClick);
+  on(editor, &SheetEditor::committed, &frmAssetsAlteration::txtContent_Commit);
+  add();
+}
+
+/// Makes the labels of a part of the panel, with what is needed to fill them in.
+std::vector<SheetCell> frmAssetsAlteration::placeLabels(const std::vector<SheetLabel>& specs) {
+  std::vector<SheetCell> cells;
+  for (const SheetLabel& spec : specs) {
+    auto* label = placeValue("Label1" + std::to_string(spec.number),
+                             spec.isAmount ? SheetValue::Amount : SheetValue::Text);
+    places_.push_back({&spec, label});
+    if (spec.entry != SheetEntry::Shown) addEntry(spec, label);
+    cells.push_back({spec.caption, label, spec.wholeLine});
+  }
+  return cells;
+}
+
+void frmAssetsAlteration::addEntry(const SheetLabel& spec, QLabel* label) {
+  QPushButton* button = nullptr;
+  if (hasPicker(spec.entry)) {
+    button = placeButton(label, "cmdMobile" + std::to_string(spec.number),
+                         [this, &spec, label] { cmdMobile_Click(spec, label); });
+  }
+  editor->add(label, button,
+              spec.entry == SheetEntry::Picked ? SheetEditor::Entry::Picked : SheetEditor::Entry::Typed);
+}
+
+void frmAssetsAlteration::arrangeControls() {
+  const auto head = placeLabels(panel_.head);
+  const auto table = placeLabels(panel_.table);
+  const auto foot = placeLabels(panel_.foot);
+  QFrame* paper = arrangeSheet(toQt(captionOf(sheets_.kind())), head, table, foot);
+  paper->setObjectName("Picture1" + QString::number(panel_.picture));
+}
+
+void frmAssetsAlteration::enterMode(Mode mode) {
+  const bool entering = mode == Mode::Entering;
+  tbToolBar->enable("增加", !entering);
+  tbToolBar->enable("保存", entering);
+  tbToolBar->enable("取消", entering);
+  editor->setActive(entering);
+}
+
+/// Writes the sheet's values onto the labels, ids and codes into their Tags.
+void frmAssetsAlteration::showSheet() {
+  for (const Place& place : places_) {
+    showOnSheet(place.label, toQt(place.spec->text(sheet_)));
+    if (place.spec->tagged) place.label->setProperty("Tag", toQt((sheet_.*place.spec->tagged).tag));
+  }
+}
+
+void frmAssetsAlteration::tbToolBar_ButtonClick(const QString& caption) {
+  if (caption == "增加") add();
+  if (caption == "取消") cancel();
+  if (caption == "保存") save();
+  if (caption == "退出") close();
+}
+
+void frmAssetsAlteration::add() {
+  sheet_ = sheets_.newSheet();
+  showSheet();
+  enterMode(Mode::Entering);
+  editor->begin();
+}
+
+/// A command of the toolbar does not take the focus: a value that is being typed has not been left.
+void frmAssetsAlteration::save() {
+  typedIsRefused_ = false;
+  editor->commit();
+  if (typedIsRefused_) return;
+  const SheetResult result = sheets_.save(sheet_);
+  if (result.toolbarAsSaved) enterMode(Mode::Stored);
+  tell(result);
+}
+
+void frmAssetsAlteration::cancel() {
+  const Answer answer = run().dialogs.MsgBox("是否取消本次操作？", Buttons::YesNo, Icon::Question, kTitle);
+  if (answer != Answer::Yes) return;
+  enterMode(Mode::Stored);
+  sheet_ = sheets_.mostRecent().value_or(ChangeSheet{});
+  showSheet();
+}
+
+/// Shows the box of a step, if it has one; true when the step was done.
+bool frmAssetsAlteration::tell(const SheetResult& result) {
+  if (result.box) run().dialogs.MsgBox(*result.box);
+  return result.done();
+}
+
+void frmAssetsAlteration::txtContent_Commit(QWidget* value, const QString& text) {
+  const auto& [spec, label] = *std::ranges::find(places_, value, &Place::label);
+  const std::string typed = fromQt(text);
+  if (spec->entry == SheetEntry::CardNumber) return loadTyped(label, CardKey::CardNumber, typed);
+  if (spec->entry == SheetEntry::AssetNumber) return loadTyped(label, CardKey::AssetNumber, typed);
+  spec->text(sheet_) = typed;
+  if (spec->entry == SheetEntry::Increase) sheet_.recomputeValues();
+  showSheet();
+}
+
+void frmAssetsAlteration::loadTyped(QLabel* label, CardKey key, const std::string& number) {
+  typedIsRefused_ = !tell(sheets_.loadCard(key, number, sheet_));
+  showSheet();
+  editor->goOnAt(typedIsRefused_ ? label : firstOwnEntry());
+}
+
+/// The first value to fill in once the card is there.
+QLabel* frmAssetsAlteration::firstOwnEntry() const {
+  const auto place = std::ranges::find_if(
+      places_, [](const Place& each) { return each.spec->entry > SheetEntry::AssetNumber; });
+  return place->label;
+}
+
+void frmAssetsAlteration::cmdMobile_Click(const SheetLabel& spec, QLabel* label) {
+  editor->cancel();
+  const bool picksCard = spec.entry != SheetEntry::Picked;
+  const bool loaded = picksCard && pickCard();
+  if (!picksCard) pickAfter();
+  showSheet();
+  editor->open(loaded ? firstOwnEntry() : label);
+}
+
+/// True when another card has come onto the sheet.
+bool frmAssetsAlteration::pickCard() {
+  frmCardDetail picker(host(), sheets_.cardList());
+  host().showModal(picker);
+  return picker.picked() && tell(sheets_.pickCard(*picker.picked(), sheet_));
+}
+
+void frmAssetsAlteration::pickAfter() {
+  if (sheets_.kind() == ChangeKind::Transfer) return pickDepartments();
+  if (const auto status = pickUseStatus(host(), StatusPick::Statuses)) {
+    sheet_.after = {status->name, status->code};
+  }
+}
+
+void frmAssetsAlteration::pickDepartments() {
+  frmMoreDep question(host());
+  host().showModal(question);
+  if (question.chosen() == frmMoreDep::OneDepartment) {
+    if (const auto department = pickDepartment(host())) {
+      sheet_.chooseDepartment(department->code, department->name);
+    }
+  } else if (question.chosen() == frmMoreDep::SeveralDepartments) {
+    frmDepart picker(host());
+    host().showModal(picker);
+    if (!picker.split().empty()) sheet_.chooseSplit(picker.split());
+  }
+}
+
+}  // namespace zelkor

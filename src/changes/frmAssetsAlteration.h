@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "changes/ChangeSheets.h"
+#include "changes/SheetPanels.h"
+#include "ui/SheetForm.h"
+
+namespace zelkor {
+
+/// The change sheet of one kind. Its values stand on labels of the array Label1; those that are filled in are
+/// covered by txtContent while they are, and have a button cmdMobile where there is something to pick.
+class frmAssetsAlteration final : public SheetForm {
+ public:
+  frmAssetsAlteration(FormHost& host, ChangeKind kind);
+
+ private:
+  enum class Mode { Entering, Stored };
+  struct Place {
+    const SheetLabel* spec;
+    QLabel* label;
+  };
+
+  void arrangeControls();
+  std::vector<SheetCell> placeLabels(const std::vector<SheetLabel>& specs);
+  void addEntry(const SheetLabel& spec, QLabel* label);
+  void enterMode(Mode mode);
+  void showSheet();
+  QLabel* firstOwnEntry() const;
+
+  void tbToolBar_ButtonClick(const QString& caption);
+  void txtContent_Commit(QWidget* value, const QString& text);
+  void cmdMobile_Click(const SheetLabel& spec, QLabel* label);
+  void add();
+  void save();
+  void cancel();
+
+  void loadTyped(QLabel* label, CardKey key, const std::string& number);
+  bool pickCard();
+  void pickAfter();
+  void pickDepartments();
+  bool tell(const SheetResult& result);
+
+  ChangeSheets sheets_;
+  const SheetPanel& panel_;
+  std::vector<Place> places_;
+  ChangeSheet sheet_;
+  bool typedIsRefused_ = false;
+};
+
+}  // namespace zelkor

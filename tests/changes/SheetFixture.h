@@ -1,0 +1,193 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+#include "cards/CardFixture.h"
+#include "cards/CardVersions.h"
+#include "changes/ChangeSheets.h"
+#include "store/Statement.h"
+
+namespace zelkor::test {
+
+/// All rows of all tables, for the question what a save has touched.
+using Snapshot = std::map<std::string, std::vector<std::string>>;
+
+inline Snapshot snapshotOf(Database& database) {
+  Snapshot snapshot;
+  for (const std::string& table : database.TableDefs()) {
+    if (table.starts_with("zk_")) continue;
+    auto& rows = snapshot[table] = rowsOf(database.OpenRecordset(table));
+    std::ranges::sort(rows);
+  }
+  return snapshot;
+}
+
+/// Per table the rows that came and went: "fa_Cards +1", "fa_Total +2 -2".
+inline std::vector<std::string> touchedTables(const Snapshot& before, const Snapshot& after) {
+  const auto missing = [](const auto& from, const auto& in) {
+    std::vector<std::string> rows;
+    std::ranges::set_difference(from, in, std::back_inserter(rows));
+    return rows.size();
+  };
+  std::vector<std::string> touched;
+  for (const auto& [table, rows] : after) {
+    const auto came = missing(rows, before.at(table));
+    const auto went = missing(before.at(table), rows);
+    if (came + went > 0) touched.push_back(table + sql(" +", came) + (went > 0 ? sql(" -", went) : ""));
+  }
+  return touched;
+}
+
+/// A fresh account set in May 2020 (system date 2020-6-1) with the card 00001 of 1000.00, residual 50.00,
+/// life 60 months, in department 301, whose every column has something to be copied.
+class SheetTest : public CardTest {
+ protected:
+  SheetTest() {
+    addCard("00001");
+    execute(
+        "update fa_Cards set sLockedBy='L',iNewType=2,sZWVoucherType='记',sZWVoucherNum='7',sOrgID='O',"
+        "sProjectNum='P1',sProjectName='项目',sStyle='C6140',dblBuildArea=10,lBuildNum=4,lMachinNum=8,"
+        "dblMachinW=12,dblFCValue=1.5,dblExchangeRate=6.5,sDisposer='D',lDeprMonthsAct=9,dblLegacy=3.5,"
+        "sEvaluateNum='E',dblDepr=4.5,dblDecDeprT=5.5,dblDecDepr=6,dblDeprRate=7,dblDecDeprRate=8,"
+        "lDecDeprMonths=9,dblDecWorkT=10,dblDecPerDepr=11,dblCanWork=500,dblCanWorkAct=600,dblPerDepr=2.5,"
+        "sWorkUnit='小时',dblTransOutDeprTCard=30,iVouchsNextMonthAct=1,sTransTypeNum='T',dblDecPreValueT=31,"
+        "dblRetDecPreValueT=32,bMultiDept=True,sDeptNames='甲',dblOffsetTax=33,sOrgDisposeID='X',"
+        "sDisposeReason='Y',iDisposePeriod=3");
+  }
+
+  void addCard(const std::string& cardNum, const std::string& entered = "2020-05-15") {
+    using enum CardField;
+    CardValues values = card(cardNum, "0210" + cardNum);
+    values[OriginalValue] = "1000";
+    values[ResidualValue] = "50";
+    values[UsefulLife] = "60";
+    values[EntryDate] = entered;
+    ASSERT_TRUE(save(values));
+  }
+
+  ChangeSheets sheets(ChangeKind kind) { return {context, kind}; }
+
+  /// A new sheet with the card loaded by its number.
+  static ChangeSheet sheetFor(ChangeSheets& sheets, const std::string& cardNum = "00001") {
+    ChangeSheet sheet = sheets.newSheet();
+    const SheetResult result = sheets.loadCard(CardKey::CardNumber, cardNum, sheet);
+    EXPECT_TRUE(result.done()) << (result.box ? result.box->text : "");
+    sheet.reason = "盘点";
+    return sheet;
+  }
+  /// A new transfer sheet with the card taken from the list.
+  static ChangeSheet pickedFor(ChangeSheets& sheets, const std::string& cardNum = "00001") {
+    const TextGrid list = sheets.cardList();
+    ChangeSheet sheet = sheets.newSheet();
+    for (const auto& cells : textsOf(list)) {
+      if (cells[0] == cardNum) {
+        EXPECT_TRUE(sheets.pickCard(cells, sheet).done());
+        sheet.reason = "调拨";
+        return sheet;
+      }
+    }
+    ADD_FAILURE() << cardNum << " is not in the list";
+    return sheet;
+  }
+
+  // A sheet of each kind on card 00001, ready to be saved.
+  static ChangeSheet goodSheet(ChangeSheets& sheets, const std::string& cardNum = "00001") {
+    ChangeSheet sheet =
+        sheets.kind() == ChangeKind::Transfer ? pickedFor(sheets, cardNum) : sheetFor(sheets, cardNum);
+    switch (sheets.kind()) {
+      case ChangeKind::OriginalValue:
+        sheet.increase = "200";
+        sheet.recomputeValues();
+        break;
+      case ChangeKind::UsageStatus:
+        sheet.after = {"未使用", "21"};
+        break;
+      case ChangeKind::AccumulatedDepr:
+        sheet.after.text = "120";
+        break;
+      case ChangeKind::UsefulLife:
+        sheet.after.text = "6年0月";
+        break;
+      case ChangeKind::Transfer:
+        sheet.chooseDepartment("302", "二车间");
+        sheet.siteAfter = "西区";
+        break;
+      case ChangeKind::ResidualValue:
+        break;
+    }
+    return sheet;
+  }
+
+  static void expectSaved(const SheetResult& result) {
+    ASSERT_TRUE(result.box);
+    EXPECT_EQ(result.box->text, "数据成功保存！");
+    EXPECT_EQ(result.box->title, "变动单－－使用状况调整");
+    EXPECT_EQ(result.box->icon, Icon::Information);
+    EXPECT_TRUE(result.done());
+    EXPECT_TRUE(result.toolbarAsSaved);
+  }
+  static void expectRefused(const SheetResult& result, const std::string& text,
+                            const std::string& title = "固定资产") {
+    ASSERT_TRUE(result.box);
+    EXPECT_EQ(result.box->text, text);
+    EXPECT_EQ(result.box->title, title);
+    EXPECT_EQ(result.box->icon, Icon::Exclamation);
+    EXPECT_EQ(result.outcome, SheetResult::Outcome::Refused);
+    EXPECT_FALSE(result.toolbarAsSaved);
+  }
+  void saveGood(ChangeKind kind, const std::string& cardNum = "00001") {
+    ChangeSheets kindOfSheets = sheets(kind);
+    expectSaved(kindOfSheets.save(goodSheet(kindOfSheets, cardNum)));
+  }
+
+  /// Saves what touches only the tables named, each with its rows.
+  void expectTouched(ChangeSheets& kindOfSheets, const ChangeSheet& sheet,
+                     const std::vector<std::string>& tables) {
+    const Snapshot before = snapshotOf(db());
+    expectSaved(kindOfSheets.save(sheet));
+    EXPECT_EQ(touchedTables(before, snapshotOf(db())), tables);
+  }
+
+  /// Columns in which a version differs from another, as "column: before > after"; the versions by sCardID
+  /// and iOptType.
+  std::vector<std::string> differences(const std::string& from, const std::string& to) {
+    const Recordset a = db().OpenRecordset("select * from fa_Cards where " + from);
+    const Recordset b = db().OpenRecordset("select * from fa_Cards where " + to);
+    std::vector<std::string> found;
+    for (std::size_t i = 0; i < a.FieldCount(); ++i) {
+      const auto text = [i](const Recordset& rows) {
+        return rows.Fields(i).isNull() ? "~" : rows.Fields(i).text();
+      };
+      if (text(a) != text(b)) found.push_back(a.FieldName(i) + ": " + text(a) + " > " + text(b));
+    }
+    return found;
+  }
+
+  std::vector<std::string> sheetRows() {
+    return rows(
+        "select sNum,sCardNum,lOptID,sVoucherName,sVoucherEngName,iVoucherType,lPreOptID,sBeforeVoucher,"
+        "sAfterVoucher,memReason,dTransDate,sOperatorVou,sSiteAfter,iTransPeriod from fa_Vouchers order by "
+        "sNum");
+  }
+  std::vector<std::string> registerRows() {
+    return rows(
+        "select sID,sCardNum,sNum,sVoucherNum,dStartDate,memReason,lSheetNum,dTransDate "
+        "from fa_CardsSheets");
+  }
+
+  /// The bare engine on the data file, as a foreign tool has it.
+  void bare(const std::string& statements) {
+    engine.flush();
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(context.gstrZtFile.c_str(), &handle), SQLITE_OK);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> file(handle, sqlite3_close);
+    ASSERT_EQ(sqlite3_exec(handle, statements.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(handle) << ": " << statements;
+  }
+};
+
+}  // namespace zelkor::test

@@ -1,0 +1,194 @@
+#include "SheetFixture.h"
+
+// What the kinds of sheet have in common, and what tells them apart there.
+namespace zelkor::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Outcome = SheetResult::Outcome;
+
+constexpr ChangeKind savedKinds[] = {ChangeKind::OriginalValue, ChangeKind::UsageStatus,
+                                     ChangeKind::AccumulatedDepr, ChangeKind::UsefulLife,
+                                     ChangeKind::Transfer};
+
+class SheetFrameTest : public SheetTest {
+ protected:
+  /// Makes the write of this number fail, counted from 1 within a transaction; 0 none.
+  void failAtWrite(int number) {
+    bare(
+        "CREATE TABLE IF NOT EXISTS zk_count(n INTEGER, failAt INTEGER); DELETE FROM zk_count;"
+        "INSERT INTO zk_count VALUES (0," +
+        std::to_string(number) + ")");
+  }
+  void watchWrites() {
+    failAtWrite(0);
+    for (const char* table : {"fa_Cards", "fa_Vouchers", "fa_CardsSheets", "fa_DeptScale", "fa_Cards_Detail",
+                              "fa_DeprTransactions", "fa_Total"}) {
+      bare(sql("CREATE TRIGGER zk_watch_", table, " BEFORE INSERT ON ", table,
+               " BEGIN UPDATE zk_count SET n=n+1;"
+               " SELECT RAISE(ABORT,'injected') WHERE (SELECT n=failAt FROM zk_count); END"));
+    }
+  }
+};
+
+TEST_F(SheetFrameTest, AUsageStatusIsShownByNameAndSavedById) {
+  ChangeSheets statuses = sheets(ChangeKind::UsageStatus);
+  const ChangeSheet sheet = goodSheet(statuses);
+  EXPECT_EQ(sheet.before.text + " " + sheet.before.tag, "在用 11");
+  expectTouched(statuses, sheet, {"fa_Cards +1", "fa_CardsSheets +1", "fa_Vouchers +1"});
+  EXPECT_EQ(differences("sCardID='1'", "sCardID='2'"),
+            (Lines{"sCardID: 1 > 2", "lOptID: 1 > 2", "iOptType: 1 > 10", "sStatusID: 11 > 21",
+                   "dTransDate: ~ > 2020-5-15", "sOperator: 李录入 > 陈会计", "sVoucherNum: ~ > 00001"}));
+  EXPECT_EQ(sheetRows(),
+            Lines{"00001|00001|2|使用状况调整|使用状况调整|4|0|11|21|盘点|2020-5-15|陈会计|~|~"});
+  EXPECT_EQ(registerRows(), Lines{"1|00001|00001|00001|2020-4-1|盘点|~|~"});
+}
+
+TEST_F(SheetFrameTest, AUsageStatusMustChangeButNeedsNoReason) {
+  ChangeSheets statuses = sheets(ChangeKind::UsageStatus);
+  ChangeSheet sheet = goodSheet(statuses);
+  sheet.after = sheet.before;
+  expectRefused(statuses.save(sheet), "变动后内容不应和变动前内容相同！");
+  sheet.after = {"未使用", "21"};
+  sheet.reason = "";
+  sheet.before.text = "";
+  expectRefused(statuses.save(sheet), "变动原因不能为空！");
+  sheet.before.text = "在用";
+  expectSaved(statuses.save(sheet));
+}
+
+TEST_F(SheetFrameTest, AllKindsShareOneNumbering) {
+  execute("insert into fa_Vouchers (sNum) values ('00012')");
+  for (const ChangeKind kind : savedKinds) saveGood(kind);
+  EXPECT_EQ(rows("select sNum,iVoucherType,lPreOptID from fa_Vouchers order by sNum"),
+            (Lines{"00012|~|~", "00013|1|12", "00014|4|13", "00015|5|14", "00016|6|15", "00017|7|16"}));
+}
+
+TEST_F(SheetFrameTest, AFailureAtAnyWriteLeavesNoRow) {
+  execute("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblDeprTotal) values ('301','021',5,1)");
+  watchWrites();
+  const std::pair<ChangeKind, int> writes[] = {{ChangeKind::OriginalValue, 3},
+                                               {ChangeKind::UsageStatus, 3},
+                                               {ChangeKind::AccumulatedDepr, 2},
+                                               {ChangeKind::UsefulLife, 2},
+                                               {ChangeKind::Transfer, 7}};
+  for (const auto& [kind, count] : writes) {
+    ChangeSheets kindOfSheets = sheets(kind);
+    const ChangeSheet sheet = goodSheet(kindOfSheets);
+    const Snapshot before = snapshotOf(db());
+    for (int write = 1; write <= count; ++write) {
+      failAtWrite(write);
+      const SheetResult result = kindOfSheets.save(sheet);
+      EXPECT_EQ(result.outcome, Outcome::Failed) << captionOf(kind) << " write " << write;
+      EXPECT_NE(result.box.value_or(MessageBox{}).text, "");
+      EXPECT_FALSE(result.toolbarAsSaved);
+      EXPECT_FALSE(engine.workspace().inTransaction());
+      EXPECT_EQ(touchedTables(before, snapshotOf(db())), Lines()) << captionOf(kind) << " write " << write;
+    }
+    failAtWrite(count + 1);
+    expectSaved(kindOfSheets.save(sheet));  // with the card that is still loaded
+  }
+}
+
+TEST_F(SheetFrameTest, ARefusedSheetLeavesAnUnlockedTransactionThatTheNextCommits) {
+  addCard("00002");
+  ChangeSheets statuses = sheets(ChangeKind::UsageStatus);
+  ChangeSheet refused = goodSheet(statuses);
+  refused.after = refused.before;
+  expectRefused(statuses.save(refused), "变动后内容不应和变动前内容相同！");
+  EXPECT_TRUE(engine.workspace().inTransaction());
+
+  // Another workstation writes meanwhile, and what it writes is seen.
+  bare("UPDATE fa_Status SET sName='改名' WHERE sID='11'");
+  ChangeSheet sheet = goodSheet(statuses, "00002");
+  EXPECT_EQ(sheet.before.text, "改名");
+  expectSaved(statuses.save(sheet));
+  EXPECT_FALSE(engine.workspace().inTransaction());
+  DbEngine elsewhere;
+  EXPECT_EQ(rowsOf(elsewhere.OpenDatabase(context.gstrZtFile)
+                       .OpenRecordset("select sCardNum,sStatusID from fa_Cards where iOptType=10")),
+            Lines{"00002|21"});
+}
+
+TEST_F(SheetFrameTest, TheVersionShownIsTheOneCopied) {
+  ChangeSheets lives = sheets(ChangeKind::UsefulLife);
+  const ChangeSheet sheet = goodSheet(lives);
+  execute("update fa_Cards set sSite='别处'");
+  expectSaved(lives.save(sheet));
+  EXPECT_EQ(row("select sSite from fa_Cards where iOptType=12"), "东区");
+}
+
+TEST_F(SheetFrameTest, WithoutACardNothingIsSaved) {
+  for (const ChangeKind kind : savedKinds) {
+    ChangeSheets kindOfSheets = sheets(kind);
+    ChangeSheet sheet = goodSheet(kindOfSheets);
+    kindOfSheets.newSheet();
+    EXPECT_EQ(kindOfSheets.save(sheet).outcome, Outcome::Failed) << captionOf(kind);
+  }
+  EXPECT_EQ(row("select count(*) from fa_Vouchers"), "0");
+}
+
+TEST_F(SheetFrameTest, AnUnknownCardOrAQuoteFindsNothing) {
+  for (const ChangeKind kind : savedKinds) {
+    ChangeSheets kindOfSheets = sheets(kind);
+    ChangeSheet sheet = kindOfSheets.newSheet();
+    expectRefused(kindOfSheets.loadCard(CardKey::CardNumber, "99999", sheet), "当前卡片已不存在！");
+    const SheetResult quote = kindOfSheets.loadCard(CardKey::AssetNumber, "0'1", sheet);
+    EXPECT_EQ(quote.outcome, Outcome::Failed);
+    EXPECT_NE(quote.box->text.find("语法错误"), std::string::npos) << quote.box->text;
+  }
+}
+
+TEST_F(SheetFrameTest, TheVersionInForceFollowsEveryKind) {
+  const std::pair<ChangeKind, const char*> cases[] = {{ChangeKind::OriginalValue, "2|1|301"},
+                                                      {ChangeKind::UsageStatus, "3|10|301"},
+                                                      {ChangeKind::AccumulatedDepr, "4|11|301"},
+                                                      {ChangeKind::UsefulLife, "5|12|301"},
+                                                      {ChangeKind::Transfer, "7|7|302"}};
+  ChangeSheets transfers = sheets(ChangeKind::Transfer);
+  for (const auto& [kind, inForce] : cases) {
+    const auto listed = [&] { return textsOf(transfers.cardList()).size(); };
+    saveGood(kind);
+    EXPECT_EQ(listed(), 2U) << "one card under the heading";
+    const Recordset version = db().OpenRecordset(versionsInForce(context.gdOpDate));
+    EXPECT_EQ(version.Text("sCardID") + "|" + version.Text("iOptType") + "|" + version.Text("sDeptNum"),
+              inForce);
+    const Recordset earlier = db().OpenRecordset(versionsInForce(day("2020-5-14")));
+    EXPECT_TRUE(earlier.Eof()) << "the card was entered on the 15th";
+  }
+}
+
+TEST_F(SheetFrameTest, TheMostRecentSheetIsShown) {
+  for (const ChangeKind kind : savedKinds) EXPECT_FALSE(sheets(kind).mostRecent()) << captionOf(kind);
+  addCard("00002");
+  for (const ChangeKind kind : savedKinds) saveGood(kind);
+  for (const ChangeKind kind : savedKinds) saveGood(kind, "00002");
+  const std::pair<ChangeKind, Lines> cases[] = {
+      {ChangeKind::UsageStatus, {"00007", "00002", "车床", "在用", "未使用", "盘点", "2020-05-15", "陈会计"}},
+      {ChangeKind::AccumulatedDepr, {"00008", "00002", "车床", "95", "120", "盘点", "2020-05-15", "陈会计"}},
+      {ChangeKind::UsefulLife,
+       {"00009", "00002", "车床", "5年0月", "6年0月", "盘点", "2020-05-15", "陈会计"}},
+  };
+  for (const auto& [kind, shown] : cases) {
+    const ChangeSheet sheet = sheets(kind).mostRecent().value();
+    EXPECT_EQ(Lines({sheet.number, sheet.cardNum, sheet.assetName, sheet.before.text, sheet.after.text,
+                     sheet.reason, sheet.date, sheet.operatorName}),
+              shown);
+  }
+  const ChangeSheet transfer = sheets(ChangeKind::Transfer).mostRecent().value();
+  EXPECT_EQ(transfer.number + transfer.before.text + transfer.after.text + transfer.siteAfter,
+            "00010一车间二车间西区");
+}
+
+TEST_F(SheetFrameTest, TheMostRecentIncreaseIsTheLastByTextualNumber) {
+  addCard("00002");
+  saveGood(ChangeKind::OriginalValue, "00002");
+  saveGood(ChangeKind::OriginalValue, "00001");
+  const ChangeSheet sheet = sheets(ChangeKind::OriginalValue).mostRecent().value();
+  EXPECT_EQ(Lines({sheet.number, sheet.cardNum, sheet.before.text, sheet.increase, sheet.after.text,
+                   sheet.residualBefore, sheet.residualIncrease, sheet.residualAfter, sheet.reason}),
+            Lines({"00001", "00002", "1000.00", "200.00", "1200.00", "50.00", "10.00", "60.00", "盘点"}));
+}
+
+}  // namespace
+}  // namespace zelkor::test

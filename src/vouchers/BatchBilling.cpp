@@ -118,8 +118,15 @@ std::string BatchBilling::eventOf(std::size_t row) const {
   return selection_.text(row, selection_column::Sign) + selection_.text(row, selection_column::Number);
 }
 
+/// Whether the row's kind and number make up the text.
+bool BatchBilling::isEvent(std::size_t row, std::string_view text) const {
+  const std::string& sign = selection_.text(row, selection_column::Sign);
+  const std::string& number = selection_.text(row, selection_column::Number);
+  return text.size() == sign.size() + number.size() && text.starts_with(sign) && text.ends_with(number);
+}
+
 bool BatchBilling::belongs(std::size_t row) const {
-  return mergeNumber_.empty() ? eventOf(row) == loadedText_
+  return mergeNumber_.empty() ? isEvent(row, loadedText_)
                               : selection_.text(row, selection_column::MergeNumber) == mergeNumber_;
 }
 
@@ -171,9 +178,9 @@ bool BatchBilling::CheckKMH() const {
   return complete;
 }
 
-void BatchBilling::ToolSave() {
-  trapped(run_, "FrmBatBill ToolSave", [this] {
-    if (!CheckKMH()) return;
+bool BatchBilling::ToolSave() {
+  if (!CheckKMH()) return false;
+  return trapped(run_, "FrmBatBill ToolSave", [this] {
     constexpr std::size_t kHeaderAndTwoLines = 3;
     request_.merge = CheckHB && lines_.rows() != kHeaderAndTwoLines;
     request_.CheckHB = CheckHB;

@@ -49,8 +49,9 @@ class BatchBilling {
   /// False after a message when a line has no subject.
   bool CheckKMH() const;
   /// Rewrites the staged rows of the loaded lines: merge number, order, key and subject. `request` has the
-  /// key then. Failures are reported in a box and leave the earlier lines rewritten.
-  void ToolSave();
+  /// key then. False, after a message, when a subject is missing or a statement fails; a failure leaves the
+  /// earlier lines rewritten.
+  bool ToolSave();
   bool CheckHB = false;  // the box "合并(科目及辅助项相同的分录)"
   /// What the voucher window is to show.
   const VoucherRequest& request() const { return request_; }
@@ -58,6 +59,7 @@ class BatchBilling {
  private:
   void setMarks(const char* mark);
   std::string eventOf(std::size_t row) const;
+  bool isEvent(std::size_t row, std::string_view text) const;
   bool belongs(std::size_t row) const;
   void loadEvent(const std::string& voucherKey);
   void makeKey();

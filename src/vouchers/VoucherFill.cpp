@@ -47,15 +47,13 @@ std::array<bool, 4> VoucherFill::moveEnabled(std::size_t vouchers) {
   return {several, several, false, false};
 }
 
-void VoucherFill::LoadVouch() {
-  trapped(run_, "frmPZFill LoadVouch", [this] {
+bool VoucherFill::LoadVouch() {
+  bool shown = true;
+  const bool loaded = trapped(run_, "frmPZFill LoadVouch", [&] {
     localPZ_.Clear();
-    if (giPZCount() == 0) {
-      localPZ_.VoucherState = voucher_state::Normal;
-      return;
-    }
-    trapped(run_, "A7 frmPZFill ShowPZ", [this] { ShowPZ(); });
+    if (giPZCount() > 0) shown = trapped(run_, "A7 frmPZFill ShowPZ", [this] { ShowPZ(); });
   });
+  return loaded && shown;
 }
 
 void VoucherFill::ShowPZ() {
@@ -94,7 +92,8 @@ void VoucherFill::showHead(const Recordset& first) {
   localPZ_.BillMaker = run_.gstrUser;
   localPZ_.Attachments = shortOrZero(first.Fields("idoc"));
   if (!bPZmodify_) return;
-  PZ1_.front().PZino_id = shortOrZero(first.Fields("ino_id"));
+  ino_id_ = shortOrZero(first.Fields("ino_id"));
+  PZ1_.front().PZino_id = ino_id_;
   const Value date = first.Fields("doutbilldate");
   const Value maker = first.Fields("cbill");
   if (!date.isNull()) localPZ_.VoucherDate = date.date();
@@ -176,18 +175,17 @@ bool VoucherFill::checkLines() const {
   return true;
 }
 
-/// The number of a voucher that is in the ledger stays, its entries make way; another takes the next one.
-std::int16_t VoucherFill::numberToSave() {
+/// A voucher that is in the ledger keeps its number, and its entries make way; another takes the next number.
+void VoucherFill::makeRoom() {
   if (bPZmodify_) {
-    const std::int16_t number = PZ1_.front().PZino_id;
-    run_.dbZKData.Execute(sql("delete from gl_accvouch where ino_id=", number, " and iperiod=", period_));
-    return number;
+    run_.dbZKData.Execute(sql("delete from gl_accvouch where ino_id=", ino_id_, " and iperiod=", period_));
+    return;
   }
   const Recordset highest = run_.dbZKData.OpenRecordset("select max(ino_id) as Max_ino_id from gl_accvouch");
-  return CInt(highest.Fields("Max_ino_id").numberOrZero() + 1);
+  ino_id_ = CInt(highest.Fields("Max_ino_id").numberOrZero() + 1);
 }
 
-void VoucherFill::writeLines(std::int16_t number) {
+void VoucherFill::writeLines() {
   const std::string& key = request_.scOutSign;
   Recordset entries = run_.dbZKData.OpenRecordset("select top 1 * from gl_accvouch");
   for (std::size_t i = 1; i <= localPZ_.RowCount(); ++i) {
@@ -196,7 +194,7 @@ void VoucherFill::writeLines(std::int16_t number) {
     entries.Collect("iperiod", run_.period());
     entries.Collect("Csign", localPZ_.VoucherSign);
     entries.Collect("iSignSeq", localPZ_.SignSeq);
-    entries.Collect("ino_id", number);
+    entries.Collect("ino_id", ino_id_);
     entries.Collect("inid", static_cast<std::int32_t>(i));
     entries.Collect("doutbilldate", localPZ_.VoucherDate);
     entries.Collect("idoc", localPZ_.Attachments);
@@ -228,7 +226,10 @@ bool VoucherFill::Save() {
   }
   // A killed process leaves the voucher with its mark on the staged rows, or neither.
   const KeptTogether together = run_.dbZKData.keepTogether();
-  writeLines(numberToSave());
+  makeRoom();
+  writeLines();
+  bPZmodify_ = true;
+  period_ = static_cast<std::int16_t>(run_.period());
   localPZ_.VoucherState = voucher_state::Saved;
   run_.dbZKData.Execute(sql("update fa_ZWVouchers set cDefine1='1' where cDefine10 like '",
                             request_.scOutSign, "*' and ioutperiod=", run_.period()));

@@ -34,8 +34,9 @@ class VoucherFill {
  public:
   VoucherFill(RunContext& run, VoucherRequest request, Voucher& localPZ);
 
-  /// Clears the editor and shows the first voucher. Failures are reported in a box.
-  void LoadVouch();
+  /// Clears the editor and shows the first voucher. False, after a box, on a failure; what was shown before
+  /// it stays.
+  bool LoadVouch();
 
   /// Enabled states of cmdTool 6 to 9 (first, previous, next, last) for that many vouchers.
   static std::array<bool, 4> moveEnabled(std::size_t vouchers);
@@ -43,6 +44,8 @@ class VoucherFill {
   const std::vector<WindowVoucher>& PZ1() const { return PZ1_; }
   /// The voucher is in the ledger already; saving replaces it there under its number.
   bool bPZmodify() const { return bPZmodify_; }
+  /// Number of the voucher being edited; 0 as long as it has none.
+  std::int16_t ino_id() const { return ino_id_; }
 
   /// Before a person changes anything: false, after a message, when that is refused. Where it is granted the
   /// voucher is open again and the operator its maker.
@@ -66,14 +69,15 @@ class VoucherFill {
   void addLine(std::string digest, std::string code, Currency debit, Currency credit);
   bool refuse(const std::string& text) const;
   bool checkLines() const;
-  std::int16_t numberToSave();
-  void writeLines(std::int16_t number);
+  void makeRoom();
+  void writeLines();
 
   RunContext& run_;
   VoucherRequest request_;
   Voucher& localPZ_;
   std::vector<WindowVoucher> PZ1_;
   bool bPZmodify_ = false;
+  std::int16_t ino_id_ = 0;
   std::int16_t period_ = 0;  // of the loaded voucher, when it is in the ledger
 };
 

@@ -143,7 +143,7 @@ TEST_F(BatchBillingTest, AnEmptyListLoadsNothing) {
   EXPECT_EQ(billing.loadedText(), "");
   EXPECT_TRUE(billing.CheckKMH());
   dialogs.expectOk("FrmBatBill ToolSave 错误描述:下标越界", Icon::Exclamation, "固定资产");
-  billing.ToolSave();
+  EXPECT_FALSE(billing.ToolSave());
 }
 
 TEST_F(BatchBillingTest, KeepsASubjectThatTheChartLacksOut) {
@@ -164,7 +164,7 @@ TEST_F(BatchBillingTest, SavesNothingWhileASubjectIsMissing) {
   billing.loadLines();
   EXPECT_TRUE(billing.enterSubject(1, "1501"));
   dialogs.expectOk("科目不能为空!", Icon::Exclamation, "固定资产");
-  billing.ToolSave();
+  EXPECT_FALSE(billing.ToolSave());
   EXPECT_THAT(staged("ccode,cDefine10"), ElementsAre("~|新增资产", "~|新增资产"));
   EXPECT_EQ(billing.request().scOutSign, "");
 }
@@ -176,7 +176,7 @@ TEST_F(BatchBillingTest, SavesKeyOrderAndSubjectsOfAnEvent) {
   billing.toggleMark(2);
   billing.loadLines();
   completeSubjects(billing, "1501", "100201");
-  billing.ToolSave();
+  EXPECT_TRUE(billing.ToolSave());
   EXPECT_THAT(rows("select i_id,cDefine1,cDefine2,cDefine5,cDefine10,ccode from fa_ZWVouchers where "
                    "coutsign='卡片' order by i_id"),
               ElementsAre("5|~|~|1|卡片(00001)|1501", "6|~|~|2|卡片(00001)|100201"));
@@ -188,7 +188,7 @@ TEST_F(BatchBillingTest, SavesKeyOrderAndSubjectsOfAnEvent) {
   billing.CheckHB = true;
   billing.loadLines();
   completeSubjects(billing, "1501", "1502");
-  billing.ToolSave();
+  EXPECT_TRUE(billing.ToolSave());
   EXPECT_THAT(rows("select cDefine2,cDefine5,cDefine10,ccode from fa_ZWVouchers where coutsign='折旧计提' "
                    "order by i_id"),
               ElementsAre("~|1|合并制单(1)|550202", "~|2|合并制单(1)|410502", "~|3|合并制单(1)|410502",
@@ -209,7 +209,7 @@ TEST_F(BatchBillingTest, GivesAMergedSetOneKeyAndItsNumber) {
   EXPECT_THAT(staged("cDefine2,cDefine5,cDefine10"),
               ElementsAre("3|1|卡片(00001)", "3|2|卡片(00001)", "3|3|卡片(00001)", "3|4|卡片(00001)"));
   billing.CheckHB = true;
-  billing.ToolSave();
+  EXPECT_TRUE(billing.ToolSave());
   EXPECT_THAT(staged("cDefine10"), testing::Each(std::string("合并制单(1)")));
 }
 
@@ -244,7 +244,7 @@ TEST_F(BatchBillingTest, AFailureLeavesTheEarlierLinesRewritten) {
       "FrmBatBill ToolSave 错误描述:语法错误 (操作符丢失) 在查询表达式 "
       "'cDefine2='1',cDefine5='3',cDefine10='卡片(00001)',ccode='15'02' where i_id=3' 中。",
       Icon::Exclamation, "固定资产");
-  billing.ToolSave();
+  EXPECT_FALSE(billing.ToolSave());
   EXPECT_THAT(staged("cDefine10,ccode"),
               ElementsAre("卡片(00001)|1501", "卡片(00001)|1502", "新增资产|15'02", "新增资产|~"));
 }

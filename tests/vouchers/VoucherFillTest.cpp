@@ -182,6 +182,21 @@ TEST_F(VoucherFillTest, RefusesLinesInTheirOrderAndASecondSave) {
   EXPECT_THAT(ledger("ino_id"), ElementsAre("1", "1"));
 }
 
+TEST_F(VoucherFillTest, WhatIsChangedAfterASaveIsReplaced) {
+  execute("insert into GL_accvouch (iperiod,ino_id,inid) values (4,1,1)");
+  const VoucherRequest request = cardVoucher("00001", "10");
+  Voucher voucher;
+  VoucherFill window(context, request, voucher);
+  window.LoadVouch();
+  EXPECT_EQ(window.ino_id(), 0);
+  EXPECT_TRUE(window.Save());
+  EXPECT_EQ(window.ino_id(), 2);
+  EXPECT_TRUE(window.EditRequest());
+  voucher.Row(1).Digest = "购入";
+  EXPECT_TRUE(window.Save());
+  EXPECT_THAT(ledger("iperiod,ino_id,inid,cdigest"), ElementsAre("4|1|1|~", "5|2|1|购入", "5|2|2|直接购入"));
+}
+
 TEST_F(VoucherFillTest, WritesSignaturesAndAttachments) {
   const VoucherRequest request = cardVoucher("00001", "10");
   Voucher voucher;

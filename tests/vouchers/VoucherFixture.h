@@ -40,7 +40,7 @@ class VoucherTest : public AccountSetTest {
   static VoucherRequest prepared(BatchBilling& billing) {
     billing.loadLines();
     completeSubjects(billing, "1501", "1502");
-    billing.ToolSave();
+    EXPECT_TRUE(billing.ToolSave());
     return billing.request();
   }
   VoucherRequest cardVoucher(const std::string& cardNum, const std::string& value) {

@@ -119,9 +119,8 @@ FieldEntry enterOriginalValue(CardSheet& sheet, std::string text) {
   return {};
 }
 
-FieldEntry enterResidualRate(CardSheet& sheet, std::string text) {
-  if (text.find('%') == std::string::npos) text += '%';
-  sheet.texts[ResidualRate] = std::move(text);
+FieldEntry enterResidualRate(CardSheet& sheet, const std::string& text) {
+  sheet.texts[ResidualRate] = text.find('%') == std::string::npos ? text + '%' : text;
   Figures(sheet).residualValue();
   return {};
 }
@@ -138,7 +137,7 @@ FieldEntry enterField(CardSheet& sheet, CardField field, std::string text, DateT
     case OriginalValue:
       return enterOriginalValue(sheet, std::move(text));
     case ResidualRate:
-      return enterResidualRate(sheet, std::move(text));
+      return enterResidualRate(sheet, text);
     case ResidualValue:
     case AccumulatedDepreciation:
     case NetValue:

@@ -1,5 +1,9 @@
 #include "base/Dialogs.h"
 
+#include <iostream>
+
+#include "base/RuntimeError.h"
+
 namespace zelkor {
 
 Answer Dialogs::MsgBox(const std::string& text, Buttons buttons, Icon icon, const std::string& title) {
@@ -7,13 +11,27 @@ Answer Dialogs::MsgBox(const std::string& text, Buttons buttons, Icon icon, cons
 }
 
 Answer Dialogs::MsgBox(const MessageBox& box) {
+  goOn();
   if (beforeShowing_) beforeShowing_();
-  return ask(box);
+  const Answer answer = ask(box);
+  goOn();
+  return answer;
 }
 
 void Dialogs::showGrid(const std::string& caption, const TextGrid& grid) {
+  goOn();
   if (beforeShowing_) beforeShowing_();
   present(caption, grid);
+  goOn();
+}
+
+void Dialogs::report(const MessageBox& box) {
+  if (!tellsOnStandardError()) std::cerr << box.text << std::endl;
+  MsgBox(box);
+}
+
+void Dialogs::goOn() const {
+  if (ended_) throw EndProgram{*ended_};
 }
 
 }  // namespace zelkor

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/TextGrid.h"
@@ -22,6 +24,13 @@ struct MessageBox {
   DefaultButton defaultButton = DefaultButton::First;
 };
 
+/// How far a long job has come.
+struct Progress {
+  std::string text;
+  std::size_t done = 0;
+  std::size_t all = 0;
+};
+
 /// How the program talks to the person in front of it: in a window, in a terminal, or in a test.
 class Dialogs {
  public:
@@ -33,6 +42,19 @@ class Dialogs {
   Answer MsgBox(const MessageBox& box);
   /// Shows a table that a batch job ends with, modal, under its caption.
   void showGrid(const std::string& caption, const TextGrid& grid);
+  /// A report that scripts look for: in a box, and once on standard error.
+  void report(const MessageBox& box);
+
+  /// Where there is a place for it, shows how a long job comes on; see LongJob. Waits for nobody.
+  virtual void showProgress(const Progress& /*progress*/) {}
+  virtual void endProgress() {}
+
+  /// Whether boxes that only tell come out on standard error by themselves, for want of a screen.
+  virtual bool tellsOnStandardError() const { return false; }
+
+  /// Once the program has ended with a status nothing is shown any more, and who asks or waits for an answer
+  /// gets EndProgram; until it is taken back.
+  void setEnded(std::optional<int> status) { ended_ = status; }
 
   /// Called before anything is shown, so that nothing waits in memory while a person thinks.
   void setBeforeShowing(std::function<void()> hook) { beforeShowing_ = std::move(hook); }
@@ -42,7 +64,10 @@ class Dialogs {
   virtual void present(const std::string& caption, const TextGrid& grid) = 0;
 
  private:
+  void goOn() const;
+
   std::function<void()> beforeShowing_;
+  std::optional<int> ended_;
 };
 
 }  // namespace zelkor

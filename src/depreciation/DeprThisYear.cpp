@@ -10,7 +10,7 @@ namespace zelkor {
 DeprThisYear::~DeprThisYear() {
   try {
     write();
-  } catch (const std::exception&) {
+  } catch (...) {
   }
 }
 

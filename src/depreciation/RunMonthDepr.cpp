@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Format.h"
+#include "base/LongJob.h"
 #include "base/RuntimeError.h"
 #include "depreciation/CalcCardDepr.h"
 #include "depreciation/StagedDepr.h"
@@ -35,7 +36,11 @@ std::vector<std::string> cardsInService(RunContext& run) {
 bool computeCards(RunContext& run) {
   const std::vector<std::string> cardNums = cardsInService(run);
   DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::WhenWalkEnds);
-  for (const std::string& cardNum : cardNums) CalcCardDepr(run, cardNum, deprThisYear);
+  LongJob job(run.dialogs, "正在计提折旧，请稍候……", cardNums.size());
+  for (const std::string& cardNum : cardNums) {
+    CalcCardDepr(run, cardNum, deprThisYear);
+    job.step();
+  }
   deprThisYear.write();
   return !cardNums.empty();
 }

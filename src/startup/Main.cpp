@@ -1,7 +1,5 @@
 #include "startup/Main.h"
 
-#include <iostream>
-
 #include "base/RuntimeError.h"
 #include "startup/Arguments.h"
 #include "startup/Logs.h"
@@ -43,9 +41,8 @@ void prepareRun(RunContext& context, const std::string& arguments) {
 void Main(RunContext& context, const std::string& arguments, const RunTypeJobs& jobs,
           const std::function<bool()>& becomeOnlyInstance) {
   if (!becomeOnlyInstance()) {
-    const std::string refusal = "程序已打开，如要再次打开，请关闭已打开的程序！";
-    std::cerr << refusal << '\n';
-    context.dialogs.MsgBox(refusal, Buttons::Ok, Icon::Exclamation, "凭证");
+    context.dialogs.report(
+        {"程序已打开，如要再次打开，请关闭已打开的程序！", Buttons::Ok, Icon::Exclamation, "凭证"});
     throw EndProgram{kRefusedStatus};
   }
   prepareRun(context, arguments);

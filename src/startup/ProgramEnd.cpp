@@ -10,7 +10,7 @@ constexpr int kFailedStatus = 1;
 
 /// The report must come through whatever else fails by then.
 void report(RunContext& context, const std::string& text) {
-  std::cerr << text << std::endl;
+  if (!context.dialogs.tellsOnStandardError()) std::cerr << text << std::endl;
   try {
     context.engine.flush();
   } catch (const std::exception& error) {

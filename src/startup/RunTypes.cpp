@@ -1,7 +1,6 @@
 #include "startup/RunTypes.h"
 
 #include <algorithm>
-#include <iostream>
 
 #include "base/RuntimeError.h"
 
@@ -123,10 +122,9 @@ std::vector<RunTypeRow> allRunTypes() {
 
 const Job& jobOf(RunContext& context, const RunTypeRow& row, std::string_view name, const RunTypeJobs& jobs) {
   if (const Job* job = jobs.find(name)) return *job;
-  const std::string refusal =
-      "本程序中没有“" + std::string(name) + "”，运行类型" + std::to_string(row.runType) + "不能在此执行！";
-  std::cerr << refusal << '\n';
-  context.dialogs.MsgBox(refusal, Buttons::Ok, Icon::Exclamation, std::string(kTitle));
+  context.dialogs.report(
+      {"本程序中没有“" + std::string(name) + "”，运行类型" + std::to_string(row.runType) + "不能在此执行！",
+       Buttons::Ok, Icon::Exclamation, std::string(kTitle)});
   throw EndProgram{1};
 }
 

@@ -55,6 +55,7 @@ DbEngine::DbEngine() = default;
 DbEngine::~DbEngine() = default;
 
 Database DbEngine::OpenDatabase(const std::string& path) {
+  if (ended_) throw EndProgram{*ended_};
   std::weak_ptr<Connection>& known = workspace_.connections_[identityOf(path)];
   std::shared_ptr<Connection> connection = known.lock();
   if (!connection) {
@@ -63,6 +64,11 @@ Database DbEngine::OpenDatabase(const std::string& path) {
     known = connection;
   }
   return Database(std::move(connection));
+}
+
+void DbEngine::setEnded(std::optional<int> status) {
+  ended_ = status;
+  workspace_.forEachConnection([status](Connection& connection) { connection.setEnded(status); });
 }
 
 void DbEngine::flush() {

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "store/Database.h"
@@ -45,8 +46,13 @@ class DbEngine {
   /// Writes out what the connections have gathered: before a dialog, before waiting, before the end.
   void flush();
 
+  /// Once the program has ended with a status no statement is run any more: who issues one gets EndProgram;
+  /// until it is taken back. What was gathered before can still be written out.
+  void setEnded(std::optional<int> status);
+
  private:
   Workspace workspace_;
+  std::optional<int> ended_;
 };
 
 }  // namespace zelkor

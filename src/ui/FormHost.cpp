@@ -15,12 +15,25 @@ FormHost::~FormHost() = default;
 
 void FormHost::dispatch(const std::function<void()>& routine) {
   if (endStatus_) return;
+  ++running_;
   const auto status = runToEnd(context_, routine);
-  // A routine that opened a modal form has seen the end already in there.
-  if (!status || endStatus_) return;
+  --running_;
+  if (status && !endStatus_) end(*status);
+  if (running_ == 0) endServices(std::nullopt);
+}
+
+/// An exception cannot pass through the window system to the routines around this one. They are stopped where
+/// they turn to data or dialogs, which is before anything of theirs could be seen.
+void FormHost::end(int status) {
   endStatus_ = status;
+  endServices(status);
   for (QEventLoop* loop : modalLoops_) loop->quit();
-  endProcess_(*status);
+  endProcess_(status);
+}
+
+void FormHost::endServices(std::optional<int> status) {
+  context_.engine.setEnded(status);
+  context_.dialogs.setEnded(status);
 }
 
 void FormHost::keepAndShow(std::unique_ptr<Form> form) {
@@ -30,13 +43,15 @@ void FormHost::keepAndShow(std::unique_ptr<Form> form) {
 }
 
 void FormHost::showModal(Form& form) {
+  if (endStatus_) throw EndProgram{*endStatus_};
   context_.engine.flush();
   QEventLoop loop;
   modalLoops_.push_back(&loop);
   form.onClosed([&loop] { loop.quit(); });
   form.setWindowModality(Qt::ApplicationModal);
   form.show();
-  loop.exec();
+  // Showing it may have closed it or ended the program; a loop that begins then would never be left.
+  if (!endStatus_ && form.isVisible()) loop.exec();
   form.onClosed({});
   modalLoops_.pop_back();
   if (endStatus_) throw EndProgram{*endStatus_};

@@ -28,9 +28,10 @@ class FormHost {
 
   RunContext& run() { return context_; }
 
-  /// Runs an event routine: nothing that it throws gets out, what it has written is made durable. A runtime
-  /// error is reported and ends the process with status 1. After the end of the program nothing runs any
-  /// more.
+  /// Runs an event routine, or the program's entry routine: nothing that it throws gets out, what it has
+  /// written is made durable. A runtime error is reported and ends the process with status 1. After the end
+  /// of the program nothing runs any more: a routine in whose course another one has ended the program gets
+  /// no further than to its next statement, box or form.
   void dispatch(const std::function<void()>& routine);
   /// Exit status, once the program has ended inside an event routine.
   std::optional<int> endStatus() const { return endStatus_; }
@@ -48,10 +49,13 @@ class FormHost {
 
  private:
   void keepAndShow(std::unique_ptr<Form> form);
+  void end(int status);
+  void endServices(std::optional<int> status);
 
   RunContext& context_;
   std::function<void(int)> endProcess_;
   std::optional<int> endStatus_;
+  int running_ = 0;  // event routines that are under way, one inside the other
   std::vector<std::unique_ptr<Form>> forms_;
   std::vector<QEventLoop*> modalLoops_;  // innermost last
 };

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "ui/FlexGrid.h"
+#include "ui/ProgressBox.h"
 
 namespace zelkor {
 namespace {
@@ -85,20 +86,32 @@ Answer answerOfClosing(Buttons buttons) {
   return Answer::Cancel;
 }
 
-/// Where there is no screen nobody can press a button: a box that only tells must not wait for one.
-bool hasScreen() {
-  const QString platform = QGuiApplication::platformName();
-  return platform != "offscreen" && platform != "minimal";
-}
-
 QString titleOf(const std::string& title) {
   return title.empty() ? QStringLiteral("Zelkor") : QString::fromStdString(title);
 }
 
 }  // namespace
 
+QtDialogs::QtDialogs() = default;
+QtDialogs::~QtDialogs() = default;
+
+/// Where there is no screen nobody can press a button: a box that only tells must not wait for one.
+bool QtDialogs::tellsOnStandardError() const {
+  const QString platform = QGuiApplication::platformName();
+  return platform == "offscreen" || platform == "minimal";
+}
+
+void QtDialogs::showProgress(const Progress& progress) {
+  if (!progress_) progress_ = std::make_unique<ProgressBox>();
+  progress_->showState(progress);
+}
+
+void QtDialogs::endProgress() {
+  progress_.reset();
+}
+
 Answer QtDialogs::ask(const MessageBox& box) {
-  if (box.buttons == Buttons::Ok && !hasScreen()) {
+  if (box.buttons == Buttons::Ok && tellsOnStandardError()) {
     std::cerr << titleOf(box.title).toStdString() << ": " << box.text << std::endl;
     return Answer::Ok;
   }

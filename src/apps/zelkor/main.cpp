@@ -1,6 +1,7 @@
 #include "startup/Main.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 #include <QApplication>
 #include <QStringList>
@@ -29,6 +30,16 @@ bool displayIsMissing() {
   return unset("DISPLAY") && unset("WAYLAND_DISPLAY") && unset("QT_QPA_PLATFORM");
 }
 
+/// Qt gives up with an abort where it finds no way to a screen, and tells so in several lines: while it looks
+/// for one, the last of them ends the process in an orderly way instead.
+void giveUpOrderly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type != QtFatalMsg) return;
+  const QString why = text.section('\n', 0, 0);
+  std::cerr << "zelkor: 不能连接显示器“" << qEnvironmentVariable("DISPLAY").toStdString()
+            << "”，不能打开窗口：" << why.toStdString() << std::endl;
+  std::_Exit(1);
+}
+
 bool anyFormIsShown() {
   const QWidgetList windows = QApplication::topLevelWidgets();
   return std::ranges::any_of(windows, [](const QWidget* window) { return window->isVisible(); });
@@ -47,10 +58,8 @@ int runModule() {
   addBatchJobs(jobs);
   addScreens(jobs, host);
   SingleInstance instance;
-  const auto status = runToEnd(
-      context, [&] { Main(context, argumentString(), jobs, [&instance] { return instance.acquire(); }); });
-  if (status) return *status;
-  if (const auto end = host.endStatus()) return *end;  // a form has ended the program while it was shown
+  host.dispatch([&] { Main(context, argumentString(), jobs, [&instance] { return instance.acquire(); }); });
+  if (const auto status = host.endStatus()) return *status;
   return anyFormIsShown() ? QApplication::exec() : 0;
 }
 
@@ -62,7 +71,9 @@ int main(int argc, char** argv) {
     std::cerr << "zelkor: 没有显示器（DISPLAY 未设置），不能打开窗口；批处理运行类型可用 zelkorctl run\n";
     return 1;
   }
+  qInstallMessageHandler(zelkor::giveUpOrderly);
   QApplication application(argc, argv);
+  qInstallMessageHandler(nullptr);
   QApplication::setApplicationName("Zelkor");
   zelkor::applyTheme(application);
   return zelkor::runModule();

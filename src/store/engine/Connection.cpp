@@ -56,11 +56,18 @@ auto Connection::withStatement(std::string_view sql, Use use) {
   return use(*statements_.find(sql, shape_));
 }
 
+void Connection::goOn() const {
+  if (ended_) throw EndProgram{*ended_};
+}
+
 long Connection::execute(std::string_view sql) {
+  goOn();
   return withStatement(sql, [&](CachedStatement& statement) { return run(statement, shape_); });
 }
 
 Recordset Connection::open(std::string_view sqlOrTable) {
+  goOn();
+  engine_->requireFile();
   gathering_.afterStatement();
   return isPlainName(sqlOrTable) ? openTable(sqlOrTable) : openQuery(sqlOrTable);
 }
@@ -117,6 +124,7 @@ long Connection::runAction(CachedStatement& statement, const dialect::Shape& sha
 }
 
 long Connection::write(EngineStatement& statement) {
+  goOn();
   letReadersGo();
   gathering_.beforeWrite();
   ++writes_;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// Writes out gathered statements and lets recordsets give up the rows that they are still reading from.
   void flush();
   WriteGathering& gathering() { return gathering_; }
+  /// See DbEngine::setEnded.
+  void setEnded(std::optional<int> status) { ended_ = status; }
   /// Undoes what the workspace transaction has written, tables that it made included.
   void rollbackWorkspaceTransaction();
   Engine& engine() { return *engine_; }
@@ -61,6 +64,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   long runTableChange(const CachedStatement& statement, const dialect::Shape& shape);
   bool fastFormAllowed(CachedStatement& statement);
   void forgetTables();
+  void goOn() const;
 
   std::unique_ptr<Engine> engine_;
   SchemaCache schema_;
@@ -69,6 +73,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::map<std::string, std::unique_ptr<EngineStatement>, std::less<>> prepared_;
   std::vector<RecordsetState*> readers_;
   std::uint64_t writes_ = 0;
+  std::optional<int> ended_;
   dialect::Shape shape_;  // buffers kept from statement to statement
 };
 

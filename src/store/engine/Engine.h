@@ -49,6 +49,9 @@ class Engine {
   /// Runs statements that give no rows and take no parameters.
   virtual void run(const std::string& sql) = 0;
 
+  /// Before a query: error 3024 when the file is no longer where it was opened. Looks now and then only; what
+  /// is written is never written past such a file.
+  virtual void requireFile() = 0;
   /// Opens a transaction that may write at once; waits for other writers.
   virtual void begin() = 0;
   virtual void commit() = 0;

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include "base/RuntimeError.h"
 #include "store/engine/SqliteErrors.h"
 #include "store/engine/SqliteFunctions.h"
 #include "store/engine/SqliteStatement.h"
@@ -11,6 +12,8 @@ namespace {
 
 // Long enough for any other process's gathered statements, short enough that a person is told.
 constexpr int busyTimeoutMilliseconds = 10'000;
+// Nobody at a screen is quicker than this.
+constexpr std::chrono::milliseconds timeBetweenLooks{100};
 
 sqlite3* openHandle(const std::string& path) {
   sqlite3* handle = nullptr;
@@ -31,7 +34,7 @@ void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
   sqlite3_finalize(handle);
 }
 
-SqliteEngine::SqliteEngine(const std::string& path) : handle_(openHandle(path)) {
+SqliteEngine::SqliteEngine(const std::string& path) : handle_(openHandle(path)), path_(path) {
   sqlite3_extended_result_codes(handle_.get(), 1);
   sqlite3_busy_timeout(handle_.get(), busyTimeoutMilliseconds);
   registerSqliteFunctions(handle_.get());
@@ -52,13 +55,29 @@ void SqliteEngine::run(const std::string& sql) {
   if (code != SQLITE_OK) raiseSqliteError(handle_.get(), code);
 }
 
+/// The system lets an open file be removed or replaced, and takes what is written to it all the same: it
+/// would be lost without a word.
+void SqliteEngine::lookForFile() {
+  nextLook_ = Clock::now() + timeBetweenLooks;
+  int moved = 0;
+  if (sqlite3_file_control(handle_.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK || moved == 0)
+    return;
+  throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path_ + "'。");
+}
+
+void SqliteEngine::requireFile() {
+  if (Clock::now() >= nextLook_) lookForFile();
+}
+
 void SqliteEngine::begin() {
+  lookForFile();
   begin_->reset();
   begin_->step();
   begin_->reset();
 }
 
 void SqliteEngine::commit() {
+  lookForFile();
   commit_->reset();
   commit_->step();
   commit_->reset();

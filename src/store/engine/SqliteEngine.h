@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "store/engine/Engine.h"
@@ -27,6 +28,7 @@ class SqliteEngine final : public Engine {
   dialect::EngineKind kind() const override { return dialect::EngineKind::Sqlite; }
   std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
   void run(const std::string& sql) override;
+  void requireFile() override;
   void begin() override;
   void commit() override;
   void rollback() override;
@@ -37,7 +39,13 @@ class SqliteEngine final : public Engine {
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
+  void lookForFile();
+
   SqliteHandle handle_;
+  std::string path_;
+  Clock::time_point nextLook_;
   std::unique_ptr<EngineStatement> begin_;
   std::unique_ptr<EngineStatement> commit_;
 };

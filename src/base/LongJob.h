@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+#include "base/Dialogs.h"
+
+namespace zelkor {
+
+/// Tells the person in front how far a long job has come: not at all in its first moments, later a few times
+/// a second. What was shown goes when the job does.
+class LongJob {
+ public:
+  using Milliseconds = std::chrono::milliseconds;
+  static constexpr Milliseconds usualPause{250};
+
+  /// `pause` lies between two looks at the job, and before the first.
+  LongJob(Dialogs& dialogs, std::string text, std::size_t steps, Milliseconds pause = usualPause);
+  LongJob(const LongJob&) = delete;
+  LongJob& operator=(const LongJob&) = delete;
+  ~LongJob();
+
+  /// One more of the steps is done.
+  void step();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  Dialogs& dialogs_;
+  Progress progress_;
+  Milliseconds pause_;
+  Clock::time_point next_;
+  bool shown_ = false;
+};
+
+}  // namespace zelkor

@@ -7,12 +7,31 @@
 namespace zelkor {
 namespace {
 
-void addLevel(ClsBLLDepart& departs, Recordset rows, const std::string& parentKey, int level,
-              std::vector<TreeRow>& tree) {
+/// Adds the departments of a recordset below `parentKey`; each one's code is handed on for the level below.
+template <typename Deeper>
+void loadDeparts(Recordset rows, const std::string& parentKey, std::vector<TreeRow>& tree, Deeper deeper) {
   for (; rows.isOpen() && !rows.Eof(); rows.MoveNext()) {
     const std::string code = rows.TextOrEmpty("cDepCode");
     tree.push_back({"D" + code, parentKey, "(" + code + ")" + rows.TextOrEmpty("cDepName"), code});
-    addLevel(departs, departs.GetDepartsInfo(code, level + 1), "D" + code, level + 1, tree);
+    deeper(code);
+  }
+}
+
+void LoadSubDeparts(ClsBLLDepart& departs, const std::string& parent, int level, std::vector<TreeRow>& tree) {
+  try {
+    loadDeparts(departs.GetDepartsInfo(parent, level), "D" + parent, tree,
+                [&](const std::string& code) { LoadSubDeparts(departs, code, level + 1, tree); });
+  } catch (const RuntimeError& error) {
+    WriteErrorLog(error.number(), error.what(), "LoadSubDeparts");
+  }
+}
+
+void LoadAllDeparts(ClsBLLDepart& departs, std::vector<TreeRow>& tree) {
+  try {
+    loadDeparts(departs.TopDepartInfo(), "", tree,
+                [&](const std::string& code) { LoadSubDeparts(departs, code, 2, tree); });
+  } catch (const RuntimeError& error) {
+    WriteErrorLog(error.number(), error.what(), "LoadAllDeparts");
   }
 }
 
@@ -20,11 +39,7 @@ void addLevel(ClsBLLDepart& departs, Recordset rows, const std::string& parentKe
 
 std::vector<TreeRow> departTree(ClsBLLDepart& departs) {
   std::vector<TreeRow> tree;
-  try {
-    addLevel(departs, departs.TopDepartInfo(), "", 1, tree);
-  } catch (const RuntimeError& error) {
-    WriteErrorLog(error.number(), error.what(), "LoadAllDeparts");
-  }
+  LoadAllDeparts(departs, tree);
   return tree;
 }
 

@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QSignalBlocker>
-#include <QSplitter>
 
 #include "archives/DepartArchive.h"
 #include "store/SubjectText.h"
@@ -33,7 +32,7 @@ FrmDepartPzCode::FrmDepartPzCode(FormHost& host)
 void FrmDepartPzCode::arrangeControls() {
   Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
   dressTree(*TvLeft);
-  CmdGDZCDZKM->setProperty("pick", true);
+  dressPick(CmdGDZCDZKM);
   TxtGDZCDZKM->setMinimumWidth(260);
   fillTabs(*SSTab1,
            {{"列表", row({wide(MSFlexGrid1)})},
@@ -43,18 +42,7 @@ void FrmDepartPzCode::arrangeControls() {
                                           {"折旧科目：", row({LblZJKM, wide(TxtGDZCDZKM), CmdGDZCDZKM})}}),
                                   stretch()}),
                              stretch()})}});
-  auto* split = new QSplitter;
-  split->addWidget(TvLeft);
-  split->addWidget(SSTab1);
-  split->setStretchFactor(1, 1);
-  split->setSizes({280, 560});
-  split->setChildrenCollapsible(false);
-  auto* body = row({wide(split)});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
+  arrangeScreen(this, Toolbar1, row({wide(panes(TvLeft, 280, SSTab1, 560))}));
   resize(880, 540);
 }
 

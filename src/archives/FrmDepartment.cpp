@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QSignalBlocker>
-#include <QSplitter>
 
 #include "archives/CodingRule.h"
 #include "archives/DepartArchive.h"
@@ -37,7 +36,7 @@ FrmDepartment::FrmDepartment(FormHost& host)
 void FrmDepartment::arrangeControls() {
   Toolbar1->setButtons({"增加", "删除", "修改", "", "恢复", "保存", "", "刷新", "", "退出"});
   dressTree(*TvLeft);
-  CmdFindPerson->setProperty("pick", true);
+  dressPick(CmdFindPerson);
   auto* details = column({LblCodeSet, space(4),
                           row({fields({{"部门编码：", TxtEdit[Code]},
                                        {"部门名称：", TxtEdit[Name]},
@@ -49,18 +48,7 @@ void FrmDepartment::arrangeControls() {
                                space(12)}),
                           stretch()});
   details->setContentsMargins(12, 0, 0, 0);
-  auto* split = new QSplitter;
-  split->addWidget(TvLeft);
-  split->addWidget(page(details));
-  split->setStretchFactor(1, 1);
-  split->setSizes({280, 460});
-  split->setChildrenCollapsible(false);
-  auto* body = row({wide(split)});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
+  arrangeScreen(this, Toolbar1, row({wide(panes(TvLeft, 280, page(details), 460))}));
   resize(800, 520);
 }
 
@@ -135,10 +123,13 @@ void FrmDepartment::Toolbar1_ButtonClick(const QString& caption) {
 }
 
 void FrmDepartment::TvLeft_NodeClick() {
+  QTreeWidgetItem* clicked = TvLeft->currentItem();
   if (dirty_) {
     const Answer answer =
         run().dialogs.MsgBox("部门档案信息已修改，保存修改结果吗？", Buttons::YesNo, Icon::Question, "提示!");
     if (answer == Answer::Yes) save();
+    const QSignalBlocker quiet(TvLeft);
+    TvLeft->setCurrentItem(clicked);  // saving a new department has gone to it
   }
   show(selectedCode());
   unlock(false);

@@ -1,5 +1,6 @@
 #include "archives/FrmFLBMB.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QSignalBlocker>
 
@@ -30,7 +31,7 @@ void FrmFLBMB::connectEvents() {
   on(TvLeft, &QTreeWidget::currentItemChanged, &FrmFLBMB::TvLeft_NodeClick);
   on(MSFlexGrid1, &FlexGrid::rowSelected, &FrmFLBMB::MSFlexGrid1_RowColChange);
   on(MSFlexGrid1, &FlexGrid::rowOpened, &FrmFLBMB::MSFlexGrid1_DblClick);
-  on(TxtZJFF, &QLineEdit::editingFinished, &FrmFLBMB::TxtZJFF_Validate);
+  onLeaving(TxtZJFF, &FrmFLBMB::TxtZJFF_Validate);
   on(CmdZJFF, &QPushButton::clicked, &FrmFLBMB::CmdZJFF_Click);
 }
 
@@ -98,12 +99,14 @@ void FrmFLBMB::showDetails(const std::string& code) {
 }
 
 /// Shows a code's parts and lets the one of `openLevel` (from 1; 0 for none) be typed into, at the length
-/// that the coding rule gives it.
+/// that the coding rule gives it. A part from the time of another rule is not cut to it.
 void FrmFLBMB::showParts(const AssetTypeCodeParts& parts, int openLevel) {
   const AssetTypeCodingRule rule = readAssetTypeCodingRule(data());
   for (std::size_t i = 0; i < assetTypeLevels; ++i) {
-    TxtBM[i]->setMaxLength(mode_ == Mode::Browse ? kCodePartLimit : rule.lengths[i]);
-    TxtBM[i]->setText(toQt(parts[i]));
+    const QString part = toQt(parts[i]);
+    const int limit = std::max(rule.lengths[i], static_cast<int>(part.size()));
+    TxtBM[i]->setMaxLength(mode_ == Mode::Browse ? kCodePartLimit : limit);
+    TxtBM[i]->setText(part);
     TxtBM[i]->setReadOnly(static_cast<int>(i) + 1 != openLevel);
   }
 }
@@ -111,7 +114,8 @@ void FrmFLBMB::showParts(const AssetTypeCodeParts& parts, int openLevel) {
 void FrmFLBMB::followSelection() {
   const bool browsing = mode_ == Mode::Browse;
   const bool onRow = current_.level > 0;
-  Toolbar1->enable("增加", browsing && current_.level < readAssetTypeCodingRule(data()).deepestLevel());
+  Toolbar1->enable("增加",
+                   browsing && (!onRow || current_.level < readAssetTypeCodingRule(data()).deepestLevel()));
   Toolbar1->enable("修改", browsing && onRow);
   Toolbar1->enable("删除", browsing && onRow && current_.children == 0);
   Toolbar1->enable("刷新", browsing);

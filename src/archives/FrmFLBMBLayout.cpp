@@ -1,6 +1,5 @@
 #include <QBoxLayout>
 #include <QLabel>
-#include <QSplitter>
 
 #include "archives/FrmFLBMB.h"
 #include "ui/Layout.h"
@@ -26,20 +25,9 @@ void FrmFLBMB::arrangeControls() {
   Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
   dressTree(*TvLeft);
   arrangeDetails();
-  SSTab1->addTab(MSFlexGrid1, "列表");
+  fillTabs(*SSTab1, {{"列表", row({wide(MSFlexGrid1)})}});
   SSTab1->addTab(Picture1, "单张");
-  auto* split = new QSplitter;
-  split->addWidget(TvLeft);
-  split->addWidget(SSTab1);
-  split->setStretchFactor(1, 1);
-  split->setSizes({260, 740});
-  split->setChildrenCollapsible(false);
-  auto* body = row({wide(split)});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
+  arrangeScreen(this, Toolbar1, row({wide(panes(TvLeft, 260, SSTab1, 740))}));
   resize(1020, 600);
 }
 
@@ -50,7 +38,7 @@ void FrmFLBMB::arrangeDetails() {
   acceptNumbersOnly(TxtSYNX);
   acceptNumbersOnly(TxtJCZL);
   TxtKPYS->setReadOnly(true);
-  CmdZJFF->setProperty("pick", true);
+  dressPick(CmdZJFF);
   auto* parts = row({});
   for (QLineEdit* part : TxtBM) {
     part->setFixedWidth(kPartWidth);

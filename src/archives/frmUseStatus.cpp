@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QSignalBlocker>
-#include <QSplitter>
 
 #include "base/Text.h"
 #include "ui/Layout.h"
@@ -29,7 +28,17 @@ frmUseStatus::frmUseStatus(FormHost& host)
 }
 
 void frmUseStatus::arrangeControls() {
-  Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
+  Toolbar1->setButtons({{"增加", "tlAdd"},
+                        {"删除", "tlDelete"},
+                        {"修改", "tlModify"},
+                        "",
+                        {"取消", "tlCancel"},
+                        {"保存", "tlSave"},
+                        "",
+                        {"刷新", "tlRefresh"},
+                        {"目录", "tlView"},
+                        "",
+                        {"退出", "tlExit"}});
   dressTree(*TreeView1);
   Text1->setReadOnly(true);
   for (QWidget* field : {Text1, Text2, Text3}) field->setMinimumWidth(240);
@@ -40,18 +49,13 @@ void frmUseStatus::arrangeControls() {
                                                       {"是否计题折旧：", Combo1}}),
                                               stretch()}),
                                          stretch()})}});
-  auto* split = new QSplitter;
-  split->addWidget(TreeView1);
-  split->addWidget(TabStrip1);
-  split->setStretchFactor(1, 1);
-  split->setSizes({230, 530});
-  split->setChildrenCollapsible(false);
-  auto* body = column({row({Command1, stretch()}), wide(split)});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
+  TabStrip1->widget(0)->setObjectName("ListItemView");
+  TabStrip1->widget(kSingleView)->setObjectName("SingleView");
+  arrangeScreen(this, Toolbar1,
+                column({row({Command1, stretch()}), wide(panes(TreeView1, 230, TabStrip1, 530))}));
+  ShowCatalog->setObjectName("ShowCatalog");
+  addAction(ShowCatalog);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
   resize(800, 500);
 }
 
@@ -61,7 +65,8 @@ void frmUseStatus::connectEvents() {
   on(MSFlexGrid1, &FlexGrid::rowSelected,
      [this](std::size_t row) { show(MSFlexGrid1->grid().text(row, kIDColumn)); });
   on(MSFlexGrid1, &FlexGrid::rowOpened, [this] { TabStrip1->setCurrentIndex(kSingleView); });
-  on(Command1, &QPushButton::clicked, &frmUseStatus::Command1_Click);
+  on(Command1, &QPushButton::clicked, &frmUseStatus::showOrHideTree);
+  on(ShowCatalog, &QAction::triggered, &frmUseStatus::showOrHideTree);
 }
 
 /// Reads the archive anew; the entry that was selected stays so if it is still there.
@@ -117,32 +122,34 @@ void frmUseStatus::setMode(Mode mode) {
   Text2->setReadOnly(browsing);
   Text3->setReadOnly(browsing);
   Combo1->setEnabled(!browsing);
-  Toolbar1->enable("增加", browsing && onRow);
-  Toolbar1->enable("修改", browsing && onRow);
-  Toolbar1->enable("删除", browsing && onRow);
-  Toolbar1->enable("刷新", browsing);
-  Toolbar1->enable("取消", !browsing);
-  Toolbar1->enable("保存", !browsing);
+  Toolbar1->enable("tlAdd", browsing && onRow);
+  Toolbar1->enable("tlModify", browsing && onRow);
+  Toolbar1->enable("tlDelete", browsing && onRow);
+  Toolbar1->enable("tlRefresh", browsing);
+  Toolbar1->enable("tlCancel", !browsing);
+  Toolbar1->enable("tlSave", !browsing);
   if (browsing) return;
   TabStrip1->setCurrentIndex(kSingleView);
   Text2->setFocus();
 }
 
-void frmUseStatus::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "增加") add();
-  if (caption == "修改") setMode(Mode::Change);
-  if (caption == "删除") remove();
-  if (caption == "保存") save();
-  if (caption == "取消") cancel();
-  if (caption == "刷新") reload();
-  if (caption == "退出") close();
+void frmUseStatus::Toolbar1_ButtonClick(const QString& key) {
+  if (key == "tlAdd") add();
+  if (key == "tlModify") setMode(Mode::Change);
+  if (key == "tlDelete") remove();
+  if (key == "tlSave") save();
+  if (key == "tlCancel" || key == "tlCanel") cancel();
+  if (key == "tlRefresh") reload();
+  if (key == "tlView") showOrHideTree();
+  if (key == "tlExit") close();
 }
 
-/// Shows or hides the tree.
-void frmUseStatus::Command1_Click() {
+void frmUseStatus::showOrHideTree() {
   const bool show = TreeView1->isHidden();
   TreeView1->setVisible(show);
-  Command1->setText(show ? "隐藏目录" : "显示目录");
+  const char* caption = show ? "隐藏目录" : "显示目录";
+  Command1->setText(caption);
+  ShowCatalog->setText(caption);
 }
 
 /// A new status hangs below the selected one of the first level, or beside the selected one of the second.

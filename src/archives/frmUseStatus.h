@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -31,6 +32,7 @@ class frmUseStatus final : public Form {
   QLineEdit* Text3 = make<QLineEdit>("Text3");  // English name
   QComboBox* Combo1 = make<QComboBox>("Combo1");
   QPushButton* Command1 = make<QPushButton>("Command1", "隐藏目录");
+  QAction* ShowCatalog = new QAction("隐藏目录", this);  // of the popup menu
 
   void arrangeControls();
   void connectEvents();
@@ -42,9 +44,9 @@ class frmUseStatus final : public Form {
   std::string nameOf(const std::string& id);
   UsageStatus entered() const;
 
-  void Toolbar1_ButtonClick(const QString& caption);
+  void Toolbar1_ButtonClick(const QString& key);
   void TreeView1_NodeClick();
-  void Command1_Click();
+  void showOrHideTree();
   void add();
   bool save();
   void remove();

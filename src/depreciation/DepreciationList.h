@@ -5,25 +5,19 @@
 #include <vector>
 
 #include "base/TextGrid.h"
+#include "base/TreeRow.h"
 #include "startup/RunContext.h"
 
 namespace zelkor {
-
-/// A node of the list's tree, to be hung below the node with key `parentKey` (empty for the root).
-struct DepreciationListNode {
-  std::string key;
-  std::string parentKey;
-  std::string text;
-  std::string tag;  // code of the department or category; empty for the root
-};
 
 /// Items of the period combo: the account set's periods, the operating date's marked "(登陆)", and "全年".
 std::vector<std::string> depreciationListPeriods(RunContext& run);
 /// Index of the operating date's period in `periods`; 0 when it is not among them.
 std::size_t loginPeriodIndex(const std::vector<std::string>& periods);
 
-std::vector<DepreciationListNode> depreciationListDepartments(RunContext& run);
-std::vector<DepreciationListNode> depreciationListAssetTypes(RunContext& run);
+/// The list's trees below their roots; tags are the codes of departments and categories.
+std::vector<TreeRow> depreciationListDepartments(RunContext& run);
+std::vector<TreeRow> depreciationListAssetTypes(RunContext& run);
 
 /// What the monthly runs stored, for every card's newest version, in the open month. Like the lists below it
 /// leaves the versions in the working table `yxkp`. The last row adds up the amounts.

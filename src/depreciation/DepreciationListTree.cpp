@@ -11,12 +11,11 @@ namespace {
 constexpr const char* kRootKey = "R";
 constexpr const char* kLoginMark = "(登陆)";
 
-DepreciationListNode nodeOf(const std::string& code, const std::string& name, std::string parentKey) {
+TreeRow nodeOf(const std::string& code, const std::string& name, std::string parentKey) {
   return {"D" + code, std::move(parentKey), "(" + code + ")" + name, code};
 }
 
-void loadSubDeparts(Database& data, const std::string& parent, int level,
-                    std::vector<DepreciationListNode>& nodes) {
+void loadSubDeparts(Database& data, const std::string& parent, int level, std::vector<TreeRow>& nodes) {
   Recordset departs = data.OpenRecordset(sql("SELECT * From fa_Departments  Where iLevel=", level,
                                              " And sNum Like '", parent, "*' ORDER BY sNum"));
   for (; !departs.Eof(); departs.MoveNext()) {
@@ -48,8 +47,8 @@ std::size_t loginPeriodIndex(const std::vector<std::string>& periods) {
   return found == periods.end() ? 0 : static_cast<std::size_t>(found - periods.begin());
 }
 
-std::vector<DepreciationListNode> depreciationListDepartments(RunContext& run) {
-  std::vector<DepreciationListNode> nodes{{kRootKey, "", "固定资产部门编码目录", ""}};
+std::vector<TreeRow> depreciationListDepartments(RunContext& run) {
+  std::vector<TreeRow> nodes{{kRootKey, "", "固定资产部门编码目录", ""}};
   Recordset departs =
       run.dbZKData.OpenRecordset("SELECT * From fa_Departments  Where iLevel=1 ORDER BY sNum");
   for (; !departs.Eof(); departs.MoveNext()) {
@@ -61,8 +60,8 @@ std::vector<DepreciationListNode> depreciationListDepartments(RunContext& run) {
   return nodes;
 }
 
-std::vector<DepreciationListNode> depreciationListAssetTypes(RunContext& run) {
-  std::vector<DepreciationListNode> nodes{{kRootKey, "", "固定资产分类编码表", ""}};
+std::vector<TreeRow> depreciationListAssetTypes(RunContext& run) {
+  std::vector<TreeRow> nodes{{kRootKey, "", "固定资产分类编码表", ""}};
   ClsBLLAssentTypes assetTypes(run.engine);
   assetTypes.setZkDataPath(run.gstrZtFile);
   Recordset rows = assetTypes.GetAssentTypes();

@@ -25,14 +25,10 @@ void FrmZJFPB::arrangeControls() {
   Toolbar1->setButtons({"凭证", "修改", "", "退出"});
   Toolbar1->button("修改").setCheckable(true);
   Toolbar1->enable("凭证", false);  // the voucher window is not part of the program yet
-  auto* body = column(
-      {row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ, stretch()}),
-       wide(MSFlexGrid1)});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
+  arrangeScreen(this, Toolbar1,
+                column({row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ,
+                             stretch()}),
+                        wide(MSFlexGrid1)}));
   resize(860, 520);
 }
 

@@ -10,7 +10,6 @@ void readMonth(Database& data, CardWorkload& card, int month) {
       data.OpenRecordset(sql("select * from fa_WorkLoad where sCardNum='", card.cardNum, "'"));
   if (row.Eof()) return;
   card.work = row.Fields(sql("dblWork", month)).numberOrZero();
-  card.accumulated = row.Fields(sql("dblWorkT", month)).numberOrZero();
   const double before = month > 1 ? row.Fields(sql("dblWorkT", month - 1)).numberOrZero() : 0;
   if (before != 0) card.before = before;
 }
@@ -29,7 +28,7 @@ std::vector<CardWorkload> workloadCards(Database& data, int month) {
     lastCard = cardNum;
     if (rows.TextOrEmpty("sName") != "工作量法") continue;
     cards.push_back({cardNum, rows.TextOrEmpty("sAssetName"), rows.TextOrEmpty("sWorkUnit"),
-                     rows.Fields("dblCanWork").numberOrZero(), rows.Fields("dblCanWorkAct").numberOrZero(), 0,
+                     rows.Fields("dblCanWork").numberOrZero(), rows.Fields("dblCanWorkAct").numberOrZero(),
                      0});
   }
   for (CardWorkload& card : cards) readMonth(data, card, month);

@@ -13,10 +13,9 @@ struct CardWorkload {
   std::string cardNum;
   std::string assetName;
   std::string unit;
-  double total = 0;        // over the asset's whole life
-  double before = 0;       // done at the end of the month before
-  double work = 0;         // in the month
-  double accumulated = 0;  // done at the end of the month; 0 as long as the month has not been entered
+  double total = 0;   // over the asset's whole life
+  double before = 0;  // done at the end of the month before
+  double work = 0;    // in the month
 };
 
 /// The newest version of each card whose method is named "工作量法", by card number. What was done before is

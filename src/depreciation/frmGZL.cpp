@@ -1,6 +1,7 @@
 #include "depreciation/frmGZL.h"
 
 #include <QBoxLayout>
+#include <QLocale>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
@@ -15,6 +16,13 @@ constexpr std::size_t kHeaderRows = 1;
 constexpr std::size_t kWorkColumn = 2;
 constexpr std::size_t kAccumulatedColumn = 3;
 
+/// Numbers with a point and nothing else, whatever the workplace's locale.
+QLocale plainNumbers() {
+  QLocale locale = QLocale::c();
+  locale.setNumberOptions(QLocale::RejectGroupSeparator);
+  return locale;
+}
+
 std::string amount(double value) {
   return Format(value, "0.00");
 }
@@ -23,6 +31,8 @@ std::string amount(double value) {
 
 frmGZL::frmGZL(FormHost& host) : Form(host, "frmGZL", "工作量输入", Unload::Plain) {
   arrangeControls();
+  positive_->setNotation(QDoubleValidator::StandardNotation);
+  positive_->setLocale(plainNumbers());
   load();
   on(grdGZL, &FlexGrid::rowSelected, &frmGZL::showCard);
   on(grdGZL, &FlexGrid::rowOpened, &frmGZL::beginEdit);
@@ -37,7 +47,10 @@ void frmGZL::arrangeControls() {
   for (QLineEdit* field : {txtTotal, txtLJ, txtDW}) field->setReadOnly(true);
   for (QLineEdit* field : {txtTotal, txtLJ}) field->setAlignment(Qt::AlignRight);
   arrange(this, column({lblMonth, wide(grdGZL),
-                        fields({{"工作总量", txtTotal}, {"累计工作量", txtLJ}, {"工作量单位", txtDW}}, 3),
+                        fields({{"工作总量", txtTotal, "lblTotal"},
+                                {"累计工作量", txtLJ, "lblLJ"},
+                                {"工作量单位", txtDW, "lblDW"}},
+                               3),
                         row({note("双击一行或按回车键，输入本月工作量。"), stretch(), cmdOK, cmdCancel})}));
   resize(720, 460);
 }

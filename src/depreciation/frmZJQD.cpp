@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QSignalBlocker>
-#include <QSplitter>
 
 #include "depreciation/DepreciationList.h"
 #include "ui/Layout.h"
@@ -29,27 +28,18 @@ frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload:
 void frmZJQD::arrangeControls() {
   Toolbar1->setButtons({"退出"});
   dressTree(*trvDepart);
-  auto* split = new QSplitter;
-  split->addWidget(page(column({cmbDepart, wide(trvDepart)})));
-  split->addWidget(page(column({row({captioned("会计期间：", cmbDate), stretch()}), wide(MSFZJQD)})));
-  split->setStretchFactor(1, 1);
-  split->setSizes({230, 850});
-  split->setChildrenCollapsible(false);
-  auto* body = row({wide(split)});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
-  resize(1100, 600);
+  arrangeScreen(
+      this, Toolbar1,
+      row({wide(panes(page(column({cmbDepart, wide(trvDepart)})), 230,
+                      page(column({row({captioned("会计期间：", cmbDate), stretch()}), wide(MSFZJQD)})),
+                      1030))}));
+  resize(1300, 660);
 }
 
 void frmZJQD::loadNodes() {
-  const auto nodes = byDepartment() ? depreciationListDepartments(run()) : depreciationListAssetTypes(run());
-  std::vector<TreeRow> rows;
-  for (const auto& node : nodes) rows.push_back({node.key, node.parentKey, node.text, node.tag});
   const QSignalBlocker quiet(trvDepart);
-  loadTree(*trvDepart, rows);
+  loadTree(*trvDepart,
+           byDepartment() ? depreciationListDepartments(run()) : depreciationListAssetTypes(run()));
   trvDepart->expandAll();
 }
 

@@ -45,6 +45,11 @@ void Form::acceptDigitsOnly(QLineEdit* field) {
   accept(field, "[0-9]*");
 }
 
+void Form::dressPick(QPushButton* button) {
+  button->setProperty("pick", true);
+  button->setFocusPolicy(Qt::TabFocus);
+}
+
 void Form::adopt(QWidget& control) {
   control.installEventFilter(this);
   if (auto* button = qobject_cast<QPushButton*>(&control)) button->setAutoDefault(false);

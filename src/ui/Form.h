@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <QApplication>
 #include <QWidget>
 #include <string>
 #include <type_traits>
@@ -13,6 +14,7 @@
 #include "ui/Texts.h"
 
 class QLineEdit;
+class QPushButton;
 
 namespace zelkor {
 
@@ -62,6 +64,17 @@ class Form : public QWidget {
       host_.dispatch([&] { call(routine, arguments...); });
     });
   }
+
+  /// Calls the routine when the focus goes from the field to another control of the form. A look into another
+  /// window, a message box among them, leaves nothing.
+  template <typename Routine>
+  void onLeaving(QWidget* field, Routine routine) {
+    on(qApp, &QApplication::focusChanged, [this, field, routine](QWidget* from, QWidget* to) {
+      if (from == field && to && to->window() == window()) call(routine);
+    });
+  }
+  /// Dresses the button beside a field that opens a picker. A click on it does not leave the field.
+  static void dressPick(QPushButton* button);
 
   /// The field takes digits and the point only.
   static void acceptNumbersOnly(QLineEdit* field);

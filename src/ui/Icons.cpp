@@ -90,6 +90,13 @@ void drawTick(QPainter& painter) {
   painter.drawPolyline(QPolygonF({QPointF(4, 10.5), QPointF(8.5, 15), QPointF(16.5, 5.5)}));
 }
 
+void drawCatalogue(QPainter& painter) {
+  for (const auto& [x, y] : {std::pair(4.0, 5.0), std::pair(8.0, 10.0), std::pair(8.0, 15.0)}) {
+    painter.drawRect(QRectF(x - 0.5, y - 0.5, 1, 1));
+    painter.drawLine(QPointF(x + 3.5, y), QPointF(16.5, y));
+  }
+}
+
 struct CommandIcon {
   std::string_view caption;
   Draw draw;
@@ -97,12 +104,13 @@ struct CommandIcon {
 };
 
 constexpr std::array kCommands = {
-    CommandIcon{"增加", drawAdd, kGood},     CommandIcon{"删除", drawDelete, kBad},
-    CommandIcon{"修改", drawEdit, kInk},     CommandIcon{"取消", drawUndo, kInk},
-    CommandIcon{"恢复", drawUndo, kInk},     CommandIcon{"保存", drawSave, kInk},
-    CommandIcon{"刷新", drawRefresh, kGood}, CommandIcon{"退出", drawExit, kInk},
-    CommandIcon{"查询", drawSearch, kInk},   CommandIcon{"打印", drawPrint, kInk},
-    CommandIcon{"凭证", drawVoucher, kInk},  CommandIcon{"确定", drawTick, kGood},
+    CommandIcon{"增加", drawAdd, kGood},      CommandIcon{"删除", drawDelete, kBad},
+    CommandIcon{"修改", drawEdit, kInk},      CommandIcon{"取消", drawUndo, kInk},
+    CommandIcon{"恢复", drawUndo, kInk},      CommandIcon{"保存", drawSave, kInk},
+    CommandIcon{"刷新", drawRefresh, kGood},  CommandIcon{"退出", drawExit, kInk},
+    CommandIcon{"查询", drawSearch, kInk},    CommandIcon{"打印", drawPrint, kInk},
+    CommandIcon{"凭证", drawVoucher, kInk},   CommandIcon{"确定", drawTick, kGood},
+    CommandIcon{"目录", drawCatalogue, kInk},
 };
 
 template <typename Paint>

@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QSplitter>
 #include <QTabWidget>
 
 namespace zelkor::layout {
@@ -13,6 +14,7 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kSpacing = 8;
 constexpr int kFieldGap = 24;  // between pairs of columns
+constexpr int kHandleWidth = 8;
 
 QBoxLayout* filled(QBoxLayout* box, std::initializer_list<Item> items) {
   box->setContentsMargins(0, 0, 0, 0);
@@ -95,7 +97,9 @@ QLayout* fields(std::initializer_list<Field> list, int columns) {
   for (const Field& field : list) {
     const int line = index / columns;
     const int first = index % columns * 3;  // caption, field, gap
-    grid->addWidget(captionFor(field.caption, field.item), line, first, Qt::AlignRight | Qt::AlignVCenter);
+    QLabel* caption = captionFor(field.caption, field.item);
+    caption->setObjectName(field.name);
+    grid->addWidget(caption, line, first, Qt::AlignRight | Qt::AlignVCenter);
     field.item.addTo(*grid, line, first + 1);
     grid->setColumnStretch(first + 1, 1);
     if (first > 0) grid->setColumnMinimumWidth(first - 1, kFieldGap);
@@ -143,9 +147,27 @@ void fillTabs(QTabWidget& tabs, std::initializer_list<Tab> list) {
   }
 }
 
+QWidget* panes(QWidget* left, int leftWidth, QWidget* right, int rightWidth) {
+  auto* split = new QSplitter;
+  split->addWidget(left);
+  split->addWidget(right);
+  split->setStretchFactor(1, 1);
+  split->setSizes({leftWidth, rightWidth});
+  split->setChildrenCollapsible(false);
+  split->setHandleWidth(kHandleWidth);
+  return split;
+}
+
 void arrange(QWidget* widget, QLayout* outermost) {
   outermost->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   widget->setLayout(outermost);
+}
+
+void arrangeScreen(QWidget* screen, QWidget* toolbar, QLayout* body) {
+  body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  auto* outermost = column({toolbar, wide(body)});
+  outermost->setSpacing(0);
+  screen->setLayout(outermost);
 }
 
 }  // namespace zelkor::layout

@@ -55,6 +55,7 @@ QBoxLayout* column(std::initializer_list<Item> items);
 struct Field {
   const char* caption;  // "&" before the key that leads to the field
   Item item;
+  const char* name = "";  // of the caption as a control, where it has one
 };
 /// Captions and fields below each other, aligned, in as many pairs of columns as asked for.
 QLayout* fields(std::initializer_list<Field> list, int columns = 1);
@@ -76,6 +77,11 @@ struct Tab {
 };
 void fillTabs(QTabWidget& tabs, std::initializer_list<Tab> list);
 
+/// Two panes with a handle between them, each with its width at first; what is left goes to the right one.
+QWidget* panes(QWidget* left, int leftWidth, QWidget* right, int rightWidth);
+
 void arrange(QWidget* widget, QLayout* outermost);
+/// A screen: its toolbar across the whole width, the body below.
+void arrangeScreen(QWidget* screen, QWidget* toolbar, QLayout* body);
 
 }  // namespace zelkor::layout

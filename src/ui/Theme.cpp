@@ -32,19 +32,19 @@ QPalette lightPalette() {
 
 constexpr const char* kStyleSheet = R"(
 QLineEdit, QPlainTextEdit, QTextEdit {
-  border: 1px solid #b9c3cd; border-radius: 3px; padding: 3px 6px; background: white; min-height: 18px;
+  border: 1px solid #b9c3cd; border-radius: 3px; padding: 3px 6px; background: white; min-height: 21px;
 }
 QLineEdit:focus, QPlainTextEdit:focus { border-color: #2f6fb2; }
 QLineEdit:disabled, QLineEdit:read-only { background: #f0f2f4; color: #5b6773; }
-QComboBox { min-height: 26px; }
+QComboBox { min-height: 23px; }
 QPushButton {
-  border: 1px solid #b9c3cd; border-radius: 3px; padding: 4px 16px; background: #f8fafb; min-height: 18px;
+  border: 1px solid #b9c3cd; border-radius: 3px; padding: 4px 16px; background: #f8fafb; min-height: 19px;
 }
 QPushButton:hover { background: #eaf1f8; border-color: #2f6fb2; }
 QPushButton:pressed { background: #d7e5f3; }
 QPushButton:focus { border-color: #2f6fb2; }
 QPushButton:disabled { color: #a9b2bd; border-color: #d5dbe1; }
-QPushButton[pick="true"] { padding: 3px 0; min-width: 28px; max-width: 28px; }
+QPushButton[pick="true"] { padding: 3px 0; min-width: 28px; max-width: 28px; min-height: 21px; }
 QToolButton[spin="true"] { border: 1px solid #b9c3cd; background: #f8fafb; padding: 0; }
 QToolBar { background: white; border: none; border-bottom: 1px solid #d5dbe1; padding: 4px 8px; spacing: 4px; }
 QToolBar QToolButton { padding: 4px 8px; border: 1px solid transparent; border-radius: 3px; }

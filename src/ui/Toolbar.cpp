@@ -23,24 +23,24 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
   setMovable(false);
 }
 
-void Toolbar::setButtons(std::initializer_list<const char*> captions) {
-  for (const QString caption : captions) {
+void Toolbar::setButtons(std::initializer_list<ToolbarButton> buttons) {
+  for (const auto& [caption, key] : buttons) {
     if (caption.isEmpty()) {
       addSeparator();
       continue;
     }
     QAction* command = addAction(commandIcon(caption), caption);
-    command->setObjectName(caption);
+    command->setObjectName(key);
     const QKeySequence shortcut = shortcutOf(caption);
     command->setShortcut(shortcut);
     command->setToolTip(
         shortcut.isEmpty() ? caption : caption + " (" + shortcut.toString(QKeySequence::NativeText) + ")");
-    connect(command, &QAction::triggered, this, [this, caption] { emit ButtonClick(caption); });
+    connect(command, &QAction::triggered, this, [this, pressed = key] { emit ButtonClick(pressed); });
   }
 }
 
-QAction& Toolbar::button(std::string_view caption) const {
-  auto* command = findChild<QAction*>(toQt(caption), Qt::FindDirectChildrenOnly);
+QAction& Toolbar::button(std::string_view key) const {
+  auto* command = findChild<QAction*>(toQt(key), Qt::FindDirectChildrenOnly);
   if (!command) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
   return *command;
 }

@@ -91,6 +91,7 @@ QTreeWidgetItem* findByKey(const QTreeWidget& tree, const QString& key) {
 }
 
 void dressTree(QTreeWidget& tree) {
+  tree.ensurePolished();  // or rows that are measured before the tree is shown would have another height
   tree.setColumnCount(1);
   tree.setHeaderHidden(true);
   tree.setUniformRowHeights(true);

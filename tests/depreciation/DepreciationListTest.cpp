@@ -11,7 +11,7 @@ class DepreciationListTest : public DepreciationTest {
     for (std::size_t column = 1; column < grid.columns(); ++column) line += "|" + grid.text(0, column);
     return line;
   }
-  static std::vector<std::string> nodesOf(const std::vector<DepreciationListNode>& nodes) {
+  static std::vector<std::string> nodesOf(const std::vector<TreeRow>& nodes) {
     std::vector<std::string> lines;
     for (const auto& node : nodes) {
       lines.push_back(node.parentKey + ">" + node.key + ">" + node.text + ">" + node.tag);

@@ -38,7 +38,7 @@ void showStatuses(Stage& stage) {
   frmUseStatus& form = stage.open<frmUseStatus>();
   stage.keep(form, "frmUseStatus-list");
   selectNode(form, "使用中");
-  press(form, "增加");
+  press(form, "tlAdd");
   stage.keep(form, "frmUseStatus-add");
 }
 

@@ -12,36 +12,26 @@ namespace {
 
 constexpr const char* kTitle = "固定资产";
 
-void fill(QComboBox& combo, const std::vector<std::string>& entries) {
-  for (const std::string& entry : entries) combo.addItem(toQt(entry));
-}
-
 QString yesOrNo(bool value) {
   return value ? "是" : "否";
 }
 
 }  // namespace
 
-FrmInit::FrmInit(FormHost& host) : Form(host, "FrmInit", "固定资产初始化向导", Unload::EndsProgram) {
+FrmInit::FrmInit(FormHost& host) : FrmAccountSettings(host, "FrmInit", "固定资产初始化向导") {
   arrangeControls();
-  Form_Load();
   connectEvents();
+  Form_Load();
   showStep();
 }
 
 void FrmInit::connectEvents() {
+  connectSettings();
   on(OptionYes, &QRadioButton::clicked, &FrmInit::OptionYes_Click);
   on(OptionNo, &QRadioButton::clicked, &FrmInit::OptionNo_Click);
   on(ComboZTQYYF, &QComboBox::currentTextChanged,
      [this](const QString& month) { Lblzjfpyf->setText(month); });
   on(CheckJTZJ, &QCheckBox::toggled, &FrmInit::CheckJTZJ_Click);
-  on(OptionBMFSSD, &QRadioButton::clicked, &FrmInit::OptionBMFSSD_Click);
-  on(OptionBMFSZD, &QRadioButton::clicked, &FrmInit::OptionBMFSZD_Click);
-  on(CheckZWXTDZ, &QCheckBox::toggled, &FrmInit::CheckZWXTDZ_Click);
-  on(TxtGDZCDZKM, &QLineEdit::editingFinished, [this] { leaveSubject(TxtGDZCDZKM); });
-  on(TxtLJZJDZKM, &QLineEdit::editingFinished, [this] { leaveSubject(TxtLJZJDZKM); });
-  on(CmdGDZCDZKM, &QPushButton::clicked, [this] { pickSubjectInto(host(), *TxtGDZCDZKM); });
-  on(CmdLJZJDZKM, &QPushButton::clicked, [this] { pickSubjectInto(host(), *TxtLJZJDZKM); });
   on(CmdPr, &QPushButton::clicked, &FrmInit::CmdPr_Click);
   on(CmdNext, &QPushButton::clicked, &FrmInit::CmdNext_Click);
   on(CmdFinish, &QPushButton::clicked, &FrmInit::CmdFinish_Click);
@@ -51,11 +41,11 @@ void FrmInit::connectEvents() {
 void FrmInit::Form_Load() {
   account_ = readAccountHeader(run().dbZKSystem, run().gstrAccountId);
   TxtJBYZ->setPlainText(toQt(initTerms(run().gstrAccountId, account_)));
-  fill(*ComboZTQYYF, startMonths(account_, run().period()));
-  fill(*ComboZJFF, depreciationMethodNames(data()));
+  for (const std::string& month : startMonths(account_, run().period())) ComboZTQYYF->addItem(toQt(month));
+  fillLists();
   if (ComboZJFF->count() >= 3) ComboZJFF->setCurrentIndex(1);
   Lblzjfpyf->setText(ComboZTQYYF->currentText());
-  for (const char* months : {"1", "2", "3", "4", "6", "12"}) ComboHZFPZQ->addItem(months);
+  ComboHZFPZQ->setCurrentIndex(0);
   loadCodes();
   CheckJTZJ->setChecked(true);
   CheckZWXTDZ->setChecked(true);
@@ -66,11 +56,9 @@ void FrmInit::Form_Load() {
 
 void FrmInit::loadCodes() {
   codingRule_.show(CodingRuleLengths::fromDigits(parameterDefault(data(), "sTypeNumType")));
-  fill(*ComboBMFS,
-       {"类别编号＋序号", "部门编号＋序号", "类别编号＋部门编号＋序号", "部门编号＋类别编号＋序号"});
-  UpDownXHCD->setBuddy(TxtXHCD);
-  UpDownXHCD->setValue(toQt(parameterDefault(data(), "iCardSequenceNumLength")).toInt());
+  TxtXHCD->setText(toQt(parameterDefault(data(), "iCardSequenceNumLength")));
   OptionBMFSZD->setChecked(true);
+  OptionBMFS_Click();
 }
 
 void FrmInit::showStep() {
@@ -83,8 +71,10 @@ void FrmInit::showStep() {
   }
   Pages->setCurrentIndex(step_);
   CmdPr->setEnabled(step_ > 0);
-  CmdNext->setEnabled(step_ < lastStep && OptionYes->isChecked());
   CmdFinish->setEnabled(step_ == lastStep);
+  // A button that is locked hands the focus to the next one, which must not come to be the one that gives up.
+  if (step_ == lastStep) CmdFinish->setFocus();
+  CmdNext->setEnabled(step_ < lastStep && OptionYes->isChecked());
 }
 
 void FrmInit::OptionYes_Click() {
@@ -110,29 +100,6 @@ void FrmInit::CheckJTZJ_Click(bool ticked) {
   }
   ComboZJFF->setEnabled(depreciates);
   ComboHZFPZQ->setEnabled(depreciates);
-}
-
-void FrmInit::OptionBMFSSD_Click() {
-  ComboBMFS->setEnabled(false);
-  TxtXHCD->setEnabled(false);
-  UpDownXHCD->setEnabled(false);
-}
-
-void FrmInit::OptionBMFSZD_Click() {
-  ComboBMFS->setEnabled(true);
-  TxtXHCD->setEnabled(true);
-  UpDownXHCD->setEnabled(true);
-  if (ComboBMFS->currentIndex() < 0) ComboBMFS->setCurrentIndex(0);
-}
-
-void FrmInit::CheckZWXTDZ_Click(bool ticked) {
-  CheckDZBP->setEnabled(ticked);
-  FrameDZKM->setEnabled(ticked);
-}
-
-/// An empty field is left alone: it is asked for when the last step is reached.
-void FrmInit::leaveSubject(QLineEdit* field) {
-  if (!field->text().isEmpty()) checkSubjectField(run(), *field);
 }
 
 void FrmInit::CmdPr_Click() {
@@ -164,7 +131,7 @@ void FrmInit::showSummary() {
   LblZTMC->setText(toQt(account_.name));
   LblSYDW->setText(toQt(account_.unit));
   LblZGXM->setText(toQt(account_.manager));
-  LblZCLBBMFS->setText(toQt(codingRule_.rule().digits()));
+  LblZCLBBMFS->setText(toQt(codingRule().digits()));
   LblGDZCBMFS->setText(OptionBMFSSD->isChecked() ? OptionBMFSSD->text()
                                                  : "自动编码 = " + ComboBMFS->currentText());
   LblJTZJ->setText(yesOrNo(depreciates));
@@ -181,7 +148,7 @@ InitChoices FrmInit::choices() const {
   InitChoices chosen;
   chosen.startMonth = fromQt(ComboZTQYYF->currentText());
   chosen.categoryCodingRule = fromQt(LblZCLBBMFS->text());
-  chosen.cardNumbering = OptionBMFSSD->isChecked() ? 0 : ComboBMFS->currentIndex() + 1;
+  chosen.cardNumbering = cardNumbering();
   chosen.cardSequenceLength = fromQt(TxtXHCD->text());
   chosen.depreciates = CheckJTZJ->isChecked();
   chosen.methodNumber = ComboZJFF->currentIndex() + 1;

@@ -1,24 +1,16 @@
 #pragma once
 
 #include <array>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QStackedWidget>
 
+#include "store/FrmAccountSettings.h"
 #include "store/InitWizard.h"
-#include "ui/CodingRuleBoxes.h"
-#include "ui/Form.h"
 
 namespace zelkor {
 
 /// The first-use wizard: collects what cannot be changed later in six steps and writes it at the end.
-class FrmInit final : public Form {
+class FrmInit final : public FrmAccountSettings {
  public:
   explicit FrmInit(FormHost& host);
 
@@ -38,30 +30,6 @@ class FrmInit final : public Form {
   QComboBox* ComboZTQYYF = make<QComboBox>("ComboZTQYYF");
   // 3 depreciation
   QCheckBox* CheckJTZJ = make<QCheckBox>("CheckJTZJ", "本账套计提折旧");
-  QComboBox* ComboZJFF = make<QComboBox>("ComboZJFF");
-  QComboBox* ComboHZFPZQ = make<QComboBox>("ComboHZFPZQ");
-  QLabel* Lblzjfpyf = make<QLabel>("Lblzjfpyf");
-  QCheckBox* CheckTZZJ =
-      make<QCheckBox>("CheckTZZJ", "当(月初已计提月份=可使用月份-1)时将剩余折旧全部提足(工作量法除外)");
-  // 4 codes
-  std::array<QLineEdit*, CodingRuleBoxes::levels> TxtBMCD =
-      makeArray<QLineEdit, CodingRuleBoxes::levels>("TxtBMCD");
-  std::array<UpDown*, CodingRuleBoxes::levels> UpDownBMCD =
-      makeArray<UpDown, CodingRuleBoxes::levels>("UpDownBMCD");
-  QLabel* LblBMZCD = make<QLabel>("LblBMZCD");
-  QRadioButton* OptionBMFSSD = make<QRadioButton>("OptionBMFSSD", "手工输入");
-  QRadioButton* OptionBMFSZD = make<QRadioButton>("OptionBMFSZD", "自动编码");
-  QComboBox* ComboBMFS = make<QComboBox>("ComboBMFS");
-  QLineEdit* TxtXHCD = make<QLineEdit>("TxtXHCD");
-  UpDown* UpDownXHCD = make<UpDown>("UpDownXHCD");
-  // 5 ledger
-  QCheckBox* CheckZWXTDZ = make<QCheckBox>("CheckZWXTDZ", "与账务系统进行对账");
-  QCheckBox* CheckDZBP = make<QCheckBox>("CheckDZBP", "在对账不平情况下允许固定资产月末结账");
-  QGroupBox* FrameDZKM = nullptr;
-  QLineEdit* TxtGDZCDZKM = make<QLineEdit>("TxtGDZCDZKM");
-  QPushButton* CmdGDZCDZKM = make<QPushButton>("CmdGDZCDZKM", "…");
-  QLineEdit* TxtLJZJDZKM = make<QLineEdit>("TxtLJZJDZKM");
-  QPushButton* CmdLJZJDZKM = make<QPushButton>("CmdLJZJDZKM", "…");
   // 6 summary
   QLabel* LblZTMC = make<QLabel>("LblZTMC");
   QLabel* LblSYDW = make<QLabel>("LblSYDW");
@@ -102,10 +70,6 @@ class FrmInit final : public Form {
   void OptionYes_Click();
   void OptionNo_Click();
   void CheckJTZJ_Click(bool ticked);
-  void OptionBMFSSD_Click();
-  void OptionBMFSZD_Click();
-  void CheckZWXTDZ_Click(bool ticked);
-  void leaveSubject(QLineEdit* field);
   void CmdPr_Click();
   void CmdNext_Click();
   void CmdFinish_Click();
@@ -113,7 +77,6 @@ class FrmInit final : public Form {
 
   std::int16_t step_ = 0;
   AccountHeader account_;
-  CodingRuleBoxes codingRule_{TxtBMCD, UpDownBMCD, LblBMZCD};
 };
 
 }  // namespace zelkor

@@ -29,7 +29,7 @@ void FrmInit::arrangeControls() {
   }
   arrange(this, column({wide(row({stepList(), wide(Pages)})), rule(),
                         row({stretch(), CmdPr, CmdNext, CmdFinish, space(16), CmdExit})}));
-  resize(820, 540);
+  resize(860, 620);
 }
 
 QLayout* FrmInit::stepList() {
@@ -64,34 +64,22 @@ QLayout* FrmInit::startMonthPage() {
 QLayout* FrmInit::depreciationPage() {
   return column({heading(kStepCaptions[2]), space(8), CheckJTZJ,
                  row({fields({{"主要折旧方法：", ComboZJFF},
-                              {"折旧汇总分配周期：", row({wide(ComboHZFPZQ), new QLabel("个月")})},
+                              {"折旧汇总分配周期：", cycleField()},
                               {"下次折旧分配月份：", Lblzjfpyf}}),
                       stretch()}),
                  space(8), CheckTZZJ, stretch()});
 }
 
 QLayout* FrmInit::codesPage() {
-  for (QLineEdit* box : TxtBMCD) acceptDigitsOnly(box);
-  acceptDigitsOnly(TxtXHCD);
-  numberBox(TxtXHCD);
   return column(
       {heading(kStepCaptions[3]), space(8),
        frame("资产类别编码方式", column({codingRule_.layout(), note("1.本系统类别编码最长可为4级10位。"),
                                          note("2.系统推荐类别编码使用国家规定的4级6位（2112）方式。")})),
-       frame("固定资产编码方式",
-             column({row({OptionBMFSSD, OptionBMFSZD, wide(ComboBMFS)}),
-                     row({captioned("序号长度：", spinnerPair(TxtXHCD, UpDownXHCD)), stretch()})})),
-       stretch()});
+       numberFrame(), stretch()});
 }
 
 QLayout* FrmInit::ledgerPage() {
-  CmdGDZCDZKM->setProperty("pick", true);
-  CmdLJZJDZKM->setProperty("pick", true);
-  FrameDZKM = frame("对账科目",
-                    fields({{"固定资产对账科目：", row({wide(TxtGDZCDZKM), CmdGDZCDZKM})},
-                            {"累计折旧对账科目：", row({wide(TxtLJZJDZKM), CmdLJZJDZKM})}}),
-                    "FrameDZKM");
-  return column({heading(kStepCaptions[4]), space(8), CheckZWXTDZ, FrameDZKM, CheckDZBP, stretch()});
+  return column({heading(kStepCaptions[4]), space(8), CheckZWXTDZ, subjectFrame(), CheckDZBP, stretch()});
 }
 
 QLayout* FrmInit::summaryPage() {

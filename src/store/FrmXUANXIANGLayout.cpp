@@ -8,12 +8,13 @@ namespace zelkor {
 using namespace layout;
 
 void FrmXUANXIANG::arrangeControls() {
-  for (QPushButton* pick : {CmdGDZCDZKM, CmdLJZJDZKM, Command1, Command2}) pick->setProperty("pick", true);
   fillTabs(*SSTab1, {{"基本信息", accountPage()},
                      {"折旧信息", depreciationPage()},
                      {"与账务系统接口", ledgerPage()},
                      {"编码及其他", codesPage()}});
   arrange(this, column({wide(SSTab1), row({stretch(), CmdOK, CmdCancel})}));
+  setTabOrder(CheckLXZJ, CmdOK);
+  setTabOrder(CmdOK, CmdCancel);
   resize(720, 480);
 }
 
@@ -30,33 +31,22 @@ QLayout* FrmXUANXIANG::accountPage() {
 QLayout* FrmXUANXIANG::depreciationPage() {
   return column({row({fields({{"本账套计提折旧：", LblJTZJ},
                               {"主要折旧方法：", ComboZJFF},
-                              {"折旧汇总分配周期：", row({wide(ComboHZFPZQ), new QLabel("个月")})},
+                              {"折旧汇总分配周期：", cycleField()},
                               {"下次折旧分配月份：", Lblzjfpyf}}),
                       stretch()}),
                  space(8), CheckTZZJ, stretch()});
 }
 
 QLayout* FrmXUANXIANG::ledgerPage() {
-  FrameDZKM = frame("对账科目",
-                    fields({{"固定资产对账科目：", row({wide(TxtGDZCDZKM), CmdGDZCDZKM})},
-                            {"累计折旧对账科目：", row({wide(TxtLJZJDZKM), CmdLJZJDZKM})}}),
-                    "FrameDZKM");
   return column(
-      {CheckZWXTDZ, FrameDZKM, CheckDZBP,
+      {CheckZWXTDZ, subjectFrame(), CheckDZBP,
        frame("缺省入账科目", fields({{"[固定资产]缺省入账科目:", row({wide(TxtQSGDZC), Command1})},
                                      {"[累计折旧]缺省入账科目:", row({wide(TxtQDLJZJ), Command2})}})),
        CheckLJZD, CheckJZQWC, stretch()});
 }
 
 QLayout* FrmXUANXIANG::codesPage() {
-  for (QLineEdit* box : {TxtXHCD, TxtSCSX}) numberBox(box);
-  for (QLineEdit* box : TxtBMCD) acceptDigitsOnly(box);
-  acceptDigitsOnly(TxtXHCD);
-  acceptDigitsOnly(TxtSCSX);
-  return column({frame("资产类别编码方式", codingRule_.layout()),
-                 frame("固定资产编码方式",
-                       column({row({OptionBMFSSD, OptionBMFSZD, wide(ComboBMFS)}),
-                               row({captioned("序号长度：", spinnerPair(TxtXHCD, UpDownXHCD)), stretch()})})),
+  return column({frame("资产类别编码方式", codingRule_.layout()), numberFrame(),
                  row({captioned("已发生资产减少卡片可删除时限:", spinnerPair(TxtSCSX, UpDownSCSX)),
                       new QLabel("年"), stretch()}),
                  CheckLXZJ, stretch()});

@@ -4,9 +4,9 @@
 
 #include "base/Conversion.h"
 #include "base/Text.h"
+#include "cards/CardSheet.h"
 #include "cards/CardVersions.h"
 #include "changes/SheetRules.h"
-#include "changes/UsefulLife.h"
 #include "store/Statement.h"
 
 namespace zelkor {

@@ -1,8 +1,8 @@
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
+#include "cards/CardSheet.h"
 #include "changes/SheetRules.h"
 #include "changes/UsefulLife.h"
-#include "store/Statement.h"
 
 // 使用年限调整: gives the asset another useful life. An unchanged life makes a sheet, too.
 
@@ -18,8 +18,8 @@ void show(Database& /*database*/, const CardVersion& card, ChangeSheet& sheet) {
 }
 
 std::optional<MessageBox> check(const ChangeSheet& sheet) {
-  monthsOfLife(sheet.before.text);
-  monthsOfLife(sheet.after.text);
+  monthsOnSheet(sheet.before.text);
+  monthsOnSheet(sheet.after.text);
   if (sheet.reason.empty()) return refusal("变动原因不能为空", "保存:使用年限调整");
   return std::nullopt;
 }
@@ -27,17 +27,13 @@ std::optional<MessageBox> check(const ChangeSheet& sheet) {
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
   const VersionKeys keys = keysBehindAll(saving.database, 12);
-  addVersion(saving, keys, {{"lLife", monthsOfLife(sheet.after.text)}});
+  addVersion(saving, keys, {{"lLife", monthsOnSheet(sheet.after.text)}});
   addSheet(saving, ChangeKind::UsefulLife, keys.lOptID, sheet.before.text, sheet.after.text);
 }
 
 }  // namespace
 
-std::string lifeText(std::int32_t months) {
-  return sql(months / monthsOfYear, yearSign, months % monthsOfYear, monthSign);
-}
-
-std::int16_t monthsOfLife(std::string_view text) {
+std::int16_t monthsOnSheet(std::string_view text) {
   const std::size_t years = text.find(yearSign);
   const std::size_t months = years == std::string_view::npos ? years : text.find(monthSign, years);
   if (months == std::string_view::npos) throw RuntimeError(ErrorNumber::InvalidProcedureCall);

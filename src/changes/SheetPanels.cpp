@@ -124,10 +124,10 @@ SheetPanel valuePanel() {
                {{.number = 67, .caption = "币种", .text = text<&ChangeSheet::currency>}},
                {amount(68, "汇率", text<&ChangeSheet::exchangeRate>),
                 amount(69, "净残值率", text<&ChangeSheet::residualRate>),
-                amount(66, "增加金额", text<&ChangeSheet::increase>, Increase),
-                amount(70, "增加净残值", text<&ChangeSheet::residualIncrease>),
                 amount(71, "变动前原值", shown<&ChangeSheet::before>),
                 amount(73, "变动前净残值", text<&ChangeSheet::residualBefore>),
+                amount(66, "增加金额", text<&ChangeSheet::increase>, Increase),
+                amount(70, "增加净残值", text<&ChangeSheet::residualIncrease>),
                 amount(72, "变动后原值", shown<&ChangeSheet::after>),
                 amount(74, "变动后净残值", text<&ChangeSheet::residualAfter>)});
 }

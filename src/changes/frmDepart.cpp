@@ -2,6 +2,7 @@
 
 #include <array>
 #include <QBoxLayout>
+#include <QHeaderView>
 #include <QRegularExpressionValidator>
 
 #include "archives/FrmFATypes.h"
@@ -52,6 +53,7 @@ void frmDepart::arrangeControls() {
   cmdAdd->setShortcut(Qt::Key_Insert);
   cmdDel->setToolTip("删除所选的部门 (Ctrl+Delete)");
   cmdDel->setShortcut(Qt::CTRL | Qt::Key_Delete);
+  MSFl1->horizontalHeader()->setStretchLastSection(true);
   MSFl1->setSelectionBehavior(QAbstractItemView::SelectItems);
   arrange(this, column({wide(MSFl1), row({note("使用部门有效数量范围：2~20个"), stretch(), lblTotal}),
                         row({cmdAdd, cmdDel, stretch(), cmdOK, cmdCancel})}));

@@ -19,6 +19,7 @@ CellEditor::CellEditor(FlexGrid* grid)
       box_(new QLineEdit(this)),
       combo_(new QComboBox(this)),
       button_(new QPushButton("…", this)) {
+  setStyleSheet("QLineEdit, QPushButton { min-height: 0; padding: 0 3px; border-radius: 0; }");
   button_->setProperty("pick", true);
   button_->setFocusPolicy(Qt::NoFocus);
   auto* line = new QHBoxLayout(this);

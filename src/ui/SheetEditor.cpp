@@ -9,7 +9,7 @@
 namespace zelkor {
 namespace {
 
-constexpr int kButtonSpace = 32;
+constexpr int kGap = 3;  // between the box and a button
 
 QString textOf(const QWidget& value) {
   return value.property("text").toString();
@@ -72,7 +72,7 @@ void SheetEditor::openAt(std::size_t index) {
 void SheetEditor::lay() {
   const Place& place = places_[at_];
   QRect area(place.value->mapTo(box_->parentWidget(), QPoint()), place.value->size());
-  if (place.button) area.setWidth(area.width() - kButtonSpace);
+  if (place.button) area.setWidth(place.button->x() - kGap);
   box_->setGeometry(area);
 }
 
@@ -87,11 +87,12 @@ void SheetEditor::cancel() {
   if (open_) leave();
 }
 
-/// Closed first: the focus that goes to the value must not end it a second time.
+/// Closed first: the focus that goes to the value must not end it a second time. It goes before the box is
+/// hidden, or the window system would pass it on as the Tab key does, and the next value would open.
 void SheetEditor::leave() {
   open_ = false;
-  box_->hide();
   places_[at_].value->setFocus(Qt::OtherFocusReason);
+  box_->hide();
 }
 
 void SheetEditor::moveBy(int step) {

@@ -10,6 +10,7 @@ namespace {
 
 using namespace layout;
 
+constexpr int kWidth = 860;
 constexpr const char* kCaption = "固定资产变动单";
 
 constexpr const char* kSheetStyle = R"(
@@ -17,6 +18,7 @@ QFrame[sheet="paper"] { background: white; border: 1px solid #c6cfd8; }
 QLabel[sheet="title"] { font-size: 21px; font-weight: bold; letter-spacing: 6px; color: #1f2933; border: none; }
 QLabel[sheet="kind"] { font-size: 13px; color: #34568b; border: none; }
 QLabel[sheet="open"] { color: #5b6773; border: none; }
+QLabel[sheet="written"] { color: #1f2933; border: none; }
 QFrame[sheet="table"] { background: #aeb9c5; border: none; }
 QLabel[sheet="caption"] { background: #f1f4f7; color: #4a5663; border: none; padding: 0 10px; }
 QLabel[sheet="value"] { background: white; color: #1f2933; border: none; padding: 0 10px; }
@@ -53,7 +55,7 @@ QFrame* SheetForm::arrangeSheet(const QString& kind, std::span<const SheetCell> 
   arrangeScreen(
       this, tbToolBar,
       column({paper, stretch(), note("回车键移到下一项，Esc 放弃输入，F2 打开参照，Ctrl+S 保存。")}));
-  resize(860, 560);
+  resize(kWidth, sizeHint().height());
   return paper;
 }
 

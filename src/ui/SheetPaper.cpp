@@ -34,6 +34,8 @@ QBoxLayout* openLine(std::span<const SheetCell> cells) {
   for (const SheetCell& cell : cells) {
     if (line->count() > 0) line->addStretch();
     line->addWidget(captionOf(cell, "open"));
+    cell.value->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    cell.value->setProperty("sheet", "written");
     line->addWidget(cell.value);
   }
   if (cells.size() < 2) line->addStretch();

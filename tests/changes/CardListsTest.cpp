@@ -1,0 +1,116 @@
+#include "changes/CardDetailList.h"
+#include "SheetFixture.h"
+
+// The picker of cards and the split between departments.
+namespace zelkor::test {
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+class CardListsTest : public SheetTest {
+ protected:
+  CardListsTest() {
+    addCard("00002", "2020-04-15");
+    addCard("00003", "2020-04-15");
+    execute("update fa_Cards set dblTransInDeprTCard=0 where sCardNum='00002'");
+    execute("update fa_Cards set dDisposeDate=#2020-5-1#,dTransDate=#2020-5-1# where sCardNum='00003'");
+  }
+  /// The rows without heading, of the columns from `first` on, behind the card number.
+  Rows list(ChangeKind kind, std::size_t first = 5) {
+    Rows rows;
+    const TextGrid grid = cardDetailList(db(), kind, context.gdOpDate);
+    EXPECT_EQ(grid.headerRows(), 1U);
+    for (std::size_t row = 1; row < grid.rows(); ++row) {
+      rows.push_back({grid.text(row, 0)});
+      for (std::size_t column = first; column < grid.columns(); ++column)
+        rows.back().push_back(grid.text(row, column));
+    }
+    return rows;
+  }
+};
+
+TEST_F(CardListsTest, EachKindHasItsCardsAndColumns) {
+  EXPECT_EQ(
+      list(ChangeKind::OriginalValue, 1),
+      (Rows{{"00001", "021000001", "车床"}, {"00002", "021000002", "车床"}, {"00003", "021000003", "车床"}}));
+  EXPECT_EQ(list(ChangeKind::UsageStatus),
+            (Rows{{"00001", "在用", "11"}, {"00002", "在用", "11"}, {"00003", "在用", "11"}}));
+  EXPECT_EQ(list(ChangeKind::AccumulatedDepr), (Rows{{"00001", "95"}, {"00003", "95"}}));
+  EXPECT_EQ(list(ChangeKind::UsefulLife),
+            (Rows{{"00001", "5年0月"}, {"00002", "5年0月"}, {"00003", "5年0月"}}));
+  EXPECT_EQ(list(ChangeKind::ResidualValue), (Rows{{"00001", "0.05", "50"}, {"00003", "0.05", "50"}}));
+  EXPECT_EQ(list(ChangeKind::Transfer, 1),
+            (Rows{{"00001", "021000001", "车床", "2020-04-01", "C6140", "一车间", "301", "2020-05-15"},
+                  {"00002", "021000002", "车床", "2020-04-01", "", "一车间", "301", "2020-04-15"}}));
+}
+
+TEST_F(CardListsTest, NewestVersionsAndSheetsComeFirst) {
+  saveGood(ChangeKind::UsageStatus);
+  saveGood(ChangeKind::UsefulLife, "00002");
+  saveGood(ChangeKind::AccumulatedDepr, "00003");
+  EXPECT_EQ(list(ChangeKind::UsageStatus)[0], (std::vector<std::string>{"00001", "未使用", "21"}));
+  EXPECT_EQ(list(ChangeKind::UsefulLife),
+            (Rows{{"00002", "6年0月"}, {"00001", "5年0月"}, {"00003", "5年0月"}}));
+  EXPECT_EQ(list(ChangeKind::AccumulatedDepr), (Rows{{"00003", "120"}, {"00001", "95"}}));
+}
+
+TEST_F(CardListsTest, ASharedCardShowsItsDepartments) {
+  execute("update fa_Cards set sDeptNum='301/4/302' where sCardNum='00001'");
+  EXPECT_EQ(list(ChangeKind::Transfer)[0],
+            (std::vector<std::string>{"00001", "一车间/二车间/研发部", "301/4/302", "2020-05-15"}));
+  EXPECT_EQ(departmentNames(db(), "999"), "");
+}
+
+TEST_F(CardListsTest, AnEmptyListHasItsHeadingAlone) {
+  execute("delete from fa_Cards");
+  for (int kind = 0; kind <= static_cast<int>(ChangeKind::Transfer); ++kind) {
+    EXPECT_EQ(cardDetailList(db(), static_cast<ChangeKind>(kind), context.gdOpDate).rows(), 1U);
+  }
+}
+
+TEST(DepartSplitTest, IsConfirmedOrRefused) {
+  const auto row = [](const char* code, const char* scale) {
+    return SplitRow{code, code, scale, "", "", ""};
+  };
+  const struct {
+    std::vector<SplitRow> rows;
+    const char* message;
+  } cases[] = {
+      {{row("1", "50"), row("2", "50")}, ""},
+      {{row("1", "33.4"), row("2", "33.3"), row("4", "33.3")},
+       "使用部门比例总和不等于100%，请调整使用比例数值！"},
+      {{row("1", "50"), row("2", "49")}, "使用部门比例总和不等于100%，请调整使用比例数值！"},
+      {{row("1", "100")}, "资产多部门使用模式下，使用部门至少为两个"},
+      {{}, "资产多部门使用模式下，使用部门至少为两个"},
+      {{row("", "50"), row("2", "50")}, "使用部门非末级部门或不存在，请重新录入或参照选择"},
+      {{row("1", "50"), row("2", "一半")}, "类型不匹配"},
+      {{row("1", "20000"), row("2", "20000")}, "溢出"},
+  };
+  for (const auto& c : cases) {
+    DepartSplit split;
+    split.codes = "old/";
+    const auto refusal = confirmSplit(c.rows, split);
+    EXPECT_EQ(refusal ? refusal->text : "", c.message);
+    if (refusal) {
+      EXPECT_EQ(refusal->title, "固定资产");
+      EXPECT_EQ(refusal->icon, Icon::Information);
+    }
+    EXPECT_NE(split.codes, "old/");
+  }
+  DepartSplit split;
+  EXPECT_FALSE(
+      confirmSplit({{"1", "甲", "60", "5,费", "97", "01,线"}, {"2", "乙", "40", "", "", ""}}, split));
+  EXPECT_EQ(split.codes + split.names + split.scales + split.subjects + split.itemClasses + split.projects,
+            "1/2/甲/乙/60/40/5,费//97//01,线//");
+}
+
+TEST(DepartSplitTest, ADepartmentIsTakenOnce) {
+  const std::vector<SplitRow> rows{{"1", "", "", "", "", ""}, {"2", "", "", "", "", ""}};
+  EXPECT_FALSE(departRepeated(rows, 1, "2"));
+  EXPECT_FALSE(departRepeated(rows, 1, "3"));
+  ASSERT_TRUE(departRepeated(rows, 1, "1"));
+  EXPECT_EQ(departRepeated(rows, 1, "1")->text, "使用部门不允许重复，请重新录入或参照选择");
+}
+
+}  // namespace
+}  // namespace zelkor::test

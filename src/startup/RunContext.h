@@ -7,6 +7,7 @@
 #include "base/Clock.h"
 #include "base/Dialogs.h"
 #include "startup/ClsOpArgs.h"
+#include "startup/PickedSubject.h"
 #include "store/DbEngine.h"
 
 namespace zelkor {
@@ -31,6 +32,7 @@ struct RunContext {
   Database dbZKSystem;
   std::array<std::string, 4> gstrDeprStates;  // captions at 1 to 3
   ClsOpArgs gOpArgs;
+  PickedSubject pickedSubject;  // lives on after the picker, until the next pick
 
   std::string programFolder;  // folder of the running program, without a separator at its end
 

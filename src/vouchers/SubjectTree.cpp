@@ -53,15 +53,17 @@ void addUsed(Database& data, std::string_view user, std::string_view filter, std
     tree.push_back(subjectRow(subjects, "tt", head(std::string(kUsed)).key));
 }
 
-/// The subject of the level above; the class where a filter has left that one out.
+/// The subject of the level above; the class where a filter has left that one out. `keys` are those of the
+/// rows so far: a subject of a class without a head is a head itself.
 std::string parentKeyOf(const Recordset& subject, const std::vector<std::size_t>& lengths,
-                        const std::set<std::string>& codes) {
+                        const std::set<std::string>& keys) {
   const auto level = static_cast<std::size_t>(subject.Fields("IGrade").numberOrZero());
   if (level > 1 && level - 2 < lengths.size()) {
-    const std::string above = Left(subject.TextOrEmpty("ccode"), lengths[level - 2]);
-    if (codes.contains(above)) return std::string("t").append(above);
+    const std::string above = std::string("t").append(Left(subject.TextOrEmpty("ccode"), lengths[level - 2]));
+    if (keys.contains(above)) return above;
   }
-  return std::string("t").append(subject.TextOrEmpty("CClass"));
+  const std::string headKey = head(subject.TextOrEmpty("CClass")).key;
+  return keys.contains(headKey) ? headKey : std::string();
 }
 
 }  // namespace
@@ -86,10 +88,11 @@ std::optional<std::vector<TreeRow>> subjectTree(Database& data, std::string_view
   addUsed(data, user, filter, tree);
   const std::string where = filter.empty() ? std::string() : sql(" Where ", filter);
   Recordset subjects = data.OpenRecordset(sql("Select * From Code ", where, " Order By CCode Asc"));
-  std::set<std::string> codes;
+  std::set<std::string> keys;
+  for (const TreeRow& row : tree) keys.insert(row.key);
   for (; !subjects.Eof(); subjects.MoveNext()) {
-    tree.push_back(subjectRow(subjects, "t", parentKeyOf(subjects, lengths, codes)));
-    codes.insert(tree.back().tag);
+    tree.push_back(subjectRow(subjects, "t", parentKeyOf(subjects, lengths, keys)));
+    keys.insert(tree.back().key);
   }
   return tree;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/TreeRow.h"
+#include "startup/PickedSubject.h"
 #include "store/Database.h"
 
 namespace zelkor {
@@ -46,11 +47,6 @@ std::optional<std::vector<TreeRow>> subjectTree(Database& data, std::string_view
 SubjectFlags subjectFlags(Database& data, std::string_view nodeText);
 
 /// What is picked with a node: its text is split at the first blank. A text without one picks nothing.
-struct PickedSubject {
-  std::string code;
-  std::string name;
-  std::string content;  // the node's whole text
-};
 PickedSubject pickedSubject(std::string_view nodeText);
 
 /// Keeps a subject among the operator's frequently used ones; true when it has come in anew.

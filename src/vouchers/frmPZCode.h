@@ -1,51 +1,28 @@
 #pragma once
 
-#include <array>
-#include <QCheckBox>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTreeWidget>
-#include <string>
 
-#include "ui/Form.h"
-#include "vouchers/SubjectTree.h"
+#include "vouchers/frmSubjectPicker.h"
 
 namespace zelkor {
 
-/// Picks an account subject from the chart.
-class frmPZCode final : public Form {
+/// Picks an account subject. What was picked belongs to the run: it lives on after the screen has closed, and
+/// cancelling leaves it as it was.
+class frmPZCode final : public frmSubjectPicker {
  public:
+  /// Shows the chart of the data file, or that of `database`.
   explicit frmPZCode(FormHost& host);
+  frmPZCode(FormHost& host, const Database& database);
 
-  /// What was picked; empty after cancelling.
-  const PickedSubject& picked() const { return picked_; }
+  /// What was picked last, here or in an earlier picker.
+  const PickedSubject& picked() { return run().pickedSubject; }
 
  private:
-  QTreeWidget* TvCode = make<QTreeWidget>("TvCode");
-  std::array<QCheckBox*, subjectProperties.size()> ChkFilter =
-      makeArray<QCheckBox, subjectProperties.size()>("ChkFilter");
-  QPushButton* CmdFilter = make<QPushButton>("CmdFilter", "过滤");
-  QPushButton* CmdUsed = make<QPushButton>("CmdUsed", "常用");
-  QPushButton* Command4 = make<QPushButton>("Command4", "编辑");
-  QPushButton* cmdOK = make<QPushButton>("cmdOK", "确定");
-  QPushButton* cmdCancel = make<QPushButton>("cmdCancel", "取消");
-
-  void arrangeControls();
-  void load(const std::string& filter);
-  void showFlags(const SubjectFlags& flags);
-  std::string selectedText() const;
-  void TvCode_NodeClick();
-  void TvCode_DblClick();
-  void CmdFilter_Click();
-  void CmdUsed_Click();
-  void cmdOK_Click();
-  void cmdCancel_Click() { close(); }
-  void escapePressed() override { close(); }
-
-  PickedSubject picked_;
+  void pick(const PickedSubject& picked) override { run().pickedSubject = picked; }
 };
 
-/// Lets a person pick a subject and writes it into the field as "code,name"; cancelling leaves the field.
+/// Lets a person pick a subject and writes it into the field as "code,name". After cancelling that is the
+/// subject that was picked last; the field stays as it is when there is none.
 void pickSubjectInto(FormHost& host, QLineEdit& field);
 
 /// Looks the field's subject up and writes it as "code,name". One that the chart does not have is reported

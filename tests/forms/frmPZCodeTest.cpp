@@ -85,6 +85,41 @@ TEST_F(frmPZCodeTest, picksNothingFromAClassAndWithoutAChoice) {
   EXPECT_EQ(second.picked().code + "|" + second.picked().name, "100201|工行存款");
 }
 
+TEST_F(frmPZCodeTest, letsTheAnswerLiveOnUntilTheNextPick) {
+  frmPZCode& first = open();
+  selectNode(first, "TvCode", "100201 工行存款");
+  click(first, "cmdOK");
+  frmPZCode& cancelled = open();
+  selectNode(cancelled, "TvCode", "1501 固定资产");
+  click(cancelled, "cmdCancel");
+  EXPECT_EQ(cancelled.picked().code + "|" + cancelled.picked().content, "100201|100201 工行存款");
+  QLineEdit field;
+  inModalForm([](QWidget& picker) { click(picker, "cmdCancel"); });
+  pickSubjectInto(host, field);
+  EXPECT_EQ(field.text(), "100201,工行存款");
+  frmPZCode& nothing = open();
+  click(nothing, "cmdOK");
+  EXPECT_EQ(nothing.picked().code + nothing.picked().name, "");
+  field.setText("1501,固定资产");
+  inModalForm([](QWidget& picker) { click(picker, "cmdCancel"); });
+  pickSubjectInto(host, field);
+  EXPECT_EQ(field.text(), "1501,固定资产") << "nothing is picked any more";
+}
+
+TEST_F(frmPZCodeTest, showsTheFlagsAgainWhenASubjectIsClickedAgain) {
+  const frmPZCode& form = open();
+  selectNode(form, "TvCode", "100201 工行存款");
+  click(form, "ChkFilter0");
+  auto& tree = control<QTreeWidget>(form, "TvCode");
+  emit tree.itemClicked(tree.currentItem(), 0);
+  EXPECT_EQ(ticked(form), "0000100011");
+}
+
+TEST_F(frmPZCodeTest, makesASubjectWithoutAClassAHead) {
+  execute("insert into code (ccode,ccode_name,igrade) values ('9002','无类别',1)");
+  EXPECT_EQ(headsOf(open()).back(), "9002 无类别");
+}
+
 TEST_F(frmPZCodeTest, refusesAChartWithoutARule) {
   execute("update GradeDef set CodingRule='' where KeyWord='code'");
   dialogs.expectOk("科目规则有误！", Icon::None, "凭证");

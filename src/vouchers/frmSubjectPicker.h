@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <QCheckBox>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <string>
+
+#include "ui/Form.h"
+#include "vouchers/SubjectTree.h"
+
+namespace zelkor {
+
+/// Picks an account subject from the chart of a database. The boxes show the properties of the selected
+/// subject; those that are ticked when "过滤" is pressed limit what is shown.
+class frmSubjectPicker : public Form {
+ protected:
+  frmSubjectPicker(FormHost& host, const char* name);
+
+  const Database& subjectData() const { return subjects_; }
+  /// Shows the chart of this database. One without a coding rule is refused with a box.
+  void setSubjectData(const Database& database);
+
+  /// "确定": what the selected node gives, nothing without one.
+  virtual void pick(const PickedSubject& picked) = 0;
+
+ private:
+  QTreeWidget* TvCode = make<QTreeWidget>("TvCode");
+  std::array<QCheckBox*, subjectProperties.size()> ChkFilter =
+      makeArray<QCheckBox, subjectProperties.size()>("ChkFilter");
+  QPushButton* CmdFilter = make<QPushButton>("CmdFilter", "过滤");
+  QPushButton* CmdUsed = make<QPushButton>("CmdUsed", "常用");
+  QPushButton* Command4 = make<QPushButton>("Command4", "编辑");
+  QPushButton* cmdOK = make<QPushButton>("cmdOK", "确定");
+  QPushButton* cmdCancel = make<QPushButton>("cmdCancel", "取消");
+
+  void arrangeControls();
+  void load(const std::string& filter);
+  void showFlags(const SubjectFlags& flags);
+  std::string selectedText() const;
+  void TvCode_NodeClick();
+  void TvCode_DblClick();
+  void CmdFilter_Click();
+  void CmdUsed_Click();
+  void cmdOK_Click();
+  void cmdCancel_Click() { close(); }
+  bool enterPressed(QObject* control) override;
+  void escapePressed() override { cmdCancel_Click(); }
+
+  Database subjects_;
+};
+
+}  // namespace zelkor

@@ -1,0 +1,216 @@
+#include "vouchers/frmPZDigest.h"
+
+#include <algorithm>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "ui/Layout.h"
+#include "vouchers/frmPZCode.h"
+
+namespace zelkor {
+namespace {
+
+constexpr std::size_t kCodeColumn = 0;
+constexpr std::size_t kTextColumn = 1;
+constexpr std::size_t kSubjectColumn = 2;
+constexpr int kWidths[] = {1500, 4700, 1900};  // twips
+
+/// The cell in which what is refused can be put right.
+std::size_t columnOf(DigestRefusal refusal) {
+  switch (refusal) {
+    case DigestRefusal::WithoutText:
+      return kTextColumn;
+    case DigestRefusal::UnknownSubject:
+      return kSubjectColumn;
+    default:
+      return kCodeColumn;
+  }
+}
+
+}  // namespace
+
+frmPZDigest::frmPZDigest(FormHost& host)
+    : Form(host, "frmPZDigest", "常用摘要", Unload::Plain), digests_(data()) {
+  arrangeControls();
+  arrangeMenu();
+  on(CmdArray, &Toolbar::ButtonClick, &frmPZDigest::CmdArray_Click);
+  on(MSFlexGrid1, &FlexGrid::clicked,
+     [this] { editCell(MSFlexGrid1->currentGridRow().value(), MSFlexGrid1->currentGridColumn().value()); });
+  on(MSFlexGrid1, &FlexGrid::rowOpened,
+     [this](std::size_t row) { editCell(row, MSFlexGrid1->currentGridColumn().value_or(kCodeColumn)); });
+  on(TxtAdd, &CellEditor::committed, &frmPZDigest::keepEdit);
+  on(TxtAdd, &CellEditor::entered, &frmPZDigest::moveOn);
+  on(TxtAdd, &CellEditor::buttonPressed, &frmPZDigest::CmdCodeView_Click);
+  TextGrid grid = digests_.grid();
+  for (std::size_t i = 0; i < std::size(kWidths); ++i) grid.setColumnWidth(i, kWidths[i]);
+  MSFlexGrid1->setGrid(std::move(grid));
+}
+
+void frmPZDigest::arrangeControls() {
+  CmdArray->setButtons({{"设置", "CmdArray0"},
+                        {"打印", "CmdArray1"},
+                        {"预览", "CmdArray2"},
+                        {"输出", "CmdArray3"},
+                        "",
+                        {"增加", "CmdArray4"},
+                        {"删除", "CmdArray5"},
+                        "",
+                        {"选入", "CmdArray7"},
+                        "",
+                        {"帮助", "CmdArray8"},
+                        {"退出", "CmdArray9"}});
+  TxtAdd->findChild<QLineEdit*>()->setObjectName("TxtAdd");
+  TxtAdd->findChild<QPushButton*>()->setObjectName("CmdCodeView");
+  layout::arrangeScreen(this, CmdArray, layout::row({layout::wide(MSFlexGrid1)}));
+  resize(640, 440);
+}
+
+void frmPZDigest::arrangeMenu() {
+  const struct {
+    const char* name;
+    const char* caption;
+    const char* key;
+  } entries[] = {
+      {"mnu_popAdd", "增加", "CmdArray4"},
+      {"mnu_popDel", "删除", "CmdArray5"},
+      {"mnu_popxr", "选入", "CmdArray7"},
+  };
+  for (const auto& entry : entries) {
+    QAction* action = mnu_pop->addAction(CmdArray->button(entry.key).icon(), entry.caption);
+    action->setObjectName(entry.name);
+    on(action, &QAction::triggered, [this, key = entry.key] { CmdArray_Click(key); });
+  }
+  MSFlexGrid1->setContextMenuPolicy(Qt::CustomContextMenu);
+  on(MSFlexGrid1, &FlexGrid::customContextMenuRequested,
+     [this](const QPoint& at) { mnu_pop->popup(MSFlexGrid1->viewport()->mapToGlobal(at)); });
+}
+
+void frmPZDigest::CmdArray_Click(const QString& key) {
+  TxtAdd->commit();
+  if (key == "CmdArray4") add();
+  if (key == "CmdArray5") remove();
+  if (key == "CmdArray7") takeOver();
+  if (key == "CmdArray9") {
+    leaveNewRow();
+    close();
+  }
+}
+
+/// A new row in which nothing stands is given up where another command follows.
+bool frmPZDigest::leaveNewRow() {
+  if (newRow_ && digestIn(*newRow_).isEmpty()) {
+    const std::size_t row = *newRow_;
+    newRow_.reset();
+    removeRow(row);
+  }
+  return storeNewRow();
+}
+
+void frmPZDigest::add() {
+  if (!leaveNewRow()) return;
+  TextGrid more;
+  more.addRow({"", "", ""});
+  MSFlexGrid1->addRows(std::move(more));
+  newRow_ = MSFlexGrid1->grid().rows() - 1;
+  MSFlexGrid1->selectCell(*newRow_, kCodeColumn);
+  TxtAdd->editText(*newRow_, kCodeColumn);
+}
+
+void frmPZDigest::remove() {
+  const auto row = MSFlexGrid1->currentGridRow();
+  if (!row) return;
+  const Answer answer =
+      run().dialogs.MsgBox("是否真的删除此行常用摘要？", Buttons::YesNo, Icon::Question, "信息提示");
+  if (answer != Answer::Yes) return;
+  if (row == newRow_) {
+    newRow_.reset();
+  } else {
+    digests_.remove(digestIn(*row).code);
+  }
+  removeRow(*row);
+}
+
+void frmPZDigest::takeOver() {
+  const auto row = MSFlexGrid1->currentGridRow();
+  if (!row || !leaveNewRow() || *row >= MSFlexGrid1->grid().rows()) return;
+  chosen_ = digestIn(*row);
+  close();
+}
+
+void frmPZDigest::editCell(std::size_t row, std::size_t column) {
+  if (newRow_ && row != *newRow_ && !leaveNewRow()) return;
+  if (column == kSubjectColumn) {
+    TxtAdd->editWithButton(row, column);
+  } else {
+    TxtAdd->editText(row, column);
+  }
+}
+
+/// An edit has ended with another text. Of a stored row the cell changes only with what is stored.
+void frmPZDigest::keepEdit(std::size_t row, std::size_t column, const QString& text) {
+  if (row != newRow_) {
+    Digest digest = digestIn(row);
+    const std::string storedCode = digest.code;
+    std::string& changed = column == kCodeColumn   ? digest.code
+                           : column == kTextColumn ? digest.text
+                                                   : digest.subject;
+    changed = fromQt(text);
+    if (const auto refusal = digests_.UpdateDigest(storedCode, digest)) return refuse(*refusal);
+  }
+  MSFlexGrid1->setText(row, column, fromQt(text));
+}
+
+/// Enter leads through the cells of a new row; its text is the last that it needs.
+void frmPZDigest::moveOn(std::size_t row, std::size_t column) {
+  if (row != newRow_) return;
+  const auto refusal = digests_.refusalOfNew(digestIn(row));
+  if (column == kCodeColumn && refusal == DigestRefusal::WithoutText) return editCell(row, kTextColumn);
+  if (storeNewRow() && column == kTextColumn) editCell(row, kSubjectColumn);
+}
+
+/// True when no row is waiting to be stored any more. A refused one is left for editing.
+bool frmPZDigest::storeNewRow() {
+  if (!newRow_) return true;
+  const std::size_t row = *newRow_;
+  const auto refusal = digests_.add(digestIn(row));
+  if (!refusal) {
+    newRow_.reset();
+    return true;
+  }
+  refuse(*refusal);
+  editCell(row, columnOf(*refusal));
+  return false;
+}
+
+void frmPZDigest::refuse(DigestRefusal refusal) {
+  run().dialogs.MsgBox(std::string(messageOf(refusal)), Buttons::Ok, Icon::Information, "提示信息");
+}
+
+Digest frmPZDigest::digestIn(std::size_t row) const {
+  const TextGrid& grid = MSFlexGrid1->grid();
+  return {grid.text(row, kCodeColumn), grid.text(row, kTextColumn), grid.text(row, kSubjectColumn)};
+}
+
+void frmPZDigest::removeRow(std::size_t row) {
+  TextGrid grid = MSFlexGrid1->grid();
+  grid.removeRow(row);
+  const std::size_t rows = grid.rows();
+  MSFlexGrid1->setGrid(std::move(grid));
+  if (rows > 1) MSFlexGrid1->selectGridRow(std::min(row, rows - 1));
+}
+
+/// Writes the code of the chosen subject into the cell that is being edited.
+void frmPZDigest::CmdCodeView_Click() {
+  frmPZCode picker(host());
+  host().showModal(picker);
+  if (!picker.picked().code.empty()) TxtAdd->setText(toQt(picker.picked().code));
+  TxtAdd->commit();
+}
+
+std::optional<Digest> pickDigest(FormHost& host) {
+  frmPZDigest form(host);
+  host.showModal(form);
+  return form.chosen();
+}
+
+}  // namespace zelkor

@@ -30,13 +30,24 @@ bool displayIsMissing() {
   return unset("DISPLAY") && unset("WAYLAND_DISPLAY") && unset("QT_QPA_PLATFORM");
 }
 
-/// Qt gives up with an abort where it finds no way to a screen, and tells so in several lines: while it looks
-/// for one, the last of them ends the process in an orderly way instead.
-void giveUpOrderly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+void tellNoWindow(const std::string& why) {
+  std::cerr << "zelkor: " << why << "，不能打开窗口；批处理运行类型可用 zelkorctl run" << std::endl;
+}
+
+/// What Qt was told about the screen.
+std::string displaySettings() {
+  QStringList settings;
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    if (!qEnvironmentVariableIsEmpty(name)) settings << QString(name) + "=" + qEnvironmentVariable(name);
+  }
+  return settings.join("，").toStdString();
+}
+
+/// Qt aborts the process, after several lines, where it finds no way to a screen. In force while it looks for
+/// one: then the process ends with a sentence and a status instead.
+void giveUpOrderly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
   if (type != QtFatalMsg) return;
-  const QString why = text.section('\n', 0, 0);
-  std::cerr << "zelkor: 不能连接显示器“" << qEnvironmentVariable("DISPLAY").toStdString()
-            << "”，不能打开窗口：" << why.toStdString() << std::endl;
+  tellNoWindow("不能连接显示器（" + displaySettings() + "）");
   std::_Exit(1);
 }
 
@@ -68,7 +79,7 @@ int runModule() {
 
 int main(int argc, char** argv) {
   if (zelkor::displayIsMissing()) {
-    std::cerr << "zelkor: 没有显示器（DISPLAY 未设置），不能打开窗口；批处理运行类型可用 zelkorctl run\n";
+    zelkor::tellNoWindow("没有显示器（DISPLAY 未设置）");
     return 1;
   }
   qInstallMessageHandler(zelkor::giveUpOrderly);

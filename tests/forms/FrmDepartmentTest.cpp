@@ -111,6 +111,30 @@ TEST_F(FrmDepartmentTest, asksWhenAChangedDepartmentIsLeft) {
   }
 }
 
+TEST_F(FrmDepartmentTest, goesWhereTheUserClickedAfterSavingANewDepartment) {
+  const FrmDepartment& form = open();
+  press(form, "增加");
+  enter(form, "8", "质检部");
+  dialogs.expectYesNo("部门档案信息已修改，保存修改结果吗？", Answer::Yes, Icon::Question, "提示!");
+  selectNode(form, "TvLeft", "(2)财务部");
+  EXPECT_EQ(textOf(form, "TxtEdit1"), "财务部");
+  EXPECT_EQ(control<QTreeWidget>(form, "TvLeft").currentItem()->text(0), "(2)财务部");
+  EXPECT_NE(stored("8"), "(none)");
+}
+
+TEST_F(FrmDepartmentTest, choosesNobodyWhenThePickerIsOnlyClosed) {
+  const FrmDepartment& form = open();
+  press(form, "增加");
+  inModalForm([](QWidget& picker) {
+    picker.activateWindow();
+    settle();
+    control<FlexGrid>(picker, "GridPerson").setFocus();
+    picker.close();
+  });
+  click(form, "CmdFindPerson");
+  EXPECT_EQ(textOf(form, "TxtEdit2"), "");
+}
+
 TEST_F(FrmDepartmentTest, givesBackWhatIsStored) {
   const FrmDepartment& form = open();
   press(form, "修改");

@@ -127,6 +127,22 @@ TEST_F(FrmFLBMBTest, changesACategoryAndLeavesItsChildren) {
   EXPECT_TRUE(stored("041").ends_with("|04"));
 }
 
+TEST_F(FrmFLBMBTest, keepsACodeThatIsLongerThanTheRuleOfToday) {
+  execute("update AccInformation set cValue='1112' where cSysID='FA' and cName='sTypeNumType'");
+  const FrmFLBMB& form = open();
+  selectNode(form, "TvLeft", "(04)电子设备");
+  press(form, "修改");
+  type(form, "TxtLBMC", "电脑");
+  press(form, "保存");
+  EXPECT_TRUE(stored("04").starts_with("电脑|"));
+}
+
+TEST_F(FrmFLBMBTest, offersAFirstLevelWhateverTheRule) {
+  execute("update AccInformation set cValue='0000' where cSysID='FA' and cName='sTypeNumType'");
+  const FrmFLBMB& form = open();
+  EXPECT_EQ(enabledCommands(form), "增加 刷新 退出 ");
+}
+
 TEST_F(FrmFLBMBTest, refusesACodeThatIsTaken) {
   const FrmFLBMB& form = open();
   selectNode(form, "TvLeft", "(04)电子设备");
@@ -224,6 +240,25 @@ TEST_F(FrmFLBMBTest, reportsAQuoteAndEndsTheProcess) {
   EXPECT_NE(testing::internal::GetCapturedStderr().find("3134"), std::string::npos);
   EXPECT_EQ(endStatus(), 1);
   EXPECT_EQ(stored("07"), "(none)");
+}
+
+TEST_F(FrmFLBMBTest, tellsWhenTheDataFileIsGoneAndKeepsWhatWasSaved) {
+  const FrmFLBMB& form = open();
+  press(form, "增加");
+  type(form, "TxtLBMC", "仪器");
+  press(form, "保存");
+  press(form, "增加");
+  type(form, "TxtLBMC", "家具");
+  const auto away = directory / "Elsewhere.Mdb";
+  std::filesystem::rename(context.gstrZtFile, away);
+  dialogs.expectOk("实时错误 '3024':\n找不到文件 '" + context.gstrZtFile + "'。", Icon::Critical);
+  testing::internal::CaptureStderr();
+  press(form, "保存");
+  testing::internal::GetCapturedStderr();
+  EXPECT_EQ(endStatus(), 1);
+  std::filesystem::rename(away, context.gstrZtFile);
+  EXPECT_TRUE(stored("07").starts_with("仪器|"));
+  EXPECT_EQ(stored("08"), "(none)");
 }
 
 TEST_F(FrmFLBMBTest, standsAnEmptyArchive) {

@@ -248,6 +248,33 @@ TEST_F(FrmInitTest, leavesWhatIsSwitchedOffAlone) {
   for (const std::string& name : untouched) EXPECT_EQ(parameter(name), "kept") << name;
 }
 
+TEST_F(FrmInitTest, choosesNoMethodAmongFewerThanThree) {
+  execute("delete from fa_Depreciations where sID>'2'");
+  const FrmInit& form = open();
+  EXPECT_EQ(control<QComboBox>(form, "ComboZJFF").count(), 2);
+  EXPECT_EQ(control<QComboBox>(form, "ComboZJFF").currentIndex(), -1);
+  click(form, "CheckZWXTDZ");
+  goTo(form, 6);
+  EXPECT_EQ(textOf(form, "LblZYZJFF"), "");
+  expectFinish();
+  click(form, "CmdFinish");
+  EXPECT_EQ(parameter("sDeprMethodNum"), "0");
+}
+
+TEST_F(FrmInitTest, keepsALongSequenceAndHandsTheFocusToTheEnd) {
+  execute("update AccInformation set cDefault='12' where cSysID='FA' and cName='iCardSequenceNumLength'");
+  FrmInit& form = open();
+  form.activateWindow();
+  settle();
+  EXPECT_EQ(textOf(form, "TxtXHCD"), "12");
+  click(form, "CheckZWXTDZ");
+  goTo(form, 5);
+  control<QPushButton>(form, "CmdNext").setFocus();
+  sendKey(control<QPushButton>(form, "CmdNext"), Qt::Key_Return);
+  EXPECT_TRUE(control<QPushButton>(form, "CmdFinish").hasFocus())
+      << "not the button that gives everything up";
+}
+
 TEST_F(FrmInitTest, endsWithoutWritingWhenItIsClosed) {
   FrmInit& form = open();
   enterSubjects(form, "1501", "1502");

@@ -1,3 +1,5 @@
+#include <QTest>
+
 #include "store/FrmXUANXIANG.h"
 #include "support/Widgets.h"
 
@@ -111,6 +113,36 @@ TEST_F(FrmXUANXIANGTest, refusesAnUnknownSubject) {
     EXPECT_EQ(textOf(form, name), "");
     EXPECT_TRUE(control<QLineEdit>(form, name).hasFocus()) << name;
   }
+}
+
+TEST_F(FrmXUANXIANGTest, leavesLongNumbersAsTheyAre) {
+  set("iCardSequenceNumLength", "12");
+  set("iYearsToDel", "120");
+  const FrmXUANXIANG& form = open();
+  EXPECT_EQ(textOf(form, "TxtXHCD") + "|" + textOf(form, "TxtSCSX"), "12|120");
+  click(form, "CmdOK");
+  EXPECT_EQ(parameter("iCardSequenceNumLength") + "|" + parameter("iYearsToDel"), "12|120");
+}
+
+TEST_F(FrmXUANXIANGTest, doesNotLeaveAFieldForThePickerOrAnotherWindow) {
+  FrmXUANXIANG& form = open();
+  control<QTabWidget>(form, "SSTab1").setCurrentIndex(2);
+  form.activateWindow();
+  settle();
+  type(form, "TxtQSGDZC", "15");
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  settle();
+  EXPECT_FALSE(control<QLineEdit>(form, "TxtQSGDZC").hasFocus());
+  form.activateWindow();
+  settle();
+  inModalForm([](QWidget& picker) {
+    selectNode(picker, "TvCode", "1501 固定资产");
+    click(picker, "cmdOK");
+  });
+  QTest::mouseClick(&control<QPushButton>(form, "Command1"), Qt::LeftButton);
+  EXPECT_EQ(textOf(form, "TxtQSGDZC"), "1501,固定资产");
 }
 
 TEST_F(FrmXUANXIANGTest, cancelsWithoutWriting) {

@@ -43,7 +43,9 @@ TEST_F(frmGZLTest, storesTheWorkOfTheMonth) {
   EXPECT_EQ(control<FlexGrid>(form, "grdGZL").grid().rows(), 3u) << "two cards by workload";
   EXPECT_EQ(textOf(form, "txtTotal") + "|" + textOf(form, "txtLJ") + "|" + textOf(form, "txtDW"),
             "9000.00|340.00|小时");
-  enterWork(form, "12.5x", Qt::Key_Return);
+  EXPECT_EQ(textOf(form, "lblTotal") + textOf(form, "lblLJ") + textOf(form, "lblDW"),
+            "工作总量累计工作量工作量单位");
+  enterWork(form, "1,2.e5x", Qt::Key_Return);
   enterWork(form, "7", Qt::Key_Return);
   EXPECT_EQ(textOf(form, "txtLJ"), "32.00") << "25 on the card, 7 in the month";
   click(form, "cmdOK");

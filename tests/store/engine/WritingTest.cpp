@@ -52,6 +52,19 @@ TEST_F(WritingTest, GatheredStatementsAreDurableAfterAFlush) {
   EXPECT_EQ(cell("select count(*) from t"), "3");
 }
 
+TEST_F(WritingTest, NothingIsWrittenPastAFileThatIsGone) {
+  insert("1");
+  engine.flush();
+  std::filesystem::rename(path, path + ".away");
+  EXPECT_EQ(errorOf([&] { insert("2"); }), 3024);
+  std::filesystem::rename(path + ".away", path);
+  EXPECT_EQ(cell("select count(*) from t"), "1");
+  insert("3");
+  std::filesystem::rename(path, path + ".away");
+  EXPECT_EQ(errorOf([&] { engine.flush(); }), 3024) << "said, not lost without a word";
+  std::filesystem::rename(path + ".away", path);
+}
+
 TEST_F(WritingTest, AFailureUndoesItsStatementAndNothingBefore) {
   insert("1");
   insert("2");

@@ -158,7 +158,7 @@ void BatchBilling::loadEvent(const std::string& voucherKey) {
 }
 
 bool BatchBilling::enterSubject(std::size_t row, const std::string& code) {
-  const auto name = subjectName(run_.dbZKData, code);
+  const auto name = enteredSubjectName(run_.dbZKData, code);
   if (!name) {
     run_.dialogs.MsgBox("科目代码错！", Buttons::Ok, Icon::Exclamation, kTitle);
     return false;

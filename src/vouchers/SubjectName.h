@@ -8,7 +8,8 @@
 
 namespace zelkor {
 
-/// Name of the subject in the chart, empty where it has none; nothing without such a subject.
-std::optional<std::string> subjectName(Database& data, std::string_view code);
+/// Name of the subject whose code was entered into a line, empty where it has none; nothing without such a
+/// subject.
+std::optional<std::string> enteredSubjectName(Database& data, std::string_view code);
 
 }  // namespace zelkor

@@ -150,7 +150,7 @@ bool VoucherFill::EditRequest() {
 }
 
 void VoucherFill::SubjectEntered(std::size_t line, const std::string& code) {
-  const std::string name = subjectName(run_.dbZKData, code).value_or("");
+  const std::string name = enteredSubjectName(run_.dbZKData, code).value_or("");
   localPZ_.Row(line).SubjectCode = code;
   localPZ_.Row(line).SubjectName = name;
   if (name.empty()) run_.dialogs.MsgBox("科目不合法", Buttons::Ok, Icon::Exclamation, kEditorTitle);

@@ -85,6 +85,13 @@ std::optional<std::size_t> FlexGrid::currentGridColumn() const {
   return static_cast<std::size_t>(currentIndex().column());
 }
 
+std::vector<std::size_t> FlexGrid::selectedGridRows() const {
+  std::vector<std::size_t> rows;
+  for (const QModelIndex& cell : selectionModel()->selectedRows()) rows.push_back(model_.gridRow(cell.row()));
+  std::ranges::sort(rows);
+  return rows;
+}
+
 void FlexGrid::selectGridRow(std::size_t row) {
   setCurrentIndex(model_.index(model_.viewRow(row), std::max(currentIndex().column(), 0)));
 }
@@ -129,18 +136,36 @@ void FlexGrid::hideRows() {
 }
 
 void FlexGrid::mergeCells() {
-  const TextGrid& shown = grid();
-  const std::size_t first = shown.headerRows();
-  for (std::size_t row = first; row < shown.rows(); ++row) {
-    for (std::size_t column = 0; column < shown.columns(); ++column) {
-      if (!shown.rowMerged(row) && !shown.columnMerged(column)) continue;
-      const CellSpan span = mergedCells(shown, row, column, row, shown.rows() - 1);
-      const bool begins = span.firstRow == row && span.firstColumn == column;
-      if (!begins || span.isSingle() || rowSpan(model_.viewRow(row), static_cast<int>(column)) > 1) continue;
-      setSpan(model_.viewRow(row), static_cast<int>(column), static_cast<int>(span.lastRow - row + 1),
-              static_cast<int>(span.lastColumn - column + 1));
-    }
+  for (std::size_t row = grid().headerRows(); row < grid().rows(); ++row) {
+    if (grid().rowMerged(row)) mergeRow(row);
   }
+  for (std::size_t column = 0; column < grid().columns(); ++column) {
+    if (grid().columnMerged(column)) mergeColumn(column);
+  }
+}
+
+void FlexGrid::mergeRow(std::size_t row) {
+  for (std::size_t column = 0; column < grid().columns();) {
+    const CellSpan span = mergedCells(grid(), row, column, row, row);
+    showAsOne(span);
+    column = span.lastColumn + 1;
+  }
+}
+
+/// Each run of equal cells once: a column may have a hundred thousand rows.
+void FlexGrid::mergeColumn(std::size_t column) {
+  for (std::size_t row = grid().headerRows(); row < grid().rows();) {
+    const CellSpan span = mergedCells(grid(), row, column, row, grid().rows() - 1);
+    if (span.firstColumn == span.lastColumn) showAsOne(span);
+    row = span.lastRow + 1;
+  }
+}
+
+void FlexGrid::showAsOne(const CellSpan& cells) {
+  if (cells.isSingle()) return;
+  setSpan(model_.viewRow(cells.firstRow), static_cast<int>(cells.firstColumn),
+          static_cast<int>(cells.lastRow - cells.firstRow + 1),
+          static_cast<int>(cells.lastColumn - cells.firstColumn + 1));
 }
 
 }  // namespace zelkor

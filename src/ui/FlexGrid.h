@@ -4,9 +4,11 @@
 #include <optional>
 #include <QTableView>
 #include <string>
+#include <vector>
 
 #include "base/TextGrid.h"
 #include "ui/GridModel.h"
+#include "ui/GridSpans.h"
 
 namespace zelkor {
 
@@ -31,6 +33,8 @@ class FlexGrid final : public QTableView {
   /// Row (and column) of the current cell.
   std::optional<std::size_t> currentGridRow() const;
   std::optional<std::size_t> currentGridColumn() const;
+  /// All selected rows from top to bottom, where the view lets several be selected.
+  std::vector<std::size_t> selectedGridRows() const;
   void selectGridRow(std::size_t row);
   void selectCell(std::size_t row, std::size_t column);
   /// The cell as the view's index.
@@ -51,6 +55,9 @@ class FlexGrid final : public QTableView {
   void hideColumns();
   void hideRows();
   void mergeCells();
+  void mergeRow(std::size_t row);
+  void mergeColumn(std::size_t column);
+  void showAsOne(const CellSpan& cells);
 
   GridModel model_;
 };

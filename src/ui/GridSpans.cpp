@@ -12,7 +12,8 @@ CellSpan mergedCells(const TextGrid& grid, std::size_t row, std::size_t column, 
       ++span.lastColumn;
     }
   }
-  if (span.firstColumn != span.lastColumn || !grid.columnMerged(column)) return span;
+  const bool mergesDown = grid.columnMerged(column) || row < grid.headerRows();
+  if (span.firstColumn != span.lastColumn || !mergesDown) return span;
   while (span.firstRow > firstRow && grid.text(span.firstRow - 1, column) == text) --span.firstRow;
   while (span.lastRow < lastRow && grid.text(span.lastRow + 1, column) == text) ++span.lastRow;
   return span;

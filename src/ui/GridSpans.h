@@ -17,7 +17,8 @@ struct CellSpan {
   bool operator==(const CellSpan&) const = default;
 };
 
-/// The cell with its equal neighbours, sideways in a merged row, otherwise up and down in a merged column.
+/// The cell with its equal neighbours, sideways in a merged row, otherwise up and down in a merged column and
+/// in header rows.
 /// Rows outside `firstRow` to `lastRow` (inclusive) do not count. Empty cells merge as others do.
 CellSpan mergedCells(const TextGrid& grid, std::size_t row, std::size_t column, std::size_t firstRow,
                      std::size_t lastRow);

@@ -1,0 +1,50 @@
+#include "base/Text.h"
+#include "reports/LedgerSums.h"
+#include "reports/ReportConditions.h"
+#include "reports/ReportGrid.h"
+#include "reports/ReportRoutines.h"
+#include "reports/ReportView.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+std::string labelOf(const std::string& id, const std::string& name) {
+  if (id == "1") return "本年增加固定资产：";
+  if (id == "2") return "本年减少固定资产：";
+  return "      " + name + "(" + id + ")";
+}
+
+/// What was added or taken off in this way and those below it.
+LedgerSums sumWay(Database& data, const std::string& id, const std::string& type) {
+  const bool addition = Left(id, 1) == "1";
+  const std::string ofType = type.empty() ? "" : sql(" and sTypeNum like '", type, "*'");
+  const Recordset sums =
+      data.OpenRecordset(sql("select sum(dblValue) as yz,sum(dblDecDeprT) as ytzj",
+                             addition ? " From fa_Cards where iOptType=2 and sOrgAddID like '"
+                                      : " From fa_Cards where iOptType=3 and sOrgDisposeID like '",
+                             id, "*'", ofType));
+  return {sums.Fields("yz"), sums.Fields("ytzj"), {}};
+}
+
+}  // namespace
+
+void BuildAssetDeprTable2(RunContext& run, const ReportConditions& conditions, ReportView& view) {
+  view.title = "(部门)折旧计提汇总表";  // not its own
+  view.conditionLines[0].text = conditions.levelRange("汇总部门：", 0, 1);
+  view.conditionLines[1].text.clear();
+  ReportGrid grid(view.grid, {4000, 1800, 1800}, 1);
+  grid.addHeader({"项目", "原值", "累计折旧"});
+  Recordset ways = run.dbZKData.OpenRecordset("select * from fa_Origins where iType<>-1 order by sID");
+  for (; !ways.Eof(); ways.MoveNext()) {
+    const std::string id = ways.Text("sID");
+    const std::size_t row = grid.addRow();
+    grid.put(row, 0, labelOf(id, ways.TextOrEmpty("sName")));
+    const LedgerSums sums = sumWay(run.dbZKData, id, conditions.types[5].code);
+    if (!sums.hasValue()) continue;
+    grid.putAmount(row, 1, sums.yz);
+    grid.putAmount(row, 2, sums.ytzj);
+  }
+}
+
+}  // namespace zelkor

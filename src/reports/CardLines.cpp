@@ -1,0 +1,57 @@
+#include "reports/CardLines.h"
+
+#include "store/Statement.h"
+
+namespace zelkor {
+
+void setLedgerCaptions(ReportView& view, const ReportConditions& conditions, const PickedEntry& type,
+                       const PickedEntry& department) {
+  view.periodListVisible = false;
+  view.periodCaption = "期间：" + conditions.periods[10] + " --- " + conditions.periods[11];
+  view.conditionLines[0].text = "资产类别：" + type.name;
+  view.conditionLines[1].text = "使用部门：" + department.name;
+}
+
+std::string cardLinesQuery(std::string_view columns, const LedgerFilter& filter) {
+  const auto& [department, type] = filter;
+  if (department.empty() && type.empty()) {
+    return sql(columns, " From fa_Cards a, fa_DeprTransactions b where a.iOptType<>6 and ",
+               "iOptType<>7 and a.sCardNum=b.sCardNum ");
+  }
+  if (type.empty()) {
+    return sql(columns, " From fa_Cards a, fa_DeprTransactions b where ",
+               "a.sCardNum=b.sCardNum and sDeptNum like '", department, "*'");
+  }
+  if (department.empty()) {
+    return sql(columns, " From fa_Cards a, fa_DeprTransactions b where ",
+               "a.sCardNum=b.sCardNum and sTypeNum like '", type, "*'");
+  }
+  return sql(columns, " From fa_Cards a, fa_DeprTransactions b where a.sCardNum=b.sCardNum and ",
+             "sTypeNum like '", type, "*' and sDeptNum like '", department, "*'");
+}
+
+std::string_view digestOf(int iOptType) {
+  switch (iOptType) {
+    case 1:
+      return "录入原始卡片";
+    case 2:
+      return "新增固定资产";
+    case 4:
+      return "原值增加";
+    case 6:
+      return "部门转出";
+    case 7:
+      return "部门转入";
+    default:
+      return {};
+  }
+}
+
+void writeCardHead(ReportGrid& grid, std::size_t row, const Recordset& card) {
+  grid.put(row, 0, card.TextOrEmpty("dInputDate"));
+  grid.put(row, 1, card.TextOrEmpty("sAssetNum"));
+  grid.put(row, 2, card.TextOrEmpty("sCardNum"));
+  grid.put(row, 3, card.TextOrEmpty("sZWVoucherType"));
+}
+
+}  // namespace zelkor

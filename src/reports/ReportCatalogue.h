@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+namespace zelkor {
+
+struct RunContext;
+struct ReportConditions;
+struct ReportView;
+
+/// What computes a report: reads the conditions, fills the view.
+using ReportRoutine = void (*)(RunContext& run, const ReportConditions& conditions, ReportView& view);
+
+/// A kind of report, told from the others by its name.
+struct ReportKind {
+  std::string_view key;  // in the catalogue's tree: the folder's key and the report's number
+  std::string_view name;
+  int page;             // of the condition dialog
+  int height;           // of the condition dialog, in twips
+  int width;            // likewise
+  ReportRoutine build;  // none for a kind that nothing computes
+};
+
+struct ReportFolder {
+  std::string_view key;
+  std::string_view name;
+};
+
+inline constexpr std::string_view catalogueRootKey = "Nroot";
+inline constexpr std::string_view catalogueRootName = "账簿";
+
+inline constexpr std::array<ReportFolder, 5> reportFolders{
+    {{"N1", "自定义账夹"}, {"N2", "分析表"}, {"N3", "统计表"}, {"N4", "账簿"}, {"N5", "折旧表"}}};
+
+/// All kinds, folder by folder.
+std::span<const ReportKind> reportKinds();
+/// The kinds of a folder, by its key.
+std::span<const ReportKind> reportsOf(std::string_view folderKey);
+/// The kind of that name; none for another text, a folder's name among them.
+const ReportKind* findReport(std::string_view name);
+
+}  // namespace zelkor

@@ -1,0 +1,31 @@
+#include "reports/ReportConditions.h"
+
+#include "base/Format.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+
+ReportConditions::ReportConditions(int year) {
+  for (std::size_t i = 0; i < months.size(); ++i) {
+    months[i] = sql(year, ".", Format(static_cast<std::int32_t>(i + 1), "00"));
+  }
+  periods.fill(months.front());
+  levels.fill("1");
+}
+
+void ReportConditions::pickDepartment(const PickedEntry& picked) {
+  for (std::size_t i = 1; i < departments.size(); ++i) departments[i] = picked;
+}
+
+void ReportConditions::pickType(const PickedEntry& picked) {
+  types[2] = picked;
+  types[3] = picked;
+  types[4].name = picked.name;  // a caption only
+  types[5] = picked;
+}
+
+std::string ReportConditions::levelRange(std::string_view caption, std::size_t from, std::size_t to) const {
+  return std::string(caption) + levels[from] + "---" + levels[to];
+}
+
+}  // namespace zelkor

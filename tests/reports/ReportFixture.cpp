@@ -1,0 +1,125 @@
+#include "reports/ReportFixture.h"
+
+#include <sstream>
+#include <utility>
+
+#include "apps/zelkorctl/CardImport.h"
+#include "base/TextGridPrinter.h"
+#include "depreciation/RunMonthDepr.h"
+#include "store/Statement.h"
+
+namespace zelkor::test {
+namespace {
+
+constexpr int kCards = 40;
+
+std::string firstLines(const std::string& text, int count) {
+  std::size_t end = 0;
+  while (count-- > 0) end = text.find('\n', end) + 1;
+  return text.substr(0, end);
+}
+
+std::string captionsOf(const ReportView& view) {
+  std::string text = view.unitLine + "\n";
+  text += "[" + view.periodCaption +
+          (view.periodListVisible ? "▾" + view.periods.at(view.selectedPeriod) : "") + "]";
+  for (const ConditionLine& line : view.conditionLines) {
+    text += line.visible ? " [" + line.text + "]" : " (hidden)";
+  }
+  if (view.secondLineMovedUp) text += " (moved up)";
+  return text + "\n";
+}
+
+std::string widthsOf(const TextGrid& grid) {
+  std::string text = "columns:";
+  for (std::size_t i = 0; i < grid.columns(); ++i) {
+    static constexpr const char* kAlignments[] = {"", "c", "r"};
+    text += sql(" ", grid.columnWidth(i), kAlignments[static_cast<int>(grid.alignment(i))],
+                grid.columnMerged(i) ? "m" : "");
+  }
+  return text + "\n";
+}
+
+std::string print(const ReportView& view) {
+  std::ostringstream out;
+  printGrid(out, view.grid);
+  return captionsOf(view) + widthsOf(view.grid) + out.str();
+}
+
+}  // namespace
+
+void ReportTest::keepBooks() {
+  importCards();
+  runJanuary();
+  changeCards();
+}
+
+void ReportTest::importCards() {
+  std::ostringstream problems;
+  const DateTime opDate = std::exchange(context.gdOpDate, day("2020-1-31"));
+  const std::string csv =
+      firstLines(readFile(std::filesystem::path(ZELKOR_DATA_DIR) / "sample-register.csv"), kCards + 1);
+  const ImportResult result = zelkor::importCards(context, csv, 1, problems);
+  ASSERT_EQ(result.stored, kCards) << problems.str();
+  context.gdOpDate = opDate;
+}
+
+void ReportTest::runJanuary() {
+  const DateTime opDate = std::exchange(context.gdOpDate, day("2020-1-31"));
+  const std::string time = "2020年06月01日 08时30分00秒";
+  dialogs.expectYesNo("本操作将计提本月折旧,并花费一定时间,是否继续?", Answer::Yes, Icon::None, "固定资产");
+  dialogs.expectYesNo("是否要查看折旧清单?", Answer::No, Icon::Information, "固定资产");
+  dialogs.expectOk("计提折旧完成!\n开始时间:" + time + "\n结束时间:" + time, Icon::Exclamation, "固定资产");
+  RunMonthDepr(context, {.depreciationList = [] {}, .allocationTable = [] {}});
+  context.gdOpDate = opDate;
+}
+
+void ReportTest::addVersion(const std::string& cardNum, const Changes& changes) {
+  const Recordset source = db().OpenRecordset(
+      sql("select * from fa_Cards where sCardNum='", cardNum, "' order by val(sCardID) desc"));
+  Recordset versions = db().OpenRecordset("select * from fa_Cards");
+  versions.AddNew();
+  for (std::size_t i = 0; i < source.FieldCount(); ++i) {
+    const std::string& column = source.FieldName(i);
+    const auto change = changes.find(column);
+    versions.Collect(column, change == changes.end() ? source.Fields(i) : change->second);
+  }
+  versions.Collect("sCardID", sql(++lastCardID_));
+  versions.Update();
+}
+
+void ReportTest::changeCards() {
+  addVersion("00003", {{"iOptType", 6.0}, {"sTransDepteNum", "401"}});
+  addVersion("00003", {{"iOptType", 7.0}, {"sDeptNum", "401"}, {"sTransDepteNum", "303"}});
+  addVersion("00010", {{"iOptType", 4.0}, {"dblValue", 98765.4321}});
+  addVersion("00001", {{"iOptType", 1.0}, {"dblValue", 4873000.5}});
+  addVersion("00020", {{"iOptType", 10.0}, {"sStatusID", "31"}});
+  addVersion("00030", {{"iOptType", 2.0}, {"sOrgAddID", "101"}, {"dblDecDeprT", 0.125}});
+  addVersion("00031", {{"iOptType", 2.0}, {"sOrgAddID", "102"}});
+  addVersion("00012", {{"iOptType", 3.0},
+                       {"dDisposeDate", day("2020-4-30")},
+                       {"sOrgDisposeID", "201"},
+                       {"dblDecDeprT", 1234.565}});
+  execute("update fa_DeprTransactions set dblDeprT1=dblDeprT1+0.005 where sCardNum like '0001*'");
+  execute(
+      "update fa_DeprTransactions set dblInputValue=dblInputValue+0.125,sMonthStatusID='21' "
+      "where sCardNum like '0002*'");
+  execute("update fa_DeprTransactions set sMonthStatusID='1' where sCardNum='00005'");
+  execute(
+      "insert into fa_ZWVouchers (doutbilldate,coutno_id,coutbillsign,md,mc,cdept_id,coutsysname) "
+      "values (#2020-4-30#,'00001','减少',1234.57,0,'4','FA')");
+}
+
+std::string ReportTest::report(const std::string& name) {
+  const ReportKind* kind = findReport(name);
+  if (!kind) return "(no such report)";
+  ReportView view;
+  try {
+    if (runReport(context, *kind, conditions, view) == ReportOutcome::NothingToShow) return "(nothing)\n";
+  } catch (const RuntimeError& error) {
+    return sql("error ", static_cast<int>(error.number()), "\n");
+  }
+  return print(view);
+}
+
+}  // namespace zelkor::test

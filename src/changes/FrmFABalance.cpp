@@ -124,18 +124,29 @@ void FrmFABalance::cmdMethod_Click() {
   editor->open(Text[method ? Reason : MethodAfter]);
 }
 
-/// A command of the toolbar does not take the focus: a value that is being typed has not been left.
+/// A command of the toolbar does not take the focus: a value that is being typed has not been left. It is
+/// opened again when nothing has been saved.
 void FrmFABalance::save() {
+  const bool typing = editor->isOpen();
   editor->commit();
+  if (store()) {
+    add();
+  } else if (typing) {
+    editor->resume();
+  }
+}
+
+/// True when the sheet has been saved.
+bool FrmFABalance::store() {
   if (const auto refusal = balanceRefusal(sheet_)) {
     run().dialogs.MsgBox(*refusal);
-    return;
+    return false;
   }
   const auto question = balanceQuestion(sheet_);
-  if (question && run().dialogs.MsgBox(*question) != Answer::Yes) return;
+  if (question && run().dialogs.MsgBox(*question) != Answer::Yes) return false;
   const BalanceSaved result = saveBalance(balance_, sheet_);
   run().dialogs.MsgBox(result.box);
-  if (result.saved) add();
+  return result.saved;
 }
 
 }  // namespace zelkor

@@ -46,6 +46,7 @@ class FrmFABalance final : public SheetForm {
   void cmdMethod_Click();
   void add();
   void save();
+  bool store();
 
   ClsBLLBalance balance_;
   BalanceSheet sheet_;

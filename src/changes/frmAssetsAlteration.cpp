@@ -91,14 +91,18 @@ void frmAssetsAlteration::add() {
   editor->begin();
 }
 
-/// A command of the toolbar does not take the focus: a value that is being typed has not been left.
+/// A command of the toolbar does not take the focus: a value that is being typed has not been left. It is
+/// opened again when nothing has been saved.
 void frmAssetsAlteration::save() {
+  const bool typing = editor->isOpen();
   typedIsRefused_ = false;
   editor->commit();
-  if (typedIsRefused_) return;
-  const SheetResult result = sheets_.save(sheet_);
-  if (result.toolbarAsSaved) enterMode(Mode::Stored);
-  tell(result);
+  if (!typedIsRefused_) {
+    const SheetResult result = sheets_.save(sheet_);
+    if (result.toolbarAsSaved) enterMode(Mode::Stored);
+    tell(result);
+  }
+  if (typing) editor->resume();
 }
 
 void frmAssetsAlteration::cancel() {

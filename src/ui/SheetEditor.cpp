@@ -53,6 +53,10 @@ void SheetEditor::open(const QWidget* value) {
   if (active_ && place != places_.end()) openAt(static_cast<std::size_t>(place - places_.begin()));
 }
 
+void SheetEditor::resume() {
+  if (active_ && !open_ && at_ < places_.size()) openAt(at_);
+}
+
 void SheetEditor::openAt(std::size_t index) {
   if (open_) commit();
   at_ = index;

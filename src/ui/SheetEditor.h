@@ -30,6 +30,8 @@ class SheetEditor final : public QObject {
   void begin();
   /// Opens a value, if it is one of those that can be filled in.
   void open(const QWidget* value);
+  /// Opens the value again that was open last.
+  void resume();
   /// Ends the open value with the text that stands there.
   void commit();
   void cancel();

@@ -7,6 +7,7 @@ namespace zelkor {
 
 void takeStorePictures(Stage& stage);
 void takeArchivePictures(Stage& stage);
+void takeChangePictures(Stage& stage);
 void takeDepreciationPictures(Stage& stage);
 
 }  // namespace zelkor

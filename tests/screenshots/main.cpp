@@ -23,6 +23,7 @@ void takePictures(const std::filesystem::path& pictures) {
     Stage stage(set, pictures);
     takeStorePictures(stage);
     takeArchivePictures(stage);
+    takeChangePictures(stage);
     takeDepreciationPictures(stage);
   }
   std::filesystem::remove_all(set);

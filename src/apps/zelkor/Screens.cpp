@@ -4,6 +4,8 @@
 #include "archives/FrmDepartPzCode.h"
 #include "archives/FrmFLBMB.h"
 #include "archives/frmUseStatus.h"
+#include "changes/frmAssetsAlteration.h"
+#include "changes/FrmFABalance.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
 #include "store/FrmInit.h"
@@ -36,6 +38,12 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmDepartPzCode", showing<FrmDepartPzCode>(host));
   jobs.add("FrmFLBMB", showing<FrmFLBMB>(host));
   jobs.add("frmUseStatus", showing<frmUseStatus>(host));
+  jobs.add("frmAssetsAlteration", [&host](RunContext&, const ScreenProperties& properties) {
+    if (const auto kind = changeKindOf(properties.BillType)) host.show<frmAssetsAlteration>(*kind);
+  });
+  jobs.add("FrmFABalance", [&host](RunContext&, const ScreenProperties& properties) {
+    host.show<FrmFABalance>(properties.ZkDataPath);
+  });
   jobs.add("FrmZJFPB", showing<FrmZJFPB>(host));
   jobs.add("FrmZJFPB modal", showingModal<FrmZJFPB>(host));
   jobs.add("frmZJQD", showing<frmZJQD>(host));

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "apps/zelkorctl/CardRow.h"
+#include "apps/zelkorctl/CsvTable.h"
 #include "base/Csv.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -93,17 +94,6 @@ void print(std::ostream& out, std::size_t line, const std::vector<CellProblem>& 
     separator = "；";
   }
   out << '\n';
-}
-
-void requireUtf8(std::string_view csv) {
-  for (std::size_t line = 1; !csv.empty(); ++line) {
-    const std::size_t end = std::min(csv.find('\n'), csv.size() - 1) + 1;
-    if (!isValidUtf8(csv.substr(0, end))) {
-      throw RuntimeError(ErrorNumber::DataTypeConversion,
-                         "文件不是 UTF-8 编码（第" + std::to_string(line) + "行）");
-    }
-    csv.remove_prefix(end);
-  }
 }
 
 /// Imports the next row; false at the end. A row whose quotes are wrong is refused like any other bad row.

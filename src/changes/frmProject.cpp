@@ -1,7 +1,7 @@
 #include "changes/frmProject.h"
 
 #include <QBoxLayout>
-#include <QSplitter>
+#include <QHeaderView>
 
 #include "ui/Layout.h"
 #include "ui/TreeLoader.h"
@@ -28,18 +28,10 @@ void frmProject::arrangeControls() {
   dressTree(*TreeView1);
   opC->setChecked(true);
   Text1->setPlaceholderText("输入项目编码或名称，回车查找下一个");
-  auto* split = new QSplitter;
-  split->addWidget(TreeView1);
-  split->addWidget(MSFG1);
-  split->setStretchFactor(1, 1);
-  split->setSizes({200, 540});
-  split->setChildrenCollapsible(false);
-  auto* body = column({wide(split), frame("模糊匹配定位", row({wide(Text1), opA, opC, opR, opL}))});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
+  MSFG1->horizontalHeader()->setStretchLastSection(true);
+  arrangeScreen(this, Toolbar1,
+                column({wide(panes(TreeView1, 200, MSFG1, 540)),
+                        frame("模糊匹配定位", row({wide(Text1), opA, opC, opR, opL}))}));
   resize(780, 460);
 }
 

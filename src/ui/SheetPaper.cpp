@@ -101,6 +101,7 @@ void showOnSheet(QLabel* label, const QString& text) {
 
 void pickButtonOver(QWidget* value, QPushButton* button) {
   button->setProperty("pick", true);
+  button->setProperty("over", true);
   button->setFocusPolicy(Qt::NoFocus);
   auto* over = new QHBoxLayout(value);
   over->setContentsMargins(0, 2, 2, 2);

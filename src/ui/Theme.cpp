@@ -61,6 +61,21 @@ QTabWidget::pane { border: 1px solid #c6cfd8; background: white; }
 QLabel[note="true"] { color: #5b6773; }
 QLabel[title="true"] { font-size: 15px; font-weight: bold; color: #34568b; }
 QFrame[rule="true"] { color: #d5dbe1; }
+QFrame[sheet="paper"] { background: white; border: 1px solid #c6cfd8; }
+QLabel[sheet="title"] { font-size: 21px; font-weight: bold; letter-spacing: 6px; color: #1f2933; border: none; }
+QLabel[sheet="kind"] { font-size: 13px; color: #34568b; border: none; }
+QLabel[sheet="open"] { color: #5b6773; border: none; }
+QLabel[sheet="written"] { color: #1f2933; border: none; }
+QFrame[sheet="table"] { background: #aeb9c5; border: none; }
+QLabel[sheet="caption"] { background: #f1f4f7; color: #4a5663; border: none; padding: 0 10px; }
+QLabel[sheet="value"] { background: white; color: #1f2933; border: none; padding: 0 10px; }
+QLabel[sheet="value"][entry="true"] { background: #fffbe6; }
+QLabel[sheet="value"][entry="true"]:hover { background: #fff6cc; }
+QLabel[sheet="value"][entry="true"]:focus { background: #fff3b8; }
+QLineEdit[over="true"], QLineEdit[over="true"]:read-only {
+  background: white; color: #1f2933; border: 2px solid #2f6fb2; border-radius: 0; padding: 0 8px; min-height: 0;
+}
+QPushButton[pick="true"][over="true"] { min-height: 0; padding: 0; }
 )";
 
 }  // namespace

@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <QTest>
 
+#include "apps/zelkor/Screens.h"
 #include "changes/frmAssetsAlteration.h"
 #include "forms/SheetForms.h"
 
@@ -30,6 +32,23 @@ TEST_F(frmAssetsAlterationTest, opensAnEmptySheetOfItsKind) {
     EXPECT_EQ(labels(form, c.labels), "00013|2020-05-15|陈会计") << c.picture;
     EXPECT_EQ(enabledCommands(form), "取消 保存 退出 ") << c.picture;
     EXPECT_FALSE(control<QLineEdit>(form, "txtContent").isHidden()) << "the card number is asked for";
+  }
+}
+
+TEST_F(frmAssetsAlterationTest, startsByItsRunTypes) {
+  const struct {
+    std::int16_t runType;
+    const char* control;  // that only this screen has
+  } cases[] = {{14, "Picture10"}, {15, "Picture11"}, {16, "Picture12"}, {17, "Picture13"},
+               {18, "Picture14"}, {24, "Picture15"}, {11, "cmdMethod"}};
+  RunTypeJobs jobs;
+  addScreens(jobs, host);
+  for (const auto& c : cases) {
+    startRunType(context, *findRunType(c.runType), jobs);
+    const auto shown = QApplication::topLevelWidgets();
+    EXPECT_EQ(
+        std::ranges::count_if(shown, [&](QWidget* form) { return form->findChild<QWidget*>(c.control); }), 1)
+        << c.runType;
   }
 }
 

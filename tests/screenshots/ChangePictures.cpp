@@ -116,6 +116,7 @@ void takeChangePictures(Stage& stage) {
   showSheets(stage);
   stage.keep(stage.host().show<FrmFABalance>(stage.host().run().gstrZtFile), "FrmFABalance");
   showPickers(stage);
+  stage.data().Execute("delete from fa_Cards where sCardNum like '9000*'");
 }
 
 }  // namespace zelkor

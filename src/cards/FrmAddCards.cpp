@@ -1,0 +1,308 @@
+#include "cards/FrmAddCards.h"
+
+#include <algorithm>
+#include <QAction>
+#include <QKeyEvent>
+
+#include "archives/FrmFATypes.h"
+#include "cards/CardEditing.h"
+#include "vouchers/frmPZCode1.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kTitle = "固定资产";
+
+/// True for a key that types something else than digits and the point.
+bool isOtherThanFigures(const QString& typed) {
+  return !typed.isEmpty() && typed[0].isPrint() && !typed[0].isDigit() && typed[0] != '.';
+}
+
+}  // namespace
+
+FrmAddCards::FrmAddCards(FormHost& host, const ScreenProperties& properties)
+    : Form(host, "FrmAddCards", "固定资产卡片", Unload::Plain),
+      bView_(properties.bView),
+      cardID_(properties.CardID),
+      assetTypeID_(properties.AssetTypeID) {
+  cards_.setZkDataPath(opArgs().ZkDataPath());
+  sheet_.mode = static_cast<CardMode>(properties.frmType);
+  arrangeControls();
+  connectEvents();
+  SSTab1_Click();
+  const bool isNew = sheet_.isNew();
+  for (const char* key : {"保存", "取消"}) Toolbar1->enable(key, isNew && !bView_);
+  for (const char* key : {"修改", "删除"}) Toolbar1->enable(key, !isNew && !bView_);
+  if (isNew) {
+    startNewCard();
+  } else {
+    showCard(cardID_, CardLayout::Ordinary);
+  }
+}
+
+void FrmAddCards::connectEvents() {
+  on(Toolbar1, &Toolbar::ButtonClick, &FrmAddCards::Toolbar1_ButtonClick);
+  on(SSTab1, &QTabBar::currentChanged, &FrmAddCards::SSTab1_Click);
+  onLeaving(TxtEdit, &FrmAddCards::leaveField);
+}
+
+void FrmAddCards::startNewCard() {
+  sheet_ = newCard(cards_, opArgs(), sheet_.mode, assetTypeID_);
+  layOut();
+  showSheet();
+  openField(CardField::AssetName, Arrival::ByKeyboard);
+}
+
+/// Shows a version; of one whose category is gone an empty card in that layout.
+void FrmAddCards::showCard(const std::string& cardID, CardLayout layout) {
+  closeEditor();
+  cardID_ = cardID;
+  CardSheet empty;
+  empty.layout = layout;
+  sheet_ = storedCard(cards_, cardID).value_or(empty);
+  current_.reset();
+  PicCard->setCurrent(current_);
+  layOut();
+  showSheet();
+}
+
+void FrmAddCards::showSheet() {
+  for (const CardFieldPlace& place : PicCard->places()) {
+    QLabel* label = LblValue[static_cast<std::size_t>(place.field)];
+    const QString text = toQt(sheet_.texts[place.field]);
+    label->setText(text);
+    const bool fits = label->fontMetrics().horizontalAdvance(text) <= label->contentsRect().width();
+    label->setToolTip(fits ? QString() : text);
+  }
+}
+
+void FrmAddCards::refuse(const std::string& message) {
+  run().dialogs.MsgBox(message, Buttons::Ok, Icon::Exclamation, kTitle);
+}
+
+// ---- editing
+
+void FrmAddCards::openField(CardField field, Arrival arrival) {
+  if (bView_ || !leaveField()) return;
+  const CardFieldPlace* place = PicCard->find(field);
+  if (!place || !place->enabled) return;
+  current_ = field;
+  PicCard->setCurrent(current_);
+  if (place->hasReference()) {
+    PicCard->setFocus();
+  } else {
+    openEditor(*place, arrival);
+  }
+}
+
+bool FrmAddCards::leaveField() {
+  if (!editing_ || leaving_) return !editing_;
+  const QString text = TxtEdit->text();
+  if (arrival_ == Arrival::ByKeyboard && text == before_) {
+    closeEditor();
+    return true;
+  }
+  leaving_ = true;
+  const FieldEntry entry = enterField(sheet_, *current_, fromQt(text), opArgs().OpDate());
+  if (entry.accepted) {
+    closeEditor();
+    showSheet();
+  } else {
+    TxtEdit->setText(toQt(entry.boxText));
+    if (!entry.message.empty()) refuse(entry.message);
+    TxtEdit->setFocus();
+    TxtEdit->selectAll();
+  }
+  leaving_ = false;
+  return entry.accepted;
+}
+
+/// The paper takes the focus first: hiding the editor would hand it to the next control.
+void FrmAddCards::closeEditor() {
+  editing_ = false;
+  if (TxtEdit->hasFocus()) PicCard->setFocus();
+  TxtEdit->hide();
+}
+
+/// Goes on to the next field to fill in, behind the last one to the lists below the card.
+void FrmAddCards::moveField(int step) {
+  if (!leaveField()) return;
+  const auto at = current_ ? std::ranges::find(order_, *current_) : order_.end();
+  const auto last = std::ssize(order_) - 1;
+  auto next = at == order_.end() ? (step > 0 ? 0 : last) : at - order_.begin() + step;
+  if (next > last) {
+    current_.reset();
+    PicCard->setCurrent(current_);
+    SSTab1->setFocus();
+    return;
+  }
+  if (next < 0) next = last;
+  openField(order_[static_cast<std::size_t>(next)], Arrival::ByKeyboard);
+}
+
+void FrmAddCards::pick(CardField field) {
+  const CardFieldPlace* place = PicCard->find(field);
+  if (bView_ || !place || !leaveField()) return;
+  openField(field, Arrival::ByKeyboard);
+  if (const auto kind = archiveOfLabel(place->label)) pickEntry(field, *kind);
+  if (isSubjectLabel(place->label)) pickSubject(field);
+}
+
+void FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {
+  const bool isCategory = kind == ArchiveKind::AssetTypes;
+  const auto picked =
+      pickFromArchive(host(), kind, isCategory ? sheet_.texts[CardField::CategoryCode] : sheet_.codes[field]);
+  if (!picked) return;
+  if (isCategory) {
+    assetTypeID_ = picked->value;
+    takeCategory(sheet_, cards_, assetTypeID_);
+  } else {
+    takeEntry(sheet_, field, picked->value, picked->name);
+  }
+  layOut();
+  showSheet();
+}
+
+void FrmAddCards::pickSubject(CardField field) {
+  frmPZCode1 picker(host());
+  picker.setZKDatabase(data());
+  host().showModal(picker);
+  const std::string& code = picker.AccountCode();
+  if (code.empty()) return;
+  if (!isDetailSubject(data(), code)) return refuse(subjectRefusal(code));
+  sheet_.texts[field] = code + "," + picker.AccountContent();
+  showSheet();
+}
+
+// ---- commands
+
+void FrmAddCards::Toolbar1_ButtonClick(const QString& key) {
+  if (key == "保存") save();
+  if (key == "编辑") edit();
+  if (key == "取消") cancel();
+  if (key == "删除") remove();
+  if (key == "退出") close();
+  if (key == "修改") {
+    Toolbar1->enable("取消", true);
+    Toolbar1->enable("保存", true);
+  }
+}
+
+void FrmAddCards::edit() {
+  const QWidget* button = Toolbar1->widgetForAction(&Toolbar1->button("编辑"));
+  mnuPop->popup(button->mapToGlobal(QPoint(0, button->height())));
+}
+
+void FrmAddCards::save() {
+  if (!leaveField()) return;
+  const CardSaved result = saveCard(sheet_, cards_, cardID_, opArgs().OpDate().month());
+  showSheet();
+  if (!result.missing.empty()) return refuse(missingFieldsText(result.missing));
+  if (!result.saved) return;
+  run().dialogs.MsgBox("固定资产卡片已正确保存！", Buttons::Ok, Icon::Information, kTitle);
+  if (sheet_.isNew()) startNewCard();
+}
+
+void FrmAddCards::cancel() {
+  const Answer answer = run().dialogs.MsgBox("是否取消本次操作？", Buttons::OkCancel, Icon::Question, kTitle);
+  if (answer != Answer::Ok) return;
+  Toolbar1->enable("取消", false);
+  for (const char* key : {"修改", "删除"}) Toolbar1->enable(key, true);
+  showLast();
+}
+
+/// Deletes nothing: cards are deleted in their list.
+void FrmAddCards::remove() {
+  const Answer answer =
+      run().dialogs.MsgBox("确定要删除当前所选记录吗？", Buttons::OkCancel, Icon::Question, kTitle);
+  if (answer != Answer::Ok) return;
+  for (const char* key : {"取消", "保存"}) Toolbar1->enable(key, false);
+  for (const char* key : {"修改", "删除"}) Toolbar1->enable(key, true);
+  showLast();
+}
+
+std::optional<FrmAddCards::Reached> FrmAddCards::reach(CardMove move) {
+  std::string methodID;
+  std::string cardID = cards_.GetAssetCard(cardID_, move, methodID);
+  if (!cardID.empty()) return Reached{cardID, cardLayoutOfMethod(cards_.GetDeprMethodName(methodID))};
+  refuse("没有任何固定卡片！");
+  return std::nullopt;
+}
+
+/// Shows the last card anew, also when it is the current one: what was typed into it is to go.
+void FrmAddCards::showLast() {
+  if (const auto last = reach(CardMove::Last)) showCard(last->cardID, last->layout);
+}
+
+void FrmAddCards::walk(CardMove move) {
+  const auto reached = reach(move);
+  if (reached && reached->cardID != cardID_) showCard(reached->cardID, reached->layout);
+}
+
+// ---- keyboard and mouse
+
+bool FrmAddCards::eventFilter(QObject* control, QEvent* event) {
+  const auto type = event->type();
+  bool taken = false;
+  if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
+    taken = labelPressed(control, type);
+  } else if (type == QEvent::KeyPress && control == PicCard) {
+    taken = openingKeyPressed(static_cast<QKeyEvent*>(event)->key());
+  } else if (type == QEvent::KeyPress && control == TxtEdit) {
+    taken = takesDigitsOnly(*current_) && isOtherThanFigures(static_cast<QKeyEvent*>(event)->text());
+  }
+  return taken || Form::eventFilter(control, event);
+}
+
+/// A click on a value opens its editor, a second one on a reference its picker.
+bool FrmAddCards::labelPressed(const QObject* label, QEvent::Type type) {
+  const int field = label->property("cardField").toInt();
+  if (field == 0) return false;
+  host().dispatch([&] {
+    const auto pressed = static_cast<CardField>(field);
+    openField(pressed, Arrival::ByClick);
+    const CardFieldPlace* place = PicCard->find(pressed);
+    if (type == QEvent::MouseButtonDblClick && place->enabled && place->hasReference()) pick(pressed);
+  });
+  return true;
+}
+
+bool FrmAddCards::enterPressed(QObject* control) {
+  if (control != TxtEdit && control != PicCard) return false;
+  moveField(1);
+  return true;
+}
+
+void FrmAddCards::escapePressed() {
+  if (editing_) closeEditor();
+}
+
+/// F2 and Down open the current field, in the way that a field of its kind opens.
+bool FrmAddCards::openingKeyPressed(int key) {
+  if ((key != Qt::Key_F2 && key != Qt::Key_Down) || !current_) return false;
+  host().dispatch([this] {
+    if (PicCard->find(*current_)->hasReference()) {
+      pick(*current_);
+    } else {
+      openField(*current_, Arrival::ByKeyboard);
+    }
+  });
+  return true;
+}
+
+bool FrmAddCards::focusNextPrevChild(bool next) {
+  if (order_.empty()) return Form::focusNextPrevChild(next);
+  host().dispatch([&] { moveField(next ? 1 : -1); });
+  return true;
+}
+
+void showCardEditor(FormHost& host, ScreenProperties properties) {
+  if (static_cast<CardMode>(properties.frmType) != CardMode::Stored) {
+    const auto category = pickFromArchive(host, ArchiveKind::AssetTypes, properties.AssetTypeID);
+    if (!category) return;
+    properties.AssetTypeID = category->value;
+  }
+  host.show<FrmAddCards>(properties);
+}
+
+}  // namespace zelkor

@@ -1,0 +1,176 @@
+#include <QBoxLayout>
+#include <QScrollArea>
+
+#include "cards/CardEditing.h"
+#include "cards/FrmAddCards.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+constexpr const char* kRecordHeading = "设备编号|名称|规格型号|数量|价值|单位|使用日期|备注";
+constexpr std::array kRecordWidths = {1500, 2600, 1800, 1000, 1500, 1000, 1500, 2600};  // twips
+constexpr std::size_t kQuantityColumn = 3;
+constexpr std::size_t kValueColumn = 4;
+constexpr int kRecordsHeight = 84;
+constexpr int kCaptionIndent = 8;
+constexpr int kValueIndent = 6;
+constexpr int kButtonWidth = 24;
+constexpr int kWidth = 956;
+constexpr int kHeight = 704;  // both layouts stand in it whole
+
+/// What must be filled in before a new card is saved: all that an empty one lacks.
+std::vector<CardField> requiredFields() {
+  CardSheet empty;
+  empty.mode = CardMode::Original;
+  return missingFields(empty);
+}
+
+Qt::Alignment alignmentOf(CardDataType type) {
+  const bool figure = type == CardDataType::Cur || type == CardDataType::Per || type == CardDataType::Int;
+  return (figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+bool isPickable(const CardFieldPlace& place) {
+  return place.enabled && (archiveOfLabel(place.label) || isSubjectLabel(place.label));
+}
+
+}  // namespace
+
+void FrmAddCards::arrangeControls() {
+  Toolbar1->setButtons({"保存", "编辑", "取消", "", "修改", "删除", "", "退出"});
+  addMoves();
+  arrangeFields();
+  auto* desk = new QScrollArea;
+  desk->setWidget(PicCard);
+  desk->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  desk->setFrameShape(QFrame::NoFrame);
+  desk->setFocusPolicy(Qt::NoFocus);
+  auto* body = column({wide(desk), records()});
+  body->setContentsMargins(12, 12, 12, 12);
+  auto* outermost = column({Toolbar1, wide(body)});
+  outermost->setSpacing(0);
+  arrange(this, outermost);
+  outermost->setContentsMargins(0, 0, 0, 0);
+  resize(kWidth, kHeight);
+}
+
+/// The walk through the cards, below "编辑" and by keys of its own.
+void FrmAddCards::addMoves() {
+  static constexpr struct {
+    const char* caption;
+    CardMove move;
+    QKeyCombination key;
+  } kMoves[] = {{"第一个", CardMove::First, Qt::ALT | Qt::Key_Home},
+                {"上一个", CardMove::Previous, Qt::ALT | Qt::Key_PageUp},
+                {"下一个", CardMove::Next, Qt::ALT | Qt::Key_PageDown},
+                {"最后一个", CardMove::Last, Qt::ALT | Qt::Key_End}};
+  for (const auto& [caption, move, key] : kMoves) {
+    QAction* action = mnuMove->addAction(caption);
+    action->setObjectName(caption);
+    action->setShortcut(QKeySequence(key));
+    addAction(action);
+    on(action, &QAction::triggered, [this, step = move] { walk(step); });
+  }
+  mnuPop->addMenu(mnuMove);
+}
+
+void FrmAddCards::arrangeFields() {
+  for (std::size_t i = 0; i < arraySize; ++i) {
+    for (QWidget* part : {static_cast<QWidget*>(LblCaption[i]), static_cast<QWidget*>(LblValue[i]),
+                          static_cast<QWidget*>(CmdAddCards[i])}) {
+      part->setParent(PicCard);
+      part->hide();
+    }
+    LblCaption[i]->setIndent(kCaptionIndent);
+    LblValue[i]->setTextFormat(Qt::PlainText);
+    LblValue[i]->setIndent(kValueIndent);
+    LblValue[i]->setProperty("cardField", static_cast<int>(i));
+    CmdAddCards[i]->setText("…");
+    CmdAddCards[i]->setProperty("spin", true);
+    CmdAddCards[i]->setFocusPolicy(Qt::NoFocus);
+    on(CmdAddCards[i], &QToolButton::clicked, [this, i] { pick(static_cast<CardField>(i)); });
+  }
+  TxtEdit->setParent(PicCard);
+  TxtEdit->setStyleSheet("border: 2px solid #2f6fb2; border-radius: 0; padding: 0 3px; min-height: 0;");
+  TxtEdit->hide();
+}
+
+/// The six lists of what happened to the asset: a frame that nothing is kept in.
+QLayout* FrmAddCards::records() {
+  for (const char* caption :
+       {"附属设备", "大修理记录", "资产转移记录", "停启用记录", "原值变动", "减少信息"}) {
+    SSTab1->addTab(caption);
+  }
+  SSTab1->setExpanding(false);
+  LblTitle->setProperty("title", true);
+  GridTmp->setFixedHeight(kRecordsHeight);
+  auto* list = column({SSTab1, LblTitle, GridTmp});
+  list->setSpacing(4);
+  return list;
+}
+
+void FrmAddCards::SSTab1_Click() {
+  LblTitle->setText(SSTab1->tabText(SSTab1->currentIndex()));
+  TextGrid grid;
+  grid.setHeader(kRecordHeading);
+  for (std::size_t i = 0; i < kRecordWidths.size(); ++i) grid.setColumnWidth(i, kRecordWidths[i]);
+  for (const std::size_t figure : {kQuantityColumn, kValueColumn}) grid.setAlignment(figure, Align::Right);
+  GridTmp->setGrid(std::move(grid));
+}
+
+/// Puts the fields of the card's layout in their places and takes away those that it does not have.
+void FrmAddCards::layOut() {
+  PicCard->setPlaces(layOutCard(sheet_.layout), requiredFields());
+  order_ = bView_ ? std::vector<CardField>() : entryOrder(PicCard->places());
+  for (std::size_t i = 1; i < arraySize; ++i) {
+    const CardFieldPlace* place = PicCard->find(static_cast<CardField>(i));
+    LblCaption[i]->setVisible(place);
+    LblValue[i]->setVisible(place);
+    CmdAddCards[i]->setVisible(place && place->hasReference());
+    if (place) placeField(*place);
+  }
+}
+
+void FrmAddCards::placeField(const CardFieldPlace& place) {
+  const auto i = static_cast<std::size_t>(place.field);
+  const QRect value = PicCard->valueRect(place);
+  LblCaption[i]->setText(toQt(place.label));
+  LblCaption[i]->setGeometry(PicCard->captionRect(place));
+  LblValue[i]->setGeometry(value);
+  LblValue[i]->setAlignment(alignmentOf(place.dataType));
+  LblValue[i]->setContentsMargins(0, 0, place.hasReference() ? kButtonWidth : 0, 0);
+  const bool open = place.enabled && !bView_;
+  LblValue[i]->setStyleSheet(place.enabled ? "" : "color: #66727f;");
+  LblValue[i]->setCursor(!open                  ? Qt::ArrowCursor
+                         : place.hasReference() ? Qt::PointingHandCursor
+                                                : Qt::IBeamCursor);
+  CmdAddCards[i]->setEnabled(isPickable(place) && !bView_);
+  CmdAddCards[i]->setGeometry(value.right() - kButtonWidth, value.top() + 2, kButtonWidth - 1,
+                              value.height() - 3);
+}
+
+void FrmAddCards::openEditor(const CardFieldPlace& place, Arrival arrival) {
+  const bool digits = takesDigitsOnly(place.field);
+  const std::size_t size = cardFieldSize(place.field);
+  arrival_ = arrival;
+  before_ = LblValue[static_cast<std::size_t>(place.field)]->text();
+  TxtEdit->setValidator(digits ? figures_ : nullptr);
+  constexpr int kAnyLength = 32767;
+  TxtEdit->setMaxLength(size == 0 ? kAnyLength : static_cast<int>(size));
+  TxtEdit->setAlignment(alignmentOf(place.dataType));
+  // The words of a life cannot be typed: an empty one is offered with them, of others the years to type over.
+  const bool isLife = place.field == CardField::UsefulLife;
+  TxtEdit->setText(isLife && before_.isEmpty() ? toQt(lifeText(0)) : before_);
+  TxtEdit->setGeometry(PicCard->valueRect(place).adjusted(0, 0, 1, 1));
+  editing_ = true;
+  TxtEdit->show();
+  TxtEdit->raise();
+  TxtEdit->setFocus();
+  TxtEdit->selectAll();
+  if (isLife) TxtEdit->setSelection(0, std::max(0, static_cast<int>(TxtEdit->text().indexOf("年"))));
+}
+
+}  // namespace zelkor

@@ -4,6 +4,8 @@
 #include "archives/FrmDepartPzCode.h"
 #include "archives/FrmFLBMB.h"
 #include "archives/frmUseStatus.h"
+#include "base/RuntimeError.h"
+#include "cards/FrmAddCards.h"
 #include "changes/frmAssetsAlteration.h"
 #include "changes/FrmFABalance.h"
 #include "depreciation/FrmZJFPB.h"
@@ -29,6 +31,16 @@ Job showingModal(FormHost& host) {
   };
 }
 
+/// A failure to show the card editor is passed over; the process then ends for want of a form.
+Job showingCardEditor(FormHost& host) {
+  return [&host](RunContext&, const ScreenProperties& properties) {
+    try {
+      showCardEditor(host, properties);
+    } catch (const RuntimeError&) {
+    }
+  };
+}
+
 }  // namespace
 
 void addScreens(RunTypeJobs& jobs, FormHost& host) {
@@ -37,6 +49,7 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmDepartment", showingModal<FrmDepartment>(host));
   jobs.add("FrmDepartPzCode", showing<FrmDepartPzCode>(host));
   jobs.add("FrmFLBMB", showing<FrmFLBMB>(host));
+  jobs.add("FrmAddCards", showingCardEditor(host));
   jobs.add("frmUseStatus", showing<frmUseStatus>(host));
   jobs.add("frmAssetsAlteration", [&host](RunContext&, const ScreenProperties& properties) {
     if (const auto kind = changeKindOf(properties.BillType)) host.show<frmAssetsAlteration>(*kind);

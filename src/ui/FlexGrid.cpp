@@ -4,8 +4,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include "base/GridSpans.h"
 #include "ui/GridHeader.h"
-#include "ui/GridSpans.h"
 
 namespace zelkor {
 namespace {

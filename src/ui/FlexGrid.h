@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "base/GridSpans.h"
 #include "base/TextGrid.h"
 #include "ui/GridModel.h"
-#include "ui/GridSpans.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <QPainter>
 
-#include "ui/GridSpans.h"
+#include "base/GridSpans.h"
 #include "ui/Texts.h"
 
 namespace zelkor {

@@ -1,5 +1,5 @@
+#include "base/GridSpans.h"
 #include "support/Widgets.h"
-#include "ui/GridSpans.h"
 #include "ui/TreeLoader.h"
 
 namespace zelkor::test {

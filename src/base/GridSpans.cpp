@@ -1,4 +1,4 @@
-#include "ui/GridSpans.h"
+#include "base/GridSpans.h"
 
 namespace zelkor {
 

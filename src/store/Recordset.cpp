@@ -85,6 +85,9 @@ Recordset Recordset::Clone() const {
 void Recordset::Requery() {
   state().start();
 }
+void Recordset::keepStreaming() {
+  state().keepStreaming();
+}
 void Recordset::Close() {
   state_.reset();
 }

@@ -55,6 +55,10 @@ class Recordset {
   /// Another walk over the same rows, without a current row of its own until it is moved.
   Recordset Clone() const;
   void Requery();
+  /// For a walk that goes on to its end soon, though the event loop turns in between: it goes on streaming
+  /// when gathered writes are written out, where others read the rest of their rows one by one. Until its end
+  /// the process sees the file as the walk began with it, but for what it writes itself.
+  void keepStreaming();
   void Close();
 
  private:

@@ -171,8 +171,11 @@ EngineStatement& Connection::prepared(const std::string& sql) {
   return *statement;
 }
 
+// Nobody's rows stay open while a person thinks, but for those that are about to be read.
 void Connection::flush() {
-  letReadersGo();
+  const auto readers = readers_;
+  for (RecordsetState* reader : readers)
+    if (!reader->keepsStreaming()) reader->letGo();
   gathering_.flush();
 }
 

@@ -34,6 +34,9 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void start();
   /// Gives up the statement; see the class.
   void letGo();
+  /// Only a write interrupts the walk then.
+  void keepStreaming() { keepsStreaming_ = true; }
+  bool keepsStreaming() const { return keepsStreaming_; }
 
   bool atEnd() const { return atEnd_; }
   bool atBeginning() const { return current_ < 0 && !currentDeleted_; }
@@ -101,6 +104,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   bool atEnd_ = true;
   bool currentDeleted_ = false;  // by this recordset: current_ is then the row before it
   bool noMatch_ = false;
+  bool keepsStreaming_ = false;
   std::exception_ptr failure_;  // of the row behind the known ones
 
   // The columns of the current row that have been read so far, of a keyed query.

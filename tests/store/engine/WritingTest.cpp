@@ -43,6 +43,26 @@ class WritingTest : public StoreTest {
   Stranger stranger{path};
 };
 
+TEST_F(WritingTest, AFlushDoesNotInterruptAWalkThatKeepsStreaming) {
+  for (const bool keeps : {true, false}) {
+    db.Execute("delete from t");
+    for (const char* num : {"1", "2", "3"}) insert(num);
+    Recordset rows = db.OpenRecordset("select sNum,lCount from t order by sNum");
+    EXPECT_EQ(rows.Text("lCount"), "1");
+    rows.MoveNext();
+    if (keeps) rows.keepStreaming();
+    engine.flush();
+    EXPECT_EQ(stranger.count("t"), 3) << "the walk does not keep back what was gathered";
+    EXPECT_TRUE(stranger.run("UPDATE t SET lCount=9"));
+    rows.MoveNext();
+    EXPECT_EQ(rows.Text("lCount"), keeps ? "1" : "9") << "the state that the walk began with, or the latest";
+    db.Execute("update t set lCount=lCount+1");
+    EXPECT_EQ(rows.Text("lCount"), "10");
+    rows.MoveNext();
+    EXPECT_TRUE(rows.Eof());
+  }
+}
+
 TEST_F(WritingTest, GatheredStatementsAreDurableAfterAFlush) {
   insert("1");
   insert("2");

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
@@ -222,13 +223,29 @@ TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
   EXPECT_NE(balance.errors.find("与账务对账结果"), std::string::npos);
   const ProgramResult failed = module("");
   EXPECT_EQ(failed.status, 1);
-  EXPECT_NE(failed.errors.find("实时错误 '13'"), std::string::npos);
+  const std::size_t report = failed.errors.find("实时错误 '13'");
+  EXPECT_NE(report, std::string::npos);
+  EXPECT_EQ(failed.errors.find("实时错误", report + 1), std::string::npos) << "reported once";
 
   ProgramRun first(ZELKORCTL, {"run", arguments("8")}, home());
   ASSERT_TRUE(first.waitForOutput("继续?"));
   const ProgramResult second = module(arguments("4"));
   EXPECT_EQ(second.status, 2);
   EXPECT_NE(second.errors.find(kSecondCopy), std::string::npos);
+}
+
+TEST_F(ProgramsTest, TheModuleSaysThatItReachesNoScreen) {
+  const auto errors = home() / "errors";
+  const std::pair<const char*, const char*> cases[] = {
+      {"-u DISPLAY -u QT_QPA_PLATFORM", "没有显示器（DISPLAY 未设置）"},
+      {"QT_QPA_PLATFORM=xcb DISPLAY=nowhere:1", "不能连接显示器（DISPLAY=nowhere:1，QT_QPA_PLATFORM=xcb）"}};
+  for (const auto& [environment, why] : cases) {
+    const std::string command = std::string("env -u WAYLAND_DISPLAY ") + environment + " '" + ZELKOR_PROGRAM +
+                                "' '" + arguments("4") + "' 2>'" + errors.string() + "'";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+    EXPECT_EQ(readFile(errors),
+              std::string("zelkor: ") + why + "，不能打开窗口；批处理运行类型可用 zelkorctl run\n");
+  }
 }
 #endif
 

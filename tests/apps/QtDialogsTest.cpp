@@ -6,7 +6,9 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
@@ -74,6 +76,22 @@ TEST_F(QtDialogsTest, AQuestionIsAnsweredByItsButton) {
 TEST_F(QtDialogsTest, ClosingAQuestionIsNoAnswerOfYes) {
   withNext<QMessageBox>([](QMessageBox& window) { window.reject(); });
   EXPECT_EQ(dialogs.MsgBox("?", Buttons::YesNo), Answer::No);
+}
+
+TEST_F(QtDialogsTest, ALongJobIsShownInASmallWindowUntilItEnds) {
+  const auto box = [] {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == "ProgressBox" && window->isVisible()) return window;
+    }
+    return static_cast<QWidget*>(nullptr);
+  };
+  dialogs.showProgress({"正在计提折旧", 250, 1000});
+  dialogs.showProgress({"正在计提折旧", 500, 1000});
+  ASSERT_NE(box(), nullptr);
+  EXPECT_EQ(box()->findChild<QLabel*>()->text(), "正在计提折旧");
+  EXPECT_EQ(box()->findChild<QProgressBar*>()->text(), "500 / 1000");
+  dialogs.endProgress();
+  EXPECT_EQ(box(), nullptr);
 }
 
 TEST_F(QtDialogsTest, AGridIsShownUnderItsHeader) {

@@ -9,20 +9,33 @@ namespace zelkor {
 
 using namespace layout;
 
-frmCards::frmCards(FormHost& host) : Form(host, "frmCards", "卡片参照", Unload::Plain) {
+frmCards::frmCards(FormHost& host, CardPick pick) : Form(host, "frmCards", "卡片参照", Unload::Plain) {
   arrange(this, column({wide(mshTable_), row({stretch(), cmdOK, Command2})}));
   resize(860, 460);
   mshTable_->setGrid(cardPickerList(run()));
   mshTable_->fitColumns();
+  if (pick == CardPick::Several) mshTable_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   cmdOK->setEnabled(false);
   on(mshTable_, &FlexGrid::rowSelected, [this] { cmdOK->setEnabled(true); });
-  on(mshTable_, &FlexGrid::rowOpened, [this](std::size_t row) { take(row); });
-  on(cmdOK, &QPushButton::clicked, [this] { take(mshTable_->currentGridRow()); });
+  on(mshTable_, &FlexGrid::rowOpened, [this](std::size_t row) { take({row}); });
+  on(cmdOK, &QPushButton::clicked, [this] { take(mshTable_->selectedGridRows()); });
   on(Command2, &QPushButton::clicked, [this] { close(); });
 }
 
-void frmCards::take(std::optional<std::size_t> row) {
-  moStrRow_ = row;
+void frmCards::showOnly(const std::string& cardNumber, const std::string& assetNumber) {
+  TextGrid cards = mshTable_->grid();
+  for (std::size_t row = cards.headerRows(); row < cards.rows(); ++row) {
+    const bool wanted =
+        cards.text(row, 0).starts_with(cardNumber) && cards.text(row, 1).starts_with(assetNumber);
+    cards.setRowHidden(row, !wanted);
+  }
+  mshTable_->setGrid(std::move(cards));
+}
+
+void frmCards::take(std::vector<std::size_t> rows) {
+  if (rows.empty()) return;
+  moStrRow_ = rows.front();
+  chosenRows_ = std::move(rows);
   close();
 }
 

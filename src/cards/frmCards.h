@@ -3,19 +3,28 @@
 #include <cstddef>
 #include <optional>
 #include <QPushButton>
+#include <string>
+#include <vector>
 
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
 
 namespace zelkor {
 
-/// Picks a card.
+enum class CardPick { One, Several };
+
+/// Picks a card, or several where the caller takes them.
 class frmCards final : public Form {
  public:
-  explicit frmCards(FormHost& host);
+  explicit frmCards(FormHost& host, CardPick pick = CardPick::One);
+
+  /// Offers only the cards whose card number and asset number begin like that.
+  void showOnly(const std::string& cardNumber, const std::string& assetNumber);
 
   /// Row of the chosen card in the grid, which has one header row; nothing when the choice was cancelled.
   std::optional<std::size_t> moStrRow() const { return moStrRow_; }
+  /// Rows of all chosen cards from top to bottom.
+  const std::vector<std::size_t>& chosenRows() const { return chosenRows_; }
   /// The grid: card number, asset number, asset name, specification, start date, depreciation method,
   /// operator and the method's sID in columns 0 to 7.
   const TextGrid& mshTable() const { return mshTable_->grid(); }
@@ -26,9 +35,10 @@ class frmCards final : public Form {
   QPushButton* Command2 = make<QPushButton>("Command2", "取消");
 
   void escapePressed() override { close(); }
-  void take(std::optional<std::size_t> row);
+  void take(std::vector<std::size_t> rows);
 
   std::optional<std::size_t> moStrRow_;
+  std::vector<std::size_t> chosenRows_;
 };
 
 }  // namespace zelkor

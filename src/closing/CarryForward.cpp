@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/LongJob.h"
 #include "store/Statement.h"
 
 namespace zelkor {
@@ -106,7 +107,12 @@ void CarryForward::carryDepartment(const std::string& card, const std::string& d
 
 void carryLedgersForward(RunContext& run) {
   CarryForward forward(run);
-  for (const CarriedCard& card : carriedCards(run.dbZKData)) forward.carry(card);
+  const std::vector<CarriedCard> cards = carriedCards(run.dbZKData);
+  LongJob job(run.dialogs, "正在整理卡片数据，请稍候……", cards.size());
+  for (const CarriedCard& card : cards) {
+    forward.carry(card);
+    job.step();
+  }
 }
 
 void rollTotalsForward(RunContext& run) {

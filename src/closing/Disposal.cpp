@@ -234,4 +234,8 @@ bool disposeOfAssets(RunContext& run, std::span<const DisposedAsset> assets) {
   return true;
 }
 
+void tellDisposed(RunContext& run) {
+  run.dialogs.MsgBox("所选卡片已减少成功！", Buttons::Ok, Icon::Information, kTitle);
+}
+
 }  // namespace zelkor

@@ -30,4 +30,7 @@ bool refusedBeforeDepreciation(RunContext& run);
 /// the credit row of an asset with a department share, 6 where a figure leaves its range.
 bool disposeOfAssets(RunContext& run, std::span<const DisposedAsset> assets);
 
+/// Says that the whole list is disposed of.
+void tellDisposed(RunContext& run);
+
 }  // namespace zelkor

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "closing/frmDisposalList.h"
+
+namespace zelkor {
+
+/// Takes assets off the books. Not before the month's depreciation has been run: the program ends then.
+class frmDelZC final : public frmDisposalList {
+ public:
+  explicit frmDelZC(FormHost& host);
+
+ private:
+  void cmdOK_Click() override;
+};
+
+}  // namespace zelkor

@@ -48,6 +48,14 @@ BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, EngineKind
   if (top_) tieKeys_ = bound_.select.orderBy.size();
   guard_ = guardQuery(context.numberColumns, engine);
   describeColumns();
+  wholeTable_ = readsWholeTable();
+}
+
+bool BoundQuery::readsWholeTable() const {
+  const bound::Select& select = bound_.select;
+  const auto isColumn = [](const OutputColumn& column) { return column.source.has_value(); };
+  return sources_.size() == 1 && !select.where && !select.top && select.orderBy.empty() &&
+         std::ranges::all_of(columns_, isColumn);
 }
 
 void BoundQuery::describeColumns() {

@@ -81,6 +81,8 @@ class Query {
   bool keyed() const { return !sources_.empty(); }
   /// Rows wanted by TOP; ties on the order keys of row `top` belong to the result. The caller stops the walk.
   std::optional<int> top() const { return top_; }
+  /// Plain columns of all rows of one table in no order: to run it can neither fail nor depend on anything.
+  bool wholeTable() const { return wholeTable_; }
   /// How many order key columns `rows` delivers for comparing ties (0 without TOP or without ORDER BY).
   std::size_t tieKeys() const { return tieKeys_; }
   /// A query that, when it gives a row, forbids the fast form: some text that is ordered as a number is none.
@@ -104,6 +106,7 @@ class Query {
   std::vector<OutputColumn> columns_;
   std::vector<QuerySource> sources_;
   std::optional<int> top_;
+  bool wholeTable_ = false;
   std::size_t tieKeys_ = 0;
   std::optional<std::string> guard_;
 };

@@ -18,6 +18,7 @@ void RecordsetState::addNew() {
 }
 
 void RecordsetState::edit() {
+  look();
   requireCurrentRow();
   if (!keyed()) throw RuntimeError(ErrorNumber::OperationNotUpdatable);
   edit_ = RowEdit::editing();
@@ -32,11 +33,11 @@ RowEdit::Target RecordsetState::editTarget() const {
 
 void RecordsetState::update() {
   if (!edit_) throw RuntimeError(ErrorNumber::UpdateWithoutEdit);
-  collectAll();
+  if (!untouched_) collectAll();
   const std::optional<std::int64_t> newKey = edit_->write(*connection_, editTarget());
   edit_.reset();
   cachedRow_ = -1;
-  if (!newKey || sources() != 1) return;
+  if (untouched_ || !newKey || sources() != 1) return;
   // A new row stands behind the others, and the current row stays current.
   keys_.emplace_back(*newKey);
   ++known_;
@@ -44,6 +45,7 @@ void RecordsetState::update() {
 }
 
 void RecordsetState::deleteRow() {
+  look();
   requireCurrentRow();
   if (sources() != 1) throw RuntimeError(ErrorNumber::OperationNotUpdatable);
   collectAll();

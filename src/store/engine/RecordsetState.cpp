@@ -54,6 +54,15 @@ void RecordsetState::start() {
   currentDeleted_ = false;
   failure_ = nullptr;
   edit_.reset();
+  untouched_ = query_->query().wholeTable();
+  if (!untouched_) run();
+}
+
+void RecordsetState::look() {
+  if (std::exchange(untouched_, false)) run();
+}
+
+void RecordsetState::run() {
   run_ = query_->take();
   connection_->addReader(*this);
   bindSlots(*run_.statement, query_->slots(), literals_);
@@ -157,6 +166,7 @@ void RecordsetState::letGo() {
 }
 
 void RecordsetState::collectAll() {
+  look();
   if (streaming()) letGo();
   if (failure_) std::rethrow_exception(failure_);
 }
@@ -170,7 +180,7 @@ void RecordsetState::standOn(long row) {
 
 void RecordsetState::moveNext() {
   edit_.reset();
-  if (atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
+  if (atEnd()) throw RuntimeError(ErrorNumber::NoCurrentRecord);
   connection_->gathering().afterStatement();
   if (current_ + 1 < known_) return standOn(current_ + 1);
   widenStream();
@@ -223,6 +233,7 @@ Value RecordsetState::value(std::size_t column) {
     if (const Value* set = edit_->find(column)) return *set;
     if (edit_->isNewRow()) return {};
   }
+  look();
   requireCurrentRow();
   if (keyed()) return keyedValue(column);
   if (!onStreamedRow()) return rows_[static_cast<std::size_t>(current_)][column];

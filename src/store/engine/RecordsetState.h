@@ -21,7 +21,8 @@ class Connection;
 ///
 /// It begins by streaming from a statement. When something is about to be written through the connection it
 /// lets go of the statement: of a keyed query it keeps the keys of the remaining rows and reads on by key, of
-/// any other query the rows themselves.
+/// any other query the rows themselves. A whole table is not begun before somebody looks at a row: many are
+/// opened for adding only.
 class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
  public:
   RecordsetState(std::shared_ptr<Connection> connection, std::shared_ptr<PreparedQuery> query,
@@ -38,13 +39,22 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void keepStreaming() { keepsStreaming_ = true; }
   bool keepsStreaming() const { return keepsStreaming_; }
 
-  bool atEnd() const { return atEnd_; }
-  bool atBeginning() const { return current_ < 0 && !currentDeleted_; }
+  bool atEnd() {
+    look();
+    return atEnd_;
+  }
+  bool atBeginning() {
+    look();
+    return current_ < 0 && !currentDeleted_;
+  }
   void moveNext();
   void movePrevious();
   void moveFirst();
   void moveLast();
-  long visited() const { return visited_; }
+  long visited() {
+    look();
+    return visited_;
+  }
 
   const std::vector<dialect::OutputColumn>& columns() const { return query_->query().columns(); }
   std::size_t columnIndex(std::string_view name) const;
@@ -69,6 +79,8 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   bool streaming() const { return run_.statement != nullptr; }
   bool onStreamedRow() const { return streaming() && current_ == known_ - 1; }
 
+  void look();
+  void run();
   bool streamNext();
   bool withinTop();
   std::vector<Value> tieKeys() const;
@@ -102,6 +114,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   long current_ = -1;  // the current row, counted from 0
   long visited_ = 0;
   bool atEnd_ = true;
+  bool untouched_ = false;       // opened, and no row looked at
   bool currentDeleted_ = false;  // by this recordset: current_ is then the row before it
   bool noMatch_ = false;
   bool keepsStreaming_ = false;

@@ -157,6 +157,23 @@ TEST_F(RecordsetTest, AddsEditsAndDeletesRows) {
   EXPECT_EQ(cell("select count(*) from asset"), "3");
 }
 
+TEST_F(RecordsetTest, ATableThatIsOnlyAddedToIsNotRead) {
+  Recordset rs = db.OpenRecordset("select * from asset");
+  db.Execute("insert into asset (sNum) values ('A8')");
+  rs.AddNew();
+  rs.Collect("sNum", "A9");
+  rs.Update();
+  EXPECT_EQ(errorOf([&] { rs.Update(); }), 3020);
+  EXPECT_EQ(rs.RecordCount(), 1) << "the first look begins the walk";
+  EXPECT_EQ(rs.Text("sNum"), "A1");
+  rs.AddNew();
+  rs.Collect("sNum", "A10");
+  rs.Update();
+  rs.MoveLast();
+  EXPECT_EQ(rs.RecordCount(), 6) << "each added row once";
+  EXPECT_EQ(rs.Text("sNum"), "A10");
+}
+
 TEST_F(RecordsetTest, ARefusedKeyLeavesTheTableAsItWas) {
   Recordset rs = db.OpenRecordset("asset");
   rs.AddNew();

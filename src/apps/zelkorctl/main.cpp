@@ -6,6 +6,7 @@
 #include <string>
 
 #include "apps/zelkorctl/Commands.h"
+#include "apps/zelkorctl/VoucherCommands.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -28,6 +29,9 @@ class CommandLine {
   void addTranslate();
   void addImport();
   void addRun();
+  void addVouchers();
+  void addMakeVouchers(CLI::App& vouchers);
+  VoucherJob voucherJob() const;
   CLI::App* addJob(CLI::App& parent, const char* name, const char* description);
 
   CLI::App app_{"Zelkor 账套管理工具 / administrator's tool of the fixed-assets module", "zelkorctl"};
@@ -35,6 +39,8 @@ class CommandLine {
   std::string directory_, file_, statement_, arguments_, answers_, today_;
   std::string engine_ = "sqlite";
   AccountSetOptions accountSet_;
+  MakeVouchersOptions makeVouchers_;
+  std::string voucherNumber_;
   int newType_ = 1;
   bool json_ = false;
   bool yes_ = false;
@@ -71,6 +77,7 @@ CommandLine::CommandLine() {
   addTranslate();
   addImport();
   addRun();
+  addVouchers();
 }
 
 void CommandLine::addCreate() {
@@ -135,6 +142,38 @@ void CommandLine::addRun() {
     call_ = [this] {
       return runCommand({arguments_, dialogOptions(answers_, yes_), dayOf(today_)}, std::cout, std::cin);
     };
+  });
+}
+
+VoucherJob CommandLine::voucherJob() const {
+  return {arguments_, dayOf(today_)};
+}
+
+void CommandLine::addVouchers() {
+  CLI::App* vouchers = app_.add_subcommand("vouchers", "凭证 / vouchers");
+  vouchers->require_subcommand(1);
+  addJob(*vouchers, "pending", "列出待制单的业务 / list the staged events")->callback([this] {
+    call_ = [this] { return pendingVouchersCommand(voucherJob(), std::cout); };
+  });
+  addMakeVouchers(*vouchers);
+  addJob(*vouchers, "list", "列出本月凭证 / list the month's vouchers")->callback([this] {
+    call_ = [this] { return listVouchersCommand(voucherJob(), std::cout); };
+  });
+  CLI::App* removal = addJob(*vouchers, "delete", "删除凭证 / delete a voucher");
+  removal->add_option("VOUCHER", voucherNumber_, "凭证号，如 list 所列：记--1")->required();
+  removal->callback([this] {
+    call_ = [this] { return deleteVoucherCommand(voucherJob(), voucherNumber_, std::cout, std::cerr); };
+  });
+}
+
+void CommandLine::addMakeVouchers(CLI::App& vouchers) {
+  CLI::App* command = addJob(vouchers, "make", "逐项生成凭证 / make a voucher of every staged event");
+  command->add_flag("--merge", makeVouchers_.merge, "合并科目及辅助项相同的分录");
+  command->add_option("--subjects", makeVouchers_.subjectsFile,
+                      "无科目的分录所用科目：CSV 文件，列为业务类型、方向（借或贷）、科目");
+  command->add_option("--sign", makeVouchers_.sign, "凭证类别字");
+  command->callback([this] {
+    call_ = [this] { return makeVouchersCommand(voucherJob(), makeVouchers_, std::cout, std::cerr); };
   });
 }
 

@@ -41,6 +41,23 @@ BalanceSheet newBalanceSheet(ClsBLLBalance& balance, DateTime operatingDate,
   return sheet;
 }
 
+bool loadBalanceCard(Database& database, std::string_view cardNum, BalanceSheet& sheet) {
+  const Recordset card = database.OpenRecordset(
+      sql("select sCardNum,sAssetNum,sAssetName,sOperator,sStyle,sDeprMethodID,dStartdate,sID,sName  from "
+          "fa_Cards"
+          " ,fa_Depreciations where sDeprMethodID=sID And sCardNum='",
+          cardNum, "' order by sCardNum,val(sCardID) desc"));
+  if (card.Eof()) return false;
+  sheet.cardNum = card.TextOrEmpty("sCardNum");
+  sheet.assetNum = card.TextOrEmpty("sAssetNum");
+  sheet.assetName = card.TextOrEmpty("sAssetName");
+  sheet.style = card.TextOrEmpty("sStyle");
+  sheet.startDate = card.TextOrEmpty("dStartdate");
+  sheet.methodBefore = card.TextOrEmpty("sName");
+  sheet.methodBeforeID = card.TextOrEmpty("sID");
+  return true;
+}
+
 std::optional<MessageBox> balanceRefusal(const BalanceSheet& sheet) {
   for (const std::string* needed :
        {&sheet.number, &sheet.date, &sheet.cardNum, &sheet.methodAfter, &sheet.reason}) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/DateTime.h"
 #include "base/Dialogs.h"
@@ -31,6 +32,10 @@ inline constexpr const char* balanceCaption = "折旧方法调整";
 
 /// An empty sheet with the next numbers, the operating date and the operator.
 BalanceSheet newBalanceSheet(ClsBLLBalance& balance, DateTime operatingDate, const std::string& operatorName);
+
+/// Fills the sheet with the newest version of the card as the card picker gives it; false when it is not
+/// there.
+bool loadBalanceCard(Database& database, std::string_view cardNum, BalanceSheet& sheet);
 
 /// The message that refuses the sheet; nothing when it may be saved.
 std::optional<MessageBox> balanceRefusal(const BalanceSheet& sheet);

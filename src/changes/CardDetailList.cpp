@@ -137,6 +137,12 @@ TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingD
   return cardsInForce(database, operatingDate);
 }
 
+std::optional<CardVersion> versionInForce(Database& database, std::string_view cardNum, DateTime date) {
+  return firstVersion(database, sql(versionsInForceBeginning(date), ") And fa_Cards.sCardNum='", cardNum,
+                                    "' GROUP BY fa_Cards.sCardNum) And  fa_Cards.sCardNum='", cardNum,
+                                    "' Order By val(fa_Cards.sCardID) Desc"));
+}
+
 std::vector<std::string> transferListRow(Database& database, const CardVersion& version) {
   const std::string codes = version.text("sDeptNum");
   return {version.text("sCardNum"),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingD
 
 /// Column of dInputDate in the list of 部门转移.
 inline constexpr std::size_t transferEntryDateColumn = 7;
+
+/// The card's version in force on the date, which the list of 部门转移 shows.
+std::optional<CardVersion> versionInForce(Database& database, std::string_view cardNum, DateTime date);
 
 /// The row of the list of 部门转移 for a version.
 std::vector<std::string> transferListRow(Database& database, const CardVersion& version);

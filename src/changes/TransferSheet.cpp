@@ -22,12 +22,8 @@ std::optional<CardVersion> findTyped(Database& database, const CardSearch& searc
                     "='", search.number, "'", " Order By val(fa_Cards.sCardID) Desc"));
 }
 
-/// The version of the card in force, which the list shows.
 std::optional<CardVersion> findPicked(Database& database, const CardSearch& search) {
-  return firstVersion(
-      database, sql(versionsInForceBeginning(search.operatingDate), ") And fa_Cards.sCardNum='",
-                    search.number, "' GROUP BY fa_Cards.sCardNum) And  fa_Cards.sCardNum='", search.number,
-                    "' Order By val(fa_Cards.sCardID) Desc"));
+  return versionInForce(database, search.number, search.operatingDate);
 }
 
 void show(Database& database, const CardVersion& card, ChangeSheet& sheet) {

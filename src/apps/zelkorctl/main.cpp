@@ -7,6 +7,7 @@
 
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/VoucherCommands.h"
+#include "apps/zelkorctl/SheetCommands.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -28,6 +29,7 @@ class CommandLine {
   void addSql();
   void addTranslate();
   void addImport();
+  void addSheets();
   void addRun();
   void addVouchers();
   void addMakeVouchers(CLI::App& vouchers);
@@ -76,6 +78,7 @@ CommandLine::CommandLine() {
   addSql();
   addTranslate();
   addImport();
+  addSheets();
   addRun();
   addVouchers();
 }
@@ -131,6 +134,18 @@ void CommandLine::addImport() {
     call_ = [this] {
       return importCommand({arguments_, file_, newType_, dayOf(today_)}, std::cout, std::cerr);
     };
+  });
+}
+
+void CommandLine::addSheets() {
+  CLI::App* sheets = app_.add_subcommand("sheets", "变动单 / change sheets");
+  sheets->require_subcommand(1);
+  CLI::App* command = addJob(*sheets, "import", "成批保存变动单 / save changes in bulk");
+  command
+      ->add_option("FILE", file_, "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因")
+      ->required();
+  command->callback([this] {
+    call_ = [this] { return importSheetsCommand({arguments_, file_, dayOf(today_)}, std::cout); };
   });
 }
 

@@ -1,0 +1,140 @@
+#include "apps/zelkorctl/SheetRow.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+#include "changes/SplitDeparts.h"
+#include "store/Statement.h"
+
+namespace zelkor {
+namespace {
+
+struct Column {
+  std::string_view caption;
+  std::string SheetRow::*field;
+  bool needed;
+};
+
+constexpr std::array<Column, 5> columns = {{{"变动类型", &SheetRow::kind, true},
+                                            {"卡片编号", &SheetRow::cardNum, true},
+                                            {"变动后内容", &SheetRow::after, true},
+                                            {"变动后地点", &SheetRow::siteAfter, false},
+                                            {"变动原因", &SheetRow::reason, true}}};
+
+/// Field of the row that the condition names; nothing without a row.
+std::optional<std::string> lookedUp(Database& database, std::string_view table, std::string_view field,
+                                    std::string_view key, const std::string& value) {
+  const Recordset row =
+      database.OpenRecordset(sql("select * from ", table, " where ", key, "='", value, "'"));
+  if (row.Eof()) return std::nullopt;
+  return row.TextOrEmpty(field);
+}
+
+/// "code,name" of a subject, blank without a code.
+std::optional<std::string> subjectText(Database& database, const std::string& code) {
+  if (code.empty()) return "";
+  const auto name = lookedUp(database, "code", "ccode_name", "ccode", code);
+  if (!name) return std::nullopt;
+  return code + "," + *name;
+}
+
+/// The rows of frmDepart that the cell stands for.
+class SplitReading {
+ public:
+  explicit SplitReading(Database& database) : database_(database) {}
+
+  std::optional<std::string> read(const std::string& cell);
+  const std::vector<SplitRow>& rows() const { return rows_; }
+
+ private:
+  std::optional<std::string> add(const std::string& element);
+
+  Database& database_;
+  std::vector<SplitRow> rows_;
+};
+
+std::optional<std::string> SplitReading::read(const std::string& cell) {
+  for (const std::string& element : Split(cell, '/')) {
+    if (rows_.size() == mostSplitDeparts) return "使用部门有效数量范围：2~20个";
+    if (auto problem = add(element)) return problem;
+  }
+  return std::nullopt;
+}
+
+// A department that the picker would not offer leaves its cell empty, which the confirmation refuses.
+std::optional<std::string> SplitReading::add(const std::string& element) {
+  auto parts = Split(element, ':');
+  if (parts.size() > 3) return "“" + element + "”不是 部门:比例:科目";
+  parts.resize(3);
+  SplitRow row{.departCode = "",
+               .departName = "",
+               .scale = Trim(parts[1]),
+               .subject = "",
+               .itemClass = "",
+               .project = ""};
+  if (const auto department = leafDepartment(database_, Trim(parts[0]))) {
+    row.departCode = department->code;
+    row.departName = department->name;
+  }
+  const auto subject = subjectText(database_, Trim(parts[2]));
+  if (!subject) return "科目中没有“" + Trim(parts[2]) + "”";
+  row.subject = *subject;
+  rows_.push_back(row);
+  if (row.departCode.empty()) return std::nullopt;
+  const auto repeated = departRepeated(rows_, rows_.size() - 1, row.departCode);
+  return repeated ? std::optional(repeated->text) : std::nullopt;
+}
+
+std::optional<std::string> chooseSplit(Database& database, const std::string& cell, ChangeSheet& sheet) {
+  SplitReading reading(database);
+  if (auto problem = reading.read(cell)) return problem;
+  DepartSplit split;
+  if (const auto refusal = confirmSplit(reading.rows(), split)) return refusal->text;
+  sheet.chooseSplit(std::move(split));
+  return std::nullopt;
+}
+
+}  // namespace
+
+SheetColumns::SheetColumns(const std::vector<std::string>& header) {
+  for (const std::string& cell : header) captions_.push_back(Trim(cell));
+  for (const Column& column : columns) {
+    const auto count = std::ranges::count(captions_, column.caption);
+    if (count == 0 && !column.needed) continue;
+    if (count == 1) continue;
+    throw RuntimeError(ErrorNumber::DataTypeConversion,
+                       sql("表头中列“", column.caption, count == 0 ? "”缺少" : "”出现了不止一次"));
+  }
+}
+
+SheetRow SheetColumns::row(const std::vector<std::string>& cells) const {
+  SheetRow row;
+  for (const Column& column : columns) {
+    const auto place = std::ranges::find(captions_, column.caption);
+    if (place != captions_.end()) {
+      row.*column.field = Trim(cells.at(static_cast<std::size_t>(place - captions_.begin())));
+    }
+  }
+  return row;
+}
+
+std::optional<std::string> chooseStatus(Database& database, const std::string& statusID, ChangeSheet& sheet) {
+  const auto name = lookedUp(database, "fa_Status", "sName", "sID", statusID);
+  if (!name || statusID == "0") return "使用状况中没有“" + statusID + "”";
+  sheet.after = {*name, statusID};
+  return std::nullopt;
+}
+
+std::optional<std::string> chooseDepartments(Database& database, const std::string& cell,
+                                             ChangeSheet& sheet) {
+  if (cell.empty()) return std::nullopt;  // nothing chosen
+  if (cell.find_first_of(":/") != std::string::npos) return chooseSplit(database, cell, sheet);
+  const auto name = lookedUp(database, "fa_departments", "sName", "sNum", cell);
+  if (!name || cell == "&") return "使用部门非末级部门或不存在，请重新录入或参照选择";
+  sheet.chooseDepartment(cell, *name);
+  return std::nullopt;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "changes/ChangeSheet.h"
+#include "store/Database.h"
+
+namespace zelkor {
+
+/// One change as a row of the file tells it.
+struct SheetRow {
+  std::string kind;
+  std::string cardNum;
+  std::string after;
+  std::string siteAfter;
+  std::string reason;
+};
+
+/// The columns of a file of changes.
+class SheetColumns {
+ public:
+  /// From the header row. Raises RuntimeError when a needed column is missing or one stands there twice.
+  explicit SheetColumns(const std::vector<std::string>& header);
+
+  std::size_t count() const { return captions_.size(); }
+  SheetRow row(const std::vector<std::string>& cells) const;
+
+ private:
+  std::vector<std::string> captions_;
+};
+
+// What the pickers of the screens would give for a cell. An answer is why they would not.
+
+/// The usage status of that sID as the value after.
+std::optional<std::string> chooseStatus(Database& database, const std::string& statusID, ChangeSheet& sheet);
+
+/// One department, or a split as code:percent:subject joined by "/"; the subject may be left out.
+std::optional<std::string> chooseDepartments(Database& database, const std::string& cell, ChangeSheet& sheet);
+
+}  // namespace zelkor

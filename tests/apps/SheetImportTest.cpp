@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "apps/zelkorctl/SheetImport.h"
+#include "cards/CardFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// Three cards of April in an account set in May 2020; 00003 has been disposed of.
+class SheetImportTest : public CardTest {
+ protected:
+  SheetImportTest() {
+    for (const char* number : {"00001", "00002", "00003"}) {
+      CardValues values = card(number, "0210" + std::string(number));
+      values[CardField::EntryDate] = "2020-04-15";
+      EXPECT_TRUE(save(values));
+    }
+    execute("update fa_Cards set dDisposeDate=#2020-5-1#,dTransDate=#2020-5-1# where sCardNum='00003'");
+  }
+
+  /// What is printed for these rows, line by line.
+  Lines import(const std::string& rows,
+               const char* header = "变动类型,卡片编号,变动后内容,变动后地点,变动原因") {
+    std::ostringstream output;
+    result = importSheets(context, std::string(header) + "\n" + rows, output);
+    Lines lines;
+    std::istringstream printed(output.str());
+    for (std::string line; std::getline(printed, line);) lines.push_back(line);
+    return lines;
+  }
+  std::string count(const std::string& table) { return row("select count(*) from " + table); }
+
+  SheetImportResult result;
+};
+
+TEST_F(SheetImportTest, EveryKindIsSavedInTheOrderOfTheFile) {
+  EXPECT_EQ(
+      import("原值增加,00001,\"1,000\",,盘盈\n"
+             "使用状况调整,00001,21,,停产\n"
+             "累计折旧调整,00001,120,,更正\n"
+             "使用年限调整,00001,6年0月,,复核\n"
+             "部门转移,00001,302,西区,调拨\n"
+             "部门转移,00002,301:60:410502/6:40,南区,分摊\n"
+             "折旧方法调整,00001,年数总和法,,复核\n"),
+      (Lines{"第2行 卡片 00001 原值增加：变动单 00001", "第3行 卡片 00001 使用状况调整：变动单 00002",
+             "第4行 卡片 00001 累计折旧调整：变动单 00003", "第5行 卡片 00001 使用年限调整：变动单 00004",
+             "第6行 卡片 00001 部门转移：变动单 00005", "第7行 卡片 00002 部门转移：变动单 00006",
+             "第8行 卡片 00001 折旧方法调整：变动单 00007"}));
+  EXPECT_EQ(result.saved, 7);
+  EXPECT_EQ(
+      rows("select sNum,sVoucherName,sBeforeVoucher,sAfterVoucher,sSiteAfter,memReason from fa_Vouchers "
+           "order by sNum"),
+      (Lines{"00001|原值增加|12000.50|13000.50|~|盘盈", "00002|使用状况调整|11|21|~|停产",
+             "00003|累计折旧调整|95|120|~|更正", "00004|使用年限调整|10年0月|6年0月|~|复核",
+             "00005|部门转移|一车间|二车间|西区|调拨", "00006|部门转移|一车间|一车间/仓储物流部|南区|分摊",
+             "00007|折旧方法调整|2|5|~|复核"}));
+  EXPECT_EQ(rows("select sDeptNum,dblScale,sDeprSubjectNum from fa_DeptScale where sCardNum='00002' and "
+                 "dblScale>1"),
+            (Lines{"301|60|410502", "6|40|~"}));
+}
+
+struct BadRow {
+  const char* row;
+  const char* reason;
+};
+
+TEST_F(SheetImportTest, ABadRowIsToldAsTheScreenTellsItAndLeavesNothing) {
+  const BadRow cases[] = {
+      {"原值增加,99999,1,,x", "当前卡片已不存在！"},
+      {"原值增加,0'1,1,,x", "3075"},
+      {"原值增加,00001,0,,x", "未增加原值！"},
+      {"原值增加,00001,,,x", "未增加原值！"},
+      {"原值增加,00001,二百,,x", "类型不匹配"},
+      {"原值增加,00001,1,,", "变动原因不能为空！"},
+      {"使用状况调整,00001,11,,x", "变动后内容不应和变动前内容相同！"},
+      {"使用状况调整,00001,99,,x", "使用状况中没有“99”"},
+      {"累计折旧调整,00001,1,,", "变动原因不能为空"},
+      {"累计折旧调整,00001,一百,,x", "类型不匹配"},
+      {"使用年限调整,00001,72,,x", "无效的过程调用或参数"},
+      {"使用年限调整,00001,六年0月,,x", "类型不匹配"},
+      {"使用年限调整,00001,6年0月,,", "变动原因不能为空"},
+      {"净残值调整,00001,1,,x", "此类变动单不保存"},
+      {"部门转移,00003,302,,x", "当前卡片已不存在！"},
+      {"部门转移,99999,302,,x", "当前卡片已不存在！"},
+      {"部门转移,00001,301,,x", "变动后内容不应和变动前内容相同！"},
+      {"部门转移,00001,,,x", "变动原因不能为空！"},
+      {"部门转移,00001,9999,,x", "使用部门非末级部门或不存在，请重新录入或参照选择"},
+      {"部门转移,00001,301:50/302:49,,x", "使用部门比例总和不等于100%，请调整使用比例数值！"},
+      {"部门转移,00001,302:100,,x", "资产多部门使用模式下，使用部门至少为两个"},
+      {"部门转移,00001,302:50/302:50,,x", "使用部门不允许重复，请重新录入或参照选择"},
+      {"部门转移,00001,3:50/302:50,,x", "使用部门非末级部门或不存在，请重新录入或参照选择"},
+      {"部门转移,00001,301:半/302:50,,x", "类型不匹配"},
+      {"部门转移,00001,301:50:9/302:50,,x", "科目中没有“9”"},
+      {"部门转移,00001,301:50:4105:1/302:50,,x", "“301:50:4105:1”不是 部门:比例:科目"},
+      {"折旧方法调整,00001,,,x", "数据填写不完整!"},
+      {"折旧方法调整,00001,平均年限法(一),,x", "变动后内容不应和变动前内容相同"},
+      {"折旧方法调整,00001,加速法,,x", "折旧方法中没有“加速法”"},
+      {"折旧方法调整,99999,年数总和法,,x", "当前卡片已不存在！"},
+      {"资产评估,00001,1,,x", "没有此变动类型"},
+      {"原值增加,00001,1", "有3列，表头有5列"},
+  };
+  for (const BadRow& c : cases) {
+    const Lines lines = import(c.row);
+    ASSERT_EQ(lines.size(), 1U) << c.row;
+    const std::string end = std::string("：") + c.reason;
+    EXPECT_TRUE(lines[0].ends_with(end) || std::string(c.reason) == "3075") << c.row << " gave " << lines[0];
+    EXPECT_EQ(result.refused, 1) << c.row;
+  }
+  EXPECT_NE(import("原值增加,0'1,1,,x")[0].find("语法错误"), std::string::npos);
+  EXPECT_EQ(import("原值增加,00\"01,1,,x").size(), 1U);
+  EXPECT_EQ(result.refused, 1) << "a quote inside a field";
+  EXPECT_EQ(count("fa_Vouchers"), "0");
+  EXPECT_EQ(count("fa_Cards"), "3");
+  EXPECT_EQ(count("fa_CardsSheets"), "0");
+  EXPECT_FALSE(engine.workspace().inTransaction());
+}
+
+TEST_F(SheetImportTest, TwentyOneDepartmentsAreTooMany) {
+  execute("delete from fa_departments");
+  std::string split;
+  for (int code = 100; code < 121; ++code) {
+    execute("insert into fa_departments (sNum,sName,lChilds) values ('" + std::to_string(code) + "','d',0)");
+    split += (split.empty() ? "" : "/") + std::to_string(code) + ":5";
+  }
+  EXPECT_EQ(import("部门转移,00001," + split + ",,x")[0],
+            "第2行 卡片 00001 部门转移：使用部门有效数量范围：2~20个");
+  split.erase(split.rfind('/'));
+  EXPECT_EQ(import("部门转移,00001," + split + ",,x")[0], "第2行 卡片 00001 部门转移：变动单 00001");
+  EXPECT_EQ(row("select count(*) from fa_DeptScale where dblScale=5"), "20");
+}
+
+TEST_F(SheetImportTest, ARefusedRowStopsNoOther) {
+  EXPECT_EQ(
+      import("使用状况调整,00001,11,,x\n"
+             "折旧方法调整,00001,年数总和法,,复核\n"
+             "原值增加,00003,1,,it's disposed of and still taken\n"),
+      (Lines{"第2行 卡片 00001 使用状况调整：变动后内容不应和变动前内容相同！",
+             "第3行 卡片 00001 折旧方法调整：变动单 00001", "第4行 卡片 00003 原值增加：变动单 00002"}));
+  EXPECT_EQ(result.saved, 2);
+  EXPECT_EQ(result.refused, 1);
+  engine.flush();
+  DbEngine elsewhere;
+  EXPECT_EQ(
+      rowsOf(elsewhere.OpenDatabase(context.gstrZtFile).OpenRecordset("select count(*) from fa_Vouchers")),
+      Lines{"2"});
+}
+
+TEST_F(SheetImportTest, ACardOfTheMonthIsNotTransferred) {
+  clock.set(day("2020-4-30"));
+  EXPECT_EQ(import("部门转移,00001,302,,x")[0],
+            "第2行 卡片 00001 部门转移：当月原始录入或新增的资产不允许做此种变动业务");
+}
+
+TEST_F(SheetImportTest, TheHeaderNamesItsColumns) {
+  EXPECT_EQ(import("x,200,00001,原值增加\n", "变动原因,变动后内容,卡片编号,变动类型").size(), 1U);
+  EXPECT_EQ(result.saved, 1);
+  EXPECT_EQ(errorOf([&] { import("", "变动类型,卡片编号,变动后内容"); }), 3421);
+  EXPECT_EQ(errorOf([&] { import("", "变动类型,变动类型,卡片编号,变动后内容,变动原因"); }), 3421);
+  EXPECT_EQ(errorOf([&] { import("原值增加,00001,1,,\xff"); }), 3421);
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -11,9 +11,12 @@ namespace zelkor {
 namespace {
 
 constexpr std::string_view kAmountPicture = "##,###.00";
+constexpr std::size_t kStartColumn = 2;
 constexpr std::size_t kLifeColumn = 3;
 constexpr std::size_t kAmountColumn = 4;
+constexpr std::size_t kAssetNumColumn = 5;
 constexpr std::size_t kRateColumn = 6;
+constexpr std::size_t kOperatorColumn = 7;
 constexpr std::size_t kColumns = 8;
 
 std::string_view filterCondition(CardFilter filter) {
@@ -55,6 +58,10 @@ std::string cardListCaption(std::string_view nodeName, CardFilter filter, std::s
              cards, "张)");
 }
 
+CardList::CardList(Recordset rows) : rows_(std::move(rows)) {
+  rows_.keepStreaming();
+}
+
 TextGrid CardList::heading() {
   TextGrid grid;
   grid.setHeader("|卡片编号|开始使用日期|使用年限|原值|固定资产编号|净残值率|录入人");
@@ -81,10 +88,14 @@ TextGrid CardList::next(std::size_t limit) {
 
 void CardList::addCard(TextGrid& grid) {
   const Value amount = rows_.Fields("原值");
-  grid.addRow({"", rows_.TextOrEmpty("卡片编号"), rows_.TextOrEmpty("开始使用日期"),
-               rows_.TextOrEmpty("使用年限") + "年" + "0月", Format(amount, kAmountPicture),
-               rows_.TextOrEmpty("固定资产编号"), Format(rows_.Fields("净残值率"), "0.##"),
-               rows_.TextOrEmpty("录入人")});
+  const std::size_t row = grid.addRow();
+  grid.setText(row, cardNumColumn, rows_.TextOrEmpty("卡片编号"));
+  grid.setText(row, kStartColumn, rows_.TextOrEmpty("开始使用日期"));
+  grid.setText(row, kLifeColumn, rows_.TextOrEmpty("使用年限") + "年" + "0月");
+  grid.setText(row, kAmountColumn, Format(amount, kAmountPicture));
+  grid.setText(row, kAssetNumColumn, rows_.TextOrEmpty("固定资产编号"));
+  grid.setText(row, kRateColumn, Format(rows_.Fields("净残值率"), "0.##"));
+  grid.setText(row, kOperatorColumn, rows_.TextOrEmpty("录入人"));
   total_ += amount.numberOrZero();
   ++cards_;
 }

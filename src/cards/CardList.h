@@ -29,7 +29,7 @@ class CardList {
   static constexpr std::size_t cardNumColumn = 1;
 
   /// `rows` are those of ClsBLLManageCards::rstGetCards. Of each card the first row counts.
-  explicit CardList(Recordset rows) : rows_(std::move(rows)) {}
+  explicit CardList(Recordset rows);
 
   /// The list's columns under their headings, without a card.
   static TextGrid heading();

@@ -6,6 +6,7 @@
 #include "archives/frmUseStatus.h"
 #include "base/RuntimeError.h"
 #include "cards/FrmAddCards.h"
+#include "cards/FrmManageCards.h"
 #include "changes/frmAssetsAlteration.h"
 #include "changes/FrmFABalance.h"
 #include "depreciation/FrmZJFPB.h"
@@ -50,6 +51,9 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmDepartPzCode", showing<FrmDepartPzCode>(host));
   jobs.add("FrmFLBMB", showing<FrmFLBMB>(host));
   jobs.add("FrmAddCards", showingCardEditor(host));
+  jobs.add("FrmManageCards", [&host](RunContext&, const ScreenProperties& properties) {
+    host.show<FrmManageCards>(properties.ZkDataPath);
+  });
   jobs.add("frmUseStatus", showing<frmUseStatus>(host));
   jobs.add("frmAssetsAlteration", [&host](RunContext&, const ScreenProperties& properties) {
     if (const auto kind = changeKindOf(properties.BillType)) host.show<frmAssetsAlteration>(*kind);

@@ -7,6 +7,9 @@ namespace zelkor::bench {
 /// The monthly run against its floor; prints one line and gives the run's microseconds per card.
 double benchMonthlyRun(const LargeAccountSet& set);
 
+/// The closing of a month against its floor; prints one line and gives the closing's microseconds per card.
+double benchMonthEnd(const LargeAccountSet& set);
+
 /// Stand-alone statements of known shapes, through the store and as bare prepared statements.
 void benchStatements(const LargeAccountSet& set);
 

@@ -1,5 +1,3 @@
-#include <cstdio>
-
 #include "Benchmarks.h"
 #include "depreciation/RunMonthDepr.h"
 #include "MonthlyRunFloor.h"
@@ -32,12 +30,7 @@ double benchMonthlyRun(const LargeAccountSet& set) {
     floors.push_back(floorSeconds(set));
     runs.push_back(runSeconds(set));
   }
-  const double perCard = 1e6 / static_cast<double>(set.cards());
-  const double run = best(runs) * perCard;
-  const double floor = best(floors) * perCard;
-  std::printf("monthly run       %7ld cards  %8.2f us/card  floor %8.2f us/card  ratio %5.2f\n", set.cards(),
-              run, floor, run / floor);
-  return run;
+  return printPerCard("monthly run", set.cards(), runs, floors);
 }
 
 }  // namespace zelkor::bench

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <vector>
 
 namespace zelkor::bench {
@@ -17,6 +18,18 @@ double secondsOf(Work&& work) {
 /// The shortest of the measurements: what else the machine does can only lengthen one.
 inline double best(const std::vector<double>& measurements) {
   return *std::min_element(measurements.begin(), measurements.end());
+}
+
+/// Prints the best of the measurements beside the best of the floor's as microseconds per card, with their
+/// ratio; gives the former.
+inline double printPerCard(const char* what, long cards, const std::vector<double>& seconds,
+                           const std::vector<double>& floorSeconds) {
+  const double perCard = 1e6 / static_cast<double>(cards);
+  const double cost = best(seconds) * perCard;
+  const double floor = best(floorSeconds) * perCard;
+  std::printf("%-17s %7ld cards  %8.2f us/card  floor %8.2f us/card  ratio %5.2f\n", what, cards, cost, floor,
+              cost / floor);
+  return cost;
 }
 
 }  // namespace zelkor::bench

@@ -25,6 +25,10 @@ void measure(std::string_view what, long largest) {
     const double middleCost = benchMonthlyRun(middle);
     printGrowth("monthly run      ", large, benchMonthlyRun(large), middle, middleCost);
   }
+  if (all || what == "monthend") {
+    const double smallCost = benchMonthEnd(small);
+    printGrowth("month-end        ", large, benchMonthEnd(large), small, smallCost);
+  }
   if (all || what == "save") {
     const double smallCost = benchSaveCard(small);
     printGrowth("saving a card    ", large, benchSaveCard(large), small, smallCost);
@@ -34,7 +38,7 @@ void measure(std::string_view what, long largest) {
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|save] [cards of the largest account set]
+/// zelkor_bench [all|statements|run|monthend|save] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -24,6 +24,7 @@ void takePictures(const std::filesystem::path& pictures) {
     takeStorePictures(stage);
     takeArchivePictures(stage);
     takeChangePictures(stage);
+    takeCardListPictures(stage);
     takeDepreciationPictures(stage);
   }
   std::filesystem::remove_all(set);

@@ -13,6 +13,8 @@ frmCnDate::frmCnDate(FormHost& host) : Form(host, "frmCnDate", "选择日期", U
   Label1[0]->setText("所选日期：");
   arrange(this, column({wide(calendar_.hwnd()), rule(), row({Label1[0], Label1[1], stretch()}), rule(),
                         row({stretch(), cmdOk, cmdExit})}));
+  setTabOrder(calendar_.hwnd(), cmdOk);
+  calendar_.hwnd()->setFocus();
   on(calendar_.hwnd(), &QCalendarWidget::selectionChanged, &frmCnDate::showDate);
   on(calendar_.hwnd(), &QCalendarWidget::activated, &frmCnDate::cmdOk_Click);
   on(cmdOk, &QPushButton::clicked, &frmCnDate::cmdOk_Click);

@@ -97,6 +97,34 @@ void drawCatalogue(QPainter& painter) {
   }
 }
 
+void drawPreview(QPainter& painter) {
+  painter.drawPolyline(QPolygonF(
+      {QPointF(9, 16.5), QPointF(4, 16.5), QPointF(4, 3.5), QPointF(13.5, 3.5), QPointF(13.5, 6.5)}));
+  painter.drawEllipse(QRectF(8, 8.5, 6, 6));
+  painter.drawLine(QPointF(13.2, 13.7), QPointF(16, 16.5));
+}
+
+void drawOutput(QPainter& painter) {
+  painter.drawPolyline(QPolygonF({QPointF(4, 12), QPointF(4, 16), QPointF(16, 16), QPointF(16, 12)}));
+  painter.drawLine(QPointF(10, 12), QPointF(10, 3.5));
+  painter.drawPolyline(QPolygonF({QPointF(6.5, 7), QPointF(10, 3.5), QPointF(13.5, 7)}));
+}
+
+void drawSettings(QPainter& painter) {
+  for (const double y : {5.5, 10.0, 14.5}) painter.drawLine(QPointF(4, y), QPointF(16, y));
+  for (const QPointF& knob : {QPointF(12.5, 5.5), QPointF(7, 10), QPointF(11, 14.5)})
+    painter.drawEllipse(knob, 1.2, 1.2);
+}
+
+void drawHelp(QPainter& painter) {
+  painter.drawEllipse(QRectF(3.5, 3.5, 13, 13));
+  QPainterPath hook(QPointF(7.8, 8.2));
+  hook.cubicTo(QPointF(8, 5.8), QPointF(12.4, 6), QPointF(12, 8.6));
+  hook.quadTo(QPointF(11.7, 9.8), QPointF(10, 11.2));
+  painter.drawPath(hook);
+  painter.drawPoint(QPointF(10, 13.8));
+}
+
 struct CommandIcon {
   std::string_view caption;
   Draw draw;
@@ -110,7 +138,9 @@ constexpr std::array kCommands = {
     CommandIcon{"刷新", drawRefresh, kGood},  CommandIcon{"退出", drawExit, kInk},
     CommandIcon{"查询", drawSearch, kInk},    CommandIcon{"打印", drawPrint, kInk},
     CommandIcon{"凭证", drawVoucher, kInk},   CommandIcon{"确定", drawTick, kGood},
-    CommandIcon{"目录", drawCatalogue, kInk},
+    CommandIcon{"目录", drawCatalogue, kInk}, CommandIcon{"选入", drawTick, kGood},
+    CommandIcon{"预览", drawPreview, kInk},   CommandIcon{"输出", drawOutput, kInk},
+    CommandIcon{"设置", drawSettings, kInk},  CommandIcon{"帮助", drawHelp, kInk},
 };
 
 template <typename Paint>

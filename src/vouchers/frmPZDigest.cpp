@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kCodeColumn = 0;
 constexpr std::size_t kTextColumn = 1;
 constexpr std::size_t kSubjectColumn = 2;
-constexpr int kWidths[] = {1500, 4700, 1900};  // twips
+constexpr int kWidths[] = {1600, 6600, 2200};  // twips
 
 /// The cell in which what is refused can be put right.
 std::size_t columnOf(DigestRefusal refusal) {
@@ -62,7 +62,7 @@ void frmPZDigest::arrangeControls() {
   TxtAdd->findChild<QLineEdit*>()->setObjectName("TxtAdd");
   TxtAdd->findChild<QPushButton*>()->setObjectName("CmdCodeView");
   layout::arrangeScreen(this, CmdArray, layout::row({layout::wide(MSFlexGrid1)}));
-  resize(640, 440);
+  resize(820, 460);
 }
 
 void frmPZDigest::arrangeMenu() {

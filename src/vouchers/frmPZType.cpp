@@ -10,6 +10,7 @@ frmPZType::frmPZType(FormHost& host, const Database& database)
     : Form(host, "frmPZType", "凭证类别", Unload::Plain), database_(database) {
   for (const std::string& entry : voucherTypeList(database_)) List1->addItem(toQt(entry));
   List1->setCurrentRow(0);
+  List1->setSpacing(3);
   arrange(this, column({wide(List1)}));
   resize(240, 260);
   on(List1, &QListWidget::itemClicked, &frmPZType::List1_Click);

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kCodeColumn = 0;
 constexpr std::size_t kTextColumn = 1;
 constexpr std::size_t kSubjectColumn = 2;
-constexpr int kWidths[] = {1600, 6600, 2200};  // twips
+constexpr int kWidths[] = {1700, 7500, 2500};  // twips
 
 /// The cell in which what is refused can be put right.
 std::size_t columnOf(DigestRefusal refusal) {

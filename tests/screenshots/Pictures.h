@@ -7,6 +7,7 @@ namespace zelkor {
 
 void takeStorePictures(Stage& stage);
 void takeArchivePictures(Stage& stage);
+void takePickerPictures(Stage& stage);
 void takeChangePictures(Stage& stage);
 void takeCardListPictures(Stage& stage);
 void takeDepreciationPictures(Stage& stage);

@@ -23,6 +23,7 @@ void takePictures(const std::filesystem::path& pictures) {
     Stage stage(set, pictures);
     takeStorePictures(stage);
     takeArchivePictures(stage);
+    takePickerPictures(stage);
     takeChangePictures(stage);
     takeCardListPictures(stage);
     takeDepreciationPictures(stage);

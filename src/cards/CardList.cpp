@@ -66,7 +66,7 @@ TextGrid CardList::heading() {
   TextGrid grid;
   grid.setHeader("|卡片编号|开始使用日期|使用年限|原值|固定资产编号|净残值率|录入人");
   grid.setColumnHidden(0, true);
-  constexpr std::array<int, kColumns> twips = {0, 1200, 1500, 2250, 1950, 2100, 1200, 1500};
+  constexpr std::array<int, kColumns> twips = {0, 1200, 1500, 2550, 1950, 2025, 1200, 1500};
   for (std::size_t column = 1; column < kColumns; ++column) grid.setColumnWidth(column, twips[column]);
   for (const std::size_t column : {kLifeColumn, kAmountColumn, kRateColumn}) {
     grid.setAlignment(column, Align::Right);

@@ -9,6 +9,7 @@ void takeStorePictures(Stage& stage);
 void takeArchivePictures(Stage& stage);
 void takePickerPictures(Stage& stage);
 void takeChangePictures(Stage& stage);
+void takeCardPictures(Stage& stage);
 void takeCardListPictures(Stage& stage);
 void takeDepreciationPictures(Stage& stage);
 

@@ -25,6 +25,7 @@ void takePictures(const std::filesystem::path& pictures) {
     takeArchivePictures(stage);
     takePickerPictures(stage);
     takeChangePictures(stage);
+    takeCardPictures(stage);
     takeCardListPictures(stage);
     takeDepreciationPictures(stage);
   }

@@ -141,6 +141,7 @@ constexpr std::array kCommands = {
     CommandIcon{"目录", drawCatalogue, kInk}, CommandIcon{"选入", drawTick, kGood},
     CommandIcon{"预览", drawPreview, kInk},   CommandIcon{"输出", drawOutput, kInk},
     CommandIcon{"设置", drawSettings, kInk},  CommandIcon{"帮助", drawHelp, kInk},
+    CommandIcon{"编辑", drawCatalogue, kInk},
 };
 
 template <typename Paint>

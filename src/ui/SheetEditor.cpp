@@ -17,7 +17,8 @@ QString textOf(const QWidget& value) {
 
 void dress(QWidget& value, bool entry) {
   value.setProperty("entry", entry);
-  value.setFocusPolicy(entry ? Qt::StrongFocus : Qt::NoFocus);
+  // Not by the Tab key, or a label would set its text a pixel higher than the locked ones.
+  value.setFocusPolicy(entry ? Qt::ClickFocus : Qt::NoFocus);
   value.style()->unpolish(&value);
   value.style()->polish(&value);
 }
@@ -92,7 +93,7 @@ void SheetEditor::cancel() {
 }
 
 /// Closed first: the focus that goes to the value must not end it a second time. It goes before the box is
-/// hidden, or the window system would pass it on as the Tab key does, and the next value would open.
+/// hidden, or the window system would give it to the next control.
 void SheetEditor::leave() {
   open_ = false;
   places_[at_].value->setFocus(Qt::OtherFocusReason);
@@ -104,6 +105,11 @@ void SheetEditor::moveBy(int step) {
   commit();
   if (!active_ || open_) return;
   if (goOnAt_) return open(goOnAt_);
+  openBeside(step);
+}
+
+/// Opens the value `step` places behind the last one that was open, if there is one.
+void SheetEditor::openBeside(int step) {
   const auto next = static_cast<std::ptrdiff_t>(at_) + step;
   if (next >= 0 && next < std::ssize(places_)) openAt(static_cast<std::size_t>(next));
 }
@@ -151,15 +157,14 @@ bool SheetEditor::valueEvent(const QWidget* value, QEvent& event) {
     open(value);
     return true;
   }
-  if (type == QEvent::FocusIn) {
-    const auto reason = static_cast<QFocusEvent&>(event).reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) open(value);
-    return false;
-  }
   if (type != QEvent::KeyPress) return false;
   const int key = static_cast<QKeyEvent&>(event).key();
-  if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_F2) return false;
-  open(value);
+  if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) {
+    open(value);
+    return true;
+  }
+  if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;
+  openBeside(key == Qt::Key_Tab ? 1 : -1);
   return true;
 }
 

@@ -53,6 +53,7 @@ class SheetEditor final : public QObject {
   };
   void openAt(std::size_t index);
   void moveBy(int step);
+  void openBeside(int step);
   void lay();
   void leave();
   bool boxEvent(QEvent& event);

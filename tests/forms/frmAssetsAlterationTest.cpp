@@ -267,7 +267,10 @@ TEST_F(frmAssetsAlterationTest, obeysTheKeyboard) {
   EXPECT_EQ(labels(form, {66}), "") << "the first value behind the card; Esc leaves the value as it was";
   EXPECT_TRUE(box.isHidden());
   EXPECT_TRUE(form.isVisible());
-  sendKey(control<QLabel>(form, "Label166"), Qt::Key_Return);
+  sendKey(control<QLabel>(form, "Label166"), Qt::Key_Tab);
+  enter(form, {"更正"});
+  EXPECT_EQ(labels(form, {66, 75}), "|更正");
+  sendKey(control<QLabel>(form, "Label175"), Qt::Key_Backtab);
   enter(form, {"200", "改造"});
   dialogs.expectOk("数据成功保存！", Icon::Information, "变动单－－使用状况调整");
   form.activateWindow();

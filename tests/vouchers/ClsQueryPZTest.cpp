@@ -24,19 +24,13 @@ class ClsQueryPZTest : public VoucherTest {
   bool deleteRow(std::size_t row) {
     return deleteQueriedVoucher(context, query, queriedVoucher(list(), row));
   }
-  void saveDepreciation() {
-    stageDepreciation();
-    BatchBilling billing(context);
-    billing.toggleMark(1);
-    EXPECT_TRUE(saveVoucher(prepared(billing)));
-  }
 
   ClsQueryPZ query{context};
 };
 
 TEST_F(ClsQueryPZTest, ListsEachVoucherOnce) {
   EXPECT_TRUE(saveVoucher(cardVoucher("00001", "10")));
-  saveDepreciation();
+  EXPECT_TRUE(saveVoucher(depreciationVoucher()));
   EXPECT_TRUE(saveVoucher(cardVoucher("00002", "20")));
   execute("update GL_accvouch set ibook=1,doutbilldate=#2020-5-2# where ino_id=3");
   const auto texts = textsOf(list());
@@ -86,7 +80,7 @@ TEST_F(ClsQueryPZTest, TheMonthOfTheVouchersDateIsFreed) {
 }
 
 TEST_F(ClsQueryPZTest, AVoucherWithoutEventNumberStays) {
-  saveDepreciation();
+  EXPECT_TRUE(saveVoucher(depreciationVoucher()));
   dialogs.expectOk("删除成功！", Icon::Information, "凭证查询");
   EXPECT_TRUE(deleteRow(1));
   EXPECT_THAT(numbers(), ElementsAre("记--1"));

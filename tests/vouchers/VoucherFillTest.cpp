@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <optional>
+
 #include "vouchers/VoucherFill.h"
 #include "vouchers/VoucherFixture.h"
 
@@ -13,12 +15,6 @@ constexpr const char* kTitle = "固定资产";
 
 class VoucherFillTest : public VoucherTest {
  protected:
-  VoucherRequest depreciationVoucher() {
-    stageDepreciation();
-    BatchBilling billing(context);
-    billing.toggleMark(1);
-    return prepared(billing);
-  }
   /// Two additions merged by subject: 30 on each side, one line per subject.
   VoucherRequest mergedVoucher() {
     stageCard("00001", "10");
@@ -31,26 +27,35 @@ class VoucherFillTest : public VoucherTest {
     return prepared(billing);
   }
   Voucher loaded(const VoucherRequest& request) {
-    Voucher voucher;
-    VoucherFill(context, request, voucher).LoadVouch();
-    return voucher;
+    Voucher shown;
+    VoucherFill(context, request, shown).LoadVouch();
+    return shown;
   }
+  /// Opens the window with the key's voucher.
+  VoucherFill& open(const VoucherRequest& request) {
+    window.emplace(context, request, voucher);
+    window->LoadVouch();
+    return *window;
+  }
+
+  Voucher voucher;
+  std::optional<VoucherFill> window;
 };
 
 TEST_F(VoucherFillTest, ShowsTheStagedLinesOfTheKey) {
-  const Voucher voucher = loaded(depreciationVoucher());
-  EXPECT_EQ(voucher.Caption, "记账凭证");
-  EXPECT_EQ(voucher.VoucherSign, "记");
-  EXPECT_EQ(voucher.SignSeq, 1);
-  EXPECT_TRUE(voucher.AllowBrowseSign);
-  EXPECT_EQ(voucher.VoucherDate, day("2020-5-15"));
-  EXPECT_EQ(voucher.BillMaker, "陈会计");
-  EXPECT_EQ(voucher.VoucherState, voucher_state::Normal);
+  const Voucher shown = loaded(depreciationVoucher());
+  EXPECT_EQ(shown.Caption, "记账凭证");
+  EXPECT_EQ(shown.VoucherSign, "记");
+  EXPECT_EQ(shown.SignSeq, 1);
+  EXPECT_TRUE(shown.AllowBrowseSign);
+  EXPECT_EQ(shown.VoucherDate, day("2020-5-15"));
+  EXPECT_EQ(shown.BillMaker, "陈会计");
+  EXPECT_EQ(shown.VoucherState, voucher_state::Normal);
   EXPECT_THAT(
-      linesOf(voucher),
+      linesOf(shown),
       ElementsAre("计提第[5]期间折旧|550202|折旧费|20.5|0", "计提第[5]期间折旧|410502|折旧费|100.25|0",
                   "计提第[5]期间折旧|410502|折旧费|50|0", "计提第[5]期间折旧|1502|累计折旧|0|170.75"));
-  EXPECT_TRUE(totalsOf(voucher).balanced());
+  EXPECT_TRUE(totalsOf(shown).balanced());
 }
 
 TEST_F(VoucherFillTest, OrdersTheLinesByTheTextOfTheirNumber) {
@@ -67,23 +72,21 @@ TEST_F(VoucherFillTest, AKeyWithoutRowsShowsNothing) {
   stageCard("00001", "10");
   for (const char* rows : {"ioutperiod=6", "ioutperiod=5,ioutyear=2019"}) {
     execute("update fa_ZWVouchers set cDefine10='卡片(00001)'," + std::string(rows));
-    const Voucher voucher = loaded({.scOutSign = "卡片(00001)", .eventNumber = "00001"});
-    EXPECT_EQ(voucher.RowCount(), 0U);
-    EXPECT_EQ(voucher.VoucherSign, "");
-    EXPECT_FALSE(voucher.AllowBrowseSign);
+    const Voucher shown = loaded({.scOutSign = "卡片(00001)", .eventNumber = "00001"});
+    EXPECT_EQ(shown.RowCount(), 0U);
+    EXPECT_EQ(shown.VoucherSign, "");
+    EXPECT_FALSE(shown.AllowBrowseSign);
   }
 }
 
 TEST_F(VoucherFillTest, WithoutVoucherTypesNoneIsChosen) {
   const VoucherRequest request = cardVoucher("00001", "10");
   execute("delete from dsign");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
+  open(request);
   EXPECT_EQ(voucher.Caption, "");
   EXPECT_TRUE(voucher.AllowBrowseSign);
   dialogs.expectOk("凭证类别不合法", Icon::Exclamation, kTitle);
-  EXPECT_FALSE(window.Save());
+  EXPECT_FALSE(window->Save());
   EXPECT_THAT(ledger("inid"), IsEmpty());
 }
 
@@ -112,15 +115,12 @@ TEST_F(VoucherFillTest, NumbersOverAllPeriodsAndRefusesWhatAShortCannotHold) {
 }
 
 TEST_F(VoucherFillTest, AMergedVoucherHasOneLinePerSubjectWithoutDigest) {
-  const VoucherRequest request = mergedVoucher();
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
+  open(mergedVoucher());
   EXPECT_THAT(linesOf(voucher), ElementsAre("|1501|固定资产|30|0", "|1502|累计折旧|0|30"));
   dialogs.expectOk("摘要不能为空!", Icon::Critical, kTitle);
-  EXPECT_FALSE(window.Save());
+  EXPECT_FALSE(window->Save());
   voucher.Row(1).Digest = voucher.Row(2).Digest = "购入";
-  EXPECT_TRUE(window.Save());
+  EXPECT_TRUE(window->Save());
   EXPECT_THAT(ledger("ino_id,inid,ccode,md,mc,coutsign,coutno_id"),
               ElementsAre("1|1|1501|30|0|合并制单|~", "1|2|1502|0|30|合并制单|~"));
   EXPECT_THAT(staged("cDefine1"), ElementsAre("1", "1", "1", "1"));
@@ -129,28 +129,22 @@ TEST_F(VoucherFillTest, AMergedVoucherHasOneLinePerSubjectWithoutDigest) {
 TEST_F(VoucherFillTest, ASubjectOnBothSidesLosesItsDebitWhenMerged) {
   const VoucherRequest request = mergedVoucher();
   execute("update fa_ZWVouchers set ccode='1501' where i_id=4");
-  const Voucher voucher = loaded(request);
-  EXPECT_THAT(linesOf(voucher), ElementsAre("|1501|固定资产|0|20", "|1502|累计折旧|0|10"));
-  EXPECT_EQ(totalsOf(voucher).difference(), Currency::fromDouble(-30));
+  const Voucher shown = loaded(request);
+  EXPECT_THAT(linesOf(shown), ElementsAre("|1501|固定资产|0|20", "|1502|累计折旧|0|10"));
+  EXPECT_EQ(totalsOf(shown).difference(), Currency::fromDouble(-30));
 }
 
 TEST_F(VoucherFillTest, SavesWhatDoesNotBalance) {
-  const VoucherRequest request = cardVoucher("00001", "10");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
+  open(cardVoucher("00001", "10"));
   EXPECT_TRUE(enterAmount(voucher.Row(2), VoucherSide::Credit, "9.5"));
-  EXPECT_TRUE(window.Save());
+  EXPECT_TRUE(window->Save());
   EXPECT_THAT(ledger("md,mc"), ElementsAre("10|0", "0|9.5"));
 }
 
 TEST_F(VoucherFillTest, TakesAQuoteInADigest) {
-  const VoucherRequest request = cardVoucher("00001", "10");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
+  open(cardVoucher("00001", "10"));
   voucher.Row(1).Digest = "O'Neil 的车床";
-  EXPECT_TRUE(window.Save());
+  EXPECT_TRUE(window->Save());
   EXPECT_THAT(ledger("cdigest"), ElementsAre("O'Neil 的车床", "直接购入"));
 }
 
@@ -163,45 +157,36 @@ TEST_F(VoucherFillTest, KeepsASubjectDeletedBeforeBilling) {
 }
 
 TEST_F(VoucherFillTest, RefusesLinesInTheirOrderAndASecondSave) {
-  const VoucherRequest request = cardVoucher("00001", "10");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
+  open(cardVoucher("00001", "10"));
   voucher.Row(1).Digest = "";
   voucher.Row(2).SubjectCode = "";
   dialogs.expectOk("摘要不能为空!", Icon::Critical, kTitle);
-  EXPECT_FALSE(window.Save());
+  EXPECT_FALSE(window->Save());
   voucher.Row(1).SubjectCode = "";
   dialogs.expectOk("凭证中存在尚未确定的科目!", Icon::Critical, kTitle);
-  EXPECT_FALSE(window.Save());
-  window.LoadVouch();
-  EXPECT_TRUE(window.Save());
+  EXPECT_FALSE(window->Save());
+  window->LoadVouch();
+  EXPECT_TRUE(window->Save());
   EXPECT_EQ(voucher.VoucherState, voucher_state::Saved);
   dialogs.expectOk("凭证已保存!", Icon::Information, kTitle);
-  EXPECT_FALSE(window.Save());
+  EXPECT_FALSE(window->Save());
   EXPECT_THAT(ledger("ino_id"), ElementsAre("1", "1"));
 }
 
 TEST_F(VoucherFillTest, WhatIsChangedAfterASaveIsReplaced) {
   execute("insert into GL_accvouch (iperiod,ino_id,inid) values (4,1,1)");
-  const VoucherRequest request = cardVoucher("00001", "10");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
-  EXPECT_EQ(window.ino_id(), 0);
-  EXPECT_TRUE(window.Save());
-  EXPECT_EQ(window.ino_id(), 2);
-  EXPECT_TRUE(window.EditRequest());
+  open(cardVoucher("00001", "10"));
+  EXPECT_EQ(window->ino_id(), 0);
+  EXPECT_TRUE(window->Save());
+  EXPECT_EQ(window->ino_id(), 2);
+  EXPECT_TRUE(window->EditRequest());
   voucher.Row(1).Digest = "购入";
-  EXPECT_TRUE(window.Save());
+  EXPECT_TRUE(window->Save());
   EXPECT_THAT(ledger("iperiod,ino_id,inid,cdigest"), ElementsAre("4|1|1|~", "5|2|1|购入", "5|2|2|直接购入"));
 }
 
 TEST_F(VoucherFillTest, WritesSignaturesAndAttachments) {
-  const VoucherRequest request = cardVoucher("00001", "10");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
+  open(cardVoucher("00001", "10"));
   voucher.VoucherSign = "转";
   voucher.SignSeq = 3;
   voucher.VoucherDate = day("2020-6-2");
@@ -209,7 +194,7 @@ TEST_F(VoucherFillTest, WritesSignaturesAndAttachments) {
   voucher.Checker = "王";
   voucher.Cashier = "李";
   voucher.Bookkeeper = "赵";
-  EXPECT_TRUE(window.Save());
+  EXPECT_TRUE(window->Save());
   EXPECT_EQ(row("select iperiod,csign,isignseq,idoc,ccheck,ccashier,cbook,doutbilldate,dbill_date from "
                 "GL_accvouch"),
             "5|转|3|4|王|李|赵|2020-6-2|2020-6-2");
@@ -220,18 +205,16 @@ TEST_F(VoucherFillTest, AVoucherInTheLedgerIsReplacedUnderItsNumber) {
   EXPECT_TRUE(saveVoucher(request));
   execute("update GL_accvouch set cbill='王会计',doutbilldate=#2020-5-3#,idoc=2,ccheck='李'");
   execute("insert into GL_accvouch (iperiod,ino_id,inid) values (4,1,1)");
-  Voucher voucher;
-  VoucherFill window(context, request, voucher);
-  window.LoadVouch();
-  EXPECT_TRUE(window.bPZmodify());
+  open(request);
+  EXPECT_TRUE(window->bPZmodify());
   EXPECT_THAT(linesOf(voucher), ElementsAre("直接购入|1501|固定资产|10|0", "直接购入|1502|累计折旧|0|10"));
   EXPECT_EQ(voucher.BillMaker, "王会计");
   EXPECT_EQ(voucher.VoucherDate, day("2020-5-3"));
   EXPECT_EQ(voucher.Attachments, 2);
   dialogs.expectYesNo("是否需要修改他人填制的凭证", Answer::Yes, Icon::Question, "凭证");
-  EXPECT_TRUE(window.EditRequest());
+  EXPECT_TRUE(window->EditRequest());
   EXPECT_TRUE(enterAmount(voucher.Row(1), VoucherSide::Debit, "11"));
-  EXPECT_TRUE(window.Save());
+  EXPECT_TRUE(window->Save());
   EXPECT_THAT(ledger("iperiod,ino_id,inid,md,cbill"),
               ElementsAre("4|1|1|~|~", "5|1|1|11|陈会计", "5|1|2|0|陈会计"));
 }
@@ -262,51 +245,47 @@ TEST_F(VoucherFillTest, AnswersTheRequestToEdit) {
   for (const Case& one : {Case{1, "王", "李", "已作废的凭证不能修改，取消作废后方可修改"},
                           Case{0, "王", "李", "已复核的凭证不能修改，取消复核后方可修改"},
                           Case{3, " ", "李", "出纳签字凭证不能修改，取消签字后方可修改"}}) {
-    Voucher voucher;
-    VoucherFill window(context, {}, voucher);
+    open({});
     voucher.BillMaker = "王会计";
     voucher.VoucherState = one.state;
     voucher.Checker = one.checker;
     voucher.Cashier = one.cashier;
     dialogs.expectOk(one.refusal, Icon::Critical, "凭证");
-    EXPECT_FALSE(window.EditRequest());
+    EXPECT_FALSE(window->EditRequest());
     EXPECT_EQ(voucher.VoucherState, one.state);
   }
 }
 
 TEST_F(VoucherFillTest, AsksBeforeAnothersVoucherIsEdited) {
-  Voucher voucher;
-  VoucherFill window(context, {}, voucher);
+  open({});
   voucher.BillMaker = "王会计";
   voucher.VoucherState = voucher_state::Saved;
   dialogs.expectYesNo("是否需要修改他人填制的凭证", Answer::No, Icon::Question, "凭证");
-  EXPECT_FALSE(window.EditRequest());
+  EXPECT_FALSE(window->EditRequest());
   EXPECT_EQ(voucher.VoucherState, voucher_state::Saved);
   dialogs.expectYesNo("是否需要修改他人填制的凭证", Answer::Yes, Icon::Question, "凭证");
-  EXPECT_TRUE(window.EditRequest());
+  EXPECT_TRUE(window->EditRequest());
   EXPECT_EQ(voucher.VoucherState, voucher_state::Normal);
   EXPECT_EQ(voucher.BillMaker, "陈会计");
-  EXPECT_TRUE(window.EditRequest()) << "one's own voucher asks for nothing";
+  EXPECT_TRUE(window->EditRequest()) << "one's own voucher asks for nothing";
 }
 
 TEST_F(VoucherFillTest, LooksAnEnteredSubjectUp) {
-  Voucher voucher;
+  open({});
   voucher.AddRow({});
-  VoucherFill window(context, {}, voucher);
-  window.SubjectEntered(1, "1502");
+  window->SubjectEntered(1, "1502");
   EXPECT_EQ(voucher.Row(1).SubjectName, "累计折旧");
   dialogs.expectOk("科目不合法", Icon::Exclamation, "凭证");
-  window.SubjectEntered(1, "77");
+  window->SubjectEntered(1, "77");
   EXPECT_EQ(voucher.Row(1).SubjectCode + voucher.Row(1).SubjectName, "77");
 }
 
 TEST_F(VoucherFillTest, WalksTheYearsUnbookedEntries) {
   EXPECT_TRUE(saveVoucher(cardVoucher("00001", "10")));
-  Voucher voucher;
-  VoucherFill window(context, {}, voucher);
-  window.walkUnbooked();
-  window.walkUnbooked("csign='记'");
-  EXPECT_EQ(errorOf([&] { window.walkUnbooked("cNoSuch=1"); }), 3061);
+  open({});
+  window->walkUnbooked();
+  window->walkUnbooked("csign='记'");
+  EXPECT_EQ(errorOf([&] { window->walkUnbooked("cNoSuch=1"); }), 3061);
 }
 
 TEST(VoucherValueTest, MovesOnlyAmongSeveral) {

@@ -51,6 +51,12 @@ class VoucherTest : public AccountSetTest {
     }
     return prepared(billing);
   }
+  VoucherRequest depreciationVoucher() {
+    stageDepreciation();
+    BatchBilling billing(context);
+    billing.toggleMark(1);
+    return prepared(billing);
+  }
   bool saveVoucher(const VoucherRequest& request) {
     Voucher voucher;
     VoucherFill window(context, request, voucher);

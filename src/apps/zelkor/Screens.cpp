@@ -4,7 +4,6 @@
 #include "archives/FrmDepartPzCode.h"
 #include "archives/FrmFLBMB.h"
 #include "archives/frmUseStatus.h"
-#include "base/RuntimeError.h"
 #include "cards/FrmAddCards.h"
 #include "cards/FrmManageCards.h"
 #include "changes/frmAssetsAlteration.h"
@@ -32,16 +31,6 @@ Job showingModal(FormHost& host) {
   };
 }
 
-/// A failure to show the card editor is passed over; the process then ends for want of a form.
-Job showingCardEditor(FormHost& host) {
-  return [&host](RunContext&, const ScreenProperties& properties) {
-    try {
-      showCardEditor(host, properties);
-    } catch (const RuntimeError&) {
-    }
-  };
-}
-
 }  // namespace
 
 void addScreens(RunTypeJobs& jobs, FormHost& host) {
@@ -50,7 +39,9 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmDepartment", showingModal<FrmDepartment>(host));
   jobs.add("FrmDepartPzCode", showing<FrmDepartPzCode>(host));
   jobs.add("FrmFLBMB", showing<FrmFLBMB>(host));
-  jobs.add("FrmAddCards", showingCardEditor(host));
+  jobs.add("FrmAddCards", [&host](RunContext&, const ScreenProperties& properties) {
+    showCardEditor(host, properties);
+  });
   jobs.add("FrmManageCards", [&host](RunContext&, const ScreenProperties& properties) {
     host.show<FrmManageCards>(properties.ZkDataPath);
   });

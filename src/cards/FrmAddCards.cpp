@@ -80,8 +80,6 @@ void FrmAddCards::refuse(const std::string& message) {
   run().dialogs.MsgBox(message, Buttons::Ok, Icon::Exclamation, kTitle);
 }
 
-// ---- editing
-
 void FrmAddCards::openField(CardField field, Arrival arrival) {
   if (bView_ || !leaveField()) return;
   const CardFieldPlace* place = PicCard->find(field);
@@ -174,8 +172,6 @@ void FrmAddCards::pickSubject(CardField field) {
   showSheet();
 }
 
-// ---- commands
-
 void FrmAddCards::Toolbar1_ButtonClick(const QString& key) {
   if (key == "保存") save();
   if (key == "编辑") edit();
@@ -238,8 +234,6 @@ void FrmAddCards::walk(CardMove move) {
   const auto reached = reach(move);
   if (reached && reached->cardID != cardID_) showCard(reached->cardID, reached->layout);
 }
-
-// ---- keyboard and mouse
 
 bool FrmAddCards::eventFilter(QObject* control, QEvent* event) {
   const auto type = event->type();

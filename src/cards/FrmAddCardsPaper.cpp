@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <QPainter>
 
 #include "ui/Texts.h"
@@ -36,6 +37,16 @@ int across(int units) {
 
 int down(int units) {
   return kTitleHeight + (units - kTopUnits) * kRowPixels / kRowUnits;
+}
+
+/// Where the cell of a value ends: at the next caption's, if that is as good as there.
+int cellEnd(const QRect& value) {
+  constexpr int kNearly = 3;
+  const int end = value.left() + value.width();
+  for (const int caption : kCaptionLefts) {
+    if (std::abs(across(caption) - end) <= kNearly) return across(caption);
+  }
+  return end;
 }
 
 void paintTitle(QPainter& painter, int width) {
@@ -122,7 +133,7 @@ void CardPaper::paintField(QPainter& painter, const CardFieldPlace& place) const
     painter.fillRect(caption, QColor::fromRgb(kCaptionFill));
     if (!place.enabled) painter.fillRect(value, QColor::fromRgb(kLockedFill));
     painter.setPen(QColor::fromRgb(kRule));
-    for (const int x : {caption.left(), value.left(), value.left() + value.width()}) {
+    for (const int x : {caption.left(), value.left(), cellEnd(value)}) {
       painter.drawLine(x, value.top(), x, value.bottom());
     }
   } else {

@@ -10,6 +10,7 @@
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cards/CardLayout.h"
 #include "store/Catalogue.h"
 
 namespace zelkor {
@@ -19,8 +20,6 @@ constexpr std::array kNeeded = {
     CardField::AssetName,     CardField::CategoryCode, CardField::Department,         CardField::AdditionWay,
     CardField::UsageStatus,   CardField::UsefulLife,   CardField::DepreciationMethod, CardField::StartDate,
     CardField::OriginalValue, CardField::ResidualRate};
-
-constexpr std::string_view kWorkloadMethod = "工作量法";
 
 std::set<std::string> codes(Database& data, std::string_view statement) {
   std::set<std::string> found;
@@ -238,7 +237,7 @@ std::vector<CellProblem> readCardRow(const RegisterColumns& columns, const std::
 }
 
 bool isWorkloadCard(const CardValues& card) {
-  return card[CardField::DepreciationMethod] == kWorkloadMethod;
+  return cardLayoutOfMethod(card[CardField::DepreciationMethod]) == CardLayout::Workload;
 }
 
 }  // namespace zelkor

@@ -16,4 +16,8 @@ void benchStatements(const LargeAccountSet& set);
 /// Saving a further card into the set; prints one line and gives the microseconds per card.
 double benchSaveCard(const LargeAccountSet& set);
 
+/// Opening batch billing over that many staged events, and loading the lines of all of them as one merged
+/// set; prints one line and gives the seconds of both.
+double benchBatchBilling(long events);
+
 }  // namespace zelkor::bench

@@ -17,8 +17,6 @@ QString textOf(const QWidget& value) {
 
 void dress(QWidget& value, bool entry) {
   value.setProperty("entry", entry);
-  // Not by the Tab key, or a label would set its text a pixel higher than the locked ones.
-  value.setFocusPolicy(entry ? Qt::ClickFocus : Qt::NoFocus);
   value.style()->unpolish(&value);
   value.style()->polish(&value);
 }
@@ -92,6 +90,9 @@ void SheetEditor::cancel() {
   if (open_) leave();
 }
 
+/// The value has the focus then, so that keys open it or the next one, though it has no policy for it: a
+/// label with one sets its text a pixel higher than the locked values.
+///
 /// Closed first: the focus that goes to the value must not end it a second time. It goes before the box is
 /// hidden, or the window system would give it to the next control.
 void SheetEditor::leave() {

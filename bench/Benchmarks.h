@@ -16,6 +16,10 @@ void benchStatements(const LargeAccountSet& set);
 /// Saving a further card into the set; prints one line and gives the microseconds per card.
 double benchSaveCard(const LargeAccountSet& set);
 
+/// Saving change sheets of every kind, from the card's loading to the commit, in a small and a large set;
+/// prints one line per kind.
+void benchSaveSheets(const LargeAccountSet& small, const LargeAccountSet& large);
+
 /// Opening batch billing over that many staged events, and loading the lines of all of them as one merged
 /// set; prints one line and gives the seconds of both.
 double benchBatchBilling(long events);

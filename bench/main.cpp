@@ -33,13 +33,14 @@ void measure(std::string_view what, long largest) {
     const double smallCost = benchSaveCard(small);
     printGrowth("saving a card    ", large, benchSaveCard(large), small, smallCost);
   }
+  if (all || what == "sheet") benchSaveSheets(small, large);
   if (all || what == "billing") benchBatchBilling(largest / 10);
 }
 
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|billing] [cards of the largest account set]
+/// zelkor_bench [all|statements|run|monthend|save|sheet|billing] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -1,5 +1,6 @@
 #include "changes/FrmFABalance.h"
 
+#include "base/RuntimeError.h"
 #include "cards/frmCards.h"
 #include "changes/FrmBalanType.h"
 #include "ui/Layout.h"
@@ -55,7 +56,8 @@ void FrmFABalance::addEntries() {
   for (const Field field : {CardNum, AssetNum}) {
     auto* button = placeButton(Text[field], "cmdMobile" + std::to_string(field + 1),
                                [this, field] { cmdMobile_Click(field); });
-    editor->add(Text[field], button, SheetEditor::Entry::Picked);
+    editor->add(Text[field], button,
+                field == CardNum ? SheetEditor::Entry::Typed : SheetEditor::Entry::Picked);
   }
   auto* method = placeButton(Text[MethodAfter], "cmdMethod", [this] { cmdMethod_Click(); });
   editor->add(Text[MethodAfter], method, SheetEditor::Entry::Picked);
@@ -89,7 +91,23 @@ void FrmFABalance::add() {
 
 void FrmFABalance::txtMobile_Commit(QWidget* value, const QString& text) {
   if (value == Text[Reason]) sheet_.reason = fromQt(text);
+  if (value == Text[CardNum]) {
+    typedIsRefused_ = !loadTyped(fromQt(text));
+    editor->goOnAt(Text[typedIsRefused_ ? CardNum : MethodAfter]);
+  }
   showSheet();
+}
+
+/// True when the card is there.
+bool FrmFABalance::loadTyped(const std::string& cardNum) {
+  std::string refusal = "当前卡片已不存在！";
+  try {
+    if (loadBalanceCard(data(), cardNum, sheet_)) return true;
+  } catch (const RuntimeError& error) {
+    refusal = error.what();  // a number that breaks its statement
+  }
+  run().dialogs.MsgBox(refusal, Buttons::Ok, Icon::Exclamation, "固定资产");
+  return false;
 }
 
 void FrmFABalance::cmdMobile_Click(Field field) {
@@ -128,8 +146,9 @@ void FrmFABalance::cmdMethod_Click() {
 /// opened again when nothing has been saved.
 void FrmFABalance::save() {
   const bool typing = editor->isOpen();
+  typedIsRefused_ = false;
   editor->commit();
-  if (store()) {
+  if (!typedIsRefused_ && store()) {
     add();
   } else if (typing) {
     editor->resume();

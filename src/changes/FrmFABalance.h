@@ -42,6 +42,7 @@ class FrmFABalance final : public SheetForm {
 
   void tbToolBar_ButtonClick(const QString& caption);
   void txtMobile_Commit(QWidget* value, const QString& text);
+  bool loadTyped(const std::string& cardNum);
   void cmdMobile_Click(Field field);
   void cmdMethod_Click();
   void add();
@@ -50,6 +51,7 @@ class FrmFABalance final : public SheetForm {
 
   ClsBLLBalance balance_;
   BalanceSheet sheet_;
+  bool typedIsRefused_ = false;
 };
 
 }  // namespace zelkor

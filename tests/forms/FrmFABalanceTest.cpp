@@ -99,6 +99,20 @@ TEST_F(FrmFABalanceTest, tellsAFailedSaveAndKeepsTheSheet) {
   EXPECT_EQ(texts(form, {3, 9, 10}), "00001|直线法|x");
 }
 
+TEST_F(FrmFABalanceTest, loadsATypedCard) {
+  const auto& form = openBalance();
+  dialogs.expectOk("当前卡片已不存在！", Icon::Exclamation, kTitle);
+  enter(form, "txtMobile", {"00009"});
+  EXPECT_EQ(texts(form, {3, 6}), "|");
+  enter(form, "txtMobile", {"00001"});
+  EXPECT_EQ(texts(form, {3, 4, 5, 6, 8}), "00001|02100001|2020-4-1|车床|平均年限法(一)");
+  sendKey(control<QLineEdit>(form, "txtMobile"), Qt::Key_Backtab);
+  sendKey(control<QLineEdit>(form, "txtMobile"), Qt::Key_Backtab);
+  type(form, "txtMobile", "7");
+  refuse(form, "当前卡片已不存在！");
+  EXPECT_EQ(texts(form, {3}), "00001") << "the card that is loaded; nothing else is checked";
+}
+
 TEST_F(FrmFABalanceTest, keepsWhatStandsWhenNothingIsPicked) {
   const auto& form = openBalance();
   for (const char* button : {"cmdMobile3", "cmdMobile4", "cmdMethod"}) {

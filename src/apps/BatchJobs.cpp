@@ -1,9 +1,13 @@
 #include "apps/BatchJobs.h"
 
 #include <filesystem>
+#include <iostream>
 #include <system_error>
+#include <utility>
 
 #include "archives/SyncDepartments.h"
+#include "base/RuntimeError.h"
+#include "closing/MonthEnd.h"
 #include "closing/ShowReconciliation.h"
 #include "depreciation/AllocationTable.h"
 #include "depreciation/DepreciationList.h"
@@ -46,6 +50,19 @@ void addBatchJobs(RunTypeJobs& jobs) {
            [](RunContext& context, const ScreenProperties&) { ShowReconciliation(context); });
   jobs.add("ReinitialiseAccount", [](RunContext& context, const ScreenProperties&) {
     ReinitialiseAccount(context.engine, context.gstrZtFile, context.dbZKData);
+  });
+}
+
+void addMonthEnd(RunTypeJobs& jobs, std::ostream& output) {
+  jobs.add("frmYMJZ", [&output](RunContext& context, const ScreenProperties&) {
+    output << kProcessingText << '\n' << kBackupText << std::endl;
+    int shown = 0;
+    const auto print = [&](int percent) {
+      if (percent != std::exchange(shown, percent)) output << percent << '%' << std::endl;
+    };
+    closeMonth(context, {.backup = print, .backupEnded = [] {}});
+    std::cerr << "月末结账没有完成，已做的步骤保留；可再次执行" << std::endl;
+    throw EndProgram{1};
   });
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <iosfwd>
+
 #include "startup/RunTypes.h"
 
 namespace zelkor {
@@ -8,6 +10,10 @@ namespace zelkor {
 /// monthly run shows its results through the jobs "frmZJQD modal" and "FrmZJFPB modal" where `jobs`, which
 /// must outlive the run, holds them.
 void addBatchJobs(RunTypeJobs& jobs);
+
+/// Month-end without its screen: the progress of the backup goes to `output` line by line. A closing that
+/// does not come to its end gives status 1.
+void addMonthEnd(RunTypeJobs& jobs, std::ostream& output);
 
 /// Folder of the running program, without a separator at its end.
 std::string programFolder();

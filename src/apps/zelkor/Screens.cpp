@@ -8,6 +8,8 @@
 #include "cards/FrmManageCards.h"
 #include "changes/frmAssetsAlteration.h"
 #include "changes/FrmFABalance.h"
+#include "closing/frmDelZC.h"
+#include "closing/frmYMJZ.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
 #include "store/FrmInit.h"
@@ -52,6 +54,8 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmFABalance", [&host](RunContext&, const ScreenProperties& properties) {
     host.show<FrmFABalance>(properties.ZkDataPath);
   });
+  jobs.add("frmYMJZ", showing<frmYMJZ>(host));
+  jobs.add("frmDelZC", showing<frmDelZC>(host));
   jobs.add("FrmZJFPB", showing<FrmZJFPB>(host));
   jobs.add("FrmZJFPB modal", showingModal<FrmZJFPB>(host));
   jobs.add("frmZJQD", showing<frmZJQD>(host));

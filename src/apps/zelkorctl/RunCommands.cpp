@@ -35,6 +35,7 @@ int runCommand(const RunOptions& options, std::ostream& output, std::istream& in
   writeOutBeforeShowing(context);
   RunTypeJobs jobs;
   addBatchJobs(jobs);
+  addMonthEnd(jobs, output);
   SingleInstance instance;
   const auto status = runToEnd(
       context, [&] { Main(context, options.arguments, jobs, [&instance] { return instance.acquire(); }); });

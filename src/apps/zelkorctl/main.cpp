@@ -6,6 +6,7 @@
 #include <string>
 
 #include "apps/zelkorctl/Commands.h"
+#include "apps/zelkorctl/DisposeCommands.h"
 #include "apps/zelkorctl/VoucherCommands.h"
 #include "apps/zelkorctl/SheetCommands.h"
 #include "base/RuntimeError.h"
@@ -31,6 +32,7 @@ class CommandLine {
   void addImport();
   void addSheets();
   void addRun();
+  void addDispose();
   void addVouchers();
   void addMakeVouchers(CLI::App& vouchers);
   VoucherJob voucherJob() const;
@@ -80,6 +82,7 @@ CommandLine::CommandLine() {
   addImport();
   addSheets();
   addRun();
+  addDispose();
   addVouchers();
 }
 
@@ -157,6 +160,15 @@ void CommandLine::addRun() {
     call_ = [this] {
       return runCommand({arguments_, dialogOptions(answers_, yes_), dayOf(today_)}, std::cout, std::cin);
     };
+  });
+}
+
+void CommandLine::addDispose() {
+  CLI::App* command = addJob(app_, "dispose", "减少资产 / take assets off the books");
+  command->add_option("FILE", file_, "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因")
+      ->required();
+  command->callback([this] {
+    call_ = [this] { return disposeCommand({arguments_, file_, dayOf(today_)}, std::cout, std::cerr); };
   });
 }
 

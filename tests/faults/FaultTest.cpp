@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <random>
 
 #include "faults/Program.h"
@@ -93,6 +94,55 @@ TEST_F(FaultTest, AnImportCanBeKilledAndRunAgain) {
 TEST_F(FaultTest, AMonthlyRunCanBeKilledAndRunAgain) {
   ASSERT_EQ(runProgram(import()), 0);
   survivesKills(run("8"));
+}
+
+/// The tables that a closing leaves but its backups, which a second one makes of what the first one left.
+std::vector<std::string> withoutBackups(std::vector<std::string> lines) {
+  std::erase_if(lines, [](const std::string& line) { return line.starts_with("ZKFA_BAK"); });
+  return lines;
+}
+
+/// How many rows there are of each backup, as "table: rows".
+std::vector<std::string> backupSizes(const std::vector<std::string>& lines) {
+  std::map<std::string, int> sizes;
+  for (const std::string& line : lines) {
+    if (line.starts_with("ZKFA_BAK")) ++sizes[line.substr(0, line.find(':'))];
+  }
+  std::vector<std::string> texts;
+  for (const auto& [table, size] : sizes) texts.push_back(table + ": " + std::to_string(size));
+  return texts;
+}
+
+TEST_F(FaultTest, AMonthCanBeClosedAgainAfterAKill) {
+  ASSERT_EQ(runProgram(import()), 0);
+  ASSERT_EQ(runProgram(run("8")), 0);
+  for (const char* department : {"301", "402"}) {
+    const std::string total =
+        std::string("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblValue) values ('") + department +
+        "','022',1,100)";
+    ASSERT_EQ(runProgram({"sql", dataFile(), total}), 0);
+  }
+  keepState();
+  const auto begin = steady_clock::now();
+  ASSERT_EQ(runProgram(run("20")), 0);
+  const auto life = std::chrono::duration_cast<microseconds>(steady_clock::now() - begin);
+  const std::vector<std::string> closed = content();
+
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  std::uniform_int_distribution<long> moment(life.count() / 20, life.count());
+  for (int i = 0; i < killsPerJob; ++i) {
+    restoreState();
+    Program(run("20")).killAfter(microseconds(moment(random)));
+    ASSERT_TRUE(isIntact(dataFile()));
+    // A kill can come after the work and before the end of the process.
+    if (withoutBackups(content()) == withoutBackups(closed)) continue;
+    ASSERT_EQ(runProgram(run("20")), 0);
+    const std::vector<std::string> again = content();
+    ASSERT_EQ(differenceOf(withoutBackups(again), withoutBackups(closed)), "") << "after kill " << i;
+    ASSERT_EQ(differenceOf(backupSizes(again), backupSizes(closed)), "") << "after kill " << i;
+  }
 }
 
 TEST_F(FaultTest, AReinitialisationCanBeKilledAndRunAgain) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <QBoxLayout>
 #include <QDoubleValidator>
+#include <QHeaderView>
 
 #include "archives/frmCnDate.h"
 #include "archives/frmSelectUseStatus.h"
@@ -43,6 +44,7 @@ frmDisposalList::frmDisposalList(FormHost& host, const char* name, const char* c
   arrangeControls();
   connectEvents();
   setList(emptyDisposalGrid());
+  widenColumns();
 }
 
 void frmDisposalList::arrangeControls() {
@@ -51,10 +53,22 @@ void frmDisposalList::arrangeControls() {
   lblKPCode->setBuddy(txtKPCode);
   lblZCCode->setBuddy(txtZCCode);
   for (QPushButton* pick : {cmdKP, cmdZC}) dressPick(pick);
-  arrange(this, column({row({lblKPCode, txtKPCode, cmdKP, space(16), lblZCCode, txtZCCode, cmdZC, space(16),
-                             cmdTJ, stretch()}),
-                        wide(grid_), row({cmdAdd, cmdRemove, stretch(), cmdOK, cmdCancel})}));
-  resize(760, 460);
+  arrange(
+      this,
+      column({row({lblKPCode, txtKPCode, cmdKP, space(16), lblZCCode, txtZCCode, cmdZC, space(16), cmdTJ,
+                   stretch()}),
+              wide(grid_),
+              note("单击单元格，或在一行上按回车键，填写减少日期、减少方式、清理收入、清理费用和清理原因。"),
+              row({cmdAdd, cmdRemove, stretch(), cmdOK, cmdCancel})}));
+  resize(900, 480);
+}
+
+/// The list's own widths are too narrow for dates and names in the font of the screens.
+void frmDisposalList::widenColumns() {
+  for (int column = 0; column < static_cast<int>(list().columns()); ++column) {
+    grid_->setColumnWidth(column, grid_->columnWidth(column) * 4 / 3);
+  }
+  grid_->horizontalHeader()->setStretchLastSection(true);
 }
 
 void frmDisposalList::connectEvents() {

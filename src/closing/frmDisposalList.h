@@ -44,6 +44,7 @@ class frmDisposalList : public Form {
   QPushButton* cmdCancel = make<QPushButton>("cmdCancel", "取消");
 
   void arrangeControls();
+  void widenColumns();
   void connectEvents();
   void add(const std::vector<PickedCard>& cards, const std::string& date);
   /// Adds picked cards without a date and shows the first one's numbers in the fields.

@@ -12,5 +12,7 @@ void takeChangePictures(Stage& stage);
 void takeCardPictures(Stage& stage);
 void takeCardListPictures(Stage& stage);
 void takeDepreciationPictures(Stage& stage);
+/// Last: it changes the account set.
+void takeClosingPictures(Stage& stage);
 
 }  // namespace zelkor

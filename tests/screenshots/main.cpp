@@ -28,6 +28,7 @@ void takePictures(const std::filesystem::path& pictures) {
     takeCardPictures(stage);
     takeCardListPictures(stage);
     takeDepreciationPictures(stage);
+    takeClosingPictures(stage);
   }
   std::filesystem::remove_all(set);
 }

@@ -58,6 +58,18 @@ TEST_F(TranslatePlanTest, TextsThatHoldNumbersAreReadThroughTheirIndex) {
   }
 }
 
+TEST_F(TranslatePlanTest, TheNumbersOfASheetAreReadThroughIndexes) {
+  for (const char* statement :
+       {"Select  * From fa_Vouchers  Order By sNum Desc ",
+        "Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ", "select max(lOptID) from fa_vouchers",
+        "select max(sCardID) from fa_cards", "select max(lOptID) as ch from fa_deptscale",
+        "select max(lOptID) as ch from fa_cards_detail where sCardNum='00001'"}) {
+    const std::vector<std::string> steps = plan(fastRows(statement));
+    EXPECT_THAT(steps, Each(HasSubstr(" INDEX "))) << statement;
+    EXPECT_THAT(steps, Each(Not(HasSubstr("TEMP B-TREE")))) << statement;
+  }
+}
+
 TEST_F(TranslatePlanTest, TheGuardAsksIndexesOnly) {
   for (const char* statement :
        {"Select Top 1 * From FA_Cards Order by clng(sCardID) Desc",

@@ -1,5 +1,6 @@
 #include "ui/SheetForm.h"
 
+#include <QAction>
 #include <QBoxLayout>
 #include <QFrame>
 
@@ -21,6 +22,8 @@ SheetForm::SheetForm(FormHost& host, const char* name, const char* boxName,
       box(make<QLineEdit>(boxName)),
       editor(new SheetEditor(box)) {
   tbToolBar->setButtons(commands);
+  tbToolBar->button("增加").setShortcut(Qt::CTRL | Qt::Key_N);
+  tbToolBar->button("增加").setToolTip("增加 (Ctrl+N)");
 }
 
 QLabel* SheetForm::placeValue(const std::string& name, SheetValue kind) {
@@ -33,9 +36,9 @@ QLabel* SheetForm::placeValue(const std::string& name, SheetValue kind) {
 QFrame* SheetForm::arrangeSheet(const QString& kind, std::span<const SheetCell> head,
                                 std::span<const SheetCell> table, std::span<const SheetCell> foot) {
   QFrame* paper = sheetPaper({kCaption, kind, head, table, foot});
-  arrangeScreen(
-      this, tbToolBar,
-      column({paper, stretch(), note("回车键移到下一项，Esc 放弃输入，F2 打开参照，Ctrl+S 保存。")}));
+  arrangeScreen(this, tbToolBar,
+                column({paper, stretch(),
+                        note("回车键移到下一项，Esc 放弃输入，F2 打开参照，Ctrl+S 保存，Ctrl+N 增加。")}));
   resize(kWidth, sizeHint().height());
   return paper;
 }

@@ -277,9 +277,22 @@ TEST_F(frmAssetsAlterationTest, obeysTheKeyboard) {
   QApplication::processEvents();
   QTest::keyClick(&form, Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(count("fa_Vouchers"), "1") << "Ctrl+S saves";
+  QTest::keyClick(&form, Qt::Key_N, Qt::ControlModifier);
+  EXPECT_EQ(labels(form, {59, 61}), "00002|") << "Ctrl+N goes on with the next sheet";
 }
 
 TEST_F(frmAssetsAlterationTest, leavesThePanelWhenNothingIsPicked) {
+  const auto& form = open(ChangeKind::UsageStatus);
+  for (const char* button : {"cmdMobile2", "cmdMobile3"}) {
+    inModalForm([](QWidget& list) { click(list, "Command2"); });
+    click(form, button);
+  }
+  inModalForm([](QWidget& picker) { sendKey(picker, Qt::Key_Escape); });
+  click(form, "cmdMobile8");
+  EXPECT_EQ(labels(form, {2, 5, 8}), "||");
+}
+
+TEST_F(frmAssetsAlterationTest, leavesThePanelWhenThereIsNoCard) {
   execute("delete from fa_Cards");
   const auto& form = open(ChangeKind::OriginalValue);
   inModalForm([](QWidget& list) {

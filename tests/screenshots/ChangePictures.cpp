@@ -58,22 +58,25 @@ void fillIn(QWidget& form, std::initializer_list<const char*> texts) {
   }
 }
 
-void showSheet(Stage& stage, ChangeKind kind, const std::string& name,
-               std::initializer_list<const char*> texts) {
+frmAssetsAlteration& showSheet(Stage& stage, ChangeKind kind, const std::string& name,
+                               std::initializer_list<const char*> texts) {
   auto& form = stage.host().show<frmAssetsAlteration>(kind);
   form.activateWindow();
   QApplication::processEvents();
   fillIn(form, texts);
   stage.keep(form, "frmAssetsAlteration-" + name);
+  return form;
 }
 
 void showSheets(Stage& stage) {
   showSheet(stage, ChangeKind::OriginalValue, "value", {"90001", "12000", "加装数控系统"});
   showSheet(stage, ChangeKind::UsageStatus, "status", {"90002"});
   showSheet(stage, ChangeKind::AccumulatedDepr, "depreciation", {"90003", "60000"});
-  showSheet(stage, ChangeKind::UsefulLife, "life", {"90002", "12年0月", "大修后延长"});
+  auto& life = showSheet(stage, ChangeKind::UsefulLife, "life", {"90002", "12年0月", "大修后延长"});
   showSheet(stage, ChangeKind::ResidualValue, "residual", {"90003"});
   showSheet(stage, ChangeKind::Transfer, "transfer", {"90004", "", "研发中心三楼"});
+  press(life, "保存");
+  stage.keep(life, "frmAssetsAlteration-stored");
 }
 
 template <typename FormType, typename... Arguments>
@@ -116,6 +119,7 @@ void takeChangePictures(Stage& stage) {
   showSheets(stage);
   stage.keep(stage.host().show<FrmFABalance>(stage.host().run().gstrZtFile), "FrmFABalance");
   showPickers(stage);
+  stage.data().Execute("delete from fa_Vouchers");
   stage.data().Execute("delete from fa_Cards where sCardNum like '9000*'");
 }
 

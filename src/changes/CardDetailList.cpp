@@ -27,8 +27,9 @@ std::vector<std::string> commonCells(const Recordset& row) {
           shownDate(row.Fields("dStartdate")), row.TextOrEmpty("sStyle")};
 }
 
-void addRows(TextGrid& grid, Recordset rows, RowEnd rowEnd) {
+void addRows(TextGrid& grid, Recordset rows, RowEnd rowEnd, const std::set<std::string>& except = {}) {
   for (; !rows.Eof(); rows.MoveNext()) {
+    if (except.contains(rows.TextOrEmpty("sCardNum"))) continue;
     auto cells = commonCells(rows);
     for (std::string& cell : rowEnd(rows)) cells.push_back(std::move(cell));
     grid.addRow(std::move(cells));
@@ -88,13 +89,8 @@ TextGrid cardsBySheet(Database& database, int voucherType, const char* caption, 
           [](const Recordset& row) { return std::vector{row.TextOrEmpty("sAfterVoucher")}; });
   std::set<std::string> withSheet;
   for (std::size_t row = grid.headerRows(); row < grid.rows(); ++row) withSheet.insert(grid.text(row, 0));
-  Recordset rows = database.OpenRecordset(sql("select a.* from fa_cards a", newest, " order by a.sCardNum"));
-  for (; !rows.Eof(); rows.MoveNext()) {
-    if (withSheet.contains(rows.TextOrEmpty("sCardNum"))) continue;
-    auto cells = commonCells(rows);
-    for (std::string& cell : rowEnd(rows)) cells.push_back(std::move(cell));
-    grid.addRow(std::move(cells));
-  }
+  addRows(grid, database.OpenRecordset(sql("select a.* from fa_cards a", newest, " order by a.sCardNum")),
+          rowEnd, withSheet);
   return grid;
 }
 

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "apps/ProgramRun.h"
 #include "apps/zelkorctl/SheetImport.h"
 #include "cards/CardFixture.h"
 
@@ -161,6 +162,27 @@ TEST_F(SheetImportTest, TheHeaderNamesItsColumns) {
   EXPECT_EQ(errorOf([&] { import("", "变动类型,卡片编号,变动后内容"); }), 3421);
   EXPECT_EQ(errorOf([&] { import("", "变动类型,变动类型,卡片编号,变动后内容,变动原因"); }), 3421);
   EXPECT_EQ(errorOf([&] { import("原值增加,00001,1,,\xff"); }), 3421);
+}
+
+TEST_F(SheetImportTest, TheProgramTellsEveryRowAndEndsWithItsStatus) {
+  engine.flush();
+  const auto import = [&](const std::string& rows) {
+    writeFile(directory / "sheets.csv", "变动类型,卡片编号,变动后内容,变动原因\n" + rows);
+    return ProgramRun(ZELKORCTL,
+                      {"sheets", "import",
+                       context.gstrZtFile + ",陈会计,2020-05-15,15," + context.gstrZkSysFile + ",001",
+                       (directory / "sheets.csv").string(), "--today", "2020-03-31"},
+                      directory.path())
+        .finish();
+  };
+  const ProgramResult partly = import("累计折旧调整,00001,120,更正\n累计折旧调整,00001,130,\n");
+  EXPECT_EQ(partly.status, 1) << partly.errors;
+  EXPECT_EQ(partly.output,
+            "第2行 卡片 00001 累计折旧调整：变动单 00001\n第3行 卡片 00001 累计折旧调整：变动原因不能为空\n"
+            "共 2 行：已保存 1 行，拒绝 1 行\n");
+  EXPECT_EQ(row("select dblDeprT3 from fa_DeprTransactions where sCardNum='00001'"), "120");
+  EXPECT_EQ(row("select dTransDate,sOperator from fa_Cards where iOptType=11"), "2020-5-15|陈会计");
+  EXPECT_EQ(import("使用年限调整,00001,6年0月,复核\n").status, 0);
 }
 
 }  // namespace

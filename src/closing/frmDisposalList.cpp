@@ -123,6 +123,8 @@ void frmDisposalList::cmdRemove_Click() {
   TextGrid list = grid_->grid();
   list.removeRow(*current);
   setList(std::move(list));
+  const std::size_t last = this->list().rows() - 1;
+  if (last >= this->list().headerRows()) grid_->selectGridRow(std::min(*current, last));
 }
 
 void frmDisposalList::beginEdit(std::size_t row, std::size_t column) {

@@ -95,10 +95,8 @@ TEST_F(DisposalScreensTest, takesCardsFromThePicker) {
   grid.selectGridRow(2);
   click(form, "cmdRemove");
   EXPECT_EQ(body(grid), (Lines{"00002|A2|车床|2020-6-1||||", "00003|A3|车床|||||"}));
-  for (int i = 0; i < 2; ++i) {
-    grid.selectGridRow(1);
-    click(form, "cmdRemove");
-  }
+  EXPECT_EQ(grid.currentGridRow(), 2u) << "the next one can be removed at once";
+  for (int i = 0; i < 2; ++i) click(form, "cmdRemove");
   EXPECT_FALSE(isEnabled(form, "cmdOK") || isEnabled(form, "cmdRemove"));
 }
 

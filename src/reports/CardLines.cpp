@@ -4,8 +4,8 @@
 
 namespace zelkor {
 
-void setLedgerCaptions(ReportView& view, const ReportConditions& conditions, const PickedEntry& type,
-                       const PickedEntry& department) {
+void setLedgerCaptions(ReportView& view, const ReportConditions& conditions, const ChosenEntry& type,
+                       const ChosenEntry& department) {
   view.periodListVisible = false;
   view.periodCaption = "期间：" + conditions.periods[10] + " --- " + conditions.periods[11];
   view.conditionLines[0].text = "资产类别：" + type.name;

@@ -13,11 +13,16 @@ ReportConditions::ReportConditions(int year) {
   levels.fill("1");
 }
 
-void ReportConditions::pickDepartment(const PickedEntry& picked) {
+void ReportConditions::chooseLevel(std::size_t list, const std::string& level) {
+  levels[list] = level;
+  if (levels[0] > levels[1]) levels[0] = levels[1];
+}
+
+void ReportConditions::pickDepartment(const ChosenEntry& picked) {
   for (std::size_t i = 1; i < departments.size(); ++i) departments[i] = picked;
 }
 
-void ReportConditions::pickType(const PickedEntry& picked) {
+void ReportConditions::pickType(const ChosenEntry& picked) {
   types[2] = picked;
   types[3] = picked;
   types[4].name = picked.name;  // a caption only

@@ -7,8 +7,9 @@
 
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/DisposeCommands.h"
-#include "apps/zelkorctl/VoucherCommands.h"
+#include "apps/zelkorctl/ReportCommands.h"
 #include "apps/zelkorctl/SheetCommands.h"
+#include "apps/zelkorctl/VoucherCommands.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -34,6 +35,7 @@ class CommandLine {
   void addRun();
   void addDispose();
   void addVouchers();
+  void addReport();
   void addMakeVouchers(CLI::App& vouchers);
   VoucherJob voucherJob() const;
   CLI::App* addJob(CLI::App& parent, const char* name, const char* description);
@@ -44,6 +46,7 @@ class CommandLine {
   std::string engine_ = "sqlite";
   AccountSetOptions accountSet_;
   MakeVouchersOptions makeVouchers_;
+  ReportOptions report_;
   std::string voucherNumber_;
   int newType_ = 1;
   bool json_ = false;
@@ -84,6 +87,7 @@ CommandLine::CommandLine() {
   addRun();
   addDispose();
   addVouchers();
+  addReport();
 }
 
 void CommandLine::addCreate() {
@@ -201,6 +205,25 @@ void CommandLine::addMakeVouchers(CLI::App& vouchers) {
   command->add_option("--sign", makeVouchers_.sign, "凭证类别字");
   command->callback([this] {
     call_ = [this] { return makeVouchersCommand(voucherJob(), makeVouchers_, std::cout, std::cerr); };
+  });
+}
+
+void CommandLine::addReport() {
+  CLI::App* command = addJob(app_, "report", "计算一张报表 / compute a report");
+  command->add_option("NAME", report_.report, "报表名称，如 固定资产总账")->required();
+  command->add_option("--condition", report_.conditions,
+                      "条件=值：period、period-to、department、category、from-level、to-level、"
+                      "composition、layout、department-level、category-level");
+  command->add_option("--format", report_.format, "形式")
+      ->capture_default_str()
+      ->check(CLI::IsMember({"text", "csv", "html", "xlsx", "pdf"}));
+  command->add_option("--out", report_.file, "写入的文件；xlsx 和 pdf 必需");
+  command->callback([this] {
+    call_ = [this] {
+      report_.arguments = arguments_;
+      report_.today = dayOf(today_);
+      return reportCommand(report_, std::cout, std::cerr);
+    };
   });
 }
 

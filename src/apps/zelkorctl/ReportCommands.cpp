@@ -1,0 +1,136 @@
+#include "apps/zelkorctl/ReportCommands.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "apps/zelkorctl/CommandRun.h"
+#include "apps/zelkorctl/ReportConditionList.h"
+#include "base/RuntimeError.h"
+#include "base/TerminalDialogs.h"
+#include "reports/ReportExport.h"
+#include "reports/ReportRun.h"
+#include "startup/Main.h"
+#ifdef ZELKOR_PAPER
+#include "ui/GridPaper.h"
+#endif
+
+namespace zelkor {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kWrongUsage = 2;
+
+[[noreturn]] void cannotWrite(const fs::path& file, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
+}
+
+/// A file beside the wanted one that takes its place when it is whole.
+class NewFile {
+ public:
+  explicit NewFile(fs::path file) : file_(std::move(file)), part_(file_.string() + ".part") {}
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile() {
+    std::error_code ignored;
+    fs::remove(part_, ignored);
+  }
+
+  const fs::path& part() const { return part_; }
+  void keep() {
+    std::error_code error;
+    fs::rename(part_, file_, error);
+    if (error) cannotWrite(file_, error.message());
+  }
+
+ private:
+  fs::path file_;
+  fs::path part_;
+};
+
+using StreamWriter = void (*)(std::ostream& out, const std::string& title, const ReportView& view);
+
+StreamWriter streamWriter(const std::string& format) {
+  if (format == "csv") return writeCsv;
+  if (format == "html") return writeHtml;
+  return writeText;
+}
+
+void writeStream(const fs::path& file, const std::string& format, const std::string& title,
+                 const ReportView& view) {
+  std::ofstream out(file, std::ios::binary);
+  if (!out) cannotWrite(file, std::strerror(errno));
+  streamWriter(format)(out, title, view);
+  if (!out.flush()) cannotWrite(file, std::strerror(errno));
+}
+
+void writePdf([[maybe_unused]] const fs::path& file, [[maybe_unused]] const std::string& title,
+              [[maybe_unused]] const ReportView& view) {
+#ifdef ZELKOR_PAPER
+  printPdf(file, title, captionLines(view), view.grid);
+#else
+  throw RuntimeError(ErrorNumber::OperationNotSupported, "本程序未含 PDF 输出");
+#endif
+}
+
+void writeFile(const fs::path& file, const std::string& format, const std::string& title,
+               const ReportView& view) {
+  NewFile written(file);
+  if (format == "xlsx") {
+    writeXlsx(written.part(), title, view);
+  } else if (format == "pdf") {
+    writePdf(written.part(), title, view);
+  } else {
+    writeStream(written.part(), format, title, view);
+  }
+  written.keep();
+}
+
+void listReports(std::ostream& problems, const std::string& name) {
+  problems << "没有报表“" << name << "”，只有：\n";
+  for (const ReportKind& kind : reportKinds()) problems << "  " << kind.name << "\n";
+}
+
+bool needsFile(const std::string& format) {
+  return format == "xlsx" || format == "pdf";
+}
+
+}  // namespace
+
+int reportCommand(const ReportOptions& options, std::ostream& output, std::ostream& problems) {
+  const ReportKind* kind = findReport(options.report);
+  if (!kind) return listReports(problems, options.report), kWrongUsage;
+  if (needsFile(options.format) && options.file.empty()) {
+    problems << options.format << " 要用 --out 指定文件\n";
+    return kWrongUsage;
+  }
+  const auto clock = clockOf(options.today);
+  DbEngine engine;
+  TerminalDialogs dialogs(std::cin, output);
+  RunContext context(engine, dialogs, *clock);
+  prepareRun(context, options.arguments);
+  ReportConditions conditions(context.gdOpDate.year());
+  try {
+    conditions = readConditions(context, *kind, options.conditions);
+  } catch (const ConditionRefused& refused) {
+    problems << refused.what() << "\n";
+    return kWrongUsage;
+  }
+  ReportView view;
+  if (runReport(context, *kind, conditions, view) == ReportOutcome::NothingToShow) {
+    problems << "报表“" << kind->name << "”没有内容\n";
+    return 0;
+  }
+  const std::string title(kind->name);
+  if (options.file.empty()) {
+    streamWriter(options.format)(output, title, view);
+  } else {
+    writeFile(options.file, options.format, title, view);
+  }
+  return 0;
+}
+
+}  // namespace zelkor

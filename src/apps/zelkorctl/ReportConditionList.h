@@ -1,0 +1,24 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "reports/ReportCatalogue.h"
+#include "reports/ReportConditions.h"
+#include "startup/RunContext.h"
+
+namespace zelkor {
+
+/// A key that the report does not have, or a value that its list or archive does not hold; the text tells
+/// which there are.
+class ConditionRefused : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Sets the conditions of "key=value" texts as a person would in the dialog. Raises ConditionRefused.
+ReportConditions readConditions(RunContext& run, const ReportKind& kind,
+                                std::vector<std::string> assignments);
+
+}  // namespace zelkor

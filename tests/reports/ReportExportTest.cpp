@@ -1,0 +1,106 @@
+#include <cstdlib>
+#include <sstream>
+
+#include "reports/ReportExport.h"
+#include "support/Support.h"
+
+namespace zelkor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Two header lines, a hidden column, a total; codes and counts beside amounts.
+ReportView sampleView() {
+  ReportView view;
+  view.unitLine = "使用单位：甲 & 乙";
+  view.periods = {"2020.01", "2020.02"};
+  view.selectedPeriod = 1;
+  view.conditionLines[0].text = "部门：一<二>";
+  view.conditionLines[1] = {"看不见", false};
+  view.grid = TextGrid(0, 5);
+  view.grid.addRow({"类别", "隐", "原值", "原值", "数量"});
+  view.grid.addRow({"类别", "隐", "借方", "贷方", "数量"});
+  view.grid.addRow({"机床, 车间", "x", "1234.50", "", "2"});
+  view.grid.addRow({"007", "x", "01100", "-0.5", "00001"});
+  view.grid.setHeaderRows(2);
+  view.grid.setRowMerged(0, true);
+  view.grid.setRowMerged(1, true);
+  view.grid.setColumnHidden(1, true);
+  view.grid.setAlignment(2, Align::Right);
+  view.grid.setAlignment(3, Align::Right);
+  return view;
+}
+
+std::string streamed(void (*write)(std::ostream&, const std::string&, const ReportView&)) {
+  std::ostringstream out;
+  write(out, "表(一)", sampleView());
+  return out.str();
+}
+
+TEST(ReportExportTest, TellsNumbersFromCodes) {
+  const TextGrid grid = sampleView().grid;
+  struct Case {
+    std::size_t row, column;
+    bool number;
+  };
+  const Case cases[] = {{0, 2, false}, {2, 0, false}, {2, 2, true}, {2, 3, false}, {2, 4, true},
+                        {3, 0, false}, {3, 2, false}, {3, 3, true}, {3, 4, false}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(isNumberCell(grid, c.row, c.column), c.number) << c.row << "," << c.column;
+  }
+}
+
+TEST(ReportExportTest, WritesTheCaptionsThatAreSeen) {
+  EXPECT_EQ(streamed(writeCsv),
+            "\xEF\xBB\xBF"
+            "表(一)\r\n使用单位：甲 & 乙\r\n期间：2020.02\r\n部门：一<二>\r\n"
+            "类别,原值,原值,数量\r\n类别,借方,贷方,数量\r\n"
+            "\"机床, 车间\",1234.50,,2\r\n007,01100,-0.5,00001\r\n");
+  EXPECT_EQ(streamed(writeText).substr(0, 80).find("看不见"), std::string::npos);
+}
+
+TEST(ReportExportTest, WritesATableWithItsMergedCaptions) {
+  const std::string html = streamed(writeHtml);
+  for (const char* piece : {"<h1>表(一)</h1>", "<p>使用单位：甲 &amp; 乙</p>", "<p>部门：一&lt;二&gt;</p>",
+                            "<tr><th rowspan=\"2\">类别</th><th colspan=\"2\">原值</th>"
+                            "<th rowspan=\"2\">数量</th></tr>\n<tr><th>借方</th><th>贷方</th></tr>\n</thead>",
+                            "<td>机床, 车间</td><td class=\"r\">1234.50</td>"}) {
+    EXPECT_NE(html.find(piece), std::string::npos) << piece << "\nin\n" << html;
+  }
+}
+
+/// One file of a workbook, which is a zip archive.
+std::string partOf(const fs::path& workbook, const std::string& part) {
+  const TempDir directory;
+  const fs::path file = directory / "part";
+  const std::string command =
+      "python3 -c 'import sys, zipfile; open(sys.argv[3], \"wb\").write(zipfile.ZipFile(sys.argv[1]).read("
+      "sys.argv[2]))' '" +
+      workbook.string() + "' " + part + " '" + file.string() + "'";
+  if (std::system(command.c_str()) != 0) throw std::runtime_error("no " + part);
+  return readFile(file);
+}
+
+TEST(ReportExportTest, WritesAWorkbookWithNumbers) {
+  const TempDir directory;
+  writeXlsx(directory / "a.xlsx", "表[一]", sampleView());
+  const std::string sheet = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
+  for (const char* piece :
+       {"<v>1234.5</v>", "<v>-0.5</v>", "<v>2</v>", "<t>01100</t>", "<t>00001</t>", "<t>借方</t>",
+        "<mergeCells count=\"3\"><mergeCell ref=\"A5:A6\"/><mergeCell ref=\"B5:C5\"/>"
+        "<mergeCell ref=\"D5:D6\"/></mergeCells>",
+        "ySplit=\"6\""}) {
+    EXPECT_NE(sheet.find(piece), std::string::npos) << piece << "\nin\n" << sheet;
+  }
+  EXPECT_NE(partOf(directory / "a.xlsx", "xl/workbook.xml").find("name=\"表 一 \""), std::string::npos);
+}
+
+TEST(ReportExportTest, LeavesNoWorkbookThatCannotBeWritten) {
+  const TempDir directory;
+  const fs::path file = directory / "missing" / "a.xlsx";
+  EXPECT_EQ(errorOf([&] { writeXlsx(file, "表", sampleView()); }), 57);
+  EXPECT_FALSE(fs::exists(file));
+}
+
+}  // namespace
+}  // namespace zelkor::test

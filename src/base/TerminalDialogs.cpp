@@ -67,6 +67,17 @@ std::optional<Answer> buttonFor(Answer answer, Buttons buttons) {
   return found ? std::optional(answer) : std::nullopt;
 }
 
+/// A carriage return alone ends a line too; in a terminal the next line would be written over this one.
+std::string linesOf(std::string text) {
+  for (std::size_t at = text.find('\r'); at != std::string::npos; at = text.find('\r', at)) {
+    if (at + 1 < text.size() && text[at + 1] == '\n')
+      text.erase(at, 1);
+    else
+      text[at] = '\n';
+  }
+  return text;
+}
+
 [[noreturn]] void fail(const std::string& reason, const MessageBox& box) {
   throw RuntimeError(ErrorNumber::DeviceIo, reason + "：" + box.text);
 }
@@ -102,7 +113,7 @@ void TerminalDialogs::present(const std::string& caption, const TextGrid& grid) 
 void TerminalDialogs::print(const MessageBox& box) {
   out_ << "== " << (box.title.empty() ? options_.programName : box.title) << " ==" << captionOf(box.icon)
        << '\n';
-  out_ << box.text << '\n';
+  out_ << linesOf(box.text) << '\n';
   for (const Answer answer : answersOf(box.buttons)) {
     out_ << '[' << wordsOf(answer).caption << ' ' << wordsOf(answer).letter << "] ";
   }

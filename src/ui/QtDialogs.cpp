@@ -86,6 +86,11 @@ Answer answerOfClosing(Buttons buttons) {
   return Answer::Cancel;
 }
 
+/// A carriage return alone ends a line too.
+QString textOf(const MessageBox& box) {
+  return QString::fromStdString(box.text).replace("\r\n", "\n").replace('\r', '\n');
+}
+
 QString titleOf(const std::string& title) {
   return title.empty() ? QStringLiteral("Zelkor") : QString::fromStdString(title);
 }
@@ -112,13 +117,13 @@ void QtDialogs::endProgress() {
 
 Answer QtDialogs::ask(const MessageBox& box) {
   if (box.buttons == Buttons::Ok && tellsOnStandardError()) {
-    std::cerr << titleOf(box.title).toStdString() << ": " << box.text << std::endl;
+    std::cerr << titleOf(box.title).toStdString() << ": " << textOf(box).toStdString() << std::endl;
     return Answer::Ok;
   }
   QMessageBox window(QApplication::activeWindow());
   window.setWindowTitle(titleOf(box.title));
   window.setTextFormat(Qt::PlainText);
-  window.setText(QString::fromStdString(box.text));
+  window.setText(textOf(box));
   window.setIcon(iconOf(box.icon));
   window.setStandardButtons(buttonsOf(box.buttons));
   for (const ButtonText& entry : kButtons) {

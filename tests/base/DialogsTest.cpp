@@ -28,6 +28,12 @@ TEST(TerminalDialogs, PrintsTheBoxAndTheAnswer) {
             "== Zelkor ==\n完成!\n[确定 o] \n-> 确定\n");
 }
 
+TEST(TerminalDialogs, BreaksLinesAtCarriageReturns) {
+  Terminal terminal({std::nullopt, false, "Zelkor"});
+  terminal.dialogs.MsgBox("一\r\r二\r\n三\r");
+  EXPECT_EQ(terminal.out.str(), "== Zelkor ==\n一\n\n二\n三\n\n[确定 o] \n-> 确定\n");
+}
+
 TEST(TerminalDialogs, TakesGivenAnswersInOrder) {
   Terminal terminal({std::vector{Answer::Ok, Answer::No, Answer::Yes, Answer::No}, false, "Zelkor"});
   auto& dialogs = terminal.dialogs;

@@ -125,6 +125,82 @@ void drawHelp(QPainter& painter) {
   painter.drawPoint(QPointF(10, 13.8));
 }
 
+void drawOpen(QPainter& painter) {
+  painter.drawPolyline(QPolygonF({QPointF(15, 9), QPointF(15, 6.5), QPointF(10, 6.5), QPointF(8.5, 4.5),
+                                  QPointF(3.5, 4.5), QPointF(3.5, 16)}));
+  painter.drawPolygon(QPolygonF({QPointF(3.5, 16), QPointF(6, 9), QPointF(17, 9), QPointF(14.5, 16)}));
+}
+
+void drawView(QPainter& painter) {
+  QPainterPath lids(QPointF(3, 10));
+  lids.quadTo(QPointF(10, 2), QPointF(17, 10));
+  lids.quadTo(QPointF(10, 18), QPointF(3, 10));
+  painter.drawPath(lids);
+  painter.drawEllipse(QPointF(10, 10), 2, 2);
+}
+
+void drawChevron(QPainter& painter, double tip, double open) {
+  painter.drawPolyline(QPolygonF({QPointF(open, 4.5), QPointF(tip, 10), QPointF(open, 15.5)}));
+}
+
+void drawPrevious(QPainter& painter) {
+  drawChevron(painter, 7, 12.5);
+}
+
+void drawNext(QPainter& painter) {
+  drawChevron(painter, 13, 7.5);
+}
+
+void drawFirst(QPainter& painter) {
+  drawChevron(painter, 9, 14.5);
+  painter.drawLine(QPointF(5.5, 4.5), QPointF(5.5, 15.5));
+}
+
+void drawLast(QPainter& painter) {
+  drawChevron(painter, 11, 5.5);
+  painter.drawLine(QPointF(14.5, 4.5), QPointF(14.5, 15.5));
+}
+
+void drawUp(QPainter& painter) {
+  painter.drawLine(QPointF(10, 4), QPointF(10, 16));
+  painter.drawPolyline(QPolygonF({QPointF(5, 9), QPointF(10, 4), QPointF(15, 9)}));
+}
+
+void drawDown(QPainter& painter) {
+  painter.drawLine(QPointF(10, 4), QPointF(10, 16));
+  painter.drawPolyline(QPolygonF({QPointF(5, 11), QPointF(10, 16), QPointF(15, 11)}));
+}
+
+/// An empty box: no mark.
+void drawBox(QPainter& painter) {
+  painter.drawRoundedRect(QRectF(4, 4, 12, 12), 2, 2);
+}
+
+void drawTickedBox(QPainter& painter) {
+  drawBox(painter);
+  painter.drawPolyline(QPolygonF({QPointF(6.5, 10), QPointF(9, 12.8), QPointF(13.5, 7)}));
+}
+
+/// A line among the lines of a table.
+void drawRows(QPainter& painter) {
+  painter.drawRect(QRectF(3.5, 4, 13, 12));
+  for (const double y : {8.0, 12.0}) painter.drawLine(QPointF(3.5, y), QPointF(16.5, y));
+}
+
+void drawBalance(QPainter& painter) {
+  painter.drawLine(QPointF(10, 4), QPointF(10, 16));
+  painter.drawLine(QPointF(4, 6), QPointF(16, 6));
+  for (const double x : {4.0, 16.0}) painter.drawArc(QRectF(x - 3, 7.5, 6, 6), 180 * 16, 180 * 16);
+  painter.drawLine(QPointF(7, 16), QPointF(13, 16));
+}
+
+void drawFlow(QPainter& painter) {
+  painter.drawLine(QPointF(4, 7), QPointF(15.5, 7));
+  painter.drawPolyline(QPolygonF({QPointF(12.5, 4), QPointF(15.5, 7), QPointF(12.5, 10)}));
+  painter.drawLine(QPointF(4.5, 13.5), QPointF(16, 13.5));
+  painter.drawPolyline(QPolygonF({QPointF(7.5, 10.8), QPointF(4.5, 13.5), QPointF(7.5, 16.2)}));
+}
+
 struct CommandIcon {
   std::string_view caption;
   Draw draw;
@@ -141,7 +217,15 @@ constexpr std::array kCommands = {
     CommandIcon{"目录", drawCatalogue, kInk}, CommandIcon{"选入", drawTick, kGood},
     CommandIcon{"预览", drawPreview, kInk},   CommandIcon{"输出", drawOutput, kInk},
     CommandIcon{"设置", drawSettings, kInk},  CommandIcon{"帮助", drawHelp, kInk},
-    CommandIcon{"编辑", drawCatalogue, kInk},
+    CommandIcon{"编辑", drawCatalogue, kInk}, CommandIcon{"打开", drawOpen, kInk},
+    CommandIcon{"查看", drawView, kInk},      CommandIcon{"放弃", drawUndo, kInk},
+    CommandIcon{"制单", drawVoucher, kInk},   CommandIcon{"全选", drawTickedBox, kGood},
+    CommandIcon{"全消", drawBox, kInk},       CommandIcon{"首张", drawFirst, kInk},
+    CommandIcon{"上张", drawPrevious, kInk},  CommandIcon{"下张", drawNext, kInk},
+    CommandIcon{"末张", drawLast, kInk},      CommandIcon{"增行", drawRows, kGood},
+    CommandIcon{"删行", drawRows, kBad},      CommandIcon{"余额", drawBalance, kInk},
+    CommandIcon{"流量", drawFlow, kInk},      CommandIcon{"上移", drawUp, kInk},
+    CommandIcon{"下移", drawDown, kInk},
 };
 
 template <typename Paint>

@@ -96,8 +96,11 @@ void CellEditor::setText(const QString& text) {
 void CellEditor::commit() {
   if (!open_) return;
   const QString entered = text();
+  const std::size_t row = row_;
+  const std::size_t column = column_;
   leave();
-  if (entered != before_) emit committed(row_, column_, entered);
+  emit ended(row, column, entered);
+  if (entered != before_) emit committed(row, column, entered);
 }
 
 void CellEditor::cancel() {

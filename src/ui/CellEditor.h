@@ -38,6 +38,8 @@ class CellEditor final : public QWidget {
  signals:
   /// The editing has ended with another text than the cell held. The grid has not been changed.
   void committed(std::size_t row, std::size_t column, const QString& text);
+  /// The editing has ended with that text, another one or not. Comes before `committed`.
+  void ended(std::size_t row, std::size_t column, const QString& text);
   void buttonPressed(std::size_t row, std::size_t column);
   /// Enter has ended the editing, whether the text is another or not. Comes behind `committed`.
   void entered(std::size_t row, std::size_t column);

@@ -26,6 +26,16 @@ VoucherLine& Voucher::Row(std::size_t number) {
   return const_cast<VoucherLine&>(std::as_const(*this).Row(number));
 }
 
+void insertLine(Voucher& voucher, std::size_t number, VoucherLine line) {
+  voucher.Row(number);
+  voucher.rows_.insert(voucher.rows_.begin() + static_cast<std::ptrdiff_t>(number - 1), std::move(line));
+}
+
+void removeLine(Voucher& voucher, std::size_t number) {
+  voucher.Row(number);
+  voucher.rows_.erase(voucher.rows_.begin() + static_cast<std::ptrdiff_t>(number - 1));
+}
+
 VoucherTotals totalsOf(const Voucher& voucher) {
   VoucherTotals totals;
   for (std::size_t i = 1; i <= voucher.RowCount(); ++i) {

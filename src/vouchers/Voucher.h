@@ -52,8 +52,16 @@ class Voucher {
   void Clear() { *this = Voucher(); }
 
  private:
+  friend void insertLine(Voucher& voucher, std::size_t number, VoucherLine line);
+  friend void removeLine(Voucher& voucher, std::size_t number);
+
   std::vector<VoucherLine> rows_;
 };
+
+/// Puts a line before the one of that number; error 9 where there is none.
+void insertLine(Voucher& voucher, std::size_t number, VoucherLine line);
+/// Takes the line of that number out; error 9 where there is none.
+void removeLine(Voucher& voucher, std::size_t number);
 
 /// Sums of both sides; error 6 beyond the range of an amount.
 struct VoucherTotals {

@@ -33,6 +33,8 @@ std::vector<std::string> voucherTypeList(Database& data) {
 PickedVoucherType pickVoucherType(Database& data, std::string_view entry, DateTime date) {
   PickedVoucherType picked;
   picked.sign = Left(entry, 1);
+  const std::size_t blanks = entry.find("  ");
+  if (blanks != std::string_view::npos) picked.name = entry.substr(blanks + 2);
   const Recordset type = data.OpenRecordset(sql("select * from dsign where csign='", picked.sign, "'"));
   if (!type.Eof()) picked.isignseq = CInt(type.Fields("isignseq").numberOrZero());
   picked.nextNumber = nextVoucherNumber(data, picked.sign, date);

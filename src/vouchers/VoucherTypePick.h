@@ -16,6 +16,7 @@ std::vector<std::string> voucherTypeList(Database& data);
 /// What the choice of a voucher type gives.
 struct PickedVoucherType {
   std::string sign;
+  std::string name;
   std::int16_t isignseq = 0;  // the type's place in the sequence
   std::int16_t nextNumber = 1;
 };

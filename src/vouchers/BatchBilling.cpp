@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <unordered_map>
+#include <utility>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
@@ -84,10 +86,33 @@ std::string codeOf(const std::string& subject) {
 }  // namespace
 
 BatchBilling::BatchBilling(RunContext& run) : run_(run), selection_(emptySelection()), lines_(emptyLines()) {
-  Recordset staged = run.dbZKData.OpenRecordset(
+  readSelection();
+}
+
+void BatchBilling::readSelection() {
+  Recordset staged = run_.dbZKData.OpenRecordset(
       sql("select * from fa_ZWVouchers where (isnull(cDefine1) or cDefine1='') and ioutyear=",
-          run.gdOpDate.year(), " and ioutperiod=", run.period(), " and mc<>0 order by coutid"));
+          run_.gdOpDate.year(), " and ioutperiod=", run_.period(), " and mc<>0 order by coutid"));
   for (; !staged.Eof(); staged.MoveNext()) addSelectionRow(selection_, staged);
+}
+
+void BatchBilling::refresh() {
+  std::unordered_map<std::string, std::size_t> rowsBefore;  // by the key of the voucher-to-be
+  for (std::size_t row = 1; row < selection_.rows(); ++row) {
+    rowsBefore.emplace(selection_.text(row, selection_column::VoucherKey), row);
+  }
+  const TextGrid before = std::exchange(selection_, emptySelection());
+  readSelection();
+  for (std::size_t row = 1; row < selection_.rows(); ++row) {
+    const auto known = rowsBefore.find(selection_.text(row, selection_column::VoucherKey));
+    if (known == rowsBefore.end()) continue;
+    for (const std::size_t column : {selection_column::MergeNumber, selection_column::Mark}) {
+      selection_.setText(row, column, before.text(known->second, column));
+    }
+  }
+  mergeNumber_.clear();
+  loadedText_.clear();
+  lines_.clearBody();
 }
 
 void BatchBilling::setMarks(const char* mark) {

@@ -27,6 +27,10 @@ class BatchBilling {
   /// Fills the selection list: one row per staged credit line of the login month that is on no voucher.
   explicit BatchBilling(RunContext& run);
 
+  /// Reads the selection list anew: what is on a voucher now is gone. Rows that are still there keep their
+  /// mark and merge number; no lines are loaded then.
+  void refresh();
+
   const TextGrid& selection() const { return selection_; }
   const TextGrid& lines() const { return lines_; }
 
@@ -57,6 +61,7 @@ class BatchBilling {
   const VoucherRequest& request() const { return request_; }
 
  private:
+  void readSelection();
   void setMarks(const char* mark);
   std::string eventOf(std::size_t row) const;
   bool isEvent(std::size_t row, std::string_view text) const;

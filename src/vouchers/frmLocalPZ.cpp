@@ -1,0 +1,362 @@
+#include "vouchers/frmLocalPZ.h"
+
+#include <algorithm>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include "ui/Texts.h"
+
+namespace zelkor {
+namespace {
+
+constexpr std::size_t kPaperLines = 8;  // an empty sheet has as many
+
+QDate calendarDay(DateTime date) {
+  return {date.year(), date.month(), date.day()};
+}
+
+bool isEnterKey(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+std::string subjectText(const VoucherLine& line) {
+  return line.SubjectCode.empty() ? std::string() : line.SubjectCode + " " + line.SubjectName;
+}
+
+std::vector<std::string> cellsOf(const VoucherLine& line) {
+  return {line.Digest, subjectText(line), voucherAmountText(line.Debit), voucherAmountText(line.Credit)};
+}
+
+}  // namespace
+
+LocalPZ::LocalPZ(QWidget* parent) : QFrame(parent), box_(editor_->findChild<QLineEdit*>()) {
+  arrangePaper();
+  connectEvents();
+  addMenu();
+  showVoucher();
+}
+
+void LocalPZ::connectEvents() {
+  connect(lines_, &FlexGrid::rowOpened, this, [this] { openCell(currentCell()); });
+  connect(editor_, &CellEditor::committed, this, &LocalPZ::keep);
+  connect(editor_, &CellEditor::entered, this, &LocalPZ::moveOn);
+  connect(editor_, &CellEditor::buttonPressed, this, &LocalPZ::requestLookUp);
+  connect(date_, &QDateEdit::dateChanged, this, &LocalPZ::takeDate);
+  connect(attachments_, &QSpinBox::valueChanged, this, &LocalPZ::takeAttachments);
+  connect(signButton_, &QPushButton::clicked, this, &LocalPZ::browseSign);
+  for (QWidget* watched :
+       {static_cast<QWidget*>(lines_), static_cast<QWidget*>(box_), static_cast<QWidget*>(sign_),
+        static_cast<QWidget*>(date_), static_cast<QWidget*>(attachments_)}) {
+    watched->installEventFilter(this);
+  }
+}
+
+// ---- showing
+
+void LocalPZ::showVoucher() {
+  editor_->cancel();
+  showHead();
+  showLines();
+  totals_->showTotals(*this);
+}
+
+void LocalPZ::showHead() {
+  const QSignalBlocker quietDate(date_);
+  const QSignalBlocker quietCount(attachments_);
+  caption_->setText(toQt(Caption));
+  sign_->setText(toQt(VoucherSign));
+  signButton_->setEnabled(AllowBrowseSign);
+  date_->setDate(calendarDay(VoucherDate));
+  attachments_->setValue(Attachments);
+  bookkeeper_->setText(toQt(Bookkeeper));
+  checker_->setText(toQt(Checker));
+  cashier_->setText(toQt(Cashier));
+  billMaker_->setText(toQt(BillMaker));
+  showState();
+}
+
+void LocalPZ::showState() {
+  const bool cancelled = VoucherState == voucher_state::Cancelled;
+  state_->setVisible(cancelled || VoucherState == voucher_state::Saved);
+  state_->setText(cancelled ? "已作废" : "已保存");
+  const QString ink = cancelled ? "#b3261e" : "#2e7d4f";
+  state_->setStyleSheet("color: " + ink + "; border: 2px solid " + ink +
+                        "; border-radius: 3px; padding: 2px 10px; font-weight: bold;");
+}
+
+TextGrid LocalPZ::linesGrid() const {
+  TextGrid grid;
+  grid.setHeader("摘要|会计科目|借方金额|贷方金额");
+  static constexpr int kWidths[] = {3000, 4700, 2500, 2500};
+  for (std::size_t column = 0; column < std::size(kWidths); ++column) {
+    grid.setColumnWidth(column, kWidths[column]);
+  }
+  for (const Column amount : {Debit, Credit}) grid.setAlignment(amount, Align::Right);
+  for (std::size_t i = 1; i <= RowCount(); ++i) grid.addRow(cellsOf(Row(i)));
+  // At least one empty line to write on.
+  for (std::size_t i = RowCount(); i < std::max(RowCount() + 1, kPaperLines); ++i) grid.addRow({});
+  return grid;
+}
+
+/// The cell that was the current one stays it.
+void LocalPZ::showLines() {
+  const Cell current = currentCell();
+  TextGrid grid = linesGrid();
+  const std::size_t last = grid.rows() - 1;
+  lines_->setGrid(std::move(grid));
+  lines_->horizontalHeader()->setSectionResizeMode(Digest, QHeaderView::Stretch);
+  lines_->selectCell(std::min(current.row, last), current.column);
+}
+
+void LocalPZ::showLine(std::size_t line) {
+  if (line + 1 >= lines_->grid().rows()) {  // the last empty line has been written on
+    TextGrid more;
+    more.addRow({"", "", "", ""});
+    lines_->addRows(std::move(more));
+  }
+  const std::vector<std::string> cells = cellsOf(Row(line));
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    lines_->setText(line, column, cells[column]);
+  }
+  totals_->showTotals(*this);
+}
+
+// ---- editing
+
+bool LocalPZ::mayEdit() {
+  bool granted = true;
+  emit EditRequest(&granted);
+  showHead();
+  return granted;
+}
+
+LocalPZ::Cell LocalPZ::currentCell() const {
+  return {lines_->currentGridRow().value_or(1), lines_->currentGridColumn().value_or(Digest)};
+}
+
+void LocalPZ::endTyping() {
+  editor_->commit();
+  for (QAbstractSpinBox* field :
+       {static_cast<QAbstractSpinBox*>(date_), static_cast<QAbstractSpinBox*>(attachments_)}) {
+    field->interpretText();
+  }
+}
+
+void LocalPZ::openCell(Cell cell) {
+  editor_->commit();
+  offered_.clear();
+  cell.row = std::min(cell.row, RowCount() + 1);
+  if (!mayEdit()) return;
+  opened_ = cell;
+  lines_->selectCell(cell.row, cell.column);
+  if (cell.column == Debit || cell.column == Credit) return editor_->editText(cell.row, cell.column, amount_);
+  editor_->editWithButton(cell.row, cell.column);
+  if (cell.row <= RowCount() && cell.column == Subject) {
+    editor_->setText(toQt(Row(cell.row).SubjectCode));
+    box_->selectAll();
+  }
+}
+
+/// What was typed goes into the line; the first empty line becomes one of the voucher with it.
+void LocalPZ::keep(std::size_t row, std::size_t column, const QString& text) {
+  if (row > RowCount() && text == offered_) return;
+  VoucherLine line = row <= RowCount() ? Row(row) : VoucherLine();
+  const std::string typed = fromQt(text.trimmed());
+  if (column == Digest) line.Digest = typed;
+  if (column == Subject && typed == line.SubjectCode) return;
+  const bool amount = column == Debit || column == Credit;
+  if (amount && !enterAmount(line, column == Debit ? VoucherSide::Debit : VoucherSide::Credit, typed)) return;
+  if (row <= RowCount()) {
+    Row(row) = std::move(line);
+  } else {
+    AddRow(std::move(line));
+    row = RowCount();
+  }
+  if (column == Subject) emit SubjectEntered(row, toQt(typed));
+  showLine(row);
+}
+
+/// From the digest to the subject to the amount, then to the next line.
+void LocalPZ::moveOn(std::size_t row, std::size_t column) {
+  if (row > RowCount() && !takeOffered(column)) return;
+  const bool stands = column == Debit && Row(row).Debit != Currency();
+  if (column == Credit || stands) return moveToNextLine(row, column);
+  openCell({row, column + 1});
+}
+
+/// The digest of the line above that is offered in a new line counts once a person goes on from it.
+bool LocalPZ::takeOffered(std::size_t column) {
+  if (column != Digest || offered_.isEmpty() || box_->text() != offered_) return false;
+  VoucherLine line;
+  line.Digest = fromQt(offered_);
+  AddRow(std::move(line));
+  showLine(RowCount());
+  return true;
+}
+
+/// Behind the last line a new one comes up as long as the voucher does not balance.
+void LocalPZ::moveToNextLine(std::size_t row, std::size_t column) {
+  const bool last = row == RowCount();
+  if (last && totals_->property("balanced").toBool()) return lines_->selectCell(row, column);
+  openCell({row + 1, Digest});
+  if (!last || !editor_->isOpen()) return;
+  offered_ = toQt(Row(row).Digest);
+  editor_->setText(offered_);
+  box_->selectAll();
+}
+
+void LocalPZ::moveBack(Cell from) {
+  if (from.column > Digest) return openCell({from.row, from.column - 1});
+  if (from.row > 1) openCell({from.row - 1, Credit});
+}
+
+void LocalPZ::insertHere() {
+  editor_->commit();
+  const std::size_t row = std::min(currentCell().row, RowCount() + 1);
+  if (row > RowCount()) return openCell({row, Digest});
+  if (!mayEdit()) return;
+  insertLine(*this, row, {});
+  showVoucher();
+  openCell({row, Digest});
+}
+
+void LocalPZ::removeHere() {
+  editor_->cancel();
+  const std::size_t row = currentCell().row;
+  if (row > RowCount() || !mayEdit()) return;
+  removeLine(*this, row);
+  showVoucher();
+}
+
+void LocalPZ::balanceHere(Cell cell) {
+  if (cell.row > RowCount() || !mayEdit()) return;
+  balanceWith(*this, cell.row, cell.column == Debit ? VoucherSide::Debit : VoucherSide::Credit);
+  showLine(cell.row);
+  lines_->selectCell(cell.row, cell.column);
+}
+
+void LocalPZ::turnSide(Cell cell) {
+  if (cell.row > RowCount() || !mayEdit()) return;
+  std::swap(Row(cell.row).Debit, Row(cell.row).Credit);
+  showLine(cell.row);
+  lines_->selectCell(cell.row, cell.column == Debit ? Credit : Debit);
+}
+
+// ---- looking up
+
+void LocalPZ::requestLookUp(std::size_t row, std::size_t column) {
+  if (column == Digest) emit BrowseDigest(row);
+  if (column == Subject) emit BrowseSubject(row);
+}
+
+void LocalPZ::takeLookedUp(const QString& text) {
+  if (!editor_->isOpen()) return;
+  editor_->setText(text);
+  editor_->commit();
+  moveOn(opened_.row, opened_.column);
+}
+
+void LocalPZ::browseSign() {
+  editor_->commit();
+  if (!AllowBrowseSign || !mayEdit()) return;
+  emit BrowseSign();
+}
+
+void LocalPZ::clearSign() {
+  if (VoucherSign.empty() || !mayEdit()) return;
+  VoucherSign.clear();
+  showHead();
+}
+
+void LocalPZ::takeDate(const QDate& date) {
+  if (mayEdit())
+    VoucherDate = DateTime::fromParts(date.year(), date.month(), date.day()).value_or(VoucherDate);
+  showHead();
+}
+
+void LocalPZ::takeAttachments(int count) {
+  if (mayEdit()) Attachments = static_cast<std::int16_t>(count);
+  showHead();
+}
+
+// ---- keys
+
+bool LocalPZ::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  bool taken = false;
+  if (watched == lines_) taken = gridKey(key);
+  if (watched == box_) taken = boxKey(key);
+  if (watched == sign_) taken = signKey(key);
+  if ((watched == date_ || watched == attachments_) && isEnterKey(key)) {
+    static_cast<QAbstractSpinBox*>(watched)->interpretText();
+    focusNextChild();
+    taken = true;
+  }
+  return taken || QFrame::eventFilter(watched, event);
+}
+
+bool LocalPZ::lineKey(const QKeyEvent& key) {
+  const bool insert = key.key() == Qt::Key_Insert;
+  const bool remove = key.key() == Qt::Key_Delete && key.modifiers() == Qt::ControlModifier;
+  if (insert) insertHere();
+  if (remove) removeHere();
+  return insert || remove;
+}
+
+bool LocalPZ::amountKey(const QKeyEvent& key, Cell cell) {
+  const bool turn = key.key() == Qt::Key_Space;
+  if ((cell.column != Debit && cell.column != Credit) || (!turn && key.text() != "=")) return false;
+  if (turn) {
+    editor_->commit();
+    turnSide(cell);
+  } else {
+    editor_->cancel();
+    balanceHere(cell);
+  }
+  return true;
+}
+
+/// A letter opens the cell and is the first that stands there.
+bool LocalPZ::gridKey(const QKeyEvent& key) {
+  if (lineKey(key) || amountKey(key, currentCell())) return true;
+  if (key.key() == Qt::Key_F2) {
+    openCell(currentCell());
+    return true;
+  }
+  const bool letter = !key.text().isEmpty() && key.text().front().isPrint() &&
+                      !key.modifiers().testFlag(Qt::ControlModifier) &&
+                      !key.modifiers().testFlag(Qt::AltModifier);
+  if (!letter) return false;
+  openCell(currentCell());
+  if (editor_->isOpen()) box_->insert(key.text());
+  return true;
+}
+
+bool LocalPZ::boxKey(const QKeyEvent& key) {
+  if (lineKey(key) || amountKey(key, opened_)) return true;
+  if (key.key() != Qt::Key_Tab && key.key() != Qt::Key_Backtab) return false;
+  const Cell from = opened_;
+  editor_->commit();
+  if (key.key() == Qt::Key_Tab) {
+    moveOn(from.row, from.column);
+  } else {
+    moveBack(from);
+  }
+  return true;
+}
+
+bool LocalPZ::signKey(const QKeyEvent& key) {
+  if (key.key() == Qt::Key_F2) {
+    browseSign();
+  } else if (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace) {
+    clearSign();
+  } else if (isEnterKey(key)) {
+    focusNextChild();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,174 @@
+#include "vouchers/frmPZFill.h"
+
+#include <string>
+
+#include "ui/Layout.h"
+#include "vouchers/frmPZCode.h"
+#include "vouchers/frmPZDigest.h"
+#include "vouchers/frmPZType.h"
+
+namespace zelkor {
+namespace {
+
+constexpr std::size_t kFirstMove = 6;  // index of the button "首张" in the array
+
+struct MenuEntry {
+  const char* name;
+  const char* caption;
+};
+
+std::string toolKey(std::size_t index) {
+  return "cmdTool" + std::to_string(index);
+}
+
+}  // namespace
+
+frmPZFill::frmPZFill(FormHost& host, VoucherRequest request)
+    : Form(host, "frmPZFill", "填制凭证", Unload::Plain), fill_(run(), std::move(request), *editor) {
+  arrangeControls();
+  connectEditor();
+  LoadVouch();
+}
+
+void frmPZFill::arrangeControls() {
+  arrangeToolbar();
+  arrangeMenus();
+  layout::arrangeScreen(this, cmdTool, layout::row({layout::wide(editor)}));
+  layout()->setMenuBar(menu);
+  resize(1120, 660);
+  on(cmdTool, &Toolbar::ButtonClick, &frmPZFill::cmdTool_Click);
+}
+
+void frmPZFill::arrangeToolbar() {
+  cmdTool->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  cmdTool->setButtons({{"打印", "cmdTool0"},
+                       {"预览", "cmdTool1"},
+                       {"输出", "cmdTool2"},
+                       "",
+                       {"增加", "cmdTool3"},
+                       {"保存", "cmdTool4"},
+                       {"放弃", "cmdTool5"},
+                       "",
+                       {"增行", "cmdTool12"},
+                       {"删行", "cmdTool13"},
+                       {"流量", "cmdTool14"},
+                       {"余额", "cmdTool15"},
+                       "",
+                       {"首张", "cmdTool6"},
+                       {"上张", "cmdTool7"},
+                       {"下张", "cmdTool8"},
+                       {"末张", "cmdTool9"},
+                       "",
+                       {"查询", "cmdTool10"},
+                       {"帮助", "cmdTool16"},
+                       {"退出", "cmdTool11"}});
+  cmdTool->button("cmdTool14").setToolTip("按现金流量项目拆分金额");
+}
+
+QAction* frmPZFill::addEntry(QMenu& into, const char* name, const char* caption) {
+  QAction* entry = into.addAction(caption);
+  entry->setObjectName(name);
+  return entry;
+}
+
+void frmPZFill::arrangeMenus() {
+  QMenu* file = menu->addMenu("文件(&F)");
+  file->setObjectName("MenuFile");
+  for (const auto& [name, caption] :
+       {MenuEntry{"subMenuFileYL", "预览"}, MenuEntry{"subMenuFilePrint", "打印"},
+        MenuEntry{"subMenuFileOutput", "输出"}}) {
+    addEntry(*file, name, caption);
+  }
+  file->addSeparator();
+  on(addEntry(*file, "Exit", "退出"), &QAction::triggered, [this] { close(); });
+
+  QMenu* bill = menu->addMenu("制单(&E)");
+  bill->setObjectName("MenuZD");
+  on(addEntry(*bill, "subMenuZDSave", "保存"), &QAction::triggered, &frmPZFill::save);
+  for (const auto& [name, caption] :
+       {MenuEntry{"subMenuZDGiveUp", "放弃"}, MenuEntry{"subMenuZDAdd", "增加凭证"},
+        MenuEntry{"subMenuZDRestore", "作废/恢复"}, MenuEntry{"subMenuZDCXPZ", "冲销凭证"},
+        MenuEntry{"subMenuZDDelPZ", "凭证删除/整理"}, MenuEntry{"subMenuZDUseful", "调用常用凭证"},
+        MenuEntry{"subMenuZDProduct", "生成常用凭证"}, MenuEntry{"subMenuZDInsertSub", "插入分录"},
+        MenuEntry{"subMenuZDDelSub", "删除分录"}}) {
+    addEntry(*bill, name, caption);
+  }
+
+  QMenu* view = menu->addMenu("查看(&V)");
+  view->setObjectName("MenuView");
+  viewMoves = {addEntry(*view, "subMenuViewFirst", "首张"), addEntry(*view, "subMenuViewPre", "上张"),
+               addEntry(*view, "subMenuViewNext", "下张"), addEntry(*view, "subMenuViewLast", "末张")};
+}
+
+void frmPZFill::connectEditor() {
+  on(editor, &LocalPZ::EditRequest, [this](bool* granted) {
+    *granted = false;
+    *granted = fill_.EditRequest();
+  });
+  on(editor, &LocalPZ::SubjectEntered,
+     [this](std::size_t line, const QString& code) { fill_.SubjectEntered(line, fromQt(code)); });
+  on(editor, &LocalPZ::BrowseDigest, &frmPZFill::BrowseDigest);
+  on(editor, &LocalPZ::BrowseSubject, [this] { BrowseSubject(); });
+  on(editor, &LocalPZ::BrowseSign, &frmPZFill::BrowseSign);
+}
+
+void frmPZFill::LoadVouch() {
+  const auto enabled = VoucherFill::moveEnabled(fill_.giPZCount());
+  for (std::size_t i = 0; i < kMoves; ++i) cmdTool->enable(toolKey(kFirstMove + i), enabled[i]);
+  MenuMoveEnabled();
+  fill_.LoadVouch();
+  editor->showVoucher();
+}
+
+/// The menu follows the buttons.
+void frmPZFill::MenuMoveEnabled() {
+  for (std::size_t i = 0; i < kMoves; ++i) {
+    viewMoves[i]->setEnabled(cmdTool->button(toolKey(kFirstMove + i)).isEnabled());
+  }
+}
+
+void frmPZFill::cmdTool_Click(const QString& key) {
+  fill_.walkUnbooked();
+  if (key == "cmdTool4") save();
+  if (key == "cmdTool5" || key == "cmdTool11") close();
+}
+
+void frmPZFill::save() {
+  editor->endTyping();
+  fill_.Save();
+  editor->showVoucher();
+}
+
+/// A digest that has a subject gives it to a line that has none.
+void frmPZFill::BrowseDigest(std::size_t line) {
+  const auto digest = pickDigest(host());
+  if (!digest) return;
+  editor->takeLookedUp(toQt(digest->text));
+  const bool bare = line <= editor->RowCount() && editor->Row(line).SubjectCode.empty();
+  if (!bare || digest->subject.empty()) return;
+  fill_.SubjectEntered(line, digest->subject);
+  editor->showVoucher();
+}
+
+void frmPZFill::BrowseSubject() {
+  frmPZCode picker(host());
+  host().showModal(picker);
+  if (!picker.picked().code.empty()) editor->takeLookedUp(toQt(picker.picked().code));
+}
+
+void frmPZFill::BrowseSign() {
+  frmPZType picker(host(), data());
+  host().showModal(picker);
+  if (!picker.picked()) return;
+  editor->VoucherSign = picker.picked()->sign;
+  editor->Caption = picker.picked()->name;
+  editor->SignSeq = picker.picked()->isignseq;
+  editor->showVoucher();
+}
+
+void showVoucherWindow(FormHost& host, VoucherRequest request) {
+  frmPZFill window(host, std::move(request));
+  host.showModal(window);
+}
+
+}  // namespace zelkor

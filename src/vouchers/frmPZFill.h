@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+#include <QMenuBar>
+
+#include "ui/Form.h"
+#include "ui/Toolbar.h"
+#include "vouchers/frmLocalPZ.h"
+#include "vouchers/VoucherFill.h"
+
+namespace zelkor {
+
+/// The voucher window: shows the voucher of a key, lets a person complete it and saves it into the ledger.
+class frmPZFill final : public Form {
+ public:
+  frmPZFill(FormHost& host, VoucherRequest request);
+
+ private:
+  static constexpr std::size_t kMoves = 4;  // first, previous, next, last
+
+  QMenuBar* menu = make<QMenuBar>("menu");
+  Toolbar* cmdTool = make<Toolbar>("cmdTool");
+  LocalPZ* editor = make<LocalPZ>("LocalPZ");
+  std::array<QAction*, kMoves> viewMoves{};
+
+  void arrangeControls();
+  void arrangeToolbar();
+  void arrangeMenus();
+  QAction* addEntry(QMenu& into, const char* name, const char* caption);
+  void connectEditor();
+  void LoadVouch();
+  void MenuMoveEnabled();
+  void cmdTool_Click(const QString& key);
+  void save();
+
+  void BrowseDigest(std::size_t line);
+  void BrowseSubject();
+  void BrowseSign();
+
+  VoucherFill fill_;
+};
+
+/// Shows the voucher of the key and returns when its window is closed.
+void showVoucherWindow(FormHost& host, VoucherRequest request);
+
+}  // namespace zelkor

@@ -5,6 +5,7 @@
 
 #include "base/RuntimeError.h"
 #include "ui/Layout.h"
+#include "vouchers/frmPZFill.h"
 
 namespace zelkor {
 
@@ -24,7 +25,6 @@ FrmZJFPB::FrmZJFPB(FormHost& host) : Form(host, "FrmZJFPB", "折旧分配表", U
 void FrmZJFPB::arrangeControls() {
   Toolbar1->setButtons({"凭证", "修改", "", "退出"});
   Toolbar1->button("修改").setCheckable(true);
-  Toolbar1->enable("凭证", false);  // the voucher window is not part of the program yet
   arrangeScreen(this, Toolbar1,
                 column({row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ,
                              stretch()}),
@@ -43,6 +43,7 @@ void FrmZJFPB::unlockModes() {
 }
 
 void FrmZJFPB::Toolbar1_ButtonClick(const QString& caption) {
+  if (caption == "凭证") showVoucherWindow(host(), {.scOutSign = "折旧计提", .eventNumber = {}});
   if (caption == "修改") unlockModes();
   if (caption == "退出") throw EndProgram{};
 }

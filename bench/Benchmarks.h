@@ -24,4 +24,8 @@ void benchSaveSheets(const LargeAccountSet& small, const LargeAccountSet& large)
 /// set; prints one line and gives the seconds of both.
 double benchBatchBilling(long events);
 
+/// Every computed report beside one ideal query for the same figures, and the longest as a workbook; prints
+/// one line each.
+void benchReports(const LargeAccountSet& set);
+
 }  // namespace zelkor::bench

@@ -35,12 +35,13 @@ void measure(std::string_view what, long largest) {
   }
   if (all || what == "sheet") benchSaveSheets(small, large);
   if (all || what == "billing") benchBatchBilling(largest / 10);
+  if (all || what == "reports") benchReports(large);
 }
 
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|sheet|billing] [cards of the largest account set]
+/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <fstream>
 #include <new>
 #include <utility>
 
@@ -162,24 +165,25 @@ class SheetWriter {
   lxw_row_t firstHeader_ = 0;
 };
 
-[[noreturn]] void failed(const std::filesystem::path& file, lxw_error error) {
-  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + lxw_strerror(error));
+[[noreturn]] void failed(const std::filesystem::path& file, const std::string& reason) {
+  std::error_code ignored;
+  std::filesystem::remove(file, ignored);
+  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
 }
 
 }  // namespace
 
 void writeXlsx(const std::filesystem::path& file, const std::string& title, const ReportView& view) {
+  // The library would report this on standard error.
+  if (!std::ofstream(file, std::ios::binary)) failed(file, std::strerror(errno));
   const std::string name = file.string();
   lxw_workbook_options options{};
   options.constant_memory = LXW_TRUE;
   lxw_workbook* workbook = workbook_new_opt(name.c_str(), &options);
-  if (workbook == nullptr) failed(file, LXW_ERROR_CREATING_XLSX_FILE);
+  if (workbook == nullptr) failed(file, lxw_strerror(LXW_ERROR_MEMORY_MALLOC_FAILED));
   const SheetWriter sheet(workbook, title, view);
   const lxw_error error = workbook_close(workbook);
-  if (error == LXW_NO_ERROR) return;
-  std::error_code ignored;
-  std::filesystem::remove(file, ignored);
-  failed(file, error);
+  if (error != LXW_NO_ERROR) failed(file, lxw_strerror(error));
 }
 
 }  // namespace zelkor

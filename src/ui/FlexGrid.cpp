@@ -6,11 +6,11 @@
 
 #include "base/GridSpans.h"
 #include "ui/GridHeader.h"
+#include "ui/Twips.h"
 
 namespace zelkor {
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
 constexpr int kRowPadding = 8;
 constexpr int kRowsMeasured = 200;
 constexpr int kWidestFitted = 360;
@@ -118,7 +118,7 @@ void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 void FlexGrid::setWidths() {
   for (std::size_t column = 0; column < grid().columns(); ++column) {
-    setColumnWidth(static_cast<int>(column), grid().columnWidth(column) * logicalDpiX() / kTwipsPerInch);
+    setColumnWidth(static_cast<int>(column), pixelsOf(grid().columnWidth(column), *this));
   }
 }
 

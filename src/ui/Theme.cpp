@@ -58,6 +58,9 @@ QTableView { gridline-color: #e1e6eb; selection-background-color: #d7e5f3; selec
 QTreeView::item { min-height: 24px; }
 QHeaderView { background: #eef1f4; }
 QTabWidget::pane { border: 1px solid #c6cfd8; background: white; }
+QLabel[field="true"] {
+  border: 1px solid #b9c3cd; border-radius: 3px; padding: 3px 6px; background: #f0f2f4; min-height: 21px;
+}
 QLabel[note="true"] { color: #5b6773; }
 QLabel[title="true"] { font-size: 15px; font-weight: bold; color: #34568b; }
 QFrame[rule="true"] { color: #d5dbe1; }

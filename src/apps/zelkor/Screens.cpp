@@ -12,6 +12,7 @@
 #include "closing/frmYMJZ.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
+#include "reports/FrmBB.h"
 #include "store/FrmInit.h"
 #include "store/FrmXUANXIANG.h"
 
@@ -60,6 +61,7 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmZJFPB modal", showingModal<FrmZJFPB>(host));
   jobs.add("frmZJQD", showing<frmZJQD>(host));
   jobs.add("frmZJQD modal", showingModal<frmZJQD>(host));
+  jobs.add("FrmBB", showing<FrmBB>(host));
 }
 
 }  // namespace zelkor

@@ -1,0 +1,123 @@
+#include "reports/FrmBBTJ.h"
+
+#include <optional>
+#include <QGuiApplication>
+
+#include "archives/FrmFATypes.h"
+#include "reports/FrmBBXS.h"
+
+namespace zelkor {
+namespace {
+
+/// A person is told to wait as long as it lives.
+class BusyCursor {
+ public:
+  BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  BusyCursor(const BusyCursor&) = delete;
+  BusyCursor& operator=(const BusyCursor&) = delete;
+  ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+template <typename Texts>
+void fill(QComboBox* list, const Texts& texts) {
+  for (const auto& text : texts) list->addItem(toQt(text));
+}
+
+std::string textOf(const QComboBox* list) {
+  return fromQt(list->currentText());
+}
+
+}  // namespace
+
+FrmBBTJ::FrmBBTJ(FormHost& host, const ReportKind& kind, ReportView& view)
+    : Form(host, "FrmBBTJ", "条件", Unload::Plain), kind_(kind), view_(view) {
+  setWindowTitle("条件 - [" + toQt(kind.name) + "]");
+  dressControls();
+  arrangePages();
+  fillLists();
+  bringToFront(static_cast<std::size_t>(kind.page));
+  connectEvents();
+}
+
+void FrmBBTJ::fillLists() {
+  for (QComboBox* list : Combo1) fill(list, chosen_.months);
+  for (QComboBox* list : Combo2) fill(list, std::array<std::string_view, 2>{"1", "2"});
+  fill(ComboBMJC, departmentLevels);
+  fill(ComboLBJC, typeLevels);
+  Option1->setChecked(true);
+  Option3.front()->setChecked(true);
+}
+
+void FrmBBTJ::connectEvents() {
+  for (QComboBox* list : Combo2) on(list, &QComboBox::currentIndexChanged, &FrmBBTJ::Combo2_Click);
+  for (std::size_t i = 0; i < Option3.size(); ++i) {
+    on(Option3[i], &QRadioButton::clicked, [this, i] { Option3_Click(i); });
+  }
+  for (QPushButton* button : CmdCXBMMC) on(button, &QPushButton::clicked, &FrmBBTJ::CmdCXBMMC_Click);
+  for (QPushButton* button : CmdCXLBMC) on(button, &QPushButton::clicked, &FrmBBTJ::CmdCXLBMC_Click);
+  for (QPushButton* button : CmdYes) on(button, &QPushButton::clicked, &FrmBBTJ::CmdYes_Click);
+  for (QPushButton* button : CmdCancel) on(button, &QPushButton::clicked, [this] { close(); });
+}
+
+/// The first pair alone is kept in order, whichever list was clicked.
+void FrmBBTJ::Combo2_Click() {
+  if (Combo2[0]->currentText() > Combo2[1]->currentText()) {
+    Combo2[0]->setCurrentIndex(Combo2[1]->currentIndex());
+  }
+}
+
+void FrmBBTJ::Option3_Click(std::size_t chosen) {
+  ComboBMJC->setEnabled(chosen != 2);
+  ComboLBJC->setEnabled(chosen != 1);
+}
+
+void FrmBBTJ::CmdCXBMMC_Click() {
+  pick(ArchiveKind::Departments, &ReportConditions::pickDepartment);
+}
+
+void FrmBBTJ::CmdCXLBMC_Click() {
+  pick(ArchiveKind::AssetTypes, &ReportConditions::pickType);
+}
+
+/// Leaving the picker without a choice leaves the conditions too.
+void FrmBBTJ::pick(ArchiveKind archive, TakeChosen take) {
+  const auto picked = pickFromArchive(host(), archive);
+  if (!picked) {
+    close();
+    return;
+  }
+  if (picked->name == "-1") return;
+  const std::string behindBlank = picked->name.substr(picked->name.find(' ') + 1);
+  (chosen_.*take)({picked->assetTypeID, behindBlank});
+  showChosen();
+}
+
+void FrmBBTJ::showChosen() {
+  for (std::size_t i = 0; i < LblBMMC.size(); ++i) LblBMMC[i]->setText(toQt(chosen_.departments[i].name));
+  for (std::size_t i = 0; i < LblLBMC.size(); ++i) LblLBMC[i]->setText(toQt(chosen_.types[i].name));
+}
+
+ReportConditions FrmBBTJ::conditions() const {
+  ReportConditions all = chosen_;
+  for (std::size_t i = 0; i < Combo1.size(); ++i) all.periods[i] = textOf(Combo1[i]);
+  for (std::size_t i = 0; i < Combo2.size(); ++i) all.levels[i] = textOf(Combo2[i]);
+  all.compositionLevel = Option1->isChecked() ? CompositionLevel::First : CompositionLevel::Detail;
+  if (Option3[1]->isChecked()) all.statisticsLayout = StatisticsLayout::ByDepartment;
+  if (Option3[2]->isChecked()) all.statisticsLayout = StatisticsLayout::ByType;
+  all.departmentLevel = textOf(ComboBMJC);
+  all.typeLevel = textOf(ComboLBJC);
+  return all;
+}
+
+ReportOutcome FrmBBTJ::compute() {
+  std::optional<BusyCursor> busy;
+  if (kind_.build) busy.emplace();
+  return runReport(run(), kind_, conditions(), view_);
+}
+
+void FrmBBTJ::CmdYes_Click() {
+  if (compute() == ReportOutcome::Computed) showReportView(host(), view_);
+  close();
+}
+
+}  // namespace zelkor

@@ -1,0 +1,116 @@
+#include "reports/FrmBBXS.h"
+
+#include <algorithm>
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QResizeEvent>
+#include <QStyle>
+#include <utility>
+
+#include "base/RuntimeError.h"
+#include "reports/FrmBBCommands.h"
+#include "ui/Layout.h"
+#include "ui/Twips.h"
+
+namespace zelkor {
+namespace {
+
+using namespace layout;
+
+constexpr int kAboveGrid = 1900;  // twips that the form has beside the grid's height
+constexpr int kCaptionWidth = 300;
+constexpr int kCaptionGap = 24;
+constexpr int kInvalidPropertyValue = 380;
+constexpr int kCellPadding = 8;
+constexpr int kWidestCell = 360;
+
+/// No figure may be cut off: columns too narrow for their first rows or for the last one, the totals, grow.
+void widenForTexts(FlexGrid& grid) {
+  const int lastRow = grid.model()->rowCount() - 1;
+  for (int column = 0; column < grid.model()->columnCount(); ++column) {
+    if (grid.isColumnHidden(column)) continue;
+    const int told = grid.columnWidth(column);
+    grid.resizeColumnToContents(column);
+    const int total = grid.sizeHintForIndex(grid.model()->index(lastRow, column)).width();
+    const int needed = std::max(grid.columnWidth(column), total) + kCellPadding;
+    grid.setColumnWidth(column, std::max(told, std::min(needed, kWidestCell)));
+  }
+}
+
+}  // namespace
+
+FrmBBXS::FrmBBXS(FormHost& host, ReportView view) : Form(host, "FrmBBXS", "查看报表", Unload::Plain) {
+  arrangeControls(view);
+  showCaptions(view);
+  MSFlexGrid1->setGrid(std::move(view.grid));
+  widenForTexts(*MSFlexGrid1);
+  on(tbToolBar, &Toolbar::ButtonClick, &FrmBBXS::tbToolBar_ButtonClick);
+}
+
+void FrmBBXS::arrangeControls(const ReportView& view) {
+  setReportCommands(*tbToolBar, {"退出"});
+  dressCommands();
+  arrangePanel(view);
+  arrangeScreen(this, tbToolBar, column({Picture1, wide(MSFlexGrid1)}));
+  // The form can be made as small as one likes.
+  layout()->setSizeConstraint(QLayout::SetNoConstraint);
+  setMinimumSize(1, 1);
+  resize(1100, 640);
+  MSFlexGrid1->setFocus();
+}
+
+/// Two lines: the unit and the period, the conditions.
+void FrmBBXS::arrangePanel(const ReportView& view) {
+  auto* lines = new QGridLayout(Picture1);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setHorizontalSpacing(kCaptionGap);
+  lines->setColumnMinimumWidth(0, kCaptionWidth);
+  lines->setColumnStretch(1, 1);
+  for (const int line : {0, 1}) lines->setRowMinimumHeight(line, Combo1->sizeHint().height());
+  lines->addWidget(Label1[0], 0, 0);
+  lines->addLayout(row({Label3, Combo1, Command[0], Command[1], Command[2], Command[3], stretch()}), 0, 1);
+  lines->addWidget(Label1[1], 1, 0);
+  lines->addWidget(Label1[2], 1, view.secondLineMovedUp ? 0 : 1);
+}
+
+/// They bear pictures and do nothing.
+void FrmBBXS::dressCommands() {
+  constexpr std::array pictures = {QStyle::SP_MediaSkipBackward, QStyle::SP_MediaSeekBackward,
+                                   QStyle::SP_MediaSeekForward, QStyle::SP_MediaSkipForward};
+  for (std::size_t i = 0; i < Command.size(); ++i) {
+    Command[i]->setIcon(style()->standardIcon(pictures[i]));
+    Command[i]->setEnabled(false);
+    dressPick(Command[i]);
+  }
+}
+
+void FrmBBXS::showCaptions(const ReportView& view) {
+  for (QLabel* label : Label1) label->setTextFormat(Qt::PlainText);
+  Label1[0]->setText(toQt(view.unitLine));
+  for (std::size_t i = 0; i < view.conditionLines.size(); ++i) {
+    Label1[i + 1]->setText(toQt(view.conditionLines[i].text));
+    Label1[i + 1]->setVisible(view.conditionLines[i].visible);
+  }
+  Label3->setText(toQt(view.periodCaption));
+  for (const std::string& period : view.periods) Combo1->addItem(toQt(period));
+  if (!view.periods.empty()) Combo1->setCurrentIndex(static_cast<int>(view.selectedPeriod));
+  Combo1->setVisible(view.periodListVisible);
+}
+
+void FrmBBXS::tbToolBar_ButtonClick(const QString& key) {
+  if (key == "退出") close();
+}
+
+/// What is left for the grid's height must not be negative.
+void FrmBBXS::resizeEvent(QResizeEvent* event) {
+  Form::resizeEvent(event);
+  if (height() >= pixelsOf(kAboveGrid, *this)) return;
+  host().dispatch([] { throw RuntimeError(static_cast<ErrorNumber>(kInvalidPropertyValue), "无效属性值"); });
+}
+
+void showReportView(FormHost& host, ReportView& view) {
+  FrmBBXS form(host, std::exchange(view, ReportView{}));
+  host.showModal(form);
+}
+
+}  // namespace zelkor

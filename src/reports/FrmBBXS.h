@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include "reports/ReportView.h"
+#include "ui/FlexGrid.h"
+#include "ui/Form.h"
+#include "ui/Toolbar.h"
+
+namespace zelkor {
+
+/// Shows a report. It can be read and closed, nothing else.
+class FrmBBXS final : public Form {
+ public:
+  FrmBBXS(FormHost& host, ReportView view);
+
+ private:
+  Toolbar* tbToolBar = make<Toolbar>("tbToolBar");
+  QWidget* Picture1 = make<QWidget>("Picture1");
+  std::array<QLabel*, 3> Label1 = makeArray<QLabel, 3>("Label1");
+  QLabel* Label3 = make<QLabel>("Label3");
+  QComboBox* Combo1 = make<QComboBox>("Combo1");
+  std::array<QPushButton*, 4> Command{make<QPushButton>("Command1"), make<QPushButton>("Command2"),
+                                      make<QPushButton>("Command3"), make<QPushButton>("Command4")};
+  FlexGrid* MSFlexGrid1 = make<FlexGrid>("MSFlexGrid1");
+
+  void arrangeControls(const ReportView& view);
+  void arrangePanel(const ReportView& view);
+  void dressCommands();
+  void showCaptions(const ReportView& view);
+  void tbToolBar_ButtonClick(const QString& key);
+  void escapePressed() override { close(); }
+  void resizeEvent(QResizeEvent* event) override;
+};
+
+/// Shows the view until it is closed; then it is a fresh one.
+void showReportView(FormHost& host, ReportView& view);
+
+}  // namespace zelkor

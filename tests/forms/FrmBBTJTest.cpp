@@ -1,0 +1,262 @@
+#include "reports/FrmBBTJ.h"
+#include "support/Widgets.h"
+
+namespace zelkor::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr std::array kFrames = {"Frame21", "Frame22", "Frame1",  "Frame2",  "Frame3", "Frame40", "Frame41",
+                                "Frame42", "Frame43", "Frame44", "Frame45", "Frame5", "Frame6",  "Frame7"};
+
+std::string numbered(const char* name, std::size_t index) {
+  return name + std::to_string(index);
+}
+
+/// The account set holds the archives alone. Operating date 2020-05-15.
+class FrmBBTJTest : public FormTest {
+ protected:
+  FrmBBTJ& open(const std::string& report) { return host.show<FrmBBTJ>(*findReport(report), view); }
+  Lines memos() { return rows("select dDate,sOperater,mMemo from Fa_log"); }
+  static void confirm(const QWidget& form, int page) {
+    click(form, numbered("CmdYes", static_cast<std::size_t>(page)).c_str());
+  }
+  /// Confirms a report that is computed, and looks at it.
+  static void lookAt(const QWidget& form, int page, const std::function<void(QWidget&)>& look) {
+    inModalForm([&look](QWidget& shown) {
+      look(shown);
+      shown.close();
+    });
+    confirm(form, page);
+  }
+  static void pick(const QWidget& form, const char* button, const QString& entry) {
+    inModalForm([&entry](QWidget& picker) {
+      selectNode(picker, "TvAssentTypes", entry);
+      click(picker, "CmdOK");
+    });
+    click(form, button);
+  }
+  /// Another month in each period list: 2020.01 in the first, 2020.12 in the twelfth, then from the start.
+  static void spreadPeriods(const QWidget& form) {
+    for (std::size_t i = 0; i < 21; ++i) {
+      control<QComboBox>(form, numbered("Combo1", i).c_str()).setCurrentIndex(static_cast<int>(i % 12));
+    }
+  }
+  static Lines textsOfAll(const QWidget& form, const char* name, std::size_t count) {
+    Lines texts;
+    for (std::size_t i = 0; i < count; ++i) texts.push_back(textOf(form, numbered(name, i).c_str()));
+    return texts;
+  }
+
+  ReportView view;
+};
+
+TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
+  for (const ReportKind& kind : reportKinds()) {
+    SCOPED_TRACE(kind.name);
+    FrmBBTJ& form = open(std::string(kind.name));
+    EXPECT_EQ(form.windowTitle().toStdString(), "条件 - [" + std::string(kind.name) + "]");
+    EXPECT_GE(form.width(), kind.width * form.logicalDpiX() / 1440);
+    EXPECT_GE(form.height(), kind.height * form.logicalDpiY() / 1440);
+    for (std::size_t page = 0; page < kFrames.size(); ++page) {
+      const auto& panel = control<QWidget>(form, numbered("Picture1", page).c_str());
+      EXPECT_EQ(panel.isVisible(), page == static_cast<std::size_t>(kind.page)) << page;
+      for (const std::string& name :
+           {std::string(kFrames[page]), numbered("CmdYes", page), numbered("CmdCancel", page)}) {
+        EXPECT_TRUE(panel.findChild<QWidget*>(name.c_str())) << name;
+      }
+    }
+    form.close();
+  }
+}
+
+TEST_F(FrmBBTJTest, beginsWithTheFirstMonthAndTheFirstLevels) {
+  const FrmBBTJ& form = open("固定资产统计表");
+  for (std::size_t i = 0; i < 21; ++i) {
+    const auto& periods = control<QComboBox>(form, numbered("Combo1", i).c_str());
+    ASSERT_EQ(periods.count(), 12);
+    EXPECT_EQ(periods.currentText() + periods.itemText(11), "2020.012020.12");
+    EXPECT_FALSE(periods.isEditable());
+  }
+  for (std::size_t i = 0; i < 6; ++i) {
+    const auto& levels = control<QComboBox>(form, numbered("Combo2", i).c_str());
+    EXPECT_EQ(levels.count(), 2);
+    EXPECT_EQ(levels.currentText() + levels.itemText(1), "12");
+  }
+  EXPECT_EQ(control<QComboBox>(form, "ComboBMJC").count(), 3);
+  EXPECT_EQ(control<QComboBox>(form, "ComboLBJC").count(), 5);
+  EXPECT_EQ(control<QComboBox>(form, "ComboBMJC").currentText(), "第 1 级");
+  EXPECT_EQ(control<QComboBox>(form, "ComboLBJC").currentText(), "第 1 级");
+  EXPECT_EQ(control<QComboBox>(form, "Combo30").count() + control<QComboBox>(form, "Combo31").count(), 0);
+  EXPECT_TRUE(control<QAbstractButton>(form, "Option1").isChecked());
+  EXPECT_TRUE(control<QAbstractButton>(form, "Option30").isChecked());
+}
+
+TEST_F(FrmBBTJTest, writesAMemoOfTheConditionsThatTheReportDoesNotReadAlways) {
+  const struct {
+    const char* report;
+    const char* memo;
+  } cases[] = {
+      {"部门构成分析表", ""},
+      {"固定资产使用状况分析表", "固定资产：固定资产使用状况分析表,2020.02"},
+      {"价值结构分析表", "固定资产：价值结构分析表,2020.02"},
+      {"(固定资产原值)一览表", "固定资产：(固定资产原值)一览表,2020.03"},
+      {"固定资产统计表", "固定资产：固定资产统计表,2020.04"},
+      {"(部门、类别)明细账", "固定资产：(部门、类别)明细账,2020.11,动力设备,一车间"},
+      {"(单个)固定资产明细账", "固定资产：(单个)固定资产明细账,2020.10,动力设备,一车间"},
+      {"固定资产登记簿", "固定资产：固定资产登记簿,2020.11,动力设备,一车间"},
+      {"固定资产总账", "固定资产：固定资产总账,2020.09,动力设备,一车间"},
+      {"(部门)折旧计提汇总表", "固定资产：(部门)折旧计提汇总表,2020.03"},
+      {"固定资产及累计折旧表(一)", "固定资产：固定资产及累计折旧表(一),2020.03"},
+      {"固定资产及累计折旧表(二)", "固定资产：固定资产及累计折旧表(二),2020.12,动力设备"},
+      {"固定资产折旧计算明细表", "固定资产：固定资产折旧计算明细表,2020.01,一车间"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.report);
+    execute("delete from Fa_log");
+    const FrmBBTJ& form = open(c.report);
+    spreadPeriods(form);
+    pick(form, "CmdCXBMMC0", "一车间");
+    pick(form, "CmdCXLBMC0", "动力设备");
+    lookAt(form, findReport(c.report)->page, [](QWidget& shown) {
+      EXPECT_EQ(shown.objectName(), "FrmBBXS");
+      EXPECT_EQ(textOf(shown, "Label10"), "使用单位：示例机械制造有限公司");
+      EXPECT_EQ(control<QComboBox>(shown, "Combo1").currentText(), "2020.02") << "page 1's list";
+    });
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(memos(), *c.memo ? Lines{"2020-5-15|陈会计|" + std::string(c.memo)} : Lines{});
+  }
+}
+
+TEST_F(FrmBBTJTest, readsConditionsOfOtherPages) {
+  const FrmBBTJ& ledger = open("(单个)固定资产明细账");
+  choose(ledger, "Combo112", "2020.07");
+  choose(ledger, "Combo19", "2020.08");
+  pick(ledger, "CmdCXLBMC3", "动力设备");
+  pick(ledger, "CmdCXBMMC2", "一车间");
+  lookAt(ledger, 9, [](QWidget& shown) {
+    EXPECT_EQ(textOf(shown, "Label3"), "期间：2020.01 --- 2020.01");
+    EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "资产类别：动力设备使用部门：一车间");
+    EXPECT_FALSE(control<QWidget>(shown, "Combo1").isVisible());
+  });
+  const FrmBBTJ& detail = open("固定资产折旧计算明细表");
+  choose(detail, "Combo23", "2");
+  pick(detail, "CmdCXBMMC6", "一车间");
+  lookAt(detail, 12, [](QWidget& shown) {
+    EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "使用部门：一车间汇总类别1---2");
+  });
+  const FrmBBTJ& composition = open("部门构成分析表");
+  click(composition, "Option2");
+  lookAt(composition, 0, [](QWidget& shown) { EXPECT_EQ(textOf(shown, "Label11"), "类别级次：明细级"); });
+  const FrmBBTJ& statistics = open("固定资产统计表");
+  choose(statistics, "ComboLBJC", "第 4 级");
+  click(statistics, "Option32");
+  lookAt(statistics, 3, [](QWidget& shown) {
+    EXPECT_FALSE(control<QWidget>(shown, "Label11").isVisible());
+    EXPECT_EQ(textOf(shown, "Label12"), "类别级次：第 4 级");
+    EXPECT_TRUE(control<FlexGrid>(shown, "MSFlexGrid1").isColumnHidden(0));
+  });
+}
+
+TEST_F(FrmBBTJTest, writesWhatIsPickedToTheLabelsOfOtherPages) {
+  const FrmBBTJ& form = open("评估变动表");
+  pick(form, "CmdCXLBMC0", "动力设备");
+  EXPECT_EQ(textsOfAll(form, "LblLBMC", 6), (Lines{"", "", "动力设备", "动力设备", "动力设备", "动力设备"}));
+  EXPECT_EQ(textsOfAll(form, "LblBMMC", 5), (Lines{"", "", "", "", ""}));
+  execute("update fa_Departments set sName='三 号 车间' where sNum='303'");
+  pick(form, "CmdCXBMMC3", "三 号 车间");
+  EXPECT_EQ(textsOfAll(form, "LblBMMC", 5), (Lines{"", "号 车间", "号 车间", "号 车间", "号 车间"}))
+      << "what stands behind the first blank";
+  execute("update fa_Departments set sName='-1' where sNum='303'");
+  pick(form, "CmdCXBMMC3", "-1");
+  EXPECT_EQ(textOf(form, "LblBMMC1"), "号 车间") << "such a name changes nothing";
+  EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(FrmBBTJTest, closesWithoutAReportHoweverItIsLeft) {
+  const std::function<void(QWidget&)> ways[] = {
+      [](QWidget& form) { click(form, "CmdCancel9"); },
+      [](QWidget& form) { sendKey(form, Qt::Key_Escape); },
+      [](QWidget& form) { form.close(); },
+      [](QWidget& form) {
+        inModalForm([](QWidget& picker) { click(picker, "CmdCancel"); });
+        click(form, "CmdCXBMMC2");
+      },
+      [](QWidget& form) {
+        inModalForm([](QWidget& picker) { picker.close(); });
+        click(form, "CmdCXLBMC3");
+      },
+  };
+  for (const auto& leave : ways) {
+    FrmBBTJ& form = open("(单个)固定资产明细账");
+    leave(form);
+    EXPECT_FALSE(form.isVisible());
+  }
+  EXPECT_EQ(memos(), Lines{});
+  EXPECT_EQ(view.periods.size(), 0u) << "the view was not touched";
+}
+
+TEST_F(FrmBBTJTest, computesNothingForSomeKinds) {
+  const char* kinds[] = {"盘盈盘亏报告表", "评估变动表", "评估汇总表", "役龄资产统计表",
+                         "固定资产折旧期间统计表"};
+  for (const char* kind : kinds) {
+    const FrmBBTJ& form = open(kind);
+    confirm(form, findReport(kind)->page);
+    EXPECT_FALSE(form.isVisible()) << kind;
+  }
+  EXPECT_EQ(memos(), Lines{});
+  EXPECT_EQ(view.periods.size(), 60u) << "the view stays loaded with what each of them wrote";
+  const FrmBBTJ& overAge = open("逾龄资产统计表");
+  choose(overAge, "Combo11", "2020.06");
+  dialogs.expectOk("您已完成查询 [逾龄资产统计表]的操作。\r\r会计期间为：2020.06", Icon::Information,
+                   "会计电算化考试专用");
+  confirm(overAge, 1);
+  EXPECT_FALSE(overAge.isVisible());
+  EXPECT_EQ(memos(), Lines{});
+}
+
+TEST_F(FrmBBTJTest, keepsOnlyTheFirstPairOfLevelsInOrder) {
+  const FrmBBTJ& form = open("(固定资产原值)一览表");
+  const auto level = [&form](const char* list) {
+    return control<QComboBox>(form, list).currentText().toStdString();
+  };
+  choose(form, "Combo20", "2");
+  EXPECT_EQ(level("Combo20") + level("Combo21"), "11");
+  choose(form, "Combo21", "2");
+  choose(form, "Combo20", "2");
+  EXPECT_EQ(level("Combo20") + level("Combo21"), "22");
+  choose(form, "Combo21", "1");
+  EXPECT_EQ(level("Combo20") + level("Combo21"), "11");
+  for (const char* from : {"Combo22", "Combo24"}) {
+    choose(form, from, "2");
+    EXPECT_EQ(level(from), "2");
+  }
+}
+
+TEST_F(FrmBBTJTest, locksTheLevelsThatALayoutDoesNotShow) {
+  const FrmBBTJ& form = open("固定资产统计表");
+  const struct {
+    const char* layout;
+    bool departments;
+    bool types;
+  } cases[] = {{"Option31", true, false}, {"Option32", false, true}, {"Option30", true, true}};
+  for (const auto& c : cases) {
+    click(form, c.layout);
+    EXPECT_EQ(isEnabled(form, "ComboBMJC"), c.departments) << c.layout;
+    EXPECT_EQ(isEnabled(form, "ComboLBJC"), c.types) << c.layout;
+  }
+}
+
+TEST_F(FrmBBTJTest, endsTheProcessWithAReportThatFails) {
+  const FrmBBTJ& form = open("类别构成分析表");
+  dialogs.expectOk("实时错误 '6':\n溢出", Icon::Critical);
+  testing::internal::CaptureStderr();
+  confirm(form, 1);
+  EXPECT_NE(testing::internal::GetCapturedStderr().find("溢出"), std::string::npos);
+  EXPECT_EQ(endStatus(), 1);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(memos().size(), 1u) << "the memo comes first";
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -1,0 +1,135 @@
+#include <QLabel>
+#include <QListWidget>
+
+#include "reports/FrmBB.h"
+#include "reports/FrmBBXS.h"
+#include "support/Widgets.h"
+
+namespace zelkor::test {
+namespace {
+
+class FrmBBXSTest : public FormTest {
+ protected:
+  static ReportView report() {
+    ReportView view;
+    view.unitLine = "使用单位：某<b>厂";
+    view.conditionLines = {{{"类别级次：第1级", true}, {"第二行", true}}};
+    view.periods = {"2020.01", "2020.02"};
+    view.selectedPeriod = 1;
+    view.grid = TextGrid(0, 0);
+    view.grid.setHeader("部门|原值");
+    view.grid.setAlignment(1, Align::Right);
+    view.grid.setColumnWidth(0, 3000);
+    view.grid.addRow({"一车间", "12.00"});
+    view.grid.addRow({"　合　计", "123456789012345.00"});
+    return view;
+  }
+  FrmBBXS& open(ReportView view) { return host.show<FrmBBXS>(std::move(view)); }
+  static bool shown(const QWidget& form, const char* name) {
+    return control<QWidget>(form, name).isVisible();
+  }
+  static int left(const QWidget& form, const char* name) { return control<QWidget>(form, name).x(); }
+
+  /// Opens a report of the catalogue, confirms its conditions, and counts the view's periods; 0 without one.
+  static int periodsOf(const QWidget& catalogue, const QString& report, const char* confirm) {
+    int periods = 0;
+    inModalForm([&](QWidget& conditions) {
+      if (report == "固定资产总账") {
+        inModalForm([&periods](QWidget& view) {
+          periods = control<QComboBox>(view, "Combo1").count();
+          press(view, "退出");
+        });
+      }
+      click(conditions, confirm);
+    });
+    selectNode(catalogue, "TreeView1", report);
+    press(catalogue, "打开");
+    return periods;
+  }
+};
+
+TEST_F(FrmBBXSTest, showsTheCaptionsAndTheGrid) {
+  const FrmBBXS& form = open(report());
+  EXPECT_EQ(form.windowTitle(), "查看报表");
+  EXPECT_EQ(textOf(form, "Label10"), "使用单位：某<b>厂");
+  EXPECT_EQ(control<QLabel>(form, "Label10").textFormat(), Qt::PlainText);
+  EXPECT_EQ(textOf(form, "Label11") + textOf(form, "Label12"), "类别级次：第1级第二行");
+  EXPECT_EQ(textOf(form, "Label3"), "期间：");
+  EXPECT_EQ(control<QComboBox>(form, "Combo1").currentText(), "2020.02");
+  const auto& grid = control<FlexGrid>(form, "MSFlexGrid1");
+  EXPECT_EQ(grid.grid().text(2, 1), "123456789012345.00");
+  EXPECT_EQ(grid.columnWidth(0), 3000 * form.logicalDpiX() / 1440);
+  EXPECT_GT(grid.columnWidth(1), grid.fontMetrics().horizontalAdvance("123456789012345.00"))
+      << "the total is wider than the column was told to be";
+}
+
+TEST_F(FrmBBXSTest, hidesAndMovesWhatTheReportHidesAndMoves) {
+  ReportView ledger = report();
+  ledger.periodListVisible = false;
+  ledger.periodCaption = "";
+  const FrmBBXS& withoutPeriod = open(std::move(ledger));
+  EXPECT_FALSE(shown(withoutPeriod, "Combo1"));
+  EXPECT_EQ(textOf(withoutPeriod, "Label3"), "");
+  const int first = left(withoutPeriod, "Label11");
+  const int second = left(withoutPeriod, "Label12");
+  EXPECT_LT(first, second);
+
+  ReportView statistics = report();
+  statistics.conditionLines[0].visible = false;
+  const FrmBBXS& hidden = open(statistics);
+  EXPECT_FALSE(shown(hidden, "Label11"));
+  EXPECT_EQ(left(hidden, "Label12"), second) << "it stays where it is";
+  statistics.secondLineMovedUp = true;
+  EXPECT_EQ(left(open(statistics), "Label12"), first);
+}
+
+TEST_F(FrmBBXSTest, doesNothingButClose) {
+  const char* inert[] = {"打开", "打印", "预览", "刷新", "保存", "取消",
+                         "增加", "修改", "删除", "编辑", "查看"};
+  const char* pictures[] = {"Command1", "Command2", "Command3", "Command4"};
+  const std::function<void(QWidget&)> ways[] = {[](QWidget& form) { press(form, "退出"); },
+                                                [](QWidget& form) { sendKey(form, Qt::Key_Escape); },
+                                                [](QWidget& form) { form.close(); }};
+  for (const auto& leave : ways) {
+    FrmBBXS& form = open(report());
+    for (const char* key : inert) command(form, key).trigger();
+    for (const char* name : pictures) control<QAbstractButton>(form, name).click();
+    choose(form, "Combo1", "2020.01");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(control<FlexGrid>(form, "MSFlexGrid1").grid().rows(), 3u);
+    leave(form);
+    EXPECT_FALSE(form.isVisible());
+  }
+}
+
+TEST_F(FrmBBXSTest, listsThePeriodsTwiceAfterAReportThatComputesNothing) {
+  const FrmBB& catalogue = host.show<FrmBB>();
+  const char* ledger = "固定资产总账";
+  EXPECT_EQ(periodsOf(catalogue, ledger, "CmdYes8"), 12);
+  EXPECT_EQ(periodsOf(catalogue, "盘盈盘亏报告表", "CmdYes4"), 0);
+  EXPECT_EQ(periodsOf(catalogue, ledger, "CmdYes8"), 24) << "the view was left loaded";
+  EXPECT_EQ(periodsOf(catalogue, ledger, "CmdYes8"), 12) << "closing has unloaded it";
+}
+
+TEST_F(FrmBBXSTest, opensWithoutTheAccountSetsRow) {
+  context.gstrAccountId = "002";
+  const FrmBB& catalogue = host.show<FrmBB>();
+  EXPECT_EQ(periodsOf(catalogue, "盘盈盘亏报告表", "CmdYes4"), 0);
+  EXPECT_EQ(periodsOf(catalogue, "固定资产总账", "CmdYes8"), 0) << "nothing was written";
+}
+
+TEST_F(FrmBBXSTest, endsTheProcessWhenNoHeightIsLeftForTheGrid) {
+  FrmBBXS& form = open(report());
+  form.resize(400, 1900 * form.logicalDpiY() / 1440);
+  settle();
+  EXPECT_EQ(endStatus(), -1);
+  dialogs.expectOk("实时错误 '380':\n无效属性值", Icon::Critical);
+  testing::internal::CaptureStderr();
+  form.resize(400, 1900 * form.logicalDpiY() / 1440 - 1);
+  settle();
+  testing::internal::GetCapturedStderr();
+  EXPECT_EQ(endStatus(), 1);
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -32,10 +32,11 @@ std::filesystem::path newErrorFile(const std::filesystem::path& home) {
 }
 
 [[noreturn]] void become(const std::string& program, const std::vector<std::string>& arguments,
-                         const std::filesystem::path& home) {
+                         const std::filesystem::path& home, const std::string& display) {
   ::setenv("TMPDIR", home.c_str(), 1);
   ::setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
-  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  ::setenv("QT_QPA_PLATFORM", display.empty() ? "offscreen" : "xcb", 1);
+  if (!display.empty()) ::setenv("DISPLAY", display.c_str(), 1);
   std::vector<char*> words{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
   words.push_back(nullptr);
@@ -46,7 +47,7 @@ std::filesystem::path newErrorFile(const std::filesystem::path& home) {
 }  // namespace
 
 ProgramRun::ProgramRun(const std::string& program, const std::vector<std::string>& arguments,
-                       const std::filesystem::path& home)
+                       const std::filesystem::path& home, const std::string& display)
     : errorFile_(newErrorFile(home)) {
   const Pipe input = newPipe();
   const Pipe output = newPipe();
@@ -57,7 +58,7 @@ ProgramRun::ProgramRun(const std::string& program, const std::vector<std::string
     ::dup2(input.reading, STDIN_FILENO);
     ::dup2(output.writing, STDOUT_FILENO);
     ::dup2(errors, STDERR_FILENO);
-    become(program, arguments, home);
+    become(program, arguments, home, display);
   }
   ::close(input.reading);
   ::close(output.writing);

@@ -19,8 +19,9 @@ struct ProgramResult {
 /// for.
 class ProgramRun {
  public:
+  /// `display` names an X server for the windows; without one they are drawn nowhere.
   ProgramRun(const std::string& program, const std::vector<std::string>& arguments,
-             const std::filesystem::path& home);
+             const std::filesystem::path& home, const std::string& display = {});
   ProgramRun(const ProgramRun&) = delete;
   ProgramRun& operator=(const ProgramRun&) = delete;
   ~ProgramRun();

@@ -7,10 +7,11 @@ namespace zelkor::catalogue {
 std::vector<TableDef> cardTables() {
   return {
       // A version's number is text that counts over all cards. It is no key: a sheet numbers its version
-      // behind
-      // the card's own newest one, and a later card can hold that number already. The second column is one
-      // that
-      // no version needs, since the method-change sheet copies the columns from the third on.
+      // behind the card's own newest one, and a later card can hold that number already. The second column
+      // is one that no version needs, since the method-change sheet copies the columns from the third on.
+      // Of the indexes that begin alike the last one made is taken: by sCardNum alone the versions of a
+      // card come in the order in which they were written, by sCardNum and sCardID in that of the text,
+      // 10 before 9.
       withZeroNumbers(moduleTable("fa_Cards", R"(
         sCardID(20)# sLockedBy sCardNum(20) sAssetNum(40) sAssetName(200) lOptID iOptType=1 iNewType
         sZWVoucherType(20) sZWVoucherNum(20) sDeptNum(255) sTypeNum(20) sOrgID(20) sOrgAddID(20) sStatusID(20)
@@ -23,7 +24,7 @@ std::vector<TableDef> cardTables() {
         dblTransInDeprTCard dblTransOutDeprTCard iVouchsNextMonthAct sTransTypeNum(20) sTransDepteNum(255)
         dblDecPreValueT dblRetDecPreValueT bMultiDept sDeptNames(255) dblOffsetTax sOrgDisposeID(20)
         sDisposeReason(255))",
-                                  {"sCardID", "sCardNum sCardID", "sTypeNum sAssetNum sCardNum",
+                                  {"sCardID", "sCardNum sCardID", "sCardNum", "sTypeNum sAssetNum sCardNum",
                                    "sDeptNum sTypeNum sCardNum", "sAssetNum", "lOptID"})),
       withZeroNumbers(moduleTable("fa_Cards_Detail", R"(
         sID:counter sCardID(20) sCardNum(20) sDeptNum(255) lOptID dDisposeDate iDisposePeriod dblValue

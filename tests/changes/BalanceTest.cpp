@@ -70,6 +70,15 @@ TEST_F(BalanceTest, TheSourceIsTheFirstRowOfTheCardAndTheNumberIsTheHighest) {
             "11|00001|1|1|11|李录入|~");
 }
 
+TEST_F(BalanceTest, TheFirstRowIsTheOldestVersionThoughItsNumberIsNotTheFirstText) {
+  execute("update fa_Cards set sCardID='9'");
+  saveGood(ChangeKind::OriginalValue);
+  EXPECT_EQ(rows("select sCardID from fa_Cards where sCardNum='00001'"), (Lines{"9", "10"}));
+  expectSaved(goodSheet());
+  EXPECT_EQ(row("select sCardID,dblValue,dblBV,lOptID,sVoucherNum from fa_Cards where sDeprMethodID='5'"),
+            "11|1000|50|1|~");
+}
+
 TEST_F(BalanceTest, NumbersFollowTheHighestSheet) {
   EXPECT_EQ(goodSheet().number + goodSheet().operationNumber + goodSheet().date, "0000112020-5-15");
   execute("insert into fa_Vouchers (sNum,lOptID) values ('00009',40)");

@@ -194,7 +194,9 @@ TEST(Catalogue, IndexesServeTheStatementsOfEveryCard) {
            {"select * from fa_Cards where sCardID='1'", "fa_Cards__sCardID (sCardID=?"},
            {"select top 1 * from fa_cards where scardnum='00001' order by sCardID desc",
             "fa_Cards__sCardNum_sCardID (sCardNum=?)"},
-           {"Select Top 1 * From FA_Cards Order by sCardNum Desc", "fa_Cards__sCardNum_sCardID"},
+           {"Select Top 1 * From FA_Cards Order by sCardNum Desc", "fa_Cards__sCardNum"},
+           // The first row of a card is its oldest version.
+           {"select * from fa_Cards where sCardNum='00001'", "fa_Cards__sCardNum (sCardNum=?)"},
            {"Select Top 1 * From FA_Cards Where sTypeNum='021' Order by sAssetNum Desc",
             "fa_Cards__sTypeNum_sAssetNum_sCardNum (sTypeNum=?)"},
            {"select max(lOptID) as a from FA_Cards", "fa_Cards__lOptID"},

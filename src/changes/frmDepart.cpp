@@ -161,8 +161,8 @@ void frmDepart::cmdScanf_Click(std::size_t row, std::size_t column) {
   } else if (column == kSubject) {
     frmPZCode picker(host());
     host().showModal(picker);
-    if (!picker.picked().code.empty())
-      at(row).subject = codeAndName(picker.picked().code, picker.picked().name);
+    const PickedSubject picked = picker.picked();
+    if (!picked.code.empty()) at(row).subject = codeAndName(picked.code, picked.name);
   } else {
     takeProject(row);
   }

@@ -10,10 +10,16 @@ frmPZCode::frmPZCode(FormHost& host, const Database& database) : frmSubjectPicke
   setSubjectData(database);
 }
 
+void frmPZCode::pick(const PickedSubject& picked) {
+  run().pickedSubject = picked;
+  taken_ = true;
+}
+
 void pickSubjectInto(FormHost& host, QLineEdit& field) {
   frmPZCode picker(host);
   host.showModal(picker);
-  if (!picker.picked().code.empty()) field.setText(toQt(picker.picked().code + "," + picker.picked().name));
+  const PickedSubject picked = picker.picked();
+  if (!picked.code.empty()) field.setText(toQt(picked.code + "," + picked.name));
 }
 
 bool checkSubjectField(RunContext& run, QLineEdit& field) {

@@ -14,15 +14,18 @@ class frmPZCode final : public frmSubjectPicker {
   explicit frmPZCode(FormHost& host);
   frmPZCode(FormHost& host, const Database& database);
 
-  /// What was picked last, here or in an earlier picker.
-  const PickedSubject& picked() { return run().pickedSubject; }
+  /// What was picked here, from the run; empty when the screen was left without a pick. A field that somebody
+  /// only looked at must not take the subject of an earlier pick.
+  PickedSubject picked() { return taken_ ? run().pickedSubject : PickedSubject(); }
 
  private:
-  void pick(const PickedSubject& picked) override { run().pickedSubject = picked; }
+  void pick(const PickedSubject& picked) override;
+
+  bool taken_ = false;
 };
 
-/// Lets a person pick a subject and writes it into the field as "code,name". After cancelling that is the
-/// subject that was picked last; the field stays as it is when there is none.
+/// Lets a person pick a subject and writes it into the field as "code,name". The field stays as it is when
+/// none is picked.
 void pickSubjectInto(FormHost& host, QLineEdit& field);
 
 /// Looks the field's subject up and writes it as "code,name". One that the chart does not have is reported

@@ -92,18 +92,29 @@ TEST_F(frmPZCodeTest, letsTheAnswerLiveOnUntilTheNextPick) {
   frmPZCode& cancelled = open();
   selectNode(cancelled, "TvCode", "1501 固定资产");
   click(cancelled, "cmdCancel");
-  EXPECT_EQ(cancelled.picked().code + "|" + cancelled.picked().content, "100201|100201 工行存款");
-  QLineEdit field;
-  inModalForm([](QWidget& picker) { click(picker, "cmdCancel"); });
-  pickSubjectInto(host, field);
-  EXPECT_EQ(field.text(), "100201,工行存款");
-  frmPZCode& nothing = open();
-  click(nothing, "cmdOK");
-  EXPECT_EQ(nothing.picked().code + nothing.picked().name, "");
-  field.setText("1501,固定资产");
-  inModalForm([](QWidget& picker) { click(picker, "cmdCancel"); });
-  pickSubjectInto(host, field);
-  EXPECT_EQ(field.text(), "1501,固定资产") << "nothing is picked any more";
+  EXPECT_EQ(context.pickedSubject.code + "|" + context.pickedSubject.content, "100201|100201 工行存款");
+  EXPECT_EQ(cancelled.picked().code, "") << "nothing was picked here";
+  click(open(), "cmdOK");
+  EXPECT_EQ(context.pickedSubject.code + context.pickedSubject.name, "");
+}
+
+TEST_F(frmPZCodeTest, writesIntoTheFieldWhatIsPickedForIt) {
+  const struct {
+    const char* node;
+    const char* button;
+    const char* field;
+  } cases[] = {{"100201 工行存款", "cmdOK", "100201,工行存款"},
+               {"1501 固定资产", "cmdCancel", "1502,累计折旧"},
+               {"资产", "cmdOK", "1502,累计折旧"}};
+  for (const auto& c : cases) {
+    QLineEdit field("1502,累计折旧");
+    inModalForm([&c](QWidget& picker) {
+      selectNode(picker, "TvCode", c.node);
+      click(picker, c.button);
+    });
+    pickSubjectInto(host, field);
+    EXPECT_EQ(field.text().toStdString(), c.field) << c.button;
+  }
 }
 
 TEST_F(frmPZCodeTest, showsTheFlagsAgainWhenASubjectIsClickedAgain) {

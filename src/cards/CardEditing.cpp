@@ -79,9 +79,9 @@ std::string startDateFault(CardMode mode, const std::string& text, DateTime oper
   return {};
 }
 
-/// The same for the figures, `text` in place of the one under edit.
-std::string valueFault(const CardSheet& sheet, CardField field, const std::string& text) {
-  const auto number = [&](CardField of) { return numberOf(of == field ? text : sheet.texts[of]); };
+/// The same for the figures.
+std::string valueFault(const CardSheet& sheet) {
+  const auto number = [&](CardField of) { return numberOf(sheet.texts[of]); };
   if (number(NetValue) > number(OriginalValue)) return "净值不能大于原值!";
   if (number(AccumulatedDepreciation) > number(OriginalValue)) return "累计折旧不能大于原值!";
   if (number(ResidualValue) > number(OriginalValue)) return "净残值不能大于原值!";
@@ -102,14 +102,17 @@ FieldEntry enterStartDate(CardSheet& sheet, std::string text, DateTime operating
   return {};
 }
 
+/// What follows from the figure is calculated before it is checked: depreciation must leave a net value that
+/// still covers the residual one.
 FieldEntry enterFigure(CardSheet& sheet, CardField field, std::string text) {
   if (field != NetValue) replaceEmpty(text);
-  std::string fault = valueFault(sheet, field, text);
-  if (!fault.empty()) return refused(std::move(fault), std::move(text));
-  sheet.texts[field] = std::move(text);
+  std::string before = std::exchange(sheet.texts[field], text);
   if (field == ResidualValue) Figures(sheet).residualRate();
   if (field == AccumulatedDepreciation) Figures(sheet).netValue();
-  return {};
+  std::string fault = valueFault(sheet);
+  if (fault.empty()) return {};
+  sheet.texts[field] = std::move(before);
+  return refused(std::move(fault), std::move(text));
 }
 
 FieldEntry enterOriginalValue(CardSheet& sheet, std::string text) {

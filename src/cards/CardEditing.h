@@ -16,7 +16,9 @@ struct FieldEntry {
   std::string boxText = {};  // what the box holds after a refusal
 };
 
-/// Takes the text into the field and calculates what follows from it; a refused text changes nothing.
+/// Takes the text into the field and calculates what follows from it. A refused text is not taken; the
+/// figures that were calculated from it before the check stay, until another text is entered or the edit
+/// given up.
 FieldEntry enterField(CardSheet& sheet, CardField field, std::string text, DateTime operatingDate);
 
 /// True for a subject of the chart that has none below it. `subject` is its code.

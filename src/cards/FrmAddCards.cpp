@@ -97,15 +97,14 @@ bool FrmAddCards::leaveField() {
   if (!editing_ || leaving_) return !editing_;
   const QString text = TxtEdit->text();
   if (arrival_ == Arrival::ByKeyboard && text == before_) {
-    closeEditor();
+    giveUpEdit();
     return true;
   }
   leaving_ = true;
   const FieldEntry entry = enterField(sheet_, *current_, fromQt(text), opArgs().OpDate());
-  if (entry.accepted) {
-    closeEditor();
-    showSheet();
-  } else {
+  if (entry.accepted) closeEditor();
+  showSheet();
+  if (!entry.accepted) {
     TxtEdit->setText(toQt(entry.boxText));
     if (!entry.message.empty()) refuse(entry.message);
     TxtEdit->setFocus();
@@ -120,6 +119,13 @@ void FrmAddCards::closeEditor() {
   editing_ = false;
   if (TxtEdit->hasFocus()) PicCard->setFocus();
   TxtEdit->hide();
+}
+
+/// Takes back what a refused text has changed in other fields.
+void FrmAddCards::giveUpEdit() {
+  sheet_ = untouched_;
+  closeEditor();
+  showSheet();
 }
 
 /// Goes on to the next field to fill in, behind the last one to the lists below the card.
@@ -268,7 +274,7 @@ bool FrmAddCards::enterPressed(QObject* control) {
 }
 
 void FrmAddCards::escapePressed() {
-  if (editing_) closeEditor();
+  if (editing_) giveUpEdit();
 }
 
 /// F2 and Down open the current field, in the way that a field of its kind opens.

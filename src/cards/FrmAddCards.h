@@ -69,6 +69,7 @@ class FrmAddCards final : public Form {
   /// Takes what stands in the editor; false when it was refused and the field stays under edit.
   bool leaveField();
   void closeEditor();
+  void giveUpEdit();
   void moveField(int step);
   void pick(CardField field);
   void pickEntry(CardField field, ArchiveKind kind);
@@ -102,7 +103,8 @@ class FrmAddCards final : public Form {
   CardSheet sheet_;
   std::vector<CardField> order_;
   std::optional<CardField> current_;
-  QString before_;  // what the editor was opened with
+  QString before_;       // what the editor was opened with
+  CardSheet untouched_;  // the card at that moment
   Arrival arrival_ = Arrival::ByClick;
   bool editing_ = false;
   bool leaving_ = false;

@@ -1,4 +1,5 @@
 #include <QBoxLayout>
+#include <QHeaderView>
 #include <QScrollArea>
 
 #include "cards/CardEditing.h"
@@ -107,6 +108,7 @@ QLayout* FrmAddCards::records() {
   SSTab1->setExpanding(false);
   LblTitle->setProperty("title", true);
   GridTmp->setFixedHeight(kRecordsHeight);
+  GridTmp->horizontalHeader()->setStretchLastSection(true);
   auto* list = column({SSTab1, LblTitle, GridTmp});
   list->setSpacing(4);
   return list;
@@ -156,6 +158,7 @@ void FrmAddCards::openEditor(const CardFieldPlace& place, Arrival arrival) {
   const bool digits = takesDigitsOnly(place.field);
   const std::size_t size = cardFieldSize(place.field);
   arrival_ = arrival;
+  untouched_ = sheet_;
   before_ = LblValue[static_cast<std::size_t>(place.field)]->text();
   TxtEdit->setValidator(digits ? figures_ : nullptr);
   constexpr int kAnyLength = 32767;

@@ -87,8 +87,14 @@ TEST(CardEditingTest, calculatesFromTheOtherFigures) {
     EXPECT_TRUE(enterField(sheet, c.field, c.typed, kMay15).accepted) << c.typed;
     EXPECT_EQ(sheet.texts[c.result], c.expected) << cardFieldLabel(c.field) << " " << c.typed;
   }
-  CardSheet worthless = sheetWith({{OriginalValue, "0"}, {NetValue, "0"}});
-  enterField(worthless, ResidualValue, "0", kMay15);
+}
+
+TEST(CardEditingTest, hasNoRateOfAnAssetWithoutValue) {
+  CardSheet worthless = sheetWith({{OriginalValue, "0"}, {NetValue, "0"}, {ResidualRate, "5%"}});
+  EXPECT_EQ(enterField(worthless, ResidualValue, "50", kMay15).message, "净残值不能大于原值!");
+  EXPECT_EQ(worthless.texts[ResidualRate] + worthless.texts[ResidualValue], "0%");
+  worthless.texts[ResidualRate] = "5%";
+  EXPECT_TRUE(enterField(worthless, ResidualValue, "0", kMay15).accepted);
   EXPECT_EQ(worthless.texts[ResidualRate], "0%");
 }
 
@@ -106,7 +112,9 @@ TEST(CardEditingTest, checksTheFiguresInTheirOrder) {
       {NetValue, "50", "0", "50.00", "1000", ""},
       {NetValue, "", "0", "0", "1000", ""},
       {AccumulatedDepreciation, "1000.0001", "0", "0", "1000", "累计折旧不能大于原值!"},
-      {AccumulatedDepreciation, "980", "0", "50", "1000", ""},  // the net value is still the old one
+      {AccumulatedDepreciation, "980", "0", "50", "1000", "净残值不能大于净值!"},  // 20 are left
+      {AccumulatedDepreciation, "950", "0", "50", "1000", ""},
+      {AccumulatedDepreciation, "100", "5000", "50", "-4000", ""},  // puts a wrong card right
       {ResidualValue, "1001", "0", "0", "1000", "净残值不能大于原值!"},
       {ResidualValue, "501", "500", "0", "500", "净残值不能大于净值!"},
       {ResidualValue, "500", "500", "0", "500", ""},

@@ -97,7 +97,7 @@ TEST_F(FrmAddCardsEditingTest, staysOnAFigureThatIsRefusedWhereverOneGoes) {
   press(form, "保存");
   expectWarning("累计折旧不能大于原值!");
   click(form, "CmdAddCards8");
-  EXPECT_EQ(shown(form, 20) + shown(form, 23), "0.001000.00");
+  EXPECT_EQ(shown(form, 20) + shown(form, 23), "0.00-0.01") << "calculated, but not taken";
   type(form, "TxtEdit", "400");
   leave(form);
   EXPECT_EQ(shown(form, 23), "600.00");
@@ -106,6 +106,29 @@ TEST_F(FrmAddCardsEditingTest, staysOnAFigureThatIsRefusedWhereverOneGoes) {
   leave(form);
   sendKey(editor(form), Qt::Key_Escape);
   EXPECT_EQ(shown(form, 23), "600.00");
+}
+
+TEST_F(FrmAddCardsEditingTest, takesBackWhatARefusedFigureHasChanged) {
+  FrmAddCards& form = openNew("021");
+  enter(form, 17, "1000");
+  enter(form, 19, "40");
+  ASSERT_EQ(shown(form, 18), "4.0%");
+  const auto refuse = [&](const std::string& residual) {
+    expectWarning("净残值不能大于原值!");
+    type(form, "TxtEdit", "2000");
+    leave(form);
+    EXPECT_EQ(shown(form, 18) + " " + shown(form, 19), "200.0% " + residual);
+  };
+  pressValue(form, 19);
+  refuse("40");
+  sendKey(editor(form), Qt::Key_Escape);
+  EXPECT_EQ(shown(form, 18) + " " + shown(form, 19), "4.0% 40");
+  enter(form, 18, "4");
+  ASSERT_TRUE(isEdited(form, 19)) << "reached by the keyboard";
+  refuse("40.00");
+  type(form, "TxtEdit", "40.00");
+  leave(form);
+  EXPECT_EQ(shown(form, 18) + " " + shown(form, 19), "4% 40.00");
 }
 
 TEST_F(FrmAddCardsEditingTest, calculatesOnLeaving) {

@@ -1,6 +1,8 @@
 #include "ui/clsDate.h"
 
 #include <QBoxLayout>
+#include <QPainter>
+#include <QPixmap>
 #include <QToolButton>
 #include <utility>
 
@@ -9,7 +11,25 @@ namespace {
 
 constexpr QSize kSmallest(330, 250);  // six weeks in full
 
-/// The year stands before the month, and the arrows look like the others.
+enum class Turn { Back, On };
+
+/// A light arrow for the dark bar; those of the style are dark.
+QIcon turnIcon(Turn turn) {
+  constexpr int kSize = 16;
+  constexpr int kScale = 2;  // drawn for screens of twice the density
+  QPixmap pixmap(kSize * kScale, kSize * kScale);
+  pixmap.setDevicePixelRatio(kScale);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const double tip = turn == Turn::Back ? 5.5 : 10.5;
+  const double open = kSize - tip;
+  painter.drawPolyline(QPolygonF({QPointF(open, 3), QPointF(tip, 8), QPointF(open, 13)}));
+  return pixmap;
+}
+
+/// The year stands before the month, and the arrows can be seen.
 void dressNavigation(QCalendarWidget& calendar) {
   auto* month = calendar.findChild<QToolButton*>("qt_calendar_monthbutton");
   auto* bar = calendar.findChild<QWidget*>("qt_calendar_navigationbar");
@@ -17,13 +37,11 @@ void dressNavigation(QCalendarWidget& calendar) {
   if (month && line) {
     line->removeWidget(month);
     line->insertWidget(line->count() - 2, month);
+    month->setStyleSheet("QToolButton::menu-indicator { image: none; }");
   }
-  for (const auto& [name, arrow] : {std::pair("qt_calendar_prevmonth", Qt::LeftArrow),
-                                    std::pair("qt_calendar_nextmonth", Qt::RightArrow)}) {
-    auto* button = calendar.findChild<QToolButton*>(name);
-    if (!button) continue;
-    button->setIcon(QIcon());
-    button->setArrowType(arrow);
+  for (const auto& [name, turn] :
+       {std::pair("qt_calendar_prevmonth", Turn::Back), std::pair("qt_calendar_nextmonth", Turn::On)}) {
+    if (auto* button = calendar.findChild<QToolButton*>(name)) button->setIcon(turnIcon(turn));
   }
 }
 

@@ -1,11 +1,19 @@
 #include "cards/frmCards.h"
 
 #include <QBoxLayout>
+#include <QHeaderView>
+#include <QScrollBar>
 
 #include "cards/CardPickerList.h"
 #include "ui/Layout.h"
 
 namespace zelkor {
+
+namespace {
+
+constexpr int kNameColumn = 2;
+
+}  // namespace
 
 using namespace layout;
 
@@ -30,6 +38,15 @@ void frmCards::showOnly(const std::string& cardNumber, const std::string& assetN
     cards.setRowHidden(row, !wanted);
   }
   mshTable_->setGrid(std::move(cards));
+}
+
+/// The name gets the room that the columns leave free.
+void frmCards::resizeEvent(QResizeEvent* event) {
+  Form::resizeEvent(event);
+  const int room =
+      mshTable_->width() - 2 * mshTable_->frameWidth() - mshTable_->verticalScrollBar()->sizeHint().width();
+  const int spare = room - mshTable_->horizontalHeader()->length();
+  if (spare > 0) mshTable_->setColumnWidth(kNameColumn, mshTable_->columnWidth(kNameColumn) + spare);
 }
 
 void frmCards::take(std::vector<std::size_t> rows) {

@@ -35,6 +35,7 @@ class frmCards final : public Form {
   QPushButton* Command2 = make<QPushButton>("Command2", "取消");
 
   void escapePressed() override { close(); }
+  void resizeEvent(QResizeEvent* event) override;
   void take(std::vector<std::size_t> rows);
 
   std::optional<std::size_t> moStrRow_;

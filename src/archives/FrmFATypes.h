@@ -15,19 +15,20 @@ class FrmFATypes final : public TreePicker {
  public:
   FrmFATypes(FormHost& host, ArchiveKind dispType);
 
-  /// What was chosen, "-1" each when the dialog was left without a choice: the entry's name, its code, and
-  /// its code again as the number that a later call preselects.
-  const std::string& RetName() const { return retName_; }
-  const std::string& RetValue() const { return retValue_; }
-  const std::string& AssetTypeID() const { return assetTypeID_; }
+  // What was chosen is "-1" each when the dialog was left without a choice.
 
+  const std::string& RetName() const { return retName_; }
   ArchiveKind DispType() const { return dispType_; }
   void setDispType(ArchiveKind dispType);
   const ClsOpArgs& oClsOpArgs() const { return opArgs_; }
   /// Shows the archives of another data file.
   void setoClsOpArgs(const ClsOpArgs& opArgs);
+  /// Code of the chosen entry, as the number that a later call preselects.
+  const std::string& AssetTypeID() const { return assetTypeID_; }
   /// The entry that is selected at first.
   void setAssetTypeID(const std::string& code);
+  /// Code of the chosen entry.
+  const std::string& RetValue() const { return retValue_; }
 
  private:
   void load();

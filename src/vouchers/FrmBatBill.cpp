@@ -80,7 +80,7 @@ void FrmBatBill::connectEvents() {
   on(MSFlexGridSZ, &FlexGrid::rowOpened, &FrmBatBill::editSubject);
   on(subjectInput_, &CellEditor::committed, &FrmBatBill::takeSubject);
   on(subjectInput_, &CellEditor::entered, [this](std::size_t row, std::size_t) { goOnBehind(row); });
-  on(subjectInput_, &CellEditor::buttonPressed, [this] { CmdKM_Click(); });
+  on(subjectInput_, &CellEditor::buttonPressed, [this](std::size_t row, std::size_t) { CmdKM_Click(row); });
   on(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, &FrmBatBill::refresh);
   on(openingKey(MSFlexGridXZ), &QShortcut::activated,
      [this] { editMergeNumber(MSFlexGridXZ->currentGridRow().value_or(0)); });
@@ -198,11 +198,13 @@ void FrmBatBill::goOnBehind(std::size_t row) {
   editSubject(refused_ == row ? row : row + 1);
 }
 
-void FrmBatBill::CmdKM_Click() {
+void FrmBatBill::CmdKM_Click(std::size_t row) {
   frmPZCode picker(host());
   host().showModal(picker);
-  if (!picker.picked().code.empty()) subjectInput_->setText(toQt(picker.picked().code));
+  if (picker.picked().code.empty()) return;
+  subjectInput_->setText(toQt(picker.picked().code));
   subjectInput_->commit();
+  goOnBehind(row);
 }
 
 }  // namespace zelkor

@@ -38,7 +38,7 @@ class FrmBatBill final : public Form {
   void Toolbar1_ButtonClick(const QString& caption);
   void SSTab1_Click();
   void MSFlexGridXZ_Click();
-  void CmdKM_Click();
+  void CmdKM_Click(std::size_t row);
   void ToolPZ();
 
   void makeVoucher();

@@ -10,8 +10,9 @@ void readMonth(Database& data, CardWorkload& card, int month) {
       data.OpenRecordset(sql("select * from fa_WorkLoad where sCardNum='", card.cardNum, "'"));
   if (row.Eof()) return;
   card.work = row.Fields(sql("dblWork", month)).numberOrZero();
-  const double before = month > 1 ? row.Fields(sql("dblWorkT", month - 1)).numberOrZero() : 0;
-  if (before != 0) card.before = before;
+  for (int m = month - 1; m >= 1 && card.before == 0; --m) {
+    card.before = row.Fields(sql("dblWorkT", m)).numberOrZero();
+  }
 }
 
 }  // namespace
@@ -19,8 +20,8 @@ void readMonth(Database& data, CardWorkload& card, int month) {
 std::vector<CardWorkload> workloadCards(Database& data, int month) {
   std::vector<CardWorkload> cards;
   Recordset rows = data.OpenRecordset(
-      "select a.sCardNum,a.sAssetName,a.sWorkUnit,a.dblCanWork,a.dblCanWorkAct,b.sName from fa_Cards a left "
-      "join fa_Depreciations b on a.sDeprMethodID=b.sID order by a.sCardNum,val(a.sCardID) desc");
+      "select a.sCardNum,a.sAssetName,a.sWorkUnit,a.dblCanWork,b.sName from fa_Cards a left join "
+      "fa_Depreciations b on a.sDeprMethodID=b.sID order by a.sCardNum,val(a.sCardID) desc");
   std::string lastCard;
   for (; !rows.Eof(); rows.MoveNext()) {
     const std::string cardNum = rows.TextOrEmpty("sCardNum");
@@ -28,8 +29,7 @@ std::vector<CardWorkload> workloadCards(Database& data, int month) {
     lastCard = cardNum;
     if (rows.TextOrEmpty("sName") != "工作量法") continue;
     cards.push_back({cardNum, rows.TextOrEmpty("sAssetName"), rows.TextOrEmpty("sWorkUnit"),
-                     rows.Fields("dblCanWork").numberOrZero(), rows.Fields("dblCanWorkAct").numberOrZero(),
-                     0});
+                     rows.Fields("dblCanWork").numberOrZero(), 0, 0});
   }
   for (CardWorkload& card : cards) readMonth(data, card, month);
   return cards;

@@ -14,12 +14,13 @@ struct CardWorkload {
   std::string assetName;
   std::string unit;
   double total = 0;   // over the asset's whole life
-  double before = 0;  // done at the end of the month before
+  double before = 0;  // done before the month
   double work = 0;    // in the month
 };
 
 /// The newest version of each card whose method is named "工作量法", by card number. What was done before is
-/// the month before's accumulated work; without one, what the card was entered with.
+/// the accumulated work of the year's last month with any; a card keeps none of what was done before its
+/// entry.
 std::vector<CardWorkload> workloadCards(Database& data, int month);
 
 /// Writes a card's work of the month and the accumulated work at its end.

@@ -20,7 +20,7 @@ class frmGZLTest : public FormTest {
         "insert into fa_Cards (sCardID,sCardNum,sAssetName,sDeprMethodID,dblCanWork,dblCanWorkAct,sWorkUnit) "
         "values "
         "('" +
-        id + "','" + card + "','车床','" + method + "'," + total + ",25,'小时')");
+        id + "','" + card + "','车床','" + method + "'," + total + "," + total + ",'小时')");
   }
   std::string stored(const std::string& card) {
     return row("select dblWork5,dblWorkT5,dblWorkT4 from fa_WorkLoad where sCardNum='" + card + "'");
@@ -47,10 +47,10 @@ TEST_F(frmGZLTest, storesTheWorkOfTheMonth) {
             "工作总量累计工作量工作量单位");
   enterWork(form, "1,2.e5x", Qt::Key_Return);
   enterWork(form, "7", Qt::Key_Return);
-  EXPECT_EQ(textOf(form, "txtLJ"), "32.00") << "25 on the card, 7 in the month";
+  EXPECT_EQ(textOf(form, "txtLJ"), "7.00") << "the first work of this card";
   click(form, "cmdOK");
   EXPECT_EQ(stored("00001"), "12.5|352.5|340");
-  EXPECT_EQ(stored("00002"), "7|32|0");
+  EXPECT_EQ(stored("00002"), "7|7|0");
   EXPECT_FALSE(form.isVisible());
   EXPECT_EQ(endStatus(), -1);
 }

@@ -1,4 +1,5 @@
 #include "cards/CardList.h"
+#include "cards/CardTree.h"
 #include "cards/ClsBLLManageCards.h"
 #include "support/AccountSetFixture.h"
 
@@ -141,6 +142,18 @@ TEST(CardListCaptionTest, namesTheNodeOrTheFilterAndTheCount) {
   EXPECT_EQ(cardListCaption("", CardFilter::Disposed, 0), "卡片管理 卡片[已减少资产  ](共计卡片0张)");
   EXPECT_EQ(cardListCaption("一车间", CardFilter::InService, 3),
             "卡片管理 卡片[一车间  在役资产](共计卡片3张)");
+}
+
+TEST_F(CardListTest, listsTheCardsOfFiveThousandDepartments) {
+  for (int i = 0; i < 5000; ++i) {
+    execute("insert into fa_Departments (sNum,sName,sParentNum,lChilds) values ('9" + std::to_string(i) +
+            "','车间','9',0)");
+  }
+  addVersion("1", "00001");
+  addVersion("2", "00002");
+  execute("update fa_Cards set sDeptNum='94999' where sCardNum='00002'");
+  const auto condition = cardTreeCondition(cards, {CardQuery::ByDepartment, "9", "总厂", 5000});
+  EXPECT_EQ(listed(condition.value()), (Listed{"00002 100.00", "合计： 100.00"}));
 }
 
 }  // namespace

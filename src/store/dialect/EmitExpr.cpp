@@ -26,6 +26,16 @@ class Parentheses {
   bool needed_;
 };
 
+/// An engine reads a chain without parentheses as a tree as deep as the chain is long, and that has a limit.
+constexpr std::size_t kLongestChain = 200;
+
+/// How many expressions the operator joins there.
+std::size_t chainLength(const Node& node, BinaryKind kind) {
+  const auto* binary = std::get_if<bound::Binary>(&node.node);
+  if (!binary || binary->kind != kind) return 1;
+  return chainLength(*binary->left, kind) + chainLength(*binary->right, kind);
+}
+
 }  // namespace
 
 int Emitter::precedenceOf(BinaryKind kind) {
@@ -177,7 +187,9 @@ void Emitter::node(const bound::Unary& unary, int precedence) {
 void Emitter::binary(const bound::Binary& node, int precedence) {
   const int own = precedenceOf(node.kind);
   const Parentheses parentheses(out_, precedence > own);
-  const bool chains = own == Or || own == And || node.kind == BinaryKind::Concatenate;
+  const bool logical = own == Or || own == And;
+  const bool chains = (logical && chainLength(*node.right, node.kind) <= kLongestChain) ||
+                      node.kind == BinaryKind::Concatenate;
   expr(*node.left, own == Comparison ? own + 1 : own);
   out_ += signOf(node.kind);
   expr(*node.right, chains ? own : own + 1);

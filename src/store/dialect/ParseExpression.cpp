@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "store/dialect/ParserImpl.h"
@@ -88,6 +90,15 @@ Expr make(Node node) {
   return expr;
 }
 
+/// The expressions in their order, as a tree whose halves weigh the same.
+Expr joined(BinaryOp op, std::span<Expr> expressions) {
+  if (expressions.size() == 1) return std::move(expressions.front());
+  const std::size_t half = (expressions.size() + 1) / 2;
+  Expr left = joined(op, expressions.first(half));
+  Expr right = joined(op, expressions.subspan(half));
+  return make(Binary{op, std::move(left), std::move(right)});
+}
+
 }  // namespace
 
 Expr StatementParser::loneExpression() {
@@ -119,9 +130,30 @@ bool StatementParser::binary(Expr& left, int minimum) {
     left = quantified(found->op, std::move(left));
     return true;
   }
+  if (found->op == BinaryOp::And || found->op == BinaryOp::Or) {
+    left = chain(found->op, found->strength, std::move(left));
+    return true;
+  }
   Expr right = expression(found->strength + 1);
   left = make(Binary{found->op, std::move(left), std::move(right)});
   return true;
+}
+
+/// Conditions joined by one operator, of which the first has been read. A list of all departments is one such
+/// chain; it hangs up evenly, so that its length does not count as depth.
+Expr StatementParser::chain(BinaryOp op, int strength, Expr first) {
+  const Keyword link = op == BinaryOp::And ? Keyword::And : Keyword::Or;
+  const std::size_t before = operators();
+  std::size_t deepest = before;
+  std::vector<Expr> conditions;
+  conditions.push_back(std::move(first));
+  do {
+    returnToOperators(before);
+    conditions.push_back(expression(strength + 1));
+    deepest = std::max(deepest, operators());
+  } while (accept(link));
+  returnToOperators(deepest);
+  return joined(op, conditions);
 }
 
 Expr StatementParser::prefixed() {

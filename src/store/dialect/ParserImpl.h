@@ -32,6 +32,7 @@ class StatementParser : private ParserBase {
   Expr exists();
   bool predicate(Expr& left);
   bool binary(Expr& left, int minimum);
+  Expr chain(BinaryOp op, int strength, Expr first);
   Expr like(Expr value, bool negated);
   Expr between(Expr value, bool negated);
   Expr in(Expr value, bool negated);

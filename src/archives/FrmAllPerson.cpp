@@ -1,5 +1,7 @@
 #include "archives/FrmAllPerson.h"
 
+#include <QHeaderView>
+
 #include "archives/DepartArchive.h"
 #include "ui/Layout.h"
 
@@ -9,6 +11,7 @@ using namespace layout;
 
 FrmAllPerson::FrmAllPerson(FormHost& host) : Form(host, "FrmAllPerson", "职员", Unload::Plain) {
   arrange(this, column({wide(GridPerson), row({stretch(), CmdOK, CmdCancel})}));
+  GridPerson->horizontalHeader()->setStretchLastSection(true);
   resize(460, 400);
   on(GridPerson, &FlexGrid::rowSelected, &FrmAllPerson::GridPerson_RowColChange);
   on(GridPerson, &FlexGrid::rowOpened, [this](std::size_t row) {

@@ -1,6 +1,7 @@
 #include "archives/FrmDepartPzCode.h"
 
 #include <QBoxLayout>
+#include <QHeaderView>
 #include <QSignalBlocker>
 
 #include "archives/DepartArchive.h"
@@ -49,6 +50,7 @@ void FrmDepartPzCode::arrangeControls() {
 void FrmDepartPzCode::connectEvents() {
   on(Toolbar1, &Toolbar::ButtonClick, &FrmDepartPzCode::Toolbar1_ButtonClick);
   on(TvLeft, &QTreeWidget::currentItemChanged, &FrmDepartPzCode::TvLeft_NodeClick);
+  MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   on(MSFlexGrid1, &FlexGrid::rowSelected,
      [this](std::size_t row) { showDetails(MSFlexGrid1->grid().text(row, 0)); });
   on(MSFlexGrid1, &FlexGrid::rowOpened, [this] { SSTab1->setCurrentIndex(kDetailTab); });

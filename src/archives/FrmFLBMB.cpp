@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QAction>
+#include <QHeaderView>
 #include <QSignalBlocker>
 
 #include "archives/AssetTypeList.h"
@@ -29,6 +30,7 @@ FrmFLBMB::FrmFLBMB(FormHost& host) : Form(host, "FrmFLBMB", "类别编码表", U
 void FrmFLBMB::connectEvents() {
   on(Toolbar1, &Toolbar::ButtonClick, &FrmFLBMB::Toolbar1_ButtonClick);
   on(TvLeft, &QTreeWidget::currentItemChanged, &FrmFLBMB::TvLeft_NodeClick);
+  MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   on(MSFlexGrid1, &FlexGrid::rowSelected, &FrmFLBMB::MSFlexGrid1_RowColChange);
   on(MSFlexGrid1, &FlexGrid::rowOpened, &FrmFLBMB::MSFlexGrid1_DblClick);
   onLeaving(TxtZJFF, &FrmFLBMB::TxtZJFF_Validate);

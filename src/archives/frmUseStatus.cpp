@@ -1,6 +1,7 @@
 #include "archives/frmUseStatus.h"
 
 #include <QBoxLayout>
+#include <QHeaderView>
 #include <QSignalBlocker>
 
 #include "base/Text.h"
@@ -62,6 +63,7 @@ void frmUseStatus::arrangeControls() {
 void frmUseStatus::connectEvents() {
   on(Toolbar1, &Toolbar::ButtonClick, &frmUseStatus::Toolbar1_ButtonClick);
   on(TreeView1, &QTreeWidget::currentItemChanged, &frmUseStatus::TreeView1_NodeClick);
+  MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   on(MSFlexGrid1, &FlexGrid::rowSelected,
      [this](std::size_t row) { show(MSFlexGrid1->grid().text(row, kIDColumn)); });
   on(MSFlexGrid1, &FlexGrid::rowOpened, [this] { TabStrip1->setCurrentIndex(kSingleView); });

@@ -1,5 +1,7 @@
 #include "changes/frmCardDetail.h"
 
+#include <QHeaderView>
+
 #include "ui/Layout.h"
 
 namespace zelkor {
@@ -11,6 +13,7 @@ frmCardDetail::frmCardDetail(FormHost& host, TextGrid cards)
   const std::size_t count = cards.rows() - cards.headerRows();
   mshTable->setGrid(std::move(cards));
   mshTable->fitColumns();
+  mshTable->horizontalHeader()->setStretchLastSection(true);
   auto* told = note("共 " + QString::number(count) + " 张卡片，双击或按回车键选择。");
   arrange(this, column({wide(mshTable), row({told, stretch(), cmdOK, Command2})}));
   resize(860, 480);

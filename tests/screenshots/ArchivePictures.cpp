@@ -27,6 +27,9 @@ void showDepartments(Stage& stage) {
   press(form, "修改");
   form.findChild<QLineEdit*>("TxtEdit6")->setText("两班制");
   stage.keep(form, "FrmDepartment-edit");
+  stage.data().Execute(
+      "update fa_departments set sSubjectNum='550202',sSubjectName='折旧费' where sNum<>'&'");
+  stage.data().Execute("update fa_departments set sSubjectNum='410502' where sNum like '3*'");
   FrmDepartPzCode& subjects = stage.open<FrmDepartPzCode>();
   stage.keep(subjects, "FrmDepartPzCode-list");
   selectNode(subjects, "(301)一车间");

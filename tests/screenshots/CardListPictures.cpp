@@ -39,6 +39,7 @@ constexpr std::array kAssets = {
     Asset{"工具柜", "", "05", "303", 60, 950},
     Asset{"会议桌椅", "", "06", "7", 60, 18600},
 };
+constexpr int kFirstCard = 2;  // the editor's picture has stored the first
 constexpr int kCards = 30;
 
 CardValues cardOf(const Asset& asset, int number) {
@@ -70,8 +71,8 @@ void enterCards(Stage& stage) {
   const RunContext& run = stage.host().run();
   ClsBLLFACards store(run);
   store.setZkDataPath(run.gstrZtFile);
-  for (int number = 1; number <= kCards; ++number) {
-    const Asset& asset = kAssets[static_cast<std::size_t>(number - 1) % kAssets.size()];
+  for (int number = kFirstCard; number < kFirstCard + kCards; ++number) {
+    const Asset& asset = kAssets[static_cast<std::size_t>(number - kFirstCard) % kAssets.size()];
     CardValues card = cardOf(asset, number);
     if (!store.SaveNewCard(card, 1, NewCardType::Original, CardLayout::Ordinary)) {
       throw std::runtime_error("a sample card was not saved");
@@ -88,7 +89,8 @@ void showList(Stage& stage) {
   form.findChild<QTreeWidget*>()->currentItem()->setExpanded(true);
   stage.keep(form, "FrmManageCards-department");
   form.findChild<QComboBox*>("cmbType")->setCurrentText("按类别查询");
-  form.findChild<QComboBox*>("cmbFA")->setCurrentText("已减少资产");
+  form.findChild<QComboBox*>("cmbFA")->setCurrentText("在役资产");
+  selectNode(form, "02 机器设备(2)");
   stage.keep(form, "FrmManageCards-category");
 }
 

@@ -1,11 +1,37 @@
+#include <string>
+#include <vector>
+
+#include "depreciation/CalcCardDepr.h"
 #include "depreciation/frmGZL.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
+#include "depreciation/Workload.h"
 #include "screenshots/Pictures.h"
 #include "ui/ProgressBox.h"
 
 namespace zelkor {
 namespace {
+
+/// The fork lifts go by the hour.
+void enterWorkload(Stage& stage) {
+  stage.data().Execute(
+      "update fa_Cards set sDeprMethodID='4',dblCanWork=9600,sWorkUnit='小时' where "
+      "sAssetName='电动叉车'");
+  const int month = stage.host().run().period();
+  double work = 168;
+  for (const CardWorkload& card : workloadCards(stage.data(), month)) {
+    storeWorkload(stage.data(), card.cardNum, month, work, card.before + work);
+    work -= 20;
+  }
+}
+
+/// The month's depreciation of every card, as the run leaves it.
+void depreciate(Stage& stage) {
+  std::vector<std::string> cards;
+  Recordset rows = stage.data().OpenRecordset("select distinct sCardNum from fa_Cards");
+  for (; !rows.Eof(); rows.MoveNext()) cards.push_back(rows.TextOrEmpty("sCardNum"));
+  for (const std::string& card : cards) CalcCardDepr(stage.host().run(), card);
+}
 
 void showDepreciation(Stage& stage) {
   stage.keep(stage.open<frmZJQD>(), "frmZJQD");
@@ -22,6 +48,8 @@ void showLongJob(Stage& stage) {
 }  // namespace
 
 void takeDepreciationPictures(Stage& stage) {
+  enterWorkload(stage);
+  depreciate(stage);
   showDepreciation(stage);
   showLongJob(stage);
 }

@@ -7,6 +7,7 @@ namespace zelkor {
 namespace {
 
 constexpr std::string_view kKeyBeginning = "t";
+constexpr const char* kDirection = "cDirection";
 constexpr std::size_t kDirectionColumn = 4;
 constexpr int kWidths[] = {1500, 3600, 1100, 1400, 900};
 
@@ -22,6 +23,14 @@ std::string groupTable(Database& data, std::string_view classNumber) {
   const Recordset projectClass =
       data.OpenRecordset(sql("select * from fitem where citem_class='", classNumber, "'"));
   return projectClass.Eof() ? std::string() : projectClass.TextOrEmpty("cClasstable");
+}
+
+/// Not every class keeps a direction with its projects.
+bool hasDirection(const Recordset& projects) {
+  for (std::size_t i = 0; i < projects.FieldCount(); ++i) {
+    if (equalsIgnoringCase(projects.FieldName(i), kDirection)) return true;
+  }
+  return false;
 }
 
 bool meets(const std::string& cell, const std::string& sought, ProjectMatch match) {
@@ -72,9 +81,10 @@ TextGrid projectList(Database& data, std::string_view classNumber) {
   grid.setHeader("项目编码|项目名称|是否结算|所属分类码|方向");
   for (std::size_t i = 0; i < std::size(kWidths); ++i) grid.setColumnWidth(i, kWidths[i]);
   Recordset projects = data.OpenRecordset(sql("select * from fitemss", classNumber, " order by citemcode"));
+  const bool keepsDirection = hasDirection(projects);
   bool directed = false;
   for (; !projects.Eof(); projects.MoveNext()) {
-    const std::string direction = projects.TextOrEmpty("cDirection");
+    const std::string direction = keepsDirection ? projects.TextOrEmpty(kDirection) : "";
     directed = directed || !direction.empty();
     grid.addRow({projects.TextOrEmpty("citemcode"), projects.TextOrEmpty("citemname"),
                  projects.Fields("bclose").numberOrZero() == 0 ? "否" : "是",

@@ -31,14 +31,18 @@ class frmProjectTest : public FormTest {
 
 TEST_F(frmProjectTest, showsTheProjectsOfAClassAndOfAGroup) {
   execute("insert into fitem (citem_class,citem_name) values ('01','科研项目')");
+  execute("insert into fitem (citem_class,citem_name) values ('02','技改项目')");
+  execute("create table fitemss02 (citemcode text(20), citemname text(60), bclose bit, citemccode text(20))");
+  execute("insert into fitemss02 (citemcode,citemname,citemccode) values ('T1','节能','1')");
   execute(
       "create table fitemss01 (citemcode text(20), citemname text(60), bclose bit, citemccode text(20), "
       "cDirection text(10))");
   execute(
       "insert into fitemss01 (citemcode,citemname,citemccode,cDirection) values ('A1','材料','2','流入')");
   const frmProject& form = host.show<frmProject>();
-  EXPECT_EQ(nodesOf(form, "TreeView1"), (std::vector<std::string>{"项目大类", "  工程项目", "    土建工程",
-                                                                  "    安装工程", "  科研项目"}));
+  EXPECT_EQ(nodesOf(form, "TreeView1"),
+            (std::vector<std::string>{"项目大类", "  工程项目", "    土建工程", "    安装工程", "  科研项目",
+                                      "  技改项目"}));
   EXPECT_EQ(shownIn(form), "01 02 03 04 ");
   EXPECT_EQ(headingOf(form), "项目编码|项目名称|是否结算|所属分类码|");
   EXPECT_EQ(textsOf(control<FlexGrid>(form, "MSFG1").grid()).at(4),
@@ -48,8 +52,11 @@ TEST_F(frmProjectTest, showsTheProjectsOfAClassAndOfAGroup) {
   selectNode(form, "TreeView1", "科研项目");
   EXPECT_EQ(shownIn(form), "A1 ");
   EXPECT_EQ(headingOf(form), "项目编码|项目名称|是否结算|所属分类码|方向|");
+  selectNode(form, "TreeView1", "技改项目");
+  EXPECT_EQ(shownIn(form), "T1 ");
+  EXPECT_EQ(headingOf(form), "项目编码|项目名称|是否结算|所属分类码|") << "its table has no direction";
   selectNode(form, "TreeView1", "工程项目");
-  EXPECT_EQ(nodesOf(form, "TreeView1").size(), 5u) << "groups come in once";
+  EXPECT_EQ(nodesOf(form, "TreeView1").size(), 6u) << "groups come in once";
 }
 
 TEST_F(frmProjectTest, locatesByTheKindOfMatch) {

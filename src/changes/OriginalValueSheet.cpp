@@ -43,8 +43,8 @@ void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
   addVersion(saving, keysBehind(saving.card, 1),
              {{"dblValue", sheet.after.text}, {"dblBV", sheet.residualAfter}});
-  addSheet(saving, ChangeKind::OriginalValue, nextSheetOptID(saving.database), sheet.before.text,
-           sheet.after.text);
+  const std::int32_t sheetOptID = operationBehind(saving.database, "select max(lOptID) from fa_vouchers");
+  addSheet(saving, ChangeKind::OriginalValue, sheetOptID, sheet.before.text, sheet.after.text);
   addRegisterRow(saving);
 }
 

@@ -36,7 +36,7 @@ std::optional<CardVersion> newestVersion(Database& database, const CardSearch& s
 
 std::optional<CardVersion> newestDepreciated(Database& database, const CardSearch& search) {
   return firstVersion(
-      database, sql("select * from  fa_cards a  Where a.sCardID in ( Select  Top 1 sCardID From fa_cards"
+      database, sql("select *  from  fa_cards a   Where a.sCardID in ( Select  Top 1 sCardID From fa_cards"
                     " Where fa_cards.sCardNum = a.sCardNum And  fa_cards.dblTransInDeprTCard<>0"
                     " Order By sCardID Desc) And  a.",
                     search.column, "='", search.number, "'"));

@@ -45,8 +45,8 @@ VersionKeys keysBehindAll(Database& database, int optType) {
   return {sql(next), next, optType};
 }
 
-std::int32_t nextSheetOptID(Database& database) {
-  const Recordset highest = database.OpenRecordset("select max(lOptID) from fa_vouchers");
+std::int32_t operationBehind(Database& database, std::string_view statement) {
+  const Recordset highest = database.OpenRecordset(statement);
   return CLng(highest.Fields(std::size_t{0}).numberOrZero() + 1);
 }
 

@@ -42,8 +42,8 @@ VersionKeys keysBehind(const CardVersion& card, int optType);
 /// The keys behind the highest sCardID of the table, lOptID being the same number.
 VersionKeys keysBehindAll(Database& database, int optType);
 
-/// The operation number behind the highest of the sheets.
-std::int32_t nextSheetOptID(Database& database);
+/// The operation number behind the highest one, which the statement asks for; Null counts as 0.
+std::int32_t operationBehind(Database& database, std::string_view statement);
 
 /// Adds a copy of the version shown that differs in its keys, in what every sheet sets, and in `values`.
 void addVersion(const SheetSaving& saving, const VersionKeys& keys, const ColumnValues& values);

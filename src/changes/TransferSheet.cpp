@@ -78,7 +78,7 @@ void addVersions(const SheetSaving& saving, const TransferKeys& keys) {
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
   const TransferKeys keys = nextKeys(saving);
-  const std::int32_t sheetOptID = nextSheetOptID(saving.database);
+  const std::int32_t sheetOptID = operationBehind(saving.database, "select max(lOptID) from fa_Vouchers");
   addVersions(saving, keys);
   addSheet(saving, ChangeKind::Transfer, sheetOptID, sheet.before.text, sheet.after.text,
            {{"sSiteAfter", sheet.siteAfter}});

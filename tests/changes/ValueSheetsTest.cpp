@@ -170,6 +170,18 @@ TEST_F(SheetTest, AccumulatedDepreciationNeedsAReasonAndANumber) {
   EXPECT_EQ(touchedTables(before, snapshotOf(db())), Lines());
 }
 
+TEST_F(SheetTest, AFailureAtTheFirstStatementBehindTheCommitLeavesOutTheSecond) {
+  execute("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblDeprTotal) values ('301','021',5,1)");
+  bare(
+      "CREATE TRIGGER zk_fail BEFORE UPDATE ON fa_DeprTransactions BEGIN SELECT RAISE(ABORT,'injected'); "
+      "END");
+  ChangeSheets corrections = sheets(ChangeKind::AccumulatedDepr);
+  EXPECT_EQ(corrections.save(goodSheet(corrections)).outcome, Outcome::Failed);
+  EXPECT_EQ(sheetRows().size(), 1U);
+  EXPECT_EQ(row("select dblDeprT6 from fa_DeprTransactions"), "0");
+  EXPECT_EQ(row("select dblDeprTotal from fa_Total"), "1");
+}
+
 TEST_F(SheetTest, AFailureBehindTheCommitLeavesTheSheet) {
   execute("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblDeprTotal) values ('301','021',5,1)");
   bare("CREATE TRIGGER zk_fail BEFORE UPDATE ON fa_Total BEGIN SELECT RAISE(ABORT,'injected'); END");

@@ -19,6 +19,7 @@ using namespace layout;
 constexpr std::size_t kFolderKeyLength = 2;
 constexpr std::size_t kReportKeyLength = 3;
 constexpr int kKeyRole = Qt::UserRole;
+constexpr int kIconSize = 16;
 
 std::vector<TreeRow> catalogueTree() {
   const std::string root(catalogueRootKey);
@@ -45,8 +46,9 @@ void FrmBB::arrangeControls() {
   setReportCommands(*tbToolBar, {"打开", "退出"});
   dressTree(*TreeView1);
   ListView1->setSpacing(2);
-  arrangeScreen(this, tbToolBar, column({wide(panes(TreeView1, 300, ListView1, 660))}));
-  resize(1020, 600);
+  ListView1->setIconSize(QSize(kIconSize, kIconSize));
+  arrangeScreen(this, tbToolBar, column({wide(panes(TreeView1, 300, ListView1, 740))}));
+  resize(1100, 600);
 }
 
 void FrmBB::loadCatalogue() {

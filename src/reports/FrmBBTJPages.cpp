@@ -84,8 +84,8 @@ void FrmBBTJ::arrangePages() {
 }
 
 void FrmBBTJ::arrangePage(std::size_t page, const char* frameName, QLayout* conditions) {
-  QLayout* body =
-      column({frame("", conditions, frameName), stretch(), row({stretch(), CmdYes[page], CmdCancel[page]})});
+  QLayout* body = column({wide(frame("", column({conditions, stretch()}), frameName)),
+                          row({stretch(), CmdYes[page], CmdCancel[page]})});
   Picture1[page]->setLayout(body);
 }
 

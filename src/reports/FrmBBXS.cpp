@@ -20,6 +20,7 @@ using namespace layout;
 constexpr int kAboveGrid = 1900;  // twips that the form has beside the grid's height
 constexpr int kCaptionWidth = 300;
 constexpr int kCaptionGap = 24;
+constexpr int kLineGap = 4;
 constexpr int kInvalidPropertyValue = 380;
 constexpr int kCellPadding = 8;
 constexpr int kWidestCell = 360;
@@ -64,11 +65,13 @@ void FrmBBXS::arrangePanel(const ReportView& view) {
   auto* lines = new QGridLayout(Picture1);
   lines->setContentsMargins(0, 0, 0, 0);
   lines->setHorizontalSpacing(kCaptionGap);
+  lines->setVerticalSpacing(kLineGap);
   lines->setColumnMinimumWidth(0, kCaptionWidth);
   lines->setColumnStretch(1, 1);
   for (const int line : {0, 1}) lines->setRowMinimumHeight(line, Combo1->sizeHint().height());
+  Picture1->setFixedHeight(2 * Combo1->sizeHint().height() + lines->verticalSpacing());
   lines->addWidget(Label1[0], 0, 0);
-  lines->addLayout(row({Label3, Combo1, Command[0], Command[1], Command[2], Command[3], stretch()}), 0, 1);
+  lines->addLayout(row({Label3, Combo1, stretch(), Command[0], Command[1], Command[2], Command[3]}), 0, 1);
   lines->addWidget(Label1[1], 1, 0);
   lines->addWidget(Label1[2], 1, view.secondLineMovedUp ? 0 : 1);
 }

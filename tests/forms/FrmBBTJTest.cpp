@@ -1,3 +1,6 @@
+#include <QRegularExpression>
+
+#include "reports/ConditionPages.h"
 #include "reports/FrmBBTJ.h"
 #include "support/Widgets.h"
 
@@ -70,6 +73,29 @@ TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
   }
 }
 
+TEST_F(FrmBBTJTest, holdsOnEachPageTheListsThatTheTableOfPagesNames) {
+  const FrmBBTJ& form = open("部门构成分析表");
+  for (std::size_t i = 0; i < conditionPages.size(); ++i) {
+    SCOPED_TRACE(i);
+    const ConditionPage& page = conditionPages[i];
+    Lines expected{numbered("Combo1", page.period)};
+    if (page.periodTo) expected.push_back(numbered("Combo1", *page.periodTo));
+    if (page.level) {
+      expected.push_back(numbered("Combo2", *page.level));
+      expected.push_back(numbered("Combo2", *page.level + 1));
+    }
+    const auto& panel = control<QWidget>(form, numbered("Picture1", i).c_str());
+    Lines found;
+    for (const auto* list : panel.findChildren<QComboBox*>(QRegularExpression("^Combo[12]"))) {
+      found.push_back(list->objectName().toStdString());
+    }
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(panel.findChildren<QWidget*>(QRegularExpression("^(Lbl|CmdCX)LBMC")).size(), page.type ? 2 : 0);
+    EXPECT_EQ(panel.findChildren<QWidget*>(QRegularExpression("^(Lbl|CmdCX)BMMC")).size(),
+              page.department ? 2 : 0);
+  }
+}
+
 TEST_F(FrmBBTJTest, beginsWithTheFirstMonthAndTheFirstLevels) {
   const FrmBBTJ& form = open("固定资产统计表");
   for (std::size_t i = 0; i < 21; ++i) {
@@ -92,7 +118,7 @@ TEST_F(FrmBBTJTest, beginsWithTheFirstMonthAndTheFirstLevels) {
   EXPECT_TRUE(control<QAbstractButton>(form, "Option30").isChecked());
 }
 
-TEST_F(FrmBBTJTest, writesAMemoOfTheConditionsThatTheReportDoesNotReadAlways) {
+TEST_F(FrmBBTJTest, writesAMemoOfConditionsThatMayBeThoseOfAnotherPage) {
   const struct {
     const char* report;
     const char* memo;

@@ -22,10 +22,10 @@ constexpr int kButtonWidth = 24;
 constexpr int kWidth = 956;
 constexpr int kHeight = 704;  // both layouts stand in it whole
 
-/// What must be filled in before a new card is saved: all that an empty one lacks.
-std::vector<CardField> requiredFields() {
+/// What must be filled in before such a card is saved: all that an empty one lacks.
+std::vector<CardField> requiredFields(CardMode mode) {
   CardSheet empty;
-  empty.mode = CardMode::Original;
+  empty.mode = mode;
   return missingFields(empty);
 }
 
@@ -125,7 +125,7 @@ void FrmAddCards::SSTab1_Click() {
 
 /// Puts the fields of the card's layout in their places and takes away those that it does not have.
 void FrmAddCards::layOut() {
-  PicCard->setPlaces(layOutCard(sheet_.layout), requiredFields());
+  PicCard->setPlaces(layOutCard(sheet_.layout), requiredFields(sheet_.mode));
   order_ = bView_ ? std::vector<CardField>() : entryOrder(PicCard->places());
   for (std::size_t i = 1; i < arraySize; ++i) {
     const CardFieldPlace* place = PicCard->find(static_cast<CardField>(i));

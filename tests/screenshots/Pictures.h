@@ -12,7 +12,8 @@ void takeChangePictures(Stage& stage);
 void takeCardPictures(Stage& stage);
 void takeCardListPictures(Stage& stage);
 void takeDepreciationPictures(Stage& stage);
-/// Last: it changes the account set.
+/// Last: these two change the account set.
 void takeClosingPictures(Stage& stage);
+void takeReportPictures(Stage& stage);
 
 }  // namespace zelkor

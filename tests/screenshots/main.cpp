@@ -29,6 +29,7 @@ void takePictures(const std::filesystem::path& pictures) {
     takeCardListPictures(stage);
     takeDepreciationPictures(stage);
     takeClosingPictures(stage);
+    takeReportPictures(stage);
   }
   std::filesystem::remove_all(set);
 }

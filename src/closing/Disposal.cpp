@@ -111,6 +111,8 @@ void Disposal::moveWritableDate() {
 
 void Disposal::readLedger() {
   const std::string& card = asset_.sCardNum;
+  // Opened with the others, although its number is read only after it has been raised.
+  const Recordset versionCounter = data_.OpenRecordset("select * from fa_Objects where iobjectnum =1");
   ledger_ = data_.OpenRecordset(sql("select * from fa_DeprTransactions where sCardNum ='", card, "'"));
   const Recordset workload =
       data_.OpenRecordset(sql("Select top 1 * from fa_WorkLoad where sCardNum ='", card, "'"));

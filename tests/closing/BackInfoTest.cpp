@@ -104,6 +104,22 @@ TEST_F(BackInfoTest, TellsHowFarTheBackupIs) {
   EXPECT_EQ(steps, wanted) << "percentage and tables that are there, then the first box";
 }
 
+TEST_F(BackInfoTest, ReplacesABackupThatAnotherReads) {
+  enter("00001");
+  enter("00002");
+  closeWell();
+  enter("00003");
+  DbEngine elsewhere;
+  Recordset held =
+      elsewhere.OpenDatabase(context.gstrZtFile).OpenRecordset("select sCardNum from ZKFA_BAK_fa_Cards_5");
+  EXPECT_EQ(held.Text("sCardNum"), "00001");
+  closeWell();
+  EXPECT_EQ(rows("select sCardNum from ZKFA_BAK_fa_Cards_5 order by sCardNum"),
+            (Lines{"00001", "00002", "00003"}));
+  held.MoveNext();
+  EXPECT_EQ(held.Text("sCardNum"), "00002") << "what was being read is read to its end";
+}
+
 TEST_F(BackInfoTest, GoesOnWithoutABackup) {
   execute("SELECT * INTO [ZKFA_BAK of the auditor] FROM fa_Cards");
   execute("update AccInformation set cValue='x' where cName='lPaperHeight'");

@@ -15,6 +15,8 @@
 #include "reports/FrmBB.h"
 #include "store/FrmInit.h"
 #include "store/FrmXUANXIANG.h"
+#include "vouchers/FrmBatBill.h"
+#include "vouchers/FrmQueryPZ.h"
 
 namespace zelkor {
 namespace {
@@ -54,6 +56,10 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   });
   jobs.add("FrmFABalance", [&host](RunContext&, const ScreenProperties& properties) {
     host.show<FrmFABalance>(properties.ZkDataPath);
+  });
+  jobs.add("FrmBatBill", showing<FrmBatBill>(host));
+  jobs.add("FrmQueryPZ", [&host](RunContext&, const ScreenProperties& properties) {
+    host.show<FrmQueryPZ>(properties.ZkDataPath);
   });
   jobs.add("frmYMJZ", showing<frmYMJZ>(host));
   jobs.add("frmDelZC", showing<frmDelZC>(host));

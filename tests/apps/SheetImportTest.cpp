@@ -156,6 +156,13 @@ TEST_F(SheetImportTest, ACardOfTheMonthIsNotTransferred) {
             "第2行 卡片 00001 部门转移：当月原始录入或新增的资产不允许做此种变动业务");
 }
 
+TEST_F(SheetImportTest, ACodeIsThatOfTheArchiveHoweverItIsSpelled) {
+  execute("insert into fa_departments (sNum,sName,lChilds) values ('A1','试制组',0)");
+  EXPECT_EQ(import("部门转移,00001,a1,,x")[0], "第2行 卡片 00001 部门转移：变动单 00001");
+  EXPECT_EQ(import("部门转移,00001,a1,,x")[0], "第2行 卡片 00001 部门转移：变动后内容不应和变动前内容相同！");
+  EXPECT_EQ(row("select sDeptNum from fa_Cards where iOptType=7"), "A1");
+}
+
 TEST_F(SheetImportTest, TheHeaderNamesItsColumns) {
   EXPECT_EQ(import("x,200,00001,原值增加\n", "变动原因,变动后内容,卡片编号,变动类型").size(), 1U);
   EXPECT_EQ(result.saved, 1);

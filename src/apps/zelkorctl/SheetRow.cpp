@@ -23,21 +23,26 @@ constexpr std::array<Column, 5> columns = {{{"变动类型", &SheetRow::kind, tr
                                             {"变动后地点", &SheetRow::siteAfter, false},
                                             {"变动原因", &SheetRow::reason, true}}};
 
-/// Field of the row that the condition names; nothing without a row.
-std::optional<std::string> lookedUp(Database& database, std::string_view table, std::string_view field,
-                                    std::string_view key, const std::string& value) {
+struct Archive {
+  std::string_view table;
+  std::string_view code;
+  std::string_view name;
+};
+
+/// The entry of that code, spelled as the archive has it; nothing without one.
+std::optional<ArchiveEntry> entryOf(Database& database, const Archive& archive, const std::string& code) {
   const Recordset row =
-      database.OpenRecordset(sql("select * from ", table, " where ", key, "='", value, "'"));
+      database.OpenRecordset(sql("select * from ", archive.table, " where ", archive.code, "='", code, "'"));
   if (row.Eof()) return std::nullopt;
-  return row.TextOrEmpty(field);
+  return ArchiveEntry{row.TextOrEmpty(archive.code), row.TextOrEmpty(archive.name)};
 }
 
 /// "code,name" of a subject, blank without a code.
 std::optional<std::string> subjectText(Database& database, const std::string& code) {
   if (code.empty()) return "";
-  const auto name = lookedUp(database, "code", "ccode_name", "ccode", code);
-  if (!name) return std::nullopt;
-  return code + "," + *name;
+  const auto subject = entryOf(database, {"code", "ccode", "ccode_name"}, code);
+  if (!subject) return std::nullopt;
+  return subject->code + "," + subject->name;
 }
 
 /// The rows of frmDepart that the cell stands for.
@@ -121,9 +126,9 @@ SheetRow SheetColumns::row(const std::vector<std::string>& cells) const {
 }
 
 std::optional<std::string> chooseStatus(Database& database, const std::string& statusID, ChangeSheet& sheet) {
-  const auto name = lookedUp(database, "fa_Status", "sName", "sID", statusID);
-  if (!name || statusID == "0") return "使用状况中没有“" + statusID + "”";
-  sheet.after = {*name, statusID};
+  const auto status = entryOf(database, {"fa_Status", "sID", "sName"}, statusID);
+  if (!status || statusID == "0") return "使用状况中没有“" + statusID + "”";
+  sheet.after = {status->name, status->code};
   return std::nullopt;
 }
 
@@ -131,9 +136,9 @@ std::optional<std::string> chooseDepartments(Database& database, const std::stri
                                              ChangeSheet& sheet) {
   if (cell.empty()) return std::nullopt;  // nothing chosen
   if (cell.find_first_of(":/") != std::string::npos) return chooseSplit(database, cell, sheet);
-  const auto name = lookedUp(database, "fa_departments", "sName", "sNum", cell);
-  if (!name || cell == "&") return "使用部门非末级部门或不存在，请重新录入或参照选择";
-  sheet.chooseDepartment(cell, *name);
+  const auto department = entryOf(database, {"fa_departments", "sNum", "sName"}, cell);
+  if (!department || cell == "&") return "使用部门非末级部门或不存在，请重新录入或参照选择";
+  sheet.chooseDepartment(department->code, department->name);
   return std::nullopt;
 }
 

@@ -29,7 +29,7 @@ void FrmZJFPB::arrangeControls() {
                 column({row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ,
                              stretch()}),
                         wide(MSFlexGrid1)}));
-  resize(860, 520);
+  resize(700, 520);
 }
 
 void FrmZJFPB::fillGrid(AllocationMode mode) {

@@ -1,6 +1,7 @@
 #include "depreciation/frmGZL.h"
 
 #include <QBoxLayout>
+#include <QHeaderView>
 #include <QLocale>
 
 #include "base/Conversion.h"
@@ -46,6 +47,7 @@ frmGZL::frmGZL(FormHost& host) : Form(host, "frmGZL", "工作量输入", Unload:
 void frmGZL::arrangeControls() {
   for (QLineEdit* field : {txtTotal, txtLJ, txtDW}) field->setReadOnly(true);
   for (QLineEdit* field : {txtTotal, txtLJ}) field->setAlignment(Qt::AlignRight);
+  grdGZL->horizontalHeader()->setStretchLastSection(true);
   arrange(this, column({lblMonth, wide(grdGZL),
                         fields({{"工作总量", txtTotal, "lblTotal"},
                                 {"累计工作量", txtLJ, "lblLJ"},

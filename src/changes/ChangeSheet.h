@@ -8,6 +8,9 @@
 
 namespace zelkor {
 
+/// What is told of a card that is asked for and not there.
+inline constexpr const char* cardMissing = "当前卡片已不存在！";
+
 /// A value of a sheet: what its label shows and what stands beside it in the label's Tag.
 struct ShownValue {
   std::string text;

@@ -11,7 +11,6 @@ namespace {
 
 using Outcome = SheetResult::Outcome;
 
-constexpr const char* cardMissing = "当前卡片已不存在！";
 // One title for every kind.
 constexpr const char* savedTitle = "变动单－－使用状况调整";
 

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "cards/frmCards.h"
+#include "changes/ChangeSheet.h"
 #include "changes/FrmBalanType.h"
 #include "ui/Layout.h"
 
@@ -100,7 +101,7 @@ void FrmFABalance::txtMobile_Commit(QWidget* value, const QString& text) {
 
 /// True when the card is there.
 bool FrmFABalance::loadTyped(const std::string& cardNum) {
-  std::string refusal = "当前卡片已不存在！";
+  std::string refusal = cardMissing;
   try {
     if (loadBalanceCard(data(), cardNum, sheet_)) return true;
   } catch (const RuntimeError& error) {

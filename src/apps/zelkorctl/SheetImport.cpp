@@ -15,8 +15,6 @@
 namespace zelkor {
 namespace {
 
-constexpr const char* cardMissing = "当前卡片已不存在！";
-
 /// How a row ended: the number of its sheet, or why there is none.
 struct RowEnd {
   bool saved = false;

@@ -9,7 +9,7 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kPaperLines = 8;  // an empty sheet has as many
+constexpr std::size_t kColumns = 4;
 
 QDate calendarDay(DateTime date) {
   return {date.year(), date.month(), date.day()};
@@ -93,8 +93,7 @@ TextGrid LocalPZ::linesGrid() const {
   }
   for (const Column amount : {Debit, Credit}) grid.setAlignment(amount, Align::Right);
   for (std::size_t i = 1; i <= RowCount(); ++i) grid.addRow(cellsOf(Row(i)));
-  // At least one empty line to write on.
-  for (std::size_t i = RowCount(); i < std::max(RowCount() + 1, kPaperLines); ++i) grid.addRow({});
+  grid.addRow({});  // an empty line to write on
   return grid;
 }
 
@@ -106,12 +105,24 @@ void LocalPZ::showLines() {
   lines_->setGrid(std::move(grid));
   lines_->horizontalHeader()->setSectionResizeMode(Digest, QHeaderView::Stretch);
   lines_->selectCell(std::min(current.row, last), current.column);
+  fillPaper();
+}
+
+/// Empty lines down to the foot of the sheet.
+void LocalPZ::fillPaper() {
+  const int height = lines_->viewport()->height();
+  const int room = height / lines_->verticalHeader()->defaultSectionSize();
+  TextGrid more;
+  for (int rows = lines_->model()->rowCount(); rows > 0 && rows < room; ++rows) {
+    more.addRow(std::vector<std::string>(kColumns));
+  }
+  if (more.rows() > 0) lines_->addRows(std::move(more));
 }
 
 void LocalPZ::showLine(std::size_t line) {
   if (line + 1 >= lines_->grid().rows()) {  // the last empty line has been written on
     TextGrid more;
-    more.addRow({"", "", "", ""});
+    more.addRow(std::vector<std::string>(kColumns));
     lines_->addRows(std::move(more));
   }
   const std::vector<std::string> cells = cellsOf(Row(line));
@@ -132,6 +143,15 @@ bool LocalPZ::mayEdit() {
 
 LocalPZ::Cell LocalPZ::currentCell() const {
   return {lines_->currentGridRow().value_or(1), lines_->currentGridColumn().value_or(Digest)};
+}
+
+void LocalPZ::showIncompleteLine() {
+  for (std::size_t line = 1; line <= RowCount(); ++line) {
+    const bool bare = Row(line).SubjectCode.empty();
+    if (!bare && !Row(line).Digest.empty()) continue;
+    lines_->selectCell(line, bare ? Subject : Digest);
+    return lines_->setFocus();
+  }
 }
 
 void LocalPZ::endTyping() {
@@ -282,6 +302,7 @@ void LocalPZ::takeAttachments(int count) {
 // ---- keys
 
 bool LocalPZ::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == lines_ && event->type() == QEvent::Resize) fillPaper();
   if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
   const auto& key = *static_cast<QKeyEvent*>(event);
   bool taken = false;

@@ -33,6 +33,8 @@ class LocalPZ final : public QFrame, public Voucher {
   void showVoucher();
   /// Ends what is being typed as if the cell had been left.
   void endTyping();
+  /// Leads to the first line that lacks its subject or digest.
+  void showIncompleteLine();
   /// The answer to a look-up: the text comes into the cell that has asked, and the next one up.
   void takeLookedUp(const QString& text);
 
@@ -65,6 +67,7 @@ class LocalPZ final : public QFrame, public Voucher {
   void showHead();
   void showLines();
   void showLine(std::size_t line);
+  void fillPaper();
   TextGrid linesGrid() const;
   void showState();
 

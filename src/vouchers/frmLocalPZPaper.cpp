@@ -53,6 +53,7 @@ void LocalPZ::arrangePaper() {
   paper->setContentsMargins(28, 14, 28, 16);
   paper->setSpacing(10);
   setLayout(paper);
+  setFocusProxy(lines_);
   setTabOrder(sign_, date_);
   setTabOrder(date_, attachments_);
   setTabOrder(attachments_, lines_);

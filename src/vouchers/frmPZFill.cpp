@@ -24,16 +24,20 @@ std::string toolKey(std::size_t index) {
 }  // namespace
 
 frmPZFill::frmPZFill(FormHost& host, VoucherRequest request)
-    : Form(host, "frmPZFill", "填制凭证", Unload::Plain), fill_(run(), std::move(request), *editor) {
+    : Form(host, "frmPZFill", "填制凭证", Unload::Plain),
+      key_(request.scOutSign),
+      fill_(run(), std::move(request), *editor) {
   arrangeControls();
   connectEditor();
   LoadVouch();
+  editor->setFocus();
 }
 
 void frmPZFill::arrangeControls() {
   arrangeToolbar();
   arrangeMenus();
-  layout::arrangeScreen(this, cmdTool, layout::row({layout::wide(editor)}));
+  StatusBar1->setSizeGripEnabled(false);
+  layout::arrangeScreen(this, cmdTool, layout::column({layout::wide(editor), StatusBar1}));
   layout()->setMenuBar(menu);
   resize(1120, 660);
   on(cmdTool, &Toolbar::ButtonClick, &frmPZFill::cmdTool_Click);
@@ -118,6 +122,14 @@ void frmPZFill::LoadVouch() {
   MenuMoveEnabled();
   fill_.LoadVouch();
   editor->showVoucher();
+  showStatus();
+}
+
+void frmPZFill::showStatus() {
+  const QString number = fill_.ino_id() > 0
+                             ? toQt(editor->VoucherSign) + "--" + QString::number(fill_.ino_id())
+                             : QString("未编号");
+  StatusBar1->showMessage("业务：" + toQt(key_) + "　　凭证号：" + number);
 }
 
 /// The menu follows the buttons.
@@ -135,8 +147,10 @@ void frmPZFill::cmdTool_Click(const QString& key) {
 
 void frmPZFill::save() {
   editor->endTyping();
-  fill_.Save();
+  const bool saved = fill_.Save();
   editor->showVoucher();
+  showStatus();
+  if (!saved) editor->showIncompleteLine();
 }
 
 /// A digest that has a subject gives it to a line that has none.

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <QMenuBar>
+#include <QStatusBar>
+#include <string>
 
 #include "ui/Form.h"
 #include "ui/Toolbar.h"
@@ -21,6 +23,7 @@ class frmPZFill final : public Form {
   QMenuBar* menu = make<QMenuBar>("menu");
   Toolbar* cmdTool = make<Toolbar>("cmdTool");
   LocalPZ* editor = make<LocalPZ>("LocalPZ");
+  QStatusBar* StatusBar1 = make<QStatusBar>("StatusBar1");
   std::array<QAction*, kMoves> viewMoves{};
 
   void arrangeControls();
@@ -32,11 +35,13 @@ class frmPZFill final : public Form {
   void MenuMoveEnabled();
   void cmdTool_Click(const QString& key);
   void save();
+  void showStatus();
 
   void BrowseDigest(std::size_t line);
   void BrowseSubject();
   void BrowseSign();
 
+  std::string key_;
   VoucherFill fill_;
 };
 

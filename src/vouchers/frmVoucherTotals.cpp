@@ -12,7 +12,7 @@ namespace zelkor {
 namespace {
 
 constexpr int kHeight = 34;
-constexpr int kPadding = 6;
+constexpr int kPadding = 3;  // as the cells have
 constexpr int kCaptionWidth = 84;
 
 QString sumText(Currency amount) {
@@ -78,7 +78,7 @@ void VoucherTotalsLine::place() {
     sums_[i]->setGeometry(left, 0, header.sectionSize(columns_[i]) - kPadding, height());
   }
   caption_->setGeometry(0, 0, kCaptionWidth, height());
-  balance_->setGeometry(kCaptionWidth + kPadding, 0, sums_[0]->x() - kCaptionWidth - 2 * kPadding, height());
+  balance_->setGeometry(kCaptionWidth, 0, sums_[0]->x() - kCaptionWidth, height());
 }
 
 }  // namespace zelkor

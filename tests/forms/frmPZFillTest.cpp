@@ -74,6 +74,7 @@ TEST_F(frmPZFillTest, savesByButtonAndByMenuAndTellsASecondSave) {
     const frmPZFill& form = openCard();
     press(form, save);
     EXPECT_EQ(textOf(form, "VoucherState"), "已保存");
+    EXPECT_EQ(control<QStatusBar>(form, "StatusBar1").currentMessage(), "业务：卡片(00001)　　凭证号：记--1");
     EXPECT_THAT(ledger("ino_id,inid,csign,cdigest,ccode,md,mc,cbill"),
                 ElementsAre("1|1|记|直接购入|1501|10|0|陈会计", "1|2|记|直接购入|1502|0|10|陈会计"));
     EXPECT_THAT(staged("cDefine1"), ElementsAre("1", "1"));
@@ -163,6 +164,8 @@ TEST_F(frmPZFillTest, addsLinesUntilTheVoucherBalances) {
               ElementsAre("直接购入|1501|固定资产|8|0", "运费|||0|0", "直接购入|1502|累计折旧|0|10"));
   dialogs.expectOk("凭证中存在尚未确定的科目!", Icon::Critical, kTitle);
   press(form, "cmdTool4");
+  EXPECT_EQ(grid.currentGridRow().value() * 10 + grid.currentGridColumn().value(), 20 + kSubject)
+      << "the line that lacks it comes up";
 }
 
 TEST_F(frmPZFillTest, tellsASubjectThatTheChartDoesNotHave) {

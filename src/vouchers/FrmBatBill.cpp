@@ -32,11 +32,8 @@ QShortcut* openingKey(QWidget* grid) {
 FrmBatBill::FrmBatBill(FormHost& host)
     : Form(host, "FrmBatBill", "批量制单", Unload::EndsProgram), billing_(run()) {
   arrangeControls();
-  MSFlexGridXZ->setGrid(billing_.selection());
-  MSFlexGridSZ->setGrid(billing_.lines());
-  MSFlexGridXZ->horizontalHeader()->setStretchLastSection(true);
   MSFlexGridSZ->horizontalHeader()->setStretchLastSection(true);
-  showMarks();
+  showLists();
   SSTab1_Click();
   connectEvents();
   if (billing_.selection().rows() > 1) MSFlexGridXZ->selectCell(1, selection_column::Date);
@@ -52,13 +49,12 @@ void FrmBatBill::arrangeControls() {
   ListUsed->setFixedWidth(kUsedWidth);
   ListUsed->setFocusPolicy(Qt::NoFocus);
   ComboHBH->setMinimumWidth(200);
-  fillTabs(
-      *SSTab1,
-      {{"业务选择",
-        column({row({wide(MSFlexGridXZ), column({Label2, wide(ListUsed)})}),
-                row({note("双击或回车 选择业务　单击合并号或按 F2 填写合并号"), stretch(), LblChosen})})},
-       {"凭证分录", column({row({Label1, ComboHBH, space(24), CheckHB, stretch()}), wide(MSFlexGridSZ),
-                            note("单击科目、回车或按 F2 填写科目　再按 F2 参照")})}});
+  fillTabs(*SSTab1,
+           {{"业务选择",
+             column({row({wide(MSFlexGridXZ), column({Label2, wide(ListUsed)})}),
+                     row({wide(note("双击或回车 选择业务　单击合并号或按 F2 填写合并号")), LblChosen})})},
+            {"凭证分录", column({row({Label1, ComboHBH, space(24), CheckHB, stretch()}), wide(MSFlexGridSZ),
+                                 note("单击科目、回车或按 F2 填写科目　再按 F2 参照")})}});
   arrangeScreen(this, Toolbar1, row({wide(SSTab1)}));
   resize(1080, 600);
 }
@@ -115,15 +111,15 @@ void FrmBatBill::ToolPZ() {
 void FrmBatBill::refresh() {
   mergeInput_->cancel();
   billing_.refresh();
-  MSFlexGridXZ->setGrid(billing_.selection());
-  MSFlexGridSZ->setGrid(billing_.lines());
-  showMarks();
+  showLists();
   if (SSTab1->currentIndex() == kLinesTab) SSTab1_Click();
 }
 
 void FrmBatBill::SSTab1_Click() {
   const bool lines = SSTab1->currentIndex() == kLinesTab;
   for (const char* move : kMoves) Toolbar1->button(move).setVisible(lines);
+  const auto commands = Toolbar1->actions();
+  commands[commands.indexOf(&Toolbar1->button(kMoves[0])) - 1]->setVisible(lines);  // the separator
   if (!lines) return;
   ComboHBH->clear();
   billing_.loadLines();
@@ -131,6 +127,13 @@ void FrmBatBill::SSTab1_Click() {
   MSFlexGridSZ->setGrid(billing_.lines());
   MSFlexGridSZ->setFocus();
   if (billing_.lines().rows() > 1) MSFlexGridSZ->selectCell(1, line_column::Subject);
+}
+
+void FrmBatBill::showLists() {
+  MSFlexGridXZ->setGrid(billing_.selection());
+  MSFlexGridXZ->horizontalHeader()->setSectionResizeMode(selection_column::BillSign, QHeaderView::Stretch);
+  MSFlexGridSZ->setGrid(billing_.lines());
+  showMarks();
 }
 
 /// Marks and merge numbers are all that changes in the list.

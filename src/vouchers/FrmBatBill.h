@@ -43,6 +43,7 @@ class FrmBatBill final : public Form {
 
   void makeVoucher();
   void refresh();
+  void showLists();
   void showMarks();
   void showCount();
   void editMergeNumber(std::size_t row);

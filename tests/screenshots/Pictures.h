@@ -12,6 +12,7 @@ void takeChangePictures(Stage& stage);
 void takeCardPictures(Stage& stage);
 void takeCardListPictures(Stage& stage);
 void takeDepreciationPictures(Stage& stage);
+void takeVoucherPictures(Stage& stage);
 /// Last: these two change the account set.
 void takeClosingPictures(Stage& stage);
 void takeReportPictures(Stage& stage);

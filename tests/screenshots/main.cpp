@@ -28,6 +28,7 @@ void takePictures(const std::filesystem::path& pictures) {
     takeCardPictures(stage);
     takeCardListPictures(stage);
     takeDepreciationPictures(stage);
+    takeVoucherPictures(stage);
     takeClosingPictures(stage);
     takeReportPictures(stage);
   }

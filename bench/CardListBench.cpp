@@ -1,17 +1,14 @@
 // The card list at many cards: how soon the first are painted, when all are there, what a page costs.
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <QApplication>
-#include <QScrollBar>
 #include <string>
 
 #include "cards/FrmManageCards.h"
 #include "LargeAccountSet.h"
+#include "ScreenBenchmarks.h"
 #include "Sqlite.h"
 #include "Stopwatch.h"
 #include "ui/FlexGrid.h"
@@ -22,15 +19,6 @@ namespace zelkor::bench {
 namespace {
 
 constexpr int kRounds = 5;
-constexpr int kPages = 200;
-
-/// Megabytes that the process holds in memory.
-double residentMegabytes() {
-  std::ifstream statm("/proc/self/statm");
-  long pages = 0;
-  statm >> pages >> pages;
-  return static_cast<double>(pages) * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
-}
 
 /// The same rows and columns in the same order by the bare engine.
 double readBare(const LargeAccountSet& set) {
@@ -73,21 +61,7 @@ Opening openList(Session& session, FrmManageCards*& form, FormHost& host) {
   return opening;
 }
 
-double worstPage(FrmManageCards& form, std::vector<double>& pages) {
-  auto& grid = *form.findChild<FlexGrid*>("mshFA");
-  QScrollBar& bar = *grid.verticalScrollBar();
-  for (int page = 0; page < kPages; ++page) {
-    pages.push_back(secondsOf([&] {
-      bar.setValue(static_cast<int>(static_cast<long>(bar.maximum()) * page / kPages) + page % 7);
-      grid.viewport()->grab();
-      QApplication::processEvents();
-    }));
-  }
-  return *std::max_element(pages.begin(), pages.end());
-}
-
-void benchCardList(long cards) {
-  const LargeAccountSet set(cards);
+void benchCardList(const LargeAccountSet& set) {
   std::vector<double> first;
   std::vector<double> complete;
   std::vector<double> turns;
@@ -106,12 +80,12 @@ void benchCardList(long cards) {
     first.push_back(opening.firstRows);
     complete.push_back(opening.complete);
     turns.push_back(opening.longestTurn);
-    worst = std::max(worst, worstPage(*form, pages));
+    worst = std::max(worst, worstPage(*form->findChild<FlexGrid*>("mshFA"), pages));
   }
   std::printf(
       "card list         %7ld cards  first rows %.0f ms (worst %.0f)  all %.0f ms = %.2f x floor %.0f ms\n",
-      cards, best(first) * 1e3, *std::max_element(first.begin(), first.end()) * 1e3, best(complete) * 1e3,
-      best(complete) / best(floors), best(floors) * 1e3);
+      set.cards(), best(first) * 1e3, *std::max_element(first.begin(), first.end()) * 1e3,
+      best(complete) * 1e3, best(complete) / best(floors), best(floors) * 1e3);
   std::printf("                  longest turn %.1f ms  page %.1f ms (worst %.1f)  memory %.0f MB\n",
               best(turns) * 1e3, best(pages) * 1e3, worst * 1e3, memory);
 }
@@ -125,7 +99,9 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   zelkor::applyTheme(application);
   try {
-    zelkor::bench::benchCardList(argc > 1 ? std::atol(argv[1]) : 100000);
+    const zelkor::bench::LargeAccountSet set(argc > 1 ? std::atol(argv[1]) : 100000);
+    zelkor::bench::benchCardList(set);
+    zelkor::bench::benchReportView(set);
     return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

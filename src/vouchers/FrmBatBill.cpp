@@ -159,8 +159,6 @@ void FrmBatBill::showCount() {
   LblChosen->setText(QString("共 %1 笔业务，已选 %2 笔").arg(list.rows() - 1).arg(chosen));
 }
 
-// ---- merge numbers
-
 void FrmBatBill::MSFlexGridXZ_Click() {
   if (MSFlexGridXZ->currentGridColumn() == selection_column::MergeNumber) {
     editMergeNumber(MSFlexGridXZ->currentGridRow().value());
@@ -175,8 +173,6 @@ void FrmBatBill::takeMergeNumber(std::size_t row, std::size_t /*column*/, const 
   billing_.setMergeNumber(row, fromQt(number));
   showMarks();
 }
-
-// ---- subjects
 
 /// The box begins with the code alone, which is what is typed.
 void FrmBatBill::editSubject(std::size_t row) {

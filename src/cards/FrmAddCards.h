@@ -94,8 +94,10 @@ class FrmAddCards final : public Form {
   void Form_Unload() override { editing_ = false; }
 
   const ClsOpArgs& opArgs() { return run().gOpArgs; }
-  QRegularExpressionValidator* figures_ =
-      new QRegularExpressionValidator(QRegularExpression("[0-9.年月%]{0,30}"), this);
+  QRegularExpressionValidator* figure_ =
+      new QRegularExpressionValidator(QRegularExpression("[0-9]*[.]?[0-9]*%?"), this);
+  QRegularExpressionValidator* life_ =
+      new QRegularExpressionValidator(QRegularExpression("[0-9.年月]*"), this);
   bool bView_;
   std::string cardID_;
   std::string assetTypeID_;

@@ -160,12 +160,13 @@ void FrmAddCards::openEditor(const CardFieldPlace& place, Arrival arrival) {
   arrival_ = arrival;
   untouched_ = sheet_;
   before_ = LblValue[static_cast<std::size_t>(place.field)]->text();
-  TxtEdit->setValidator(digits ? figures_ : nullptr);
+  const bool isLife = place.field == CardField::UsefulLife;
+  TxtEdit->setValidator(!digits ? nullptr : isLife ? life_ : figure_);
+  constexpr int kLongestFigure = 30;
   constexpr int kAnyLength = 32767;
-  TxtEdit->setMaxLength(size == 0 ? kAnyLength : static_cast<int>(size));
+  TxtEdit->setMaxLength(digits ? kLongestFigure : size == 0 ? kAnyLength : static_cast<int>(size));
   TxtEdit->setAlignment(alignmentOf(place.dataType));
   // The words of a life cannot be typed: an empty one is offered with them, of others the years to type over.
-  const bool isLife = place.field == CardField::UsefulLife;
   TxtEdit->setText(isLife && before_.isEmpty() ? toQt(lifeText(0)) : before_);
   TxtEdit->setGeometry(PicCard->valueRect(place).adjusted(0, 0, 1, 1));
   editing_ = true;

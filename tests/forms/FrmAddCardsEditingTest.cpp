@@ -30,9 +30,9 @@ TEST_F(FrmAddCardsEditingTest, limitsTheKeysOfFigures) {
     int field;
     const char* typed;
     const char* taken;
-  } cases[] = {{17, "1a2,-3.5元", "123.5"}, {18, "5%", "5"}, {19, "x", "0.00"},
-               {20, "1 0", "10"},           {23, "+7", "7"}, {4, "10-A'", "10-A'"},
-               {14, "2020-4-1", "2020-4-1"}};
+  } cases[] = {{17, "1a2,-3.5元", "123.5"}, {17, "1.2.3", "1.23"},       {18, "5%", "5"},
+               {19, "x", "0.00"},           {20, "1 0", "10"},           {23, "+7", "7"},
+               {4, "10-A'", "10-A'"},       {14, "2020-4-1", "2020-4-1"}};
   for (const auto& c : cases) {
     edit(form, c.field, c.typed);
     EXPECT_EQ(textOf(form, "TxtEdit"), c.taken) << c.field;

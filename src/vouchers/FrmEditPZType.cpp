@@ -56,7 +56,7 @@ void FrmEditPZType::connectEvents() {
   on(editor_, &CellEditor::ended, &FrmEditPZType::leaveCell);
   on(editor_, &CellEditor::entered, &FrmEditPZType::moveOn);
   on(editor_, &CellEditor::buttonPressed, [this] { CmdFind_Click(); });
-  on(editor_->findChild<QComboBox*>(), &QComboBox::activated, [this] { editor_->commit(); });
+  on(editor_->findChild<QComboBox*>(), &QComboBox::activated, &FrmEditPZType::ComboDsignType_Click);
   on(CmdSort[kDown], &QPushButton::clicked, [this] {
     if (currentRow_ && leaveEditor()) move(table_.moveDown(*currentRow_), *currentRow_ + 1);
   });
@@ -106,8 +106,6 @@ void FrmEditPZType::move(bool moved, std::size_t to) {
   if (moved) showTable(to);
 }
 
-// ---- cells
-
 void FrmEditPZType::editCell(std::size_t row, std::size_t column) {
   if (!leaveEditor()) return;
   if (row != currentRow_) return;  // the row that was to be left has kept the person
@@ -131,6 +129,13 @@ void FrmEditPZType::leaveCell(std::size_t row, std::size_t column, const QString
   table_.setText(row, column, fromQt(text));
   GridDsign->setText(row, column, fromQt(text));
   changed_ = true;
+}
+
+/// A choice counts as a change even when it is what stands there: the row is stored again, and "凭证必无"
+/// reads as another kind then.
+void FrmEditPZType::ComboDsignType_Click() {
+  changed_ = true;
+  editor_->commit();
 }
 
 void FrmEditPZType::stayIn(std::size_t row, std::size_t column, const QString& text) {
@@ -159,8 +164,6 @@ void FrmEditPZType::CmdFind_Click() {
   const std::string& code = picker.picked().code;
   if (!code.empty()) editor_->setText(toQt(withLimitCode(fromQt(editor_->text()), code)));
 }
-
-// ---- rows
 
 /// Another row has become the current one of the grid.
 void FrmEditPZType::changeRow(std::size_t row) {

@@ -28,6 +28,7 @@ class FrmEditPZType final : public Form {
   void connectEvents();
   void Toolbar1_ButtonClick(const QString& caption);
   void CmdFind_Click();
+  void ComboDsignType_Click();
 
   void add();
   void remove();

@@ -94,9 +94,11 @@ TEST_F(FrmEditPZTypeTest, storesTwoLimitsUnderOtherNames) {
   table(form).selectGridRow(1);
   EXPECT_EQ(stored()[1], "收|2|收款凭证|3");
   EXPECT_EQ(list(open())[1], "收|收款凭证|凭证必无|1001");
-  chooseLimit(form, 2, "凭证必无");
-  table(form).selectGridRow(1);
-  EXPECT_EQ(list(open())[1], "收|收款凭证|无限制|1001");
+  const FrmEditPZType& again = open();
+  chooseLimit(again, 2, "凭证必无");
+  EXPECT_EQ(stored()[1], "收|2|收款凭证|3");
+  table(again).selectGridRow(1);
+  EXPECT_EQ(list(open())[1], "收|收款凭证|无限制|1001") << "choosing what stands there stores it too";
 }
 
 TEST_F(FrmEditPZTypeTest, wantsSubjectsForALimit) {

@@ -1,6 +1,7 @@
 #include <cctype>
 
 #include "store/Catalogue.h"
+#include "store/dialect/Emit.h"
 
 // How a table of the catalogue is laid down in an engine's own language. The declared types of an SQLite file
 // are read back as the column types, so that a file that was created elsewhere opens as well.
@@ -122,6 +123,8 @@ void addNumberIndexes(std::vector<std::string>& statements, const TableDef& tabl
 
 std::vector<std::string> createStatements(const TableDef& table, EngineKind engine) {
   std::vector<std::string> statements{createTable(table, engine)};
+  if (auto description = dialect::describingStatement(table.info.name, table.info.columns, engine))
+    statements.push_back(std::move(*description));
   for (const IndexDef& index : table.indexes) statements.push_back(createIndex(table, index, engine));
   if (engine == EngineKind::Sqlite)
     for (const ColumnInfo& column : table.info.columns)

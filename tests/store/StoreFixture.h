@@ -9,13 +9,18 @@
 #include "base/RuntimeError.h"
 #include "store/DbEngine.h"
 #include "support/Support.h"
+#include "support/TestServer.h"
 
 namespace zelkor::test {
 
-/// A new data file without tables.
+/// A new data file without tables, on the server beside which the tests run if there is one.
 inline std::string makeEmptyDataFile(const std::filesystem::path& directory,
                                      const std::string& name = "Test.Mdb") {
   const std::string path = (directory / name).string();
+  if (onServer()) {
+    createServerSchema(testServer(), freshSchema(), path);
+    return path;
+  }
   sqlite3* handle = nullptr;
   sqlite3_open(path.c_str(), &handle);
   sqlite3_exec(handle, "PRAGMA user_version = 1", nullptr, nullptr, nullptr);

@@ -8,23 +8,11 @@
 #include <vector>
 
 #include "startup/RunContext.h"
-#include "store/AccountSet.h"
+#include "support/AccountSetCopy.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Support.h"
 
 namespace zelkor::test {
-
-/// A directory with an account set that holds the sample archives, made once per test program.
-inline const TempDir& preparedAccountSet() {
-  struct Prepared {
-    Prepared() {
-      createAccountSet(directory.path(), {.account = "001", .year = 2020, .month = 1, .sample = true});
-    }
-    TempDir directory;
-  };
-  static const Prepared prepared;
-  return prepared.directory;
-}
 
 /// Rows as texts, cells joined by "|", Null as "~".
 inline std::vector<std::string> rowsOf(Recordset recordset) {
@@ -44,9 +32,6 @@ inline std::vector<std::string> rowsOf(Recordset recordset) {
 class AccountSetTest : public testing::Test {
  protected:
   AccountSetTest() {
-    for (const char* file : {"ZkData.Mdb", "ZkSystem.Mdb"}) {
-      std::filesystem::copy_file(preparedAccountSet() / file, directory / file);
-    }
     context.gstrZtFile = (directory / "ZkData.Mdb").string();
     context.gstrZkSysFile = (directory / "ZkSystem.Mdb").string();
     context.gstrAccountId = "001";
@@ -67,6 +52,7 @@ class AccountSetTest : public testing::Test {
   std::string missingFile() const { return (directory / "Missing.Mdb").string(); }
 
   TempDir directory;
+  AccountSetCopy files{directory.path()};
   DbEngine engine;
   ScriptedDialogs dialogs;
   FixedClock clock{day("2020-6-1 8:30:00")};

@@ -31,9 +31,6 @@ Answer KeptBoxes::ask(const MessageBox& box) {
 }
 
 YearBooks::YearBooks() {
-  for (const char* file : {"ZkData.Mdb", "ZkSystem.Mdb"}) {
-    std::filesystem::copy_file(preparedAccountSet() / file, directory_ / file);
-  }
   context_.gstrZtFile = (directory_ / "ZkData.Mdb").string();
   context_.gstrZkSysFile = (directory_ / "ZkSystem.Mdb").string();
   context_.gstrAccountId = "001";

@@ -93,6 +93,7 @@ class YearBooks {
   void saveVoucher(const VoucherRequest& request, const std::string& digest = "");
 
   TempDir directory_;
+  AccountSetCopy files_{directory_.path()};
   DbEngine engine_;
   KeptBoxes dialogs_;
   FixedClock clock_{day("2020-1-31 17:30:00")};

@@ -133,6 +133,7 @@ class SelectBinder {
     if (select.items.size() != result_.select.items.size())
       throw RuntimeError(ErrorNumber::UnionColumnCount,
                          "在联合查询中所选定的两个数据表或查询中的列数不匹配。");
+    for (bound::Item& item : select.items) item.expr = caseBlind(std::move(item.expr));
     result_.select.unions.push_back({part.kind == UnionKind::All, std::move(select)});
   }
 

@@ -40,6 +40,8 @@ class Emitter {
   void tail(const bound::Select& select, std::string_view also = {});
   void fromClause(const std::vector<bound::Source>& sources);
   void orderBy(const bound::Select& select);
+  /// Behind orderBy: the order of the tables themselves, for engines that have to be told.
+  virtual void tableOrder(const bound::Select&) {}
   /// Ends an outermost query that wants the first `top` rows, for engines that can do it.
   virtual void endOutermost(const bound::Select& select) = 0;
 
@@ -107,7 +109,12 @@ class Emitter {
 std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots,
                                     bool fast = false);
 
-/// How the engine declares a column of that type.
-std::string declaredColumn(const ColumnInfo& column, EngineKind engine);
+/// The parameter of that number (from 1) as the value of a column of that type.
+std::string typedParameter(std::size_t number, ColumnType type, EngineKind engine);
+
+/// The statement that keeps what the engine's own schema cannot say of new columns: spelling and type in the
+/// dialect's words; nothing where the schema says it all.
+std::optional<std::string> describingStatement(std::string_view table, const std::vector<ColumnInfo>& columns,
+                                               EngineKind engine);
 
 }  // namespace zelkor::dialect

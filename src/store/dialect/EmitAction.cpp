@@ -22,7 +22,11 @@ void Emitter::insert(const bound::Insert& insert) {
     name(column);
   }
   text(") ");
-  if (const auto* rows = std::get_if<bound::Select>(&insert.source)) return select(*rows, false);
+  if (const auto* rows = std::get_if<bound::Select>(&insert.source)) {
+    select(*rows, false);
+    if (!rows->top) tableOrder(*rows);
+    return;
+  }
   text("VALUES (");
   list(std::get<std::vector<bound::Node>>(insert.source));
   text(")");

@@ -15,6 +15,7 @@ class PostgreSqlEmitter final : public Emitter {
   void rowKey(std::string_view qualifier) override;
   void rowKeyParameter(std::size_t number) override;
   void endOutermost(const bound::Select& select) override;
+  void tableOrder(const bound::Select& select) override;
 
  protected:
   std::string identifier(std::string_view name) const override;
@@ -28,6 +29,7 @@ class PostgreSqlEmitter final : public Emitter {
   void topWithTies(const bound::Select& select, bool named) override;
   std::string declaredType(const ColumnInfo& column) const override;
   void hiddenColumns() override;
+  void callName(std::string_view name) override;
   std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
 };
 

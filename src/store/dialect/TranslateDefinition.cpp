@@ -81,6 +81,8 @@ Translation translateDefinition(const CreateTable& statement, const SchemaView& 
   const auto emitter = emitterFor(engine, {});
   emitter->createTable(statement.table, columns);
   result.sql.push_back(emitter->take());
+  if (auto description = describingStatement(statement.table, columns, engine))
+    result.sql.push_back(std::move(*description));
 
   const std::vector<std::string> key = primaryKeyOf(statement);
   if (!key.empty() && !isCounter(columns, key)) {
@@ -135,10 +137,12 @@ Translation translateDefinition(const AlterTable& statement, const SchemaView& s
   emitter->text("ALTER TABLE ").name(table.name);
   if (const auto* column = std::get_if<ColumnDefinition>(&statement.change)) {
     emitter->text(" ADD COLUMN ").columnDefinition(columnOf(*column));
+    if (auto description = describingStatement(table.name, {columnOf(*column)}, engine))
+      result.sql.push_back(std::move(*description));
   } else {
     emitter->text(" DROP COLUMN ").name(columnNamed(table, std::get<std::string>(statement.change)).name);
   }
-  result.sql.push_back(emitter->take());
+  result.sql.insert(result.sql.begin(), emitter->take());
   return result;
 }
 

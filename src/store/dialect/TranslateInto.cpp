@@ -57,6 +57,8 @@ Translation translateSelectInto(const Select& select, BindContext& context, Engi
   const auto create = emitterFor(engine, context.slots);
   create->createTable(table, columns);
   result.sql.push_back(create->take());
+  if (auto description = describingStatement(table, columns, engine))
+    result.sql.push_back(std::move(*description));
   if (result.guard) result.fastSql = result.sql;
   const auto print = [&](bool fast) {
     const auto emitter = emitterFor(engine, context.slots, fast);

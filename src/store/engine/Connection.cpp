@@ -141,7 +141,7 @@ long Connection::write(EngineStatement& statement) {
 // Several engine statements that must stand or fall as the one statement that they are.
 long Connection::runTableChange(const CachedStatement& statement, const dialect::Shape& shape) {
   letReadersGo();
-  gathering_.beforeWrite();
+  gathering_.beforeTableChange();
   ++writes_;
   engine_->run("SAVEPOINT zk_statement");
   long touched = 0;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "store/engine/PostgreSqlEngine.h"
 #include "store/engine/SqliteEngine.h"
 
 namespace zelkor {
@@ -35,7 +36,7 @@ bool writable(const fs::path& path) {
   return anyWriteBit && ::access(path.c_str(), W_OK) == 0;
 }
 
-void checkIsWritableFile(const std::string& path) {
+void checkIsFile(const std::string& path) {
   if (path.empty())
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 ''：参数中没有给出数据文件或系统文件的路径。");
   std::error_code failure;
@@ -44,6 +45,9 @@ void checkIsWritableFile(const std::string& path) {
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path + "'。");
   if (status.type() != fs::file_type::regular)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "'" + path + "' 不是数据库文件，无法打开。");
+}
+
+void checkIsWritable(const std::string& path) {
   if (!writable(path))
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "文件 '" + path + "' 是只读的或没有写权限，无法打开。");
@@ -65,7 +69,10 @@ void checkFormat(const std::string& path) {
 }  // namespace
 
 std::unique_ptr<Engine> openDataFile(const std::string& path) {
-  checkIsWritableFile(path);
+  checkIsFile(path);
+  if (ServerFile::isServerFile(beginningOf(path)))
+    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
+  checkIsWritable(path);
   checkFormat(path);
   return std::make_unique<SqliteEngine>(path);
 }

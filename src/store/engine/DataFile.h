@@ -7,8 +7,9 @@
 
 namespace zelkor {
 
-/// Opens the engine that the path names: an SQLite file. Errors: 3024 missing, 3051 read-only or not a file,
-/// 3343 no database, or a real Jet file, for which the text tells how to import it.
+/// Opens the engine that the path names: an SQLite file, or a text file that names a schema on a server.
+/// Errors: 3024 missing, 3051 read-only or not a file, 3343 no database, or a real Jet file, for which the
+/// text tells how to import it; 57 when the server cannot be reached.
 std::unique_ptr<Engine> openDataFile(const std::string& path);
 
 }  // namespace zelkor

@@ -52,12 +52,17 @@ class Engine {
   /// Before a query: error 3024 when the file is no longer where it was opened. Looks now and then only; what
   /// is written is never written past such a file.
   virtual void requireFile() = 0;
+  /// Whether a writer shuts others out, so that stand-alone statements are gathered into one transaction.
+  virtual bool gathersWrites() const { return true; }
   /// Opens a transaction that may write at once; waits for other writers.
   virtual void begin() = 0;
   virtual void commit() = 0;
   virtual void rollback() = 0;
   /// False also when the engine itself has given up the transaction (a full disk).
   virtual bool inTransaction() const = 0;
+  /// Outside a transaction: what has been written survives the failure of the machine that keeps it, as far
+  /// as the engine can be asked for that.
+  virtual void makeDurable() {}
 
   /// Rows touched by the last statement that wrote.
   virtual long changes() const = 0;

@@ -1,6 +1,7 @@
 #include "store/engine/RowEdit.h"
 
 #include "base/RuntimeError.h"
+#include "store/dialect/Emit.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
 
@@ -19,8 +20,9 @@ std::string quoted(const std::string& name, EngineKind engine) {
   return text += '"';
 }
 
-std::string parameter(std::size_t number, EngineKind engine) {
-  return (engine == EngineKind::Sqlite ? "?" : "$") + std::to_string(number);
+std::string keyParameter(std::size_t number, EngineKind engine) {
+  const std::string place = std::to_string(number);
+  return engine == EngineKind::Sqlite ? "?" + place : "$" + place + "::bigint";
 }
 
 std::string rowKey(EngineKind engine) {
@@ -34,7 +36,7 @@ void RowEdit::set(std::size_t column, const dialect::OutputColumn& info, const V
   std::optional<Value> converted = convertForColumn(value, info.type);
   if (!converted)
     throw RuntimeError(ErrorNumber::DataTypeConversion, "数据类型转换错误。（字段 '" + info.name + "'）");
-  fields_[column] = Field{*info.source, info.sourceColumn, std::move(*converted)};
+  fields_[column] = Field{*info.source, info.sourceColumn, info.type, std::move(*converted)};
 }
 
 const Value* RowEdit::find(std::size_t column) const {
@@ -65,11 +67,14 @@ std::int64_t RowEdit::insert(Connection& connection, const std::string& table) c
   std::size_t number = 0;
   for (const auto& [column, field] : fields_) {
     names += (names.empty() ? "" : ", ") + quoted(field.name, engine);
-    places += (places.empty() ? "" : ", ") + parameter(++number, engine);
+    places += (places.empty() ? "" : ", ") + dialect::typedParameter(++number, field.type, engine);
   }
   const std::string into = "INSERT INTO " + quoted(table, engine);
+  // Without the key among its results the statement would not tell which row it has made.
+  const std::string returning = engine == EngineKind::PostgreSql ? " RETURNING " + rowKey(engine) : "";
   EngineStatement& statement = connection.prepared(
-      fields_.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + places + ")");
+      (fields_.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + places + ")") +
+      returning);
   int place = 0;
   for (const auto& [column, field] : fields_) bindValue(statement, ++place, field.value);
   connection.write(statement);
@@ -81,11 +86,11 @@ void RowEdit::update(Connection& connection, const std::string& table, std::int6
   std::string assignments;
   std::size_t number = 0;
   for (const auto& [column, field] : fields_)
-    assignments +=
-        (assignments.empty() ? "" : ", ") + quoted(field.name, engine) + " = " + parameter(++number, engine);
+    assignments += (assignments.empty() ? "" : ", ") + quoted(field.name, engine) + " = " +
+                   dialect::typedParameter(++number, field.type, engine);
   EngineStatement& statement =
       connection.prepared("UPDATE " + quoted(table, engine) + " SET " + assignments + " WHERE " +
-                          rowKey(engine) + " = " + parameter(number + 1, engine));
+                          rowKey(engine) + " = " + keyParameter(number + 1, engine));
   int place = 0;
   for (const auto& [column, field] : fields_) bindValue(statement, ++place, field.value);
   statement.bindInteger(++place, key);
@@ -95,7 +100,7 @@ void RowEdit::update(Connection& connection, const std::string& table, std::int6
 void deleteRow(Connection& connection, const std::string& table, std::int64_t key) {
   const EngineKind engine = connection.engine().kind();
   EngineStatement& statement = connection.prepared("DELETE FROM " + quoted(table, engine) + " WHERE " +
-                                                   rowKey(engine) + " = " + parameter(1, engine));
+                                                   rowKey(engine) + " = " + keyParameter(1, engine));
   statement.bindInteger(1, key);
   if (connection.write(statement) == 0) throw RuntimeError(ErrorNumber::RecordDeleted);
 }

@@ -38,6 +38,7 @@ class RowEdit {
   struct Field {
     std::size_t source;
     std::string name;
+    dialect::ColumnType type;
     Value value;
   };
 

@@ -5,6 +5,15 @@
 namespace zelkor {
 
 void WriteGathering::beforeWrite() {
+  if (engine_.gathersWrites() || workspaceTransaction_ || holds_ > 0) return begin();
+  afterStatement();
+}
+
+void WriteGathering::beforeTableChange() {
+  begin();
+}
+
+void WriteGathering::begin() {
   afterStatement();  // an earlier statement may have failed before it could look at the time
   if (engine_.inTransaction()) return;
   engine_.begin();
@@ -13,11 +22,13 @@ void WriteGathering::beforeWrite() {
 
 void WriteGathering::afterStatement() {
   if (workspaceTransaction_ || holds_ > 0 || !engine_.inTransaction()) return;
-  if (Clock::now() - since_ >= longestWait) commit();
+  if (!engine_.gathersWrites() || Clock::now() - since_ >= longestWait) commit();
 }
 
 void WriteGathering::flush() {
-  if (!workspaceTransaction_ && engine_.inTransaction()) commit();
+  if (workspaceTransaction_) return;
+  if (engine_.inTransaction()) commit();
+  engine_.makeDurable();
 }
 
 void WriteGathering::commit() {

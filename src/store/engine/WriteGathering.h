@@ -10,12 +10,15 @@ namespace zelkor {
 ///
 /// Stand-alone statements are gathered into one engine transaction for at most 50 ms, as delayed writes;
 /// inside a workspace transaction everything waits for its commit. No lock is taken before the first write.
+/// An engine whose writers do not shut each other out keeps each stand-alone statement by itself.
 class WriteGathering {
  public:
   explicit WriteGathering(Engine& engine) : engine_(engine) {}
 
   /// Before a statement writes: takes the write lock unless it is held.
   void beforeWrite();
+  /// Before several engine statements that are one: as beforeWrite, on every engine inside a transaction.
+  void beforeTableChange();
   /// After a statement, whether it wrote or failed: makes the gathered ones durable when they are old enough.
   void afterStatement();
   /// Makes the gathered stand-alone statements durable now; a workspace transaction goes on.
@@ -35,6 +38,7 @@ class WriteGathering {
   using Clock = std::chrono::steady_clock;
   static constexpr std::chrono::milliseconds longestWait{50};
 
+  void begin();
   void commit();
 
   Engine& engine_;

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <sqlite3.h>
-
-#include <filesystem>
-#include <string>
+#include <memory>
 
 #include "store/Catalogue.h"
-#include "store/engine/SqliteEngine.h"
-#include "support/Support.h"
+#include "store/engine/DataFile.h"
+#include "store/StoreFixture.h"
 
 namespace zelkor::dialect::test {
 
@@ -15,26 +12,18 @@ namespace zelkor::dialect::test {
 class CatalogueFile {
  public:
   CatalogueFile() {
-    engine_.begin();
+    engine_->begin();
     for (const auto* tables : {&dataTables(), &systemTables()})
       for (const TableDef& table : *tables)
-        for (const std::string& sql : createStatements(table, EngineKind::Sqlite)) engine_.run(sql);
-    engine_.commit();
+        for (const std::string& sql : createStatements(table, engine_->kind())) engine_->run(sql);
+    engine_->commit();
   }
 
-  SqliteEngine& engine() { return engine_; }
+  Engine& engine() { return *engine_; }
 
  private:
-  static std::string emptyFile(const std::filesystem::path& path) {
-    sqlite3* handle = nullptr;
-    sqlite3_open(path.c_str(), &handle);
-    sqlite3_exec(handle, "PRAGMA user_version = 1", nullptr, nullptr, nullptr);
-    sqlite3_close(handle);
-    return path.string();
-  }
-
   zelkor::test::TempDir directory_;
-  SqliteEngine engine_{emptyFile(directory_ / "ZkData.Mdb")};
+  std::unique_ptr<Engine> engine_ = openDataFile(zelkor::test::makeEmptyDataFile(directory_.path()));
 };
 
 }  // namespace zelkor::dialect::test

@@ -78,7 +78,7 @@ class GoldenTest : public testing::TestWithParam<std::string> {
     const std::string statement = line.substr(0, tab);
     Shape shape;
     shapeOf(statement, shape);
-    const Translation translation = translate(statement, shape, schema, EngineKind::Sqlite);
+    const Translation translation = translate(statement, shape, schema, engine.kind());
     if (translation.guard) runText(*translation.guard, {}, shape);
     if (tab != std::string::npos)
       return runText(translation.query->keysWhere(line.substr(tab + 1)), translation, shape);
@@ -88,7 +88,7 @@ class GoldenTest : public testing::TestWithParam<std::string> {
   }
 
   CatalogueFile file;
-  SqliteEngine& engine = file.engine();
+  Engine& engine = file.engine();
 };
 
 TEST_P(GoldenTest, TranslatesAndRuns) {
@@ -104,6 +104,7 @@ TEST_P(GoldenTest, TranslatesAndRuns) {
       ADD_FAILURE() << one << error.number() << " " << error.what();
     }
   }
+  if (zelkor::test::onServer()) return;  // the texts are compared once; here they have run
   if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) {
     std::ofstream(golden) << found;
   } else {

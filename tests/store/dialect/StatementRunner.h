@@ -13,7 +13,7 @@ namespace zelkor::dialect::test {
 /// caches.
 class StatementRunner {
  public:
-  SqliteEngine& engine() { return file_.engine(); }
+  Engine& engine() { return file_.engine(); }
 
   Translation translated(std::string_view statement, Shape& shape);
   /// Rows touched.

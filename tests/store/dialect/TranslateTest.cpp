@@ -85,7 +85,8 @@ TEST(TranslateTest, PrintsConstantsInPlace) {
   EXPECT_EQ(printable(query.translation, query.shape, EngineKind::PostgreSql),
             "SELECT \"fa_status\".\"zk_row\", \"fa_status\".\"sid\" FROM \"fa_status\" WHERE "
             "\"fa_status\".\"sname\" = "
-            "'a'::citext AND \"fa_status\".\"ilevel\" > -2::double precision");
+            "'a'::citext AND \"fa_status\".\"ilevel\" > -2::double precision ORDER BY "
+            "\"fa_status\".\"zk_row\"");
 }
 
 }  // namespace

@@ -1,0 +1,63 @@
+#include "store/engine/PostgreSqlEngine.h"
+
+#include <libpq-fe.h>
+
+#include "base/RuntimeError.h"
+#include "store/engine/PostgreSqlStatement.h"
+
+namespace zelkor {
+namespace {
+
+void requireAccountSet(PostgreSqlLink& link, const std::string& schema) {
+  const PgResult found = link.query(
+      "SELECT 1 FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace "
+      "WHERE n.nspname = $1 AND p.proname = 'zk_describe'",
+      {schema});
+  if (PQntuples(found.get()) == 0)
+    throw RuntimeError(ErrorNumber::UnrecognizedFormat,
+                       "服务器上没有账套 '" + schema + "'；请用 zelkorctl create --server 建立。");
+}
+
+}  // namespace
+
+// Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed, so that they
+// come in the order of their keys.
+std::string sessionSettings(const std::string& schema) {
+  return "SET search_path = \"" + schema +
+         "\", public; SET datestyle = 'ISO, YMD'; SET synchronous_commit = off; SET lock_timeout = '10s'; "
+         "SET standard_conforming_strings = on; SET jit = off; SET enable_hashagg = off";
+}
+
+PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file)
+    : link_(std::make_shared<PostgreSqlLink>(file.conninfo)) {
+  requireAccountSet(*link_, file.schema);
+  link_->run(sessionSettings(file.schema));
+}
+
+std::unique_ptr<EngineStatement> PostgreSqlEngine::prepare(std::string_view sql) {
+  return std::make_unique<PostgreSqlStatement>(link_, sql);
+}
+
+void PostgreSqlEngine::run(const std::string& sql) {
+  link_->run(sql);
+}
+
+void PostgreSqlEngine::begin() {
+  link_->run("BEGIN");
+}
+
+void PostgreSqlEngine::commit() {
+  link_->run("COMMIT");
+}
+
+void PostgreSqlEngine::rollback() {
+  link_->run("ROLLBACK");
+}
+
+// A transaction that is forced to disk takes all earlier ones with it; it needs a number of its own for that.
+void PostgreSqlEngine::makeDurable() {
+  if (inTransaction() || !link_->takeWritten()) return;
+  link_->run("BEGIN; SET LOCAL synchronous_commit = on; SELECT pg_current_xact_id(); COMMIT");
+}
+
+}  // namespace zelkor

@@ -1,0 +1,110 @@
+#include "store/engine/PostgreSqlErrors.h"
+
+#include <libpq-fe.h>
+
+#include <array>
+#include <charconv>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+
+namespace zelkor {
+namespace {
+
+constexpr std::string_view ownErrorMark = "ZK";
+constexpr std::string_view unsupportedPicture = "ZK001";
+
+struct KnownState {
+  std::string_view state;  // or its first two characters: the class
+  ErrorNumber number;
+};
+
+constexpr std::array knownStates{
+    KnownState{"42704", ErrorNumber::NoSuchIndex},
+    KnownState{"22003", ErrorNumber::Overflow},
+    KnownState{"22012", ErrorNumber::DivisionByZero},
+    KnownState{"22P02", ErrorNumber::TypeMismatch},
+    KnownState{"22007", ErrorNumber::TypeMismatch},
+    KnownState{"22008", ErrorNumber::TypeMismatch},
+    KnownState{"53100", ErrorNumber::DiskFull},
+    KnownState{"25006", ErrorNumber::CannotOpenReadOnly},
+    KnownState{"42501", ErrorNumber::CannotOpenReadOnly},
+    KnownState{"55P03", ErrorNumber::FileLocked},
+    KnownState{"40P01", ErrorNumber::FileLocked},
+    KnownState{"40001", ErrorNumber::FileLocked},
+};
+
+std::string field(const PGresult* result, int code) {
+  const char* text = PQresultErrorField(result, code);
+  return text == nullptr ? std::string() : text;
+}
+
+// Messages come in the server's language; names stand in quotes in all of them.
+std::string quotedName(std::string_view message) {
+  const std::size_t open = message.find('"');
+  const std::size_t close = message.find('"', open + 1);
+  if (open != std::string_view::npos && close != std::string_view::npos)
+    return std::string(message.substr(open + 1, close - open - 1));
+  const std::size_t blank = message.find(' ');  // column a.b does not exist
+  const std::size_t end = message.find(' ', blank + 1);
+  return blank == std::string_view::npos ? std::string()
+                                         : std::string(message.substr(blank + 1, end - blank - 1));
+}
+
+void raiseOwnError(const ServerFailure& failure) {
+  if (!failure.state.starts_with(ownErrorMark)) return;
+  if (failure.state == unsupportedPicture)
+    throw RuntimeError(ErrorNumber::OperationNotSupported, "服务器不支持格式 '" + failure.message + "'。");
+  int number = 0;
+  std::from_chars(failure.state.data() + ownErrorMark.size(), failure.state.data() + failure.state.size(),
+                  number);
+  throw RuntimeError(static_cast<ErrorNumber>(number));
+}
+
+void raiseNameError(const ServerFailure& failure) {
+  const std::string name = quotedName(failure.message);
+  if (failure.state == "42P01")
+    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + name + "'。");
+  if (failure.state == "42703")
+    throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+  if (failure.state == "42P07") {
+    if (name.find("__") != std::string::npos) throw RuntimeError(ErrorNumber::IndexAlreadyExists);
+    throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + name + "' 已存在。");
+  }
+}
+
+bool connectionLost(std::string_view state) {
+  return state.empty() || state.starts_with("08") || state.starts_with("57P");
+}
+
+}  // namespace
+
+ServerFailure failureOf(const PGconn* connection, const PGresult* result) {
+  ServerFailure failure;
+  failure.state = field(result, PG_DIAG_SQLSTATE);
+  failure.message = field(result, PG_DIAG_MESSAGE_PRIMARY);
+  failure.detail = field(result, PG_DIAG_MESSAGE_DETAIL);
+  failure.table = field(result, PG_DIAG_TABLE_NAME);
+  if (failure.state.empty() || PQstatus(connection) == CONNECTION_BAD) {
+    failure.state.clear();
+    failure.message = PQerrorMessage(connection);
+  }
+  return failure;
+}
+
+void raiseServerError(const ServerFailure& failure, const std::string& columnsOfKey) {
+  if (connectionLost(failure.state))
+    throw RuntimeError(ErrorNumber::DeviceIo,
+                       "设备 I/O 错误：与数据库服务器的连接已中断。" + failure.message);
+  raiseOwnError(failure);
+  raiseNameError(failure);
+  if (failure.state.starts_with("23"))
+    throw RuntimeError(
+        ErrorNumber::DuplicateKey,
+        "由于将在索引、主关键字或关系中创建重复的值，请求对表的更改没有成功。（索引：" + columnsOfKey + "）");
+  for (const KnownState& known : knownStates)
+    if (known.state == failure.state) throw RuntimeError(known.number);
+  throw RuntimeError(ErrorNumber::OperationNotUpdatable, "数据库引擎错误：" + failure.message);
+}
+
+}  // namespace zelkor

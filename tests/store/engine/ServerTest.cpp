@@ -1,0 +1,170 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "store/Catalogue.h"
+#include "store/engine/PostgreSqlEngine.h"
+#include "store/StoreFixture.h"
+
+namespace zelkor::test {
+namespace {
+
+using testing::HasSubstr;
+
+struct BadServerFile {
+  const char* name;
+  const char* content;
+  const char* reason;
+};
+
+class ServerFileTest : public testing::TestWithParam<BadServerFile> {};
+
+TEST_P(ServerFileTest, SaysWhatIsWrong) {
+  const TempDir directory;
+  writeFile(directory / "ZkData.Mdb", GetParam().content);
+  DbEngine engine;
+  try {
+    engine.OpenDatabase((directory / "ZkData.Mdb").string());
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 3343);
+    EXPECT_THAT(error.what(), HasSubstr(GetParam().reason));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, ServerFileTest,
+    testing::Values(BadServerFile{"NoEngine", "[zelkor]\nconninfo=host=x\nschema=a\n", "缺少 engine"},
+                    BadServerFile{"OtherEngine", "[zelkor]\nengine=oracle\nconninfo=x\nschema=a\n", "oracle"},
+                    BadServerFile{"NoServer", "[zelkor]\nengine=postgresql\nschema=a\n", "缺少 conninfo"},
+                    BadServerFile{"NoSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=\n",
+                                  "缺少 schema"},
+                    BadServerFile{"BadSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=a\"b\n",
+                                  "schema 只能"},
+                    BadServerFile{"NoPair", "\xEF\xBB\xBF[zelkor]\n# a comment\nengine postgresql\n",
+                                  "engine postgresql"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(ServerFile, IsReadAsItWasWritten) {
+  const TempDir directory;
+  ServerFile{"host=/run/x dbname='a b'", "zk001_data"}.write(directory / "f");
+  const ServerFile read = ServerFile::read(directory / "f");
+  EXPECT_EQ(read.conninfo, "host=/run/x dbname='a b'");
+  EXPECT_EQ(read.schema, "zk001_data");
+}
+
+TEST(ServerFile, NamesAServerThatCannotBeReached) {
+  const TempDir directory;
+  ServerFile{"host=" + directory.path().string(), "zk001_data"}.write(directory / "f");
+  DbEngine engine;
+  EXPECT_EQ(errorOf([&] { engine.OpenDatabase((directory / "f").string()); }), 57);
+}
+
+class ServerTest : public StoreTest {
+ protected:
+  void SetUp() override {
+    if (!onServer()) GTEST_SKIP() << "needs a server";
+    db.Execute("CREATE TABLE t (i_id COUNTER, sNum TEXT(20), memMore MEMO)");
+    db.Execute("CREATE UNIQUE INDEX sNum ON t (sNum)");
+  }
+};
+
+TEST_F(ServerTest, KeepsTheSpellingOfNames) {
+  db.Execute("insert into t (sNum) values ('1')");
+  db.Execute("select * into TheCopy from T");
+  EXPECT_THAT(db.TableDefs(), testing::ElementsAre("t", "TheCopy"));
+  Recordset copy = db.OpenRecordset("thecopy");
+  EXPECT_EQ(copy.FieldName(0), "i_id");
+  EXPECT_EQ(copy.FieldName(2), "memMore");
+  db.Execute("alter table thecopy add column sMore text(5)");
+  EXPECT_EQ(db.OpenRecordset("thecopy").FieldName(3), "sMore");
+  db.Execute("insert into TheCopy (sNum) values ('2')");
+  EXPECT_EQ(cell("select i_id from thecopy where sNum='2'"), "2") << "the counter goes on in the copy";
+}
+
+TEST_F(ServerTest, NamesTheKeyThatIsThereAlready) {
+  db.Execute("insert into t (sNum) values ('a')");
+  try {
+    db.Execute("insert into t (sNum) values ('A')");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 3022);
+    EXPECT_THAT(error.what(), HasSubstr("（索引：t.sNum）"));
+  }
+}
+
+TEST_F(ServerTest, AFailureWithinATransactionUndoesItsStatementOnly) {
+  engine.workspace().BeginTrans();
+  db.Execute("insert into t (sNum) values ('1')");
+  EXPECT_EQ(errorOf([&] { db.Execute("insert into t (sNum) values ('1')"); }), 3022);
+  EXPECT_EQ(errorOf([&] { rows("select clng(sNum & 'x') from t"); }), 13);
+  db.Execute("insert into t (sNum) values ('2')");
+  engine.workspace().CommitTrans();
+  EXPECT_EQ(cell("select count(*) from t"), "2");
+}
+
+TEST_F(ServerTest, RowsStayInTheOrderInWhichTheyWereAdded) {
+  for (const char* num : {"c", "a", "b"})
+    db.Execute("insert into t (sNum) values ('" + std::string(num) + "')");
+  db.Execute("update t set memMore='changed' where sNum='c'");
+  EXPECT_THAT(rows("select sNum from t"), testing::ElementsAre("c", "a", "b"));
+  db.Execute("select sNum into u from t");
+  EXPECT_THAT(rows("select sNum from u"), testing::ElementsAre("c", "a", "b"));
+}
+
+TEST_F(ServerTest, ACutConnectionIsReportedAndWhatWasDoneStays) {
+  db.Execute("insert into t (sNum) values ('1')");
+  PostgreSqlEngine other(ServerFile::read(path));
+  other
+      .prepare(
+          "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
+          "query LIKE '%\"t\"%'")
+      ->step();
+  EXPECT_EQ(errorOf([&] { db.Execute("insert into t (sNum) values ('2')"); }), 57);
+  EXPECT_EQ(errorOf([&] { rows("select sNum from t"); }), 57);
+  db.Close();
+  db = engine.OpenDatabase(path);
+  EXPECT_THAT(rows("select sNum from t"), testing::ElementsAre("1"));
+}
+
+std::vector<std::string> sorted(std::vector<std::string> rows) {
+  std::ranges::sort(rows);
+  return rows;
+}
+
+class ServerSetTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!onServer()) GTEST_SKIP() << "needs a server";
+  }
+
+  TempDir directory;
+};
+
+TEST_F(ServerSetTest, HoldsWhatAFileHolds) {
+  AccountSetOptions options{.account = "a7", .year = 2020, .month = 1, .sample = true};
+  createAccountSet(directory / "file", options);
+  createServerAccountSet(testServer(), directory / "server", options);
+  DbEngine engine;
+  for (const auto& [name, tables] :
+       {std::pair{"ZkData.Mdb", &dataTables()}, {"ZkSystem.Mdb", &systemTables()}}) {
+    Database file = engine.OpenDatabase((directory / "file" / name).string());
+    Database server = engine.OpenDatabase((directory / "server" / name).string());
+    EXPECT_EQ(file.TableDefs().size(), server.TableDefs().size());
+    for (const TableDef& table : *tables)
+      EXPECT_EQ(sorted(rowsOf(file.OpenRecordset(table.info.name))),
+                sorted(rowsOf(server.OpenRecordset(table.info.name))))
+          << table.info.name;
+  }
+  EXPECT_EQ(errorOf([&] { createServerAccountSet(testServer(), directory / "again", options); }), 3204);
+  EXPECT_FALSE(std::filesystem::exists(directory / "again"));
+  EXPECT_EQ(errorOf([&] { createServerAccountSet(testServer(), directory / "server", options); }), 3204);
+}
+
+TEST_F(ServerSetTest, TakesNoPassword) {
+  EXPECT_EQ(errorOf([&] { createServerAccountSet("host=x password=y", directory / "set", {}); }), 13);
+  EXPECT_FALSE(std::filesystem::exists(directory / "set"));
+}
+
+}  // namespace
+}  // namespace zelkor::test

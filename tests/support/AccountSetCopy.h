@@ -1,0 +1,86 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/AccountSet.h"
+#include "store/engine/PostgreSqlLink.h"
+#include "store/engine/ServerFile.h"
+#include "support/Support.h"
+#include "support/TestServer.h"
+
+namespace zelkor::test {
+
+inline constexpr const char* accountSetFiles[] = {"ZkData.Mdb", "ZkSystem.Mdb"};
+
+/// A database of the test server that goes with the object.
+class TestDatabase {
+ public:
+  /// A copy of the database of that name.
+  explicit TestDatabase(const std::string& original) : name_(freshSchema()) {
+    server().run("CREATE DATABASE " + name_ + " TEMPLATE " + original + " STRATEGY file_copy");
+  }
+  TestDatabase(const TestDatabase&) = delete;
+  TestDatabase& operator=(const TestDatabase&) = delete;
+  ~TestDatabase() {
+    try {
+      server().run("DROP DATABASE " + name_ + " WITH (FORCE)");
+    } catch (const RuntimeError&) {
+      // The server goes with everything in it when the tests are through.
+    }
+  }
+
+  const std::string& name() const { return name_; }
+  std::string conninfo() const { return testServer() + " dbname=" + name_; }
+
+ private:
+  static PostgreSqlLink& server() {
+    static PostgreSqlLink link(testServer());
+    return link;
+  }
+  std::string name_;
+};
+
+/// A directory with an account set that holds the sample archives, made once per test program: in files, or
+/// in a database beside a server.
+struct PreparedAccountSet {
+  PreparedAccountSet() {
+    const AccountSetOptions options{.account = "001", .year = 2020, .month = 1, .sample = true};
+    if (!onServer()) {
+      createAccountSet(directory.path(), options);
+      return;
+    }
+    database = std::make_unique<TestDatabase>("template0");
+    createServerAccountSet(database->conninfo(), directory.path(), options);
+  }
+
+  static const PreparedAccountSet& get() {
+    static const PreparedAccountSet prepared;
+    return prepared;
+  }
+
+  TempDir directory;
+  std::unique_ptr<TestDatabase> database;
+};
+
+/// Puts a fresh copy of the prepared account set into a directory; a server's part goes with the object.
+class AccountSetCopy {
+ public:
+  explicit AccountSetCopy(const std::filesystem::path& directory) {
+    const PreparedAccountSet& prepared = PreparedAccountSet::get();
+    if (prepared.database) database_ = std::make_unique<TestDatabase>(prepared.database->name());
+    for (const char* file : accountSetFiles) {
+      if (database_) {
+        const ServerFile original = ServerFile::read(prepared.directory / file);
+        ServerFile{database_->conninfo(), original.schema}.write(directory / file);
+      } else {
+        std::filesystem::copy_file(prepared.directory / file, directory / file);
+      }
+    }
+  }
+
+ private:
+  std::unique_ptr<TestDatabase> database_;
+};
+
+}  // namespace zelkor::test

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "store/ServerAccountSet.h"
+
+namespace zelkor::test {
+
+/// How the server is reached beside which the tests run (tests/support/with-server), empty without one. The
+/// switch between the engines: with a server, account sets lie there.
+inline std::string testServer() {
+  const char* conninfo = std::getenv("ZELKOR_TEST_SERVER");
+  return conninfo == nullptr ? "" : conninfo;
+}
+
+inline bool onServer() {
+  return !testServer().empty();
+}
+
+/// A schema name that no other test has.
+inline std::string freshSchema() {
+  static int number = 0;
+  return "t" + std::to_string(::getpid()) + "_" + std::to_string(++number);
+}
+
+/// Known difference: a query is run as a whole, so that a row that cannot be read fails its opening and not
+/// the move that reaches it.
+inline bool failsAsAWhole() {
+  return onServer();
+}
+
+/// Known difference: the file only names the server; nothing is lost with it.
+inline bool writesWithoutItsFile() {
+  return onServer();
+}
+
+}  // namespace zelkor::test

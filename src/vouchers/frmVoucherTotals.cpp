@@ -23,7 +23,8 @@ QString balanceText(const VoucherTotals& totals) {
   if (totals.balanced()) return "借贷平衡";
   const bool debitMore = totals.debit > totals.credit;
   const Currency more = debitMore ? totals.difference() : -totals.difference();
-  return (debitMore ? "借贷不平，借方多 " : "借贷不平，贷方多 ") + sumText(more);
+  // With all its decimals: staged amounts have four, and "0.00 more" would tell nothing.
+  return (debitMore ? "借贷不平，借方多 " : "借贷不平，贷方多 ") + toQt(Format(more, "#,##0.00##"));
 }
 
 }  // namespace

@@ -118,6 +118,15 @@ TEST_F(frmPZFillTest, anUnbalancedVoucherIsRedAndSavedAsTold) {
   EXPECT_THAT(ledger("md,mc"), ElementsAre("10|0", "0|1009.5")) << "the offered line does not count";
 }
 
+TEST_F(frmPZFillTest, tellsADifferenceBelowTheShownDecimals) {
+  const frmPZFill& form = open(cardVoucher("00001", "10.004"));
+  EXPECT_EQ(balance(form), "10.00 10.00 借贷平衡");
+  sendKey(openCell(form, 1, kDebit), Qt::Key_Return);
+  EXPECT_EQ(written(form)[0], "直接购入|1501|固定资产|10.004|0") << "nothing was typed";
+  write(form, 1, kDebit, "10");
+  EXPECT_EQ(balance(form), "10.00 10.00 借贷不平，贷方多 0.004");
+}
+
 TEST_F(frmPZFillTest, isWrittenByKeysAlone) {
   const frmPZFill& form = openCard();
   FlexGrid& grid = linesOn(form);

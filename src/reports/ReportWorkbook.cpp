@@ -20,37 +20,42 @@ namespace {
 
 constexpr double kTwipsPerCharacter = 110;  // of a column's width in the workbook
 constexpr double kNarrowest = 8;
+constexpr double kWidest = 60;
+constexpr double kCellPadding = 2;  // characters; a number that does not fit is shown as a row of hashes
 constexpr std::uint8_t kPaperA4 = 9;
 constexpr std::size_t kSheetNameLimit = 31;
 constexpr std::string_view kForbiddenInSheetName = "[]:*?/\\'";
 
-/// Formats of a report's cells, one per alignment; amounts with two decimals.
+/// Formats of a report's cells, one per alignment each; amounts with two decimals.
 struct Formats {
   explicit Formats(lxw_workbook* workbook)
-      : title(workbook_add_format(workbook)),
-        header(workbook_add_format(workbook)),
-        amount(workbook_add_format(workbook)) {
+      : title(workbook_add_format(workbook)), header(workbook_add_format(workbook)) {
     format_set_bold(title);
     format_set_font_size(title, 16);
     format_set_bold(header);
     format_set_align(header, LXW_ALIGN_CENTER);
     format_set_align(header, LXW_ALIGN_VERTICAL_CENTER);
     format_set_border(header, LXW_BORDER_THIN);
-    format_set_num_format(amount, "0.00");
-    format_set_border(amount, LXW_BORDER_THIN);
     static constexpr std::array<lxw_format_alignments, 3> kAlignments{LXW_ALIGN_LEFT, LXW_ALIGN_CENTER,
                                                                       LXW_ALIGN_RIGHT};
     for (std::size_t i = 0; i < body.size(); ++i) {
-      body[i] = workbook_add_format(workbook);
-      format_set_align(body[i], static_cast<std::uint8_t>(kAlignments[i]));
-      format_set_border(body[i], LXW_BORDER_THIN);
+      body[i] = bodyFormat(workbook, kAlignments[i]);
+      amount[i] = bodyFormat(workbook, kAlignments[i]);
+      format_set_num_format(amount[i], "0.00");
     }
+  }
+
+  static lxw_format* bodyFormat(lxw_workbook* workbook, lxw_format_alignments alignment) {
+    lxw_format* format = workbook_add_format(workbook);
+    format_set_align(format, static_cast<std::uint8_t>(alignment));
+    format_set_border(format, LXW_BORDER_THIN);
+    return format;
   }
 
   lxw_format* title;
   lxw_format* header;
-  lxw_format* amount;
   std::array<lxw_format*, 3> body{};
+  std::array<lxw_format*, 3> amount{};
 };
 
 std::string sheetName(const std::string& title) {
@@ -80,10 +85,29 @@ class SheetWriter {
   void setColumns() {
     for (std::size_t column = 0; column < grid_.columns(); ++column) {
       if (grid_.columnHidden(column)) continue;
-      const double width = std::max(kNarrowest, grid_.columnWidth(column) / kTwipsPerCharacter);
-      worksheet_set_column(sheet_, columns_, columns_, width, nullptr);
+      worksheet_set_column(sheet_, columns_, columns_, widthOf(column), nullptr);
       places_.emplace_back(column, columns_++);
     }
+  }
+
+  /// In characters: as the grid has it, or wider where its texts need it.
+  double widthOf(std::size_t column) const {
+    const double told = std::max(kNarrowest, grid_.columnWidth(column) / kTwipsPerCharacter);
+    return std::max(told, std::min(kWidest, widestText(column) + kCellPadding));
+  }
+
+  /// A caption over several columns shares their width.
+  double widestText(std::size_t column) const {
+    double widest = 0;
+    for (std::size_t row = 0; row < grid_.rows(); ++row) {
+      auto width = static_cast<double>(displayWidth(grid_.text(row, column)));
+      if (row < grid_.headerRows()) {
+        const CellSpan span = spanOf(row, column);
+        width /= static_cast<double>(span.lastColumn - span.firstColumn + 1);
+      }
+      widest = std::max(widest, width);
+    }
+    return widest;
   }
 
   void writeCaptions(const std::string& title, const ReportView& view) {
@@ -143,13 +167,14 @@ class SheetWriter {
   void writeRow(std::size_t row) {
     for (const auto& [column, place] : places_) {
       const std::string& text = grid_.text(row, column);
-      lxw_format* format = formats_.body[static_cast<std::size_t>(grid_.alignment(column))];
+      const auto alignment = static_cast<std::size_t>(grid_.alignment(column));
       if (!isNumberCell(grid_, row, column)) {
-        worksheet_write_string(sheet_, next_, place, text.c_str(), format);
+        worksheet_write_string(sheet_, next_, place, text.c_str(), formats_.body[alignment]);
         continue;
       }
       const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
-      worksheet_write_number(sheet_, next_, place, Val(text), amount ? formats_.amount : format);
+      worksheet_write_number(sheet_, next_, place, Val(text),
+                             (amount ? formats_.amount : formats_.body)[alignment]);
     }
     ++next_;
   }

@@ -95,6 +95,25 @@ TEST(ReportExportTest, WritesAWorkbookWithNumbers) {
   EXPECT_NE(partOf(directory / "a.xlsx", "xl/workbook.xml").find("name=\"表 一 \""), std::string::npos);
 }
 
+/// A number that does not fit into its column is shown as a row of hashes.
+TEST(ReportExportTest, MakesColumnsOfAWorkbookWideEnoughForTheirNumbers) {
+  const TempDir directory;
+  ReportView view = sampleView();
+  view.grid.setColumnWidth(2, 600);
+  view.grid.setAlignment(3, Align::Center);
+  view.grid.setText(3, 2, "30799101.26");
+  view.grid.setText(3, 3, "12.50");
+  writeXlsx(directory / "a.xlsx", "表", view);
+  const std::string sheet = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
+  EXPECT_NE(sheet.find("<col min=\"2\" max=\"2\" width=\"13.7"), std::string::npos) << sheet;
+  const std::string styles = partOf(directory / "a.xlsx", "xl/styles.xml");
+  EXPECT_NE(styles.find("<xf numFmtId=\"164\" fontId=\"0\" fillId=\"0\" borderId=\"1\" xfId=\"0\" "
+                        "applyNumberFormat=\"1\" applyBorder=\"1\" applyAlignment=\"1\">"
+                        "<alignment horizontal=\"center\"/></xf>"),
+            std::string::npos)
+      << styles;
+}
+
 TEST(ReportExportTest, LeavesNoWorkbookThatCannotBeWritten) {
   const TempDir directory;
   const fs::path file = directory / "missing" / "a.xlsx";

@@ -1,6 +1,5 @@
 #include <optional>
 
-#include "base/Conversion.h"
 #include "reports/CardLines.h"
 #include "reports/ReportConditions.h"
 #include "reports/ReportGrid.h"
@@ -44,7 +43,7 @@ struct Line {
 
 void writeLine(ReportGrid& grid, const Recordset& card, const Line& line) {
   const std::size_t row = grid.addRow();
-  const int iOptType = CInt(card.Fields("iOptType"));
+  const int iOptType = kindOf(card);
   grid.put(row, 0, card.TextOrEmpty("dInputDate"));
   grid.put(row, 1, "00001");
   if (iOptType <= kValueIncrease) grid.put(row, kDigest, std::string(digestOf(iOptType)));

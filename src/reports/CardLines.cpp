@@ -1,5 +1,6 @@
 #include "reports/CardLines.h"
 
+#include "base/Conversion.h"
 #include "store/Statement.h"
 
 namespace zelkor {
@@ -28,6 +29,11 @@ std::string cardLinesQuery(std::string_view columns, const LedgerFilter& filter)
   }
   return sql(columns, " From fa_Cards a, fa_DeprTransactions b where a.sCardNum=b.sCardNum and ",
              "sTypeNum like '", type, "*' and sDeptNum like '", department, "*'");
+}
+
+int kindOf(const Recordset& card) {
+  const Value kind = card.Fields("iOptType");
+  return kind.isNull() ? 0 : CInt(kind);
 }
 
 std::string_view digestOf(int iOptType) {

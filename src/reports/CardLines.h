@@ -26,6 +26,9 @@ void setLedgerCaptions(ReportView& view, const ReportConditions& conditions, con
 /// out only when there is no filter.
 std::string cardLinesQuery(std::string_view columns, const LedgerFilter& filter);
 
+/// The kind of a version; 0 where the card has none.
+int kindOf(const Recordset& card);
+
 /// What a version of that kind is called in a ledger; empty for some.
 std::string_view digestOf(int iOptType);
 

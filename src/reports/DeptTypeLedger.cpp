@@ -1,4 +1,3 @@
-#include "base/Conversion.h"
 #include "reports/CardLines.h"
 #include "reports/ReportConditions.h"
 #include "reports/ReportGrid.h"
@@ -45,7 +44,7 @@ void writeBalances(ReportGrid& grid, std::size_t row, double value, double depre
 void writeCard(ReportGrid& grid, const Recordset& card) {
   const std::size_t row = grid.addRow();
   writeCardHead(grid, row, card);
-  const std::string_view digest = digestOf(CInt(card.Fields("iOptType")));
+  const std::string_view digest = digestOf(kindOf(card));
   if (!digest.empty()) grid.put(row, kDigest, std::string(digest));
   grid.put(row, kAssetName, card.TextOrEmpty("sAssetName"));
   grid.put(row, 6, "1");

@@ -35,7 +35,7 @@ void writeQuantity(ReportGrid& grid, std::size_t row, int iOptType) {
 void writeCard(ReportGrid& grid, ClsBLLFACards& cards, const Recordset& card) {
   const std::size_t row = grid.addRow();
   writeCardHead(grid, row, card);
-  writeQuantity(grid, row, CInt(card.Fields("iOptType")));
+  writeQuantity(grid, row, kindOf(card));
   grid.put(row, kAssetName, card.TextOrEmpty("sAssetName"));
   grid.put(row, 6, cards.GetDeptName(card.TextOrEmpty("sDeptNum")));
   const double value = card.Fields("dblInputValue").number();

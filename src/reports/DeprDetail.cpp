@@ -10,7 +10,8 @@ namespace {
 
 constexpr std::size_t kFirstRow = 2;
 
-/// Only versions of cards as they were entered or as their value was raised select a card.
+/// Only a card's version as it was entered selects the card, and only in the department itself, not in those
+/// below it.
 LedgerSums sumType(Database& data, const std::string& type, const std::string& department) {
   const std::string inDepartment = department.empty() ? "" : sql(" and sDeptNum='", department, "'");
   const Recordset sums = data.OpenRecordset(

@@ -24,6 +24,12 @@ constexpr double kTitleScale = 1.7;   // of the font
 constexpr double kLineScale = 1.45;   // a row's height to the font's
 constexpr double kCellPadding = 0.4;  // on each side, of the font's height
 constexpr int kDotsPerInch = 600;
+constexpr double kTwipsPerInch = 1440;
+
+QFont boldOf(QFont font) {
+  font.setBold(true);
+  return font;
+}
 
 /// Draws pages from top to bottom.
 class Paper {
@@ -59,15 +65,32 @@ class Paper {
     return lineHeight_ * (kTitleScale * 1.4 + static_cast<double>(captions.size()) + 0.5);
   }
 
-  /// The largest letters with which all columns fit.
+  double tableWidth() const { return std::accumulate(widths_.begin(), widths_.end(), 0.0); }
+
+  /// The largest letters with which all columns fit; the table in the middle of the page.
   void fitFont() {
     setFont(kFontSize);
-    const double needed = std::accumulate(widths_.begin(), widths_.end(), 0.0);
-    if (needed > width()) setFont(std::max(kSmallestFont, kFontSize * width() / needed));
-    const double total = std::accumulate(widths_.begin(), widths_.end(), 0.0);
+    if (tableWidth() > width()) setFont(std::max(kSmallestFont, kFontSize * width() / tableWidth()));
+    const double total = tableWidth();
     if (total > width()) {
       for (double& columnWidth : widths_) columnWidth *= width() / total;
+    } else {
+      widenColumns(width() - total);
     }
+    left_ = (width() - tableWidth()) / 2;
+  }
+
+  /// Towards the widths that the grid's columns have, as far as there is room.
+  void widenColumns(double room) {
+    std::vector<double> missing;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const double told = grid_.columnWidth(columns_[i]) * kDotsPerInch / kTwipsPerInch;
+      missing.push_back(std::max(0.0, told - widths_[i]));
+    }
+    const double wanted = std::accumulate(missing.begin(), missing.end(), 0.0);
+    if (wanted <= 0) return;
+    const double share = std::min(1.0, room / wanted);
+    for (std::size_t i = 0; i < missing.size(); ++i) widths_[i] += missing[i] * share;
   }
 
   void setFont(double points) {
@@ -78,21 +101,28 @@ class Paper {
     lineHeight_ = metrics.height() * kLineScale;
     padding_ = metrics.height() * kCellPadding;
     widths_.clear();
-    for (const std::size_t column : columns_) widths_.push_back(textWidth(metrics, column) + 2 * padding_);
+    const QFontMetricsF bold(boldOf(font_), &writer_);
+    for (const std::size_t column : columns_) {
+      widths_.push_back(std::max(captionWidth(bold, column), textWidth(metrics, column)) + 2 * padding_);
+    }
   }
 
   /// A caption over several columns shares their width.
+  double captionWidth(const QFontMetricsF& metrics, std::size_t column) const {
+    double widest = 0;
+    for (std::size_t row = 0; row < grid_.headerRows(); ++row) {
+      const CellSpan span = mergedCells(grid_, row, column, 0, grid_.headerRows() - 1);
+      const auto columns = static_cast<double>(span.lastColumn - span.firstColumn + 1);
+      widest = std::max(widest, metrics.horizontalAdvance(toQt(grid_.text(row, column))) / columns);
+    }
+    return widest;
+  }
+
   double textWidth(const QFontMetricsF& metrics, std::size_t column) const {
     double widest = 0;
-    for (std::size_t row = 0; row < grid_.rows(); ++row) {
+    for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
       const std::string& text = grid_.text(row, column);
-      if (text.empty()) continue;
-      double share = 1;
-      if (row < grid_.headerRows()) {
-        const CellSpan span = mergedCells(grid_, row, column, 0, grid_.headerRows() - 1);
-        share = static_cast<double>(span.lastColumn - span.firstColumn + 1);
-      }
-      widest = std::max(widest, metrics.horizontalAdvance(toQt(text)) / share);
+      if (!text.empty()) widest = std::max(widest, metrics.horizontalAdvance(toQt(text)));
     }
     return widest;
   }
@@ -106,15 +136,15 @@ class Paper {
   }
 
   void drawHeading(const std::string& title, const std::vector<std::string>& captions) {
-    QFont large = font_;
+    QFont large = boldOf(font_);
     large.setPointSizeF(font_.pointSizeF() * kTitleScale);
-    large.setBold(true);
     painter_.setFont(large);
     painter_.drawText(QRectF(0, y_, width(), lineHeight_ * kTitleScale), Qt::AlignCenter, toQt(title));
     y_ += lineHeight_ * kTitleScale * 1.4;
     painter_.setFont(font_);
     for (const std::string& line : captions) {
-      painter_.drawText(QRectF(0, y_, width(), lineHeight_), Qt::AlignLeft | Qt::AlignVCenter, toQt(line));
+      painter_.drawText(QRectF(left_, y_, width() - left_, lineHeight_), Qt::AlignLeft | Qt::AlignVCenter,
+                        toQt(line));
       y_ += lineHeight_;
     }
     y_ += 0.5 * lineHeight_;
@@ -134,9 +164,7 @@ class Paper {
   }
 
   void drawHeader() {
-    QFont bold = font_;
-    bold.setBold(true);
-    painter_.setFont(bold);
+    painter_.setFont(boldOf(font_));
     for (std::size_t row = 0; row < grid_.headerRows(); ++row) {
       for (std::size_t i = 0; i < columns_.size(); ++i) drawHeaderCell(row, i);
     }
@@ -161,7 +189,7 @@ class Paper {
 
   void drawRow(std::size_t row) {
     static constexpr Qt::AlignmentFlag kAlignments[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
-    double left = 0;
+    double left = left_;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const QRectF cell(left, y_, widths_[i], lineHeight_);
       painter_.drawRect(cell);
@@ -174,7 +202,7 @@ class Paper {
   }
 
   double leftOf(std::size_t place) const {
-    return std::accumulate(widths_.begin(), widths_.begin() + static_cast<std::ptrdiff_t>(place), 0.0);
+    return std::accumulate(widths_.begin(), widths_.begin() + static_cast<std::ptrdiff_t>(place), left_);
   }
 
   QPdfWriter& writer_;
@@ -186,6 +214,7 @@ class Paper {
   QFont font_;
   double lineHeight_ = 0;
   double padding_ = 0;
+  double left_ = 0;  // of the table
   double y_ = 0;
   int page_ = 1;
   int pages_ = 1;

@@ -13,8 +13,9 @@
 // as RuntimeError.
 namespace zelkor {
 
-int createCommand(const std::filesystem::path& directory, const AccountSetOptions& options,
-                  std::ostream& output);
+/// Creates the account set in files, or on the server that `server` tells how to reach.
+int createCommand(const std::filesystem::path& directory, const std::string& server,
+                  const AccountSetOptions& options, std::ostream& output);
 
 /// Runs one statement of the dialect. Rows are printed with tabs and a header line, or as a JSON array; an
 /// action prints the rows that it touched.

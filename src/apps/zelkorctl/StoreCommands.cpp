@@ -6,6 +6,7 @@
 #include "store/Catalogue.h"
 #include "store/DbEngine.h"
 #include "store/dialect/Translation.h"
+#include "store/ServerAccountSet.h"
 
 namespace zelkor {
 namespace {
@@ -23,9 +24,13 @@ std::optional<long> rowsTouched(Database& database, const std::string& statement
 
 }  // namespace
 
-int createCommand(const std::filesystem::path& directory, const AccountSetOptions& options,
-                  std::ostream& output) {
-  createAccountSet(directory, options);
+int createCommand(const std::filesystem::path& directory, const std::string& server,
+                  const AccountSetOptions& options, std::ostream& output) {
+  if (server.empty()) {
+    createAccountSet(directory, options);
+  } else {
+    createServerAccountSet(server, directory, options);
+  }
   output << "已建立账套 " << options.account << "：" << (directory / "ZkData.Mdb").string() << "、"
          << (directory / "ZkSystem.Mdb").string() << '\n';
   return 0;

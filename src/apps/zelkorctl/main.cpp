@@ -45,6 +45,7 @@ class CommandLine {
   std::string directory_, file_, statement_, arguments_, answers_, today_;
   std::string engine_ = "sqlite";
   AccountSetOptions accountSet_;
+  std::string server_;
   MakeVouchersOptions makeVouchers_;
   ReportOptions report_;
   std::string voucherNumber_;
@@ -100,8 +101,11 @@ void CommandLine::addCreate() {
   command->add_option("--month", accountSet_.month, "启用月")
       ->capture_default_str()
       ->check(CLI::Range(1, 12));
+  command->add_option("--server", server_, "建在 PostgreSQL 服务器上：连接参数，不含口令")
+      ->type_name("CONNINFO");
   command->add_flag("--sample", accountSet_.sample, "加入示例档案并标为已初始化");
-  command->callback([this] { call_ = [this] { return createCommand(directory_, accountSet_, std::cout); }; });
+  command->callback(
+      [this] { call_ = [this] { return createCommand(directory_, server_, accountSet_, std::cout); }; });
 }
 
 void CommandLine::addSql() {

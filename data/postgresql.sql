@@ -37,6 +37,9 @@ BEGIN
   RETURN coalesce(translate((regexp_match(regexp_replace(t, '[ \t\n]', '', 'g'),
     '^([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eEdD][+-]?[0-9]+)?)'))[1], 'dD', 'ee')::double precision, 0);
 END $$;
+-- Null for what is no whole number of at most nine digits: indexes are kept over it.
+CREATE FUNCTION zk_digits(t text) RETURNS integer LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+$$ SELECT CASE WHEN t ~ '^[0-9]{1,9}$' THEN t::integer END $$;
 CREATE FUNCTION zk_val(t text) RETURNS double precision LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT CASE WHEN t ~ '^[0-9]{1,9}$' THEN t::double precision ELSE zk_val_of_text(t) END $$;
 CREATE FUNCTION zk_val(v double precision) RETURNS double precision LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$

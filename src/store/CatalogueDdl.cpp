@@ -98,7 +98,8 @@ std::string createTable(const TableDef& table, EngineKind engine) {
 std::string createIndex(const TableDef& table, const IndexDef& index, EngineKind engine) {
   std::string columns;
   for (const std::string& column : index.columns)
-    columns += (columns.empty() ? "" : ", ") + nameFor(engine, column);
+    columns += (columns.empty() ? "" : ", ") + nameFor(engine, column) +
+               std::string(dialect::directionInIndex(false, engine));
   return std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " +
          nameFor(engine, dialect::physicalIndexName(table.info.name, index.name)) + " ON " +
          nameFor(engine, table.info.name) + " (" + columns + ")";
@@ -119,6 +120,20 @@ void addNumberIndexes(std::vector<std::string>& statements, const TableDef& tabl
                        " > 999999999");
 }
 
+/// The same two on a server, over a function that gives Null for a text that is no whole number.
+void addServerNumberIndexes(std::vector<std::string>& statements, const TableDef& table,
+                            const ColumnInfo& column) {
+  const std::string name = table.info.name + '_' + column.name;
+  const std::string text = nameFor(EngineKind::PostgreSql, column.name);
+  const auto create = [&](const char* kind) {
+    return "CREATE INDEX " + nameFor(EngineKind::PostgreSql, kind + name) + " ON " +
+           nameFor(EngineKind::PostgreSql, table.info.name);
+  };
+  statements.push_back(create("zk_number_") + " (zk_digits(" + text + ") NULLS FIRST, " + text +
+                       " NULLS FIRST)");
+  statements.push_back(create("zk_odd_") + " (" + text + ") WHERE zk_digits(" + text + ") IS NULL");
+}
+
 }  // namespace
 
 std::vector<std::string> createStatements(const TableDef& table, EngineKind engine) {
@@ -126,9 +141,9 @@ std::vector<std::string> createStatements(const TableDef& table, EngineKind engi
   if (auto description = dialect::describingStatement(table.info.name, table.info.columns, engine))
     statements.push_back(std::move(*description));
   for (const IndexDef& index : table.indexes) statements.push_back(createIndex(table, index, engine));
-  if (engine == EngineKind::Sqlite)
-    for (const ColumnInfo& column : table.info.columns)
-      if (column.orderedAsNumber) addNumberIndexes(statements, table, column);
+  const auto addIndexes = engine == EngineKind::Sqlite ? addNumberIndexes : addServerNumberIndexes;
+  for (const ColumnInfo& column : table.info.columns)
+    if (column.orderedAsNumber) addIndexes(statements, table, column);
   return statements;
 }
 

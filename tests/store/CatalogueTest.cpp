@@ -260,7 +260,7 @@ TEST(Catalogue, LaysATableDownInPostgreSql) {
                 R"(SELECT zk_describe('fa_Status', ARRAY['sID TEXT(20)', 'sName TEXT(60)', )"
                 R"('sEngName TEXT(60)', 'sParentID TEXT(20)', 'bNeedDepr BOOLEAN', 'lchilds INTEGER', )"
                 R"('Num1 TEXT(20)', 'Num2 TEXT(20)', 'iLevel SMALLINT', 'iDefineType SMALLINT']::text[]))",
-                R"(CREATE UNIQUE INDEX "fa_status__sid" ON "fa_status" ("sid"))",
+                R"(CREATE UNIQUE INDEX "fa_status__sid" ON "fa_status" ("sid" NULLS FIRST))",
             }));
 }
 

@@ -31,6 +31,9 @@ class Emitter {
   Emitter& name(std::string_view identifier);
   void value(const bound::Node& node) { expr(node, 0); }
   virtual void rowKey(std::string_view qualifier) = 0;
+  /// What stands behind a column of an index, so that the index has the dialect's order.
+  std::string_view directionInIndex(bool descending, EngineKind engine);
+
   /// The parameter of that number (from 1) holds a row key.
   virtual void rowKeyParameter(std::size_t number) { slot(number); }
 
@@ -59,7 +62,7 @@ class Emitter {
   virtual void conditionAsValue(const bound::Node& operand) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
   virtual void aggregate(const bound::Aggregate& node);
-  void numberCast(const bound::NumberOfText& node);
+  virtual void numberCast(const bound::NumberOfText& node);
   virtual void direction(bool descending) = 0;
   virtual void topWithTies(const bound::Select& select, bool named) = 0;
   virtual std::string declaredType(const ColumnInfo& column) const = 0;
@@ -108,6 +111,9 @@ class Emitter {
 
 std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots,
                                     bool fast = false);
+
+/// What stands behind a column of an index, so that the index has the dialect's order.
+std::string_view directionInIndex(bool descending, EngineKind engine);
 
 /// The parameter of that number (from 1) as the value of a column of that type.
 std::string typedParameter(std::size_t number, ColumnType type, EngineKind engine);

@@ -131,6 +131,13 @@ void PostgreSqlEmitter::aggregate(const bound::Aggregate& node) {
   Emitter::aggregate(plain);
 }
 
+// A cast would fail for a text that is no number, and so would the index over it.
+void PostgreSqlEmitter::numberCast(const bound::NumberOfText& node) {
+  text("zk_digits(");
+  value(Node{node.column, {}});
+  text(")");
+}
+
 // Null comes first in the dialect's order; here it would come last.
 void PostgreSqlEmitter::direction(bool descending) {
   text(descending ? " DESC NULLS LAST" : " NULLS FIRST");
@@ -203,6 +210,11 @@ std::string textConstant(std::string_view text) {
 }
 
 }  // namespace
+
+std::string_view directionInIndex(bool descending, EngineKind engine) {
+  if (engine == EngineKind::Sqlite) return descending ? " DESC" : "";
+  return descending ? " DESC NULLS LAST" : " NULLS FIRST";
+}
 
 std::string typedParameter(std::size_t number, ColumnType type, EngineKind engine) {
   const std::string place = std::to_string(number);

@@ -25,6 +25,7 @@ class PostgreSqlEmitter final : public Emitter {
   void conditionAsValue(const bound::Node& operand) override;
   void quantified(const bound::Quantified& node) override;
   void aggregate(const bound::Aggregate& node) override;
+  void numberCast(const bound::NumberOfText& node) override;
   void direction(bool descending) override;
   void topWithTies(const bound::Select& select, bool named) override;
   std::string declaredType(const ColumnInfo& column) const override;

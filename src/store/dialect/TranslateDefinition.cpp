@@ -40,7 +40,7 @@ std::string indexText(EngineKind engine, const std::string& table, const std::st
   std::string_view separator = " (";
   for (const OrderKey& key : columns) {
     emitter->text(separator).name(columnOf(key));
-    if (key.descending) emitter->text(" DESC");
+    emitter->text(directionInIndex(key.descending, engine));
     separator = ", ";
   }
   emitter->text(")");

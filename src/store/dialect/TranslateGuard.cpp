@@ -28,16 +28,24 @@ std::string beyondShort(const NumberColumn& column) {
   return selectOdd(column, "CAST(" + columnText(column) + " AS INTEGER) > 32767");
 }
 
+std::string serverText(const NumberColumn& column, const char* condition) {
+  const auto emitter = emitterFor(EngineKind::PostgreSql, {});
+  emitter->text("SELECT 1 FROM ").name(column.table).text(" WHERE zk_digits(").name(column.column);
+  emitter->text(")").text(condition);
+  return emitter->take();
+}
+
 }  // namespace
 
-// Only SQLite's tables keep the helper indexes.
 std::optional<std::string> guardQuery(const std::vector<NumberColumn>& columns, EngineKind engine) {
-  if (columns.empty() || engine != EngineKind::Sqlite) return std::nullopt;
+  if (columns.empty()) return std::nullopt;
+  const bool sqlite = engine == EngineKind::Sqlite;
   std::string guard;
   for (const NumberColumn& column : columns) {
     if (!guard.empty()) guard += " UNION ALL ";
-    guard += oddTexts(column);
-    if (column.asShort) guard += " UNION ALL " + beyondShort(column);
+    guard += sqlite ? oddTexts(column) : serverText(column, " IS NULL");
+    if (column.asShort)
+      guard += " UNION ALL " + (sqlite ? beyondShort(column) : serverText(column, " > 32767"));
   }
   return guard + " LIMIT 1";
 }

@@ -64,7 +64,9 @@ constexpr const char* tableQuery =
     "c.relname = $1";
 
 constexpr const char* columnQuery =
-    "SELECT a.attname, t.typname, coalesce(d.description, '') FROM pg_attribute a "
+    "SELECT a.attname, t.typname, coalesce(d.description, ''), EXISTS (SELECT 1 FROM pg_class i "
+    "WHERE i.relnamespace = current_schema()::regnamespace AND "
+    "i.relname = 'zk_number_' || $2 || '_' || a.attname) FROM pg_attribute a "
     "JOIN pg_type t ON t.oid = a.atttypid LEFT JOIN pg_description d "
     "ON d.objoid = a.attrelid AND d.objsubid = a.attnum AND d.classoid = 'pg_class'::regclass "
     "WHERE a.attrelid = $1::oid AND a.attnum > 0 AND NOT a.attisdropped AND a.attname <> 'zk_row' "
@@ -100,9 +102,11 @@ std::optional<TableInfo> PostgreSqlEngine::tableInfo(std::string_view table) {
   if (PQntuples(found.get()) == 0) return std::nullopt;
   TableInfo info;
   info.name = cell(found, 0, 0);
-  const PgResult columns = link_->query(columnQuery, {std::string(cell(found, 0, 1))});
-  for (int row = 0; row < PQntuples(columns.get()); ++row)
+  const PgResult columns = link_->query(columnQuery, {std::string(cell(found, 0, 1)), key});
+  for (int row = 0; row < PQntuples(columns.get()); ++row) {
     info.columns.push_back(columnOf(cell(columns, row, 0), cell(columns, row, 1), cell(columns, row, 2)));
+    info.columns.back().orderedAsNumber = cell(columns, row, 3) == "t";
+  }
   link_->tables[key] = info;
   return info;
 }

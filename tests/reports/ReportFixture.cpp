@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "apps/zelkorctl/CardImport.h"
+#include "base/GridSpans.h"
 #include "base/TextGridPrinter.h"
 #include "depreciation/RunMonthDepr.h"
 #include "store/Statement.h"
@@ -40,10 +41,24 @@ std::string widthsOf(const TextGrid& grid) {
   return text + "\n";
 }
 
+/// Header cells that are shown as one ("row,column-row,column"), and those that do not look like headers.
+std::string headerOf(const TextGrid& grid) {
+  std::string text = "merged:";
+  for (std::size_t row = 0; row < grid.headerRows(); ++row) {
+    for (std::size_t column = 0; column < grid.columns(); ++column) {
+      if (!grid.bold(row, column) || !grid.centred(row, column)) text += sql(" plain ", row, ",", column);
+      const CellSpan span = mergedCells(grid, row, column, 0, grid.headerRows() - 1);
+      if (span.isSingle() || span.firstRow != row || span.firstColumn != column) continue;
+      text += sql(" ", row, ",", column, "-", span.lastRow, ",", span.lastColumn);
+    }
+  }
+  return text + "\n";
+}
+
 std::string print(const ReportView& view) {
   std::ostringstream out;
   printGrid(out, view.grid);
-  return captionsOf(view) + widthsOf(view.grid) + out.str();
+  return captionsOf(view) + widthsOf(view.grid) + headerOf(view.grid) + out.str();
 }
 
 }  // namespace

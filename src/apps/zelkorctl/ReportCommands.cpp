@@ -31,7 +31,9 @@ constexpr int kWrongUsage = 2;
 /// A file beside the wanted one that takes its place when it is whole.
 class NewFile {
  public:
-  explicit NewFile(fs::path file) : file_(std::move(file)), part_(file_.string() + ".part") {}
+  explicit NewFile(fs::path file) : file_(std::move(file)), part_(file_.string() + ".part") {
+    if (!std::ofstream(part_, std::ios::binary)) cannotWrite(file_, std::strerror(errno));
+  }
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
   ~NewFile() {

@@ -109,6 +109,7 @@ TEST_F(BackInfoTest, ReplacesABackupThatAnotherReads) {
   enter("00002");
   closeWell();
   enter("00003");
+  engine.flush();
   DbEngine elsewhere;
   Recordset held =
       elsewhere.OpenDatabase(context.gstrZtFile).OpenRecordset("select sCardNum from ZKFA_BAK_fa_Cards_5");

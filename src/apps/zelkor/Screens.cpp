@@ -44,9 +44,8 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("FrmDepartment", showingModal<FrmDepartment>(host));
   jobs.add("FrmDepartPzCode", showing<FrmDepartPzCode>(host));
   jobs.add("FrmFLBMB", showing<FrmFLBMB>(host));
-  jobs.add("FrmAddCards", [&host](RunContext&, const ScreenProperties& properties) {
-    showCardEditor(host, properties);
-  });
+  jobs.add("FrmAddCards",
+           [&host](RunContext&, const ScreenProperties& properties) { showCardEditor(host, properties); });
   jobs.add("FrmManageCards", [&host](RunContext&, const ScreenProperties& properties) {
     host.show<FrmManageCards>(properties.ZkDataPath);
   });

@@ -23,10 +23,13 @@ constexpr const char* kByDepartment =
 constexpr const char* kByType =
     "SELECT t,sum(dblInputValue),sum(dblDeprT1),sum(dblDepr1),count(*) FROM (SELECT DISTINCT "
     "sCardNum,substr(sTypeNum,1,2) t FROM fa_Cards) JOIN fa_DeprTransactions USING (sCardNum) GROUP BY t";
+// An asset of two categories counts once for its department: neither half follows from the other.
 constexpr const char* kByDepartmentAndType =
     "SELECT d,t,sum(dblInputValue),sum(dblDeprT1),sum(dblInputBV),count(*) FROM (SELECT DISTINCT "
     "sCardNum,substr(sDeptNum,1,1) d,substr(sTypeNum,1,2) t FROM fa_Cards) JOIN fa_DeprTransactions USING "
-    "(sCardNum) GROUP BY d,t";
+    "(sCardNum) GROUP BY d,t UNION ALL SELECT "
+    "d,NULL,sum(dblInputValue),sum(dblDeprT1),sum(dblInputBV),count(*) FROM (SELECT DISTINCT "
+    "sCardNum,substr(sDeptNum,1,1) d FROM fa_Cards) JOIN fa_DeprTransactions USING (sCardNum) GROUP BY d";
 constexpr const char* kOriginalByType =
     "SELECT t,sum(dblInputValue),sum(dblDeprT1) FROM (SELECT DISTINCT sCardNum,substr(sTypeNum,1,2) t FROM "
     "fa_Cards WHERE iOptType=1) JOIN fa_DeprTransactions USING (sCardNum) GROUP BY t";

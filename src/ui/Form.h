@@ -60,7 +60,7 @@ class Form : public QWidget {
   /// arguments if it takes them. Nothing that the routine throws reaches the window system.
   template <typename Sender, typename Signal, typename Routine>
   void on(Sender* sender, Signal signal, Routine routine) {
-    QObject::connect(sender, signal, this, [this, routine](const auto&... arguments) {
+    QObject::connect(sender, signal, &events_, [this, routine](const auto&... arguments) {
       host_.dispatch([&] { call(routine, arguments...); });
     });
   }
@@ -116,6 +116,7 @@ class Form : public QWidget {
   FormHost& host_;
   Unload unload_;
   std::function<void()> closed_;
+  QObject events_;  // goes first: controls that die with the window still have things to tell
 };
 
 }  // namespace zelkor

@@ -146,10 +146,12 @@ void FrmAddCards::moveField(int step) {
 
 void FrmAddCards::pick(CardField field) {
   const CardFieldPlace* place = PicCard->find(field);
-  if (bView_ || !place || !leaveField()) return;
+  if (bView_ || !place) return;
+  const std::string label = place->label;  // a pick lays the card out anew
+  if (!leaveField()) return;
   openField(field, Arrival::ByKeyboard);
-  if (const auto kind = archiveOfLabel(place->label)) pickEntry(field, *kind);
-  if (isSubjectLabel(place->label)) pickSubject(field);
+  if (const auto kind = archiveOfLabel(label)) pickEntry(field, *kind);
+  if (isSubjectLabel(label)) pickSubject(field);
 }
 
 void FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {

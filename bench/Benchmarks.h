@@ -28,4 +28,8 @@ double benchBatchBilling(long events);
 /// one line each.
 void benchReports(const LargeAccountSet& set);
 
+/// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
+/// committed; prints one line each.
+void benchServerRun(const LargeAccountSet& set);
+
 }  // namespace zelkor::bench

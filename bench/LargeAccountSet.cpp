@@ -90,8 +90,19 @@ LargeAccountSet::LargeAccountSet(long cards) : cards_(cards), directory_(newDire
   multiplyCards(dataFile(), cards);
 }
 
+LargeAccountSet::LargeAccountSet(const LargeAccountSet& files, const std::string& server)
+    : cards_(files.cards_), directory_(newDirectory()) {
+  database_.emplace(server, "template0");
+  database_->carry(files.directory_, directory_);
+}
+
 LargeAccountSet::LargeAccountSet(const LargeAccountSet& other)
     : cards_(other.cards_), directory_(newDirectory()) {
+  if (other.database_) {
+    database_.emplace(other.database_->server(), other.database_->name());
+    database_->writeFiles(directory_);
+    return;
+  }
   std::filesystem::copy(
       other.directory_, directory_,
       std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);

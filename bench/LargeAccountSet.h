@@ -1,11 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "base/Clock.h"
 #include "base/Dialogs.h"
 #include "cards/CardValues.h"
+#include "ServerDatabase.h"
 #include "startup/RunContext.h"
 
 namespace zelkor::bench {
@@ -16,7 +18,9 @@ namespace zelkor::bench {
 class LargeAccountSet {
  public:
   explicit LargeAccountSet(long cards);
-  /// A copy of the files as they are now.
+  /// The rows of a set in files, on a server in a database of their own.
+  LargeAccountSet(const LargeAccountSet& files, const std::string& server);
+  /// A copy of the files, or of the database, as they are now.
   LargeAccountSet(const LargeAccountSet& other);
   LargeAccountSet& operator=(const LargeAccountSet&) = delete;
   ~LargeAccountSet();
@@ -24,10 +28,13 @@ class LargeAccountSet {
   long cards() const { return cards_; }
   std::string dataFile() const { return (directory_ / "ZkData.Mdb").string(); }
   std::string systemFile() const { return (directory_ / "ZkSystem.Mdb").string(); }
+  /// How the database of a set on a server is reached.
+  std::string conninfo() const { return database_->conninfo(); }
 
  private:
   long cards_;
   std::filesystem::path directory_;
+  std::optional<ServerDatabase> database_;
 };
 
 /// Answers Yes (or OK) to everything and shows nothing.

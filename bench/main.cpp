@@ -1,6 +1,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "Benchmarks.h"
@@ -14,7 +16,15 @@ void printGrowth(const char* what, const LargeAccountSet& large, double largeCos
               largeCost / smallCost);
 }
 
+void measureServer(long largest) {
+  const std::string server = benchServer();
+  if (server.empty()) throw std::runtime_error("no server: run it by tests/support/with-server");
+  const LargeAccountSet middle(LargeAccountSet(largest / 10), server);
+  benchServerRun(middle);
+}
+
 void measure(std::string_view what, long largest) {
+  if (what == "server") return measureServer(largest);
   const LargeAccountSet small(1000);
   const LargeAccountSet large(largest);
   const bool all = what == "all";
@@ -41,7 +51,8 @@ void measure(std::string_view what, long largest) {
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports] [cards of the largest account set]
+/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports|server] [cards of the largest account
+/// set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

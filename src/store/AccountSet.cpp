@@ -7,6 +7,7 @@
 #include "base/DateTime.h"
 #include "base/RuntimeError.h"
 #include "store/Catalogue.h"
+#include "store/NewFile.h"
 #include "store/SampleArchives.h"
 #include "store/TemplateData.h"
 #include "store/TemplateWriter.h"
@@ -18,22 +19,21 @@ namespace fs = std::filesystem;
 
 constexpr int monthsOfYear = 12;
 
-/// What is written and not yet complete: taken away again unless `keep` was called.
+/// A path that is taken away again unless `keep` was called.
 class Unfinished {
  public:
-  Unfinished() = default;
+  explicit Unfinished(fs::path path) : path_(std::move(path)) {}
   Unfinished(const Unfinished&) = delete;
   Unfinished& operator=(const Unfinished&) = delete;
   ~Unfinished() {
     std::error_code ignored;
-    for (auto path = paths_.rbegin(); path != paths_.rend(); ++path) fs::remove(*path, ignored);
+    if (!path_.empty()) fs::remove(path_, ignored);
   }
 
-  void add(const fs::path& path) { paths_.push_back(path); }
-  void keep() { paths_.clear(); }
+  void keep() { path_.clear(); }
 
  private:
-  std::vector<fs::path> paths_;  // a directory before what lies in it
+  fs::path path_;
 };
 
 bool hasTemplate(const std::string& table) {
@@ -92,41 +92,26 @@ void checkOptions(const AccountSetOptions& options) {
                                                       std::to_string(options.month) + " 不正确。");
 }
 
-void checkAbsent(const fs::path& file) {
-  if (fs::exists(file))
-    throw RuntimeError(ErrorNumber::DatabaseAlreadyExists,
-                       "文件 '" + file.string() + "' 已存在，不能在此处建立账套。");
-}
-
-fs::path newName(const fs::path& file) {
-  return fs::path(file).concat(".new");
-}
-
 template <typename Content>
-void write(Unfinished& unfinished, const fs::path& file, const AccountSetOptions& options, Content content) {
-  const fs::path temporary = newName(file);
-  fs::remove(temporary);
-  for (const char* ending : {"-wal", "-shm", ""}) unfinished.add(fs::path(temporary).concat(ending));
-  TemplateWriter writer(temporary);
+void write(const NewFile& file, const AccountSetOptions& options, Content content) {
+  TemplateWriter writer(file.temporary());
   content(writer, options);
   writer.finish();
 }
 
 void createBoth(const fs::path& directory, const AccountSetOptions& options) {
-  const fs::path data = directory / "ZkData.Mdb";
-  const fs::path system = directory / "ZkSystem.Mdb";
-  checkAbsent(data);
-  checkAbsent(system);
-
-  Unfinished unfinished;
-  if (fs::create_directory(directory)) unfinished.add(directory);
-  write(unfinished, data, options, writeDataFile);
-  write(unfinished, system, options, writeSystemFile);
+  const bool made = fs::create_directory(directory);
+  Unfinished folder(made ? directory : fs::path());
+  NewFile data(directory / "ZkData.Mdb");
+  NewFile system(directory / "ZkSystem.Mdb");
+  write(data, options, writeDataFile);
+  write(system, options, writeSystemFile);
   // Both are complete before either bears its name: what a kill leaves is no half account set.
-  fs::rename(newName(data), data);
-  unfinished.add(data);
-  fs::rename(newName(system), system);
-  unfinished.keep();
+  data.giveName();
+  Unfinished half(data.path());
+  system.giveName();
+  half.keep();
+  folder.keep();
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ struct IndexDef {
   std::string name;  // in the dialect, unique within its table
   std::vector<std::string> columns;
   bool unique = false;
+  std::vector<std::string> descending = {};  // those of the columns that it has in falling order
+  bool ignoresNull = false;                  // rows without a value in the first column are left out
 };
 
 /// One table of an account set as it is created on any engine.
@@ -41,7 +43,21 @@ const TableDef* catalogueTable(std::string_view name);
 /// The catalogue of both files as the translator wants it, without a file.
 const dialect::SchemaView& catalogueSchema();
 
-/// The statements, in the engine's own language, that create an empty table with its indexes.
+// The statements below are in the engine's own language. Rows are loaded fastest between a table and its
+// indexes.
+
+/// Create an empty table without indexes.
+std::vector<std::string> createTableStatements(const TableDef& table, dialect::EngineKind engine);
+
+std::string createIndexStatement(const TableDef& table, const IndexDef& index, dialect::EngineKind engine);
+
+/// Create the indexes by which texts are ordered as numbers.
+std::vector<std::string> createNumberIndexStatements(const TableDef& table, dialect::EngineKind engine);
+
+/// Create an empty table with all its indexes.
 std::vector<std::string> createStatements(const TableDef& table, dialect::EngineKind engine);
+
+/// The name in quotes, as the engine's own language spells it.
+std::string quotedName(std::string_view name, dialect::EngineKind engine);
 
 }  // namespace zelkor

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cctype>
 
 #include "store/Catalogue.h"
@@ -13,25 +14,18 @@ using dialect::ColumnInfo;
 using dialect::ColumnType;
 using dialect::EngineKind;
 
-std::string quoted(std::string_view name) {
-  return '"' + std::string(name) + '"';
-}
+constexpr int longestText = 255;
 
-std::string lower(std::string text) {
-  for (char& character : text)
-    character = static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
-  return text;
-}
-
-/// PostgreSQL folds unquoted names to lower case; ours are quoted in lower case, so that both spell one name.
-std::string nameFor(EngineKind engine, std::string_view name) {
-  return quoted(engine == EngineKind::PostgreSql ? lower(std::string(name)) : std::string(name));
+std::string lower(std::string_view text) {
+  std::string folded(text);
+  for (char& c : folded) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return folded;
 }
 
 std::string sqliteType(const ColumnInfo& column) {
   switch (column.type) {
     case ColumnType::Text:
-      return "TEXT(" + std::to_string(column.size) + ") COLLATE NOCASE";
+      return "TEXT(" + std::to_string(column.size > 0 ? column.size : longestText) + ") COLLATE NOCASE";
     case ColumnType::Memo:
       return "LONGTEXT COLLATE NOCASE";
     case ColumnType::Short:
@@ -45,7 +39,7 @@ std::string sqliteType(const ColumnInfo& column) {
     case ColumnType::Date:
       return "DATETIME";
     case ColumnType::Boolean:
-      return "BOOLEAN NOT NULL DEFAULT 0";
+      return "BOOLEAN NOT NULL";
     case ColumnType::Binary:
       return "BLOB";
     default:
@@ -69,7 +63,7 @@ std::string postgreSqlType(const ColumnInfo& column) {
     case ColumnType::Date:
       return "timestamp(0)";
     case ColumnType::Boolean:
-      return "smallint NOT NULL DEFAULT 0";
+      return "smallint NOT NULL";
     case ColumnType::Binary:
       return "bytea";
     default:
@@ -77,12 +71,16 @@ std::string postgreSqlType(const ColumnInfo& column) {
   }
 }
 
-std::string columnClause(const TableDef& table, const ColumnInfo& column, EngineKind engine) {
-  std::string clause = nameFor(engine, column.name) + ' ' +
-                       (engine == EngineKind::PostgreSql ? postgreSqlType(column) : sqliteType(column));
+std::string defaultOf(const TableDef& table, const ColumnInfo& column) {
   if (const auto value = table.defaults.find(column.name); value != table.defaults.end())
-    clause += " DEFAULT " + value->second;
-  return clause;
+    return " DEFAULT " + value->second;
+  return column.type == ColumnType::Boolean ? " DEFAULT 0" : "";
+}
+
+std::string columnClause(const TableDef& table, const ColumnInfo& column, EngineKind engine) {
+  return quotedName(column.name, engine) + ' ' +
+         (engine == EngineKind::PostgreSql ? postgreSqlType(column) : sqliteType(column)) +
+         defaultOf(table, column);
 }
 
 std::string createTable(const TableDef& table, EngineKind engine) {
@@ -92,23 +90,19 @@ std::string createTable(const TableDef& table, EngineKind engine) {
   // Rows are addressed by the rowid in SQLite; PostgreSQL has nothing of the kind that lasts.
   if (engine == EngineKind::PostgreSql)
     columns += ", \"zk_row\" bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY";
-  return "CREATE TABLE " + nameFor(engine, table.info.name) + " (" + columns + ")";
+  return "CREATE TABLE " + quotedName(table.info.name, engine) + " (" + columns + ")";
 }
 
-std::string createIndex(const TableDef& table, const IndexDef& index, EngineKind engine) {
-  std::string columns;
-  for (const std::string& column : index.columns)
-    columns += (columns.empty() ? "" : ", ") + nameFor(engine, column) +
-               std::string(dialect::directionInIndex(false, engine));
-  return std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " +
-         nameFor(engine, dialect::physicalIndexName(table.info.name, index.name)) + " ON " +
-         nameFor(engine, table.info.name) + " (" + columns + ")";
+bool isDescending(const IndexDef& index, const std::string& column) {
+  return std::any_of(index.descending.begin(), index.descending.end(),
+                     [&](const std::string& name) { return dialect::sameName(name, column); });
 }
 
 /// The two indexes by which a text is ordered as a whole number: one over the number, one that finds at once
 /// whether some row's text is none. Only SQLite casts any text without an error, which an index must. A cast
 /// keeps its column's collation, and SQLite uses an index over one only where it names that collation.
 void addNumberIndexes(std::vector<std::string>& statements, const TableDef& table, const ColumnInfo& column) {
+  const auto quoted = [](std::string_view name) { return quotedName(name, EngineKind::Sqlite); };
   const std::string name = table.info.name + '_' + column.name;
   const std::string text = quoted(column.name);
   const std::string on = " ON " + quoted(table.info.name);
@@ -123,11 +117,11 @@ void addNumberIndexes(std::vector<std::string>& statements, const TableDef& tabl
 /// The same two on a server, over a function that gives Null for a text that is no whole number.
 void addServerNumberIndexes(std::vector<std::string>& statements, const TableDef& table,
                             const ColumnInfo& column) {
+  const auto quoted = [](std::string_view name) { return quotedName(name, EngineKind::PostgreSql); };
   const std::string name = table.info.name + '_' + column.name;
-  const std::string text = nameFor(EngineKind::PostgreSql, column.name);
+  const std::string text = quoted(column.name);
   const auto create = [&](const char* kind) {
-    return "CREATE INDEX " + nameFor(EngineKind::PostgreSql, kind + name) + " ON " +
-           nameFor(EngineKind::PostgreSql, table.info.name);
+    return "CREATE INDEX " + quoted(kind + name) + " ON " + quoted(table.info.name);
   };
   statements.push_back(create("zk_number_") + " (zk_digits(" + text + ") NULLS FIRST, " + text +
                        " NULLS FIRST)");
@@ -136,14 +130,49 @@ void addServerNumberIndexes(std::vector<std::string>& statements, const TableDef
 
 }  // namespace
 
-std::vector<std::string> createStatements(const TableDef& table, EngineKind engine) {
+// PostgreSQL folds unquoted names to lower case; ours are quoted in lower case, so that both spell one name.
+std::string quotedName(std::string_view name, EngineKind engine) {
+  std::string quoted = "\"";
+  for (const char c : engine == EngineKind::PostgreSql ? lower(name) : std::string(name)) {
+    if (c == '"') quoted += c;
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+std::vector<std::string> createTableStatements(const TableDef& table, EngineKind engine) {
   std::vector<std::string> statements{createTable(table, engine)};
   if (auto description = dialect::describingStatement(table.info.name, table.info.columns, engine))
     statements.push_back(std::move(*description));
-  for (const IndexDef& index : table.indexes) statements.push_back(createIndex(table, index, engine));
+  return statements;
+}
+
+std::string createIndexStatement(const TableDef& table, const IndexDef& index, EngineKind engine) {
+  std::string columns;
+  for (const std::string& column : index.columns)
+    columns += (columns.empty() ? "" : ", ") + quotedName(column, engine) +
+               std::string(dialect::directionInIndex(isDescending(index, column), engine));
+  std::string statement = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " +
+                          quotedName(dialect::physicalIndexName(table.info.name, index.name), engine) +
+                          " ON " + quotedName(table.info.name, engine) + " (" + columns + ")";
+  if (index.ignoresNull) statement += " WHERE " + quotedName(index.columns.front(), engine) + " IS NOT NULL";
+  return statement;
+}
+
+std::vector<std::string> createNumberIndexStatements(const TableDef& table, EngineKind engine) {
+  std::vector<std::string> statements;
   const auto addIndexes = engine == EngineKind::Sqlite ? addNumberIndexes : addServerNumberIndexes;
   for (const ColumnInfo& column : table.info.columns)
     if (column.orderedAsNumber) addIndexes(statements, table, column);
+  return statements;
+}
+
+std::vector<std::string> createStatements(const TableDef& table, EngineKind engine) {
+  std::vector<std::string> statements = createTableStatements(table, engine);
+  for (const IndexDef& index : table.indexes)
+    statements.push_back(createIndexStatement(table, index, engine));
+  for (std::string& statement : createNumberIndexStatements(table, engine))
+    statements.push_back(std::move(statement));
   return statements;
 }
 

@@ -24,6 +24,8 @@ Value byKind(const EngineStatement& row, int column, CellKind kind) {
       return row.real(column);
     case CellKind::Text:
       return row.text(column);
+    case CellKind::Bytes:
+      return row.bytes(column);
     case CellKind::Null:
       break;
   }
@@ -127,6 +129,8 @@ Value readCell(const EngineStatement& row, int column, ColumnType type) {
       return {};
     case CellKind::Text:
       return ofText(row, column, type);
+    case CellKind::Bytes:
+      return row.bytes(column);
     default:
       return ofNumber(row, column, kind, type);
   }

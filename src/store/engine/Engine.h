@@ -13,7 +13,7 @@
 namespace zelkor {
 
 /// What a cell of a result holds in the engine's own terms.
-enum class CellKind : std::uint8_t { Null, Integer, Real, Text };
+enum class CellKind : std::uint8_t { Null, Integer, Real, Text, Bytes };
 
 /// A prepared statement of an engine. Parameters count from 1, columns from 0.
 class EngineStatement {
@@ -26,6 +26,7 @@ class EngineStatement {
   virtual void bindReal(int parameter, double value) = 0;
   /// The text is copied.
   virtual void bindText(int parameter, std::string_view value) = 0;
+  virtual void bindBytes(int parameter, std::string_view value) = 0;
 
   /// Moves to the next row; false at the end. Raises the engine's failure as a RuntimeError.
   virtual bool step() = 0;
@@ -37,6 +38,8 @@ class EngineStatement {
   virtual double real(int column) const = 0;
   /// Valid until the next step or reset.
   virtual std::string_view text(int column) const = 0;
+  /// The content of a cell of bytes.
+  virtual std::string bytes(int column) const = 0;
 };
 
 /// One connection to a data file or server in the engine's own terms.

@@ -43,15 +43,15 @@ void PostgreSqlEngine::run(const std::string& sql) {
 }
 
 void PostgreSqlEngine::begin() {
-  link_->run("BEGIN");
+  link_->begin();
 }
 
 void PostgreSqlEngine::commit() {
-  link_->run("COMMIT");
+  link_->commit();
 }
 
 void PostgreSqlEngine::rollback() {
-  link_->run("ROLLBACK");
+  link_->rollback();
 }
 
 // A transaction that is forced to disk takes all earlier ones with it; it needs a number of its own for that.

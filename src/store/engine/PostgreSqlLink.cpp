@@ -3,7 +3,10 @@
 #include <libpq-fe.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
+#include <iterator>
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -14,7 +17,11 @@ namespace zelkor {
 namespace {
 
 constexpr unsigned textType = 25;  // the server's number of the type text
-constexpr std::string_view savepoint = "zk_step";
+constexpr const char* setSavepoint = "SAVEPOINT zk_step";
+constexpr const char* leaveSavepoint = "RELEASE zk_step";
+constexpr const char* backToSavepoint = "ROLLBACK TO zk_step";
+// Nearly every result is shorter; a longer one is walked through in pieces of this size.
+constexpr std::size_t rowsAtOnce = 1000;
 
 bool succeeded(const PGresult* result) {
   const ExecStatusType status = PQresultStatus(result);
@@ -28,9 +35,29 @@ std::vector<const char*> pointersTo(const PgValues& values) {
   return pointers;
 }
 
+std::int64_t numberOf(std::string_view text) {
+  std::int64_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+std::string_view tagOf(const PGresult* result) {
+  return PQcmdStatus(const_cast<PGresult*>(result));
+}
+
 bool writes(const PGresult* result) {
-  const std::string_view tag = PQcmdStatus(const_cast<PGresult*>(result));
+  const std::string_view tag = tagOf(result);
   return tag.starts_with("INSERT") || tag.starts_with("UPDATE") || tag.starts_with("DELETE");
+}
+
+// The results of one statement end with none. A broken connection gives its failure and no end.
+PgResult lastResult(PGconn* connection) {
+  PgResult last;
+  while (PgResult next{PQgetResult(connection)}) {
+    last = std::move(next);
+    if (PQstatus(connection) == CONNECTION_BAD) break;
+  }
+  return last;
 }
 
 }  // namespace
@@ -57,6 +84,8 @@ PostgreSqlLink::PostgreSqlLink(const std::string& conninfo) : connection_(PQconn
 PostgreSqlLink::~PostgreSqlLink() = default;
 
 bool PostgreSqlLink::inTransaction() const {
+  if (reading_ != nullptr) return readingInTransaction_;
+  if (beginOwed_ && PQstatus(connection_.get()) == CONNECTION_OK) return true;
   const PGTransactionStatusType status = PQtransactionStatus(connection_.get());
   return status == PQTRANS_INTRANS || status == PQTRANS_INERROR;
 }
@@ -91,67 +120,189 @@ PgResult PostgreSqlLink::checked(pg_result* result) {
   raiseServerError(failure, columnsOfKey(failure));
 }
 
-// The server gives up a whole transaction for one failure; a savepoint keeps what went before.
-template <typename Step>
-PgResult PostgreSqlLink::guarded(Step step) {
-  if (!inTransaction()) return checked(step());
-  checked(PQexec(connection_.get(), ("SAVEPOINT " + std::string(savepoint)).c_str()));
-  PgResult result(step());
-  if (succeeded(result.get())) {
-    checked(PQexec(connection_.get(), ("RELEASE " + std::string(savepoint)).c_str()));
-    return result;
-  }
-  const ServerFailure failure = failureOf(connection_.get(), result.get());
-  if (inTransaction()) {
-    const std::string name(savepoint);
-    checked(PQexec(connection_.get(), ("ROLLBACK TO " + name + "; RELEASE " + name).c_str()));
-  }
+void PostgreSqlLink::fail(const pg_result* result) {
+  const ServerFailure failure = failureOf(connection_.get(), result);
+  if (savepoint_ == Savepoint::Fresh && PQtransactionStatus(connection_.get()) == PQTRANS_INERROR)
+    const PgResult back(PQexec(connection_.get(), backToSavepoint));
   raiseServerError(failure, columnsOfKey(failure));
 }
 
+// The server gives up a whole transaction for one failure; a savepoint keeps what went before. One behind
+// which nothing has been written serves the next statement as well. (A query that writes by a function is
+// part of a change of tables, which is undone as a whole.)
+std::vector<std::string> PostgreSqlLink::preamble() const {
+  std::vector<std::string> commands;
+  if (!inTransaction()) return commands;
+  if (beginOwed_) commands.emplace_back("BEGIN");
+  if (savepoint_ == Savepoint::WrittenBehind) commands.emplace_back(leaveSavepoint);
+  if (savepoint_ != Savepoint::Fresh) commands.emplace_back(setSavepoint);
+  return commands;
+}
+
+// One trip, whatever goes before the statement.
+template <typename Send>
+void PostgreSqlLink::send(std::vector<std::string> before, Send send) {
+  readInWhatIsLeft();
+  readingInTransaction_ = inTransaction();
+  std::ranges::move(preamble(), std::back_inserter(before));
+  pipelined_ = !before.empty();
+  if (pipelined_) PQenterPipelineMode(connection_.get());
+  for (const std::string& command : before)
+    PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+  send(connection_.get());
+  if (pipelined_) PQpipelineSync(connection_.get());
+  takePreamble(before.size());
+}
+
+void PostgreSqlLink::takePreamble(std::size_t commands) {
+  if (commands == 0) return;
+  PgResult result;
+  for (bool good = true; good && commands > 0; --commands) {
+    result = lastResult(connection_.get());
+    good = succeeded(result.get());
+  }
+  if (succeeded(result.get())) {
+    beginOwed_ = false;
+    if (readingInTransaction_) savepoint_ = Savepoint::Fresh;
+    return;
+  }
+  for (; commands > 0; --commands) lastResult(connection_.get());
+  lastResult(connection_.get());
+  endTrip();
+  fail(result.get());
+}
+
+void PostgreSqlLink::endTrip() {
+  if (!std::exchange(pipelined_, false)) return;
+  const PgResult sync(PQgetResult(connection_.get()));
+  PQexitPipelineMode(connection_.get());
+}
+
+PgResult PostgreSqlLink::collect() {
+  PgResult result = lastResult(connection_.get());
+  endTrip();
+  if (!succeeded(result.get())) fail(result.get());
+  note(result.get());
+  return result;
+}
+
+// Rows that come one by one stand in results of their own; the last result has none.
+void PostgreSqlLink::read(PostgreSqlStream& stream, std::size_t upTo) {
+  PgResult result;
+  while (PgResult next{PQgetResult(connection_.get())}) {
+    stream.rows.take(next.get());
+    result = std::move(next);
+    if (PQstatus(connection_.get()) == CONNECTION_BAD) break;
+    if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE && stream.rows.count() >= upTo) return;
+  }
+  reading_ = nullptr;
+  stream.open = false;
+  endTrip();
+  if (!succeeded(result.get())) fail(result.get());
+  note(result.get());
+  if (writes(result.get()) && stream.rows.count() > 0) lastRowKey_ = numberOf(stream.rows.text(0, 0));
+}
+
+// Whoever walks through those rows is told of a failure when he comes to it.
+void PostgreSqlLink::readInWhatIsLeft() {
+  if (reading_ == nullptr) return;
+  PostgreSqlStream& stream = *reading_;
+  try {
+    read(stream, std::numeric_limits<std::size_t>::max());
+  } catch (const RuntimeError&) {
+    stream.failure = std::current_exception();
+  }
+}
+
 void PostgreSqlLink::note(const pg_result* result) {
+  const std::string_view tag = tagOf(result);
+  if (savepoint_ == Savepoint::Fresh && !tag.empty() && !tag.starts_with("SELECT"))
+    savepoint_ = Savepoint::WrittenBehind;
   if (!writes(result)) return;
   changes_ = std::strtol(PQcmdTuples(const_cast<PGresult*>(result)), nullptr, 10);
   written_ = true;
-  if (PQntuples(result) > 0) lastRowKey_ = std::strtoll(PQgetvalue(result, 0, 0), nullptr, 10);
 }
 
+// Such statements make savepoints of their own and end transactions: ours goes with them.
 PgResult PostgreSqlLink::run(const std::string& sql) {
+  readInWhatIsLeft();
+  if (std::exchange(beginOwed_, false)) checked(PQexec(connection_.get(), "BEGIN"));
+  savepoint_ = Savepoint::None;
   PgResult result = checked(PQexec(connection_.get(), sql.c_str()));
   note(result.get());
   return result;
 }
 
+void PostgreSqlLink::begin() {
+  beginOwed_ = true;
+}
+
+void PostgreSqlLink::commit() {
+  readInWhatIsLeft();
+  if (!std::exchange(beginOwed_, false)) run("COMMIT");
+}
+
+void PostgreSqlLink::rollback() {
+  readInWhatIsLeft();
+  if (!std::exchange(beginOwed_, false)) run("ROLLBACK");
+}
+
 PgResult PostgreSqlLink::query(const std::string& sql, const PgValues& values) {
   const auto pointers = pointersTo(values);
   const std::vector<Oid> types(values.size(), textType);
-  return guarded([&] {
-    return PQexecParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), types.data(),
-                        pointers.data(), nullptr, nullptr, 0);
+  send({}, [&](PGconn* connection) {
+    PQsendQueryParams(connection, sql.c_str(), static_cast<int>(values.size()), types.data(), pointers.data(),
+                      nullptr, nullptr, 0);
   });
+  return collect();
 }
 
 std::string PostgreSqlLink::prepare(const std::string& sql, int parameters) {
-  std::string unused;
-  for (const std::string& name : std::exchange(forgotten_, {})) unused += "DEALLOCATE " + name + ";";
-  if (!unused.empty()) run(unused);
+  std::vector<std::string> unused;
+  for (const std::string& name : std::exchange(forgotten_, {})) unused.push_back("DEALLOCATE " + name);
   std::string name = "zk_" + std::to_string(++prepared_);
   const std::vector<Oid> types(static_cast<std::size_t>(parameters), textType);
-  guarded([&] { return PQprepare(connection_.get(), name.c_str(), sql.c_str(), parameters, types.data()); });
+  send(std::move(unused), [&](PGconn* connection) {
+    PQsendPrepare(connection, name.c_str(), sql.c_str(), parameters, types.data());
+  });
+  collect();
   return name;
 }
 
-PgResult PostgreSqlLink::execute(const std::string& name, const PgValues& values) {
+void PostgreSqlLink::start(const std::string& name, const PgValues& values, PostgreSqlStream& stream) {
   const auto pointers = pointersTo(values);
-  PgResult result = guarded([&] {
-    return PQexecPrepared(connection_.get(), name.c_str(), static_cast<int>(values.size()), pointers.data(),
-                          nullptr, nullptr, 0);
+  send({}, [&](PGconn* connection) {
+    PQsendQueryPrepared(connection, name.c_str(), static_cast<int>(values.size()), pointers.data(), nullptr,
+                        nullptr, 0);
   });
-  note(result.get());
-  return result;
+  PQsetSingleRowMode(connection_.get());
+  stream.rows.clear();
+  stream.failure = nullptr;
+  stream.open = true;
+  reading_ = &stream;
+  read(stream, rowsAtOnce);
+}
+
+void PostgreSqlLink::readOn(PostgreSqlStream& stream) {
+  stream.rows.clear();
+  read(stream, rowsAtOnce);
+}
+
+// Nobody is left to be told of a failure in it.
+void PostgreSqlLink::drop(PostgreSqlStream& stream) {
+  while (stream.open) {
+    try {
+      readOn(stream);
+    } catch (const RuntimeError&) {
+      stream.open = false;
+    }
+  }
+  stream.rows.clear();
+  stream.failure = nullptr;
 }
 
 void PostgreSqlLink::copyIn(const std::string& sql, const std::string& rows) {
+  readInWhatIsLeft();
   checked(PQexec(connection_.get(), sql.c_str()));
   PQputCopyData(connection_.get(), rows.data(), static_cast<int>(rows.size()));
   PQputCopyEnd(connection_.get(), nullptr);

@@ -6,12 +6,15 @@
 #include <array>
 #include <charconv>
 
+#include "store/engine/ByteaText.h"
+
 namespace zelkor {
 namespace {
 
 // The server's numbers of the types that our tables and expressions have.
 enum TypeNumber : unsigned {
   Bool = 16,
+  Bytea = 17,
   Int8 = 20,
   Int2 = 21,
   Int4 = 23,
@@ -88,6 +91,10 @@ void PostgreSqlStatement::bindText(int parameter, std::string_view value) {
   bind(parameter, std::string(value));
 }
 
+void PostgreSqlStatement::bindBytes(int parameter, std::string_view value) {
+  bind(parameter, byteaText(value));
+}
+
 bool PostgreSqlStatement::step() {
   if (!result_) {
     result_ = link_->execute(name_, values_);
@@ -114,6 +121,8 @@ CellKind PostgreSqlStatement::kind(int column) const {
     case Float8:
     case Numeric:
       return CellKind::Real;
+    case Bytea:
+      return CellKind::Bytes;
     default:
       return CellKind::Text;
   }
@@ -140,6 +149,10 @@ double PostgreSqlStatement::real(int column) const {
 std::string_view PostgreSqlStatement::text(int column) const {
   return {PQgetvalue(result_.get(), row_, column),
           static_cast<std::size_t>(PQgetlength(result_.get(), row_, column))};
+}
+
+std::string PostgreSqlStatement::bytes(int column) const {
+  return bytesOfBytea(text(column));
 }
 
 }  // namespace zelkor

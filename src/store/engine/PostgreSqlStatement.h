@@ -18,12 +18,14 @@ class PostgreSqlStatement final : public EngineStatement {
   void bindInteger(int parameter, std::int64_t value) override;
   void bindReal(int parameter, double value) override;
   void bindText(int parameter, std::string_view value) override;
+  void bindBytes(int parameter, std::string_view value) override;
   bool step() override;
   void reset() override;
   CellKind kind(int column) const override;
   std::int64_t integer(int column) const override;
   double real(int column) const override;
   std::string_view text(int column) const override;
+  std::string bytes(int column) const override;
 
  private:
   void bind(int parameter, std::optional<std::string> value);

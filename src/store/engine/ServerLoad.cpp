@@ -6,6 +6,7 @@
 #include <charconv>
 
 #include "base/RuntimeError.h"
+#include "store/engine/ByteaText.h"
 #include "store/engine/PostgreSqlEngine.h"
 #include "store/TemplateData.h"
 
@@ -57,7 +58,9 @@ void appendCell(std::string& rows, const EngineStatement& row, int column) {
                   std::to_chars(buffer.data(), buffer.data() + buffer.size(), row.real(column)).ptr);
       return;
     case CellKind::Text:
-      appendText(rows, row.text(column));
+      return appendText(rows, row.text(column));
+    case CellKind::Bytes:
+      return appendText(rows, byteaText(row.bytes(column)));
   }
 }
 

@@ -5,6 +5,14 @@
 #include "store/engine/SqliteErrors.h"
 
 namespace zelkor {
+namespace {
+
+// No place would mean Null.
+const char* placeOf(std::string_view value) {
+  return value.data() == nullptr ? "" : value.data();
+}
+
+}  // namespace
 
 SqliteStatement::SqliteStatement(sqlite3* connection, std::string_view sql) {
   sqlite3_stmt* statement = nullptr;
@@ -33,6 +41,16 @@ void SqliteStatement::bindText(int parameter, std::string_view value) {
                       SQLITE_TRANSIENT);
 }
 
+void SqliteStatement::bindBytes(int parameter, std::string_view value) {
+  if (parameter <= parameters_)
+    sqlite3_bind_blob(handle_.get(), parameter, placeOf(value), static_cast<int>(value.size()),
+                      SQLITE_TRANSIENT);
+}
+
+void SqliteStatement::bindLastingText(int parameter, std::string_view value) {
+  sqlite3_bind_text(handle_.get(), parameter, placeOf(value), static_cast<int>(value.size()), SQLITE_STATIC);
+}
+
 bool SqliteStatement::step() {
   const int code = sqlite3_step(handle_.get());
   if (code == SQLITE_ROW) return true;
@@ -53,6 +71,8 @@ CellKind SqliteStatement::kind(int column) const {
       return CellKind::Real;
     case SQLITE_NULL:
       return CellKind::Null;
+    case SQLITE_BLOB:
+      return CellKind::Bytes;
     default:
       return CellKind::Text;
   }
@@ -70,6 +90,12 @@ std::string_view SqliteStatement::text(int column) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_.get(), column));
   if (text == nullptr) return {};
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column))};
+}
+
+std::string_view SqliteStatement::bytesInPlace(int column) const {
+  const auto* content = static_cast<const char*>(sqlite3_column_blob(handle_.get(), column));
+  return {content == nullptr ? "" : content,
+          static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column))};
 }
 
 }  // namespace zelkor

@@ -18,11 +18,11 @@ struct CarriedTable {
 
 struct TransferReport {
   std::vector<CarriedTable> tables;
-  std::vector<TransferProblem> problems;  // the source's among them
+  std::vector<TransferProblem> problems;  // the source's and the target's among them
 };
 
 /// Carries all tables of the source into the target: rows in their order, counters, indexes. Does not finish
-/// the target.
+/// the target. Raises RuntimeError when the target cannot be written or the source cannot be read on.
 TransferReport carryTables(TransferSource& source, TransferTarget& target);
 
 /// Compares the rows of all tables of the original with the copy's, cell by cell and in order; gives the

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "transfer/TransferSource.h"
 
@@ -24,6 +25,8 @@ class TransferTarget {
   virtual void completeTable(const TableDef& table) = 0;
   /// Makes everything durable and gives it its name.
   virtual void finish() = 0;
+  /// The values that the engine cannot keep as they came; what it keeps instead is told.
+  virtual const std::vector<TransferProblem>& problems() const = 0;
 };
 
 }  // namespace zelkor

@@ -17,27 +17,34 @@ inline constexpr const char* accountSetFiles[] = {"ZkData.Mdb", "ZkSystem.Mdb"};
 class TestDatabase {
  public:
   /// A copy of the database of that name.
-  explicit TestDatabase(const std::string& original) : name_(freshSchema()) {
-    server().run("CREATE DATABASE " + name_ + " TEMPLATE " + original + " STRATEGY file_copy");
-  }
+  explicit TestDatabase(const std::string& original) : name_(freshSchema()) { create(original); }
   TestDatabase(const TestDatabase&) = delete;
   TestDatabase& operator=(const TestDatabase&) = delete;
   ~TestDatabase() {
     try {
-      server().run("DROP DATABASE " + name_ + " WITH (FORCE)");
+      drop();
     } catch (const RuntimeError&) {
       // The server goes with everything in it when the tests are through.
     }
+  }
+
+  /// Becomes a copy of the other one; whoever works on it is cut off.
+  void copyFrom(const TestDatabase& original) {
+    drop();
+    create(original.name());
   }
 
   const std::string& name() const { return name_; }
   std::string conninfo() const { return testServer() + " dbname=" + name_; }
 
  private:
-  static PostgreSqlLink& server() {
-    static PostgreSqlLink link(testServer());
-    return link;
+  // A connection for each: a test may have the server restarted.
+  static void runOnServer(const std::string& sql) { PostgreSqlLink(testServer()).run(sql); }
+  void create(const std::string& original) const {
+    runOnServer("CREATE DATABASE " + name_ + " TEMPLATE " + original + " STRATEGY file_copy");
   }
+  void drop() const { runOnServer("DROP DATABASE " + name_ + " WITH (FORCE)"); }
+
   std::string name_;
 };
 
@@ -78,6 +85,9 @@ class AccountSetCopy {
       }
     }
   }
+
+  /// Its part on a server; null when it lies in files.
+  TestDatabase* database() const { return database_.get(); }
 
  private:
   std::unique_ptr<TestDatabase> database_;

@@ -21,6 +21,13 @@ inline bool onServer() {
   return !testServer().empty();
 }
 
+/// Has the server stopped or started, in pg_ctl's words: "restart -m immediate". True when that is done.
+inline bool controlTestServer(const std::string& words) {
+  const char* command = std::getenv("ZELKOR_TEST_SERVER_CONTROL");
+  return command != nullptr &&
+         std::system((std::string(command) + " " + words + " >/dev/null 2>&1").c_str()) == 0;
+}
+
 /// A schema name that no other test has.
 inline std::string freshSchema() {
   static int number = 0;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/AccountSetCopy.h"
+
+namespace zelkor::test {
+
+/// An account set of January 2020 with the sample archives, in files or beside a server, whose state can be
+/// kept and given back.
+class KeptAccountSet {
+ public:
+  KeptAccountSet();
+
+  std::filesystem::path operator/(std::string_view name) const { return home_ / name; }
+  std::string dataFile() const { return home_ / "ZkData.Mdb"; }
+  /// The argument string that starts this run type on 2020-01-15.
+  std::string argument(const std::string& runType, const std::string& user = "张三") const;
+
+  void keep();
+  /// What was kept; whoever still works on the account set beside a server is cut off.
+  void restore();
+
+  /// True when the engine finds nothing wrong with the file; a server looks after itself.
+  bool isIntact() const;
+  /// Rows of a table as lines of their cells, in the order in which they were added. Without autonumbers:
+  /// they go on counting behind rows that were written before.
+  std::vector<std::string> rows(const std::string& table) const;
+  /// Every row of every table of the data file but those named, as sorted lines "table: cells".
+  std::vector<std::string> content(const std::vector<std::string>& without) const;
+
+ private:
+  TempDir home_;
+  TempDir kept_;
+  AccountSetCopy files_{home_.path()};
+  std::unique_ptr<TestDatabase> keptDatabase_;
+};
+
+/// The lines that only one of two sorted contents has, the first few of them.
+std::string differenceOf(const std::vector<std::string>& a, const std::vector<std::string>& b);
+
+}  // namespace zelkor::test

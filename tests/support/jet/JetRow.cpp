@@ -1,5 +1,6 @@
 #include "support/jet/JetRow.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <stdexcept>
@@ -114,6 +115,13 @@ std::size_t variableColumns(const std::vector<ColumnPlace>& places, std::size_t 
   return last.variableIndex + (isFixed(last.column) ? 0 : 1);
 }
 
+// Two bytes for each character, and two in front of what was compressed; 255 bytes in Jet 3.
+std::size_t RowPacker::longestValue(const JetColumn& column) const {
+  const auto size = static_cast<std::size_t>(column.size);
+  if (column.type != JetType::Text) return size;
+  return format_.isJet3() ? std::min<std::size_t>(2 * size, 255) : 2 * size + 2;
+}
+
 struct RowPacker::Parts {
   std::string row;
   std::string values;
@@ -184,7 +192,7 @@ std::string RowPacker::variable(std::size_t column, const JetCell& cell) {
     misfit(def);
   }
   if (!isLong(def)) {
-    if (value.size() > bytesOf(def, format_) + (isText && !format_.isJet3() ? 2U : 0U)) misfit(def);
+    if (value.size() > longestValue(def)) misfit(def);
     return value;
   }
   std::size_t index = 0;

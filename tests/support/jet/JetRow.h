@@ -38,6 +38,7 @@ class RowPacker {
 
   std::string fixed(const JetColumn& column, const JetCell& cell);
   void addCell(Parts& parts, std::size_t column, const JetCell& cell);
+  std::size_t longestValue(const JetColumn& column) const;
   std::string variable(std::size_t column, const JetCell& cell);
   std::string longValue(RowPages& pages, const std::string& value, JetPlace place) const;
   std::string reference(RowPages& pages, const std::string& value) const;

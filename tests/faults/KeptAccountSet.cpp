@@ -67,10 +67,13 @@ void KeptAccountSet::restore() {
 }
 
 bool KeptAccountSet::isIntact() const {
-  if (files_.database()) return true;
+  return files_.database() || ask("PRAGMA integrity_check") == "ok";
+}
+
+std::string KeptAccountSet::ask(const std::string& query) const {
   const auto engine = openDataFile(dataFile());
-  const auto answer = engine->prepare("PRAGMA integrity_check");
-  return answer->step() && answer->text(0) == "ok";
+  const auto answer = engine->prepare(query);
+  return answer->step() ? std::string(answer->text(0)) : std::string();
 }
 
 std::vector<std::string> KeptAccountSet::rows(const std::string& table) const {

@@ -26,6 +26,8 @@ class KeptAccountSet {
 
   /// True when the engine finds nothing wrong with the file; a server looks after itself.
   bool isIntact() const;
+  /// The first cell of a query in the engine's own language.
+  std::string ask(const std::string& query) const;
   /// Rows of a table as lines of their cells, in the order in which they were added. Without autonumbers:
   /// they go on counting behind rows that were written before.
   std::vector<std::string> rows(const std::string& table) const;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "faults/KeptAccountSet.h"
+
+// What happens to a server while somebody works on it.
+namespace zelkor::test {
+
+enum class Cut { Session, Restart, Crash };
+
+inline std::string nameOf(Cut cut) {
+  return cut == Cut::Session ? "session ended" : cut == Cut::Restart ? "server restarted" : "server crashed";
+}
+
+/// The sessions of others on the account set's database, as the rest of a query.
+inline constexpr const char* otherSessions =
+    " FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid()";
+
+/// Ends the sessions on the account set, or all of them with their server, which then comes up again.
+inline void cutOff(Cut cut, const KeptAccountSet& set) {
+  if (cut == Cut::Session) {
+    set.ask(std::string("SELECT count(pg_terminate_backend(pid))") + otherSessions);
+  } else if (!controlTestServer(cut == Cut::Restart ? "restart -m fast" : "restart -m immediate")) {
+    throw std::runtime_error("the server does not restart");
+  }
+}
+
+}  // namespace zelkor::test

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <map>
-#include <memory>
 
 #include "cards/CardFixture.h"
 #include "cards/CardVersions.h"
 #include "changes/ChangeSheets.h"
 #include "store/Statement.h"
+#include "support/Stranger.h"
 
 namespace zelkor::test {
 
@@ -182,12 +180,27 @@ class SheetTest : public CardTest {
   /// The bare engine on the data file, as a foreign tool has it.
   void bare(const std::string& statements) {
     engine.flush();
-    sqlite3* handle = nullptr;
-    ASSERT_EQ(sqlite3_open(context.gstrZtFile.c_str(), &handle), SQLITE_OK);
-    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> file(handle, sqlite3_close);
-    ASSERT_EQ(sqlite3_exec(handle, statements.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(handle) << ": " << statements;
+    ASSERT_TRUE(strangerAt(context.gstrZtFile)->run(statements)) << statements;
   }
+
+  /// Makes each row of such writes ("UPDATE ON fa_Total") first run the statement and then fail where the
+  /// condition holds.
+  void failWrites(const std::string& writes, const std::string& statement = "",
+                  const std::string& condition = "1=1") {
+    const std::string name = sql("zk_trigger_", ++triggers_);
+    const std::string first = statement.empty() ? "" : statement + "; ";
+    if (onServer()) {
+      bare(sql("CREATE FUNCTION ", name, "() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN ", first, "IF ",
+               condition, " THEN RAISE EXCEPTION 'injected'; END IF; RETURN NEW; END $$; CREATE TRIGGER ",
+               name, " BEFORE ", writes, " FOR EACH ROW EXECUTE FUNCTION ", name, "()"));
+    } else {
+      bare(sql("CREATE TRIGGER ", name, " BEFORE ", writes, " BEGIN ", first,
+               "SELECT RAISE(ABORT,'injected') WHERE ", condition, "; END"));
+    }
+  }
+
+ private:
+  int triggers_ = 0;
 };
 
 }  // namespace zelkor::test

@@ -24,9 +24,7 @@ class SheetFrameTest : public SheetTest {
     failAtWrite(0);
     for (const char* table : {"fa_Cards", "fa_Vouchers", "fa_CardsSheets", "fa_DeptScale", "fa_Cards_Detail",
                               "fa_DeprTransactions", "fa_Total"}) {
-      bare(sql("CREATE TRIGGER zk_watch_", table, " BEFORE INSERT ON ", table,
-               " BEGIN UPDATE zk_count SET n=n+1;"
-               " SELECT RAISE(ABORT,'injected') WHERE (SELECT n=failAt FROM zk_count); END"));
+      failWrites(sql("INSERT ON ", table), "UPDATE zk_count SET n=n+1", "(SELECT n=failAt FROM zk_count)");
     }
   }
 };

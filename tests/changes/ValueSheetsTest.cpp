@@ -172,9 +172,7 @@ TEST_F(SheetTest, AccumulatedDepreciationNeedsAReasonAndANumber) {
 
 TEST_F(SheetTest, AFailureAtTheFirstStatementBehindTheCommitLeavesOutTheSecond) {
   execute("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblDeprTotal) values ('301','021',5,1)");
-  bare(
-      "CREATE TRIGGER zk_fail BEFORE UPDATE ON fa_DeprTransactions BEGIN SELECT RAISE(ABORT,'injected'); "
-      "END");
+  failWrites("UPDATE ON fa_DeprTransactions");
   ChangeSheets corrections = sheets(ChangeKind::AccumulatedDepr);
   EXPECT_EQ(corrections.save(goodSheet(corrections)).outcome, Outcome::Failed);
   EXPECT_EQ(sheetRows().size(), 1U);
@@ -184,7 +182,7 @@ TEST_F(SheetTest, AFailureAtTheFirstStatementBehindTheCommitLeavesOutTheSecond) 
 
 TEST_F(SheetTest, AFailureBehindTheCommitLeavesTheSheet) {
   execute("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblDeprTotal) values ('301','021',5,1)");
-  bare("CREATE TRIGGER zk_fail BEFORE UPDATE ON fa_Total BEGIN SELECT RAISE(ABORT,'injected'); END");
+  failWrites("UPDATE ON fa_Total");
   ChangeSheets corrections = sheets(ChangeKind::AccumulatedDepr);
   const SheetResult result = corrections.save(goodSheet(corrections));
   EXPECT_EQ(result.outcome, Outcome::Failed);

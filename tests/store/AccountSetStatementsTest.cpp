@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "store/AccountSet.h"
 #include "store/DbEngine.h"
-#include "support/Support.h"
+#include "support/AccountSetCopy.h"
 
 namespace zelkor::test {
 namespace {
@@ -49,7 +48,7 @@ class AccountSetStatements : public testing::TestWithParam<fs::path> {};
 // which they come; those that must fail do.
 TEST_P(AccountSetStatements, FindWhatTheyName) {
   const TempDir directory;
-  createAccountSet(directory.path(), {.year = 2020, .month = 4, .sample = true});
+  const AccountSetCopy files(directory.path());
   DbEngine engine;
   Database data = engine.OpenDatabase((directory / "ZkData.Mdb").string());
   Database system = engine.OpenDatabase((directory / "ZkSystem.Mdb").string());

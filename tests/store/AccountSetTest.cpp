@@ -13,35 +13,21 @@
 #include "store/AccountSet.h"
 #include "store/Catalogue.h"
 #include "store/DbEngine.h"
-#include "support/Support.h"
+#include "support/AccountSetCopy.h"
+#include "support/Rows.h"
 
 namespace zelkor::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// The rows of a query, cells joined by "|", Null as "~".
-std::vector<std::string> rowsOf(Recordset rows) {
-  std::vector<std::string> lines;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    std::string line;
-    for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
-      const Value cell = rows.Fields(i);
-      line += (i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
-    }
-    lines.push_back(line);
-  }
-  return lines;
-}
-
 /// An account set that all tests of a kind read and none changes.
 class AccountSetContents : public testing::Test {
  protected:
   struct Set {
-    explicit Set(bool sample) {
-      createAccountSet(directory.path(), {.account = "007", .year = 2020, .month = 4, .sample = sample});
-      data = engine.OpenDatabase((directory / "ZkData.Mdb").string());
-      system = engine.OpenDatabase((directory / "ZkSystem.Mdb").string());
+    explicit Set(bool sample) : prepared({.account = "007", .year = 2020, .month = 4, .sample = sample}) {
+      data = engine.OpenDatabase((prepared.directory / "ZkData.Mdb").string());
+      system = engine.OpenDatabase((prepared.directory / "ZkSystem.Mdb").string());
     }
     std::vector<std::string> rows(const std::string& query) { return rowsOf(data.OpenRecordset(query)); }
     std::string cell(const std::string& query) {
@@ -49,7 +35,7 @@ class AccountSetContents : public testing::Test {
       return all.size() == 1 ? all.front() : std::to_string(all.size()) + " rows";
     }
 
-    TempDir directory;
+    PreparedAccountSet prepared;
     DbEngine engine;
     Database data;
     Database system;
@@ -91,7 +77,7 @@ std::set<std::string> filesIn(const fs::path& directory) {
   return names;
 }
 
-TEST(CreateAccountSet, WritesTwoSoundFilesAndNothingElse) {
+TEST(SqliteAccountSet, WritesTwoSoundFilesAndNothingElse) {
   const TempDir directory;
   const fs::path made = directory / "account";
   createAccountSet(made, {.sample = true});
@@ -102,7 +88,7 @@ TEST(CreateAccountSet, WritesTwoSoundFilesAndNothingElse) {
   }
 }
 
-TEST(CreateAccountSet, RefusesExistingFilesAndLeavesThemAlone) {
+TEST(SqliteAccountSet, RefusesExistingFilesAndLeavesThemAlone) {
   for (const char* present : {"ZkData.Mdb", "ZkSystem.Mdb"}) {
     const TempDir directory;
     writeFile(directory / present, "kept");
@@ -119,7 +105,7 @@ TEST(CreateAccountSet, RefusesExistingFilesAndLeavesThemAlone) {
   }
 }
 
-TEST(CreateAccountSet, LeavesNothingBehindWhenItFails) {
+TEST(SqliteAccountSet, LeavesNothingBehindWhenItFails) {
   const TempDir directory;
   // The second file cannot be written: its place is taken by a directory.
   fs::create_directories(directory / "ZkSystem.Mdb.new" / "taken");
@@ -132,7 +118,7 @@ TEST(CreateAccountSet, LeavesNothingBehindWhenItFails) {
   EXPECT_NE(errorOf([&] { createAccountSet(directory / "file", {}); }), 0);
 }
 
-TEST(CreateAccountSet, RefusesPeriodsAndAccountsThatAreNone) {
+TEST(SqliteAccountSet, RefusesPeriodsAndAccountsThatAreNone) {
   const TempDir directory;
   for (const AccountSetOptions& options : {AccountSetOptions{.month = 13}, AccountSetOptions{.month = 0},
                                            AccountSetOptions{.year = 20}, AccountSetOptions{.account = ""}}) {

@@ -1,20 +1,17 @@
 #include <filesystem>
 
-#include "store/AccountSet.h"
 #include "store/Catalogue.h"
 #include "store/ReinitialiseAccount.h"
 #include "store/Statement.h"
-#include "store/StoreFixture.h"
+#include "support/AccountSetCopy.h"
+#include "support/Rows.h"
 
 namespace zelkor::test {
 namespace {
 
 class ReinitialiseAccountTest : public testing::Test {
  protected:
-  ReinitialiseAccountTest() {
-    createAccountSet(directory.path(), {.account = "001", .year = 2020, .month = 1, .sample = true});
-    data = engine.OpenDatabase(path);
-  }
+  ReinitialiseAccountTest() { data = engine.OpenDatabase(path); }
 
   void reinitialise() { ReinitialiseAccount(engine, path, data); }
   std::vector<std::string> rows(const std::string& query) { return rowsOf(data.OpenRecordset(query)); }
@@ -24,6 +21,7 @@ class ReinitialiseAccountTest : public testing::Test {
   }
 
   TempDir directory;
+  AccountSetCopy files{directory.path()};
   std::string path = (directory.path() / "ZkData.Mdb").string();
   DbEngine engine;
   Database data;

@@ -8,6 +8,7 @@
 
 #include "base/RuntimeError.h"
 #include "store/DbEngine.h"
+#include "support/Rows.h"
 #include "support/Support.h"
 #include "support/TestServer.h"
 
@@ -26,20 +27,6 @@ inline std::string makeEmptyDataFile(const std::filesystem::path& directory,
   sqlite3_exec(handle, "PRAGMA user_version = 1", nullptr, nullptr, nullptr);
   sqlite3_close(handle);
   return path;
-}
-
-/// The rows of a query, cells joined by "|", Null as "~".
-inline std::vector<std::string> rowsOf(Recordset rows) {
-  std::vector<std::string> lines;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    std::string line;
-    for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
-      const Value cell = rows.Fields(i);
-      line += (i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
-    }
-    lines.push_back(line);
-  }
-  return lines;
 }
 
 /// One data file with a database open on it.

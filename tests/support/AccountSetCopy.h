@@ -48,11 +48,9 @@ class TestDatabase {
   std::string name_;
 };
 
-/// A directory with an account set that holds the sample archives, made once per test program: in files, or
-/// in a database beside a server.
+/// A directory with a new account set: in files, or in a database beside a server.
 struct PreparedAccountSet {
-  PreparedAccountSet() {
-    const AccountSetOptions options{.account = "001", .year = 2020, .month = 1, .sample = true};
+  explicit PreparedAccountSet(const AccountSetOptions& options) {
     if (!onServer()) {
       createAccountSet(directory.path(), options);
       return;
@@ -61,8 +59,9 @@ struct PreparedAccountSet {
     createServerAccountSet(database->conninfo(), directory.path(), options);
   }
 
+  /// One that holds the sample archives, made once per test program.
   static const PreparedAccountSet& get() {
-    static const PreparedAccountSet prepared;
+    static const PreparedAccountSet prepared({.account = "001", .year = 2020, .month = 1, .sample = true});
     return prepared;
   }
 

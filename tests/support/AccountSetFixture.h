@@ -4,29 +4,15 @@
 
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "startup/RunContext.h"
 #include "support/AccountSetCopy.h"
+#include "support/Rows.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Support.h"
 
 namespace zelkor::test {
-
-/// Rows as texts, cells joined by "|", Null as "~".
-inline std::vector<std::string> rowsOf(Recordset recordset) {
-  std::vector<std::string> lines;
-  for (; !recordset.Eof(); recordset.MoveNext()) {
-    std::string line;
-    for (std::size_t i = 0; i < recordset.FieldCount(); ++i) {
-      const Value cell = recordset.Fields(i);
-      line += (i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
-    }
-    lines.push_back(std::move(line));
-  }
-  return lines;
-}
 
 /// A fresh account set with a run context on it: operator 陈会计, account 001, operating date 2020-05-15.
 class AccountSetTest : public testing::Test {

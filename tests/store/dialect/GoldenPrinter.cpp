@@ -14,10 +14,6 @@ constexpr std::array bindNames{"text", "trimmed", "number", "date", "low", "high
 constexpr std::array typeNames{"?",      "text",     "memo", "short",   "long",  "counter",
                                "double", "currency", "date", "boolean", "binary"};
 
-std::string_view nameOf(ColumnType type) {
-  return typeNames[static_cast<std::size_t>(type)];
-}
-
 std::string parameters(const Translation& translation, const Shape& shape) {
   std::string text;
   for (const ParameterSlot& slot : translation.slots) {
@@ -86,6 +82,10 @@ void attempt(std::string& text, Describe describe) {
 }
 
 }  // namespace
+
+std::string_view nameOf(ColumnType type) {
+  return typeNames[static_cast<std::size_t>(type)];
+}
 
 std::vector<std::size_t> allColumns(const Query& query) {
   std::vector<std::size_t> columns(query.columns().size());

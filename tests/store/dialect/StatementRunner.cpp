@@ -2,19 +2,20 @@
 
 #include "store/dialect/GoldenPrinter.h"
 #include "store/engine/Binding.h"
+#include "store/engine/ColumnValue.h"
 #include "store/engine/SchemaCache.h"
 
 namespace zelkor::dialect::test {
 namespace {
 
-std::string rowsFrom(EngineStatement& statement, std::size_t first, std::size_t columns) {
+std::string rowsFrom(EngineStatement& statement, std::size_t first,
+                     const std::vector<OutputColumn>& columns) {
   std::string text;
   while (statement.step()) {
     if (!text.empty()) text += ";";
-    for (std::size_t i = first; i < first + columns; ++i) {
-      const int column = static_cast<int>(i);
-      if (i > first) text += "|";
-      text += statement.kind(column) == CellKind::Null ? "~" : std::string(statement.text(column));
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const Value cell = readCell(statement, static_cast<int>(first + i), columns[i].type);
+      text += (i > 0 ? "|" : "") + (cell.isNull() ? "~" : cell.text());
     }
   }
   return text;
@@ -25,7 +26,7 @@ std::string rowsFrom(EngineStatement& statement, std::size_t first, std::size_t 
 Translation StatementRunner::translated(std::string_view statement, Shape& shape) {
   const SchemaCache schema(engine());
   shapeOf(statement, shape);
-  return translate(statement, shape, schema, EngineKind::Sqlite);
+  return translate(statement, shape, schema, engine().kind());
 }
 
 long StatementRunner::run(const std::vector<std::string>& sql, const Translation& translation,
@@ -56,17 +57,12 @@ std::string StatementRunner::rows(std::string_view query, Query::Form form) {
   const Query& bound = *translation.query;
   const auto statement = engine().prepare(bound.rows(allColumns(bound), form));
   bindSlots(*statement, translation.slots, shape.literals);
-  return rowsFrom(*statement, bound.sources().size() + bound.tieKeys(), bound.columns().size());
+  return rowsFrom(*statement, bound.sources().size() + bound.tieKeys(), bound.columns());
 }
 
 bool StatementRunner::guarded(std::string_view query) {
   Shape shape;
   return engine().prepare(*translated(query, shape).guard)->step();
-}
-
-std::string StatementRunner::raw(std::string_view sql) {
-  const auto statement = engine().prepare(sql);
-  return rowsFrom(*statement, 0, 1);
 }
 
 }  // namespace zelkor::dialect::test

@@ -24,8 +24,6 @@ class StatementRunner {
   std::string rows(std::string_view query, Query::Form form = Query::Form::Plain);
   /// Whether the query's guard forbids its fast form.
   bool guarded(std::string_view query);
-  /// The first column of the engine's rows for its own SQL.
-  std::string raw(std::string_view sql);
 
  private:
   long run(const std::vector<std::string>& sql, const Translation& translation, const Shape& shape);

@@ -12,7 +12,7 @@ using testing::Each;
 using testing::HasSubstr;
 using testing::Not;
 
-class TranslatePlanTest : public testing::Test {
+class SqlitePlanTest : public testing::Test {
  protected:
   std::vector<std::string> plan(const std::string& sql) {
     const auto statement = file.engine().prepare("EXPLAIN QUERY PLAN " + sql);
@@ -41,7 +41,7 @@ struct PlanCase {
   const char* index;
 };
 
-TEST_F(TranslatePlanTest, TextsThatHoldNumbersAreReadThroughTheirIndex) {
+TEST_F(SqlitePlanTest, TextsThatHoldNumbersAreReadThroughTheirIndex) {
   for (const PlanCase& one : {
            PlanCase{"Select Top 1 * From FA_Cards Order by clng(sCardID) Desc", "zk_number_fa_Cards_sCardID"},
            PlanCase{"Select Top 1  *   From fa_cards  Order BY Val(sCardID)  Desc  ",
@@ -58,7 +58,7 @@ TEST_F(TranslatePlanTest, TextsThatHoldNumbersAreReadThroughTheirIndex) {
   }
 }
 
-TEST_F(TranslatePlanTest, TheNumbersOfASheetAreReadThroughIndexes) {
+TEST_F(SqlitePlanTest, TheNumbersOfASheetAreReadThroughIndexes) {
   for (const char* statement :
        {"Select  * From fa_Vouchers  Order By sNum Desc ",
         "Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ", "select max(lOptID) from fa_vouchers",
@@ -70,7 +70,7 @@ TEST_F(TranslatePlanTest, TheNumbersOfASheetAreReadThroughIndexes) {
   }
 }
 
-TEST_F(TranslatePlanTest, TheGuardAsksIndexesOnly) {
+TEST_F(SqlitePlanTest, TheGuardAsksIndexesOnly) {
   for (const char* statement :
        {"Select Top 1 * From FA_Cards Order by clng(sCardID) Desc",
         "select sCardNum from fa_cards where cint(sCardID) in (select max(cint(sCardID)) from fa_cards)",
@@ -83,7 +83,7 @@ TEST_F(TranslatePlanTest, TheGuardAsksIndexesOnly) {
   }
 }
 
-TEST_F(TranslatePlanTest, RowsOfOneCardAreLookedUp) {
+TEST_F(SqlitePlanTest, RowsOfOneCardAreLookedUp) {
   for (const char* statement : {"Select * From FA_Cards Where sCardNum='00001'",
                                 "select * from fa_DeprTransactions where sCardNum='00001'",
                                 "select * from fa_Cards where sCardNum like '0000*'"}) {
@@ -92,7 +92,7 @@ TEST_F(TranslatePlanTest, RowsOfOneCardAreLookedUp) {
   }
 }
 
-TEST_F(TranslatePlanTest, ARowIsReadByItsKey) {
+TEST_F(SqlitePlanTest, ARowIsReadByItsKey) {
   const Translation translation =
       translated("select a.*,b.sName from fa_cards a left join fa_AssetTypes b on a.sTypeNum=b.sNum");
   const std::vector<std::string> steps = plan(translation.query->rowByKey(allColumns(*translation.query)));

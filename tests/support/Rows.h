@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/Recordset.h"
+
+namespace zelkor::test {
+
+/// The rows of a query, cells joined by "|", Null as "~".
+inline std::vector<std::string> rowsOf(Recordset rows) {
+  std::vector<std::string> lines;
+  for (; !rows.Eof(); rows.MoveNext()) {
+    std::string line;
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
+      const Value cell = rows.Fields(i);
+      line += (i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+}  // namespace zelkor::test

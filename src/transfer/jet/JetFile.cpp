@@ -116,8 +116,8 @@ std::vector<PageNumber> JetFile::markedPages(RowPointer pointer) {
   auto* bytes = reinterpret_cast<unsigned char*>(map.data());
   PageNumber last = 0;
   while (true) {
-    const auto next = static_cast<PageNumber>(mdb_map_find_next(
-        library_->handle.get(), bytes, static_cast<unsigned int>(map.size()), last));
+    const auto next = static_cast<PageNumber>(
+        mdb_map_find_next(library_->handle.get(), bytes, static_cast<unsigned int>(map.size()), last));
     if (next == 0) return pages;
     if (next >= pages_ || next <= last)
       damaged("页表记有第 " + std::to_string(next) + " 页，而文件只有 " + std::to_string(pages_) + " 页");

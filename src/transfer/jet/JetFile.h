@@ -25,6 +25,8 @@ class JetFile {
   /// The code page that the header tells, which need not be that of the texts.
   int codePage() const;
 
+  /// Whether so many bytes can lie in the file.
+  bool holds(std::size_t bytes) const { return bytes <= size_; }
   /// Error 3343 when the file has no such page, as for all that follows.
   void read(PageNumber number, Page& page);
   /// The pages that a map names, in ascending order.

@@ -33,8 +33,7 @@ void checkReadable(const fs::path& path) {
   if (status.type() == fs::file_type::not_found)
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path.string() + "'。");
   if (status.type() != fs::file_type::regular)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "'" + path.string() + "' 不是数据库文件，无法打开。");
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "'" + path.string() + "' 不是数据库文件，无法打开。");
   if (::access(path.c_str(), R_OK) != 0)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "文件 '" + path.string() + "' 没有读权限，无法打开。");

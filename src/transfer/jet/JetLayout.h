@@ -54,10 +54,10 @@ struct Layout {
   std::size_t afterIndexFlags;
 };
 
-inline constexpr Layout jet3{true, 2048, 8, 1,  12, 16, 23, 25, 27, 31, 35, 39, 43, 8, 1, 18,
-                             1,    3,    5, 9,  13, 14, 16, 0,  0,  0};
-inline constexpr Layout jet4{false, 4096, 12, 2,  16, 20, 43, 45, 47, 51, 55, 59, 63, 12, 2, 25,
-                             5,     7,    9,  11, 15, 21, 23, 4,  4,  5};
+inline constexpr Layout jet3{true, 2048, 8,  1, 12, 16, 23, 25, 27, 31, 35, 39, 43,
+                             8,    1,    18, 1, 3,  5,  9,  13, 14, 16, 0,  0,  0};
+inline constexpr Layout jet4{false, 4096, 12, 2, 16, 20, 43, 45, 47, 51, 55, 59, 63,
+                             12,    2,    25, 5, 7,  9,  11, 15, 21, 23, 4,  4,  5};
 
 using PageNumber = std::uint32_t;
 

@@ -28,9 +28,7 @@ class Page {
   char kind() const { return bytes_[0]; }
   /// The definition page of the table that a page of rows belongs to; the next page of a definition.
   PageNumber link() const { return numberAt<PageNumber>(content(), 4); }
-  std::size_t rows(const Layout& layout) const {
-    return numberAt<std::uint16_t>(content(), layout.rowCount);
-  }
+  std::size_t rows(const Layout& layout) const { return numberAt<std::uint16_t>(content(), layout.rowCount); }
   /// nullopt when the page has no such row or its place is none.
   std::optional<PlacedRow> row(std::size_t number, const Layout& layout) const;
 

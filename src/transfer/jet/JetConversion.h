@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "store/dialect/Schema.h"
+#include "transfer/CarriedCell.h"
+
+namespace zelkor::jet {
+
+/// The value in the terms of another type, when it is the same value there: no digit is rounded away, nothing
+/// is cut off. Null stays Null, except that a boolean cannot be Null. Texts may lie in `buffer`. nullopt when
+/// it does not fit.
+std::optional<CarriedCell> converted(const CarriedCell& value, dialect::ColumnType type, std::string& buffer);
+
+/// Whether every value of the one type is a value of the other as it stands.
+bool holdsAll(dialect::ColumnType type, dialect::ColumnType other);
+
+/// The value as it is shown to people, not too long.
+std::string shownText(const CarriedCell& value);
+
+/// The type in the administrator's words.
+std::string typeName(dialect::ColumnType type);
+
+}  // namespace zelkor::jet

@@ -1,0 +1,65 @@
+#include "transfer/jet/JetRowReader.h"
+
+#include <algorithm>
+
+#include "transfer/jet/JetConversion.h"
+
+namespace zelkor::jet {
+
+using dialect::ColumnType;
+
+JetRowReader::JetRowReader(JetFile& file, const PlannedTable& plan, TextDecoder& texts, Problems& problems)
+    : file_(file),
+      plan_(plan),
+      problems_(problems),
+      told_(problems.of(plan.table.info.name)),
+      walk_(file, plan.definition, plan.table.info.name),
+      values_(texts),
+      buffers_(plan.columns.size()),
+      cells_(plan.columns.size()) {}
+
+bool JetRowReader::next() {
+  if (!walk_.next()) {
+    finish();
+    return false;
+  }
+  for (std::size_t i = 0; i < cells_.size(); ++i) cells_[i] = carried(i);
+  told_.rows = std::max(told_.rows, walk_.row());
+  return true;
+}
+
+CarriedCell JetRowReader::carried(std::size_t column) {
+  const PlannedColumn& planned = plan_.columns[column];
+  if (!planned.source) return planned.isNumbered ? CarriedCell(walk_.row()) : planned.filling;
+  const CarriedCell value = values_.read(walk_, plan_.definition.columns[*planned.source], buffers_[column]);
+  if (!values_.complaint().empty()) tell(column, values_.complaint());
+  return planned.isConverted ? fitted(value, column) : value;
+}
+
+CarriedCell JetRowReader::fitted(const CarriedCell& value, std::size_t column) {
+  const ColumnType type = plan_.table.info.columns[column].type;
+  if (auto cell = converted(value, type, buffers_[column])) return *cell;
+  const bool isBoolean = type == ColumnType::Boolean;
+  tell(column,
+       "值不合" + typeName(type) + "列，存为" + (isBoolean ? "“否”" : "空值") + "：" + shownText(value));
+  return isBoolean ? CarriedCell(std::int64_t{0}) : CarriedCell();
+}
+
+void JetRowReader::tell(std::size_t column, std::string reason) {
+  if (walk_.row() <= told_.rows) return;
+  const auto& info = plan_.table.info;
+  problems_.addValue(told_, {info.name, walk_.row(), info.columns[column].name, std::move(reason)});
+}
+
+// A file that was not closed properly may count too few rows.
+void JetRowReader::finish() {
+  file_.requireUnchanged();
+  if (walk_.row() == plan_.definition.rows || told_.isCountTold) return;
+  told_.isCountTold = true;
+  problems_.all().push_back({plan_.table.info.name, 0, "",
+                             "表定义记有 " + std::to_string(plan_.definition.rows) + " 行，读出 " +
+                                 std::to_string(walk_.row()) +
+                                 " 行，已全部导入；文件可能没有正常关闭，请在原系统中压缩修复后核对"});
+}
+
+}  // namespace zelkor::jet

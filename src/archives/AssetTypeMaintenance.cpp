@@ -40,7 +40,7 @@ std::string countWithParent(Database& database, std::string_view parentCode) {
     return "1,NULL";
   }
   const std::string parentNum = parent.TextOrEmpty("sNum");
-  const std::string values = sql("'", parent.TextOrEmpty("sID"), "','", parentNum, "'");
+  std::string values = sql("'", parent.TextOrEmpty("sID"), "','", parentNum, "'");
   database.Execute(sql("update fa_AssetTypes set lChilds=lChilds+1 where sNum='", parentNum, "'"));
   return values;
 }

@@ -80,7 +80,7 @@ std::string UsageStatuses::nextID(const std::string& parentID) {
 }
 
 std::string UsageStatuses::add(const UsageStatus& status, const std::string& parentID) {
-  const std::string id = nextID(parentID);
+  std::string id = nextID(parentID);
   statuses_.AddNew();
   statuses_.Collect("sID", id);
   statuses_.Collect("sName", status.name);

@@ -20,9 +20,9 @@ enum class SheetEntry {
 
 /// A member of the label array Label1 on a panel.
 struct SheetLabel {
-  int number;  // in the array
-  const char* caption;
-  std::string& (*text)(ChangeSheet&);
+  int number = 0;  // in the array
+  const char* caption = "";
+  std::string& (*text)(ChangeSheet&) = nullptr;
   SheetEntry entry = SheetEntry::Shown;
   bool isAmount = false;
   bool wholeLine = false;

@@ -8,7 +8,7 @@ namespace zelkor {
 
 /// Which of the dialog's numbered lists a page of conditions holds, and what else it asks.
 struct ConditionPage {
-  std::size_t period;                   // of the period lists
+  std::size_t period = 0;               // of the period lists
   std::optional<std::size_t> periodTo;  // the list of the period's end
   std::optional<std::size_t> level;     // of the level lists; the next one is the range's end
   bool type = false;

@@ -51,7 +51,7 @@ class Form : public QWidget {
   /// A row of controls of one name, numbered from 0: the objects are "<name>0", "<name>1", ...
   template <typename Control, std::size_t count>
   std::array<Control*, count> makeArray(const std::string& name) {
-    std::array<Control*, count> controls;
+    std::array<Control*, count> controls{};
     for (std::size_t i = 0; i < count; ++i) controls[i] = make<Control>((name + std::to_string(i)).c_str());
     return controls;
   }

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <initializer_list>
+#include <QBoxLayout>
 #include <QString>
 
-class QBoxLayout;
 class QGridLayout;
 class QGroupBox;
-class QLayout;
 class QTabWidget;
 class QWidget;
 
@@ -22,10 +21,9 @@ namespace zelkor::layout {
 /// A control, a layout within the layout, or empty space.
 class Item {
  public:
-  // NOLINTBEGIN(google-explicit-constructor): items stand bare in the expression
+  // Items stand bare in the expression.
   Item(QWidget* widget, int stretch = 0) : widget_(widget), stretch_(stretch) {}
   Item(QLayout* inner, int stretch = 0) : layout_(inner), stretch_(stretch) {}
-  // NOLINTEND(google-explicit-constructor)
 
   void addTo(QBoxLayout& box) const;
   void addTo(QGridLayout& grid, int row, int column) const;
@@ -53,7 +51,7 @@ QBoxLayout* row(std::initializer_list<Item> items);
 QBoxLayout* column(std::initializer_list<Item> items);
 
 struct Field {
-  const char* caption;  // "&" before the key that leads to the field
+  const char* caption = "";  // "&" before the key that leads to the field
   Item item;
   const char* name = "";  // of the caption as a control, where it has one
 };

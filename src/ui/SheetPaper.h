@@ -12,8 +12,8 @@ namespace zelkor {
 
 /// A value on a sheet with its caption. In the table two cells share a line unless one asks for all of it.
 struct SheetCell {
-  const char* caption;
-  QWidget* value;
+  const char* caption = "";
+  QWidget* value = nullptr;
   bool wholeLine = false;
 };
 

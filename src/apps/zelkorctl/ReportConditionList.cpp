@@ -121,8 +121,8 @@ class ConditionSetter {
 ReportConditions readConditions(RunContext& run, const ReportKind& kind,
                                 std::vector<std::string> assignments) {
   // The end of a range of levels first: its beginning cannot be set above it.
-  std::ranges::stable_partition(assignments,
-                                [](const std::string& text) { return text.starts_with("to-level="); });
+  std::stable_partition(assignments.begin(), assignments.end(),
+                        [](const std::string& text) { return text.starts_with("to-level="); });
   ConditionSetter setter(run, kind);
   for (const std::string& assignment : assignments) {
     const std::size_t equals = assignment.find('=');

@@ -1,13 +1,10 @@
 #include "store/ServerAccountSet.h"
 
-#include <libpq-fe.h>
-
-#include <memory>
-
 #include "base/RuntimeError.h"
 #include "store/engine/PostgreSqlEngine.h"
 #include "store/engine/ServerLoad.h"
 #include "store/engine/SqliteEngine.h"
+#include "store/NewFile.h"
 
 namespace zelkor {
 namespace {
@@ -33,17 +30,6 @@ class Scratch {
   fs::path path_;
 };
 
-// Passwords belong where the server's programs look for them.
-void requireNoPassword(const std::string& conninfo) {
-  const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
-      PQconninfoParse(conninfo.c_str(), nullptr), PQconninfoFree);
-  if (!options) throw RuntimeError(ErrorNumber::TypeMismatch, "连接参数 '" + conninfo + "' 不正确。");
-  for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option)
-    if (std::string_view(option->keyword) == "password" && option->val != nullptr)
-      throw RuntimeError(ErrorNumber::TypeMismatch,
-                         "口令不写入账套文件：请放在 .pgpass 文件或环境变量 PGPASSWORD 中。");
-}
-
 std::string schemaName(const std::string& account, const char* part) {
   for (const char c : account)
     if (!((c >= '0' && c <= '9') || (c >= 'a' && c <= 'z')))
@@ -59,12 +45,6 @@ void createPart(PostgreSqlLink& server, const std::string& schema, const fs::pat
   loadTables(server, rows, tables);
 }
 
-void checkAbsent(const fs::path& file) {
-  if (fs::exists(file))
-    throw RuntimeError(ErrorNumber::DatabaseAlreadyExists,
-                       "文件 '" + file.string() + "' 已存在，不能在此处建立账套。");
-}
-
 }  // namespace
 
 void createServerSchema(const std::string& conninfo, const std::string& schema, const fs::path& file) {
@@ -78,8 +58,8 @@ void createServerSchema(const std::string& conninfo, const std::string& schema, 
 void createServerAccountSet(const std::string& conninfo, const fs::path& directory,
                             const AccountSetOptions& options) {
   requireNoPassword(conninfo);
-  checkAbsent(directory / dataName);
-  checkAbsent(directory / systemName);
+  requireAbsent(directory / dataName);
+  requireAbsent(directory / systemName);
   const ServerFile data{conninfo, schemaName(options.account, "data")};
   const ServerFile system{conninfo, schemaName(options.account, "system")};
   PostgreSqlLink server(conninfo);

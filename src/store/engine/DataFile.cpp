@@ -77,4 +77,12 @@ std::unique_ptr<Engine> openDataFile(const std::string& path) {
   return std::make_unique<SqliteEngine>(path);
 }
 
+std::unique_ptr<Engine> openDataFileForReading(const std::string& path) {
+  checkIsFile(path);
+  if (ServerFile::isServerFile(beginningOf(path)))
+    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
+  checkFormat(path);
+  return std::make_unique<SqliteEngine>(path, SqliteEngine::Access::Read);
+}
+
 }  // namespace zelkor

@@ -12,4 +12,7 @@ namespace zelkor {
 /// text tells how to import it; 57 when the server cannot be reached.
 std::unique_ptr<Engine> openDataFile(const std::string& path);
 
+/// The same for who only reads: the file may be read-only.
+std::unique_ptr<Engine> openDataFileForReading(const std::string& path);
+
 }  // namespace zelkor

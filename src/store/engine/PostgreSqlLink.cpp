@@ -190,28 +190,27 @@ PgResult PostgreSqlLink::collect() {
 void PostgreSqlLink::read(PostgreSqlStream& stream, std::size_t upTo) {
   PgResult result;
   while (PgResult next{PQgetResult(connection_.get())}) {
-    stream.rows.take(next.get());
     result = std::move(next);
     if (PQstatus(connection_.get()) == CONNECTION_BAD) break;
-    if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE && stream.rows.count() >= upTo) return;
+    if (PQresultStatus(result.get()) != PGRES_SINGLE_TUPLE) continue;
+    stream.rows.take(result.get());
+    if (stream.rows.count() >= upTo) return;
   }
   reading_ = nullptr;
   stream.open = false;
   endTrip();
-  if (!succeeded(result.get())) fail(result.get());
+  try {
+    if (!succeeded(result.get())) fail(result.get());
+  } catch (const RuntimeError&) {
+    stream.failure = std::current_exception();
+    return;
+  }
   note(result.get());
   if (writes(result.get()) && stream.rows.count() > 0) lastRowKey_ = numberOf(stream.rows.text(0, 0));
 }
 
-// Whoever walks through those rows is told of a failure when he comes to it.
 void PostgreSqlLink::readInWhatIsLeft() {
-  if (reading_ == nullptr) return;
-  PostgreSqlStream& stream = *reading_;
-  try {
-    read(stream, std::numeric_limits<std::size_t>::max());
-  } catch (const RuntimeError&) {
-    stream.failure = std::current_exception();
-  }
+  if (reading_ != nullptr) read(*reading_, std::numeric_limits<std::size_t>::max());
 }
 
 void PostgreSqlLink::note(const pg_result* result) {
@@ -288,26 +287,32 @@ void PostgreSqlLink::readOn(PostgreSqlStream& stream) {
   read(stream, rowsAtOnce);
 }
 
-// Nobody is left to be told of a failure in it.
 void PostgreSqlLink::drop(PostgreSqlStream& stream) {
-  while (stream.open) {
-    try {
-      readOn(stream);
-    } catch (const RuntimeError&) {
-      stream.open = false;
-    }
-  }
+  while (stream.open) readOn(stream);
   stream.rows.clear();
   stream.failure = nullptr;
 }
 
-void PostgreSqlLink::copyIn(const std::string& sql, const std::string& rows) {
-  readInWhatIsLeft();
-  checked(PQexec(connection_.get(), sql.c_str()));
-  PQputCopyData(connection_.get(), rows.data(), static_cast<int>(rows.size()));
+void PostgreSqlLink::beginCopy(const std::string& sql) {
+  run(sql);
+}
+
+// The server tells of a wrong row at the end only.
+void PostgreSqlLink::putCopy(std::string_view rows) {
+  if (PQputCopyData(connection_.get(), rows.data(), static_cast<int>(rows.size())) == 1) return;
+  fail(nullptr);
+}
+
+long PostgreSqlLink::endCopy() {
   PQputCopyEnd(connection_.get(), nullptr);
-  PgResult done;
-  while (pg_result* next = PQgetResult(connection_.get())) done = checked(next);
+  PgResult done = lastResult(connection_.get());
+  if (!succeeded(done.get())) fail(done.get());
+  return std::strtol(PQcmdTuples(done.get()), nullptr, 10);
+}
+
+void PostgreSqlLink::giveUpCopy() {
+  PQputCopyEnd(connection_.get(), "given up");
+  lastResult(connection_.get());
 }
 
 }  // namespace zelkor

@@ -25,8 +25,8 @@ using PgValues = std::vector<std::optional<std::string>>;
 
 /// A session on a PostgreSQL server. A statement that fails inside a transaction undoes itself only.
 ///
-/// A statement is one trip to the server and back, whatever has to go before it. The rows of a long result are
-/// read as they are asked for; before another statement goes out, those that are left are read in.
+/// A statement is one trip to the server and back, whatever has to go before it. The rows of a long result
+/// are read as they are asked for; before another statement goes out, those that are left are read in.
 class PostgreSqlLink {
  public:
   explicit PostgreSqlLink(const std::string& conninfo);
@@ -39,8 +39,14 @@ class PostgreSqlLink {
   PgResult run(const std::string& sql);
   /// One statement that is used once; every parameter is a text.
   PgResult query(const std::string& sql, const PgValues& values);
-  /// Loads rows, in the text format of COPY, with the statement that begins it.
-  void copyIn(const std::string& sql, const std::string& rows);
+  /// Begins to load rows with that COPY statement; nothing else may be asked for until its end.
+  void beginCopy(const std::string& sql);
+  /// Sends rows in the text format of COPY.
+  void putCopy(std::string_view rows);
+  /// Gives the number of rows that were stored.
+  long endCopy();
+  /// Ends the loading after a failure of whoever gives the rows.
+  void giveUpCopy();
 
   /// Prepares a statement whose parameters are all texts; gives its name.
   std::string prepare(const std::string& sql, int parameters);
@@ -91,7 +97,7 @@ class PostgreSqlLink {
   std::vector<std::string> forgotten_;
   PostgreSqlStream* reading_ = nullptr;
   bool readingInTransaction_ = false;
-  bool pipelined_ = false;   // the trip under way has several statements
+  bool pipelined_ = false;  // the trip under way has several statements
   bool beginOwed_ = false;
   Savepoint savepoint_ = Savepoint::None;
   std::uint64_t prepared_ = 0;

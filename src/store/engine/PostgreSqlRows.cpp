@@ -15,12 +15,10 @@ void PostgreSqlRows::take(const pg_result* result) {
     types_.clear();
     for (int column = 0; column < columns; ++column) types_.push_back(PQftype(result, column));
   }
-  for (int row = 0; row < PQntuples(result); ++row) {
-    for (int column = 0; column < columns; ++column) {
-      const int length = PQgetisnull(result, row, column) != 0 ? -1 : PQgetlength(result, row, column);
-      cells_.push_back({texts_.size(), length});
-      if (length > 0) texts_.append(PQgetvalue(result, row, column), static_cast<std::size_t>(length));
-    }
+  for (int column = 0; column < columns; ++column) {
+    const int length = PQgetisnull(result, 0, column) != 0 ? -1 : PQgetlength(result, 0, column);
+    cells_.push_back({texts_.size(), length});
+    if (length > 0) texts_.append(PQgetvalue(result, 0, column), static_cast<std::size_t>(length));
   }
 }
 

@@ -14,7 +14,7 @@ namespace zelkor {
 /// Rows of a result in the server's texts, closely packed. Rows and columns count from 0.
 class PostgreSqlRows {
  public:
-  /// Appends every row of a result; all results have the same columns.
+  /// Appends the row of a result that holds one; all results have the same columns.
   void take(const pg_result* result);
   /// Gives up the rows; what they took up is kept for others unless it is much.
   void clear();
@@ -43,7 +43,7 @@ class PostgreSqlRows {
 struct PostgreSqlStream {
   PostgreSqlRows rows;
   bool open = false;           // the server has more to say
-  std::exception_ptr failure;  // behind the rows
+  std::exception_ptr failure;  // of the row behind them
 };
 
 }  // namespace zelkor

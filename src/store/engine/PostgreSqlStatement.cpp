@@ -1,10 +1,9 @@
 #include "store/engine/PostgreSqlStatement.h"
 
-#include <libpq-fe.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <exception>
 
 #include "store/engine/ByteaText.h"
 
@@ -67,6 +66,7 @@ PostgreSqlStatement::PostgreSqlStatement(std::shared_ptr<PostgreSqlLink> link, s
 }
 
 PostgreSqlStatement::~PostgreSqlStatement() {
+  link_->drop(stream_);
   link_->forget(name_);
 }
 
@@ -96,22 +96,30 @@ void PostgreSqlStatement::bindBytes(int parameter, std::string_view value) {
 }
 
 bool PostgreSqlStatement::step() {
-  if (!result_) {
-    result_ = link_->execute(name_, values_);
-    row_ = -1;
+  if (!started_) {
+    next_ = 0;
+    link_->start(name_, values_, stream_);
+    started_ = true;
+  } else if (next_ == stream_.rows.count() && stream_.open) {
+    next_ = 0;
+    link_->readOn(stream_);
   }
-  if (row_ + 1 >= PQntuples(result_.get())) return false;
-  ++row_;
-  return true;
+  if (next_ < stream_.rows.count()) {
+    row_ = next_++;
+    return true;
+  }
+  if (stream_.failure) std::rethrow_exception(stream_.failure);
+  return false;
 }
 
 void PostgreSqlStatement::reset() {
-  result_.reset();
+  link_->drop(stream_);
+  started_ = false;
 }
 
 CellKind PostgreSqlStatement::kind(int column) const {
-  if (PQgetisnull(result_.get(), row_, column) != 0) return CellKind::Null;
-  switch (PQftype(result_.get(), column)) {
+  if (stream_.rows.isNull(row_, column)) return CellKind::Null;
+  switch (stream_.rows.type(column)) {
     case Bool:
     case Int2:
     case Int4:
@@ -130,7 +138,7 @@ CellKind PostgreSqlStatement::kind(int column) const {
 
 std::int64_t PostgreSqlStatement::integer(int column) const {
   const std::string_view cell = text(column);
-  switch (PQftype(result_.get(), column)) {
+  switch (stream_.rows.type(column)) {
     case Bool:
       return cell == "t" ? 1 : 0;
     case Float4:
@@ -147,8 +155,7 @@ double PostgreSqlStatement::real(int column) const {
 }
 
 std::string_view PostgreSqlStatement::text(int column) const {
-  return {PQgetvalue(result_.get(), row_, column),
-          static_cast<std::size_t>(PQgetlength(result_.get(), row_, column))};
+  return stream_.rows.text(row_, column);
 }
 
 std::string PostgreSqlStatement::bytes(int column) const {

@@ -5,8 +5,8 @@
 
 namespace zelkor {
 
-/// A prepared statement of a PostgreSQL server. The first step fetches the whole result: the statement holds
-/// nothing on the server while its rows are walked.
+/// A prepared statement of a PostgreSQL server. The first step fetches a short result as a whole, so that the
+/// statement holds nothing on the server while its rows are walked; a long one comes piece by piece.
 class PostgreSqlStatement final : public EngineStatement {
  public:
   PostgreSqlStatement(std::shared_ptr<PostgreSqlLink> link, std::string_view sql);
@@ -33,8 +33,10 @@ class PostgreSqlStatement final : public EngineStatement {
   std::shared_ptr<PostgreSqlLink> link_;
   std::string name_;
   PgValues values_;
-  PgResult result_;
-  int row_ = -1;
+  PostgreSqlStream stream_;
+  bool started_ = false;
+  std::size_t row_ = 0;
+  std::size_t next_ = 0;  // among the rows that the stream holds
 };
 
 }  // namespace zelkor

@@ -76,4 +76,10 @@ void ServerFile::write(const std::filesystem::path& path) const {
   if (!file) throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法写入文件 '" + path.string() + "'。");
 }
 
+void requireSchemaName(const std::string& name) {
+  if (!isSchemaName(name))
+    throw RuntimeError(ErrorNumber::TypeMismatch,
+                       "schema '" + name + "' 不正确：只能由小写字母、数字和下划线组成。");
+}
+
 }  // namespace zelkor

@@ -18,4 +18,7 @@ struct ServerFile {
   void write(const std::filesystem::path& path) const;
 };
 
+/// Error 13 for a schema name that such a file cannot have.
+void requireSchemaName(const std::string& name);
+
 }  // namespace zelkor

@@ -2,12 +2,11 @@
 
 #include <libpq-fe.h>
 
-#include <array>
-#include <charconv>
+#include <memory>
 
 #include "base/RuntimeError.h"
-#include "store/engine/ByteaText.h"
 #include "store/engine/PostgreSqlEngine.h"
+#include "store/engine/ServerCopy.h"
 #include "store/TemplateData.h"
 
 namespace zelkor {
@@ -23,77 +22,51 @@ void requireFitDatabase(PostgreSqlLink& server) {
           "数据库的排序规则必须是 C：请用 createdb -E UTF8 --locale=C -T template0 建立数据库。");
 }
 
-void appendText(std::string& rows, std::string_view text) {
-  for (const char c : text) {
-    switch (c) {
-      case '\\':
-        rows += "\\\\";
-        break;
-      case '\t':
-        rows += "\\t";
-        break;
-      case '\n':
-        rows += "\\n";
-        break;
-      case '\r':
-        rows += "\\r";
-        break;
-      default:
-        rows += c;
-    }
-  }
-}
-
-void appendCell(std::string& rows, const EngineStatement& row, int column) {
-  std::array<char, 64> buffer{};
+void carryCell(ServerCopy& copy, const EngineStatement& row, int column) {
   switch (row.kind(column)) {
     case CellKind::Null:
-      rows += "\\N";
-      return;
+      return copy.null();
     case CellKind::Integer:
-      rows += std::to_string(row.integer(column));
-      return;
+      return copy.integer(row.integer(column));
     case CellKind::Real:
-      rows.append(buffer.data(),
-                  std::to_chars(buffer.data(), buffer.data() + buffer.size(), row.real(column)).ptr);
-      return;
+      return copy.real(row.real(column));
     case CellKind::Text:
-      return appendText(rows, row.text(column));
+      return copy.text(row.text(column));
     case CellKind::Bytes:
-      return appendText(rows, byteaText(row.bytes(column)));
+      return copy.bytes(row.bytes(column));
   }
 }
 
-std::string lowered(std::string text) {
-  for (char& c : text)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return text;
-}
-
-std::string columnList(const dialect::TableInfo& table, bool lower) {
-  std::string list;
+std::string selectStatement(const dialect::TableInfo& table) {
+  const auto quoted = [](std::string_view name) { return quotedName(name, dialect::EngineKind::Sqlite); };
+  std::string columns;
   for (const dialect::ColumnInfo& column : table.columns)
-    list += (list.empty() ? "\"" : ", \"") + (lower ? lowered(column.name) : column.name) + '"';
-  return list;
+    columns += (columns.empty() ? "" : ", ") + quoted(column.name);
+  return "SELECT " + columns + " FROM " + quoted(table.name) + " ORDER BY rowid";
 }
 
 void carryRows(PostgreSqlLink& server, Engine& source, const dialect::TableInfo& table) {
-  const auto statement =
-      source.prepare("SELECT " + columnList(table, false) + " FROM \"" + table.name + "\" ORDER BY rowid");
-  std::string rows;
+  const auto rows = source.prepare(selectStatement(table));
+  ServerCopy copy(server, table);
   const auto columns = static_cast<int>(table.columns.size());
-  while (statement->step()) {
-    for (int column = 0; column < columns; ++column) {
-      if (column > 0) rows += '\t';
-      appendCell(rows, *statement, column);
-    }
-    rows += '\n';
+  while (rows->step()) {
+    for (int column = 0; column < columns; ++column) carryCell(copy, *rows, column);
+    copy.endRow();
   }
-  if (rows.empty()) return;
-  server.copyIn("COPY \"" + lowered(table.name) + "\" (" + columnList(table, true) + ") FROM STDIN", rows);
+  copy.finish();
 }
 
 }  // namespace
+
+void requireNoPassword(const std::string& conninfo) {
+  const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
+      PQconninfoParse(conninfo.c_str(), nullptr), PQconninfoFree);
+  if (!options) throw RuntimeError(ErrorNumber::TypeMismatch, "连接参数 '" + conninfo + "' 不正确。");
+  for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option)
+    if (std::string_view(option->keyword) == "password" && option->val != nullptr)
+      throw RuntimeError(ErrorNumber::TypeMismatch,
+                         "口令不写入账套文件：请放在 .pgpass 文件或环境变量 PGPASSWORD 中。");
+}
 
 void createSchema(PostgreSqlLink& server, const std::string& schema) {
   requireFitDatabase(server);

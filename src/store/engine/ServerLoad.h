@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "store/Catalogue.h"
@@ -7,6 +8,10 @@
 #include "store/engine/PostgreSqlLink.h"
 
 namespace zelkor {
+
+/// Error 13 for a password in what is to be written into a file: passwords belong where the server's programs
+/// look for them.
+void requireNoPassword(const std::string& conninfo);
 
 /// Makes a session's schema, which must be new: the functions that translated statements call.
 void createSchema(PostgreSqlLink& server, const std::string& schema);

@@ -15,6 +15,7 @@ constexpr int busyTimeoutMilliseconds = 10'000;
 // Nobody at a screen is quicker than this.
 constexpr std::chrono::milliseconds timeBetweenLooks{100};
 
+// Opens a file that may not be written for reading.
 sqlite3* openHandle(const std::string& path) {
   sqlite3* handle = nullptr;
   const int code =
@@ -34,10 +35,14 @@ void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
   sqlite3_finalize(handle);
 }
 
-SqliteEngine::SqliteEngine(const std::string& path) : handle_(openHandle(path)), path_(path) {
+SqliteEngine::SqliteEngine(const std::string& path, Access access) : handle_(openHandle(path)), path_(path) {
   sqlite3_extended_result_codes(handle_.get(), 1);
   sqlite3_busy_timeout(handle_.get(), busyTimeoutMilliseconds);
   registerSqliteFunctions(handle_.get());
+  if (access == Access::Read) {
+    run("PRAGMA query_only = 1");
+    return;
+  }
   // A commit in write-ahead mode survives the end of the process without being forced to disk.
   // It is forced there when the log is copied back: seldom, so that a long job does not wait at every commit.
   run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536; "

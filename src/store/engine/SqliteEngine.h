@@ -22,8 +22,10 @@ using SqliteStatementHandle = std::unique_ptr<sqlite3_stmt, SqliteFinalizer>;
 /// An SQLite data file in write-ahead mode, shared with other processes.
 class SqliteEngine final : public Engine {
  public:
+  enum class Access : std::uint8_t { Read, Write };
+
   /// Opens an existing file; see DbEngine::OpenDatabase for the errors.
-  explicit SqliteEngine(const std::string& path);
+  explicit SqliteEngine(const std::string& path, Access access = Access::Write);
 
   dialect::EngineKind kind() const override { return dialect::EngineKind::Sqlite; }
   std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;

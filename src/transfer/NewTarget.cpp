@@ -1,5 +1,6 @@
 #include "transfer/NewTarget.h"
 
+#include "transfer/ServerTarget.h"
 #include "transfer/SqliteTarget.h"
 
 namespace zelkor {
@@ -26,7 +27,8 @@ std::string schemaFor(const std::filesystem::path& file) {
 std::unique_ptr<TransferTarget> openTarget(const std::filesystem::path& file, const std::string& conninfo,
                                            const std::string& schema) {
   if (conninfo.empty()) return std::make_unique<SqliteTarget>(file);
-  throw std::logic_error("not yet " + schema);
+  return std::make_unique<ServerTarget>(file,
+                                        ServerFile{conninfo, schema.empty() ? schemaFor(file) : schema});
 }
 
 }  // namespace zelkor

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "store/engine/PostgreSqlLink.h"
+#include "store/engine/ServerFile.h"
+#include "store/NewFile.h"
+#include "transfer/TransferTarget.h"
+
+namespace zelkor {
+
+/// A new schema of a server with the text file that names it. All is one transaction, which nobody else sees
+/// before its end.
+class ServerTarget final : public TransferTarget {
+ public:
+  ServerTarget(const std::filesystem::path& path, const ServerFile& place);
+  ~ServerTarget() override;
+
+  std::int64_t load(const TableDef& table, RowReader& rows) override;
+  void continueCounter(const TableDef& table, std::int64_t last) override;
+  std::optional<std::string> createIndex(const TableDef& table, const IndexDef& index) override;
+  void completeTable(const TableDef& table) override;
+  void finish() override;
+  const std::vector<TransferProblem>& problems() const override { return problems_; }
+
+ private:
+  NewFile name_;
+  std::string schema_;
+  PostgreSqlLink server_;
+  std::vector<std::string> tables_;  // in quotes
+  std::vector<TransferProblem> problems_;
+};
+
+}  // namespace zelkor

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "transfer/SourceTables.h"
+
+namespace zelkor {
+
+std::unique_ptr<SourceTables> sqliteSourceTables(Engine& engine);
+
+}  // namespace zelkor

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "apps/zelkorctl/Commands.h"
+#include "apps/zelkorctl/CopyCommand.h"
 #include "apps/zelkorctl/DisposeCommands.h"
 #include "apps/zelkorctl/ReportCommands.h"
 #include "apps/zelkorctl/SheetCommands.h"
@@ -28,6 +29,8 @@ class CommandLine {
 
  private:
   void addCreate();
+  void addCopy();
+  void addTransferOptions(CLI::App& command);
   void addSql();
   void addTranslate();
   void addImport();
@@ -46,6 +49,7 @@ class CommandLine {
   std::string engine_ = "sqlite";
   AccountSetOptions accountSet_;
   std::string server_;
+  TransferOptions transfer_;
   MakeVouchersOptions makeVouchers_;
   ReportOptions report_;
   std::string voucherNumber_;
@@ -81,6 +85,7 @@ std::optional<DateTime> dayOf(const std::string& today) {
 CommandLine::CommandLine() {
   app_.require_subcommand(1);
   addCreate();
+  addCopy();
   addSql();
   addTranslate();
   addImport();
@@ -106,6 +111,24 @@ void CommandLine::addCreate() {
   command->add_flag("--sample", accountSet_.sample, "加入示例档案并标为已初始化");
   command->callback(
       [this] { call_ = [this] { return createCommand(directory_, server_, accountSet_, std::cout); }; });
+}
+
+/// Where an account set's file is carried to.
+void CommandLine::addTransferOptions(CLI::App& command) {
+  command.add_option("TARGET", transfer_.target, "要建立的数据文件")->required();
+  CLI::Option* server =
+      command.add_option("--server", transfer_.server, "建在 PostgreSQL 服务器上：连接参数，不含口令")
+          ->type_name("CONNINFO");
+  command.add_option("--schema", transfer_.schema, "服务器上 schema 的名称；不给出时按目标文件的名称")
+      ->needs(server);
+  command.add_flag("--check", transfer_.check, "完成后逐行核对");
+}
+
+void CommandLine::addCopy() {
+  CLI::App* command = app_.add_subcommand("copy", "复制数据文件 / copy a data file to either engine");
+  command->add_option("SOURCE", file_, "数据文件")->required();
+  addTransferOptions(*command);
+  command->callback([this] { call_ = [this] { return copyCommand(file_, transfer_, std::cout); }; });
 }
 
 void CommandLine::addSql() {

@@ -46,7 +46,7 @@ class DefinitionReader {
     readIndexes();
     checkLongValues();
     definition_.pages = file_.markedPages({at<std::uint32_t>(layout_.ownedPages)});
-    file_.markedPages({at<std::uint32_t>(layout_.pagesWithRoom)});
+    file_.checkMap({at<std::uint32_t>(layout_.pagesWithRoom)});
     std::stable_sort(definition_.columns.begin(), definition_.columns.end(),
                      [](const Column& left, const Column& right) {
                        return std::tie(left.display, left.number) < std::tie(right.display, right.number);
@@ -140,7 +140,7 @@ Index DefinitionReader::index(std::string_view block) {
     const auto number = numberAt<std::uint16_t>(block, place);
     if (number != none) index.columns.push_back({number, block[place + 2] != 1});
   }
-  file_.markedPages({numberAt<std::uint32_t>(block, place)});
+  file_.checkMap({numberAt<std::uint32_t>(block, place)});
   const auto flags = static_cast<unsigned char>(block[place + 8 + layout_.beforeIndexFlags]);
   index.unique = (flags & uniqueFlag) != 0;
   index.ignoresNull = (flags & ignoresNullFlag) != 0;
@@ -177,8 +177,8 @@ void DefinitionReader::checkLongValues() {
   constexpr std::size_t entrySize = 8;
   while (content_.size() - place_ >= 2 && numberAt<std::uint16_t>(take(2), 0) != none) {
     const std::string_view maps = take(entrySize);
-    file_.markedPages({numberAt<std::uint32_t>(maps, 0)});
-    file_.markedPages({numberAt<std::uint32_t>(maps, 4)});
+    file_.checkMap({numberAt<std::uint32_t>(maps, 0)});
+    file_.checkMap({numberAt<std::uint32_t>(maps, 4)});
   }
 }
 

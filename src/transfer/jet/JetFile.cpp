@@ -90,13 +90,19 @@ void JetFile::read(PageNumber number, Page& page) {
   std::memcpy(page.fill(layout_.pageSize), handle.pg_buf, layout_.pageSize);
 }
 
-std::string JetFile::copyOfMap(RowPointer map) {
+std::optional<std::string> JetFile::mapAt(RowPointer map) {
   Page page;
   read(map.page(), page);
   const auto row = page.kind() == rowPage ? page.row(map.row(), layout_) : std::nullopt;
-  if (!row || row->content.size() < mapHead || row->content[0] > indirectMap || row->content[0] < directMap)
-    damaged("第 " + std::to_string(map.page()) + " 页的页表不能读出");
+  if (!row || row->content.size() < mapHead) return std::nullopt;
+  if (row->content[0] != directMap && row->content[0] != indirectMap) return std::nullopt;
   return std::string(row->content);
+}
+
+std::string JetFile::requiredMap(RowPointer pointer) {
+  auto map = mapAt(pointer);
+  if (!map) damaged("第 " + std::to_string(pointer.page()) + " 页的页表不能读出");
+  return *std::move(map);
 }
 
 void JetFile::checkMapPages(const std::string& map) {
@@ -109,8 +115,15 @@ void JetFile::checkMapPages(const std::string& map) {
   }
 }
 
-std::vector<PageNumber> JetFile::markedPages(RowPointer pointer) {
-  std::string map = copyOfMap(pointer);
+std::vector<PageNumber> JetFile::markedPages(RowPointer map) {
+  return pagesOf(requiredMap(map));
+}
+
+void JetFile::checkMap(RowPointer pointer) {
+  if (auto map = mapAt(pointer)) pagesOf(*std::move(map));
+}
+
+std::vector<PageNumber> JetFile::pagesOf(std::string map) {
   if (map[0] == indirectMap) checkMapPages(map);
   std::vector<PageNumber> pages;
   auto* bytes = reinterpret_cast<unsigned char*>(map.data());
@@ -129,7 +142,7 @@ std::vector<PageNumber> JetFile::markedPages(RowPointer pointer) {
 // the last page that is not free is not missed. The maps of the tables tell the rest where a large file has
 // its map on pages of their own.
 void JetFile::checkComplete() {
-  const std::string map = copyOfMap({filePages << 8});
+  const std::string map = requiredMap({filePages << 8});
   if (map[0] == indirectMap) return checkMapPages(map);
   if (const PageNumber end = endOfUsed(map); end > pages_)
     damaged("文件被截断，应有 " + std::to_string(end) + " 页，实有 " + std::to_string(pages_) + " 页");

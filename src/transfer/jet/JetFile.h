@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,9 @@ class JetFile {
   void read(PageNumber number, Page& page);
   /// The pages that a map names, in ascending order.
   std::vector<PageNumber> markedPages(RowPointer map);
+  /// Sees that the pages of a map lie in the file whose rows nobody reads by it. There need be no such map:
+  /// Jet points to some before it makes them.
+  void checkMap(RowPointer map);
 
   /// Raises error 3343 with what is wrong with the file.
   [[noreturn]] void damaged(const std::string& what) const;
@@ -40,7 +44,9 @@ class JetFile {
  private:
   struct Library;
 
-  std::string copyOfMap(RowPointer map);
+  std::optional<std::string> mapAt(RowPointer map);
+  std::string requiredMap(RowPointer map);
+  std::vector<PageNumber> pagesOf(std::string map);
   void checkMapPages(const std::string& map);
   void checkComplete();
 

@@ -34,8 +34,8 @@ inline std::string freshSchema() {
   return "t" + std::to_string(::getpid()) + "_" + std::to_string(++number);
 }
 
-/// Known difference: a query is run as a whole, so that a row that cannot be read fails its opening and not
-/// the move that reaches it.
+/// Known difference: a query that has to be sorted is computed as a whole before its first row, so that a row
+/// that cannot be read fails its opening and not the move that reaches it.
 inline bool failsAsAWhole() {
   return onServer();
 }

@@ -8,6 +8,7 @@
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/CopyCommand.h"
 #include "apps/zelkorctl/DisposeCommands.h"
+#include "apps/zelkorctl/ImportCommand.h"
 #include "apps/zelkorctl/ReportCommands.h"
 #include "apps/zelkorctl/SheetCommands.h"
 #include "apps/zelkorctl/VoucherCommands.h"
@@ -30,6 +31,7 @@ class CommandLine {
  private:
   void addCreate();
   void addCopy();
+  void addImportJet();
   void addTransferOptions(CLI::App& command);
   void addSql();
   void addTranslate();
@@ -50,6 +52,7 @@ class CommandLine {
   AccountSetOptions accountSet_;
   std::string server_;
   TransferOptions transfer_;
+  std::string charset_;
   MakeVouchersOptions makeVouchers_;
   ReportOptions report_;
   std::string voucherNumber_;
@@ -86,6 +89,7 @@ CommandLine::CommandLine() {
   app_.require_subcommand(1);
   addCreate();
   addCopy();
+  addImportJet();
   addSql();
   addTranslate();
   addImport();
@@ -129,6 +133,16 @@ void CommandLine::addCopy() {
   command->add_option("SOURCE", file_, "数据文件")->required();
   addTransferOptions(*command);
   command->callback([this] { call_ = [this] { return copyCommand(file_, transfer_, std::cout); }; });
+}
+
+void CommandLine::addImportJet() {
+  CLI::App* command = app_.add_subcommand("import", "导入 Jet 数据文件 / bring over a Jet file");
+  command->add_option("JETFILE", file_, "Jet 3 或 Jet 4 文件（.mdb）")->required();
+  addTransferOptions(*command);
+  command->add_option("--charset", charset_, "Jet 3 文件中文字的字符集；不指明则按 GBK")->type_name("NAME");
+  command->callback([this] {
+    call_ = [this] { return importJetCommand(file_, charset_, transfer_, std::cout); };
+  });
 }
 
 void CommandLine::addSql() {

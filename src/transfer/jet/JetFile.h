@@ -26,6 +26,8 @@ class JetFile {
   /// The code page that the header tells, which need not be that of the texts.
   int codePage() const;
 
+  /// Whether the file ends within a page; nothing that it tells of lies there.
+  bool endsWithinPage() const { return size_ % layout_.pageSize != 0; }
   /// Whether so many bytes can lie in the file.
   bool holds(std::size_t bytes) const { return bytes <= size_; }
   /// Error 3343 when the file has no such page, as for all that follows.

@@ -61,8 +61,7 @@ void checkFormat(const std::string& path) {
     throw RuntimeError(
         ErrorNumber::UnrecognizedFormat,
         "'" + path +
-            "' 是 Jet 数据库文件，不能直接打开；请在原系统中把卡片导出为 UTF-8 的 CSV 文件，用 zelkorctl "
-            "create 建立账套，再用 zelkorctl cards import 导入。");
+            "' 是 Jet 数据库文件，不能直接打开；请先用 zelkorctl import 把它导入为本系统的数据文件。");
   throw RuntimeError(ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式 '" + path + "'。");
 }
 

@@ -32,4 +32,8 @@ void benchReports(const LargeAccountSet& set);
 /// committed; prints one line each.
 void benchServerRun(const LargeAccountSet& set);
 
+/// The import of a Jet file of 50 tables and 100,000 rows by zelkorctl beside mdbtools' export piped into the
+/// engine's own loader, both as processes, into a file and, with a server at hand, there; prints one line each.
+void benchImport();
+
 }  // namespace zelkor::bench

@@ -10,12 +10,6 @@
 namespace zelkor::bench {
 namespace {
 
-std::filesystem::path newDirectory() {
-  std::string name = (std::filesystem::temp_directory_path() / "zelkor-bench-XXXXXX").string();
-  if (!mkdtemp(name.data())) throw std::runtime_error("cannot make " + name);
-  return name;
-}
-
 /// Columns of the table but for the key that the engine numbers itself.
 std::vector<std::string> copiedColumns(const BareFile& file, const std::string& table) {
   std::vector<std::string> columns;
@@ -75,8 +69,8 @@ void multiplyCards(const std::string& dataFile, long count) {
 
 }  // namespace
 
-LargeAccountSet::LargeAccountSet(long cards) : cards_(cards), directory_(newDirectory()) {
-  createAccountSet(directory_, {.account = "001", .year = 2020, .month = 1, .sample = true});
+LargeAccountSet::LargeAccountSet(long cards) : cards_(cards) {
+  createAccountSet(directory_.path(), {.account = "001", .year = 2020, .month = 1, .sample = true});
   {
     Session session(*this);
     ClsBLLFACards store(session.run());
@@ -91,26 +85,20 @@ LargeAccountSet::LargeAccountSet(long cards) : cards_(cards), directory_(newDire
 }
 
 LargeAccountSet::LargeAccountSet(const LargeAccountSet& files, const std::string& server)
-    : cards_(files.cards_), directory_(newDirectory()) {
+    : cards_(files.cards_) {
   database_.emplace(server, "template0");
-  database_->carry(files.directory_, directory_);
+  database_->carry(files.directory_.path(), directory_.path());
 }
 
-LargeAccountSet::LargeAccountSet(const LargeAccountSet& other)
-    : cards_(other.cards_), directory_(newDirectory()) {
+LargeAccountSet::LargeAccountSet(const LargeAccountSet& other) : cards_(other.cards_) {
   if (other.database_) {
     database_.emplace(other.database_->server(), other.database_->name());
-    database_->writeFiles(directory_);
+    database_->writeFiles(directory_.path());
     return;
   }
   std::filesystem::copy(
-      other.directory_, directory_,
+      other.directory_.path(), directory_.path(),
       std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
-}
-
-LargeAccountSet::~LargeAccountSet() {
-  std::error_code ignored;
-  std::filesystem::remove_all(directory_, ignored);
 }
 
 Session::Session(const LargeAccountSet& set) {

@@ -7,6 +7,7 @@
 #include "base/Clock.h"
 #include "base/Dialogs.h"
 #include "cards/CardValues.h"
+#include "ScratchDirectory.h"
 #include "ServerDatabase.h"
 #include "startup/RunContext.h"
 
@@ -23,17 +24,17 @@ class LargeAccountSet {
   /// A copy of the files, or of the database, as they are now.
   LargeAccountSet(const LargeAccountSet& other);
   LargeAccountSet& operator=(const LargeAccountSet&) = delete;
-  ~LargeAccountSet();
 
   long cards() const { return cards_; }
   std::string dataFile() const { return (directory_ / "ZkData.Mdb").string(); }
   std::string systemFile() const { return (directory_ / "ZkSystem.Mdb").string(); }
+  bool onServer() const { return database_.has_value(); }
   /// How the database of a set on a server is reached.
   std::string conninfo() const { return database_->conninfo(); }
 
  private:
   long cards_;
-  std::filesystem::path directory_;
+  ScratchDirectory directory_;
   std::optional<ServerDatabase> database_;
 };
 

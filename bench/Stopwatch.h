@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <vector>
 
@@ -18,6 +19,13 @@ double secondsOf(Work&& work) {
 /// The shortest of the measurements: what else the machine does can only lengthen one.
 inline double best(const std::vector<double>& measurements) {
   return *std::min_element(measurements.begin(), measurements.end());
+}
+
+/// The measurement in the middle, for what cannot be repeated alone on the machine's processors.
+inline double median(std::vector<double> measurements) {
+  const auto middle = measurements.begin() + static_cast<std::ptrdiff_t>(measurements.size() / 2);
+  std::nth_element(measurements.begin(), middle, measurements.end());
+  return *middle;
 }
 
 /// Prints the best of the measurements beside the best of the floor's as microseconds per card, with their

@@ -25,6 +25,7 @@ void measureServer(long largest) {
 
 void measure(std::string_view what, long largest) {
   if (what == "server") return measureServer(largest);
+  if (what == "import") return benchImport();
   const LargeAccountSet small(1000);
   const LargeAccountSet large(largest);
   const bool all = what == "all";
@@ -51,8 +52,8 @@ void measure(std::string_view what, long largest) {
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports|server] [cards of the largest account
-/// set]
+/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports|server|import] [cards of the largest
+/// account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -166,9 +166,10 @@ CarriedCell CellReading::nearestText(const EngineStatement& row, CellKind kind) 
 CarriedCell CellReading::nearestValue(const EngineStatement& row) {
   const Value value = readCell(row, place_, ColumnType::Unknown);
   const std::optional<Value> converted = convertForColumn(value, type_);
-  const std::string stored = !converted || converted->isNull() ? "空值" : quotation(converted->text());
-  problem_ = (value.isNull() ? std::string("空值") : "值" + quotation(value.text())) + "不是" +
-             nameOf(type_) + "，存为" + stored + "。";
+  // A number or a date in a column of texts may be what the type wants.
+  if (!converted || converted->isNull() || !value.isText() || converted->text() != value.text())
+    problem_ = (value.isNull() ? "空值" : "值" + quotation(value.text())) + "不是" + nameOf(type_) +
+               "，存为" + (!converted || converted->isNull() ? "空值" : quotation(converted->text())) + "。";
   return converted ? CellOfValue{*converted, buffer_}() : CarriedCell{};
 }
 

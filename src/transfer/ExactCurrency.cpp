@@ -9,6 +9,7 @@ namespace zelkor {
 std::optional<Currency> exactCurrency(std::string_view numeral) {
   constexpr std::size_t places = 4;
   const std::size_t point = std::min(numeral.find('.'), numeral.size());
+  if (point == 0) return std::nullopt;
   std::string digits(numeral.substr(0, point));
   std::string_view fraction = numeral.substr(std::min(point + 1, numeral.size()));
   while (fraction.size() > places && fraction.back() == '0') fraction.remove_suffix(1);

@@ -60,7 +60,7 @@ void SqliteTarget::continueCounter(const TableDef& table, std::int64_t last) {
   SqliteStatement raise = file_.prepare("UPDATE sqlite_sequence SET seq = max(seq, ?1) WHERE name = ?2");
   SqliteStatement begin = file_.prepare(
       "INSERT INTO sqlite_sequence (name, seq) SELECT ?2, ?1 "
-      "WHERE NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name = ?2)");
+      "WHERE ?1 > 0 AND NOT EXISTS (SELECT 1 FROM sqlite_sequence WHERE name = ?2)");
   for (SqliteStatement* statement : {&raise, &begin}) {
     statement->bindInteger(1, last);
     statement->bindText(2, table.info.name);

@@ -242,7 +242,7 @@ void LocalPZ::removeHere() {
 
 void LocalPZ::balanceHere(Cell cell) {
   if (cell.row > RowCount() || !mayEdit()) return;
-  Voucher balanced = *this;
+  Voucher balanced = static_cast<const Voucher&>(*this);
   try {
     balanceWith(balanced, cell.row, cell.column == Debit ? VoucherSide::Debit : VoucherSide::Credit);
   } catch (const RuntimeError&) {

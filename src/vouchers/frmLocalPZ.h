@@ -109,7 +109,7 @@ class LocalPZ final : public QFrame, public Voucher {
   QLabel* billMaker_ = new QLabel(this);
   CellEditor* editor_ = new CellEditor(lines_);
   QLineEdit* box_;
-  QValidator* amount_;
+  QValidator* amount_ = nullptr;
   Cell opened_{1, Digest};  // the cell that is or was open last
   QString offered_;         // digest that a new line begins with
 };

@@ -61,16 +61,30 @@ void raiseOwnError(const ServerFailure& failure) {
   throw RuntimeError(static_cast<ErrorNumber>(number));
 }
 
+// "Key (typname, typnamespace)=(yxkp, 16402) already exists.": two sessions make a table of that name at
+// once, and an index over the server's own tables tells the later one.
+std::string nameMadeAtOnce(const ServerFailure& failure) {
+  if (failure.state != "23505" || !failure.table.starts_with("pg_")) return {};
+  constexpr std::string_view mark = ")=(";
+  const std::size_t begin = failure.detail.find(mark);
+  if (begin == std::string::npos) return {};
+  const std::size_t name = begin + mark.size();
+  return failure.detail.substr(name, failure.detail.find(',', name) - name);
+}
+
+[[noreturn]] void raiseNameTaken(const std::string& name) {
+  if (name.find("__") != std::string::npos) throw RuntimeError(ErrorNumber::IndexAlreadyExists);
+  throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + name + "' 已存在。");
+}
+
 void raiseNameError(const ServerFailure& failure) {
   const std::string name = quotedName(failure.message);
   if (failure.state == "42P01")
     throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + name + "'。");
   if (failure.state == "42703")
     throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
-  if (failure.state == "42P07") {
-    if (name.find("__") != std::string::npos) throw RuntimeError(ErrorNumber::IndexAlreadyExists);
-    throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + name + "' 已存在。");
-  }
+  if (failure.state == "42P07") raiseNameTaken(name);
+  if (const std::string taken = nameMadeAtOnce(failure); !taken.empty()) raiseNameTaken(taken);
 }
 
 bool connectionLost(std::string_view state) {

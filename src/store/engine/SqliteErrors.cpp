@@ -36,6 +36,16 @@ void raiseIndexError(std::string_view message) {
     throw RuntimeError(ErrorNumber::IndexAlreadyExists);
 }
 
+// Another process has made the table since its name was looked up.
+void raiseTableExists(std::string_view message) {
+  constexpr std::string_view before = "table \"";
+  constexpr std::string_view after = "\" already exists";
+  if (!message.starts_with(before) || !message.ends_with(after)) return;
+  message.remove_prefix(before.size());
+  message.remove_suffix(after.size());
+  throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + std::string(message) + "' 已存在。");
+}
+
 void raiseUnknownName(std::string_view message) {
   if (const std::string table = behind(message, "no such table: "); !table.empty())
     throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + table + "'。");
@@ -80,6 +90,7 @@ void raiseSqliteError(sqlite3* handle, int code) {
   raiseOwnError(message);
   if ((code & 0xff) == SQLITE_ERROR) {
     raiseIndexError(message);
+    raiseTableExists(message);
     raiseUnknownName(message);
   }
   raiseByPrimaryCode(code, message);

@@ -25,7 +25,7 @@ class ServerTarget final : public TransferTarget {
   NewFile name_;
   std::string schema_;
   PostgreSqlLink server_;
-  std::vector<std::string> tables_;  // in quotes
+  std::vector<std::string> tables_;  // with the columns that are analysed
   std::vector<TransferProblem> problems_;
 };
 

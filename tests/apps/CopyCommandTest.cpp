@@ -1,0 +1,149 @@
+#include <gmock/gmock.h>
+
+#include <memory>
+
+#include "apps/ProgramRun.h"
+#include "store/DbEngine.h"
+#include "support/AccountSetCopy.h"
+#include "support/Support.h"
+#include "transfer/EngineSource.h"
+#include "transfer/Transfer.h"
+
+// Account sets that are copied from the command line: between files, or to a server and back.
+namespace zelkor::test {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class CopyCommandTest : public testing::Test {
+ protected:
+  ProgramResult ctl(const std::vector<std::string>& call) {
+    return ProgramRun(ZELKORCTL, call, home_.path()).finish();
+  }
+  std::string file(const std::string& set, const std::string& name = "ZkData.Mdb") const {
+    return home_ / (set + "/" + name);
+  }
+  std::string run(const std::string& set, const std::string& type, const std::string& day) const {
+    return file(set) + ",陈会计," + day + "," + type + "," + file(set, "ZkSystem.Mdb") + ",001";
+  }
+  void create(const std::string& set) {
+    ASSERT_EQ(ctl({"create", (home_ / set).string(), "--sample", "--year", "2020", "--month", "1"}).status,
+              0);
+  }
+  ProgramResult copyFile(const std::string& from, const std::string& to,
+                         const std::vector<std::string>& more) {
+    std::vector<std::string> call{"copy", from, to};
+    call.insert(call.end(), more.begin(), more.end());
+    return ctl(call);
+  }
+  /// Copies both files of a set, with the check.
+  void copySet(const std::string& from, const std::string& to, std::vector<std::string> more) {
+    more.emplace_back("--check");
+    std::filesystem::create_directory(home_ / to);
+    for (const char* name : accountSetFiles) {
+      const ProgramResult result = copyFile(file(from, name), file(to, name), more);
+      EXPECT_EQ(result.status, 0) << result.output << result.errors;
+      EXPECT_THAT(result.output, EndsWith("问题 0 个\n已建立 " + file(to, name) + "\n核对一致\n"));
+    }
+  }
+  /// Enters the sample register, runs the month and closes it; gives all that was printed.
+  std::string workThroughMonth(const std::string& set) {
+    std::string printed;
+    for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
+             {"cards", "import", run(set, "5", "2020-01-31"), ZELKOR_DATA_DIR "/sample-register.csv"},
+             {"run", run(set, "8", "2020-01-31"), "--answers", "y,y,n"},
+             {"vouchers", "make", run(set, "8", "2020-01-31"), "--merge"},
+             {"run", run(set, "20", "2020-01-31"), "--yes"}}) {
+      std::vector<std::string> withDay = call;
+      withDay.insert(withDay.end(), {"--today", "2020-01-31"});
+      const ProgramResult result = ctl(withDay);
+      printed += std::to_string(result.status) + '\n' + result.output + result.errors;
+    }
+    return printed;
+  }
+  std::string report(const std::string& set) {
+    return ctl({"report", run(set, "8", "2020-02-01"), "固定资产总账", "--today", "2020-02-01"}).output;
+  }
+
+  TempDir home_;
+};
+
+std::vector<std::string> reasons(const std::vector<TransferProblem>& problems) {
+  std::vector<std::string> texts;
+  for (const TransferProblem& problem : problems) texts.push_back(problem.table + ": " + problem.reason);
+  return texts;
+}
+
+TEST_F(CopyCommandTest, ACopyLivesOnAsTheOriginalDoes) {
+  const auto database = onServer() ? std::make_unique<TestDatabase>("template0") : nullptr;
+  std::vector<std::string> where;
+  if (database) where = {"--server", database->conninfo()};
+  create("first");
+  copySet("first", "second", where);
+  const std::string schema = database ? ServerFile::read(file("second")).schema : "zksecond_data";
+  EXPECT_EQ(schema, "zksecond_data");
+
+  const std::string printed = workThroughMonth("first");
+  EXPECT_THAT(printed, HasSubstr("已保存 62 行"));
+  EXPECT_EQ(workThroughMonth("second"), printed);
+  copySet("second", "third", {});
+  const auto first = openSource(file("first"));
+  EXPECT_THAT(reasons(compareTables(*first, *openSource(file("second")))), IsEmpty());
+  EXPECT_THAT(reasons(compareTables(*first, *openSource(file("third")))), IsEmpty());
+  const std::string ledger = report("first");
+  EXPECT_THAT(ledger, HasSubstr("固定资产总账"));
+  EXPECT_EQ(report("second"), ledger);
+  EXPECT_EQ(report("third"), ledger);
+}
+
+TEST_F(CopyCommandTest, PrintsRowsProblemsAndTheirSum) {
+  create("set");
+  ASSERT_EQ(ctl({"sql", file("set"), "create table t (s text(5), n integer)"}).status, 0);
+  ASSERT_EQ(ctl({"sql", file("set"), "insert into t values ('a', 1)"}).status, 0);
+  ASSERT_EQ(ctl({"sql", file("set"), "drop index sNum on fa_departments"}).status, 0);
+  ASSERT_EQ(
+      ctl({"sql", file("set"), "insert into fa_departments (sNum) select sNum from fa_departments"}).status,
+      0);
+  const std::string target = home_ / "copy.Mdb";
+  const ProgramResult result = copyFile(file("set"), target, {"--check"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.output, HasSubstr("\nt：读出 1 行，存入 1 行\n"));
+  EXPECT_THAT(result.output, HasSubstr("\n表 fa_departments：索引 sNum 不能建立：由于将在索引"));
+  EXPECT_THAT(result.output, HasSubstr(" 个表，读出 "));
+  EXPECT_THAT(result.output, EndsWith("问题 1 个\n已建立 " + target + "\n核对一致\n"));
+}
+
+TEST_F(CopyCommandTest, SaysWhatCannotBeDone) {
+  create("set");
+  const std::string jet = home_ / "jet.Mdb";
+  writeFile(jet, std::string("\0\1\0\0Standard Jet DB\0", 20));
+  struct Case {
+    std::vector<std::string> call;
+    int status;
+    const char* message;
+  };
+  for (const auto& [call, status, message] : std::vector<Case>{
+           {{"copy", file("set"), file("set", "ZkSystem.Mdb")}, 1, "错误 3204：文件 '"},
+           {{"copy", file("none"), home_ / "x.Mdb"}, 1, "错误 3024：找不到文件"},
+           {{"copy", jet, home_ / "x.Mdb"}, 1, "错误 3343："},
+           {{"copy", file("set"), file("none")}, 1, "错误 3051：无法建立文件"},
+           {{"copy", file("set"), home_ / "x.Mdb", "--server", "host=x password=secret"},
+            1,
+            "错误 13：口令不写入账套文件"},
+           {{"copy", file("set"), home_ / "x.Mdb", "--server", "host=" + home_.path().string()},
+            1,
+            "错误 57：设备 I/O 错误：无法连接数据库服务器"},
+           {{"copy", file("set"), home_ / "x.Mdb", "--schema", "s"}, 2, "--schema requires --server"},
+           {{"copy", file("set")}, 2, "TARGET is required"}}) {
+    const ProgramResult result = ctl(call);
+    EXPECT_EQ(result.status, status) << message;
+    EXPECT_THAT(result.errors, HasSubstr(message));
+    EXPECT_EQ(result.output, "");
+  }
+  EXPECT_FALSE(std::filesystem::exists(home_ / "x.Mdb"));
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -45,4 +45,9 @@ inline bool writesWithoutItsFile() {
   return onServer();
 }
 
+/// Known difference: a file has one writer at a time, who keeps it until his transaction ends.
+inline bool writersWaitForTransactions() {
+  return !onServer();
+}
+
 }  // namespace zelkor::test

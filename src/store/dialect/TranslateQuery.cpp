@@ -49,6 +49,7 @@ BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, EngineKind
   guard_ = guardQuery(context.numberColumns, engine);
   describeColumns();
   wholeTable_ = readsWholeTable();
+  ordered_ = !bound_.select.orderBy.empty();
 }
 
 bool BoundQuery::readsWholeTable() const {

@@ -83,6 +83,8 @@ class Query {
   std::optional<int> top() const { return top_; }
   /// Plain columns of all rows of one table in no order: to run it can neither fail nor depend on anything.
   bool wholeTable() const { return wholeTable_; }
+  /// Whether the statement says in what order the rows come.
+  bool ordered() const { return ordered_; }
   /// How many order key columns `rows` delivers for comparing ties (0 without TOP or without ORDER BY).
   std::size_t tieKeys() const { return tieKeys_; }
   /// A query that, when it gives a row, forbids the fast form: some text that is ordered as a number is none.
@@ -107,6 +109,7 @@ class Query {
   std::vector<QuerySource> sources_;
   std::optional<int> top_;
   bool wholeTable_ = false;
+  bool ordered_ = false;
   std::size_t tieKeys_ = 0;
   std::optional<std::string> guard_;
 };

@@ -57,6 +57,8 @@ class Engine {
   virtual void requireFile() = 0;
   /// Whether a writer shuts others out, so that stand-alone statements are gathered into one transaction.
   virtual bool gathersWrites() const { return true; }
+  /// Whether a query is computed and sent as a whole though a few of its rows are asked for.
+  virtual bool runsAhead() const { return false; }
   /// Opens a transaction that may write at once; waits for other writers.
   virtual void begin() = 0;
   virtual void commit() = 0;

@@ -23,6 +23,7 @@ class PostgreSqlEngine final : public Engine {
   /// There is no file that could be moved away.
   void requireFile() override {}
   bool gathersWrites() const override { return false; }
+  bool runsAhead() const override { return true; }
   void begin() override;
   void commit() override;
   void rollback() override;

@@ -38,23 +38,36 @@ bool PreparedQuery::fastFormAllowed() {
   return !irregular;
 }
 
+bool PreparedQuery::mayEndEarly() const {
+  return engine_.runsAhead() && query_->ordered() && query_->sources().size() == 1 && !query_->top();
+}
+
 PreparedQuery::Run PreparedQuery::take() {
-  const bool fast = fastFormAllowed();
-  auto& idle = fast ? idleFast_ : idle_;
-  if (!idle.empty()) {
-    Run run{std::move(idle.back()), projection_, fast};
-    idle.pop_back();
+  return take(mayEndEarly());
+}
+
+PreparedQuery::Run PreparedQuery::takeWhole() {
+  return take(false);
+}
+
+PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly) {
+  Run run{nullptr, projection_, fastFormAllowed(), firstRowsOnly};
+  if (Idle& known = idle(run); !known.empty()) {
+    run.statement = std::move(known.back());
+    known.pop_back();
     return run;
   }
   using Form = dialect::Query::Form;
-  const std::string sql = query_->rows(projection_->columns, fast ? Form::Fast : Form::Plain);
-  return {engine_.prepare(sql), projection_, fast};
+  std::string sql = query_->rows(projection_->columns, run.fast ? Form::Fast : Form::Plain);
+  if (firstRowsOnly) sql += " LIMIT " + std::to_string(firstRows);
+  run.statement = engine_.prepare(sql);
+  return run;
 }
 
 void PreparedQuery::giveBack(Run run) {
   run.statement->reset();
   if (run.projection != projection_) return;  // delivers too little by now
-  (run.fast ? idleFast_ : idle_).push_back(std::move(run.statement));
+  idle(run).push_back(std::move(run.statement));
 }
 
 void PreparedQuery::learn(std::size_t column) {
@@ -63,8 +76,7 @@ void PreparedQuery::learn(std::size_t column) {
   columns.push_back(column);
   projection_ =
       std::make_shared<const Projection>(Projection::of(std::move(columns), projection_->placeOf.size()));
-  idle_.clear();
-  idleFast_.clear();
+  idle_ = {};
   rowByKey_.reset();
 }
 

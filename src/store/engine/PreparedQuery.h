@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -37,9 +38,14 @@ class PreparedQuery {
     std::unique_ptr<EngineStatement> statement;
     std::shared_ptr<const Projection> projection;
     bool fast = false;
+    bool firstRowsOnly = false;
   };
   /// An idle or new statement, not yet bound. Checks the query's guard for whether the fast form may be used.
+  /// The statement gives the first rows only where all of them are dear: many walks in an order end early.
   Run take();
+  /// A statement that gives every row.
+  Run takeWhole();
+  static constexpr int firstRows = 50;
   void giveBack(Run run);
 
   /// Makes later runs and reads by key deliver this column too.
@@ -51,15 +57,19 @@ class PreparedQuery {
   std::shared_ptr<const Projection> sharedProjection() const { return projection_; }
 
  private:
+  using Idle = std::vector<std::unique_ptr<EngineStatement>>;
+
   bool fastFormAllowed();
+  bool mayEndEarly() const;
+  Run take(bool firstRowsOnly);
+  Idle& idle(const Run& run) { return idle_[run.fast ? 1 : 0][run.firstRowsOnly ? 1 : 0]; }
 
   Engine& engine_;
   std::shared_ptr<const dialect::Query> query_;
   std::vector<dialect::ParameterSlot> slots_;
   ColumnNames columnNames_;
   std::shared_ptr<const Projection> projection_;
-  std::vector<std::unique_ptr<EngineStatement>> idle_;
-  std::vector<std::unique_ptr<EngineStatement>> idleFast_;
+  std::array<std::array<Idle, 2>, 2> idle_;
   std::unique_ptr<EngineStatement> guard_;
   std::unique_ptr<EngineStatement> rowByKey_;
 };

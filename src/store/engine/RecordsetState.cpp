@@ -47,6 +47,7 @@ RecordsetState::~RecordsetState() {
 void RecordsetState::start() {
   finish();
   keys_.clear();
+  passed_.clear();
   rows_.clear();
   known_ = visited_ = 0;
   current_ = cachedRow_ = -1;
@@ -80,7 +81,7 @@ bool RecordsetState::streamNext() {
   if (!streaming()) return false;
   bool more = false;
   try {
-    more = run_.statement->step() && withinTop();
+    more = step() && withinTop();
   } catch (const RuntimeError&) {
     failure_ = std::current_exception();
     finish();
@@ -92,6 +93,28 @@ bool RecordsetState::streamNext() {
   }
   if (keyed()) takeKeys();
   ++known_;
+  return true;
+}
+
+// The walk may go beyond the first rows: then the query runs once more, for all of them, and passes over
+// those. Should others have changed rows meanwhile, none comes twice and none is left out.
+bool RecordsetState::step() {
+  bool more = run_.statement->step();
+  if (!more && run_.firstRowsOnly && known_ == PreparedQuery::firstRows) {
+    query_->giveBack(std::exchange(run_, query_->takeWhole()));
+    bindSlots(*run_.statement, query_->slots(), literals_);
+    passed_ = keys_;
+    more = run_.statement->step();
+  }
+  while (more && wasPassed()) more = run_.statement->step();
+  return more;
+}
+
+bool RecordsetState::wasPassed() {
+  if (passed_.empty()) return false;
+  const auto found = std::ranges::find(passed_, keyAt(*run_.statement, 0));
+  if (found == passed_.end()) return false;
+  passed_.erase(found);
   return true;
 }
 

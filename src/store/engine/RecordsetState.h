@@ -82,6 +82,8 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void look();
   void run();
   bool streamNext();
+  bool step();
+  bool wasPassed();
   bool withinTop();
   std::vector<Value> tieKeys() const;
   std::vector<RowKey> keysOf(const EngineStatement& row) const;
@@ -107,6 +109,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
 
   PreparedQuery::Run run_;
   std::vector<RowKey> keys_;              // keyed: sources() keys for each known row
+  std::vector<RowKey> passed_;            // of the first rows, until the whole result has come to them
   std::vector<std::vector<Value>> rows_;  // otherwise: the rows that the statement has left behind
   std::vector<Value> lastTieKeys_;
 

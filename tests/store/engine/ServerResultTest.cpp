@@ -1,3 +1,5 @@
+#include <numeric>
+
 #include "store/engine/PostgreSqlEngine.h"
 #include "store/StoreFixture.h"
 
@@ -65,6 +67,22 @@ TEST_F(ServerResultTest, ALongWalkSeesEveryRowWhateverRunsMeanwhile) {
                    }),
               kRows);
   }
+}
+
+// A walk in an order is begun with its first fifty rows.
+TEST_F(ServerResultTest, WhatOthersChangeMeanwhileNeitherRepeatsNorHidesARow) {
+  PostgreSqlEngine other(ServerFile::read(path));
+  Recordset set = db.OpenRecordset(keyed);
+  std::vector<double> seen;
+  for (; !set.Eof(); set.MoveNext()) {
+    seen.push_back(set.Fields(0).number());
+    if (seen.size() != 50) continue;
+    other.run("DELETE FROM n WHERE lN IN (10, 50, 52); UPDATE n SET lN = 3000.0 WHERE lN = 20");
+  }
+  std::vector<double> expected(kRows);
+  std::iota(expected.begin(), expected.end(), 1.0);
+  std::erase(expected, 52.0);
+  EXPECT_EQ(seen, expected);
 }
 
 TEST_F(ServerResultTest, TwoLongWalksGoOnSideBySide) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "changes/ChangeKind.h"
 #include "LargeAccountSet.h"
 
 namespace zelkor::bench {
@@ -20,6 +21,12 @@ double benchSaveCard(const LargeAccountSet& set);
 /// prints one line per kind.
 void benchSaveSheets(const LargeAccountSet& small, const LargeAccountSet& large);
 
+/// A transfer and a disposal hold the highest number in 16 bits: numbers that repeat keep it within them.
+void keepNumbersSmall(const LargeAccountSet& set);
+
+/// Saves one sheet of that kind.
+void saveOneSheet(const LargeAccountSet& set, ChangeKind kind, const std::string& cardNum);
+
 /// Opening batch billing over that many staged events, and loading the lines of all of them as one merged
 /// set; prints one line and gives the seconds of both.
 double benchBatchBilling(long events);
@@ -31,6 +38,17 @@ void benchReports(const LargeAccountSet& set);
 /// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
 /// committed; prints one line each.
 void benchServerRun(const LargeAccountSet& set);
+
+/// Stand-alone statements and those of a transaction on a server, through the store and as bare prepared
+/// statements there; prints one line each.
+void benchServerStatements(const LargeAccountSet& set);
+
+/// The closing of a month on a server; prints one line and gives the microseconds per card.
+double benchServerMonthEnd(const LargeAccountSet& set);
+
+/// Runs every kind of job once on a server and prints which tables it went through as a whole, and its dearest
+/// statements where the server counts them.
+void benchServerScans(const LargeAccountSet& set);
 
 /// The import of a Jet file of 50 tables and 100,000 rows by zelkorctl beside mdbtools' export piped into the
 /// engine's own loader, both as processes, into a file and, with a server at hand, there; prints one line each.

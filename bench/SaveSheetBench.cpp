@@ -7,6 +7,7 @@
 #include "Benchmarks.h"
 #include "changes/CardDetailList.h"
 #include "changes/ChangeSheets.h"
+#include "PostgreSql.h"
 #include "Sqlite.h"
 #include "Stopwatch.h"
 
@@ -57,12 +58,6 @@ class SheetRun {
   RunContext run_{engine_, dialogs_, clock_};
 };
 
-/// A transfer holds the highest number in 16 bits: numbers that repeat keep it within them.
-void keepNumbersSmall(const LargeAccountSet& set) {
-  BareFile file(set.dataFile());
-  file.run("UPDATE fa_Cards SET sCardID=CAST(CAST(sCardID AS INTEGER)%30000+1 AS TEXT)");
-}
-
 /// Sheets of one kind on one card after the other of a set.
 class SheetSeries {
  public:
@@ -108,6 +103,23 @@ void compare(const LargeAccountSet& smallSet, const LargeAccountSet& largeSet, C
 }
 
 }  // namespace
+
+void keepNumbersSmall(const LargeAccountSet& set) {
+  for (const std::string table : {"fa_Cards", "fa_Cards_Detail"}) {
+    const std::string small =
+        "UPDATE " + table + " SET sCardID=CAST(CAST(CAST(sCardID AS TEXT) AS INTEGER)%30000+1 AS TEXT)";
+    if (set.onServer())
+      BareServer(set.conninfo(), dataSchema).run(small);
+    else
+      BareFile(set.dataFile()).run(small);
+  }
+}
+
+void saveOneSheet(const LargeAccountSet& set, ChangeKind kind, const std::string& cardNum) {
+  SheetRun run(set);
+  ChangeSheets sheets(run.run(), kind);
+  saveSheet(sheets, run.run(), cardNum);
+}
 
 void benchSaveSheets(const LargeAccountSet& small, const LargeAccountSet& large) {
   for (const ChangeKind kind : {ChangeKind::OriginalValue, ChangeKind::UsageStatus,

@@ -2,7 +2,9 @@
 #include <stdexcept>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "Benchmarks.h"
+#include "closing/MonthEnd.h"
 #include "depreciation/RunMonthDepr.h"
 #include "PostgreSql.h"
 #include "ServerDatabase.h"
@@ -44,6 +46,22 @@ void forceToDisk(const std::string& server, bool force) {
   link.run("SELECT pg_reload_conf()");
 }
 
+double closingSeconds(const LargeAccountSet& original) {
+  const LargeAccountSet set(original);
+  Session session(set);
+  bool closed = false;
+  const double seconds = secondsOf([&] {
+    try {
+      closeMonth(session.run(), {[](int) {}, [] {}});
+    } catch (const EndProgram&) {
+      closed = true;
+    }
+    session.run().engine.flush();
+  });
+  if (!closed) throw std::runtime_error("the month was not closed");
+  return seconds;
+}
+
 }  // namespace
 
 void benchServerRun(const LargeAccountSet& set) {
@@ -51,6 +69,12 @@ void benchServerRun(const LargeAccountSet& set) {
   forceToDisk(benchServer(), true);
   compareRuns("run, fsync", set);
   forceToDisk(benchServer(), false);
+}
+
+double benchServerMonthEnd(const LargeAccountSet& set) {
+  const double perCard = closingSeconds(set) * 1e6 / static_cast<double>(set.cards());
+  std::printf("month-end         %7ld cards  %8.2f us/card\n", set.cards(), perCard);
+  return perCard;
 }
 
 }  // namespace zelkor::bench

@@ -19,12 +19,18 @@ void printGrowth(const char* what, const LargeAccountSet& large, double largeCos
 void measureServer(long largest) {
   const std::string server = benchServer();
   if (server.empty()) throw std::runtime_error("no server: run it by tests/support/with-server");
-  const LargeAccountSet middle(LargeAccountSet(largest / 10), server);
-  benchServerRun(middle);
+  benchServerRun(LargeAccountSet(LargeAccountSet(largest / 10), server));
+  const LargeAccountSet small(LargeAccountSet(1000), server);
+  const LargeAccountSet large(LargeAccountSet(largest), server);
+  benchServerStatements(small);
+  printGrowth("saving a card    ", large, benchSaveCard(large), small, benchSaveCard(small));
+  benchSaveSheets(small, large);
+  printGrowth("month-end        ", large, benchServerMonthEnd(large), small, benchServerMonthEnd(small));
 }
 
 void measure(std::string_view what, long largest) {
   if (what == "server") return measureServer(largest);
+  if (what == "scans") return benchServerScans(LargeAccountSet(LargeAccountSet(largest), benchServer()));
   if (what == "import") return benchImport();
   const LargeAccountSet small(1000);
   const LargeAccountSet large(largest);
@@ -52,8 +58,8 @@ void measure(std::string_view what, long largest) {
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports|server|import] [cards of the largest
-/// account set]
+/// zelkor_bench [all|statements|run|monthend|save|sheet|billing|reports|server|scans|import] [cards of the
+/// largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include "store/dialect/Emit.h"
+#include "store/engine/DataFile.h"
 #include "store/StoreFixture.h"
 #include "support/Stranger.h"
 
@@ -195,6 +197,34 @@ TEST(OpenDatabaseTest, RefusesDirectoriesAndReadOnlyFiles) {
   const std::string path = makeEmptyDataFile(directory.path());
   std::filesystem::permissions(path, std::filesystem::perms::owner_read);
   EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), 3051);
+}
+
+TEST_F(WritingTest, BytesComeBackAsTheyWereBound) {
+  const std::string bytes("\0\xFF\\x41\n'", 7);
+  db.Execute("CREATE TABLE b (oBytes LONGBINARY)");
+  engine.flush();
+  const auto direct = openDataFile(path);
+  const auto insert =
+      direct->prepare("INSERT INTO b VALUES (" +
+                      dialect::typedParameter(1, dialect::ColumnType::Binary, direct->kind()) + ")");
+  for (const std::string_view content : {std::string_view(bytes), std::string_view()}) {
+    insert->bindBytes(1, content);
+    insert->step();
+    insert->reset();
+  }
+  insert->bindNull(1);
+  insert->step();
+  const auto read =
+      direct->prepare("SELECT \"obytes\" FROM b ORDER BY coalesce(length(\"obytes\"), -1) DESC");
+  for (const std::string_view content : {std::string_view(bytes), std::string_view()}) {
+    ASSERT_TRUE(read->step());
+    ASSERT_EQ(read->kind(0), CellKind::Bytes);
+    EXPECT_EQ(read->bytes(0), content);
+  }
+  ASSERT_TRUE(read->step());
+  EXPECT_EQ(read->kind(0), CellKind::Null);
+  const std::string text = db.OpenRecordset("select oBytes from b where oBytes is not null").Text("oBytes");
+  EXPECT_EQ(text, bytes);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ class Converter {
 
   /// Appends what it can read at the beginning of `bytes` and takes it away from there.
   void convert(std::string_view& bytes, std::string& text) {
-    std::array<char, 512> piece;
+    std::array<char, 512> piece{};
     auto* from = const_cast<char*>(bytes.data());  // NOLINT: iconv does not write there
     std::size_t left = bytes.size();
     bool again = true;

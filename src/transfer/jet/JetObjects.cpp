@@ -75,7 +75,7 @@ ObjectKind kindOf(std::int16_t number, std::uint32_t flags, std::string_view nam
   switch (number) {
     case 1:
       if (ofSystem) return ObjectKind::SystemTable;
-      return name.starts_with('~') ? ObjectKind::DeletedTable : ObjectKind::Table;
+      return name.starts_with("~TMPCLP") ? ObjectKind::DeletedTable : ObjectKind::Table;
     case 4:  // through ODBC
     case 6:
       return ObjectKind::LinkedTable;

@@ -76,9 +76,9 @@ class Planner {
   void tell(const std::string& column, const std::string& reason) {
     news_.problems.push_back({name(), 0, column, reason});
   }
-  void add(ColumnInfo info, PlannedColumn column) {
+  void add(ColumnInfo info, const PlannedColumn& column) {
     plan_.table.info.columns.push_back(std::move(info));
-    plan_.columns.push_back(std::move(column));
+    plan_.columns.push_back(column);
   }
   bool hasCounter() const {
     const auto& columns = plan_.table.info.columns;

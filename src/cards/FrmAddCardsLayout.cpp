@@ -61,8 +61,8 @@ void FrmAddCards::arrangeControls() {
 /// The walk through the cards, below "编辑" and by keys of its own.
 void FrmAddCards::addMoves() {
   static constexpr struct {
-    const char* caption;
-    CardMove move;
+    const char* caption = "";
+    CardMove move = CardMove::First;
     QKeyCombination key;
   } kMoves[] = {{"第一个", CardMove::First, Qt::ALT | Qt::Key_Home},
                 {"上一个", CardMove::Previous, Qt::ALT | Qt::Key_PageUp},

@@ -9,8 +9,8 @@ namespace {
 
 /// What distinguishes the rows of one event.
 struct Line {
-  int inid;
-  const char* ccode;
+  int inid = 0;
+  const char* ccode = "";
   Value md;
   Value mc;
 };

@@ -36,9 +36,9 @@ std::string cardQuery(const std::string& department, const std::string& type) {
 
 struct Line {
   std::optional<double> valueDebit;
-  double valueBalance;
-  double deprCredit;
-  double deprBalance;
+  double valueBalance = 0;
+  double deprCredit = 0;
+  double deprBalance = 0;
 };
 
 void writeLine(ReportGrid& grid, const Recordset& card, const Line& line) {

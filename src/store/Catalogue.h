@@ -46,8 +46,11 @@ const dialect::SchemaView& catalogueSchema();
 // The statements below are in the engine's own language. Rows are loaded fastest between a table and its
 // indexes.
 
-/// Create an empty table without indexes.
+/// Create an empty table without keys and indexes.
 std::vector<std::string> createTableStatements(const TableDef& table, dialect::EngineKind engine);
+
+/// Make its counter and the number by which the store addresses its rows unique.
+std::vector<std::string> createKeyStatements(const TableDef& table, dialect::EngineKind engine);
 
 std::string createIndexStatement(const TableDef& table, const IndexDef& index, dialect::EngineKind engine);
 

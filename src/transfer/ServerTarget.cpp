@@ -82,7 +82,9 @@ std::int64_t ServerTarget::load(const TableDef& table, RowReader& rows) {
     }
     copy.endRow();
   }
-  return copy.finish();
+  const std::int64_t stored = copy.finish();
+  for (const std::string& statement : createKeyStatements(table, server)) server_.run(statement);
+  return stored;
 }
 
 void ServerTarget::continueCounter(const TableDef& table, std::int64_t last) {

@@ -243,10 +243,11 @@ TEST(Catalogue, LaysATableDownInPostgreSql) {
                 R"(CREATE TABLE "fa_status" ("sid" citext, "sname" citext, "sengname" citext, )"
                 R"("sparentid" citext, "bneeddepr" smallint NOT NULL DEFAULT 0, "lchilds" integer, )"
                 R"("num1" citext, "num2" citext, "ilevel" smallint, "idefinetype" smallint, )"
-                R"("zk_row" bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY))",
+                R"("zk_row" bigint GENERATED ALWAYS AS IDENTITY))",
                 R"(SELECT zk_describe('fa_Status', ARRAY['sID TEXT(20)', 'sName TEXT(60)', )"
                 R"('sEngName TEXT(60)', 'sParentID TEXT(20)', 'bNeedDepr BOOLEAN', 'lchilds INTEGER', )"
                 R"('Num1 TEXT(20)', 'Num2 TEXT(20)', 'iLevel SMALLINT', 'iDefineType SMALLINT']::text[]))",
+                R"(ALTER TABLE "fa_status" ADD PRIMARY KEY ("zk_row"))",
                 R"(CREATE UNIQUE INDEX "fa_status__sid" ON "fa_status" ("sid" NULLS FIRST))",
             }));
 }

@@ -170,10 +170,7 @@ TEST_F(CopyTest, ReadsATableThatAnotherProgramHasMadeOnTheServer) {
   if (!onServer()) GTEST_SKIP() << "needs a server";
   RawFile(file_).run("CREATE TABLE t (a INTEGER)");
   ASSERT_THAT(copy(file_, there_, testServer()), IsEmpty());
-  const ServerFile place = ServerFile::read(there_);
-  PostgreSqlLink server(place.conninfo);
-  server.run("SET search_path = \"" + place.schema + "\"");
-  server.run(
+  runThere(
       R"(CREATE TABLE other (id serial PRIMARY KEY, name varchar(7) DEFAULT 'n', big bigint, yes boolean);
     INSERT INTO other (big, yes) VALUES (9007199254740993, true), (NULL, NULL);
     CREATE VIEW seen AS SELECT * FROM other; CREATE INDEX low ON other (lower(name)))");

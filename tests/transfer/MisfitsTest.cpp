@@ -88,10 +88,7 @@ TEST_F(MisfitTest, AmountsThatAFileCannotTellApartAreNamed) {
   if (!onServer()) GTEST_SKIP() << "needs a server";
   RawFile(file_).run("CREATE TABLE t (k INTEGER, c CURRENCY); INSERT INTO t VALUES (1, 0), (2, 0)");
   ASSERT_THAT(copy(file_, there_, testServer()), IsEmpty());
-  const ServerFile place = ServerFile::read(there_);
-  PostgreSqlLink server(place.conninfo);
-  server.run("SET search_path = \"" + place.schema + "\"");
-  server.run(
+  runThere(
       "UPDATE t SET c = 922337203685477.5807 WHERE k = 1; UPDATE t SET c = 90071992547.4093 WHERE k = 2");
   const auto source = openSource(there_.string());
   const auto target = openTarget(copy_);

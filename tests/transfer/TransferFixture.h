@@ -101,6 +101,14 @@ class TransferTest : public testing::Test {
     return problems;
   }
 
+  /// Runs statements in the server's own words on the copy there.
+  void runThere(const std::string& sql) const {
+    const ServerFile place = ServerFile::read(there_);
+    PostgreSqlLink server(place.conninfo);
+    server.run("SET search_path = \"" + place.schema + "\"");
+    server.run(sql);
+  }
+
   TempDir directory_;
   std::filesystem::path file_ = directory_ / "Source.Mdb";
   std::filesystem::path there_ = directory_ / "Server.Mdb";

@@ -9,12 +9,12 @@
 namespace zelkor::test {
 namespace {
 
-// Beside a server a state takes a second to be given back.
-const int killsPerJob = onServer() ? 2 : 6;
+// Beside a server the same jobs are cut off from it as well.
+const int killsPerJob = onServer() ? 1 : 6;
 
 class FaultTest : public FaultFixture {
  protected:
-  FaultTest() : FaultFixture(onServer() ? 400 : 1500) {}
+  FaultTest() : FaultFixture(onServer() ? 300 : 1500) {}
 
   // Kills the job at random moments of its life; each time the file is whole and a new run ends as ever.
   void survivesKills(const std::vector<std::string>& job) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 
 #include "apps/zelkorctl/CardRow.h"
 #include "apps/zelkorctl/CsvTable.h"
@@ -31,6 +32,8 @@ class CardImport {
 
  private:
   std::vector<CellProblem> number(CardValues& card);
+  bool hasNumberOfItsOwn(std::string& cardNumber);
+  bool isTaken(const std::string& cardNumber);
 
   RunContext& context_;
   RegisterColumns columns_;
@@ -40,15 +43,30 @@ class CardImport {
   ClsBLLFACards cards_;
 };
 
+bool CardImport::isTaken(const std::string& cardNumber) {
+  return !context_.dbZKData
+              .OpenRecordset("Select Top 1 sCardNum From FA_Cards Where sCardNum='" + cardNumber + "'")
+              .Eof();
+}
+
+/// Fills a blank number in; false when it is that of another card. A workstation may take the next number at
+/// this moment: then there is another next one.
+bool CardImport::hasNumberOfItsOwn(std::string& cardNumber) {
+  if (!cardNumber.empty()) return !isTaken(cardNumber);
+  std::int32_t length = 0;
+  std::string taken;
+  do {
+    taken = std::exchange(cardNumber, cards_.GetNewCardNum(length));
+    if (!isTaken(cardNumber)) return true;
+  } while (cardNumber != taken);
+  return false;
+}
+
 /// Gives the card the numbers that its row leaves blank. A number that is taken would make the row another
 /// version of that card.
 std::vector<CellProblem> CardImport::number(CardValues& card) {
   std::string& cardNumber = card[CardField::CardNumber];
-  std::int32_t length = 0;
-  if (cardNumber.empty()) cardNumber = cards_.GetNewCardNum(length);
-  const auto taken = context_.dbZKData.OpenRecordset("Select Top 1 sCardNum From FA_Cards Where sCardNum='" +
-                                                     cardNumber + "'");
-  if (!taken.Eof())
+  if (!hasNumberOfItsOwn(cardNumber))
     return {{std::string(cardFieldLabel(CardField::CardNumber)), "“" + cardNumber + "”已存在"}};
 
   std::string& assetNumber = card[CardField::AssetNumber];

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "store/engine/PostgreSqlEngine.h"
+#include "store/engine/ServerFunctions.h"
 #include "store/engine/ServerLoad.h"
 #include "store/engine/SqliteEngine.h"
 #include "store/NewFile.h"
@@ -53,6 +54,10 @@ void createServerSchema(const std::string& conninfo, const std::string& schema, 
   createSchema(server, schema);
   ServerFile{conninfo, schema}.write(file);
   server.run("COMMIT");
+}
+
+void renewServerPart(const fs::path& file) {
+  renewFunctions(ServerFile::read(file));
 }
 
 void createServerAccountSet(const std::string& conninfo, const fs::path& directory,

@@ -36,6 +36,12 @@ int createCommand(const std::filesystem::path& directory, const std::string& ser
   return 0;
 }
 
+int renewCommand(const std::filesystem::path& file, std::ostream& output) {
+  renewServerPart(file);
+  output << "已更新 " << file.string() << '\n';
+  return 0;
+}
+
 int sqlCommand(const std::string& file, const std::string& statement, bool json, std::ostream& output) {
   DbEngine engine;
   Database database = engine.OpenDatabase(file);

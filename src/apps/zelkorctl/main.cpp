@@ -30,6 +30,7 @@ class CommandLine {
 
  private:
   void addCreate();
+  void addRenew();
   void addCopy();
   void addImportJet();
   void addTransferOptions(CLI::App& command);
@@ -88,6 +89,7 @@ std::optional<DateTime> dayOf(const std::string& today) {
 CommandLine::CommandLine() {
   app_.require_subcommand(1);
   addCreate();
+  addRenew();
   addCopy();
   addImportJet();
   addSql();
@@ -117,6 +119,12 @@ void CommandLine::addCreate() {
       [this] { call_ = [this] { return createCommand(directory_, server_, accountSet_, std::cout); }; });
 }
 
+void CommandLine::addRenew() {
+  CLI::App* command = app_.add_subcommand("renew", "更新服务器上的账套 / update an account set on a server");
+  command->add_option("FILE", file_, "数据文件")->required();
+  command->callback([this] { call_ = [this] { return renewCommand(file_, std::cout); }; });
+}
+
 /// Where an account set's file is carried to.
 void CommandLine::addTransferOptions(CLI::App& command) {
   command.add_option("TARGET", transfer_.target, "要建立的数据文件")->required();
@@ -140,9 +148,8 @@ void CommandLine::addImportJet() {
   command->add_option("JETFILE", file_, "Jet 3 或 Jet 4 文件（.mdb）")->required();
   addTransferOptions(*command);
   command->add_option("--charset", charset_, "Jet 3 文件中文字的字符集；不指明则按 GBK")->type_name("NAME");
-  command->callback([this] {
-    call_ = [this] { return importJetCommand(file_, charset_, transfer_, std::cout); };
-  });
+  command->callback(
+      [this] { call_ = [this] { return importJetCommand(file_, charset_, transfer_, std::cout); }; });
 }
 
 void CommandLine::addSql() {

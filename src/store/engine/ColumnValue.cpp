@@ -1,5 +1,6 @@
 #include "store/engine/ColumnValue.h"
 
+#include <cmath>
 #include <limits>
 
 #include "base/Conversion.h"
@@ -16,12 +17,18 @@ Value ofInteger(std::int64_t value) {
   return static_cast<double>(value);
 }
 
+// An engine may go on with what has left the range of its numbers.
+double finite(double value) {
+  if (!std::isfinite(value)) throw RuntimeError(ErrorNumber::Overflow);
+  return value;
+}
+
 Value byKind(const EngineStatement& row, int column, CellKind kind) {
   switch (kind) {
     case CellKind::Integer:
       return ofInteger(row.integer(column));
     case CellKind::Real:
-      return row.real(column);
+      return finite(row.real(column));
     case CellKind::Text:
       return row.text(column);
     case CellKind::Bytes:
@@ -41,7 +48,7 @@ Value ofNumber(const EngineStatement& row, int column, CellKind kind, ColumnType
       break;
     }
     case ColumnType::Double:
-      return row.real(column);
+      return finite(row.real(column));
     case ColumnType::Currency:
       return Currency::fromDouble(row.real(column));
     case ColumnType::Boolean:

@@ -1,25 +1,9 @@
 #include "store/engine/PostgreSqlEngine.h"
 
-#include <libpq-fe.h>
-
-#include "base/RuntimeError.h"
 #include "store/engine/PostgreSqlStatement.h"
+#include "store/engine/ServerFunctions.h"
 
 namespace zelkor {
-namespace {
-
-void requireAccountSet(PostgreSqlLink& link, const std::string& schema) {
-  const PgResult found = link.query(
-      "SELECT 1 FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace "
-      "WHERE n.nspname = $1 AND p.proname = 'zk_describe'",
-      {schema});
-  if (PQntuples(found.get()) == 0)
-    throw RuntimeError(ErrorNumber::UnrecognizedFormat,
-                       "服务器上没有账套 '" + schema + "'；请用 zelkorctl create --server 建立。");
-}
-
-}  // namespace
-
 // Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed, so that they
 // come in the order of their keys.
 std::string sessionSettings(const std::string& schema) {
@@ -30,7 +14,7 @@ std::string sessionSettings(const std::string& schema) {
 
 PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file)
     : link_(std::make_shared<PostgreSqlLink>(file.conninfo)) {
-  requireAccountSet(*link_, file.schema);
+  requireFunctions(*link_, file.schema);
   link_->run(sessionSettings(file.schema));
 }
 

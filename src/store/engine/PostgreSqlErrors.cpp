@@ -20,7 +20,6 @@ struct KnownState {
 };
 
 constexpr std::array knownStates{
-    KnownState{"42704", ErrorNumber::NoSuchIndex},
     KnownState{"22003", ErrorNumber::Overflow},
     KnownState{"22012", ErrorNumber::DivisionByZero},
     KnownState{"22P02", ErrorNumber::TypeMismatch},
@@ -77,12 +76,20 @@ std::string nameMadeAtOnce(const ServerFailure& failure) {
   throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + name + "' 已存在。");
 }
 
+// Index names are per table in the dialect: "<table>__<index>" in the schema.
+std::string indexNamed(const std::string& name) {
+  const std::size_t mark = name.find("__");
+  return mark == std::string::npos ? name : name.substr(mark + 2);
+}
+
 void raiseNameError(const ServerFailure& failure) {
   const std::string name = quotedName(failure.message);
   if (failure.state == "42P01")
     throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + name + "'。");
   if (failure.state == "42703")
     throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+  if (failure.state == "42704")
+    throw RuntimeError(ErrorNumber::NoSuchIndex, "没有这样的索引。（" + indexNamed(name) + "）");
   if (failure.state == "42P07") raiseNameTaken(name);
   if (const std::string taken = nameMadeAtOnce(failure); !taken.empty()) raiseNameTaken(taken);
 }

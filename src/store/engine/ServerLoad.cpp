@@ -7,7 +7,7 @@
 #include "base/RuntimeError.h"
 #include "store/engine/PostgreSqlEngine.h"
 #include "store/engine/ServerCopy.h"
-#include "store/TemplateData.h"
+#include "store/engine/ServerFunctions.h"
 
 namespace zelkor {
 namespace {
@@ -76,8 +76,7 @@ void createSchema(PostgreSqlLink& server, const std::string& schema) {
                        "服务器上已有 '" + schema + "'，不能在此处建立账套。");
   server.run("CREATE EXTENSION IF NOT EXISTS citext SCHEMA public; CREATE SCHEMA \"" + schema + "\"");
   server.run(sessionSettings(schema));
-  server.run("SET check_function_bodies = off");
-  server.run(std::string(embeddedText("postgresql.sql")));
+  layFunctions(server);
 }
 
 void loadTables(PostgreSqlLink& server, Engine& source, const std::vector<TableDef>& tables) {

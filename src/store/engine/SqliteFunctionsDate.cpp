@@ -4,6 +4,7 @@
 
 #include "base/Clock.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "store/engine/SqliteFunctions.h"
 
 namespace zelkor::sqlite {
@@ -54,16 +55,22 @@ int part(std::string_view interval, DateTime date) {
 }
 
 void datePart(sqlite3_context* context, Arguments arguments) {
-  if (!anyNull(arguments)) sqlite3_result_int(context, part(textOf(arguments[0]), dateOf(arguments[1])));
+  if (!anyNull(arguments))
+    sqlite3_result_int(context, part(LCase(textOf(arguments[0])), dateOf(arguments[1])));
 }
 
 // Months and days beyond their range run over into the years and months.
 void dateSerial(sqlite3_context* context, Arguments arguments) {
   if (anyNull(arguments)) return;
-  const auto newYear = DateTime::fromParts(static_cast<int>(numberOf(arguments[0])), 1, 1);
+  const auto whole = [&](std::size_t index) {
+    return static_cast<std::int64_t>(std::nearbyint(numberOf(arguments[index])));
+  };
+  const std::int64_t year = whole(0);
+  const auto newYear =
+      year > 0 && year < 10'000 ? DateTime::fromParts(static_cast<int>(year), 1, 1) : std::nullopt;
   if (!newYear) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-  const auto months = static_cast<std::int64_t>(numberOf(arguments[1])) - 1;
-  const auto days = static_cast<std::int64_t>(numberOf(arguments[2])) - 1;
+  const std::int64_t months = whole(1) - 1;
+  const std::int64_t days = whole(2) - 1;
   giveDate(context, DateAdd("d", days, DateAdd("m", months, *newYear)));
 }
 

@@ -133,7 +133,11 @@ class SelectBinder {
     if (select.items.size() != result_.select.items.size())
       throw RuntimeError(ErrorNumber::UnionColumnCount,
                          "在联合查询中所选定的两个数据表或查询中的列数不匹配。");
-    for (bound::Item& item : select.items) item.expr = caseBlind(std::move(item.expr));
+    for (std::size_t i = 0; i < select.items.size(); ++i) {
+      Node& item = select.items[i].expr;
+      unite(result_.select.items[i].expr, item);
+      item = caseBlind(std::move(item));
+    }
     result_.select.unions.push_back({part.kind == UnionKind::All, std::move(select)});
   }
 

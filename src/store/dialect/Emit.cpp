@@ -1,9 +1,24 @@
 #include "store/dialect/Emit.h"
 
+#include <algorithm>
+
 #include "store/dialect/EmitPostgreSql.h"
 #include "store/dialect/EmitSqlite.h"
 
 namespace zelkor::dialect {
+
+namespace {
+
+void addTables(const bound::Source& source, std::vector<std::string>& qualifiers) {
+  if (const auto* table = std::get_if<bound::Table>(&source)) {
+    qualifiers.push_back(table->qualifier());
+  } else if (const auto* join = std::get_if<Box<bound::Join>>(&source)) {
+    addTables((*join)->first, qualifiers);
+    addTables((*join)->second, qualifiers);
+  }
+}
+
+}  // namespace
 
 Emitter& Emitter::name(std::string_view identifier) {
   out_ += '"';
@@ -118,6 +133,49 @@ void Emitter::compound(const bound::Select& whole, bool named) {
     part(other.select, false);
   }
   orderBy(whole);
+  const bool sorted = std::ranges::any_of(whole.unions, [](const bound::Part& one) { return !one.all; });
+  if (!sorted || !whole.orderBy.empty() || !movesRows()) return;
+  std::string_view separator = " ORDER BY ";
+  for (std::size_t i = 1; i <= whole.items.size(); ++i) {
+    text(separator).text(std::to_string(i));
+    direction(false);
+    separator = ", ";
+  }
+}
+
+std::vector<std::string> Emitter::qualifiersOf(const std::vector<bound::Source>& sources) {
+  std::vector<std::string> qualifiers;
+  for (const bound::Source& source : sources) addTables(source, qualifiers);
+  return qualifiers;
+}
+
+// Groups come in the order of their keys, Null first.
+void Emitter::groupOrder(const bound::Select& select) {
+  if (!movesRows()) return;
+  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
+  for (const bound::Node& key : select.groupBy) {
+    text(separator);
+    value(key);
+    direction(false);
+    separator = ", ";
+  }
+}
+
+// Joined rows come as an engine nests its tables, and a changed row may move to another place in its table:
+// the row keys tell the order in which rows were added. The ties of a TOP are told by the order keys alone.
+void Emitter::tableOrder(const bound::Select& select) {
+  const bool tied = !select.orderBy.empty() && (select.top || !movesRows());
+  if (tied || select.distinct || !select.unions.empty()) return;
+  if (select.aggregated || !select.groupBy.empty()) return groupOrder(select);
+  const std::vector<std::string> qualifiers = qualifiersOf(select.from);
+  if (qualifiers.size() == 1 && !movesRows()) return;
+  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
+  for (const std::string& qualifier : qualifiers) {
+    text(separator);
+    rowKey(qualifier);
+    if (&qualifier != &qualifiers.front()) direction(false);
+    separator = ", ";
+  }
 }
 
 void Emitter::select(const bound::Select& select, bool named) {

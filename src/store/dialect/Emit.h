@@ -43,8 +43,8 @@ class Emitter {
   void tail(const bound::Select& select, std::string_view also = {});
   void fromClause(const std::vector<bound::Source>& sources);
   void orderBy(const bound::Select& select);
-  /// Behind orderBy: the order of the tables themselves, for engines that have to be told.
-  virtual void tableOrder(const bound::Select&) {}
+  /// Behind orderBy: the order in which the tables' rows were added.
+  void tableOrder(const bound::Select& select);
   /// Ends an outermost query that wants the first `top` rows, for engines that can do it.
   virtual void endOutermost(const bound::Select& select) = 0;
 
@@ -67,14 +67,23 @@ class Emitter {
   virtual void topWithTies(const bound::Select& select, bool named) = 0;
   virtual std::string declaredType(const ColumnInfo& column) const = 0;
   virtual void hiddenColumns() {}
+  /// Around the rows of a joined update, for engines that take any of those that meet one row: of them the
+  /// last counts.
+  virtual void beforeLastMatch(const bound::Table&) {}
+  virtual void behindLastMatch(const bound::Update&) {}
+  /// Whether an engine has to be told the order of one table's rows, and of those that are alike in the ORDER
+  /// BY, too.
+  virtual bool movesRows() const { return false; }
   virtual std::string_view betweenSources(const std::vector<bound::Source>&) const { return ", "; }
   virtual void callName(std::string_view name) { out_ += name; }
 
+  /// What the tables of FROM are called, in the order in which they stand.
+  static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);
   void core(const bound::Select& select, bool named, std::string_view namePrefix = {});
   void orderKeys(const std::vector<bound::OrderKey>& keys);
   void expr(const bound::Node& node, int precedence);
   void list(const std::vector<bound::Node>& nodes);
-  void binary(const bound::Binary& node, int precedence);
+  virtual void binary(const bound::Binary& node, int precedence);
   void subselect(const bound::Select& node);
   static int precedenceOf(bound::BinaryKind kind);
   static std::string_view signOf(bound::BinaryKind kind);
@@ -82,6 +91,7 @@ class Emitter {
   std::string out_;
 
  private:
+  void groupOrder(const bound::Select& select);
   void node(const bound::NullValue&, int) { out_ += "NULL"; }
   void node(const bound::IntegerValue& value, int precedence);
   void node(const bound::TextValue& value, int precedence);

@@ -62,6 +62,7 @@ void Emitter::joinedUpdate(const bound::Update& update) {
     separator = ", ";
   }
   text(" FROM (SELECT ");
+  beforeLastMatch(update.target);
   rowKey(update.target.qualifier());
   text(" AS ").name(keyName);
   for (std::size_t i = 0; i < update.assignments.size(); ++i) {
@@ -74,6 +75,7 @@ void Emitter::joinedUpdate(const bound::Update& update) {
     text(" WHERE ");
     value(*update.where);
   }
+  behindLastMatch(update);
   text(") AS ").name(rowsAlias).text(" WHERE ");
   rowKey(update.target.name);
   text(" = ").name(rowsAlias).text(".").name(keyName);

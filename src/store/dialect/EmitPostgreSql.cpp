@@ -32,13 +32,9 @@ std::string_view plainType(ColumnType type) {
   }
 }
 
-void addTables(const bound::Source& source, std::vector<std::string>& qualifiers) {
-  if (const auto* table = std::get_if<bound::Table>(&source)) {
-    qualifiers.push_back(table->qualifier());
-  } else if (const auto* join = std::get_if<Box<bound::Join>>(&source)) {
-    addTables((*join)->first, qualifiers);
-    addTables((*join)->second, qualifiers);
-  }
+bool isWhole(const Node& node) {
+  const ColumnType type = node.type.type;
+  return type == ColumnType::Short || type == ColumnType::Long || type == ColumnType::Counter;
 }
 
 }  // namespace
@@ -63,20 +59,33 @@ void PostgreSqlEmitter::endOutermost(const bound::Select& select) {
   }
 }
 
-// A changed row moves to another place in its table: the row keys tell the order in which rows were added.
-// The ties of a TOP are told by the order keys alone.
-void PostgreSqlEmitter::tableOrder(const bound::Select& select) {
-  const bool tied = select.top && !select.orderBy.empty();
-  const bool grouped = select.distinct || select.aggregated || !select.groupBy.empty();
-  if (tied || grouped || !select.unions.empty()) return;
-  std::vector<std::string> qualifiers;
-  for (const bound::Source& source : select.from) addTables(source, qualifiers);
-  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
-  for (const std::string& qualifier : qualifiers) {
-    text(separator);
+// The narrow types would overflow where the dialect goes on.
+void PostgreSqlEmitter::binary(const bound::Binary& node, int precedence) {
+  using enum bound::BinaryKind;
+  const bool reckons = node.kind == Add || node.kind == Subtract || node.kind == Multiply;
+  if (!reckons || !isWhole(*node.left) || !isWhole(*node.right)) return Emitter::binary(node, precedence);
+  const int own = precedenceOf(node.kind);
+  if (precedence > own) text("(");
+  expr(*node.left, operandStrength);
+  text("::bigint").text(signOf(node.kind));
+  expr(*node.right, own + 1);
+  if (precedence > own) text(")");
+}
+
+void PostgreSqlEmitter::beforeLastMatch(const bound::Table& target) {
+  text("DISTINCT ON (");
+  rowKey(target.qualifier());
+  text(") ");
+}
+
+void PostgreSqlEmitter::behindLastMatch(const bound::Update& update) {
+  text(" ORDER BY ");
+  rowKey(update.target.qualifier());
+  for (const std::string& qualifier : qualifiersOf(update.from)) {
+    if (qualifier == update.target.qualifier()) continue;
+    text(", ");
     rowKey(qualifier);
-    if (&qualifier != &qualifiers.front()) direction(false);
-    separator = ", ";
+    direction(true);
   }
 }
 

@@ -15,7 +15,6 @@ class PostgreSqlEmitter final : public Emitter {
   void rowKey(std::string_view qualifier) override;
   void rowKeyParameter(std::size_t number) override;
   void endOutermost(const bound::Select& select) override;
-  void tableOrder(const bound::Select& select) override;
 
  protected:
   std::string identifier(std::string_view name) const override;
@@ -25,12 +24,16 @@ class PostgreSqlEmitter final : public Emitter {
   void conditionAsValue(const bound::Node& operand) override;
   void quantified(const bound::Quantified& node) override;
   void aggregate(const bound::Aggregate& node) override;
+  void binary(const bound::Binary& node, int precedence) override;
   void numberCast(const bound::NumberOfText& node) override;
   void direction(bool descending) override;
   void topWithTies(const bound::Select& select, bool named) override;
   std::string declaredType(const ColumnInfo& column) const override;
   void hiddenColumns() override;
   void callName(std::string_view name) override;
+  void beforeLastMatch(const bound::Table& target) override;
+  void behindLastMatch(const bound::Update& update) override;
+  bool movesRows() const override { return true; }
   std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
 };
 

@@ -66,6 +66,7 @@ Node readNumber(BindContext& context, bound::NumberReading reading, Node argumen
 Node choice(std::vector<Node> arguments) {
   Node then = asValue(std::move(arguments[1]));
   Node otherwise = asValue(std::move(arguments[2]));
+  unite(then, otherwise);
   const bool known = then.type.family != bound::Family::Unknown;
   bound::ValueType type = known ? then.type : otherwise.type;
   type.size = std::max(then.type.size, otherwise.type.size);
@@ -74,11 +75,13 @@ Node choice(std::vector<Node> arguments) {
 
 // Null becomes the replacement, or the empty text or 0 by the type of the value.
 Node orReplacement(std::vector<Node> arguments) {
-  const bound::ValueType type = arguments[0].type;
   if (arguments.size() == 1) {
+    const bound::ValueType type = arguments[0].type;
     const bool number = isNumber(arguments[0]);
     arguments.push_back(number ? Node{bound::IntegerValue{0}, type} : Node{bound::TextValue{}, type});
   }
+  unite(arguments[0], arguments[1]);
+  const bound::ValueType type = arguments[0].type;
   return call("coalesce", type, std::move(arguments));
 }
 
@@ -93,6 +96,8 @@ Node converted(char kind, Node argument) {
       return asText(std::move(argument));
     case 'n':
       return asNumber(std::move(argument));
+    case 'd':
+      return asDate(std::move(argument));
     case 'c':  // a number function that reads text by itself
       return isDate(argument) ? asNumber(std::move(argument)) : std::move(argument);
     case 's':  // a text function that writes numbers by itself

@@ -12,7 +12,8 @@ namespace zelkor::dialect {
 struct FunctionRow {
   std::string_view name;
   std::string_view target;
-  /// One letter per argument: t as text, n as number, c as number or text, s as text or number, v as it is.
+  /// One letter per argument: t as text, n as number, d as date, c as number or
+  /// text, s as text or number, v as it is.
   std::string_view arguments;
   std::size_t required = 0;
   ColumnType type{};

@@ -94,6 +94,7 @@ Node arithmetic(BinaryOp op, Node leftOperand, Node rightOperand) {
 }
 
 Node negative(Node operand) {
+  if (std::holds_alternative<bound::NullValue>(operand.node)) return operand;
   Node number = asNumber(std::move(operand));
   const bound::ValueType type =
       number.type.type == ColumnType::Boolean ? valueType(ColumnType::Short) : number.type;

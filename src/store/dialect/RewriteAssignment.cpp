@@ -52,9 +52,12 @@ Node assigned(BindContext& context, Node operand, const ColumnInfo& target) {
     value.type = type;
     return value;
   }
+  // What is reckoned may leave the range of whole numbers.
+  const bool whole = target.type == ColumnType::Long || target.type == ColumnType::Short;
+  const bool reckoned = whole && std::holds_alternative<bound::Binary>(value.node);
   const bool constant = std::holds_alternative<bound::IntegerValue>(value.node);
   if (constant && (type.family == bound::Family::Number || target.type == ColumnType::Boolean)) return value;
-  if (fits(value.type, target.type)) return value;
+  if (!reckoned && fits(value.type, target.type)) return value;
   Node source = prepared(std::move(value), target.type);
   const char* function = assigningFunction(target.type);
   return function ? call(function, type, {std::move(source)}) : source;

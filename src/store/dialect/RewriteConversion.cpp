@@ -25,6 +25,14 @@ Node asText(Node node) {
   return call(date ? "zk_datetext" : "zk_text", valueType(ColumnType::Text, 255), {std::move(value)});
 }
 
+void unite(Node& first, Node& second) {
+  const auto numeric = [](const Node& node) { return isNumber(node) || node.type.family == Family::Boolean; };
+  const bool known = first.type.family != Family::Unknown && second.type.family != Family::Unknown;
+  if (!known || first.type.family == second.type.family || (numeric(first) && numeric(second))) return;
+  first = asText(std::move(first));
+  second = asText(std::move(second));
+}
+
 Node asDate(Node node) {
   Node value = asValue(std::move(node));
   if (isDate(value)) return value;

@@ -118,7 +118,7 @@ std::string BoundQuery::assembled(const bound::Select& select, std::span<const s
   if (!separator.used()) emitter->text("1");
   emitter->tail(select, also);
   emitter->orderBy(select);
-  if (also.empty() && keyed()) emitter->tableOrder(select);
+  if (also.empty() && (keyed() || !select.groupBy.empty())) emitter->tableOrder(select);
   if (also.empty()) emitter->endOutermost(select);
   return emitter->take();
 }

@@ -14,19 +14,25 @@
 
 namespace zelkor::test {
 
-/// A new data file without tables, on the server beside which the tests run if there is one.
-inline std::string makeEmptyDataFile(const std::filesystem::path& directory,
-                                     const std::string& name = "Test.Mdb") {
+inline std::string makeEmptySqliteFile(const std::filesystem::path& directory, const std::string& name) {
   const std::string path = (directory / name).string();
-  if (onServer()) {
-    createServerSchema(testServer(), freshSchema(), path);
-    return path;
-  }
   sqlite3* handle = nullptr;
   sqlite3_open(path.c_str(), &handle);
   sqlite3_exec(handle, "PRAGMA user_version = 1", nullptr, nullptr, nullptr);
   sqlite3_close(handle);
   return path;
+}
+
+inline std::string makeEmptyServerFile(const std::filesystem::path& directory, const std::string& name) {
+  const std::string path = (directory / name).string();
+  createServerSchema(testServer(), freshSchema(), path);
+  return path;
+}
+
+/// A new data file without tables, on the server beside which the tests run if there is one.
+inline std::string makeEmptyDataFile(const std::filesystem::path& directory,
+                                     const std::string& name = "Test.Mdb") {
+  return onServer() ? makeEmptyServerFile(directory, name) : makeEmptySqliteFile(directory, name);
 }
 
 /// One data file with a database open on it.

@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
+#include <thread>
 
 #include "store/Catalogue.h"
 #include "store/engine/PostgreSqlEngine.h"
 #include "store/StoreFixture.h"
+#include "support/AccountSetCopy.h"
 
 namespace zelkor::test {
 namespace {
@@ -82,6 +86,41 @@ TEST_F(ServerTest, KeepsTheSpellingOfNames) {
   EXPECT_EQ(cell("select i_id from thecopy where sNum='2'"), "2") << "the counter goes on in the copy";
 }
 
+// Two sessions give numbers of their own while a third draws them: the counter never goes back behind one of
+// them.
+TEST_F(ServerTest, ACounterGoesOnBehindTheGreatestNumberOfAllSessions) {
+  std::atomic<int> given = 0;
+  std::atomic<int> refused = 0;
+  const auto desk = [&](auto statement) {
+    return std::thread([this, &refused, statement] {
+      DbEngine own;
+      Database mine = own.OpenDatabase(path);
+      for (int i = 0; i < 150; ++i)
+        if (errorOf([&] { mine.Execute(statement()); }) != 0) ++refused;
+    });
+  };
+  const auto giving = [&] {
+    return "insert into t (i_id,sNum) values (" + std::to_string(given += 1000) + ",null)";
+  };
+  std::array desks{desk(giving), desk(giving),
+                   desk([] { return std::string("insert into t (sNum) values (null)"); })};
+  for (std::thread& one : desks) one.join();
+  EXPECT_EQ(refused, 0);
+  EXPECT_EQ(cell("select count(*) from t"), "450");
+  db.Execute("insert into t (sNum) values ('last')");
+  EXPECT_EQ(cell("select max(i_id) from t"), cell("select i_id from t where sNum='last'"));
+}
+
+TEST_F(ServerTest, FunctionsOfAnOlderVersionAreRenewed) {
+  PostgreSqlEngine(ServerFile::read(path)).run("COMMENT ON FUNCTION zk_describe(text, text[]) IS NULL");
+  DbEngine other;
+  EXPECT_EQ(errorOf([&] { other.OpenDatabase(path); }), 3343);
+  renewServerPart(path);
+  Database renewed = other.OpenDatabase(path);
+  renewed.Execute("insert into t (sNum) values ('1')");
+  EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id,val(sNum) from t")), (std::vector<std::string>{"1|1"}));
+}
+
 TEST_F(ServerTest, NamesTheKeyThatIsThereAlready) {
   db.Execute("insert into t (sNum) values ('a')");
   try {
@@ -142,9 +181,10 @@ class ServerSetTest : public testing::Test {
 };
 
 TEST_F(ServerSetTest, HoldsWhatAFileHolds) {
+  const TestDatabase database("template0");
   AccountSetOptions options{.account = "a7", .year = 2020, .month = 1, .sample = true};
   createAccountSet(directory / "file", options);
-  createServerAccountSet(testServer(), directory / "server", options);
+  createServerAccountSet(database.conninfo(), directory / "server", options);
   DbEngine engine;
   for (const auto& [name, tables] :
        {std::pair{"ZkData.Mdb", &dataTables()}, {"ZkSystem.Mdb", &systemTables()}}) {
@@ -156,9 +196,11 @@ TEST_F(ServerSetTest, HoldsWhatAFileHolds) {
                 sorted(rowsOf(server.OpenRecordset(table.info.name))))
           << table.info.name;
   }
-  EXPECT_EQ(errorOf([&] { createServerAccountSet(testServer(), directory / "again", options); }), 3204);
+  EXPECT_EQ(errorOf([&] { createServerAccountSet(database.conninfo(), directory / "again", options); }),
+            3204);
   EXPECT_FALSE(std::filesystem::exists(directory / "again"));
-  EXPECT_EQ(errorOf([&] { createServerAccountSet(testServer(), directory / "server", options); }), 3204);
+  EXPECT_EQ(errorOf([&] { createServerAccountSet(database.conninfo(), directory / "server", options); }),
+            3204);
 }
 
 TEST_F(ServerSetTest, TakesNoPassword) {

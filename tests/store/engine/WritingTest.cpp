@@ -185,7 +185,7 @@ TEST(OpenDatabaseTest, TellsHowToImportAJetFile) {
     FAIL();
   } catch (const RuntimeError& error) {
     EXPECT_EQ(error.number(), 3343);
-    EXPECT_THAT(error.what(), testing::HasSubstr("zelkorctl cards import"));
+    EXPECT_THAT(error.what(), testing::HasSubstr("zelkorctl import"));
   }
 }
 

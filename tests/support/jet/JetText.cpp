@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 
 namespace zelkor::test::jet {
@@ -31,7 +32,8 @@ std::string compressed(const std::string& utf16) {
 
 TextEncoder::TextEncoder(const Format& format, const std::string& charset)
     : isJet3_(format.isJet3()), converter_(iconv_open(isJet3_ ? charset.c_str() : "UTF-16LE", "UTF-8")) {
-  if (converter_ == reinterpret_cast<void*>(-1)) throw std::invalid_argument("no character set " + charset);
+  if (reinterpret_cast<std::intptr_t>(converter_) == -1)
+    throw std::invalid_argument("no character set " + charset);
 }
 
 TextEncoder::~TextEncoder() {

@@ -184,6 +184,28 @@ void DefinitionReader::checkLongValues() {
 
 }  // namespace
 
+std::size_t sizeOf(Type type) {
+  switch (type) {
+    case Type::Byte:
+      return 1;
+    case Type::Short:
+      return 2;
+    case Type::Long:
+    case Type::Single:
+      return 4;
+    case Type::Money:
+    case Type::Double:
+    case Type::Date:
+      return 8;
+    case Type::Guid:
+      return 16;
+    case Type::Numeric:
+      return 17;
+    default:
+      return 0;
+  }
+}
+
 const Column* Definition::columnOf(std::size_t number) const {
   const auto found = std::find_if(columns.begin(), columns.end(),
                                   [&](const Column& column) { return column.number == number; });

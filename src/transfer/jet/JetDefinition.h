@@ -26,6 +26,9 @@ enum class Type : unsigned char {
   Numeric = 16
 };
 
+/// Bytes that a value of a type takes which are always as many; 0 for other types.
+std::size_t sizeOf(Type type);
+
 struct Column {
   std::string name;
   Type type = Type::Text;  // may be one that is not known

@@ -28,7 +28,6 @@ struct Layout {
   // Within a table's definition.
   std::size_t rows;
   std::size_t lastCounter;
-  std::size_t variableColumns;
   std::size_t columns;
   std::size_t logicalIndexes;
   std::size_t realIndexes;
@@ -54,10 +53,60 @@ struct Layout {
   std::size_t afterIndexFlags;
 };
 
-inline constexpr Layout jet3{true, 2048, 8,  1, 12, 16, 23, 25, 27, 31, 35, 39, 43,
-                             8,    1,    18, 1, 3,  5,  9,  13, 14, 16, 0,  0,  0};
-inline constexpr Layout jet4{false, 4096, 12, 2, 16, 20, 43, 45, 47, 51, 55, 59, 63,
-                             12,    2,    25, 5, 7,  9,  11, 15, 21, 23, 4,  4,  5};
+inline constexpr Layout jet3{
+    .isJet3 = true,
+    .pageSize = 2048,
+    .rowCount = 8,
+    .countSize = 1,
+    .rows = 12,
+    .lastCounter = 16,
+    .columns = 25,
+    .logicalIndexes = 27,
+    .realIndexes = 31,
+    .ownedPages = 35,
+    .pagesWithRoom = 39,
+    .entries = 43,
+    .indexCountSize = 8,
+    .nameLengthSize = 1,
+    .columnSize = 18,
+    .number = 1,
+    .variableIndex = 3,
+    .displayIndex = 5,
+    .precision = 9,
+    .columnFlags = 13,
+    .fixedOffset = 14,
+    .length = 16,
+    .beforeIndex = 0,
+    .beforeIndexFlags = 0,
+    .afterIndexFlags = 0,
+};
+inline constexpr Layout jet4{
+    .isJet3 = false,
+    .pageSize = 4096,
+    .rowCount = 12,
+    .countSize = 2,
+    .rows = 16,
+    .lastCounter = 20,
+    .columns = 45,
+    .logicalIndexes = 47,
+    .realIndexes = 51,
+    .ownedPages = 55,
+    .pagesWithRoom = 59,
+    .entries = 63,
+    .indexCountSize = 12,
+    .nameLengthSize = 2,
+    .columnSize = 25,
+    .number = 5,
+    .variableIndex = 7,
+    .displayIndex = 9,
+    .precision = 11,
+    .columnFlags = 15,
+    .fixedOffset = 21,
+    .length = 23,
+    .beforeIndex = 4,
+    .beforeIndexFlags = 4,
+    .afterIndexFlags = 5,
+};
 
 using PageNumber = std::uint32_t;
 

@@ -1,36 +1,6 @@
 #include "transfer/jet/JetRow.h"
 
 namespace zelkor::jet {
-namespace {
-
-/// Bytes that a fixed field takes; 0 for the types that take no room or are not known.
-std::size_t sizeOf(const Column& column) {
-  switch (column.type) {
-    case Type::Byte:
-      return 1;
-    case Type::Short:
-      return 2;
-    case Type::Long:
-    case Type::Single:
-      return 4;
-    case Type::Money:
-    case Type::Double:
-    case Type::Date:
-      return 8;
-    case Type::Guid:
-      return 16;
-    case Type::Numeric:
-      return 17;
-    case Type::Text:
-    case Type::Binary:
-      return column.length;
-    default:
-      return 0;
-  }
-}
-
-}  // namespace
-
 bool RowFields::open(std::string_view row) {
   row_ = row;
   offsetsFound_ = false;
@@ -59,7 +29,8 @@ std::optional<std::string_view> RowFields::field(const Column& column) {
 
 std::optional<std::string_view> RowFields::fixedField(const Column& column) const {
   const std::size_t begin = layout_.countSize + column.fixedOffset;
-  const std::size_t size = sizeOf(column);
+  const bool hasOwnSize = column.type == Type::Text || column.type == Type::Binary;
+  const std::size_t size = hasOwnSize ? column.length : sizeOf(column.type);
   if (begin + size > mask_) return std::nullopt;
   return row_.substr(begin, size);
 }

@@ -35,28 +35,6 @@ void writeGuid(std::string_view bytes, std::string& text) {
   text.push_back('}');
 }
 
-std::size_t sizeOf(Type type) {
-  switch (type) {
-    case Type::Byte:
-      return 1;
-    case Type::Short:
-      return 2;
-    case Type::Long:
-    case Type::Single:
-      return 4;
-    case Type::Money:
-    case Type::Double:
-    case Type::Date:
-      return 8;
-    case Type::Guid:
-      return guidSize;
-    case Type::Numeric:
-      return Numeric::size;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
 
 ColumnType nativeType(const Column& column) {

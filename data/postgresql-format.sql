@@ -9,7 +9,8 @@ CREATE OR REPLACE FUNCTION zk_shown_number(t text) RETURNS numeric LANGUAGE sql 
 $$ SELECT coalesce(zk_read_number(t), zk_serial(zk_read_date(t)))::numeric $$;
 CREATE OR REPLACE FUNCTION zk_shown_date(v double precision) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_date_of_serial(v) $$;
-CREATE OR REPLACE FUNCTION zk_shown_date(d timestamp) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT d $$;
+CREATE OR REPLACE FUNCTION zk_shown_date(d timestamp) RETURNS timestamp
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT d $$;
 CREATE OR REPLACE FUNCTION zk_shown_date(t text) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT coalesce(zk_read_date(t), zk_date_of_serial(zk_read_number(t))) $$;
 CREATE OR REPLACE FUNCTION zk_shown_text(v double precision) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
@@ -117,7 +118,8 @@ BEGIN
   RETURN CASE WHEN signed AND n < 0 AND v <> 0 THEN '-' ELSE '' END || result;
 END $$;
 
-CREATE OR REPLACE FUNCTION zk_format_number(n numeric, picture text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_format_number(n numeric, picture text) RETURNS text
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 DECLARE sections text[] := zk_sections(picture);
 BEGIN
   IF n = 0 AND sections[3] <> '' THEN RETURN zk_format_section(n, sections[3], false); END IF;
@@ -126,7 +128,8 @@ BEGIN
 END $$;
 
 -- "m" behind "h" or before "s" is minutes.
-CREATE OR REPLACE FUNCTION zk_format_moment(d timestamp, picture text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_format_moment(d timestamp, picture text) RETURNS text
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 DECLARE pieces text[] := ARRAY(SELECT m[1] FROM regexp_matches(picture,
           '(\\.|"[^"]*"?|AM/PM|am/pm|AMPM|A/P|a/p|y+|m+|d+|h+|n+|s+|q+|w+|c+|t+|Y+|M+|D+|H+|N+|S+|Q+|W+|C+|T+|.)', 'g') m);
         twelve boolean := picture ~ '(AM/PM|am/pm|AMPM|A/P|a/p)'; piece text; letter text; size integer;
@@ -175,7 +178,8 @@ END $$;
 
 -- @ a character or a blank, & a character or nothing, filled from the right unless ! stands in the picture; < and >
 -- change the case.
-CREATE OR REPLACE FUNCTION zk_format_text(t text, picture text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_format_text(t text, picture text) RETURNS text
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 DECLARE places integer := length(picture) - length(translate(picture, '@&', '')); from_left boolean := picture LIKE '%!%';
         missing integer := greatest(places - length(t), 0); taken integer := 0; result text := ''; sign text;
 BEGIN
@@ -199,7 +203,8 @@ BEGIN
 END $$;
 
 -- The first character with a meaning tells what the picture is for.
-CREATE OR REPLACE FUNCTION zk_format_any(v anyelement, picture text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_format_any(v anyelement, picture text) RETURNS text
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 DECLARE named text; first text; n numeric; d timestamp;
 BEGIN
   IF v IS NULL THEN
@@ -234,9 +239,11 @@ BEGIN
   d := zk_shown_date(v);
   RETURN CASE WHEN d IS NULL THEN zk_shown_text(v) ELSE zk_format_moment(d, picture) END;
 END $$;
-CREATE OR REPLACE FUNCTION zk_format(v double precision, picture text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+CREATE OR REPLACE FUNCTION zk_format(v double precision, picture text) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_format_any(v, picture) $$;
 CREATE OR REPLACE FUNCTION zk_format(t text, picture text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_format_any(t, picture) $$;
-CREATE OR REPLACE FUNCTION zk_format_date(d timestamp, picture text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+CREATE OR REPLACE FUNCTION zk_format_date(d timestamp, picture text) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_format_any(d, picture) $$;

@@ -4,7 +4,8 @@
 -- Numbers -------------------------------------------------------------------------------------------------
 
 -- &H1F, &O17: up to 16 bits a number of 16 bits, so that &HFFFF is -1, unless it is said to be `long`.
-CREATE OR REPLACE FUNCTION zk_radix(t text, long boolean) RETURNS integer LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_radix(t text, long boolean) RETURNS integer
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 DECLARE base integer := CASE lower(substr(t, 2, 1)) WHEN 'h' THEN 16 ELSE 8 END; bits bigint := 0; digit text;
 BEGIN
   FOREACH digit IN ARRAY regexp_split_to_array(lower(substr(t, 3)), '') LOOP
@@ -32,7 +33,9 @@ BEGIN
   p := regexp_match(t, '^([ \t\n\r+(￥¥-]*)(&[hH][0-9a-fA-F]+|&[oO][0-7]+|'
                        '(?:[0-9][0-9,]*\.?[0-9]*|\.[0-9]+)(?:[eEdD][+-]?[0-9]+)?)([ \t\n\r+)-]*)$');
   around := translate(p[1] || '#' || p[3], E' \t\n\r', '');
-  IF around IS NULL OR around !~ '^(([+-]?[￥¥]?|[￥¥][+-])#|[￥¥]?#[+-]|(\([￥¥]?|[￥¥]\()#\))$' THEN RETURN NULL; END IF;
+  IF around IS NULL OR around !~ '^(([+-]?[￥¥]?|[￥¥][+-])#|[￥¥]?#[+-]|(\([￥¥]?|[￥¥]\()#\))$' THEN
+    RETURN NULL;
+  END IF;
   v := CASE WHEN p[2] LIKE '&%' THEN zk_radix(p[2], false) ELSE zk_numeral(p[2]) END;
   RETURN CASE WHEN around ~ '[-(]' THEN -v ELSE v END;
 END $$;
@@ -40,7 +43,8 @@ END $$;
 CREATE OR REPLACE FUNCTION zk_double_fits(v numeric) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT abs(v) < 1.79769313486231581e308 $$;
 -- What is too small to tell from nothing is nothing.
-CREATE OR REPLACE FUNCTION zk_double(v numeric) RETURNS double precision LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_double(v numeric) RETURNS double precision
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
   IF NOT zk_double_fits(v) THEN RAISE EXCEPTION USING ERRCODE = 'ZK006'; END IF;
   RETURN CASE WHEN abs(v) < 2.5e-324 THEN 0 ELSE v::double precision END;
@@ -56,7 +60,8 @@ $$ SELECT CASE WHEN zk_is_plain_number(t) THEN t::double precision
                WHEN zk_double_fits(zk_read_numeric(t)) THEN zk_double(zk_read_numeric(t)) END $$;
 
 -- The longest number that a text begins with, blanks anywhere; else 0.
-CREATE OR REPLACE FUNCTION zk_val_of_text(t text) RETURNS double precision LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_val_of_text(t text) RETURNS double precision
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 DECLARE p text[]; v double precision;
 BEGIN
   IF t IS NULL THEN RAISE EXCEPTION USING ERRCODE = 'ZK094'; END IF;
@@ -87,7 +92,8 @@ DECLARE months constant text[] := ARRAY['january', 'february', 'march', 'april',
 BEGIN
   IF t !~ '^([ \t]|[0-9]{1,4}(?![0-9])|[A-Za-z]+|[-/.,:年月日号时点分秒]|上午|下午)+$' THEN RETURN; END IF;
   kinds := ''; numbers := '{}'; digits := '{}'; separator := '';
-  FOR piece IN SELECT lower(m[1]) FROM regexp_matches(t, '([0-9]+|[A-Za-z]+|[-/.,:年月日号时点分秒]|上午|下午)', 'g') m LOOP
+  FOR piece IN SELECT lower(m[1]) FROM regexp_matches(t,
+      '([0-9]+|[A-Za-z]+|[-/.,:年月日号时点分秒]|上午|下午)', 'g') m LOOP
     month := (strpos('jan feb mar apr may jun jul aug sep oct nov dec', left(piece, 3)) + 3) / 4;
     kind := CASE WHEN piece ~ '^[0-9]' THEN '9' WHEN piece ~ '^[-/.,]$' THEN 's'
                  WHEN piece IN ('am', '上午') THEN 'a' WHEN piece IN ('pm', '下午') THEN 'p'
@@ -135,7 +141,8 @@ BEGIN
   RETURN NULL;
 END $$;
 
-CREATE OR REPLACE FUNCTION zk_read_other_date(t text) RETURNS timestamp LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_read_other_date(t text) RETURNS timestamp
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 DECLARE pieces record; place integer := 1; time_end integer := 0; kind text; follows text; rest text; half text := '';
         parts integer[] := '{}'; digits integer[] := '{}'; roles text := ''; marked boolean := false;
         h integer; n integer := 0; s integer := 0; length_of_time integer;

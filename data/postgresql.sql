@@ -27,7 +27,8 @@ CREATE OR REPLACE FUNCTION zk_digits(t text) RETURNS integer LANGUAGE sql IMMUTA
 $$ SELECT CASE WHEN t ~ '^[0-9]+$' AND length(t) <= 9 THEN t::integer END $$;
 CREATE OR REPLACE FUNCTION zk_val(t text) RETURNS double precision LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT CASE WHEN t ~ '^[0-9]+$' AND length(t) <= 30 THEN t::double precision ELSE zk_val_of_text(t) END $$;
-CREATE OR REPLACE FUNCTION zk_val(v double precision) RETURNS double precision LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_val(v double precision) RETURNS double precision
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 BEGIN
   IF v IS NULL THEN RAISE EXCEPTION USING ERRCODE = 'ZK094'; END IF;
   RETURN v;
@@ -82,7 +83,8 @@ END $$;
 CREATE OR REPLACE FUNCTION zk_text(t text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT t $$;
 CREATE OR REPLACE FUNCTION zk_text(v bigint) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT v::text $$;
 CREATE OR REPLACE FUNCTION zk_text(v integer) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT v::text $$;
-CREATE OR REPLACE FUNCTION zk_text(v smallint) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT v::text $$;
+CREATE OR REPLACE FUNCTION zk_text(v smallint) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT v::text $$;
 CREATE OR REPLACE FUNCTION zk_text(v numeric) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT trim_scale(v)::text $$;
 -- The cast to numeric keeps 15 significant digits.
@@ -111,9 +113,11 @@ CREATE OR REPLACE FUNCTION zk_cstr(v double precision) RETURNS text LANGUAGE sql
 $$ SELECT zk_cstr_of_text(zk_text(v)) $$;
 CREATE OR REPLACE FUNCTION zk_str(v double precision) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT CASE WHEN v < 0 THEN '' ELSE ' ' END || zk_cstr(v) $$;
-CREATE OR REPLACE FUNCTION zk_str(t text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT zk_str(zk_cdbl(t)) $$;
+CREATE OR REPLACE FUNCTION zk_str(t text) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT zk_str(zk_cdbl(t)) $$;
 
-CREATE OR REPLACE FUNCTION zk_number(v double precision) RETURNS double precision LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+CREATE OR REPLACE FUNCTION zk_number(v double precision) RETURNS double precision
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT v $$;
 CREATE OR REPLACE FUNCTION zk_number(t text) RETURNS double precision LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT CASE WHEN t IS NOT NULL THEN zk_cdbl(t) END $$;
@@ -133,13 +137,15 @@ $$ SELECT coalesce(zk_boolean(t), zk_boolean(zk_cdbl(t))) $$;
 -- Days since 1899-12-30; before that day the time of day counts away from zero, too.
 CREATE OR REPLACE FUNCTION zk_is_serial(v double precision) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT v > -657435 AND v < 2958466 - 0.5 / 86400 $$;
-CREATE OR REPLACE FUNCTION zk_date_of_serial(v double precision) RETURNS timestamp LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_date_of_serial(v double precision) RETURNS timestamp
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
   IF NOT zk_is_serial(v) THEN RAISE EXCEPTION USING ERRCODE = 'ZK006'; END IF;
   RETURN timestamp '1899-12-30' + make_interval(days => trunc(v)::integer)
          + floor(abs(v - trunc(v)) * 86400 + 0.5) * interval '1 second';
 END $$;
-CREATE OR REPLACE FUNCTION zk_date(d timestamp) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT d $$;
+CREATE OR REPLACE FUNCTION zk_date(d timestamp) RETURNS timestamp
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT d $$;
 CREATE OR REPLACE FUNCTION zk_date(v double precision) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_date_of_serial(v) $$;
 CREATE OR REPLACE FUNCTION zk_date(t text) RETURNS timestamp LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
@@ -198,16 +204,19 @@ CREATE OR REPLACE FUNCTION zk_assign_short(t text) RETURNS smallint LANGUAGE sql
 $$ SELECT zk_assign_short(zk_fitting_number(t)) $$;
 CREATE OR REPLACE FUNCTION zk_assign_currency(v numeric) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT CASE WHEN abs(v) < 922337203685477.58075 THEN zk_currency(v) END $$;
-CREATE OR REPLACE FUNCTION zk_assign_currency(v double precision) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+CREATE OR REPLACE FUNCTION zk_assign_currency(v double precision) RETURNS numeric
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_assign_currency(v::numeric) $$;
 CREATE OR REPLACE FUNCTION zk_assign_currency(t text) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_assign_currency(zk_fitting_number(t)) $$;
-CREATE OR REPLACE FUNCTION zk_assign_date(d timestamp) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT d $$;
+CREATE OR REPLACE FUNCTION zk_assign_date(d timestamp) RETURNS timestamp
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT d $$;
 CREATE OR REPLACE FUNCTION zk_assign_date(v double precision) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT CASE WHEN zk_is_serial(v) THEN zk_date_of_serial(v) END $$;
 CREATE OR REPLACE FUNCTION zk_assign_date(t text) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT zk_read_date(t) $$;
-CREATE OR REPLACE FUNCTION zk_assign_boolean(v double precision) RETURNS smallint LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+CREATE OR REPLACE FUNCTION zk_assign_boolean(v double precision) RETURNS smallint
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT coalesce(zk_boolean(v), 0::smallint) $$;
 CREATE OR REPLACE FUNCTION zk_assign_boolean(t text) RETURNS smallint LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT coalesce(zk_boolean(t), 0::smallint) $$;
@@ -216,7 +225,8 @@ $$ SELECT coalesce(zk_boolean(t), 0::smallint) $$;
 
 -- What stands between brackets in a pattern of LIKE, as an expression for one character.
 CREATE OR REPLACE FUNCTION zk_regex_class(list text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
-DECLARE negated boolean := left(list, 1) = '!' AND list <> '!'; rest text := CASE WHEN negated THEN substr(list, 2) ELSE list END;
+DECLARE negated boolean := left(list, 1) = '!' AND list <> '!';
+        rest text := CASE WHEN negated THEN substr(list, 2) ELSE list END;
         low text; high text; members text := '';
 BEGIN
   WHILE rest <> '' LOOP
@@ -279,7 +289,8 @@ CREATE OR REPLACE FUNCTION zk_replace(t text, old text, new text) RETURNS text L
 $$ SELECT replace(t, old, new) $$;
 CREATE OR REPLACE FUNCTION zk_space(n double precision) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
 $$ SELECT repeat(' ', zk_length(n, 0)) $$;
-CREATE OR REPLACE FUNCTION zk_string(n double precision, t text) RETURNS text LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_string(n double precision, t text) RETURNS text
+LANGUAGE plpgsql IMMUTABLE PARALLEL SAFE AS $$
 BEGIN
   IF t = '' THEN RAISE EXCEPTION USING ERRCODE = 'ZK005'; END IF;
   RETURN repeat(left(t, 1), zk_length(n, 0));
@@ -302,7 +313,8 @@ LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT zk_strcomp(a, b) $$;
 
 -- Dates ---------------------------------------------------------------------------------------------------
 
-CREATE OR REPLACE FUNCTION zk_datepart(i text, d timestamp) RETURNS smallint LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_datepart(i text, d timestamp) RETURNS smallint
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
   RETURN CASE lower(i)
     WHEN 'yyyy' THEN extract(year FROM d) WHEN 'q' THEN extract(quarter FROM d) WHEN 'm' THEN extract(month FROM d)
@@ -320,8 +332,10 @@ BEGIN
                    '$f$ SELECT (extract(%s FROM d) + %s)::smallint $f$', f[1], f[2], (f[2] = 'dow')::integer);
   END LOOP;
 END $$;
-CREATE OR REPLACE FUNCTION zk_now() RETURNS timestamp LANGUAGE sql STABLE AS $$ SELECT date_trunc('second', localtimestamp) $$;
-CREATE OR REPLACE FUNCTION zk_today() RETURNS timestamp LANGUAGE sql STABLE AS $$ SELECT date_trunc('day', localtimestamp) $$;
+CREATE OR REPLACE FUNCTION zk_now() RETURNS timestamp
+LANGUAGE sql STABLE AS $$ SELECT date_trunc('second', localtimestamp) $$;
+CREATE OR REPLACE FUNCTION zk_today() RETURNS timestamp
+LANGUAGE sql STABLE AS $$ SELECT date_trunc('day', localtimestamp) $$;
 CREATE OR REPLACE FUNCTION zk_time() RETURNS timestamp LANGUAGE sql STABLE AS
 $$ SELECT timestamp '1899-12-30' + (date_trunc('second', localtimestamp) - date_trunc('day', localtimestamp)) $$;
 -- Nothing leaves the years 100 to 9999.
@@ -339,7 +353,8 @@ BEGIN
     RETURN d + make_interval(months => months * round(n)::integer);
   END IF;
   target := extract(epoch FROM d) + seconds * round(n)::numeric;
-  IF target NOT BETWEEN extract(epoch FROM timestamp '0100-01-01') AND extract(epoch FROM timestamp '9999-12-31 23:59:59') THEN
+  IF target NOT BETWEEN extract(epoch FROM timestamp '0100-01-01')
+                    AND extract(epoch FROM timestamp '9999-12-31 23:59:59') THEN
     RAISE EXCEPTION USING ERRCODE = 'ZK005';
   END IF;
   RETURN timestamp 'epoch' + target::bigint * interval '1 second';
@@ -375,7 +390,8 @@ BEGIN
   IF a = 0 THEN RAISE EXCEPTION USING ERRCODE = 'ZK006'; END IF;
   RAISE EXCEPTION USING ERRCODE = 'ZK011';
 END $$;
-CREATE OR REPLACE FUNCTION zk_divisor(b double precision) RETURNS integer LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_divisor(b double precision) RETURNS integer
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
   IF zk_clng(b) = 0 THEN RAISE EXCEPTION USING ERRCODE = 'ZK011'; END IF;
   RETURN zk_clng(b);
@@ -412,7 +428,8 @@ BEGIN
   IF v IS NULL THEN RAISE EXCEPTION USING ERRCODE = 'ZK094'; END IF;
   RETURN sign(v);
 END $$;
-CREATE OR REPLACE FUNCTION zk_sqr(v double precision) RETURNS double precision LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_sqr(v double precision) RETURNS double precision
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
   IF v < 0 THEN RAISE EXCEPTION USING ERRCODE = 'ZK005'; END IF;
   RETURN sqrt(v);

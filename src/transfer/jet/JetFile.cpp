@@ -1,7 +1,6 @@
 #include "transfer/jet/JetFile.h"
 
 #include <mdbtools.h>
-#include <unistd.h>
 
 #include "base/RuntimeError.h"
 #include "transfer/jet/JetHeader.h"

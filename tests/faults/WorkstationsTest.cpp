@@ -81,8 +81,13 @@ TEST_F(WorkstationsTest, FourLoseNothing) {
   expectNoLongWaits(told);
 }
 
+class LongMonthTest : public WorkstationsFixture {
+ protected:
+  LongMonthTest() : WorkstationsFixture(250) {}
+};
+
 // The cards of before the month are computed as if nobody else worked; what others enter meanwhile stays.
-TEST_F(WorkstationsTest, AMonthIsComputedWhileOthersEnterCards) {
+TEST_F(LongMonthTest, IsComputedWhileOthersEnterCards) {
   ASSERT_EQ(runProgram(import()), 0);
   const Lines month = run("8");
   const Lines computed = computedBy(month);

@@ -35,7 +35,7 @@ std::vector<TableDef> cardTables() {
       withZeroNumbers(moduleTable("fa_DeptScale", R"(
         sID:long sCardNum(20) lOptID sDeptNum(20) dblScale sDeprSubjectNum(40) sDeprSubjectName(100)
         sProjectNum(40) sProjectName(100) cItemclsId(20):text)",
-                                  {"sCardNum lOptID", "lOptID"})),
+                                  {"sCardNum lOptID", "lOptID", "sID"})),
       moduleTable("fa_AssetAttached", R"(
         lID sCardNum(20) sNum(20) sName(100) sStyle(100) sUnit(20) lQuantity dblValue dDate memRemark sMark(20)
         sLockedBy)",

@@ -18,6 +18,7 @@ namespace zelkor {
 /// One piece of a statement: text that lives elsewhere, or a number in the platform's text form.
 class StatementPiece {
  public:
+  // NOLINTBEGIN(google-explicit-constructor): pieces stand bare between the others
   StatementPiece(std::string_view text) : text_(text) {}
   StatementPiece(const std::string& text) : text_(text) {}
   StatementPiece(const char* text) : text_(text) {}
@@ -28,6 +29,7 @@ class StatementPiece {
   }
   StatementPiece(double number) { keep(textOfDouble(number)); }
   StatementPiece(Currency amount) { keep(amount.toText()); }
+  // NOLINTEND(google-explicit-constructor)
   // True and False, characters and dates have several forms: the caller writes the one that is meant.
   StatementPiece(bool) = delete;
   StatementPiece(char) = delete;

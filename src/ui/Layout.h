@@ -2,10 +2,10 @@
 
 #include <initializer_list>
 #include <QBoxLayout>
+#include <QGroupBox>
 #include <QString>
 
 class QGridLayout;
-class QGroupBox;
 class QTabWidget;
 class QWidget;
 
@@ -21,9 +21,10 @@ namespace zelkor::layout {
 /// A control, a layout within the layout, or empty space.
 class Item {
  public:
-  // Items stand bare in the expression.
+  // NOLINTBEGIN(google-explicit-constructor): items stand bare in the expression
   Item(QWidget* widget, int stretch = 0) : widget_(widget), stretch_(stretch) {}
   Item(QLayout* inner, int stretch = 0) : layout_(inner), stretch_(stretch) {}
+  // NOLINTEND(google-explicit-constructor)
 
   void addTo(QBoxLayout& box) const;
   void addTo(QGridLayout& grid, int row, int column) const;

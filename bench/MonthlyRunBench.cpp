@@ -1,19 +1,10 @@
 #include "Benchmarks.h"
-#include "depreciation/RunMonthDepr.h"
 #include "MonthlyRunFloor.h"
 #include "Stopwatch.h"
+#include "TimedJobs.h"
 
 namespace zelkor::bench {
 namespace {
-
-double runSeconds(const LargeAccountSet& original) {
-  const LargeAccountSet set(original);
-  Session session(set);
-  return secondsOf([&] {
-    RunMonthDepr(session.run(), {[] {}, [] {}});
-    session.run().engine.flush();
-  });
-}
 
 double floorSeconds(const LargeAccountSet& original) {
   const LargeAccountSet set(original);
@@ -28,7 +19,7 @@ double benchMonthlyRun(const LargeAccountSet& set) {
   const int rounds = set.cards() > 20000 ? 3 : 7;
   for (int round = 0; round < rounds; ++round) {
     floors.push_back(floorSeconds(set));
-    runs.push_back(runSeconds(set));
+    runs.push_back(secondsOfMonthlyRun(set));
   }
   return printPerCard("monthly run", set.cards(), runs, floors);
 }

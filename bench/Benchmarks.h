@@ -46,12 +46,13 @@ void benchServerStatements(const LargeAccountSet& set);
 /// The closing of a month on a server; prints one line and gives the microseconds per card.
 double benchServerMonthEnd(const LargeAccountSet& set);
 
-/// Runs every kind of job once on a server and prints which tables it went through as a whole, and its dearest
-/// statements where the server counts them.
+/// Runs every kind of job once on a server and prints which tables it went through as a whole, and its
+/// dearest statements where the server counts them.
 void benchServerScans(const LargeAccountSet& set);
 
 /// The import of a Jet file of 50 tables and 100,000 rows by zelkorctl beside mdbtools' export piped into the
-/// engine's own loader, both as processes, into a file and, with a server at hand, there; prints one line each.
+/// engine's own loader, both as processes, into a file and, with a server at hand, there; prints one line
+/// each.
 void benchImport();
 
 }  // namespace zelkor::bench

@@ -299,6 +299,7 @@ void RecordsetState::readCurrentByKey() {
   bindSlots(statement, query_->slots(), literals_);
   bindKeys(statement);
   const Projection& projection = query_->projection();
+  cachedRow_ = -1;
   cache_.clear();
   const bool found = statement.step();
   for (std::size_t i = 0; found && i < projection.columns.size(); ++i)

@@ -93,6 +93,18 @@ TEST_F(RecordsetTest, ARowDeletedUnderTheWalkIsAnError) {
   EXPECT_EQ(rs.Text("sNum"), "A3");
 }
 
+TEST_F(RecordsetTest, ARowIsReadAgainAfterOneThatWasDeleted) {
+  Recordset rs = db.OpenRecordset("select * from asset order by sNum");
+  rs.MoveLast();
+  db.Execute("delete from asset where sNum='A2'");
+  rs.MoveFirst();
+  EXPECT_EQ(rs.Text("sNum"), "A1");
+  rs.MoveNext();
+  EXPECT_EQ(errorOf([&] { rs.Text("sNum"); }), 3167);
+  rs.MovePrevious();
+  EXPECT_EQ(rs.Text("sNum"), "A1");
+}
+
 TEST_F(RecordsetTest, AFieldReadAfterAWriteIsTheRowAsItIs) {
   for (const int round : {1, 2, 3}) {  // the first run of a shape learns which columns are read
     db.Execute("update asset set lLife=10, sName='old' where sNum='A1'");

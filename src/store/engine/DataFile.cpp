@@ -21,7 +21,7 @@ constexpr std::string_view jetMark = "Standard Jet DB";
 constexpr std::size_t jetMarkOffset = 4;
 
 std::string beginningOf(const std::string& path) {
-  std::array<char, 32> buffer{};
+  std::array<char, 4096> buffer{};  // a text file may begin with comments
   std::ifstream file(path, std::ios::binary);
   file.read(buffer.data(), buffer.size());
   return {buffer.data(), static_cast<std::size_t>(file.gcount())};

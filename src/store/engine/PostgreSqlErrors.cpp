@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view ownErrorMark = "ZK";
 constexpr std::string_view unsupportedPicture = "ZK001";
+constexpr std::string_view noPrivilege = "42501";
 
 struct KnownState {
   std::string_view state;  // or its first two characters: the class
@@ -20,17 +21,11 @@ struct KnownState {
 };
 
 constexpr std::array knownStates{
-    KnownState{"22003", ErrorNumber::Overflow},
-    KnownState{"22012", ErrorNumber::DivisionByZero},
-    KnownState{"22P02", ErrorNumber::TypeMismatch},
-    KnownState{"22007", ErrorNumber::TypeMismatch},
-    KnownState{"22008", ErrorNumber::TypeMismatch},
-    KnownState{"53100", ErrorNumber::DiskFull},
-    KnownState{"25006", ErrorNumber::CannotOpenReadOnly},
-    KnownState{"42501", ErrorNumber::CannotOpenReadOnly},
-    KnownState{"55P03", ErrorNumber::FileLocked},
-    KnownState{"40P01", ErrorNumber::FileLocked},
-    KnownState{"40001", ErrorNumber::FileLocked},
+    KnownState{"22003", ErrorNumber::Overflow},           KnownState{"22012", ErrorNumber::DivisionByZero},
+    KnownState{"22P02", ErrorNumber::TypeMismatch},       KnownState{"22007", ErrorNumber::TypeMismatch},
+    KnownState{"22008", ErrorNumber::TypeMismatch},       KnownState{"53100", ErrorNumber::DiskFull},
+    KnownState{"25006", ErrorNumber::CannotOpenReadOnly}, KnownState{"55P03", ErrorNumber::FileLocked},
+    KnownState{"40P01", ErrorNumber::FileLocked},         KnownState{"40001", ErrorNumber::FileLocked},
 };
 
 std::string field(const PGresult* result, int code) {
@@ -100,6 +95,12 @@ bool connectionLost(std::string_view state) {
 
 }  // namespace
 
+std::string messageOf(const PGconn* connection) {
+  std::string message = PQerrorMessage(connection);
+  while (message.ends_with('\n')) message.pop_back();
+  return message;
+}
+
 ServerFailure failureOf(const PGconn* connection, const PGresult* result) {
   ServerFailure failure;
   failure.state = field(result, PG_DIAG_SQLSTATE);
@@ -108,7 +109,7 @@ ServerFailure failureOf(const PGconn* connection, const PGresult* result) {
   failure.table = field(result, PG_DIAG_TABLE_NAME);
   if (failure.state.empty() || PQstatus(connection) == CONNECTION_BAD) {
     failure.state.clear();
-    failure.message = PQerrorMessage(connection);
+    failure.message = messageOf(connection);
   }
   return failure;
 }
@@ -123,6 +124,9 @@ void raiseServerError(const ServerFailure& failure, const std::string& columnsOf
     throw RuntimeError(
         ErrorNumber::DuplicateKey,
         "由于将在索引、主关键字或关系中创建重复的值，请求对表的更改没有成功。（索引：" + columnsOfKey + "）");
+  if (failure.state == noPrivilege)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
+                       "没有数据库服务器上的权限，不能进行该操作。（" + failure.message + "）");
   for (const KnownState& known : knownStates)
     if (known.state == failure.state) throw RuntimeError(known.number);
   throw RuntimeError(ErrorNumber::OperationNotUpdatable, "数据库引擎错误：" + failure.message);

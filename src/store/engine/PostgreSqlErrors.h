@@ -17,6 +17,9 @@ struct ServerFailure {
 
 ServerFailure failureOf(const pg_conn* connection, const pg_result* result);
 
+/// What libpq says of the connection, without the end of its line.
+std::string messageOf(const pg_conn* connection);
+
 /// Raises the platform's error for it. `columnsOfKey` is what the message of a duplicate key says.
 [[noreturn]] void raiseServerError(const ServerFailure& failure, const std::string& columnsOfKey);
 

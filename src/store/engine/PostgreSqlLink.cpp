@@ -72,8 +72,8 @@ void PostgreSqlLink::Closer::operator()(pg_conn* connection) const {
 
 PostgreSqlLink::PostgreSqlLink(const std::string& conninfo) : connection_(PQconnectdb(conninfo.c_str())) {
   if (PQstatus(connection_.get()) != CONNECTION_OK)
-    throw RuntimeError(ErrorNumber::DeviceIo, "设备 I/O 错误：无法连接数据库服务器。" +
-                                                  std::string(PQerrorMessage(connection_.get())));
+    throw RuntimeError(ErrorNumber::DeviceIo,
+                       "设备 I/O 错误：无法连接数据库服务器。" + messageOf(connection_.get()));
   PQsetNoticeReceiver(
       connection_.get(), [](void*, const PGresult*) {}, nullptr);
   if (std::string_view(PQparameterStatus(connection_.get(), "server_encoding")) != "UTF8")

@@ -1,8 +1,12 @@
 #include "store/engine/ServerFile.h"
 
+#include <libpq-fe.h>
+
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <memory>
+#include <optional>
 
 #include "base/RuntimeError.h"
 
@@ -18,10 +22,24 @@ std::string trimmed(std::string_view text) {
   return std::string(text.substr(first, text.find_last_not_of(" \t\r\n") + 1 - first));
 }
 
+bool isComment(std::string_view line) {
+  return line.empty() || line.front() == '#' || line.front() == ';';
+}
+
 bool isSchemaName(const std::string& name) {
   const bool plain = std::ranges::all_of(
       name, [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_'; });
   return !name.empty() && plain && !name.starts_with("pg_");
+}
+
+std::optional<std::string> faultOf(const std::string& conninfo) {
+  const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
+      PQconninfoParse(conninfo.c_str(), nullptr), PQconninfoFree);
+  if (!options) return "连接参数 '" + conninfo + "' 不正确。";
+  for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option)
+    if (std::string_view(option->keyword) == "password" && option->val != nullptr)
+      return "口令不写入账套文件：请放在 .pgpass 文件或环境变量 PGPASSWORD 中。";
+  return std::nullopt;
 }
 
 [[noreturn]] void fail(const std::filesystem::path& path, const std::string& reason) {
@@ -37,7 +55,7 @@ std::map<std::string, std::string> settingsOf(const std::filesystem::path& path)
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
     const std::string text = trimmed(line);
-    if (text.empty() || text.front() == '#' || text.front() == ';') continue;
+    if (isComment(text)) continue;
     if (text.front() == '[') {
       within = text == section;
     } else if (within) {
@@ -53,7 +71,12 @@ std::map<std::string, std::string> settingsOf(const std::filesystem::path& path)
 
 bool ServerFile::isServerFile(std::string_view text) {
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-  return trimmed(text).starts_with(section);
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    if (const std::string content = trimmed(line); !isComment(content)) return content == section;
+  }
+  return false;
 }
 
 ServerFile ServerFile::read(const std::filesystem::path& path) {
@@ -65,6 +88,7 @@ ServerFile ServerFile::read(const std::filesystem::path& path) {
   };
   if (setting("engine") != "postgresql") fail(path, "不支持的 engine '" + setting("engine") + "'。");
   ServerFile file{setting("conninfo"), setting("schema")};
+  if (const auto fault = faultOf(file.conninfo)) fail(path, *fault);
   if (!isSchemaName(file.schema)) fail(path, "schema 只能由小写字母、数字和下划线组成。");
   return file;
 }
@@ -74,6 +98,10 @@ void ServerFile::write(const std::filesystem::path& path) const {
   file << section << "\nengine=postgresql\nconninfo=" << conninfo << "\nschema=" << schema << '\n';
   file.close();
   if (!file) throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法写入文件 '" + path.string() + "'。");
+}
+
+void requireNoPassword(const std::string& conninfo) {
+  if (const auto fault = faultOf(conninfo)) throw RuntimeError(ErrorNumber::TypeMismatch, *fault);
 }
 
 void requireSchemaName(const std::string& name) {

@@ -2,8 +2,6 @@
 
 #include <libpq-fe.h>
 
-#include <memory>
-
 #include "base/RuntimeError.h"
 #include "store/engine/PostgreSqlEngine.h"
 #include "store/engine/ServerCopy.h"
@@ -57,16 +55,6 @@ void carryRows(PostgreSqlLink& server, Engine& source, const dialect::TableInfo&
 }
 
 }  // namespace
-
-void requireNoPassword(const std::string& conninfo) {
-  const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
-      PQconninfoParse(conninfo.c_str(), nullptr), PQconninfoFree);
-  if (!options) throw RuntimeError(ErrorNumber::TypeMismatch, "连接参数 '" + conninfo + "' 不正确。");
-  for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option)
-    if (std::string_view(option->keyword) == "password" && option->val != nullptr)
-      throw RuntimeError(ErrorNumber::TypeMismatch,
-                         "口令不写入账套文件：请放在 .pgpass 文件或环境变量 PGPASSWORD 中。");
-}
 
 void createSchema(PostgreSqlLink& server, const std::string& schema) {
   requireFitDatabase(server);

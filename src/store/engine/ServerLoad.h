@@ -9,10 +9,6 @@
 
 namespace zelkor {
 
-/// Error 13 for a password in what is to be written into a file: passwords belong where the server's programs
-/// look for them.
-void requireNoPassword(const std::string& conninfo);
-
 /// Makes a session's schema, which must be new: the functions that translated statements call.
 void createSchema(PostgreSqlLink& server, const std::string& schema);
 

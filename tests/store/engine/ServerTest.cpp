@@ -38,15 +38,21 @@ TEST_P(ServerFileTest, SaysWhatIsWrong) {
 
 INSTANTIATE_TEST_SUITE_P(
     Files, ServerFileTest,
-    testing::Values(BadServerFile{"NoEngine", "[zelkor]\nconninfo=host=x\nschema=a\n", "缺少 engine"},
-                    BadServerFile{"OtherEngine", "[zelkor]\nengine=oracle\nconninfo=x\nschema=a\n", "oracle"},
-                    BadServerFile{"NoServer", "[zelkor]\nengine=postgresql\nschema=a\n", "缺少 conninfo"},
-                    BadServerFile{"NoSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=\n",
-                                  "缺少 schema"},
-                    BadServerFile{"BadSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=a\"b\n",
-                                  "schema 只能"},
-                    BadServerFile{"NoPair", "\xEF\xBB\xBF[zelkor]\n# a comment\nengine postgresql\n",
-                                  "engine postgresql"}),
+    testing::Values(
+        BadServerFile{"NoEngine", "[zelkor]\nconninfo=host=x\nschema=a\n", "缺少 engine"},
+        BadServerFile{"OtherEngine", "[zelkor]\nengine=oracle\nconninfo=x\nschema=a\n", "oracle"},
+        BadServerFile{"NoServer", "[zelkor]\nengine=postgresql\nschema=a\n", "缺少 conninfo"},
+        BadServerFile{"NoSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=\n", "缺少 schema"},
+        BadServerFile{"BadSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=a\"b\n",
+                      "schema 只能"},
+        BadServerFile{"Password",
+                      "; text\n[zelkor]\nengine=postgresql\n"
+                      "conninfo=host=x password=secret\nschema=a\n",
+                      "口令不写入账套文件"},
+        BadServerFile{"BadWords", "\n# text\n[zelkor]\nengine=postgresql\nconninfo=x y\nschema=a\n",
+                      "连接参数 'x y' 不正确"},
+        BadServerFile{"NoPair", "\xEF\xBB\xBF[zelkor]\n# a comment\nengine postgresql\n",
+                      "engine postgresql"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(ServerFile, IsReadAsItWasWritten) {
@@ -119,6 +125,19 @@ TEST_F(ServerTest, FunctionsOfAnOlderVersionAreRenewed) {
   Database renewed = other.OpenDatabase(path);
   renewed.Execute("insert into t (sNum) values ('1')");
   EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id,val(sNum) from t")), (std::vector<std::string>{"1|1"}));
+}
+
+TEST_F(ServerTest, TellsWhatItsUserMayNotDo) {
+  PostgreSqlEngine other(ServerFile::read(path));
+  other.run("SET ROLE pg_monitor");
+  try {
+    other.run("CREATE SCHEMA forbidden");
+    FAIL();
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), 3051);
+    EXPECT_THAT(error.what(),
+                HasSubstr("没有数据库服务器上的权限，不能进行该操作。（permission denied for database "));
+  }
 }
 
 TEST_F(ServerTest, NamesTheKeyThatIsThereAlready) {

@@ -11,6 +11,7 @@ template <typename T>
 class Box {
  public:
   Box() : value_(std::make_unique<T>()) {}
+  // NOLINTNEXTLINE(google-explicit-constructor): a value is boxed where it stands
   Box(T value) : value_(std::make_unique<T>(std::move(value))) {}
   Box(const Box& other) : value_(std::make_unique<T>(*other)) {}
   Box(Box&&) noexcept = default;

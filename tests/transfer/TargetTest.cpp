@@ -194,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
                            "b[1].s: 值不同；来源 2 行，目标 3 行。"},
                     Change{"DELETE FROM b WHERE s = 'y'", "b: 来源 2 行，目标 1 行。"},
                     Change{"INSERT INTO b VALUES ('z')", "b: 来源 2 行，目标 3 行。"},
-                    Change{"DROP TABLE b", "b: 找不到输入表或查询"},
+                    Change{"DROP TABLE b", "b: 数据库引擎找不到输入表或查询 'b'"},
                     Change{"UPDATE a SET s = 'other' WHERE i_id = 2",
                            "a.i_id: 编号 2 的行不同；来源 3 行，目标 3 行。"},
                     Change{"DELETE FROM a WHERE i_id = 2", "a.i_id: 编号 2 的行不同；来源 3 行，目标 2 行。"},

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "store/dialect/Bind.h"
+#include "store/dialect/NameErrors.h"
 #include "store/dialect/Rewrite.h"
 #include "store/dialect/Types.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 const ColumnInfo& columnOf(const TableInfo& table, const std::string& name) {
   if (const ColumnInfo* column = table.find(name)) return *column;
-  throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+  throw unknownColumn(name);
 }
 
 [[noreturn]] void raiseColumnCount() {

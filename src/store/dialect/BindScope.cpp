@@ -1,6 +1,7 @@
 #include "store/dialect/BindScope.h"
 
 #include "base/RuntimeError.h"
+#include "store/dialect/NameErrors.h"
 #include "store/dialect/Types.h"
 
 namespace zelkor::dialect {
@@ -9,9 +10,7 @@ using bound::Node;
 
 const TableInfo& BindContext::table(std::string_view name) const {
   if (const TableInfo* info = schema.table(name)) return *info;
-  throw RuntimeError(
-      ErrorNumber::CannotOpenTableOrQuery,
-      "数据库引擎找不到输入表或查询 '" + std::string(name) + "'。请确定它存在，并且名称拼写正确。");
+  throw unknownTable(name);
 }
 
 std::size_t BindContext::addSlot(std::size_t literal, BindAs bindAs, ColumnType target) {
@@ -41,7 +40,7 @@ namespace {
 [[noreturn]] void raiseUnknownName(const ColumnRef& reference) {
   const std::string name =
       reference.table.empty() ? reference.column : reference.table + "." + reference.column;
-  throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+  throw unknownColumn(name);
 }
 
 [[noreturn]] void raiseAmbiguous(const ColumnRef& reference) {
@@ -94,9 +93,7 @@ Node Scope::resolve(const ColumnRef& reference) const {
 std::size_t Scope::sourceNamed(std::string_view name) const {
   for (std::size_t i = 0; i < sources.size(); ++i)
     if (sameName(sources[i].name, name)) return i;
-  throw RuntimeError(
-      ErrorNumber::CannotOpenTableOrQuery,
-      "数据库引擎找不到输入表或查询 '" + std::string(name) + "'。请确定它存在，并且名称拼写正确。");
+  throw unknownTable(name);
 }
 
 }  // namespace zelkor::dialect

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "store/dialect/Emit.h"
+#include "store/dialect/NameErrors.h"
 #include "store/dialect/Translate.h"
 #include "store/dialect/Types.h"
 
@@ -68,7 +69,7 @@ bool isCounter(const std::vector<ColumnInfo>& columns, const std::vector<std::st
 
 const ColumnInfo& columnNamed(const TableInfo& table, const std::string& name) {
   if (const ColumnInfo* column = table.find(name)) return *column;
-  throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+  throw unknownColumn(name);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/RuntimeError.h"
+#include "store/dialect/NameErrors.h"
 #include "store/engine/Binding.h"
 #include "store/engine/RecordsetState.h"
 
@@ -73,9 +74,7 @@ Recordset Connection::open(std::string_view sqlOrTable) {
 }
 
 Recordset Connection::openTable(std::string_view table) {
-  if (schema_.table(table) == nullptr)
-    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery,
-                       "找不到输入表或查询 '" + std::string(table) + "'。");
+  if (schema_.table(table) == nullptr) throw dialect::unknownTable(table);
   return openQuery("select * from [" + std::string(table) + "]");
 }
 

@@ -2,11 +2,13 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "store/dialect/NameErrors.h"
 
 namespace zelkor {
 namespace {
@@ -16,7 +18,7 @@ constexpr std::string_view unsupportedPicture = "ZK001";
 constexpr std::string_view noPrivilege = "42501";
 
 struct KnownState {
-  std::string_view state;  // or its first two characters: the class
+  std::string_view state;
   ErrorNumber number;
 };
 
@@ -24,9 +26,11 @@ constexpr std::array knownStates{
     KnownState{"22003", ErrorNumber::Overflow},           KnownState{"22012", ErrorNumber::DivisionByZero},
     KnownState{"22P02", ErrorNumber::TypeMismatch},       KnownState{"22007", ErrorNumber::TypeMismatch},
     KnownState{"22008", ErrorNumber::TypeMismatch},       KnownState{"53100", ErrorNumber::DiskFull},
-    KnownState{"25006", ErrorNumber::CannotOpenReadOnly}, KnownState{"55P03", ErrorNumber::FileLocked},
-    KnownState{"40P01", ErrorNumber::FileLocked},         KnownState{"40001", ErrorNumber::FileLocked},
+    KnownState{"25006", ErrorNumber::CannotOpenReadOnly},
 };
+
+// No lock in time, a deadlock, a transaction that another one has overtaken.
+constexpr std::array<std::string_view, 3> lockedStates{"55P03", "40P01", "40001"};
 
 std::string field(const PGresult* result, int code) {
   const char* text = PQresultErrorField(result, code);
@@ -79,10 +83,8 @@ std::string indexNamed(const std::string& name) {
 
 void raiseNameError(const ServerFailure& failure) {
   const std::string name = quotedName(failure.message);
-  if (failure.state == "42P01")
-    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + name + "'。");
-  if (failure.state == "42703")
-    throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + name + "）");
+  if (failure.state == "42P01") throw dialect::unknownTable(name);
+  if (failure.state == "42703") throw dialect::unknownColumn(name);
   if (failure.state == "42704")
     throw RuntimeError(ErrorNumber::NoSuchIndex, "没有这样的索引。（" + indexNamed(name) + "）");
   if (failure.state == "42P07") raiseNameTaken(name);
@@ -127,6 +129,8 @@ void raiseServerError(const ServerFailure& failure, const std::string& columnsOf
   if (failure.state == noPrivilege)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "没有数据库服务器上的权限，不能进行该操作。（" + failure.message + "）");
+  if (std::ranges::find(lockedStates, failure.state) != lockedStates.end())
+    throw RuntimeError(ErrorNumber::FileLocked, "数据文件正被另一个进程锁定，无法使用。");
   for (const KnownState& known : knownStates)
     if (known.state == failure.state) throw RuntimeError(known.number);
   throw RuntimeError(ErrorNumber::OperationNotUpdatable, "数据库引擎错误：" + failure.message);

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "store/dialect/NameErrors.h"
 
 namespace zelkor {
 namespace {
@@ -48,9 +49,9 @@ void raiseTableExists(std::string_view message) {
 
 void raiseUnknownName(std::string_view message) {
   if (const std::string table = behind(message, "no such table: "); !table.empty())
-    throw RuntimeError(ErrorNumber::CannotOpenTableOrQuery, "找不到输入表或查询 '" + table + "'。");
+    throw dialect::unknownTable(table);
   if (const std::string column = behind(message, "no such column: "); !column.empty())
-    throw RuntimeError(ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + column + "）");
+    throw dialect::unknownColumn(column);
 }
 
 // "UNIQUE constraint failed: fa_departments.sNum": the engine names the columns of the index.

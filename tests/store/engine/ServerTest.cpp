@@ -127,18 +127,39 @@ TEST_F(ServerTest, FunctionsOfAnOlderVersionAreRenewed) {
   EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id,val(sNum) from t")), (std::vector<std::string>{"1|1"}));
 }
 
-TEST_F(ServerTest, TellsWhatItsUserMayNotDo) {
-  PostgreSqlEngine other(ServerFile::read(path));
-  other.run("SET ROLE pg_monitor");
+struct Refused {
+  const char* name;
+  const char* before;  // what the later user does first
+  const char* refused;
+  int number;
+  const char* message;
+};
+
+class RefusedTest : public ServerTest, public testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedTest, TellsWhatTheServerRefuses) {
+  PostgreSqlEngine first(ServerFile::read(path));
+  PostgreSqlEngine later(ServerFile::read(path));
+  first.run("BEGIN; LOCK TABLE t");
+  later.run(GetParam().before);
   try {
-    other.run("CREATE SCHEMA forbidden");
+    later.run(GetParam().refused);
     FAIL();
   } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 3051);
-    EXPECT_THAT(error.what(),
-                HasSubstr("没有数据库服务器上的权限，不能进行该操作。（permission denied for database "));
+    EXPECT_EQ(error.number(), GetParam().number);
+    EXPECT_THAT(error.what(), HasSubstr(GetParam().message));
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Statements, RefusedTest,
+    testing::Values(Refused{"NoRight", "SET ROLE pg_monitor", "CREATE SCHEMA forbidden", 3051,
+                            "没有数据库服务器上的权限，不能进行该操作。（permission denied for database "},
+                    Refused{"NoLockInTime", "SET lock_timeout = '20ms'", "DELETE FROM t", 3045,
+                            "数据文件正被另一个进程锁定，无法使用。"},
+                    Refused{"NoTable", "SELECT 1", "DELETE FROM gone", 3078,
+                            "数据库引擎找不到输入表或查询 'gone'。请确定它存在，并且名称拼写正确。"}),
+    [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST_F(ServerTest, NamesTheKeyThatIsThereAlready) {
   db.Execute("insert into t (sNum) values ('a')");

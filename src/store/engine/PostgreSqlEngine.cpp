@@ -4,11 +4,14 @@
 #include "store/engine/ServerFunctions.h"
 
 namespace zelkor {
+// What values are read by, and how transactions see each other, is not left to the server's configuration.
 // Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed, so that they
 // come in the order of their keys.
 std::string sessionSettings(const std::string& schema) {
   return "SET search_path = \"" + schema +
          "\", public; SET datestyle = 'ISO, YMD'; SET synchronous_commit = off; SET lock_timeout = '10s'; "
+         "SET extra_float_digits = 1; SET bytea_output = 'hex'; "
+         "SET default_transaction_isolation = 'read committed'; "
          "SET standard_conforming_strings = on; SET jit = off; SET enable_hashagg = off";
 }
 

@@ -127,6 +127,24 @@ TEST_F(ServerTest, FunctionsOfAnOlderVersionAreRenewed) {
   EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id,val(sNum) from t")), (std::vector<std::string>{"1|1"}));
 }
 
+TEST_F(ServerTest, ReadsValuesWholeHoweverTheServerIsSet) {
+  db.Execute("create table v (x double, o longbinary)");
+  PostgreSqlEngine(ServerFile::read(path)).run("INSERT INTO v VALUES (0.12345678901234567, '\\x00ff5c')");
+  ServerFile strange = ServerFile::read(path);
+  strange.conninfo +=
+      " options='-cextra_float_digits=-2 -cbytea_output=escape -cDateStyle=German "
+      "-cdefault_transaction_isolation=serializable'";
+  strange.write(directory / "strange");
+  DbEngine own;
+  Recordset rows = own.OpenDatabase((directory / "strange").string()).OpenRecordset("select * from v");
+  EXPECT_EQ(rows.Fields("x").number(), 0.12345678901234567);
+  EXPECT_EQ(rows.Fields("o").text(), std::string("\0\xFF\\", 3));
+  PostgreSqlEngine session(strange);
+  const auto isolation = session.prepare("SELECT current_setting('transaction_isolation')");
+  isolation->step();
+  EXPECT_EQ(isolation->text(0), "read committed");
+}
+
 struct Refused {
   const char* name;
   const char* before;  // what the later user does first

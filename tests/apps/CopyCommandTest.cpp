@@ -135,6 +135,8 @@ TEST_F(CopyCommandTest, SaysWhatCannotBeDone) {
            {{"copy", file("set"), home_ / "x.Mdb", "--server", "host=" + home_.path().string()},
             1,
             "错误 57：设备 I/O 错误：无法连接数据库服务器"},
+           {{"copy", file("set"), home_ / "x.Mdb", "--server", ""}, 2, "没有连接参数"},
+           {{"create", home_ / "x.Mdb", "--server", ""}, 2, "没有连接参数"},
            {{"copy", file("set"), home_ / "x.Mdb", "--schema", "s"}, 2, "--schema requires --server"},
            {{"copy", file("set")}, 2, "TARGET is required"}}) {
     const ProgramResult result = ctl(call);

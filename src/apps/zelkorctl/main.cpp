@@ -66,6 +66,11 @@ std::string checkedDate(const std::string& text) {
   return parseIsoDate(text) ? std::string() : "“" + text + "”不是 yyyy-mm-dd 形式的日期";
 }
 
+// An empty word would mean a file, where a server was asked for.
+std::string checkedServer(const std::string& text) {
+  return text.empty() ? "没有连接参数" : std::string();
+}
+
 std::string checkedAnswers(const std::string& text) {
   for (const std::string& word : Split(text, ',')) {
     if (!answerFromWord(word)) return "“" + word + "”不是 y、n、o 或 c";
@@ -113,7 +118,8 @@ void CommandLine::addCreate() {
       ->capture_default_str()
       ->check(CLI::Range(1, 12));
   command->add_option("--server", server_, "建在 PostgreSQL 服务器上：连接参数，不含口令")
-      ->type_name("CONNINFO");
+      ->type_name("CONNINFO")
+      ->check(checkedServer);
   command->add_flag("--sample", accountSet_.sample, "加入示例档案并标为已初始化");
   command->callback(
       [this] { call_ = [this] { return createCommand(directory_, server_, accountSet_, std::cout); }; });
@@ -130,7 +136,8 @@ void CommandLine::addTransferOptions(CLI::App& command) {
   command.add_option("TARGET", transfer_.target, "要建立的数据文件")->required();
   CLI::Option* server =
       command.add_option("--server", transfer_.server, "建在 PostgreSQL 服务器上：连接参数，不含口令")
-          ->type_name("CONNINFO");
+          ->type_name("CONNINFO")
+          ->check(checkedServer);
   command.add_option("--schema", transfer_.schema, "服务器上 schema 的名称；不给出时按目标文件的名称")
       ->needs(server);
   command.add_flag("--check", transfer_.check, "完成后逐行核对");

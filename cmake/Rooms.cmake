@@ -49,5 +49,5 @@ function(zelkor_room_tests room)
     ZELKOR_DATA_DIR="${CMAKE_SOURCE_DIR}/data"
     ZELKOR_SHARED_DATA_DIR="${CMAKE_SOURCE_DIR}/../shared/data")
   target_link_libraries(zelkor_${room}_tests PRIVATE zelkor_options ${ARGN} GTest::gtest GTest::gtest_main GTest::gmock)
-  gtest_discover_tests(zelkor_${room}_tests DISCOVERY_TIMEOUT 60 ${ZELKOR_TEST_PROPERTIES})
+  gtest_discover_tests(zelkor_${room}_tests NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 ${ZELKOR_TEST_PROPERTIES})
 endfunction()

@@ -39,12 +39,7 @@ bool writable(const fs::path& path) {
 void checkIsFile(const std::string& path) {
   if (path.empty())
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 ''：参数中没有给出数据文件或系统文件的路径。");
-  std::error_code failure;
-  const fs::file_status status = fs::status(path, failure);
-  if (status.type() == fs::file_type::not_found)
-    throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path + "'。");
-  if (status.type() != fs::file_type::regular)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "'" + path + "' 不是数据库文件，无法打开。");
+  requireReadable(path);
 }
 
 void checkIsWritable(const std::string& path) {
@@ -66,6 +61,20 @@ void checkFormat(const std::string& path) {
 }
 
 }  // namespace
+
+void requireReadable(const fs::path& path) {
+  std::error_code failure;
+  const fs::file_status status = fs::status(path, failure);
+  const std::string name = "'" + path.string() + "'";
+  if (status.type() == fs::file_type::not_found)
+    throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 " + name + "。");
+  if (status.type() == fs::file_type::none)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法打开文件 " + name + "：" + failure.message());
+  if (status.type() != fs::file_type::regular)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, name + " 不是数据库文件，无法打开。");
+  if (::access(path.c_str(), R_OK) != 0)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "文件 " + name + " 没有读权限，无法打开。");
+}
 
 std::unique_ptr<Engine> openDataFile(const std::string& path) {
   checkIsFile(path);

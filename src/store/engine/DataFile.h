@@ -1,11 +1,15 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "store/engine/Engine.h"
 
 namespace zelkor {
+
+/// Error 3024 where there is nothing, 3051 for what is no file or may not be read.
+void requireReadable(const std::filesystem::path& path);
 
 /// Opens the engine that the path names: an SQLite file, or a text file that names a schema on a server.
 /// Errors: 3024 missing, 3051 read-only or not a file, 3343 no database, or a real Jet file, for which the

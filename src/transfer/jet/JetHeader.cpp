@@ -1,13 +1,12 @@
 #include "transfer/jet/JetHeader.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <fstream>
 #include <string>
 
 #include "base/RuntimeError.h"
+#include "store/engine/DataFile.h"
 #include "store/engine/ServerFile.h"
 
 namespace zelkor::jet {
@@ -28,18 +27,6 @@ std::string beginningOf(const fs::path& path) {
   return {buffer.data(), static_cast<std::size_t>(file.gcount())};
 }
 
-void checkReadable(const fs::path& path) {
-  std::error_code failure;
-  const fs::file_status status = fs::status(path, failure);
-  if (status.type() == fs::file_type::not_found)
-    throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path.string() + "'。");
-  if (status.type() != fs::file_type::regular)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "'" + path.string() + "' 不是数据库文件，无法打开。");
-  if (::access(path.c_str(), R_OK) != 0)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "文件 '" + path.string() + "' 没有读权限，无法打开。");
-}
-
 [[noreturn]] void refuse(const fs::path& path, const std::string& what) {
   throw RuntimeError(ErrorNumber::UnrecognizedFormat, "'" + path.string() + "' " + what + "。");
 }
@@ -47,7 +34,7 @@ void checkReadable(const fs::path& path) {
 }  // namespace
 
 Layout checkedLayout(const fs::path& path) {
-  checkReadable(path);
+  requireReadable(path);
   const std::string beginning = beginningOf(path);
   if (beginning.starts_with(sqliteMark) || ServerFile::isServerFile(beginning))
     refuse(path, "已经是本系统的数据文件，不需要导入；要复制它，请用 zelkorctl copy");

@@ -1,4 +1,6 @@
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "store/dialect/Emit.h"
 #include "store/engine/DataFile.h"
@@ -197,6 +199,40 @@ TEST(OpenDatabaseTest, RefusesDirectoriesAndReadOnlyFiles) {
   const std::string path = makeEmptyDataFile(directory.path());
   std::filesystem::permissions(path, std::filesystem::perms::owner_read);
   EXPECT_EQ(errorOf([&] { engine.OpenDatabase(path); }), 3051);
+}
+
+/// Opens the file as a user without privileges, in a process of its own that ends with 0 where the text says
+/// so.
+int refusalAsNobody(const std::string& path, const std::string& text) {
+  const pid_t child = fork();
+  if (child == 0) {
+    if (geteuid() == 0 && setuid(65534) != 0) _exit(2);
+    try {
+      openDataFileForReading(path);
+    } catch (const RuntimeError& error) {
+      _exit(error.number() == 3051 && std::string(error.what()).find(text) != std::string::npos ? 0 : 1);
+    }
+    _exit(3);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WEXITSTATUS(status);
+}
+
+TEST(OpenDatabaseTest, TellsAFileWithoutPermissionFromWhatIsNoFile) {
+  namespace fs = std::filesystem;
+  const TempDir directory;
+  fs::permissions(directory.path(), fs::perms(0755));
+  const fs::path books = directory.path() / "ZkData.Mdb";
+  std::ofstream(books) << "[zelkor]\nengine=postgresql\nconninfo=service=books\nschema=books\n";
+  fs::permissions(books, fs::perms::none);
+  EXPECT_EQ(refusalAsNobody(books, "没有读权限"), 0);
+  EXPECT_EQ(refusalAsNobody(directory.path(), "不是数据库文件"), 0);
+  const fs::path closed = directory.path() / "closed";
+  fs::create_directory(closed);
+  fs::permissions(closed, fs::perms::none);
+  EXPECT_EQ(refusalAsNobody(closed / "ZkData.Mdb", "Permission denied"), 0);
+  fs::permissions(closed, fs::perms::owner_all);
 }
 
 TEST_F(WritingTest, BytesComeBackAsTheyWereBound) {

@@ -63,32 +63,41 @@ class CardEditorTest : public FormTest {
   }
   /// Picks an entry of an archive by the field's button.
   static void pickEntry(const QWidget& form, int field, const QString& entry) {
-    inModalForm([entry](QWidget& picker) {
-      selectNode(picker, "TvAssentTypes", entry);
-      click(picker, "CmdOK");
-    });
+    pickNext("TvAssentTypes", entry, "CmdOK");
     click(form, name("CmdAddCards", field).c_str());
   }
   static void pickSubject(const QWidget& form, const QString& node) {
-    inModalForm([node](QWidget& picker) {
-      selectNode(picker, "TvCode", node);
-      click(picker, "cmdOK");
-    });
+    pickNext("TvCode", node, "cmdOK");
     click(form, "CmdAddCards24");
   }
-
-  void expectWarning(const std::string& text) { dialogs.expectOk(text, Icon::Exclamation, "固定资产"); }
-  void expectSaved() { dialogs.expectOk("固定资产卡片已正确保存！", Icon::Information, "固定资产"); }
-
-  /// "保存" and so on of the keys that are enabled.
-  static std::string enabledKeys(const QWidget& form) {
-    std::string keys;
-    for (const char* key : {"保存", "编辑", "取消", "修改", "删除", "退出"}) {
-      if (command(form, key).isEnabled()) keys += key;
-    }
-    return keys;
+  /// Department, way of addition and status, which a card must have.
+  static void fillReferences(const QWidget& form) {
+    pickEntry(form, 8, "一车间");
+    pickEntry(form, 9, "直接购入");
+    pickEntry(form, 11, "在用");
   }
-  std::string count(const std::string& table) { return row("select Count(*) from " + table); }
+  /// All that a card must have.
+  static void fillCard(const QWidget& form, const QString& assetName, const QString& value) {
+    enter(form, 4, assetName);
+    fillReferences(form);
+    enter(form, 14, "2020-4-6");
+    enter(form, 17, value);
+  }
+
+  void saveAndExpectSuccess(const QWidget& form) {
+    tells("固定资产卡片已正确保存！", Icon::Information);
+    press(form, "保存");
+  }
+  /// Texts of these fields, joined by "|".
+  static std::string shown(const QWidget& form, std::initializer_list<int> fields) {
+    std::string joined;
+    for (const int field : fields) joined += (field == *fields.begin() ? "" : "|") + shown(form, field);
+    return joined;
+  }
+  /// Keys of the toolbar that are enabled.
+  static std::string enabledKeys(const QWidget& form) {
+    return enabledOf(form, {"保存", "编辑", "取消", "修改", "删除", "退出"});
+  }
 };
 
 }  // namespace zelkor::test

@@ -7,44 +7,25 @@
 namespace zelkor::test {
 namespace {
 
-constexpr const char* kTitle = "固定资产";
-
 class FrmFABalanceTest : public SheetFormTest {
  protected:
   FrmFABalance& openBalance() {
     auto& form = host.show<FrmFABalance>(context.gstrZtFile);
-    form.activateWindow();
-    QApplication::processEvents();
+    activate(form);
     return form;
   }
   static std::string texts(const QWidget& form, std::initializer_list<int> numbers) {
     return SheetFormTest::texts(form, "Text", numbers);
   }
   static void pickMethod(const QWidget& form, const QString& method) {
-    inModalForm([method](QWidget& picker) {
-      selectNode(picker, "tvwType", method);
-      click(picker, "cmdOK");
-    });
+    pickNext("tvwType", method, "cmdOK");
     click(form, "cmdMethod");
   }
-  static void pickFirstCard(const QWidget& form) {
-    inModalForm([](QWidget& picker) {
-      control<FlexGrid>(picker, "mshTable").selectGridRow(1);
-      click(picker, "cmdOK");
-    });
-    click(form, "cmdMobile3");
-  }
-  void refuse(const QWidget& form, const char* text) {
-    dialogs.expectOk(text, Icon::Exclamation, kTitle);
-    press(form, "保存");
-    EXPECT_TRUE(dialogs.allShown());
-  }
+  static void pickFirstCard(const QWidget& form) { pickCard(form, "cmdMobile3", 1); }
 };
 
 TEST_F(FrmFABalanceTest, changesTheMethodAndPreparesTheNextSheet) {
   const auto& form = openBalance();
-  EXPECT_EQ(form.windowTitle(), "固定资产变动单");
-  EXPECT_EQ(control<QComboBox>(form, "cmbType").currentText(), "折旧方法调整");
   EXPECT_EQ(texts(form, {1, 2, 11}) + "|" + textOf(form, "txtTemp"), "00001|2020-5-15|陈会计|1");
   pickFirstCard(form);
   EXPECT_EQ(texts(form, {3, 4, 6, 8}) + "|" + textOf(form, "txtBFID"),
@@ -52,7 +33,7 @@ TEST_F(FrmFABalanceTest, changesTheMethodAndPreparesTheNextSheet) {
   pickMethod(form, "年数总和法[5]");
   EXPECT_EQ(texts(form, {9}) + "|" + textOf(form, "txtAFID"), "年数总和法|5");
   enter(form, "txtMobile", {"更新快"});
-  dialogs.expectOk("数据保存成功!", Icon::Exclamation, kTitle);
+  tells("数据保存成功!");
   press(form, "保存");
   EXPECT_EQ(newestVersion("sCardID,sDeprMethodID,dblNetValueAct,dblTransInDeprTCard,iTransPeriod"),
             "2|5|11905.5|95|6");
@@ -63,13 +44,17 @@ TEST_F(FrmFABalanceTest, changesTheMethodAndPreparesTheNextSheet) {
 
 TEST_F(FrmFABalanceTest, refusesAnIncompleteSheetAndAnUnchangedMethod) {
   const auto& form = openBalance();
-  refuse(form, "数据填写不完整!");
+  expectRefusal(form, "数据填写不完整!");
   pickFirstCard(form);
   pickMethod(form, "平均年限法(一)[2]");
-  refuse(form, "数据填写不完整!");
+  expectRefusal(form, "数据填写不完整!");
   enter(form, "txtMobile", {"无"});
-  refuse(form, "变动后内容不应和变动前内容相同");
+  expectRefusal(form, "变动后内容不应和变动前内容相同");
   EXPECT_EQ(count("fa_Vouchers"), "0");
+  pickMethod(form, "直线法[6]");
+  execute("drop table fa_Vouchers");
+  expectRefusal(form, "数据保存失败!");
+  EXPECT_EQ(texts(form, {3, 9, 10}), "00001|直线法|无") << "the sheet stays";
 }
 
 TEST_F(FrmFABalanceTest, asksBeforeItLeavesTheWorkloadMethod) {
@@ -80,48 +65,37 @@ TEST_F(FrmFABalanceTest, asksBeforeItLeavesTheWorkloadMethod) {
   type(form, "txtMobile", "停用计量");
   const char* question =
       "由于本资产折旧方法已不再和工作量有关，所以本月工作量将被清空.\n确实要进行此变动吗？";
-  dialogs.expectYesNo(question, Answer::No, Icon::Question, "资产变动");
+  asks(question, Answer::No, "资产变动");
   press(form, "保存");
   EXPECT_EQ(count("fa_Cards") + count("fa_Vouchers"), "10");
-  dialogs.expectYesNo(question, Answer::Yes, Icon::Question, "资产变动");
-  dialogs.expectOk("数据保存成功!", Icon::Exclamation, kTitle);
+  asks(question, Answer::Yes, "资产变动");
+  tells("数据保存成功!");
   press(form, "保存");
   EXPECT_EQ(newestVersion("sDeprMethodID,dblPerDepr,dblTransInDeprTCard,dblNetValueAct"), "3|0|0|11905.5");
 }
 
-TEST_F(FrmFABalanceTest, tellsAFailedSaveAndKeepsTheSheet) {
-  const auto& form = openBalance();
-  pickFirstCard(form);
-  pickMethod(form, "直线法[6]");
-  enter(form, "txtMobile", {"x"});
-  execute("drop table fa_Vouchers");
-  refuse(form, "数据保存失败!");
-  EXPECT_EQ(texts(form, {3, 9, 10}), "00001|直线法|x");
-}
-
 TEST_F(FrmFABalanceTest, loadsATypedCard) {
   const auto& form = openBalance();
-  dialogs.expectOk("当前卡片已不存在！", Icon::Exclamation, kTitle);
+  tells("当前卡片已不存在！");
   enter(form, "txtMobile", {"00009"});
   EXPECT_EQ(texts(form, {3, 6}), "|");
   enter(form, "txtMobile", {"00001"});
   EXPECT_EQ(texts(form, {3, 4, 5, 6, 8}), "00001|02100001|2020-4-1|车床|平均年限法(一)");
-  sendKey(control<QLineEdit>(form, "txtMobile"), Qt::Key_Backtab);
-  sendKey(control<QLineEdit>(form, "txtMobile"), Qt::Key_Backtab);
+  goBack(form, "txtMobile", 2);
   type(form, "txtMobile", "7");
-  refuse(form, "当前卡片已不存在！");
+  expectRefusal(form, "当前卡片已不存在！");
   EXPECT_EQ(texts(form, {3}), "00001") << "the card that is loaded; nothing else is checked";
 }
 
 TEST_F(FrmFABalanceTest, keepsWhatStandsWhenNothingIsPicked) {
   const auto& form = openBalance();
   for (const char* button : {"cmdMobile3", "cmdMobile4", "cmdMethod"}) {
-    inModalForm([](QWidget& picker) { sendKey(picker, Qt::Key_Escape); });
+    leaveNext();
     click(form, button);
   }
   EXPECT_EQ(texts(form, {3, 4, 9}), "||");
   press(form, "退出");
-  EXPECT_EQ(host.endStatus().value_or(-1), 0);
+  EXPECT_EQ(endStatus(), 0);
 }
 
 }  // namespace

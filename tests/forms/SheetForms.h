@@ -8,7 +8,7 @@ namespace zelkor::test {
 
 /// May 2020, system date 2020-6-1, with the card 00001: 12000.50, residual 600.03, 95 depreciated, life 10
 /// years, department 301, status 11, entered in May.
-class SheetFormTest : public CardTest {
+class SheetFormTest : public WithForms<CardTest> {
  protected:
   SheetFormTest() { addCard("00001"); }
 
@@ -20,29 +20,29 @@ class SheetFormTest : public CardTest {
 
   frmAssetsAlteration& open(ChangeKind kind) {
     auto& form = host.show<frmAssetsAlteration>(kind);
-    form.activateWindow();
-    QApplication::processEvents();
+    activate(form);
     return form;
   }
   /// Types into the value that is open and goes on by Enter.
   static void enter(const QWidget& form, const char* box, std::initializer_list<const char*> texts) {
     for (const char* text : texts) {
-      auto& field = control<QLineEdit>(form, box);
-      ASSERT_FALSE(field.isHidden()) << "no value is open for " << text;
-      type(form, box, text);
-      sendKey(field, Qt::Key_Return);
+      ASSERT_FALSE(control<QLineEdit>(form, box).isHidden()) << "no value is open for " << text;
+      test::enter(form, box, text);
     }
   }
   static void enter(const QWidget& form, std::initializer_list<const char*> texts) {
     enter(form, "txtContent", texts);
   }
+  /// Goes back from the value that is open by this many.
+  static void goBack(const QWidget& form, const char* box, int values) {
+    for (int i = 0; i < values; ++i) sendKey(control<QLineEdit>(form, box), Qt::Key_Backtab);
+  }
   /// Texts of the controls of a name with these numbers, joined by "|".
   static std::string texts(const QWidget& form, const std::string& name, std::initializer_list<int> numbers) {
     std::string joined;
-    const char* bar = "";
     for (const int number : numbers) {
-      joined += bar + textOf(form, (name + std::to_string(number)).c_str());
-      bar = "|";
+      joined +=
+          (number == *numbers.begin() ? "" : "|") + textOf(form, (name + std::to_string(number)).c_str());
     }
     return joined;
   }
@@ -55,32 +55,26 @@ class SheetFormTest : public CardTest {
     return label.property("Tag").toString().toStdString();
   }
   static std::string enabledCommands(const QWidget& form) {
-    std::string enabled;
-    for (const char* caption : {"增加", "取消", "保存", "退出"}) {
-      if (command(form, caption).isEnabled()) enabled += std::string(caption) + " ";
-    }
-    return enabled;
+    return enabledOf(form, {"增加", "取消", "保存", "退出"});
   }
   /// Picks the row of the card from the list that the button opens.
   static void pickCard(const QWidget& form, const char* button, std::size_t row) {
     inModalForm([row](QWidget& list) {
-      EXPECT_EQ(list.windowTitle(), "选择");
-      control<FlexGrid>(list, "mshTable").selectGridRow(row);
+      gridOf(list, "mshTable").selectGridRow(row);
       click(list, "cmdOK");
     });
     click(form, button);
   }
   void saveAndExpectSuccess(const QWidget& form) {
-    dialogs.expectOk("数据成功保存！", Icon::Information, "变动单－－使用状况调整");
+    tells("数据成功保存！", Icon::Information, "变动单－－使用状况调整");
     press(form, "保存");
     EXPECT_EQ(enabledCommands(form), "增加 退出 ");
     EXPECT_FALSE(engine.workspace().inTransaction());
   }
   void expectRefusal(const QWidget& form, const char* text, const char* title = "固定资产") {
-    dialogs.expectOk(text, Icon::Exclamation, title);
+    tells(text, Icon::Exclamation, title);
     press(form, "保存");
     EXPECT_TRUE(dialogs.allShown()) << text;
-    EXPECT_EQ(enabledCommands(form), "取消 保存 退出 ");
   }
   std::string newestVersion(const std::string& columns) {
     return row("select top 1 " + columns +
@@ -91,9 +85,6 @@ class SheetFormTest : public CardTest {
         "select top 1 sNum,sCardNum,sVoucherName,iVoucherType,sBeforeVoucher,sAfterVoucher,memReason,"
         "sOperatorVou from fa_Vouchers order by sNum desc");
   }
-  std::string count(const std::string& table) { return row("select count(*) from " + table); }
-
-  FormHost host{context, [](int) {}};
 };
 
 }  // namespace zelkor::test

@@ -2,11 +2,10 @@
 
 #include "support/Widgets.h"
 #include "vouchers/frmPZCode.h"
+#include "vouchers/frmPZCode1.h"
 
 namespace zelkor::test {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 class frmPZCodeTest : public FormTest {
  protected:
@@ -32,8 +31,9 @@ class frmPZCodeTest : public FormTest {
 
 TEST_F(frmPZCodeTest, hangsSubjectsBelowTheirClasses) {
   execute("insert into code (ccode,ccode_name,cclass,igrade) values ('9001','备查','表外',1)");
+  execute("insert into code (ccode,ccode_name,igrade) values ('9002','无类别',1)");
   const frmPZCode& form = open();
-  EXPECT_EQ(headsOf(form), (Lines{"常用", "资产", "负债", "权益", "成本", "损益", "表外"}));
+  EXPECT_EQ(headsOf(form), (Lines{"常用", "资产", "负债", "权益", "成本", "损益", "表外", "9002 无类别"}));
   EXPECT_TRUE(holds(form, "  1002 银行存款"));
   EXPECT_TRUE(holds(form, "    100201 工行存款"));
   EXPECT_TRUE(holds(form, "  9001 备查"));
@@ -43,23 +43,20 @@ TEST_F(frmPZCodeTest, showsTheFlagsOfASubjectAndFiltersByThem) {
   const frmPZCode& form = open();
   selectNode(form, "TvCode", "100201 工行存款");
   EXPECT_EQ(ticked(form), "0000100011");
+  click(form, "ChkFilter0");
+  auto& tree = control<QTreeWidget>(form, "TvCode");
+  emit tree.itemClicked(tree.currentItem(), 0);
+  EXPECT_EQ(ticked(form), "0000100011") << "clicked again";
   selectNode(form, "TvCode", "资产");
   EXPECT_EQ(ticked(form), "0000000000");
   click(form, "ChkFilter3");
   click(form, "CmdFilter");
   EXPECT_TRUE(holds(form, "  1501 固定资产")) << "a box without a flag filters nothing";
+  execute("update code set be=0 where ccode='1002'");
   click(form, "ChkFilter9");
   click(form, "CmdFilter");
   EXPECT_FALSE(holds(form, "  1501 固定资产"));
-  EXPECT_TRUE(holds(form, "    100202 建行存款"));
-}
-
-TEST_F(frmPZCodeTest, keepsASubjectHangingWhereTheOneAboveIsFilteredOut) {
-  execute("update code set be=0 where ccode='1002'");
-  const frmPZCode& form = open();
-  click(form, "ChkFilter9");
-  click(form, "CmdFilter");
-  EXPECT_TRUE(holds(form, "  100202 建行存款"));
+  EXPECT_TRUE(holds(form, "  100202 建行存款")) << "the subject above it is filtered out";
 }
 
 TEST_F(frmPZCodeTest, keepsFrequentSubjectsOncePerOperator) {
@@ -74,21 +71,11 @@ TEST_F(frmPZCodeTest, keepsFrequentSubjectsOncePerOperator) {
   EXPECT_EQ(nodesOf(open(), "TvCode")[1], "  1501 固定资产") << "and is there the next time";
 }
 
-TEST_F(frmPZCodeTest, picksNothingFromAClassAndWithoutAChoice) {
-  frmPZCode& form = open();
-  selectNode(form, "TvCode", "资产");
-  click(form, "cmdOK");
-  EXPECT_EQ(form.picked().code + form.picked().name, "");
-  frmPZCode& second = open();
-  selectNode(second, "TvCode", "100201 工行存款");
-  click(second, "cmdOK");
-  EXPECT_EQ(second.picked().code + "|" + second.picked().name, "100201|工行存款");
-}
-
 TEST_F(frmPZCodeTest, letsTheAnswerLiveOnUntilTheNextPick) {
   frmPZCode& first = open();
   selectNode(first, "TvCode", "100201 工行存款");
   click(first, "cmdOK");
+  EXPECT_EQ(first.picked().code + "|" + first.picked().name, "100201|工行存款");
   frmPZCode& cancelled = open();
   selectNode(cancelled, "TvCode", "1501 固定资产");
   click(cancelled, "cmdCancel");
@@ -108,33 +95,27 @@ TEST_F(frmPZCodeTest, writesIntoTheFieldWhatIsPickedForIt) {
                {"资产", "cmdOK", "1502,累计折旧"}};
   for (const auto& c : cases) {
     QLineEdit field("1502,累计折旧");
-    inModalForm([&c](QWidget& picker) {
-      selectNode(picker, "TvCode", c.node);
-      click(picker, c.button);
-    });
+    pickNext("TvCode", c.node, c.button);
     pickSubjectInto(host, field);
     EXPECT_EQ(field.text().toStdString(), c.field) << c.button;
   }
 }
 
-TEST_F(frmPZCodeTest, showsTheFlagsAgainWhenASubjectIsClickedAgain) {
-  const frmPZCode& form = open();
-  selectNode(form, "TvCode", "100201 工行存款");
-  click(form, "ChkFilter0");
-  auto& tree = control<QTreeWidget>(form, "TvCode");
-  emit tree.itemClicked(tree.currentItem(), 0);
-  EXPECT_EQ(ticked(form), "0000100011");
-}
-
-TEST_F(frmPZCodeTest, makesASubjectWithoutAClassAHead) {
-  execute("insert into code (ccode,ccode_name,igrade) values ('9002','无类别',1)");
-  EXPECT_EQ(headsOf(open()).back(), "9002 无类别");
-}
-
 TEST_F(frmPZCodeTest, refusesAChartWithoutARule) {
   execute("update GradeDef set CodingRule='' where KeyWord='code'");
-  dialogs.expectOk("科目规则有误！", Icon::None, "凭证");
+  tells("科目规则有误！", Icon::None, "凭证");
   EXPECT_TRUE(nodesOf(open(), "TvCode").empty());
+}
+
+TEST_F(frmPZCodeTest, theOtherPickerPicksFromTheDatabaseThatItIsGiven) {
+  context.pickedSubject = {"1502", "累计折旧", "1502 累计折旧"};
+  frmPZCode1& form = host.show<frmPZCode1>();
+  EXPECT_TRUE(nodesOf(form, "TvCode").empty());
+  form.setZKDatabase(db());
+  selectNode(form, "TvCode", "1501 固定资产");
+  sendKey(control<QTreeWidget>(form, "TvCode"), Qt::Key_Return);
+  EXPECT_EQ(form.AccountCode() + "," + form.AccountContent(), "1501,固定资产");
+  EXPECT_EQ(context.pickedSubject.code, "1502") << "the answer of the first picker is left alone";
 }
 
 }  // namespace

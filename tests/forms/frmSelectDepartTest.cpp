@@ -1,4 +1,5 @@
 #include "archives/frmSelectDepart.h"
+#include "archives/frmSelectUseStatus.h"
 #include "support/Widgets.h"
 
 namespace zelkor::test {
@@ -7,12 +8,9 @@ namespace {
 class frmSelectDepartTest : public FormTest {
  protected:
   frmSelectDepart& open() { return host.show<frmSelectDepart>(); }
-  static std::string selected(const QWidget& form) {
-    const QTreeWidgetItem* item = control<QTreeWidget>(form, "TreeView1").currentItem();
-    return item ? item->text(0).toStdString() : "";
-  }
-  static std::string answer(const frmSelectDepart& form) {
-    return form.chosen() ? form.chosen()->code + "|" + form.chosen()->name : "(none)";
+  static std::string selected(const QWidget& form) { return selectedNode(form, "TreeView1"); }
+  static std::string answer(const std::optional<ArchiveEntry>& chosen) {
+    return chosen ? chosen->code + "|" + chosen->name : "(none)";
   }
 };
 
@@ -20,12 +18,12 @@ TEST_F(frmSelectDepartTest, givesCodeAndNameOfAnyDepartment) {
   execute("update fa_departments set sName='一 车间' where sNum='301'");
   for (const auto& [node, expected] :
        {std::pair{"3 生产部", "3|生产部"}, std::pair{"301 一 车间", "301|一 车间"}}) {
-    frmSelectDepart& form = open();
+    const frmSelectDepart& form = open();
     selectNode(form, "TreeView1", node);
     EXPECT_EQ(textOf(form, "TxtZJFF"), node);
-    click(form, "cmdYes");
+    sendKey(control<QTreeWidget>(form, "TreeView1"), Qt::Key_Return);
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(answer(form), expected);
+    EXPECT_EQ(answer(form.chosen()), expected);
   }
 }
 
@@ -37,18 +35,14 @@ TEST_F(frmSelectDepartTest, takesNothingFromTheHeadAndNothingWhenLeft) {
   click(form, "cmdHelp");
   EXPECT_TRUE(form.isVisible());
   selectNode(form, "TreeView1", "2 财务部");
+  click(form, "cmdYes");
+  form.show();
   click(form, "cmdCancel");
-  EXPECT_FALSE(form.isVisible());
-  EXPECT_EQ(answer(form), "(none)");
-  inModalForm([](QWidget& picker) {
-    selectNode(picker, "TreeView1", "402 工艺组");
-    sendKey(control<QTreeWidget>(picker, "TreeView1"), Qt::Key_Return);
-  });
-  const auto picked = pickDepartment(host);
-  ASSERT_TRUE(picked);
-  EXPECT_EQ(picked->code, "402");
-  inModalForm([](QWidget& picker) { sendKey(picker, Qt::Key_Escape); });
+  EXPECT_EQ(answer(form.chosen()), "(none)") << "an earlier choice is forgotten";
+  leaveNext();
   EXPECT_FALSE(pickDepartment(host));
+  execute("delete from fa_departments where sNum<>'&'");
+  EXPECT_EQ(nodesOf(open(), "TreeView1").size(), 1u);
 }
 
 TEST_F(frmSelectDepartTest, stepsThroughTheMatchesAndShowsThem) {
@@ -68,26 +62,23 @@ TEST_F(frmSelectDepartTest, stepsThroughTheMatchesAndShowsThem) {
   emit step.stepped(1);
   EXPECT_EQ(selected(form), "301 一车间");
   click(form, "OptionMC");
-  type(form, "TxtZJFF", "车间");
-  sendKey(control<QLineEdit>(form, "TxtZJFF"), Qt::Key_Return);
-  EXPECT_EQ(selected(form), "302 二车间");
+  for (const char* match : {"302 二车间", "303 机修车间", "301 一车间"}) {
+    enter(form, "TxtZJFF", "车间");
+    EXPECT_EQ(selected(form), match) << "it goes round";
+  }
 }
 
-TEST_F(frmSelectDepartTest, showsFiveThousandDepartmentsAndAnEmptyArchive) {
-  execute("delete from fa_departments where sNum<>'&'");
-  EXPECT_EQ(nodesOf(open(), "TreeView1").size(), 1u);
-  for (int i = 1; i <= 5000; ++i) {
-    const std::string code = std::to_string(10000 + i);
-    execute("insert into fa_departments (sNum,sName,sParentNum,iLevel) values ('" + code + "','部门" + code +
-            "','" + (i % 2 == 0 ? "10001" : "") + "'," + (i % 2 == 0 ? "2" : "1") + ")");
-  }
-  frmSelectDepart& form = open();
-  EXPECT_EQ(nodesOf(form, "TreeView1").size(), 5001u);
-  type(form, "TxtZJFF", "15000");
-  sendKey(control<QLineEdit>(form, "TxtZJFF"), Qt::Key_Return);
-  EXPECT_EQ(selected(form), "15000 部门15000");
-  click(form, "cmdYes");
-  EXPECT_EQ(answer(form), "15000|部门15000");
+TEST_F(frmSelectDepartTest, theStatusPickerOffersStatusesOrReductions) {
+  pickNext("TreeView1", "13 经营性出租", "cmdYes");
+  EXPECT_EQ(answer(pickUseStatus(host, StatusPick::Statuses)), "13|经营性出租");
+  pickNext("TreeView1", "205 报废", "cmdYes");
+  EXPECT_EQ(answer(pickUseStatus(host, StatusPick::Reductions)), "205|报废");
+  frmSelectUseStatus& form = host.show<frmSelectUseStatus>(StatusPick::Statuses);
+  EXPECT_EQ(form.windowTitle() + nodesOf(form, "TreeView1").front().c_str(), "使用状况参照使用状况目录表");
+  form.setCode("21");
+  EXPECT_EQ(textOf(form, "TxtZJFF"), "21 未使用");
+  const auto& ways = host.show<frmSelectUseStatus>(StatusPick::Reductions);
+  EXPECT_EQ(ways.windowTitle() + nodesOf(ways, "TreeView1").front().c_str(), "增减方式参照增减方式目录表");
 }
 
 }  // namespace

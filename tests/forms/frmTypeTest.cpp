@@ -4,8 +4,6 @@
 namespace zelkor::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class frmTypeTest : public FormTest {
  protected:
   frmType& open() {
@@ -18,26 +16,17 @@ class frmTypeTest : public FormTest {
 TEST_F(frmTypeTest, readsABranchWhenItIsOpened) {
   execute("update fa_Origins set lChilds=1 where sID='203'");
   execute("insert into fa_Origins (sID,sName,sParentID,lChilds) values ('20301','对外投资','203',0)");
-  frmType& form = open();
+  const frmType& form = open();
   Lines nodes = nodesOf(form, "tvwType");
   ASSERT_EQ(nodes.size(), 9u) << "the root, the ways of reduction, seven of them";
   nodes.resize(3);
   EXPECT_EQ(nodes, (Lines{"增减方式", "  (2)减少方式", "    (201)出售"}));
-  selectNode(form, "tvwType", "(203)投资转出");
-  control<QTreeWidget>(form, "tvwType").currentItem()->setExpanded(true);
   for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(nodesOf(form, "tvwType").size(), 10u);
     control<QTreeWidget>(form, "tvwType").collapseAll();
     control<QTreeWidget>(form, "tvwType").expandAll();
   }
+  EXPECT_EQ(nodesOf(form, "tvwType").size(), 10u);
   EXPECT_EQ(nodesOf(form, "tvwType")[5], "      (20301)对外投资");
-}
-
-TEST_F(frmTypeTest, leavesAWayAloneThatCountsNothingBelowIt) {
-  execute("update fa_Origins set lChilds=0 where sID='2'");
-  EXPECT_EQ(nodesOf(open(), "tvwType"), (Lines{"增减方式", "  (2)减少方式"}));
-  execute("delete from fa_Origins");
-  EXPECT_TRUE(nodesOf(open(), "tvwType").empty());
 }
 
 TEST_F(frmTypeTest, givesIdAndNameOfTheWay) {

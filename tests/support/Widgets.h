@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <initializer_list>
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -20,6 +21,8 @@
 #include "ui/FormHost.h"
 
 namespace zelkor::test {
+
+using Lines = std::vector<std::string>;
 
 /// The control of that name; what is missing is told with the names that are there.
 template <typename Control>
@@ -71,8 +74,24 @@ inline std::string textOf(const QWidget& form, const char* name) {
   return control<QWidget>(form, name).property("text").toString().toStdString();
 }
 
+/// Texts of several controls, joined by "|".
+inline std::string textsOf(const QWidget& form, std::initializer_list<const char*> names) {
+  std::string joined;
+  for (const char* name : names) joined += (name == *names.begin() ? "" : "|") + textOf(form, name);
+  return joined;
+}
+
 inline bool isEnabled(const QWidget& form, const char* name) {
   return control<QWidget>(form, name).isEnabled();
+}
+
+/// Those of the commands that are enabled, a blank behind each.
+inline std::string enabledOf(const QWidget& form, std::initializer_list<const char*> captions) {
+  std::string enabled;
+  for (const char* caption : captions) {
+    if (command(form, caption).isEnabled()) enabled += std::string(caption) + " ";
+  }
+  return enabled;
 }
 
 inline void choose(const QWidget& form, const char* name, const QString& entry) {
@@ -92,14 +111,58 @@ inline void selectNode(const QWidget& form, const char* name, const QString& tex
 }
 
 /// Texts of a tree's entries, each below its parent, two blanks in front per level.
-inline std::vector<std::string> nodesOf(const QWidget& form, const char* name) {
-  std::vector<std::string> nodes;
+inline Lines nodesOf(const QWidget& form, const char* name) {
+  Lines nodes;
   for (QTreeWidgetItemIterator it(&control<QTreeWidget>(form, name)); *it; ++it) {
     std::string indent;
     for (const QTreeWidgetItem* above = (*it)->parent(); above; above = above->parent()) indent += "  ";
     nodes.push_back(indent + (*it)->text(0).toStdString());
   }
   return nodes;
+}
+
+/// Text of the tree's current entry.
+inline std::string selectedNode(const QWidget& form, const char* name) {
+  const QTreeWidgetItem* item = control<QTreeWidget>(form, name).currentItem();
+  return item ? item->text(0).toStdString() : "";
+}
+
+inline FlexGrid& gridOf(const QWidget& form, const char* name) {
+  return control<FlexGrid>(form, name);
+}
+
+/// Rows below the grid's headings, cells joined by "|", hidden columns left out.
+inline Lines body(const QWidget& form, const char* name) {
+  const TextGrid& grid = gridOf(form, name).grid();
+  Lines lines;
+  for (std::size_t row = grid.headerRows(); row < grid.rows(); ++row) {
+    std::string line;
+    for (std::size_t column = 0; column < grid.columns(); ++column) {
+      if (!grid.columnHidden(column)) line += grid.text(row, column) + "|";
+    }
+    line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+/// Cells of a column below the grid's headings.
+inline Lines columnOf(const QWidget& form, const char* name, std::size_t column) {
+  const TextGrid& grid = gridOf(form, name).grid();
+  Lines cells;
+  for (std::size_t row = grid.headerRows(); row < grid.rows(); ++row) cells.push_back(grid.text(row, column));
+  return cells;
+}
+
+inline void clickCell(FlexGrid& grid, std::size_t row, std::size_t column) {
+  grid.selectCell(row, column);
+  emit grid.clicked(grid.cellIndex(row, column));
+}
+
+/// Types over what stands in the field and presses a key there.
+inline void enter(const QWidget& form, const char* field, const QString& text, int key = Qt::Key_Return) {
+  type(form, field, text);
+  sendKey(control<QLineEdit>(form, field), key);
 }
 
 /// Does something in the modal form that the next action opens.
@@ -115,15 +178,60 @@ inline void inModalForm(std::function<void(QWidget&)> action) {
   });
 }
 
-/// A fresh account set with a host for forms on it, whose end of the program is recorded.
-class FormTest : public AccountSetTest {
+/// Takes an entry in the picker that the next action opens.
+inline void pickNext(const char* tree, const QString& entry, const char* button) {
+  inModalForm([tree, entry, button](QWidget& picker) {
+    selectNode(picker, tree, entry);
+    click(picker, button);
+  });
+}
+
+/// Leaves the modal form that the next action opens.
+inline void leaveNext() {
+  inModalForm([](QWidget& form) { sendKey(form, Qt::Key_Escape); });
+}
+
+/// The ways to leave a form without a choice.
+inline std::vector<std::function<void(QWidget&)>> waysToLeave(const char* cancel) {
+  return {[cancel](QWidget& form) { click(form, cancel); },
+          [](QWidget& form) { sendKey(form, Qt::Key_Escape); }, [](QWidget& form) { form.close(); }};
+}
+
+/// A fixture with a host for forms on its account set, whose end of the program is recorded.
+template <typename Fixture>
+class WithForms : public Fixture {
  protected:
   /// Gives the event loop its turn: deferred events are handled.
   static void settle() { QApplication::processEvents(); }
+  /// Makes the form the active window, in which the focus moves.
+  static void activate(QWidget& form) {
+    form.activateWindow();
+    settle();
+  }
   /// Exit status once the program has ended, -1 while it runs.
   int endStatus() const { return host.endStatus().value_or(-1); }
 
-  FormHost host{context, [](int) {}};
+  /// The next box tells this.
+  void tells(const std::string& text, Icon icon = Icon::Exclamation, const std::string& title = "固定资产") {
+    this->dialogs.expectOk(text, icon, title);
+  }
+  /// The next box asks this.
+  void asks(const std::string& text, Answer answer, const std::string& title = "固定资产") {
+    this->dialogs.expectYesNo(text, answer, Icon::Question, title);
+  }
+  std::string count(const std::string& table) { return this->row("select count(*) from " + table); }
+  /// A parameter of the account set.
+  std::string parameter(const std::string& name) {
+    return this->row("select cValue from AccInformation where cSysID='FA' and cName='" + name + "'");
+  }
+  void setParameter(const std::string& name, const std::string& value) {
+    this->execute("update AccInformation set cValue='" + value + "' where cSysID='FA' and cName='" + name +
+                  "'");
+  }
+
+  FormHost host{this->context, [](int) {}};
 };
+
+using FormTest = WithForms<AccountSetTest>;
 
 }  // namespace zelkor::test

@@ -1,5 +1,3 @@
-#include <QLineEdit>
-
 #include "archives/FrmAllPerson.h"
 #include "archives/FrmDepartment.h"
 #include "archives/FrmDepartPzCode.h"
@@ -15,24 +13,24 @@ namespace {
 void showCategories(Stage& stage) {
   FrmFLBMB& form = stage.open<FrmFLBMB>();
   stage.keep(form, "FrmFLBMB-list");
-  selectNode(form, "(02)机器设备");
+  selectNode(form, "TvLeft", "(02)机器设备");
   press(form, "增加");
   stage.keep(form, "FrmFLBMB-add");
 }
 
 void showDepartments(Stage& stage) {
   FrmDepartment& form = stage.open<FrmDepartment>();
-  selectNode(form, "(301)一车间");
+  selectNode(form, "TvLeft", "(301)一车间");
   stage.keep(form, "FrmDepartment");
   press(form, "修改");
-  form.findChild<QLineEdit*>("TxtEdit6")->setText("两班制");
+  control<QLineEdit>(form, "TxtEdit6").setText("两班制");
   stage.keep(form, "FrmDepartment-edit");
   stage.data().Execute(
       "update fa_departments set sSubjectNum='550202',sSubjectName='折旧费' where sNum<>'&'");
   stage.data().Execute("update fa_departments set sSubjectNum='410502' where sNum like '3*'");
   FrmDepartPzCode& subjects = stage.open<FrmDepartPzCode>();
   stage.keep(subjects, "FrmDepartPzCode-list");
-  selectNode(subjects, "(301)一车间");
+  selectNode(subjects, "TvLeft", "(301)一车间");
   press(subjects, "修改");
   stage.keep(subjects, "FrmDepartPzCode-edit");
 }
@@ -40,25 +38,22 @@ void showDepartments(Stage& stage) {
 void showStatuses(Stage& stage) {
   frmUseStatus& form = stage.open<frmUseStatus>();
   stage.keep(form, "frmUseStatus-list");
-  selectNode(form, "使用中");
+  selectNode(form, "TreeView1", "使用中");
   press(form, "tlAdd");
   stage.keep(form, "frmUseStatus-add");
 }
 
 void showPickers(Stage& stage) {
-  FrmZJFFCZ methods(stage.host());
+  auto& methods = stage.open<FrmZJFFCZ>();
   methods.setpZJFF("工作量法");
-  methods.show();
   stage.keep(methods, "FrmZJFFCZ");
-  frmPZCode subjects(stage.host());
-  selectNode(subjects, "1501 固定资产");
-  subjects.show();
+  auto& subjects = stage.open<frmPZCode>();
+  selectNode(subjects, "TvCode", "1501 固定资产");
   stage.keep(subjects, "frmPZCode");
-  ClsBLLDepart departs(stage.host().run().engine);
-  departs.setZkDataPath(stage.host().run().gstrZtFile);
-  FrmAllPerson staff(stage.host());
+  ClsBLLDepart departs(stage.run().engine);
+  departs.setZkDataPath(stage.run().gstrZtFile);
+  auto& staff = stage.open<FrmAllPerson>();
   staff.setAllPerson(departs.GetAllPersons());
-  staff.show();
   stage.keep(staff, "FrmAllPerson");
 }
 

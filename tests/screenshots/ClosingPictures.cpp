@@ -9,7 +9,7 @@ namespace {
 
 /// Fills a list of disposals as a person has it before "确定".
 void fillList(QWidget& form, const char* name) {
-  auto* grid = form.findChild<FlexGrid*>(name);
+  auto& grid = gridOf(form, name);
   TextGrid list = emptyDisposalGrid();
   const std::vector<PickedCard> cards = {{"00001", "02100001", "数控车床"},
                                          {"00002", "02200001", "龙门铣床"},
@@ -19,11 +19,11 @@ void fillList(QWidget& form, const char* name) {
   for (std::size_t row = 0; row < std::size(cells); ++row) {
     for (std::size_t i = 0; i < 4 && cells[row][i]; ++i) list.setText(row + 1, 4 + i, cells[row][i]);
   }
-  grid->setGrid(std::move(list));
+  grid.setGrid(std::move(list));
   for (const char* button : {"cmdRemove", "cmdOK"}) {
-    form.findChild<QAbstractButton*>(button)->setEnabled(true);
+    control<QAbstractButton>(form, button).setEnabled(true);
   }
-  grid->selectCell(2, 4);
+  grid.selectCell(2, 4);
 }
 
 }  // namespace

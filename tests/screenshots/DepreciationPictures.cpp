@@ -14,10 +14,8 @@ namespace {
 
 /// The fork lifts go by the hour.
 void enterWorkload(Stage& stage) {
-  stage.data().Execute(
-      "update fa_Cards set sDeprMethodID='4',dblCanWork=9600,sWorkUnit='小时' where "
-      "sAssetName='电动叉车'");
-  const int month = stage.host().run().period();
+  stage.data().Execute("update fa_Cards set dblCanWork=9600,sWorkUnit='小时' where sDeprMethodID='4'");
+  const int month = stage.run().period();
   double work = 168;
   for (const CardWorkload& card : workloadCards(stage.data(), month)) {
     storeWorkload(stage.data(), card.cardNum, month, work, card.before + work);
@@ -30,7 +28,7 @@ void depreciate(Stage& stage) {
   std::vector<std::string> cards;
   Recordset rows = stage.data().OpenRecordset("select distinct sCardNum from fa_Cards");
   for (; !rows.Eof(); rows.MoveNext()) cards.push_back(rows.TextOrEmpty("sCardNum"));
-  for (const std::string& card : cards) CalcCardDepr(stage.host().run(), card);
+  for (const std::string& card : cards) CalcCardDepr(stage.run(), card);
 }
 
 void showDepreciation(Stage& stage) {

@@ -1,5 +1,3 @@
-#include <QLineEdit>
-
 #include "archives/frmCnDate.h"
 #include "archives/FrmFATypes.h"
 #include "archives/frmSelectDepart.h"
@@ -7,7 +5,6 @@
 #include "archives/frmType.h"
 #include "archives/frmWait.h"
 #include "screenshots/Pictures.h"
-#include "ui/FlexGrid.h"
 #include "vouchers/frmPZCode1.h"
 #include "vouchers/frmPZDigest.h"
 #include "vouchers/frmPZType.h"
@@ -15,53 +12,44 @@
 namespace zelkor {
 namespace {
 
-void keepShown(Stage& stage, Form& form, const std::string& name) {
-  form.show();
-  stage.keep(form, name);
-  form.close();
-}
-
 void showArchivePickers(Stage& stage) {
-  FrmFATypes types(stage.host(), ArchiveKind::AssetTypes);
+  auto& types = stage.open<FrmFATypes>(ArchiveKind::AssetTypes);
   types.setAssetTypeID("022");
-  keepShown(stage, types, "FrmFATypes-types");
-  FrmFATypes methods(stage.host(), ArchiveKind::Methods);
+  stage.keep(types, "FrmFATypes-types");
+  auto& methods = stage.open<FrmFATypes>(ArchiveKind::Methods);
   methods.setAssetTypeID("4");
-  keepShown(stage, methods, "FrmFATypes-methods");
-  frmSelectDepart departs(stage.host());
+  stage.keep(methods, "FrmFATypes-methods");
+  auto& departs = stage.open<frmSelectDepart>();
   departs.setCode("302");
-  keepShown(stage, departs, "frmSelectDepart");
-  frmSelectUseStatus reductions(stage.host(), StatusPick::Reductions);
+  stage.keep(departs, "frmSelectDepart");
+  auto& reductions = stage.open<frmSelectUseStatus>(StatusPick::Reductions);
   reductions.setCode("205");
-  keepShown(stage, reductions, "frmSelectUseStatus");
-  frmType ways(stage.host());
-  ways.setZkDataPath(stage.host().run().gstrZtFile);
-  selectNode(ways, "(205)报废");
-  keepShown(stage, ways, "frmType");
+  stage.keep(reductions, "frmSelectUseStatus");
+  auto& ways = stage.open<frmType>();
+  ways.setZkDataPath(stage.run().gstrZtFile);
+  selectNode(ways, "tvwType", "(205)报废");
+  stage.keep(ways, "frmType");
 }
 
 void showSmallControls(Stage& stage) {
-  frmCnDate date(stage.host());
-  keepShown(stage, date, "frmCnDate");
-  frmWait wait(stage.host());
+  stage.keep(stage.open<frmCnDate>(), "frmCnDate");
+  auto& wait = stage.open<frmWait>();
   wait.setLblCaption("正在处理，请稍候……");
-  keepShown(stage, wait, "frmWait");
+  stage.keep(wait, "frmWait");
+  wait.close();
 }
 
 void showVoucherPickers(Stage& stage) {
-  frmPZCode1 subjects(stage.host());
+  auto& subjects = stage.open<frmPZCode1>();
   subjects.setZKDatabase(stage.data());
-  selectNode(subjects, "100201 工行存款");
-  keepShown(stage, subjects, "frmPZCode1");
+  selectNode(subjects, "TvCode", "100201 工行存款");
+  stage.keep(subjects, "frmPZCode1");
   stage.data().Execute("insert into dsign (csign,isignseq,ctext) values ('收',2,'收款凭证')");
   stage.data().Execute("insert into dsign (csign,isignseq,ctext) values ('付',3,'付款凭证')");
-  frmPZType voucherTypes(stage.host(), stage.data());
-  keepShown(stage, voucherTypes, "frmPZType");
+  stage.keep(stage.open<frmPZType>(stage.data()), "frmPZType");
   stage.data().Execute("delete from dsign where isignseq>1");
-  frmPZDigest& digests = stage.open<frmPZDigest>();
-  auto& grid = *digests.findChild<FlexGrid*>("MSFlexGrid1");
-  grid.selectCell(3, 2);
-  emit grid.clicked(grid.cellIndex(3, 2));
+  auto& digests = stage.open<frmPZDigest>();
+  clickCell(gridOf(digests, "MSFlexGrid1"), 3, 2);
   stage.keep(digests, "frmPZDigest");
 }
 

@@ -1,10 +1,12 @@
 #include "screenshots/Stage.h"
 
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <QApplication>
-#include <QTreeWidgetItemIterator>
-#include <stdexcept>
+#include <utility>
 
+#include "apps/zelkorctl/CardImport.h"
 #include "startup/Main.h"
 
 namespace zelkor {
@@ -15,6 +17,18 @@ Stage::Stage(const std::filesystem::path& set, std::filesystem::path pictures)
                            (set / "ZkSystem.Mdb").string() + ",001");
 }
 
+void Stage::enterRegister() {
+  for (const char* table : {"fa_Cards", "fa_Cards_Detail", "fa_DeptScale", "fa_DeprTransactions",
+                            "fa_DeprTransactions_Detail", "fa_WorkLoad"}) {
+    data().Execute(std::string("delete from ") + table);
+  }
+  std::ifstream file(std::string(ZELKOR_DATA_DIR) + "/sample-register.csv", std::ios::binary);
+  const std::string csv(std::istreambuf_iterator<char>(file), {});
+  const DateTime opDate = std::exchange(context_.gdOpDate, *parseDate("2020-1-31"));
+  importCards(context_, csv, 1, std::cerr);
+  context_.gdOpDate = opDate;
+}
+
 void Stage::keep(QWidget& form, const std::string& name) {
   QApplication::processEvents();
   const auto file = pictures_ / (name + ".png");
@@ -22,21 +36,6 @@ void Stage::keep(QWidget& form, const std::string& name) {
     throw std::runtime_error("cannot write " + file.string());
   }
   std::cout << file.string() << " " << form.width() << "x" << form.height() << "\n";
-}
-
-void click(QWidget& form, const char* name) {
-  form.findChild<QAbstractButton*>(name)->click();
-}
-
-void press(QWidget& form, const char* caption) {
-  form.findChild<QAction*>(caption)->trigger();
-}
-
-void selectNode(QWidget& form, const QString& text) {
-  auto* tree = form.findChild<QTreeWidget*>();
-  for (QTreeWidgetItemIterator it(tree); *it; ++it) {
-    if ((*it)->text(0) == text) tree->setCurrentItem(*it);
-  }
 }
 
 }  // namespace zelkor

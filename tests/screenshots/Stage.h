@@ -1,17 +1,16 @@
 #pragma once
 
 #include <filesystem>
-#include <QAbstractButton>
-#include <QAction>
-#include <QTreeWidget>
 #include <string>
 
 #include "base/Clock.h"
 #include "base/TerminalDialogs.h"
 #include "startup/RunContext.h"
-#include "ui/FormHost.h"
+#include "support/Widgets.h"
 
 namespace zelkor {
+
+using namespace test;
 
 /// A sample account set in May 2020 with a host for its screens.
 class Stage {
@@ -19,10 +18,13 @@ class Stage {
   Stage(const std::filesystem::path& set, std::filesystem::path pictures);
 
   FormHost& host() { return host_; }
+  RunContext& run() { return context_; }
   Database& data() { return context_.dbZKData; }
-  template <typename FormType>
-  FormType& open() {
-    return host_.show<FormType>();
+  /// Empties the register and enters the sample's in the first month; reports read that month's columns.
+  void enterRegister();
+  template <typename FormType, typename... Arguments>
+  FormType& open(Arguments&&... arguments) {
+    return host_.show<FormType>(std::forward<Arguments>(arguments)...);
   }
   /// Keeps the picture of a form once what it has put off is done.
   void keep(QWidget& form, const std::string& name);
@@ -35,10 +37,5 @@ class Stage {
   RunContext context_;
   FormHost host_{context_, [](int) {}};
 };
-
-void click(QWidget& form, const char* name);
-/// Presses a command of the toolbar.
-void press(QWidget& form, const char* caption);
-void selectNode(QWidget& form, const QString& text);
 
 }  // namespace zelkor

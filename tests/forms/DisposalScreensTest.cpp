@@ -54,7 +54,12 @@ TEST_F(DisposalScreensTest, waitsForTheMonthsDepreciation) {
 TEST_F(DisposalScreensTest, takesCardsFromThePicker) {
   const frmDelZC& form = host.show<frmDelZC>();
   EXPECT_FALSE(isEnabled(form, "cmdOK") || isEnabled(form, "cmdRemove")) << "nothing stands in the list";
-  take(form, "cmdAdd", {2});
+  inModalForm([](QWidget& picker) {
+    EXPECT_FALSE(isEnabled(picker, "cmdOK")) << "nothing is selected yet";
+    gridOf(picker, "mshTable").selectGridRow(2);
+    sendKey(gridOf(picker, "mshTable"), Qt::Key_Return);
+  });
+  click(form, "cmdAdd");
   EXPECT_EQ(listed(form), Lines{"00002|A2|车床|2020-6-1||||"}) << "the system's date, not the login's";
   take(form, "cmdAdd", {1, 2, 3});
   EXPECT_EQ(listed(form), (Lines{"00002|A2|车床|2020-6-1||||", "00001|A1|车床|2020-6-1||||"}))

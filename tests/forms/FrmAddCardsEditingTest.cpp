@@ -74,21 +74,6 @@ TEST_F(FrmAddCardsEditingTest, takesBackWhatARefusedFigureHasChanged) {
   EXPECT_EQ(shown(form, {18, 19}), "4%|40.00");
 }
 
-TEST_F(FrmAddCardsEditingTest, calculatesOnLeaving) {
-  FrmAddCards& form = openNew("021");
-  enter(form, 17, "1000.00");
-  enter(form, 18, "5");
-  EXPECT_EQ(shown(form, {18, 19}), "5%|50.00");
-  edit(form, 19, "100");
-  control<QTabBar>(form, "SSTab1").setFocus();
-  EXPECT_EQ(shown(form, 18), "10.0%") << "the focus went elsewhere";
-  edit(form, 17, "");
-  pressValue(form, 8);
-  EXPECT_EQ(shown(form, {17, 19, 23}), "0|0.00|0.00");
-  enter(form, 3, "X-1");
-  EXPECT_EQ(shown(form, 3), "X-1");
-}
-
 TEST_F(FrmAddCardsEditingTest, leadsThroughTheFieldsByEnterAndTab) {
   FrmAddCards& form = openNew("021");
   EXPECT_TRUE(isEdited(form, 4)) << "a new card begins with its name";

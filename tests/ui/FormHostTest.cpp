@@ -93,14 +93,6 @@ TEST_F(FormHostTest, reportsTheInnerFailureOnce) {
   EXPECT_EQ(endStatus(), 1);
 }
 
-TEST_F(FormHostTest, letsARoutineGoOnAfterAnInnerOneThatReturned) {
-  const NestingForm form(
-      host, [](FormHost&) {}, [](FormHost& nested) { nested.run().dbZKData.Execute(kChange); });
-  click(form, "Outer");
-  EXPECT_EQ(phone(), "1");
-  EXPECT_EQ(endStatus(), -1);
-}
-
 TEST_F(FormHostTest, doesNotWaitForAFormThatIsGoneAtOnce) {
   host.dispatch([this] {
     ShortLivedForm form(host, Unload::Plain);

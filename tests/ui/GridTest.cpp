@@ -72,8 +72,7 @@ TEST(TreeLoaderTest, hangsRowsWhoseParentIsMissingBelowTheRoot) {
                                      {"D1", "R", "子", "1"}, {"D9", "D8", "孤", "9"},
                                      {"Da", "Db", "甲"},     {"Db", "Da", "乙"}};
   loadTree(tree, rows);
-  EXPECT_EQ(nodesOf(form, "tree"),
-            (std::vector<std::string>{"目录", "  子", "    孙", "  孤", "  乙", "    甲"}));
+  EXPECT_EQ(nodesOf(form, "tree"), (Lines{"目录", "  子", "    孙", "  孤", "  乙", "    甲"}));
   ASSERT_NE(findByKey(tree, "d11"), nullptr);
   EXPECT_EQ(tagOf(*findByKey(tree, "D11")), "11");
 }

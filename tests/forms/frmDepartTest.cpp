@@ -61,6 +61,7 @@ TEST_F(frmDepartTest, refusesWhatIsNoSplit) {
   click(form, "cmdAdd");
   fill(form, 1, 1, "301");
   fill(form, 1, 2, "100");
+  EXPECT_EQ(textOf(form, "lblTotal"), "比例合计：100%");
   fill(form, 2, 1, "3");
   EXPECT_EQ(listed(form, 2), "2|||||") << "a department with others below it";
   tells("使用部门非末级部门或不存在，请重新录入或参照选择", Icon::Information);

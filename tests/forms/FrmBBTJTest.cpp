@@ -60,23 +60,6 @@ TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
   }
 }
 
-TEST_F(FrmBBTJTest, beginsWithTheFirstMonthAndTheFirstLevels) {
-  const FrmBBTJ& form = open("固定资产统计表");
-  const auto expectList = [&form](const std::string& name, int entries, const char* current) {
-    const auto& list = control<QComboBox>(form, name.c_str());
-    EXPECT_EQ(list.count(), entries) << name;
-    EXPECT_EQ(list.currentText(), current) << name;
-  };
-  for (std::size_t i = 0; i < 21; ++i) expectList(numbered("Combo1", i), 12, "2020.01");
-  for (std::size_t i = 0; i < 6; ++i) expectList(numbered("Combo2", i), 2, "1");
-  expectList("ComboBMJC", 3, "第 1 级");
-  expectList("ComboLBJC", 5, "第 1 级");
-  expectList("Combo30", 0, "");
-  expectList("Combo31", 0, "");
-  EXPECT_TRUE(control<QAbstractButton>(form, "Option1").isChecked());
-  EXPECT_TRUE(control<QAbstractButton>(form, "Option30").isChecked());
-}
-
 TEST_F(FrmBBTJTest, writesAMemoOfConditionsThatMayBeThoseOfAnotherPage) {
   const struct {
     const char* report;
@@ -126,6 +109,7 @@ TEST_F(FrmBBTJTest, readsConditionsOfOtherPages) {
     EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "使用部门：一车间汇总类别1---2");
   });
   const FrmBBTJ& composition = open("部门构成分析表");
+  EXPECT_TRUE(control<QAbstractButton>(composition, "Option1").isChecked());
   click(composition, "Option2");
   lookAt(composition, 0, [](QWidget& shown) { EXPECT_EQ(textOf(shown, "Label11"), "类别级次：明细级"); });
   const FrmBBTJ& statistics = open("固定资产统计表");

@@ -31,25 +31,17 @@ void depreciate(Stage& stage) {
   for (const std::string& card : cards) CalcCardDepr(stage.run(), card);
 }
 
-void showDepreciation(Stage& stage) {
-  stage.keep(stage.open<frmZJQD>(), "frmZJQD");
-  stage.keep(stage.open<FrmZJFPB>(), "FrmZJFPB");
-  stage.keep(stage.open<frmGZL>(), "frmGZL");
-}
-
-void showLongJob(Stage& stage) {
-  ProgressBox box;
-  box.showState({"正在计提折旧，请稍候……", 12345, 100000});
-  stage.keep(box, "ProgressBox");
-}
-
 }  // namespace
 
 void takeDepreciationPictures(Stage& stage) {
   enterWorkload(stage);
   depreciate(stage);
-  showDepreciation(stage);
-  showLongJob(stage);
+  stage.keep(stage.open<frmZJQD>(), "frmZJQD");
+  stage.keep(stage.open<FrmZJFPB>(), "FrmZJFPB");
+  stage.keep(stage.open<frmGZL>(), "frmGZL");
+  ProgressBox box;
+  box.showState({"正在计提折旧，请稍候……", 12345, 100000});
+  stage.keep(box, "ProgressBox");
 }
 
 }  // namespace zelkor

@@ -41,7 +41,7 @@ constexpr StandingText standingTexts[] = {
     {ErrorNumber::DuplicateColumn, "表中的字段不能重复定义。"},
     {ErrorNumber::DatabaseAlreadyExists, "数据库已存在。"},
     {ErrorNumber::OperationNotSupported, "此类型的对象不支持该操作。"},
-    {ErrorNumber::ItemNotInCollection, "在这个集合中找不到项目。"},
+    {ErrorNumber::ItemNotInCollection, "在此集合中没有找到项目。"},
     {ErrorNumber::IndexAlreadyExists, "该索引已存在。"},
     {ErrorNumber::UnionColumnCount, "联合查询中的列数不匹配。"},
     {ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式。"},

@@ -4,6 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "store/dialect/NameErrors.h"
 
 namespace zelkor {
 
@@ -20,7 +21,7 @@ const Value* CardVersion::find(std::string_view column) const {
 
 const Value& CardVersion::operator[](std::string_view column) const {
   if (const Value* value = find(column)) return *value;
-  throw RuntimeError(ErrorNumber::ItemNotInCollection);
+  throw dialect::unknownItem(column);
 }
 
 }  // namespace zelkor

@@ -1,6 +1,6 @@
 #include "store/Recordset.h"
 
-#include "base/RuntimeError.h"
+#include "store/dialect/NameErrors.h"
 #include "store/engine/RecordsetState.h"
 
 namespace zelkor {
@@ -46,7 +46,7 @@ std::size_t Recordset::FieldCount() const {
 
 const std::string& Recordset::FieldName(std::size_t index) const {
   const auto& columns = state().columns();
-  if (index >= columns.size()) throw RuntimeError(ErrorNumber::ItemNotInCollection);
+  if (index >= columns.size()) throw dialect::unknownItem(std::to_string(index));
   return columns[index].name;
 }
 

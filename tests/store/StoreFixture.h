@@ -29,6 +29,17 @@ inline std::string makeEmptyServerFile(const std::filesystem::path& directory, c
   return path;
 }
 
+/// Number and text of the error that the call ends with.
+template <typename Call>
+std::string refusalOf(Call call) {
+  try {
+    call();
+  } catch (const RuntimeError& error) {
+    return std::to_string(error.number()) + ' ' + error.what();
+  }
+  return "(none)";
+}
+
 /// A new data file without tables, on the server beside which the tests run if there is one.
 inline std::string makeEmptyDataFile(const std::filesystem::path& directory,
                                      const std::string& name = "Test.Mdb") {

@@ -13,4 +13,9 @@ RuntimeError unknownColumn(std::string_view name) {
   return {ErrorNumber::TooFewParameters, "参数不足，期待是 1。（" + std::string(name) + "）"};
 }
 
+RuntimeError unknownItem(std::string_view nameOrNumber) {
+  constexpr auto number = ErrorNumber::ItemNotInCollection;
+  return {number, RuntimeError(number).what() + ("（" + std::string(nameOrNumber) + "）")};
+}
+
 }  // namespace zelkor::dialect

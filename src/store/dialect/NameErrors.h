@@ -11,4 +11,7 @@ namespace zelkor::dialect {
 RuntimeError unknownTable(std::string_view name);
 RuntimeError unknownColumn(std::string_view name);
 
+/// Error 3265 of a column that is asked for by a name or a number that a row does not have.
+RuntimeError unknownItem(std::string_view nameOrNumber);
+
 }  // namespace zelkor::dialect

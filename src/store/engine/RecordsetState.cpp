@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/RuntimeError.h"
+#include "store/dialect/NameErrors.h"
 #include "store/engine/Binding.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
@@ -241,8 +242,7 @@ void RecordsetState::moveLast() {
 
 std::size_t RecordsetState::columnIndex(std::string_view name) const {
   if (const auto column = query_->columnNames().find(name)) return *column;
-  throw RuntimeError(ErrorNumber::ItemNotInCollection,
-                     "在此集合中没有找到项目。（" + std::string(name) + "）");
+  throw dialect::unknownItem(name);
 }
 
 void RecordsetState::requireCurrentRow() const {
@@ -251,7 +251,7 @@ void RecordsetState::requireCurrentRow() const {
 }
 
 Value RecordsetState::value(std::size_t column) {
-  if (column >= columns().size()) throw RuntimeError(ErrorNumber::ItemNotInCollection);
+  if (column >= columns().size()) throw dialect::unknownItem(std::to_string(column));
   if (edit_) {
     if (const Value* set = edit_->find(column)) return *set;
     if (edit_->isNewRow()) return {};

@@ -53,7 +53,10 @@ TEST_F(RecordsetTest, PositionFollowsTheWalk) {
   EXPECT_EQ(rs.Text("sNum"), "A2");
   rs.MoveFirst();
   EXPECT_EQ(rs.Text("sNum"), "A3");
-  EXPECT_EQ(errorOf([&] { rs.Fields("sMissing"); }), 3265);
+  const std::string missing = "在此集合中没有找到项目。";
+  EXPECT_EQ(refusalOf([&] { rs.Fields("sMissing"); }), "3265 " + missing + "（sMissing）");
+  EXPECT_EQ(refusalOf([&] { rs.Fields(99); }), "3265 " + missing + "（99）");
+  EXPECT_EQ(refusalOf([&] { rs.FieldName(99); }), "3265 " + missing + "（99）");
   rs.MovePrevious();
   EXPECT_TRUE(rs.Bof());
 }

@@ -84,6 +84,7 @@ class Emitter {
   void expr(const bound::Node& node, int precedence);
   void list(const std::vector<bound::Node>& nodes);
   virtual void binary(const bound::Binary& node, int precedence);
+  virtual void negative(const bound::Node& operand);
   void subselect(const bound::Select& node);
   static int precedenceOf(bound::BinaryKind kind);
   static std::string_view signOf(bound::BinaryKind kind);

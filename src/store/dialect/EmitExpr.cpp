@@ -169,7 +169,7 @@ void Emitter::node(const bound::Unary& unary, int precedence) {
     case bound::UnaryKind::Negate: {
       const Parentheses parentheses(out_, precedence > Sign);
       out_ += '-';
-      return expr(*unary.operand, Operand);
+      return negative(*unary.operand);
     }
     case bound::UnaryKind::Not: {
       const Parentheses parentheses(out_, precedence > Not);
@@ -182,6 +182,10 @@ void Emitter::node(const bound::Unary& unary, int precedence) {
   const Parentheses parentheses(out_, precedence > Comparison);
   expr(*unary.operand, Sum);
   out_ += " <> 0";
+}
+
+void Emitter::negative(const Node& operand) {
+  expr(operand, Operand);
 }
 
 void Emitter::binary(const bound::Binary& node, int precedence) {

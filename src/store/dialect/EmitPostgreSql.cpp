@@ -72,6 +72,11 @@ void PostgreSqlEmitter::binary(const bound::Binary& node, int precedence) {
   if (precedence > own) text(")");
 }
 
+void PostgreSqlEmitter::negative(const Node& operand) {
+  Emitter::negative(operand);
+  if (isWhole(operand)) text("::bigint");
+}
+
 void PostgreSqlEmitter::beforeLastMatch(const bound::Table& target) {
   text("DISTINCT ON (");
   rowKey(target.qualifier());

@@ -25,6 +25,7 @@ class PostgreSqlEmitter final : public Emitter {
   void quantified(const bound::Quantified& node) override;
   void aggregate(const bound::Aggregate& node) override;
   void binary(const bound::Binary& node, int precedence) override;
+  void negative(const bound::Node& operand) override;
   void numberCast(const bound::NumberOfText& node) override;
   void direction(bool descending) override;
   void topWithTies(const bound::Select& select, bool named) override;

@@ -54,7 +54,9 @@ Node assigned(BindContext& context, Node operand, const ColumnInfo& target) {
   }
   // What is reckoned may leave the range of whole numbers.
   const bool whole = target.type == ColumnType::Long || target.type == ColumnType::Short;
-  const bool reckoned = whole && std::holds_alternative<bound::Binary>(value.node);
+  const auto* unary = std::get_if<bound::Unary>(&value.node);
+  const bool negated = unary != nullptr && unary->kind == bound::UnaryKind::Negate;
+  const bool reckoned = whole && (negated || std::holds_alternative<bound::Binary>(value.node));
   const bool constant = std::holds_alternative<bound::IntegerValue>(value.node);
   if (constant && (type.family == bound::Family::Number || target.type == ColumnType::Boolean)) return value;
   if (!reckoned && fits(value.type, target.type)) return value;

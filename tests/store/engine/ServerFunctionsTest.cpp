@@ -490,6 +490,14 @@ TEST_F(ServerFunctionsTest, NumbersAreReckonedAlike) {
               "null+1",
               "null & 'x'",
               "10000000000 \\ 3"});
+  // The least numbers of a column have no counterpart there.
+  for (const char* least : {"-32768", "-2147483648"}) {
+    engines->expectSame("create table least (k short, l long)");
+    engines->expectSame("insert into least values (-32768," + std::string(least) + ")");
+    for (const char* statement : {"select -k,-l,-(-k),-k-1,abs(-l) from least", "update least set k=-k,l=-l",
+                                  "select * from least", "drop table least"})
+      engines->expectSame(statement);
+  }
 }
 
 TEST_F(ServerFunctionsTest, TextsAreTreatedAlike) {

@@ -157,6 +157,13 @@ std::optional<CarriedCell> converted(const CarriedCell& value, ColumnType type, 
   }
 }
 
+bool isNumberBeyondZero(const CarriedCell& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole != 0;
+  if (const auto* real = std::get_if<double>(&value)) return *real != 0;
+  const auto* amount = std::get_if<Currency>(&value);
+  return amount != nullptr && amount->scaled() != 0;
+}
+
 bool holdsAll(ColumnType type, ColumnType other) {
   if (type == other) return true;
   switch (type) {

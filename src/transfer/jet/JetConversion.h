@@ -13,6 +13,9 @@ namespace zelkor::jet {
 /// it does not fit.
 std::optional<CarriedCell> converted(const CarriedCell& value, dialect::ColumnType type, std::string& buffer);
 
+/// Whether the value is a number other than 0, which the platform takes for True.
+bool isNumberBeyondZero(const CarriedCell& value);
+
 /// Whether every value of the one type is a value of the other as it stands.
 bool holdsAll(dialect::ColumnType type, dialect::ColumnType other);
 

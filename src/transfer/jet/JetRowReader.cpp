@@ -39,10 +39,12 @@ CarriedCell JetRowReader::carried(std::size_t column) {
 CarriedCell JetRowReader::fitted(const CarriedCell& value, std::size_t column) {
   const ColumnType type = plan_.table.info.columns[column].type;
   if (auto cell = converted(value, type, buffers_[column])) return *cell;
-  const bool isBoolean = type == ColumnType::Boolean;
-  tell(column,
-       "值不合" + typeName(type) + "列，存为" + (isBoolean ? "“否”" : "空值") + "：" + shownText(value));
-  return isBoolean ? CarriedCell(std::int64_t{0}) : CarriedCell();
+  const auto stored = [&](const char* word, CarriedCell cell) {
+    tell(column, "值不合" + typeName(type) + "列，存为" + word + "：" + shownText(value));
+    return cell;
+  };
+  if (type != ColumnType::Boolean) return stored("空值", {});
+  return isNumberBeyondZero(value) ? stored("“是”", std::int64_t{-1}) : stored("“否”", std::int64_t{0});
 }
 
 void JetRowReader::tell(std::size_t column, std::string reason) {

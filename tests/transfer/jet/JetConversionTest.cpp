@@ -89,6 +89,13 @@ TEST(JetConversionTest, KeepsTheValueOrGivesNone) {
   }
 }
 
+TEST(JetConversionTest, ANumberThatIsNotZeroStandsForTrue) {
+  for (const CarriedCell& value : {CarriedCell(int64_t{255}), {0.5}, {Currency::fromScaled(-1)}})
+    EXPECT_TRUE(zelkor::jet::isNumberBeyondZero(value)) << zelkor::jet::shownText(value);
+  for (const CarriedCell& value : {CarriedCell(zero), {0.0}, {Currency()}, {"5"sv}, {}})
+    EXPECT_FALSE(zelkor::jet::isNumberBeyondZero(value)) << zelkor::jet::shownText(value);
+}
+
 TEST(JetConversionTest, ShowsLongTextsInPart) {
   std::string text;
   for (int i = 0; i < 41; ++i) text += "字";

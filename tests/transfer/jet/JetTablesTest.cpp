@@ -162,11 +162,13 @@ TEST_P(JetTablesTest, AddsTheColumnsThatAKnownTableLacks) {
                                             {"bMultiDept", JetType::Short}});
   table.add({std::int64_t{1}, std::string(200, '9'), std::int64_t{123456}, std::int64_t{-1}});
   table.add({JetCell{}, JetCell{}, JetCell{}, JetCell{}});
+  table.add({JetCell{}, JetCell{}, JetCell{}, std::int64_t{255}});
   file.close();
-  EXPECT_THAT(import(), ElementsAre("fa_Cards[2].bMultiDept: 值不合是/否列，存为“否”：空值"));
+  EXPECT_THAT(import(), ElementsAre("fa_Cards[2].bMultiDept: 值不合是/否列，存为“否”：空值",
+                                    "fa_Cards[3].bMultiDept: 值不合是/否列，存为“是”：255"));
   EXPECT_THAT(RawFile(copy_).rows("SELECT typeof(sCardID), length(sCardNum), dblValue, bMultiDept, iOptType, "
                                   "dblDepr, sStyle FROM fa_Cards"),
-              ElementsAre("text|200|12.3456|-1|1|0.0|~", "null|~|~|0|1|0.0|~"));
+              ElementsAre("text|200|12.3456|-1|1|0.0|~", "null|~|~|0|1|0.0|~", "null|~|~|-1|1|0.0|~"));
   EXPECT_THAT(notes_, Contains(HasSubstr("表 fa_Cards：文件里没有的列已按缺省值补上：sLockedBy、")));
   EXPECT_THAT(RawFile(copy_).rows("SELECT count(*) FROM pragma_index_list('fa_Cards')"),
               ElementsAre(testing::Ne("0")));

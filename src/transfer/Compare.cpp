@@ -106,15 +106,17 @@ class TableComparison {
 
   // A file keeps the rows of a table with a counter in the order of its numbers, however they were added.
   std::optional<TransferProblem> byCounter() {
-    std::unordered_map<std::int64_t, RowDigest> digests;
+    std::unordered_multimap<std::int64_t, RowDigest> digests;
     const auto left = original_.rows(table_);
     while (left->next()) digests.emplace(number(*left), RowDigest(*left, table_.info.columns.size()));
     const auto read = static_cast<std::int64_t>(digests.size());
     std::optional<std::int64_t> wrong;
     std::int64_t stored = 0;
     for (const auto right = copy_.rows(table_); right->next(); ++stored) {
-      const auto found = digests.find(number(*right));
-      if (found == digests.end() || found->second != RowDigest(*right, table_.info.columns.size())) {
+      const RowDigest digest(*right, table_.info.columns.size());
+      const auto [first, last] = digests.equal_range(number(*right));
+      const auto found = std::find_if(first, last, [&](const auto& row) { return row.second == digest; });
+      if (found == last) {
         if (!wrong) wrong = number(*right);
       } else {
         digests.erase(found);

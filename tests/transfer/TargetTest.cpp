@@ -201,6 +201,46 @@ INSTANTIATE_TEST_SUITE_P(
                     Change{"UPDATE sqlite_sequence SET seq = 0; DELETE FROM a WHERE i_id = 9",
                            "a.i_id: 自动编号应从 3 之后继续，目标为 0。"}));
 
+/// One table of numbers only, under a counter that gives some of them twice.
+class Numbers final : public TransferSource {
+ public:
+  explicit Numbers(std::vector<std::int64_t> numbers) : numbers_(std::move(numbers)) {}
+
+  const std::vector<TableDef>& tables() const override { return tables_; }
+  std::unique_ptr<RowReader> rows(const TableDef&) override { return std::make_unique<Reader>(numbers_); }
+  std::int64_t lastCounter(const TableDef&) override { return 0; }
+  const std::vector<TransferProblem>& problems() const override { return problems_; }
+
+ private:
+  struct Reader final : RowReader {
+    explicit Reader(const std::vector<std::int64_t>& numbers) : all(numbers) {}
+    bool next() override { return ++row < static_cast<int>(all.size()); }
+    CarriedCell cell(std::size_t) override { return all[static_cast<std::size_t>(row)]; }
+
+    const std::vector<std::int64_t>& all;
+    int row = -1;
+  };
+
+  std::vector<std::int64_t> numbers_;
+  std::vector<TableDef> tables_{TableDef{{"t", {{"n", dialect::ColumnType::Counter, 0, false}}}, {}, {}}};
+  std::vector<TransferProblem> problems_;
+};
+
+TEST(CompareRows, CountsRowsThatShareANumber) {
+  struct Case {
+    std::vector<std::int64_t> copy;
+    std::string difference;
+  };
+  for (const auto& [copied, difference] :
+       {Case{{2, 1, 1}, ""}, Case{{1, 2, 2}, "编号 2 的行不同；来源 3 行，目标 3 行。"},
+        Case{{2, 1}, "编号 1 的行不同；来源 3 行，目标 2 行。"}}) {
+    Numbers original({1, 1, 2});
+    Numbers copy(copied);
+    const auto found = compareTables(original, copy);
+    EXPECT_EQ(found.empty() ? "" : found.front().reason, difference);
+  }
+}
+
 TEST_F(CompareTest, TakesTheOrderOfATableWithACounterForEngineBusiness) {
   if (!onServer()) GTEST_SKIP() << "needs a server";
   ASSERT_THAT(copy(file_, there_, testServer()), IsEmpty());

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 #include "base/DateTime.h"
 #include "base/RuntimeError.h"
@@ -18,23 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int monthsOfYear = 12;
-
-/// A path that is taken away again unless `keep` was called.
-class Unfinished {
- public:
-  explicit Unfinished(fs::path path) : path_(std::move(path)) {}
-  Unfinished(const Unfinished&) = delete;
-  Unfinished& operator=(const Unfinished&) = delete;
-  ~Unfinished() {
-    std::error_code ignored;
-    if (!path_.empty()) fs::remove(path_, ignored);
-  }
-
-  void keep() { path_.clear(); }
-
- private:
-  fs::path path_;
-};
 
 bool hasTemplate(const std::string& table) {
   const auto& names = templatedTables();
@@ -107,10 +89,7 @@ void createBoth(const fs::path& directory, const AccountSetOptions& options) {
   write(data, options, writeDataFile);
   write(system, options, writeSystemFile);
   // Both are complete before either bears its name: what a kill leaves is no half account set.
-  data.giveName();
-  Unfinished half(data.path());
-  system.giveName();
-  half.keep();
+  giveNames(data, system);
   folder.keep();
 }
 

@@ -1,7 +1,5 @@
 #include "store/NewFile.h"
 
-#include <utility>
-
 #include "base/RuntimeError.h"
 
 namespace zelkor {
@@ -13,6 +11,11 @@ void requireAbsent(const fs::path& file) {
   if (fs::exists(file, unreadable))
     throw RuntimeError(ErrorNumber::DatabaseAlreadyExists,
                        "文件 '" + file.string() + "' 已存在，不能在此处建立账套。");
+}
+
+Unfinished::~Unfinished() {
+  std::error_code ignored;
+  if (!path_.empty()) fs::remove(path_, ignored);
 }
 
 NewFile::NewFile(fs::path file) : path_(std::move(file)), temporary_(fs::path(path_).concat(".new")) {
@@ -38,6 +41,13 @@ void NewFile::removeTemporary() {
   std::error_code ignored;
   for (const char* ending : {"-journal", "-wal", "-shm", ""})
     fs::remove(fs::path(temporary_).concat(ending), ignored);
+}
+
+void giveNames(NewFile& data, NewFile& system) {
+  data.giveName();
+  Unfinished half(data.path());
+  system.giveName();
+  half.keep();
 }
 
 }  // namespace zelkor

@@ -1,11 +1,26 @@
 #pragma once
 
 #include <filesystem>
+#include <utility>
 
 namespace zelkor {
 
 /// Error 3204 when there is something under that path.
 void requireAbsent(const std::filesystem::path& file);
+
+/// A path that is taken away again unless `keep` was called; of a folder only an empty one.
+class Unfinished {
+ public:
+  explicit Unfinished(std::filesystem::path path) : path_(std::move(path)) {}
+  Unfinished(const Unfinished&) = delete;
+  Unfinished& operator=(const Unfinished&) = delete;
+  ~Unfinished();
+
+  void keep() { path_.clear(); }
+
+ private:
+  std::filesystem::path path_;
+};
 
 /// A file that is written under a temporary name beside its own. Unless it was given its name it goes with
 /// the object.
@@ -28,5 +43,8 @@ class NewFile {
   std::filesystem::path path_;
   std::filesystem::path temporary_;
 };
+
+/// Gives both files of an account set their names, or neither. Errors as `NewFile::giveName`.
+void giveNames(NewFile& data, NewFile& system);
 
 }  // namespace zelkor

@@ -46,6 +46,33 @@ void createPart(PostgreSqlLink& server, const std::string& schema, const fs::pat
   loadTables(server, rows, tables);
 }
 
+struct Part {
+  fs::path path;
+  ServerFile place;
+};
+
+// Both files are written before the server keeps anything; what it keeps without them goes again.
+void createBoth(PostgreSqlLink& server, const Part& data, const Part& system,
+                const AccountSetOptions& options) {
+  const Scratch scratch(data.path.parent_path() / ".new");
+  createAccountSet(scratch.path(), options);
+  NewFile dataFile(data.path);
+  NewFile systemFile(system.path);
+  data.place.write(dataFile.temporary());
+  system.place.write(systemFile.temporary());
+  server.run("BEGIN");
+  createPart(server, data.place.schema, scratch.path() / dataName, dataTables());
+  createPart(server, system.place.schema, scratch.path() / systemName, systemTables());
+  server.run("SET synchronous_commit = on; COMMIT");
+  try {
+    giveNames(dataFile, systemFile);
+  } catch (const RuntimeError&) {
+    for (const Part* part : {&data, &system})
+      server.run("DROP SCHEMA \"" + part->place.schema + "\" CASCADE");
+    throw;
+  }
+}
+
 }  // namespace
 
 void createServerSchema(const std::string& conninfo, const std::string& schema, const fs::path& file) {
@@ -70,22 +97,9 @@ void createServerAccountSet(const std::string& conninfo, const fs::path& directo
   PostgreSqlLink server(conninfo);
   try {
     const bool made = fs::create_directory(directory);
-    const Scratch scratch(directory / ".new");
-    createAccountSet(scratch.path(), options);
-    const Scratch files(directory / ".files");
-    fs::create_directory(files.path());
-    data.write(files.path() / dataName);
-    system.write(files.path() / systemName);
-    try {
-      server.run("BEGIN");
-      createPart(server, data.schema, scratch.path() / dataName, dataTables());
-      createPart(server, system.schema, scratch.path() / systemName, systemTables());
-      server.run("SET synchronous_commit = on; COMMIT");
-    } catch (...) {
-      if (made) fs::remove_all(directory);
-      throw;
-    }
-    for (const char* name : {dataName, systemName}) fs::rename(files.path() / name, directory / name);
+    Unfinished folder(made ? directory : fs::path());
+    createBoth(server, {directory / dataName, data}, {directory / systemName, system}, options);
+    folder.keep();
   } catch (const fs::filesystem_error& error) {
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "无法在 '" + directory.string() + "' 建立账套：" + error.code().message());

@@ -1,18 +1,38 @@
 #include "store/engine/PostgreSqlEngine.h"
 
+#include <cstdlib>
+#include <ctime>
+
 #include "store/engine/PostgreSqlStatement.h"
 #include "store/engine/ServerFunctions.h"
 
 namespace zelkor {
-// What values are read by, and how transactions see each other, is not left to the server's configuration.
-// Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed, so that they
-// come in the order of their keys.
+namespace {
+
+// "+08:00", how far the workstation's clock is ahead of that of Greenwich.
+std::string clockOffset() {
+  tzset();
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  const std::string digits =
+      std::to_string(10000 + std::labs(local.tm_gmtoff) / 3600 * 100 + std::labs(local.tm_gmtoff) / 60 % 60);
+  return (local.tm_gmtoff < 0 ? "-" : "+") + digits.substr(1, 2) + ':' + digits.substr(3);
+}
+
+}  // namespace
+
+// What values are read by, what time it is, and how transactions see each other, is not left to the server's
+// configuration. Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed,
+// so that they come in the order of their keys.
 std::string sessionSettings(const std::string& schema) {
   return "SET search_path = \"" + schema +
          "\", public; SET datestyle = 'ISO, YMD'; SET synchronous_commit = off; SET lock_timeout = '10s'; "
          "SET extra_float_digits = 1; SET bytea_output = 'hex'; "
          "SET default_transaction_isolation = 'read committed'; "
-         "SET standard_conforming_strings = on; SET jit = off; SET enable_hashagg = off";
+         "SET standard_conforming_strings = on; SET jit = off; SET enable_hashagg = off; "
+         "SET TIME ZONE INTERVAL '" +
+         clockOffset() + "' HOUR TO MINUTE";
 }
 
 PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file)

@@ -458,6 +458,18 @@ BEGIN
   RETURN NULL;
 END $$;
 
+-- A row that gives Null for its counter draws a number like one that gives none.
+CREATE OR REPLACE FUNCTION zk_counter_draws() RETURNS trigger LANGUAGE plpgsql AS $$
+DECLARE counter regclass := pg_get_serial_sequence(format('%I.%I', TG_TABLE_SCHEMA, TG_TABLE_NAME), TG_ARGV[0]);
+BEGIN
+  RETURN jsonb_populate_record(NEW, jsonb_build_object(TG_ARGV[0], nextval(counter)));
+END $$;
+CREATE OR REPLACE FUNCTION zk_draw_for_null(place text, counter text) RETURNS void LANGUAGE plpgsql AS $$
+BEGIN
+  EXECUTE format('CREATE OR REPLACE TRIGGER zk_counter_null BEFORE INSERT ON %I FOR EACH ROW WHEN (NEW.%I IS NULL) '
+                 'EXECUTE FUNCTION zk_counter_draws(%L)', place, counter, counter);
+END $$;
+
 -- Names are folded to lower case: their own spelling and the type in the dialect's words are kept as comments.
 -- Each of `columns` is a name, a blank and a type.
 CREATE OR REPLACE FUNCTION zk_describe(table_name text, columns text[]) RETURNS void LANGUAGE plpgsql AS $$
@@ -470,9 +482,16 @@ BEGIN
     IF c LIKE '% COUNTER' THEN
       EXECUTE format('CREATE TRIGGER zk_counter AFTER INSERT ON %I FOR EACH STATEMENT '
                      'EXECUTE FUNCTION zk_counter_goes_on(%L)', place, lower(name));
+      PERFORM zk_draw_for_null(place, lower(name));
     END IF;
   END LOOP;
 END $$;
 
+-- Tables that were made before there was the one trigger have the other.
+SELECT zk_draw_for_null(c.relname, a.attname)
+FROM pg_trigger t JOIN pg_class c ON c.oid = t.tgrelid
+JOIN pg_attribute a ON a.attrelid = c.oid AND a.attidentity = 'd'
+WHERE t.tgname = 'zk_counter' AND c.relnamespace = current_schema()::regnamespace;
+
 -- The version of these functions, as the program asks for it.
-COMMENT ON FUNCTION zk_describe(text, text[]) IS '2';
+COMMENT ON FUNCTION zk_describe(text, text[]) IS '3';

@@ -29,7 +29,7 @@ constexpr const char* otherQuery =
     "SELECT c.relname::text, c.relname::text, '视图' FROM pg_class c WHERE c.relkind IN ('v', 'm') "
     "AND c.relnamespace = current_schema()::text::regnamespace UNION ALL "
     "SELECT c.relname::text, t.tgname::text, '触发器' FROM pg_trigger t JOIN pg_class c ON c.oid = t.tgrelid "
-    "WHERE NOT t.tgisinternal AND t.tgname <> 'zk_counter' "
+    "WHERE NOT t.tgisinternal AND t.tgname NOT IN ('zk_counter', 'zk_counter_null') "
     "AND c.relnamespace = current_schema()::text::regnamespace";
 
 template <typename Take>

@@ -16,6 +16,8 @@ namespace {
 constexpr std::string_view ownErrorMark = "ZK";
 constexpr std::string_view unsupportedPicture = "ZK001";
 constexpr std::string_view noPrivilege = "42501";
+constexpr std::string_view nullInColumn = "23502";
+constexpr ErrorNumber requiredField{3314};
 
 struct KnownState {
   std::string_view state;
@@ -109,11 +111,16 @@ ServerFailure failureOf(const PGconn* connection, const PGresult* result) {
   failure.message = field(result, PG_DIAG_MESSAGE_PRIMARY);
   failure.detail = field(result, PG_DIAG_MESSAGE_DETAIL);
   failure.table = field(result, PG_DIAG_TABLE_NAME);
+  failure.column = field(result, PG_DIAG_COLUMN_NAME);
   if (failure.state.empty() || PQstatus(connection) == CONNECTION_BAD) {
     failure.state.clear();
     failure.message = messageOf(connection);
   }
   return failure;
+}
+
+RuntimeError noRight(const std::string& reason) {
+  return {ErrorNumber::CannotOpenReadOnly, "没有数据库服务器上的权限，不能进行该操作。（" + reason + "）"};
 }
 
 void raiseServerError(const ServerFailure& failure, const std::string& columnsOfKey) {
@@ -122,13 +129,14 @@ void raiseServerError(const ServerFailure& failure, const std::string& columnsOf
                        "设备 I/O 错误：与数据库服务器的连接已中断。" + failure.message);
   raiseOwnError(failure);
   raiseNameError(failure);
+  if (failure.state == nullInColumn)
+    throw RuntimeError(requiredField, "字段 '" + failure.table + '.' + failure.column +
+                                          "' 不能包含 Null 值，必须在此字段中输入一个值。");
   if (failure.state.starts_with("23"))
     throw RuntimeError(
         ErrorNumber::DuplicateKey,
         "由于将在索引、主关键字或关系中创建重复的值，请求对表的更改没有成功。（索引：" + columnsOfKey + "）");
-  if (failure.state == noPrivilege)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "没有数据库服务器上的权限，不能进行该操作。（" + failure.message + "）");
+  if (failure.state == noPrivilege) throw noRight(failure.message);
   if (std::ranges::find(lockedStates, failure.state) != lockedStates.end())
     throw RuntimeError(ErrorNumber::FileLocked, "数据文件正被另一个进程锁定，无法使用。");
   for (const KnownState& known : knownStates)

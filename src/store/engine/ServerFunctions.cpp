@@ -7,22 +7,25 @@
 
 #include "base/RuntimeError.h"
 #include "store/engine/PostgreSqlEngine.h"
+#include "store/engine/PostgreSqlErrors.h"
 #include "store/TemplateData.h"
 
 namespace zelkor {
 namespace {
 
 // What the last statement of postgresql.sql leaves.
-constexpr int ourVersion = 2;
+constexpr int ourVersion = 3;
 
 // 0 without an account set; the first sets did not say their version.
 int versionIn(PostgreSqlLink& server, const std::string& schema) {
   const PgResult found = server.query(
-      "SELECT coalesce(obj_description(p.oid, 'pg_proc'), '1') FROM pg_proc p "
+      "SELECT coalesce(obj_description(p.oid, 'pg_proc'), '1'), has_schema_privilege(n.oid, 'USAGE') "
+      "FROM pg_proc p "
       "JOIN pg_namespace n ON n.oid = p.pronamespace WHERE n.nspname = $1 AND p.proname = 'zk_describe'",
       {schema});
   int version = 0;
   if (PQntuples(found.get()) == 0) return version;
+  if (*PQgetvalue(found.get(), 0, 1) != 't') throw noRight("schema " + schema);
   const std::string_view text = PQgetvalue(found.get(), 0, 0);
   std::from_chars(text.data(), text.data() + text.size(), version);
   return version;

@@ -210,6 +210,14 @@ TEST_F(StatementTest, AutoNumbersGoOnBehindAGivenValue) {
   db.Execute("insert into n (i_id,sT) values (41,'b')");
   db.Execute("insert into n (sT) values ('c')");
   EXPECT_EQ(joined(rows("select i_id, sT from n order by i_id")), "1|a;41|b;42|c");
+  db.Execute("insert into n (i_id,sT) values (null,'d')");
+  db.Execute("insert into n select null as i_id, 'e' as sT from n where sT='a'");
+  Recordset added = db.OpenRecordset("select * from n where sT='d'");
+  added.AddNew();
+  added.Collect("i_id", Value());
+  added.Collect("sT", "f");
+  added.Update();
+  EXPECT_EQ(joined(rows("select i_id, sT from n where i_id > 42 order by i_id")), "43|d;44|e;45|f");
 }
 
 TEST_F(StatementTest, AUniqueIndexTakesSeveralNulls) {

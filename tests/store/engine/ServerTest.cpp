@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cstdlib>
 #include <thread>
 
 #include "store/Catalogue.h"
@@ -125,6 +126,48 @@ TEST_F(ServerTest, FunctionsOfAnOlderVersionAreRenewed) {
   Database renewed = other.OpenDatabase(path);
   renewed.Execute("insert into t (sNum) values ('1')");
   EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id,val(sNum) from t")), (std::vector<std::string>{"1|1"}));
+}
+
+TEST_F(ServerTest, TablesOfAnOlderVersionDrawNumbersForNullWhenTheyAreRenewed) {
+  PostgreSqlEngine(ServerFile::read(path))
+      .run("DROP TRIGGER zk_counter_null ON t; COMMENT ON FUNCTION zk_describe(text, text[]) IS '2'");
+  renewServerPart(path);
+  DbEngine other;
+  Database renewed = other.OpenDatabase(path);
+  renewed.Execute("insert into t (i_id,sNum) values (null,'1')");
+  EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id from t")), (std::vector<std::string>{"1"}));
+}
+
+TEST_F(ServerTest, ANullThatAColumnDoesNotTakeIsNoDuplicateKey) {
+  db.Execute("insert into t (sNum) values ('1')");
+  EXPECT_EQ(refusalOf([&] { db.Execute("update t set i_id=null"); }),
+            "3314 字段 't.i_id' 不能包含 Null 值，必须在此字段中输入一个值。");
+}
+
+TEST_F(ServerTest, TimeIsThatOfTheWorkstation) {
+  const char* known = std::getenv("TZ");
+  const std::string before = known == nullptr ? "" : known;
+  for (const auto& [zone, seconds] :
+       {std::pair{"AAA-05:30", 19800}, {"AAA+03:30", -12600}, {"AAA-8", 28800}}) {
+    setenv("TZ", zone, 1);
+    PostgreSqlEngine session(ServerFile::read(path));
+    const auto offset =
+        session.prepare("SELECT extract(epoch FROM zk_now() - now() AT TIME ZONE 'UTC')::integer");
+    offset->step();
+    EXPECT_NEAR(std::stoi(std::string(offset->text(0))), seconds, 1) << zone;
+  }
+  known == nullptr ? unsetenv("TZ") : setenv("TZ", before.c_str(), 1);
+  tzset();
+}
+
+TEST_F(ServerTest, ARoleWithoutRightsToThePartIsToldSo) {
+  ServerFile part = ServerFile::read(path);
+  PostgreSqlEngine(part).run(
+      "DO $$ BEGIN CREATE ROLE zk_stranger LOGIN; EXCEPTION WHEN duplicate_object THEN NULL; END $$");
+  part.conninfo += " user=zk_stranger";
+  part.write(directory / "stranger");
+  EXPECT_EQ(refusalOf([&] { DbEngine().OpenDatabase((directory / "stranger").string()); }),
+            "3051 没有数据库服务器上的权限，不能进行该操作。（schema " + part.schema + "）");
 }
 
 TEST_F(ServerTest, ReadsValuesWholeHoweverTheServerIsSet) {
@@ -259,6 +302,36 @@ TEST_F(ServerSetTest, HoldsWhatAFileHolds) {
   EXPECT_FALSE(std::filesystem::exists(directory / "again"));
   EXPECT_EQ(errorOf([&] { createServerAccountSet(database.conninfo(), directory / "server", options); }),
             3204);
+}
+
+// A file comes where the set's is to lie, while its rows are on their way.
+TEST_F(ServerSetTest, LeavesNothingWhenItsFilesCannotBeNamed) {
+  const TestDatabase database("template0");
+  const AccountSetOptions options{.account = "a8", .year = 2020, .month = 1};
+  const auto set = directory / "set";
+  std::jthread somebody([&](const std::stop_token& stop) {
+    while (!stop.stop_requested() && !std::filesystem::exists(set / "ZkSystem.Mdb.new"))
+      std::this_thread::yield();
+    writeFile(set / "ZkSystem.Mdb", "mine");
+  });
+  EXPECT_EQ(errorOf([&] { createServerAccountSet(database.conninfo(), set, options); }), 3204);
+  somebody.request_stop();
+  somebody.join();
+  EXPECT_EQ(readFile(set / "ZkSystem.Mdb"), "mine");
+  std::filesystem::remove(set / "ZkSystem.Mdb");
+  EXPECT_TRUE(std::filesystem::is_empty(set));
+  createServerAccountSet(database.conninfo(), set, options);
+  EXPECT_TRUE(std::filesystem::exists(set / "ZkSystem.Mdb"));
+}
+
+TEST_F(ServerSetTest, LeavesNoFolderOfASetThatIsNone) {
+  const TestDatabase database("template0");
+  EXPECT_EQ(errorOf([&] {
+              createServerAccountSet(database.conninfo(), directory / "set",
+                                     {.account = "a9", .year = 2020, .month = 13});
+            }),
+            13);
+  EXPECT_FALSE(std::filesystem::exists(directory / "set"));
 }
 
 TEST_F(ServerSetTest, TakesNoPassword) {

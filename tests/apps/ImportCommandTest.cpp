@@ -82,7 +82,7 @@ TEST_P(ImportCommandTest, PrintsWhatBecameOfTheTablesAndWhatTheFileLacks) {
   writer.link("out", "other.mdb", "in");
   writer.query("q");
   writer.close();
-  const ProgramResult result = ctl({"import", jet_, home_ / "New.Mdb", "--check"});
+  const ProgramResult result = ctl({"import", jet_, home_ / "New.Mdb", "--check", "--charset", "GBK"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.output,
               AllOf(HasSubstr("fa_Status：读出 2 行，存入 2 行\n"), HasSubstr("表 out：是链接表"),
@@ -90,6 +90,9 @@ TEST_P(ImportCommandTest, PrintsWhatBecameOfTheTablesAndWhatTheFileLacks) {
                     HasSubstr("核对一致"), HasSubstr("说明：不导入的查询 1 个：q\n"),
                     HasSubstr("说明：表 fa_Status：文件里没有的列已按缺省值补上："),
                     HasSubstr("说明：账套还需要而文件里没有的表")));
+  const bool isJet4 = GetParam() == JetVersion::Jet4;
+  EXPECT_EQ(result.output.find("说明：Jet 4 文件的文字是 Unicode，--charset 不起作用\n") != std::string::npos,
+            isJet4);
 }
 
 TEST_P(ImportCommandTest, LeavesNothingOfAFileThatIsCutOff) {

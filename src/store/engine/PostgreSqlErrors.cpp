@@ -17,6 +17,7 @@ constexpr std::string_view ownErrorMark = "ZK";
 constexpr std::string_view unsupportedPicture = "ZK001";
 constexpr std::string_view noPrivilege = "42501";
 constexpr std::string_view nullInColumn = "23502";
+constexpr std::string_view readOnlyTransaction = "25006";
 constexpr ErrorNumber requiredField{3314};
 
 struct KnownState {
@@ -25,10 +26,9 @@ struct KnownState {
 };
 
 constexpr std::array knownStates{
-    KnownState{"22003", ErrorNumber::Overflow},           KnownState{"22012", ErrorNumber::DivisionByZero},
-    KnownState{"22P02", ErrorNumber::TypeMismatch},       KnownState{"22007", ErrorNumber::TypeMismatch},
-    KnownState{"22008", ErrorNumber::TypeMismatch},       KnownState{"53100", ErrorNumber::DiskFull},
-    KnownState{"25006", ErrorNumber::CannotOpenReadOnly},
+    KnownState{"22003", ErrorNumber::Overflow},     KnownState{"22012", ErrorNumber::DivisionByZero},
+    KnownState{"22P02", ErrorNumber::TypeMismatch}, KnownState{"22007", ErrorNumber::TypeMismatch},
+    KnownState{"22008", ErrorNumber::TypeMismatch}, KnownState{"53100", ErrorNumber::DiskFull},
 };
 
 // No lock in time, a deadlock, a transaction that another one has overtaken.
@@ -137,6 +137,9 @@ void raiseServerError(const ServerFailure& failure, const std::string& columnsOf
         ErrorNumber::DuplicateKey,
         "由于将在索引、主关键字或关系中创建重复的值，请求对表的更改没有成功。（索引：" + columnsOfKey + "）");
   if (failure.state == noPrivilege) throw noRight(failure.message);
+  if (failure.state == readOnlyTransaction)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
+                       "数据库服务器只供读取（例如备用服务器），不能写入。（" + failure.message + "）");
   if (std::ranges::find(lockedStates, failure.state) != lockedStates.end())
     throw RuntimeError(ErrorNumber::FileLocked, "数据文件正被另一个进程锁定，无法使用。");
   for (const KnownState& known : knownStates)

@@ -214,12 +214,15 @@ TEST_P(RefusedTest, TellsWhatTheServerRefuses) {
 
 INSTANTIATE_TEST_SUITE_P(
     Statements, RefusedTest,
-    testing::Values(Refused{"NoRight", "SET ROLE pg_monitor", "CREATE SCHEMA forbidden", 3051,
-                            "没有数据库服务器上的权限，不能进行该操作。（permission denied for database "},
-                    Refused{"NoLockInTime", "SET lock_timeout = '20ms'", "DELETE FROM t", 3045,
-                            "数据文件正被另一个进程锁定，无法使用。"},
-                    Refused{"NoTable", "SELECT 1", "DELETE FROM gone", 3078,
-                            "数据库引擎找不到输入表或查询 'gone'。请确定它存在，并且名称拼写正确。"}),
+    testing::Values(
+        Refused{"NoRight", "SET ROLE pg_monitor", "CREATE SCHEMA forbidden", 3051,
+                "没有数据库服务器上的权限，不能进行该操作。（permission denied for database "},
+        Refused{"ReadOnly", "SET default_transaction_read_only = on", "CREATE TABLE u (x integer)", 3051,
+                "数据库服务器只供读取（例如备用服务器），不能写入。（cannot execute CREATE TABLE in "},
+        Refused{"NoLockInTime", "SET lock_timeout = '20ms'", "DELETE FROM t", 3045,
+                "数据文件正被另一个进程锁定，无法使用。"},
+        Refused{"NoTable", "SELECT 1", "DELETE FROM gone", 3078,
+                "数据库引擎找不到输入表或查询 'gone'。请确定它存在，并且名称拼写正确。"}),
     [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST_F(ServerTest, NamesTheKeyThatIsThereAlready) {

@@ -47,6 +47,7 @@ enum class ErrorNumber : int {
   IndexAlreadyExists = 3284,
   SubqueryColumnCount = 3306,
   UnionColumnCount = 3307,
+  RequiredField = 3314,
   UnrecognizedFormat = 3343,
   ColumnCountDiffers = 3346,
   OrderNotSelected = 3351,

@@ -18,7 +18,6 @@ constexpr std::string_view unsupportedPicture = "ZK001";
 constexpr std::string_view noPrivilege = "42501";
 constexpr std::string_view nullInColumn = "23502";
 constexpr std::string_view readOnlyTransaction = "25006";
-constexpr ErrorNumber requiredField{3314};
 
 struct KnownState {
   std::string_view state;
@@ -130,8 +129,8 @@ void raiseServerError(const ServerFailure& failure, const std::string& columnsOf
   raiseOwnError(failure);
   raiseNameError(failure);
   if (failure.state == nullInColumn)
-    throw RuntimeError(requiredField, "字段 '" + failure.table + '.' + failure.column +
-                                          "' 不能包含 Null 值，必须在此字段中输入一个值。");
+    throw RuntimeError(ErrorNumber::RequiredField, "字段 '" + failure.table + '.' + failure.column +
+                                                       "' 不能包含 Null 值，必须在此字段中输入一个值。");
   if (failure.state.starts_with("23"))
     throw RuntimeError(
         ErrorNumber::DuplicateKey,

@@ -14,7 +14,7 @@ enum class Reset { FromTemplate, DeleteOnly, Recreate };
 struct ResetTable {
   std::string_view name;
   Reset reset = Reset::FromTemplate;
-  std::string_view columns = "";  // what is copied from the template; empty: all columns
+  std::string_view columns{};  // what is copied from the template; empty: all columns
 };
 
 constexpr std::array kTables = {

@@ -43,9 +43,9 @@ class FromBinder {
     if (join->kind == JoinKind::Right) markMissing(first, second);
     bound::Join result;
     result.left = join->kind != JoinKind::Inner;
-    const bool swapped = join->kind == JoinKind::Right;
-    result.first = swapped ? std::move(right) : std::move(left);
-    result.second = swapped ? std::move(left) : std::move(right);
+    if (join->kind == JoinKind::Right) std::swap(left, right);
+    result.first = std::move(left);
+    result.second = std::move(right);
     return Box<bound::Join>(std::move(result));
   }
 

@@ -2,7 +2,6 @@
 
 namespace zelkor::dialect {
 
-using bound::BinaryKind;
 using bound::Node;
 
 namespace {

@@ -88,6 +88,7 @@ Translation translateDefinition(const CreateTable& statement, const SchemaView& 
   const std::vector<std::string> key = primaryKeyOf(statement);
   if (!key.empty() && !isCounter(columns, key)) {
     std::vector<OrderKey> keys;
+    keys.reserve(key.size());
     for (const std::string& column : key) keys.push_back(keyOf(column));
     result.sql.push_back(indexText(engine, statement.table, "PrimaryKey", true, keys));
   }

@@ -102,7 +102,6 @@ bool fits(const ValueType& from, ColumnType to) {
       return a == 1;
     case ColumnType::Long:
     case ColumnType::Counter:
-      return a == 1 || a == 2;
     case ColumnType::Currency:
       return a == 1 || a == 2;
     case ColumnType::Double:

@@ -92,6 +92,7 @@ std::vector<std::string> PostgreSqlEngine::tableNames() {
       "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p') ORDER BY c.relname",
       {});
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(PQntuples(result.get())));
   for (int row = 0; row < PQntuples(result.get()); ++row) names.emplace_back(cell(result, row, 0));
   return names;
 }

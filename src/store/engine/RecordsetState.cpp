@@ -132,6 +132,7 @@ bool RecordsetState::withinTop() {
 
 std::vector<Value> RecordsetState::tieKeys() const {
   std::vector<Value> keys;
+  keys.reserve(query_->query().tieKeys());
   const auto first = static_cast<int>(sources());
   for (int i = 0; i < static_cast<int>(query_->query().tieKeys()); ++i)
     keys.push_back(readCell(*run_.statement, first + i, dialect::ColumnType::Unknown));
@@ -140,6 +141,7 @@ std::vector<Value> RecordsetState::tieKeys() const {
 
 std::vector<RecordsetState::RowKey> RecordsetState::keysOf(const EngineStatement& row) const {
   std::vector<RowKey> keys;
+  keys.reserve(sources());
   for (int i = 0; i < static_cast<int>(sources()); ++i) keys.push_back(keyAt(row, i));
   return keys;
 }

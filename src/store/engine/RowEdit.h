@@ -36,9 +36,9 @@ class RowEdit {
 
  private:
   struct Field {
-    std::size_t source;
+    std::size_t source = 0;
     std::string name;
-    dialect::ColumnType type;
+    dialect::ColumnType type = dialect::ColumnType::Unknown;
     Value value;
   };
 

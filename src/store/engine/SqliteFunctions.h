@@ -22,9 +22,9 @@ using Arguments = std::span<sqlite3_value*>;
 using Function = void (*)(sqlite3_context*, Arguments);
 
 struct FunctionEntry {
-  const char* name;
-  int arguments;  // -1: any number
-  Function function;
+  const char* name = "";
+  int arguments = 0;  // -1: any number
+  Function function = nullptr;
   bool deterministic = true;
 };
 

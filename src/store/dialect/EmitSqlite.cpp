@@ -1,5 +1,7 @@
 #include "store/dialect/EmitSqlite.h"
 
+#include "store/dialect/ColumnTypes.h"
+
 namespace zelkor::dialect {
 
 using bound::Node;
@@ -91,28 +93,9 @@ void SqliteEmitter::topWithTies(const bound::Select& select, bool named) {
 }
 
 std::string SqliteEmitter::declaredType(const ColumnInfo& column) const {
-  switch (column.type) {
-    case ColumnType::Memo:
-      return "LONGTEXT COLLATE NOCASE";
-    case ColumnType::Short:
-      return "SMALLINT";
-    case ColumnType::Long:
-      return "INTEGER";
-    case ColumnType::Counter:
-      return "INTEGER PRIMARY KEY AUTOINCREMENT";
-    case ColumnType::Double:
-      return "DOUBLE";
-    case ColumnType::Currency:
-      return "CURRENCY";
-    case ColumnType::Date:
-      return "DATETIME";
-    case ColumnType::Boolean:
-      return "BOOLEAN NOT NULL DEFAULT 0";
-    case ColumnType::Binary:
-      return "BLOB";
-    default:
-      return "TEXT(" + std::to_string(column.size > 0 ? column.size : 255) + ") COLLATE NOCASE";
-  }
+  std::string declared = columnType(column, EngineKind::Sqlite);
+  if (column.type == ColumnType::Boolean) declared += " DEFAULT 0";
+  return declared;
 }
 
 }  // namespace zelkor::dialect

@@ -5,7 +5,7 @@
 
 #include "cards/ClsBLLFACards.h"
 #include "Sqlite.h"
-#include "store/AccountSet.h"
+#include "store/accountset/AccountSet.h"
 
 namespace zelkor::bench {
 namespace {

@@ -5,11 +5,11 @@
 #include <cstdlib>
 
 #include "base/RuntimeError.h"
-#include "store/Catalogue.h"
-#include "store/engine/PostgreSqlLink.h"
-#include "store/engine/ServerFile.h"
-#include "store/engine/ServerLoad.h"
-#include "store/engine/SqliteEngine.h"
+#include "store/catalogue/Catalogue.h"
+#include "store/engine/postgresql/PostgreSqlLink.h"
+#include "store/engine/postgresql/ServerFile.h"
+#include "store/engine/postgresql/ServerLoad.h"
+#include "store/engine/sqlite/SqliteEngine.h"
 
 namespace zelkor::bench {
 namespace {

@@ -5,7 +5,7 @@
 #include "PostgreSql.h"
 #include "ServerDatabase.h"
 #include "Stopwatch.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor::bench {
 namespace {

@@ -4,7 +4,7 @@
 #include "Benchmarks.h"
 #include "Sqlite.h"
 #include "Stopwatch.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor::bench {
 namespace {

@@ -1,5 +1,5 @@
 # zelkor_embed_texts(<target> <file> ...): the texts become part of the target, found by their file names through
-# zelkor::embeddedText (store/TemplateData.h), so that no program looks for files of its own when it runs.
+# zelkor::embeddedText (base/EmbeddedText.h), so that no program looks for files of its own when it runs.
 function(zelkor_embed_texts target)
   set(source ${CMAKE_BINARY_DIR}/generated/EmbeddedTexts.cpp)
   add_custom_command(OUTPUT ${source}

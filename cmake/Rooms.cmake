@@ -1,5 +1,7 @@
-# A room is a folder of src/. Its files build one core library, zelkor_<room>, that links no Qt;
-# files whose name begins Frm or frm are screens and go into zelkor_forms instead.
+# A room is a folder of src/. Its files build one core library, zelkor_<last name of the folder>, that links no Qt;
+# files whose name begins Frm or frm are screens and go into zelkor_forms instead. A folder below it is part of it,
+# unless that is a room of its own.
+set(ZELKOR_INNER_ROOMS transfer/jet)
 
 add_library(zelkor_options INTERFACE)
 target_compile_options(zelkor_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
@@ -15,39 +17,53 @@ endif()
 
 find_program(ZELKOR_CCACHE ccache)
 if(ZELKOR_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${ZELKOR_CCACHE})
+  # Precompiled headers are cached, too, where the cache need not mind their macros and times.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${ZELKOR_CCACHE})
 endif()
 
-# zelkor_room(<room> [<library this room may call> ...])
-function(zelkor_room room)
-  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${room}/*.cpp)
+# What most files include is parsed once. ccache needs -fpch-preprocess to see through a precompiled header of GCC.
+target_compile_options(zelkor_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+# GCC 12 takes the moving and joining of short texts for copies beyond all bounds.
+target_compile_options(zelkor_options INTERFACE
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow;-Wno-stringop-overread>)
+set(ZELKOR_COMMON_HEADERS <algorithm> <array> <charconv> <chrono> <cstdint> <filesystem> <fstream> <functional>
+  <map> <memory> <optional> <set> <span> <sstream> <stdexcept> <string> <string_view> <tuple> <unordered_map> <utility>
+  <variant> <vector>)
+add_library(zelkor_common_headers STATIC ${CMAKE_SOURCE_DIR}/cmake/Empty.cpp)
+target_link_libraries(zelkor_common_headers PRIVATE zelkor_options)
+target_precompile_headers(zelkor_common_headers PRIVATE ${ZELKOR_COMMON_HEADERS})
+
+# zelkor_room(<folder> [<library this room may call> ...])
+function(zelkor_room folder)
+  get_filename_component(room ${folder} NAME)
+  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp)
   list(FILTER files EXCLUDE REGEX "/[Ff]rm[^/]*\\.cpp$")
-  if(files)
-    add_library(zelkor_${room} STATIC ${files})
-    set(scope PUBLIC)
-    target_link_libraries(zelkor_${room} PRIVATE zelkor_options)
-  else()
-    add_library(zelkor_${room} INTERFACE)
-    set(scope INTERFACE)
-  endif()
-  target_include_directories(zelkor_${room} ${scope} ${CMAKE_SOURCE_DIR}/src)
-  target_link_libraries(zelkor_${room} ${scope} ${ARGN})
+  foreach(inner IN LISTS ZELKOR_INNER_ROOMS)
+    if(inner MATCHES "^${folder}/")
+      list(FILTER files EXCLUDE REGEX "/src/${inner}/")
+    endif()
+  endforeach()
+  add_library(zelkor_${room} STATIC ${files})
+  target_include_directories(zelkor_${room} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(zelkor_${room} PUBLIC ${ARGN} PRIVATE zelkor_options)
+  target_precompile_headers(zelkor_${room} REUSE_FROM zelkor_common_headers)
   set_property(GLOBAL APPEND PROPERTY ZELKOR_ROOMS zelkor_${room})
 endfunction()
 
-# zelkor_room_tests(<room> [<library> ...]): tests/<room>/*.cpp as one GoogleTest program, its tests with
+# zelkor_room_tests(<folder> [<library> ...]): tests/<folder>/*.cpp as one GoogleTest program, its tests with
 # ZELKOR_TEST_PROPERTIES
-function(zelkor_room_tests room)
-  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${room}/*.cpp)
-  if(NOT files)
-    return()
-  endif()
+function(zelkor_room_tests folder)
+  get_filename_component(room ${folder} NAME)
+  file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
+  foreach(inner IN LISTS ZELKOR_INNER_ROOMS)
+    if(inner MATCHES "^${folder}/")
+      list(FILTER files EXCLUDE REGEX "/tests/${inner}/")
+    endif()
+  endforeach()
   add_executable(zelkor_${room}_tests ${files})
   target_include_directories(zelkor_${room}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_compile_definitions(zelkor_${room}_tests PRIVATE
-    ZELKOR_TEST_SOURCE_DIR="${CMAKE_SOURCE_DIR}/tests"
-    ZELKOR_DATA_DIR="${CMAKE_SOURCE_DIR}/data"
-    ZELKOR_SHARED_DATA_DIR="${CMAKE_SOURCE_DIR}/../shared/data")
-  target_link_libraries(zelkor_${room}_tests PRIVATE zelkor_options ${ARGN} GTest::gtest GTest::gtest_main GTest::gmock)
+  target_link_libraries(zelkor_${room}_tests PRIVATE zelkor_test_options zelkor_test_paths ${ARGN} GTest::gtest GTest::gtest_main GTest::gmock)
+  target_precompile_headers(zelkor_${room}_tests REUSE_FROM zelkor_test_headers)
   gtest_discover_tests(zelkor_${room}_tests NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 ${ZELKOR_TEST_PROPERTIES})
 endfunction()

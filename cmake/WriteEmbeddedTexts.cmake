@@ -6,7 +6,7 @@ foreach(file IN LISTS FILES)
   string(APPEND cases "  if (name == \"${name}\") return R\"zktext(${text})zktext\";\n")
 endforeach()
 file(WRITE ${OUTPUT}
-"#include \"store/TemplateData.h\"
+"#include \"base/EmbeddedText.h\"
 
 namespace zelkor {
 

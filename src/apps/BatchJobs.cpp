@@ -12,7 +12,7 @@
 #include "depreciation/AllocationTable.h"
 #include "depreciation/DepreciationList.h"
 #include "depreciation/RunMonthDepr.h"
-#include "store/ReinitialiseAccount.h"
+#include "store/accountset/ReinitialiseAccount.h"
 
 namespace zelkor {
 namespace {

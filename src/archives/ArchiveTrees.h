@@ -5,7 +5,7 @@
 
 #include "archives/ClsBLLAssentTypes.h"
 #include "base/TreeRow.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -2,7 +2,7 @@
 
 #include "base/Format.h"
 #include "base/RuntimeError.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

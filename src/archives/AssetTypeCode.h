@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

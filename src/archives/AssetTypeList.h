@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/TextGrid.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "archives/AssetTypeCode.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "startup/Logs.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

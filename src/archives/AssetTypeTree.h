@@ -7,7 +7,7 @@
 
 #include "archives/AssetTypeMaintenance.h"
 #include "base/TreeRow.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -1,7 +1,7 @@
 #include "archives/ClsBLLDepart.h"
 
 #include "archives/CodingRule.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

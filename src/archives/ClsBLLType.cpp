@@ -1,6 +1,6 @@
 #include "archives/ClsBLLType.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

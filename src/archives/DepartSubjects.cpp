@@ -1,6 +1,6 @@
 #include "archives/DepartSubjects.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -5,7 +5,7 @@
 #include <QSignalBlocker>
 
 #include "archives/DepartArchive.h"
-#include "store/SubjectText.h"
+#include "store/settings/SubjectText.h"
 #include "ui/Layout.h"
 #include "ui/TreeLoader.h"
 #include "vouchers/frmPZCode.h"

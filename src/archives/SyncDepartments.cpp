@@ -10,7 +10,7 @@
 #include "base/Conversion.h"
 #include "base/Text.h"
 #include "startup/Strings.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -7,7 +7,7 @@
 
 #include "base/TextGrid.h"
 #include "base/TreeRow.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 
 namespace zelkor {
 

@@ -7,7 +7,7 @@
 #include "base/Decimal.h"
 #include "base/Format.h"
 #include "base/NumberText.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

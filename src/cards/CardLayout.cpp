@@ -6,11 +6,11 @@
 #include <tuple>
 
 #include "base/Conversion.h"
+#include "base/EmbeddedText.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "startup/Strings.h"
-#include "store/Catalogue.h"
-#include "store/TemplateData.h"
+#include "store/catalogue/Catalogue.h"
 
 namespace zelkor {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "base/TextGrid.h"
-#include "store/Recordset.h"
+#include "store/engine/Recordset.h"
 
 namespace zelkor {
 

@@ -5,7 +5,7 @@
 
 #include "cards/ClsBLLCards.h"
 #include "startup/Logs.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "base/Conversion.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

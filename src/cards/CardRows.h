@@ -6,7 +6,7 @@
 
 #include "cards/CardLayout.h"
 #include "cards/CardValues.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -1,6 +1,6 @@
 #include "cards/CardVersions.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "cards/VoucherStaging.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

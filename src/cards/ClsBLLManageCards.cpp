@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

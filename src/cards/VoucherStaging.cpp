@@ -5,7 +5,7 @@
 
 #include "base/Conversion.h"
 #include "base/Format.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "startup/RunContext.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

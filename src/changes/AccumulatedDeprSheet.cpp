@@ -1,6 +1,6 @@
 #include "base/Conversion.h"
 #include "changes/SheetRules.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // 累计折旧调整: corrects what has been depreciated so far. The figure lives in the ledgers and not on the
 // card, whose new version differs in nothing but what every sheet sets.

@@ -7,7 +7,7 @@
 #include "cards/CardSheet.h"
 #include "cards/CardVersions.h"
 #include "changes/SheetRules.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

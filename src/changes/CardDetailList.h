@@ -10,7 +10,7 @@
 #include "base/TextGrid.h"
 #include "changes/CardVersion.h"
 #include "changes/ChangeKind.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -4,7 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "store/dialect/NameErrors.h"
+#include "store/dialect/binding/NameErrors.h"
 
 namespace zelkor {
 

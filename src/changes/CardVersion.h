@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "store/Recordset.h"
+#include "store/engine/Recordset.h"
 
 namespace zelkor {
 

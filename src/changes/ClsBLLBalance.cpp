@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "changes/BalanceSheet.h"
 #include "changes/CardVersion.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -2,7 +2,7 @@
 #include "base/Format.h"
 #include "base/Text.h"
 #include "changes/SheetRules.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // 原值增加: raises the original value; the residual value follows at the card's rate.
 

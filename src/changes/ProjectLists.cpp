@@ -1,7 +1,7 @@
 #include "changes/ProjectLists.h"
 
 #include "base/Text.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "base/TextGrid.h"
 #include "base/TreeRow.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -1,7 +1,7 @@
 #include "changes/SheetRules.h"
 
 #include "base/Format.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

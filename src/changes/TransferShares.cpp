@@ -3,7 +3,7 @@
 #include "base/Conversion.h"
 #include "base/Text.h"
 #include "changes/TransferRows.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

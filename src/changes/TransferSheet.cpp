@@ -3,7 +3,7 @@
 #include "changes/CardDetailList.h"
 #include "changes/SheetRules.h"
 #include "changes/TransferRows.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // 部门转移: moves the asset to a department or splits it between several. One row is left behind with the
 // department before, one is the card from then on.

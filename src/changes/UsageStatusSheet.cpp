@@ -1,6 +1,6 @@
 #include "base/Conversion.h"
 #include "changes/SheetRules.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // 使用状况调整: gives the asset another usage status.
 

@@ -10,7 +10,7 @@
 #include "base/Text.h"
 #include "changes/frmProject.h"
 #include "changes/SplitDeparts.h"
-#include "store/SubjectText.h"
+#include "store/settings/SubjectText.h"
 #include "ui/Layout.h"
 #include "vouchers/frmPZCode.h"
 

@@ -5,8 +5,8 @@
 
 #include "base/RuntimeError.h"
 #include "startup/Logs.h"
-#include "store/CopiedColumns.h"
-#include "store/Statement.h"
+#include "store/catalogue/CopiedColumns.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/LongJob.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

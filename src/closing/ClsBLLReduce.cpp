@@ -1,6 +1,6 @@
 #include "closing/ClsBLLReduce.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -5,8 +5,8 @@
 #include "base/Conversion.h"
 #include "closing/DisposalRows.h"
 #include "closing/DisposalVouchers.h"
-#include "store/Parameters.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
+#include "store/settings/Parameters.h"
 
 namespace zelkor {
 namespace {

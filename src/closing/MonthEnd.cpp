@@ -5,7 +5,7 @@
 #include "closing/MonthEndOptions.h"
 #include "closing/ShowReconciliation.h"
 #include "startup/Logs.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

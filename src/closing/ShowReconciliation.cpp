@@ -1,6 +1,6 @@
 #include "closing/ShowReconciliation.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -8,7 +8,7 @@
 #include "archives/frmCnDate.h"
 #include "archives/frmSelectUseStatus.h"
 #include "cards/frmCards.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "ui/Layout.h"
 
 namespace zelkor {

@@ -1,7 +1,7 @@
 #include "depreciation/AllocationTable.h"
 
 #include "base/Format.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "base/DateTime.h"
 #include "base/TextGrid.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

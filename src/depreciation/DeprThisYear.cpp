@@ -3,7 +3,7 @@
 #include <exception>
 #include <utility>
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "base/Currency.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include "archives/ClsBLLAssentTypes.h"
 #include "base/Conversion.h"
 #include "depreciation/DepreciationList.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -8,7 +8,7 @@
 #include "base/RuntimeError.h"
 #include "depreciation/CalcCardDepr.h"
 #include "depreciation/StagedDepr.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

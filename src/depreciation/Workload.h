@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

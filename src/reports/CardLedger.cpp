@@ -5,7 +5,7 @@
 #include "reports/ReportGrid.h"
 #include "reports/ReportRoutines.h"
 #include "reports/ReportView.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -7,7 +7,7 @@
 #include "reports/ReportConditions.h"
 #include "reports/ReportGrid.h"
 #include "reports/ReportView.h"
-#include "store/Recordset.h"
+#include "store/engine/Recordset.h"
 
 // What the reports share that list one line per version of a card.
 namespace zelkor {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "base/Value.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 // What all value reports ask the ledger of depreciation, and the archives they walk.
 namespace zelkor {

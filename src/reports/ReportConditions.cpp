@@ -1,7 +1,7 @@
 #include "reports/ReportConditions.h"
 
 #include "base/Format.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

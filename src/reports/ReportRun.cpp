@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "startup/Logs.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

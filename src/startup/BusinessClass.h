@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 
 namespace zelkor {
 

@@ -8,7 +8,7 @@
 #include "base/Dialogs.h"
 #include "startup/ClsOpArgs.h"
 #include "startup/PickedSubject.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 
 namespace zelkor {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 #include "store/dialect/Translation.h"
 #include "store/engine/Engine.h"
 #include "transfer/CarriedCell.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 
 namespace zelkor {
 

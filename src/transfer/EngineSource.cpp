@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "base/RuntimeError.h"
-#include "store/engine/DataFile.h"
+#include "store/accountset/DataFile.h"
 #include "transfer/CellReading.h"
 #include "transfer/ServerSourceTables.h"
 #include "transfer/SourceTables.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <set>
 
-#include "store/engine/ServerCopy.h"
-#include "store/engine/ServerLoad.h"
+#include "store/engine/postgresql/ServerCopy.h"
+#include "store/engine/postgresql/ServerLoad.h"
 #include "transfer/IndexRefusal.h"
 
 namespace zelkor {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "store/engine/PostgreSqlLink.h"
-#include "store/engine/ServerFile.h"
-#include "store/NewFile.h"
+#include "store/accountset/NewFile.h"
+#include "store/engine/postgresql/PostgreSqlLink.h"
+#include "store/engine/postgresql/ServerFile.h"
 #include "transfer/TransferTarget.h"
 
 namespace zelkor {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Catalogue.h"
+#include "store/catalogue/Catalogue.h"
 #include "store/engine/Engine.h"
 #include "transfer/TransferSource.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/engine/NewSqliteFile.h"
-#include "store/NewFile.h"
+#include "store/accountset/NewFile.h"
+#include "store/engine/sqlite/NewSqliteFile.h"
 #include "transfer/TransferTarget.h"
 
 namespace zelkor {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Catalogue.h"
+#include "store/catalogue/Catalogue.h"
 #include "transfer/CarriedCell.h"
 
 namespace zelkor {

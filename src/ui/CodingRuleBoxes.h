@@ -4,7 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "store/CodingRuleLengths.h"
+#include "store/settings/CodingRuleLengths.h"
 #include "ui/UpDown.h"
 
 namespace zelkor {

@@ -8,7 +8,7 @@
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "base/Text.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "vouchers/ErrorTrap.h"
 #include "vouchers/SubjectName.h"
 

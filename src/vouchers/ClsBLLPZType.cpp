@@ -1,7 +1,7 @@
 #include "vouchers/ClsBLLPZType.h"
 
 #include "base/Conversion.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -6,7 +6,7 @@
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "base/RuntimeError.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

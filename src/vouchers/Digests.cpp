@@ -1,7 +1,7 @@
 #include "vouchers/Digests.h"
 
 #include "base/Text.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

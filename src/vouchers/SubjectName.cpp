@@ -1,6 +1,6 @@
 #include "vouchers/SubjectName.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 

@@ -9,7 +9,7 @@
 
 #include "base/TreeRow.h"
 #include "startup/PickedSubject.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -4,7 +4,7 @@
 
 #include "base/Conversion.h"
 #include "base/Text.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

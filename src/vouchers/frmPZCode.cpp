@@ -1,6 +1,6 @@
 #include "vouchers/frmPZCode.h"
 
-#include "store/SubjectText.h"
+#include "store/settings/SubjectText.h"
 
 namespace zelkor {
 

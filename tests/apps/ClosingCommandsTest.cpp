@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "apps/ProgramRun.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 
 // Disposals and the month's end from the command line.
@@ -24,7 +25,7 @@ class ClosingCommandsTest : public testing::Test {
   }
 
   ProgramResult ctl(const std::vector<std::string>& call) {
-    return ProgramRun(ZELKORCTL, call, directory.path()).finish();
+    return ProgramRun(test::zelkorctlProgram(), call, directory.path()).finish();
   }
   std::string set() const { return directory / "set"; }
   std::string data() const { return set() + "/ZkData.Mdb"; }

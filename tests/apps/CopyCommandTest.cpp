@@ -3,8 +3,9 @@
 #include <memory>
 
 #include "apps/ProgramRun.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 #include "support/AccountSetCopy.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 #include "transfer/EngineSource.h"
 #include "transfer/Transfer.h"
@@ -20,7 +21,7 @@ using testing::IsEmpty;
 class CopyCommandTest : public testing::Test {
  protected:
   ProgramResult ctl(const std::vector<std::string>& call) {
-    return ProgramRun(ZELKORCTL, call, home_.path()).finish();
+    return ProgramRun(test::zelkorctlProgram(), call, home_.path()).finish();
   }
   std::string file(const std::string& set, const std::string& name = "ZkData.Mdb") const {
     return home_ / (set + "/" + name);
@@ -51,11 +52,12 @@ class CopyCommandTest : public testing::Test {
   /// Enters the sample register, runs the month and closes it; gives all that was printed.
   std::string workThroughMonth(const std::string& set) {
     std::string printed;
-    for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
-             {"cards", "import", run(set, "5", "2020-01-31"), ZELKOR_DATA_DIR "/sample-register.csv"},
-             {"run", run(set, "8", "2020-01-31"), "--answers", "y,y,n"},
-             {"vouchers", "make", run(set, "8", "2020-01-31"), "--merge"},
-             {"run", run(set, "20", "2020-01-31"), "--yes"}}) {
+    for (const std::vector<std::string>& call :
+         std::vector<std::vector<std::string>>{{"cards", "import", run(set, "5", "2020-01-31"),
+                                                (test::dataFolder() / "sample-register.csv").string()},
+                                               {"run", run(set, "8", "2020-01-31"), "--answers", "y,y,n"},
+                                               {"vouchers", "make", run(set, "8", "2020-01-31"), "--merge"},
+                                               {"run", run(set, "20", "2020-01-31"), "--yes"}}) {
       std::vector<std::string> withDay = call;
       withDay.insert(withDay.end(), {"--today", "2020-01-31"});
       const ProgramResult result = ctl(withDay);

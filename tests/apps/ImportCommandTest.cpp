@@ -5,6 +5,7 @@
 #include "apps/ProgramRun.h"
 #include "support/AccountSetCopy.h"
 #include "support/jet/JetTables.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 #include "transfer/EngineSource.h"
 #include "transfer/Transfer.h"
@@ -20,7 +21,7 @@ using testing::IsEmpty;
 class ImportCommandTest : public testing::TestWithParam<JetVersion> {
  protected:
   ProgramResult ctl(const std::vector<std::string>& call) {
-    return ProgramRun(ZELKORCTL, call, home_.path()).finish();
+    return ProgramRun(test::zelkorctlProgram(), call, home_.path()).finish();
   }
   std::string file(const std::string& set, const std::string& name = "ZkData.Mdb") const {
     return home_ / (set + "/" + name);
@@ -33,7 +34,8 @@ class ImportCommandTest : public testing::TestWithParam<JetVersion> {
   }
   void createWithCards(const std::string& set) {
     ASSERT_EQ(ctl({"create", home_ / set, "--sample", "--year", "2020", "--month", "1"}).status, 0);
-    ASSERT_EQ(work(set, {"cards", "import", ZELKOR_DATA_DIR "/sample-register.csv"}).status, 0);
+    ASSERT_EQ(work(set, {"cards", "import", (test::dataFolder() / "sample-register.csv").string()}).status,
+              0);
   }
   /// Brings both files of a set to another one by way of Jet files.
   void bringOver(const std::string& from, const std::string& to, const std::vector<std::string>& more) {

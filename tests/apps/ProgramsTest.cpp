@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/ProgramRun.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 
 // The real programs, from their command line to their exit status.
@@ -22,7 +23,7 @@ constexpr const char* kSecondCopy = "程序已打开，如要再次打开，请�
 class ProgramsTest : public testing::Test {
  protected:
   ProgramResult ctl(const std::vector<std::string>& arguments) {
-    return ProgramRun(ZELKORCTL, arguments, home()).finish();
+    return ProgramRun(test::zelkorctlProgram(), arguments, home()).finish();
   }
   void create(const std::vector<std::string>& options = {"--sample"}) {
     std::vector<std::string> arguments{"create", setPath().string()};
@@ -190,7 +191,7 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
 
 TEST_F(ProgramsTest, AClosedOutputIsReported) {
   create();
-  ProgramRun run(ZELKORCTL, {"sql", data(), "select * from code, AccInformation"}, home());
+  ProgramRun run(test::zelkorctlProgram(), {"sql", data(), "select * from code, AccInformation"}, home());
   run.closeOutput();
   const ProgramResult result = run.finish();
   EXPECT_EQ(result.status, 1);
@@ -199,7 +200,7 @@ TEST_F(ProgramsTest, AClosedOutputIsReported) {
 
 TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {
   create();
-  ProgramRun first(ZELKORCTL, {"run", arguments("8")}, home());
+  ProgramRun first(test::zelkorctlProgram(), {"run", arguments("8")}, home());
   ASSERT_TRUE(first.waitForOutput("继续?"));
   const ProgramResult second = ctl({"run", arguments("21")});
   EXPECT_EQ(second.status, 2);
@@ -208,11 +209,11 @@ TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {
   EXPECT_EQ(ctl({"run", arguments("21")}).status, 0);
 }
 
-#ifdef ZELKOR_PROGRAM
+#ifdef ZELKOR_SCREENS
 TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
   create();
   const auto module = [this](const std::string& argumentString) {
-    return ProgramRun(ZELKOR_PROGRAM, {argumentString}, home()).finish();
+    return ProgramRun(test::zelkorProgram(), {argumentString}, home()).finish();
   };
   EXPECT_EQ(module(arguments("99")).status, 0);
   const ProgramResult initialised = module(arguments("0"));
@@ -227,7 +228,7 @@ TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
   EXPECT_NE(report, std::string::npos);
   EXPECT_EQ(failed.errors.find("实时错误", report + 1), std::string::npos) << "reported once";
 
-  ProgramRun first(ZELKORCTL, {"run", arguments("8")}, home());
+  ProgramRun first(test::zelkorctlProgram(), {"run", arguments("8")}, home());
   ASSERT_TRUE(first.waitForOutput("继续?"));
   const ProgramResult second = module(arguments("4"));
   EXPECT_EQ(second.status, 2);
@@ -240,8 +241,9 @@ TEST_F(ProgramsTest, TheModuleSaysThatItReachesNoScreen) {
       {"-u DISPLAY -u QT_QPA_PLATFORM", "没有显示器（DISPLAY 未设置）"},
       {"QT_QPA_PLATFORM=xcb DISPLAY=nowhere:1", "不能连接显示器（DISPLAY=nowhere:1，QT_QPA_PLATFORM=xcb）"}};
   for (const auto& [environment, why] : cases) {
-    const std::string command = std::string("env -u WAYLAND_DISPLAY ") + environment + " '" + ZELKOR_PROGRAM +
-                                "' '" + arguments("4") + "' 2>'" + errors.string() + "'";
+    const std::string command = std::string("env -u WAYLAND_DISPLAY ") + environment + " '" +
+                                test::zelkorProgram() + "' '" + arguments("4") + "' 2>'" + errors.string() +
+                                "'";
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
     EXPECT_EQ(readFile(errors),
               std::string("zelkor: ") + why + "，不能打开窗口；批处理运行类型可用 zelkorctl run\n");

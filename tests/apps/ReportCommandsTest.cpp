@@ -3,6 +3,7 @@
 #include "apps/ProgramRun.h"
 #include "apps/zelkorctl/ReportCommands.h"
 #include "support/AccountSetFixture.h"
+#include "support/Paths.h"
 
 namespace zelkor::test {
 namespace {
@@ -121,7 +122,7 @@ TEST_F(ReportCommandsTest, TheProgramTellsItsStatus) {
   const auto status = [&](const std::vector<std::string>& more) {
     std::vector<std::string> words{"report", arguments()};
     words.insert(words.end(), more.begin(), more.end());
-    return ProgramRun(ZELKORCTL, words, directory.path()).finish().status;
+    return ProgramRun(test::zelkorctlProgram(), words, directory.path()).finish().status;
   };
   EXPECT_EQ(status({"固定资产总账"}), 0);
   EXPECT_EQ(status({"固定资产总账", "--format", "doc"}), 2);

@@ -4,10 +4,11 @@
 #include <vector>
 
 #include "apps/ProgramRun.h"
-#include "store/Catalogue.h"
+#include "store/accountset/DataFile.h"
+#include "store/catalogue/Catalogue.h"
 #include "store/engine/ColumnValue.h"
-#include "store/engine/DataFile.h"
 #include "support/AccountSetCopy.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 
 // The month of the sample register by the administrator's tool, in files and on a server: the same rows.
@@ -44,7 +45,7 @@ class ServerMonthTest : public testing::Test {
   }
 
   void ctl(const std::vector<std::string>& arguments) {
-    const ProgramResult result = ProgramRun(ZELKORCTL, arguments, home_.path()).finish();
+    const ProgramResult result = ProgramRun(test::zelkorctlProgram(), arguments, home_.path()).finish();
     ASSERT_EQ(result.status, 0) << result.output << result.errors;
     outputs_ += result.output;
   }
@@ -56,7 +57,8 @@ class ServerMonthTest : public testing::Test {
     create.insert(create.end(), where.begin(), where.end());
     ctl(create);
     outputs_.clear();
-    ctl({"cards", "import", run, ZELKOR_DATA_DIR "/sample-register.csv", "--today", "2020-01-31"});
+    ctl({"cards", "import", run, (test::dataFolder() / "sample-register.csv").string(), "--today",
+         "2020-01-31"});
     ctl({"run", run, "--answers", "y,y,n", "--today", "2020-01-31"});
     return outputs_;
   }

@@ -5,6 +5,7 @@
 #include "apps/ProgramRun.h"
 #include "apps/zelkorctl/SheetImport.h"
 #include "cards/CardFixture.h"
+#include "support/Paths.h"
 
 namespace zelkor::test {
 namespace {
@@ -175,7 +176,7 @@ TEST_F(SheetImportTest, TheProgramTellsEveryRowAndEndsWithItsStatus) {
   engine.flush();
   const auto import = [&](const std::string& rows) {
     writeFile(directory / "sheets.csv", "变动类型,卡片编号,变动后内容,变动原因\n" + rows);
-    return ProgramRun(ZELKORCTL,
+    return ProgramRun(test::zelkorctlProgram(),
                       {"sheets", "import",
                        context.gstrZtFile + ",陈会计,2020-05-15,15," + context.gstrZkSysFile + ",001",
                        (directory / "sheets.csv").string(), "--today", "2020-03-31"},

@@ -1,4 +1,4 @@
-#ifdef ZELKOR_PROGRAM  // the screens are built
+#ifdef ZELKOR_SCREENS  // the screens are built
 
 #include "apps/VirtualScreen.h"
 

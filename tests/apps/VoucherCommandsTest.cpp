@@ -7,6 +7,7 @@
 #include "cards/VoucherStaging.h"
 #include "depreciation/StagedDepr.h"
 #include "support/AccountSetFixture.h"
+#include "support/Paths.h"
 
 namespace zelkor::test {
 namespace {
@@ -170,7 +171,7 @@ TEST_F(VoucherCommandsTest, TheProgramTakesTheCalls) {
   const auto ctl = [&](std::vector<std::string> rest) {
     rest.insert(rest.begin(), "vouchers");
     rest.insert(rest.begin() + 2, job.arguments);
-    return ProgramRun(ZELKORCTL, rest, directory.path()).finish();
+    return ProgramRun(test::zelkorctlProgram(), rest, directory.path()).finish();
   };
   EXPECT_THAT(ctl({"pending", "--today", "2020-05-31"}).output, HasSubstr("00001"));
   const ProgramResult made = ctl({"make", "--merge", "--sign", "记", "--subjects", options.subjectsFile});

@@ -1,4 +1,4 @@
-#ifdef ZELKOR_PROGRAM  // the screens are built
+#ifdef ZELKOR_SCREENS  // the screens are built
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@
 
 #include "apps/ProgramRun.h"
 #include "apps/VirtualScreen.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 
 // The module in a real window, with a keyboard and a mouse.
@@ -27,7 +28,7 @@ class WholeRunTest : public testing::Test {
   }
 
   ProgramResult ctl(const std::vector<std::string>& arguments) {
-    return ProgramRun(ZELKORCTL, arguments, home_.path()).finish();
+    return ProgramRun(test::zelkorctlProgram(), arguments, home_.path()).finish();
   }
   std::string sql(const std::string& statement) {
     const ProgramResult result = ctl({"sql", data(), statement});
@@ -41,11 +42,9 @@ class WholeRunTest : public testing::Test {
   }
 
   void start(const std::string& runType) {
-    module_.emplace(ZELKOR_PROGRAM, std::vector{arguments(runType)}, home_.path(), screen_.display());
+    module_.emplace(test::zelkorProgram(), std::vector{arguments(runType)}, home_.path(), screen_.display());
   }
-  void keepPicture(const std::string& name) {
-    screen_.keepPicture(std::filesystem::path(ZELKOR_PICTURES) / (name + ".png"));
-  }
+  void keepPicture(const std::string& name) { screen_.keepPicture(test::pictureFolder() / (name + ".png")); }
   /// Types into the field that is open and goes on to the next.
   void enter(const std::string& text) {
     screen_.type(text);

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "cards/CardLayout.h"
-#include "store/Catalogue.h"
+#include "store/catalogue/Catalogue.h"
 
 namespace zelkor::test {
 namespace {

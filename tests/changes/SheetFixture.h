@@ -6,7 +6,7 @@
 #include "cards/CardFixture.h"
 #include "cards/CardVersions.h"
 #include "changes/ChangeSheets.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "support/Stranger.h"
 
 namespace zelkor::test {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cards/CardFixture.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor::test {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "support/AccountSetFixture.h"
 
 namespace zelkor::test {

@@ -1,6 +1,6 @@
 #include "cards/CardFixture.h"
 #include "depreciation/Workload.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // The months' work of cards that depreciate by workload.
 namespace zelkor::test {

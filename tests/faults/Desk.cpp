@@ -9,7 +9,7 @@
 #include "changes/BalanceSheet.h"
 #include "changes/CardDetailList.h"
 #include "reports/ReportRun.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor::test {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "store/accountset/DataFile.h"
 #include "store/engine/ColumnValue.h"
-#include "store/engine/DataFile.h"
 
 namespace zelkor::test {
 namespace {

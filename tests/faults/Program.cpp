@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <thread>
 
+#include "support/Paths.h"
+
 namespace zelkor::test {
 namespace {
 
@@ -22,10 +24,11 @@ namespace {
     ::setrlimit(RLIMIT_FSIZE, &limit);
     ::signal(SIGXFSZ, SIG_IGN);
   }
-  std::vector<char*> words{const_cast<char*>(ZELKORCTL)};
+  std::string program = test::zelkorctlProgram();
+  std::vector<char*> words{program.data()};
   for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
   words.push_back(nullptr);
-  ::execv(ZELKORCTL, words.data());
+  ::execv(program.c_str(), words.data());
   ::_exit(127);
 }
 

@@ -11,7 +11,7 @@
 #include "depreciation/DepreciationList.h"
 #include "faults/Desk.h"
 #include "faults/WorkstationsFixture.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // Several workstations on one account set: nothing is lost, numbers are given twice only where they are read
 // before the other's card or sheet is there, and nobody waits for the other's work.

@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "store/FrmInit.h"
+#include "store/settings/FrmInit.h"
 #include "support/Widgets.h"
 
 namespace zelkor::test {

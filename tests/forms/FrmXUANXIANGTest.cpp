@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "store/FrmXUANXIANG.h"
+#include "store/settings/FrmXUANXIANG.h"
 #include "support/Widgets.h"
 
 namespace zelkor::test {

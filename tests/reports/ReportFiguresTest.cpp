@@ -1,5 +1,5 @@
 #include "reports/ReportFixture.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 // Figures that no row of the tables of the company's books holds.
 namespace zelkor::test {

@@ -7,7 +7,8 @@
 #include "base/GridSpans.h"
 #include "base/TextGridPrinter.h"
 #include "depreciation/RunMonthDepr.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
+#include "support/Paths.h"
 
 namespace zelkor::test {
 namespace {
@@ -72,8 +73,7 @@ void ReportTest::keepBooks() {
 void ReportTest::importCards() {
   std::ostringstream problems;
   const DateTime opDate = std::exchange(context.gdOpDate, day("2020-1-31"));
-  const std::string csv =
-      firstLines(readFile(std::filesystem::path(ZELKOR_DATA_DIR) / "sample-register.csv"), kCards + 1);
+  const std::string csv = firstLines(readFile(test::dataFolder() / "sample-register.csv"), kCards + 1);
   const ImportResult result = zelkor::importCards(context, csv, 1, problems);
   ASSERT_EQ(result.stored, kCards) << problems.str();
   context.gdOpDate = opDate;

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "reports/ReportFixture.h"
+#include "support/Paths.h"
 
 // Every report over the same books, compared with tables that were reckoned through by hand. Set
 // ZELKOR_REWRITE_GOLDEN to write the tables anew.
@@ -97,7 +98,7 @@ class ReportGoldenTest : public ReportTest, public testing::WithParamInterface<R
 };
 
 TEST_P(ReportGoldenTest, ComesOutAsReckoned) {
-  const fs::path golden = fs::path(ZELKOR_TEST_SOURCE_DIR) / "reports/golden" / (GetParam().file + ".golden");
+  const fs::path golden = test::testFolder() / "reports/golden" / (GetParam().file + ".golden");
   const std::string found = everyTable();
   if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) {
     std::ofstream(golden) << found;

@@ -8,6 +8,7 @@
 
 #include "apps/zelkorctl/CardImport.h"
 #include "startup/Main.h"
+#include "support/Paths.h"
 
 namespace zelkor {
 
@@ -22,7 +23,7 @@ void Stage::enterRegister() {
                             "fa_DeprTransactions_Detail", "fa_WorkLoad"}) {
     data().Execute(std::string("delete from ") + table);
   }
-  std::ifstream file(std::string(ZELKOR_DATA_DIR) + "/sample-register.csv", std::ios::binary);
+  std::ifstream file(test::dataFolder() / "sample-register.csv", std::ios::binary);
   const std::string csv(std::istreambuf_iterator<char>(file), {});
   const DateTime opDate = std::exchange(context_.gdOpDate, *parseDate("2020-1-31"));
   importCards(context_, csv, 1, std::cerr);

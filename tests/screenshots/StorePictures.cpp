@@ -1,8 +1,8 @@
 #include <QTabWidget>
 
 #include "screenshots/Pictures.h"
-#include "store/FrmInit.h"
-#include "store/FrmXUANXIANG.h"
+#include "store/settings/FrmInit.h"
+#include "store/settings/FrmXUANXIANG.h"
 
 namespace zelkor {
 namespace {

@@ -8,7 +8,7 @@
 #include <QCursor>
 
 #include "screenshots/Pictures.h"
-#include "store/AccountSet.h"
+#include "store/accountset/AccountSet.h"
 #include "ui/Theme.h"
 
 namespace zelkor {

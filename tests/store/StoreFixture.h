@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 #include "support/Rows.h"
 #include "support/Support.h"
 #include "support/TestServer.h"

@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "store/AccountSet.h"
-#include "store/engine/PostgreSqlLink.h"
-#include "store/engine/ServerFile.h"
+#include "store/accountset/AccountSet.h"
+#include "store/engine/postgresql/PostgreSqlLink.h"
+#include "store/engine/postgresql/ServerFile.h"
 #include "support/Support.h"
 #include "support/TestServer.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Recordset.h"
+#include "store/engine/Recordset.h"
 
 namespace zelkor::test {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "store/engine/PostgreSqlEngine.h"
+#include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "support/Support.h"
 #include "support/TestServer.h"
 

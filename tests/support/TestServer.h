@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "store/ServerAccountSet.h"
+#include "store/accountset/ServerAccountSet.h"
 
 namespace zelkor::test {
 

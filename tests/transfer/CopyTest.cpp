@@ -1,6 +1,6 @@
-#include "store/AccountSet.h"
-#include "store/Catalogue.h"
-#include "store/DbEngine.h"
+#include "store/accountset/AccountSet.h"
+#include "store/accountset/DbEngine.h"
+#include "store/catalogue/Catalogue.h"
 #include "transfer/TransferFixture.h"
 
 namespace zelkor::test {

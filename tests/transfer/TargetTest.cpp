@@ -1,5 +1,5 @@
 #include "base/RuntimeError.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 #include "transfer/TransferFixture.h"
 
 namespace zelkor::test {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "store/engine/PostgreSqlLink.h"
-#include "store/engine/ServerFile.h"
+#include "store/engine/postgresql/PostgreSqlLink.h"
+#include "store/engine/postgresql/ServerFile.h"
 #include "support/Support.h"
 #include "support/TestServer.h"
 #include "transfer/EngineSource.h"

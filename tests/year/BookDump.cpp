@@ -1,6 +1,6 @@
 #include "year/BookDump.h"
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor::test {
 namespace {

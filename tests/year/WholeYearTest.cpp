@@ -3,7 +3,8 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
+#include "support/Paths.h"
 #include "year/BookDump.h"
 #include "year/YearAssets.h"
 
@@ -213,7 +214,7 @@ void expectUntouched(YearBooks& books, const std::vector<std::string>& vouchersO
 
 void compare(const std::string& found, int month) {
   const std::string name = sql("year/golden/2020-", month < 10 ? "0" : "", month, ".golden");
-  const fs::path golden = fs::path(ZELKOR_TEST_SOURCE_DIR) / name;
+  const fs::path golden = test::testFolder() / name;
   if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) {
     std::ofstream(golden) << found;
   } else {

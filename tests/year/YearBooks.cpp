@@ -7,7 +7,7 @@
 #include "closing/MonthEnd.h"
 #include "depreciation/RunMonthDepr.h"
 #include "depreciation/Workload.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor::test {
 namespace {

@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "changes/BalanceSheet.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "year/YearBooks.h"
 
 // The sheets.

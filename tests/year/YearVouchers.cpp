@@ -1,5 +1,5 @@
 #include "base/Text.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "vouchers/ClsQueryPZ.h"
 #include "year/YearBooks.h"
 

@@ -13,8 +13,8 @@
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
 #include "reports/FrmBB.h"
-#include "store/FrmInit.h"
-#include "store/FrmXUANXIANG.h"
+#include "store/settings/FrmInit.h"
+#include "store/settings/FrmXUANXIANG.h"
 #include "vouchers/FrmBatBill.h"
 #include "vouchers/FrmQueryPZ.h"
 

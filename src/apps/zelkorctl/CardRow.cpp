@@ -11,7 +11,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardLayout.h"
-#include "store/Catalogue.h"
+#include "store/catalogue/Catalogue.h"
 
 namespace zelkor {
 namespace {

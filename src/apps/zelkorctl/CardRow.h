@@ -7,7 +7,7 @@
 
 #include "base/DateTime.h"
 #include "cards/CardValues.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -7,7 +7,7 @@
 
 #include "base/DateTime.h"
 #include "base/TerminalDialogs.h"
-#include "store/AccountSet.h"
+#include "store/accountset/AccountSet.h"
 
 // The calls of zelkorctl. Each prints to `output` and answers the exit status; what cannot be done is raised
 // as RuntimeError.

@@ -14,7 +14,7 @@
 #include "closing/Disposal.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "reports/ConditionPages.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

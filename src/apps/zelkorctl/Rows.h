@@ -2,7 +2,7 @@
 
 #include <iosfwd>
 
-#include "store/Recordset.h"
+#include "store/engine/Recordset.h"
 
 namespace zelkor {
 

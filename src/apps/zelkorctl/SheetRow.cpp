@@ -6,7 +6,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "changes/SplitDeparts.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "changes/ChangeSheet.h"
-#include "store/Database.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 

@@ -3,10 +3,10 @@
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/Rows.h"
 #include "base/RuntimeError.h"
-#include "store/Catalogue.h"
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
+#include "store/accountset/ServerAccountSet.h"
+#include "store/catalogue/Catalogue.h"
 #include "store/dialect/Translation.h"
-#include "store/ServerAccountSet.h"
 
 namespace zelkor {
 namespace {

@@ -11,7 +11,7 @@
 #include "base/TextGridPrinter.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "vouchers/ClsQueryPZ.h"
 
 namespace zelkor {

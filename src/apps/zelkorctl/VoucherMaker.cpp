@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Text.h"
-#include "store/Statement.h"
+#include "store/engine/Statement.h"
 #include "vouchers/VoucherFill.h"
 
 namespace zelkor {

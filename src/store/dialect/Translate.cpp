@@ -3,10 +3,10 @@
 #include <numeric>
 
 #include "base/RuntimeError.h"
-#include "store/dialect/Bind.h"
-#include "store/dialect/Emit.h"
-#include "store/dialect/Parser.h"
-#include "store/dialect/Rewrite.h"
+#include "store/dialect/binding/Bind.h"
+#include "store/dialect/binding/Rewrite.h"
+#include "store/dialect/printing/Emit.h"
+#include "store/dialect/reading/Parser.h"
 #include "store/dialect/TranslateQuery.h"
 
 namespace zelkor::dialect {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/dialect/Ast.h"
-#include "store/dialect/BindScope.h"
+#include "store/dialect/binding/BindScope.h"
+#include "store/dialect/reading/Ast.h"
 #include "store/dialect/Translation.h"
 
 namespace zelkor::dialect {

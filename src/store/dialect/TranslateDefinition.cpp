@@ -1,10 +1,10 @@
 #include <algorithm>
 
 #include "base/RuntimeError.h"
-#include "store/dialect/Emit.h"
-#include "store/dialect/NameErrors.h"
+#include "store/dialect/binding/NameErrors.h"
+#include "store/dialect/binding/Types.h"
+#include "store/dialect/printing/Emit.h"
 #include "store/dialect/Translate.h"
-#include "store/dialect/Types.h"
 
 namespace zelkor::dialect {
 namespace {

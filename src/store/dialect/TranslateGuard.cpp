@@ -1,4 +1,4 @@
-#include "store/dialect/Emit.h"
+#include "store/dialect/printing/Emit.h"
 #include "store/dialect/TranslateQuery.h"
 
 namespace zelkor::dialect {

@@ -11,7 +11,7 @@ namespace {
 // Above every text that goes on behind a prefix.
 constexpr std::string_view lastCodePoint = "\xF4\x8F\xBF\xBF";
 
-std::string quoted(std::string_view text) {
+std::string textConstant(std::string_view text) {
   std::string result = "'";
   for (const char c : text) {
     if (c == '\'') result += '\'';
@@ -22,7 +22,7 @@ std::string quoted(std::string_view text) {
 
 std::string dateText(std::string_view text) {
   const auto date = parseDate(text);
-  return date ? quoted(date->toIso()) : "NULL";
+  return date ? textConstant(date->toIso()) : "NULL";
 }
 
 Value valueOf(const Literal& literal) {
@@ -38,9 +38,9 @@ std::string stored(const Value& value) {
     case Value::Kind::Null:
       return "NULL";
     case Value::Kind::Text:
-      return quoted(value.as<std::string>());
+      return textConstant(value.as<std::string>());
     case Value::Kind::Date:
-      return quoted(value.as<DateTime>().toIso());
+      return textConstant(value.as<DateTime>().toIso());
     case Value::Kind::Boolean:
       return value.as<bool>() ? "-1" : "0";
     default:
@@ -53,17 +53,17 @@ std::string constant(const ParameterSlot& slot, const Literal& literal) {
   switch (slot.bindAs) {
     case BindAs::Text:
     case BindAs::Pattern:
-      return quoted(text);
+      return textConstant(text);
     case BindAs::TrimmedText:
-      return quoted(text.substr(0, text.find_last_not_of(' ') + 1));
+      return textConstant(text.substr(0, text.find_last_not_of(' ') + 1));
     case BindAs::Number:
       return std::string(text);
     case BindAs::Date:
       return dateText(text);
     case BindAs::PrefixLow:
-      return quoted(text.substr(0, text.size() - 1));
+      return textConstant(text.substr(0, text.size() - 1));
     case BindAs::PrefixHigh:
-      return quoted(std::string(text.substr(0, text.size() - 1)).append(lastCodePoint));
+      return textConstant(std::string(text.substr(0, text.size() - 1)).append(lastCodePoint));
     case BindAs::Assigned:
       break;
   }

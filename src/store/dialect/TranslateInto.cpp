@@ -1,9 +1,9 @@
 #include "base/RuntimeError.h"
-#include "store/dialect/Bind.h"
-#include "store/dialect/Emit.h"
+#include "store/dialect/binding/Bind.h"
+#include "store/dialect/binding/Types.h"
+#include "store/dialect/printing/Emit.h"
 #include "store/dialect/Translate.h"
 #include "store/dialect/TranslateQuery.h"
-#include "store/dialect/Types.h"
 
 namespace zelkor::dialect {
 namespace {

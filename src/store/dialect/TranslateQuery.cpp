@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "store/dialect/Emit.h"
-#include "store/dialect/Parser.h"
-#include "store/dialect/Types.h"
+#include "store/dialect/binding/Types.h"
+#include "store/dialect/printing/Emit.h"
+#include "store/dialect/reading/Parser.h"
 
 namespace zelkor::dialect {
 namespace {

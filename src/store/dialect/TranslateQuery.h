@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "store/dialect/Bind.h"
+#include "store/dialect/binding/Bind.h"
 #include "store/dialect/Translation.h"
 
 namespace zelkor::dialect {

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "store/dialect/Schema.h"
-#include "store/dialect/Shape.h"
+#include "store/dialect/binding/Schema.h"
+#include "store/dialect/reading/Shape.h"
 
 namespace zelkor::dialect {
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "base/Value.h"
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 #include "store/engine/Engine.h"
 
 namespace zelkor {

@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "store/engine/Engine.h"
+#include "store/engine/Recordset.h"
 #include "store/engine/SchemaCache.h"
 #include "store/engine/StatementCache.h"
 #include "store/engine/WriteGathering.h"
-#include "store/Recordset.h"
 
 namespace zelkor {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 #include "store/dialect/Translation.h"
 
 namespace zelkor {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/RuntimeError.h"
-#include "store/dialect/NameErrors.h"
+#include "store/dialect/binding/NameErrors.h"
 #include "store/engine/Binding.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"

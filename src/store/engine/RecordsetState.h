@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/Value.h"
-#include "store/dialect/Shape.h"
+#include "store/dialect/reading/Shape.h"
 #include "store/engine/PreparedQuery.h"
 #include "store/engine/RowEdit.h"
 

@@ -1,7 +1,7 @@
 #include "store/engine/RowEdit.h"
 
 #include "base/RuntimeError.h"
-#include "store/dialect/Emit.h"
+#include "store/dialect/printing/Emit.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
 

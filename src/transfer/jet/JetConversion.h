@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 #include "transfer/CarriedCell.h"
 
 namespace zelkor::jet {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "base/RuntimeError.h"
-#include "store/engine/DataFile.h"
-#include "store/engine/ServerFile.h"
+#include "store/accountset/DataFile.h"
+#include "store/engine/postgresql/ServerFile.h"
 
 namespace zelkor::jet {
 namespace {

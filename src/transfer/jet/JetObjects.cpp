@@ -1,7 +1,7 @@
 #include "transfer/jet/JetObjects.h"
 
 #include "base/Text.h"
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 #include "transfer/jet/JetTable.h"
 
 namespace zelkor::jet {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "store/Catalogue.h"
+#include "store/catalogue/Catalogue.h"
 #include "transfer/CarriedCell.h"
 #include "transfer/jet/JetDefinition.h"
 #include "transfer/TransferSource.h"

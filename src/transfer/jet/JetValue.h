@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/dialect/Schema.h"
+#include "store/dialect/binding/Schema.h"
 #include "transfer/CarriedCell.h"
 #include "transfer/jet/JetTable.h"
 #include "transfer/jet/JetText.h"

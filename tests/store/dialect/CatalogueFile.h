@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "store/Catalogue.h"
-#include "store/engine/DataFile.h"
+#include "store/accountset/DataFile.h"
+#include "store/catalogue/Catalogue.h"
 #include "store/StoreFixture.h"
 
 namespace zelkor::dialect::test {

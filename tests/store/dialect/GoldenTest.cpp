@@ -11,6 +11,7 @@
 #include "store/dialect/GoldenPrinter.h"
 #include "store/engine/Binding.h"
 #include "store/engine/SchemaCache.h"
+#include "support/Paths.h"
 
 // Each <name>.txt lists statements, one a line; <name>.golden keeps their translations. With
 // ZELKOR_REWRITE_GOLDEN set, the translations found are written there instead of being compared. Every
@@ -21,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path goldenDirectory() {
-  return fs::path(ZELKOR_TEST_SOURCE_DIR) / "store" / "golden";
+  return test::testFolder() / "store" / "golden";
 }
 
 std::vector<std::string> goldenNames() {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "store/dialect/Parser.h"
+#include "store/dialect/reading/Parser.h"
 #include "store/dialect/StatementPrinter.h"
 
 namespace zelkor::dialect {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "store/dialect/Shape.h"
+#include "store/dialect/reading/Shape.h"
 
 namespace zelkor::dialect {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "store/dialect/Ast.h"
-#include "store/dialect/Shape.h"
+#include "store/dialect/reading/Ast.h"
+#include "store/dialect/reading/Shape.h"
 
 namespace zelkor::dialect {
 

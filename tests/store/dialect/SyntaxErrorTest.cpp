@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "store/dialect/Parser.h"
+#include "store/dialect/reading/Parser.h"
 #include "store/dialect/StatementPrinter.h"
 
 namespace zelkor::dialect {

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "base/RuntimeError.h"
-#include "store/Catalogue.h"
+#include "store/catalogue/Catalogue.h"
 #include "store/dialect/Translation.h"
 #include "support/Support.h"
 

@@ -2,8 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "store/dialect/Emit.h"
-#include "store/engine/DataFile.h"
+#include "store/accountset/DataFile.h"
+#include "store/dialect/printing/Emit.h"
 #include "store/StoreFixture.h"
 #include "support/Stranger.h"
 

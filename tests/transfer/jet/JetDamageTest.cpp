@@ -1,7 +1,7 @@
 #include <random>
 
-#include "store/AccountSet.h"
-#include "store/engine/DataFile.h"
+#include "store/accountset/AccountSet.h"
+#include "store/accountset/DataFile.h"
 #include "transfer/jet/JetFixture.h"
 
 namespace zelkor::test {

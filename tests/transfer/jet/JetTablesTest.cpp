@@ -1,4 +1,4 @@
-#include "store/DbEngine.h"
+#include "store/accountset/DbEngine.h"
 #include "transfer/jet/JetFixture.h"
 
 namespace zelkor::test {

@@ -1,0 +1,1 @@
+// A library that only carries precompiled headers needs a file.

@@ -1,0 +1,108 @@
+#include "store/accountset/AccountSet.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/DateTime.h"
+#include "base/EmbeddedText.h"
+#include "base/RuntimeError.h"
+#include "store/accountset/NewFile.h"
+#include "store/accountset/SampleArchives.h"
+#include "store/accountset/TemplateWriter.h"
+#include "store/catalogue/Catalogue.h"
+
+namespace zelkor {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int monthsOfYear = 12;
+
+bool hasTemplate(const std::string& table) {
+  const auto& names = templatedTables();
+  return std::any_of(names.begin(), names.end(),
+                     [&](const std::string& name) { return dialect::sameName(name, table); });
+}
+
+void insertTemplates(TemplateWriter& writer) {
+  for (const std::string_view file : {"parameters.tsv", "archives.tsv", "chart-of-accounts.tsv"}) {
+    for (const TemplateRows& rows : readTemplateRows(embeddedText(file))) {
+      writer.insert(rows);
+      if (hasTemplate(rows.table)) writer.insert(rows, templateTableName(rows.table));
+    }
+  }
+}
+
+void writeDataFile(TemplateWriter& writer, const AccountSetOptions& options) {
+  writer.createTables(dataTables());
+  insertTemplates(writer);
+  const std::array start{monthBeginText(options.year, options.month)};
+  writer.run("UPDATE AccInformation SET cValue = ? WHERE cSysID = 'GL' AND cName = 'dGLStartDate'", start);
+  if (options.sample) insertSampleArchives(writer, options);
+}
+
+TemplateRows accountHeader(const AccountSetOptions& options) {
+  const bool sample = options.sample;
+  return {"za_account",
+          {"cAcc_id", "cAcc_Name", "cUnitName", "cCurName", "cAcc_Master", "iYear", "iMonth"},
+          {{options.account, sample ? "示例账套" : "账套" + options.account,
+            sample ? "示例机械制造有限公司" : "本单位", "人民币", sample ? "郑丽华" : "账套主管",
+            std::to_string(options.year), std::to_string(options.month)}}};
+}
+
+TemplateRows periods(const AccountSetOptions& options) {
+  TemplateRows rows{"ZA_Period", {"cAcc_id", "iyear", "iId", "dBegin", "dEnd"}, {}};
+  for (int month = 1; month <= monthsOfYear; ++month) {
+    const DateTime begin = DateTime::fromParts(options.year, month, 1).value();
+    const DateTime end = DateAdd("d", -1, DateAdd("m", 1, begin));
+    rows.rows.push_back(
+        {options.account, std::to_string(options.year), std::to_string(month), begin.toIso(), end.toIso()});
+  }
+  return rows;
+}
+
+void writeSystemFile(TemplateWriter& writer, const AccountSetOptions& options) {
+  writer.createTables(systemTables());
+  writer.insert(accountHeader(options));
+  writer.insert(periods(options));
+}
+
+void checkOptions(const AccountSetOptions& options) {
+  if (options.account.empty()) throw RuntimeError(ErrorNumber::TypeMismatch, "账套号不能为空。");
+  if (options.month < 1 || options.month > monthsOfYear || options.year < 1900 || options.year > 9999)
+    throw RuntimeError(ErrorNumber::TypeMismatch, "启用期间 " + std::to_string(options.year) + "." +
+                                                      std::to_string(options.month) + " 不正确。");
+}
+
+template <typename Content>
+void write(const NewFile& file, const AccountSetOptions& options, Content content) {
+  TemplateWriter writer(file.temporary());
+  content(writer, options);
+  writer.finish();
+}
+
+void createBoth(const fs::path& directory, const AccountSetOptions& options) {
+  const bool made = fs::create_directory(directory);
+  Unfinished folder(made ? directory : fs::path());
+  NewFile data(directory / "ZkData.Mdb");
+  NewFile system(directory / "ZkSystem.Mdb");
+  write(data, options, writeDataFile);
+  write(system, options, writeSystemFile);
+  // Both are complete before either bears its name: what a kill leaves is no half account set.
+  giveNames(data, system);
+  folder.keep();
+}
+
+}  // namespace
+
+void createAccountSet(const fs::path& directory, const AccountSetOptions& options) {
+  checkOptions(options);
+  try {
+    createBoth(directory, options);
+  } catch (const fs::filesystem_error& error) {
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
+                       "无法在 '" + directory.string() + "' 建立账套：" + error.code().message());
+  }
+}
+
+}  // namespace zelkor

@@ -1,0 +1,96 @@
+#include "store/accountset/DataFile.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+#include "store/engine/postgresql/PostgreSqlEngine.h"
+#include "store/engine/sqlite/SqliteEngine.h"
+
+namespace zelkor {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view sqliteMark{"SQLite format 3\0", 16};
+constexpr std::string_view jetMark = "Standard Jet DB";
+constexpr std::size_t jetMarkOffset = 4;
+
+std::string beginningOf(const std::string& path) {
+  std::array<char, 4096> buffer{};  // a text file may begin with comments
+  std::ifstream file(path, std::ios::binary);
+  file.read(buffer.data(), buffer.size());
+  return {buffer.data(), static_cast<std::size_t>(file.gcount())};
+}
+
+// A privileged user may write whatever the permissions say; a file without any write bit is meant to be kept.
+bool writable(const fs::path& path) {
+  using fs::perms;
+  const perms bits = fs::status(path).permissions();
+  const bool anyWriteBit =
+      (bits & (perms::owner_write | perms::group_write | perms::others_write)) != perms::none;
+  return anyWriteBit && ::access(path.c_str(), W_OK) == 0;
+}
+
+void checkIsFile(const std::string& path) {
+  if (path.empty())
+    throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 ''：参数中没有给出数据文件或系统文件的路径。");
+  requireReadable(path);
+}
+
+void checkIsWritable(const std::string& path) {
+  if (!writable(path))
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
+                       "文件 '" + path + "' 是只读的或没有写权限，无法打开。");
+}
+
+void checkFormat(const std::string& path) {
+  const std::string beginning = beginningOf(path);
+  if (beginning.starts_with(sqliteMark)) return;
+  if (beginning.size() > jetMarkOffset &&
+      std::string_view(beginning).substr(jetMarkOffset).starts_with(jetMark))
+    throw RuntimeError(
+        ErrorNumber::UnrecognizedFormat,
+        "'" + path +
+            "' 是 Jet 数据库文件，不能直接打开；请先用 zelkorctl import 把它导入为本系统的数据文件。");
+  throw RuntimeError(ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式 '" + path + "'。");
+}
+
+}  // namespace
+
+void requireReadable(const fs::path& path) {
+  std::error_code failure;
+  const fs::file_status status = fs::status(path, failure);
+  const std::string name = "'" + path.string() + "'";
+  if (status.type() == fs::file_type::not_found)
+    throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 " + name + "。");
+  if (status.type() == fs::file_type::none)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法打开文件 " + name + "：" + failure.message());
+  if (status.type() != fs::file_type::regular)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, name + " 不是数据库文件，无法打开。");
+  if (::access(path.c_str(), R_OK) != 0)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "文件 " + name + " 没有读权限，无法打开。");
+}
+
+std::unique_ptr<Engine> openDataFile(const std::string& path) {
+  checkIsFile(path);
+  if (ServerFile::isServerFile(beginningOf(path)))
+    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
+  checkIsWritable(path);
+  checkFormat(path);
+  return std::make_unique<SqliteEngine>(path);
+}
+
+std::unique_ptr<Engine> openDataFileForReading(const std::string& path) {
+  checkIsFile(path);
+  if (ServerFile::isServerFile(beginningOf(path)))
+    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
+  checkFormat(path);
+  return std::make_unique<SqliteEngine>(path, SqliteEngine::Access::Read);
+}
+
+}  // namespace zelkor

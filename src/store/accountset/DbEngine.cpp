@@ -1,0 +1,78 @@
+#include "store/accountset/DbEngine.h"
+
+#include <filesystem>
+
+#include "base/RuntimeError.h"
+#include "store/accountset/DataFile.h"
+#include "store/engine/Connection.h"
+
+namespace zelkor {
+namespace {
+
+// One file reached by two paths is one file.
+std::string identityOf(const std::string& path) {
+  std::error_code failure;
+  const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, failure);
+  return failure ? path : canonical.string();
+}
+
+}  // namespace
+
+template <typename Action>
+void Workspace::forEachConnection(Action action) {
+  for (auto entry = connections_.begin(); entry != connections_.end();) {
+    const std::shared_ptr<Connection> connection = entry->second.lock();
+    if (connection) action(*connection);
+    entry = connection ? std::next(entry) : connections_.erase(entry);
+  }
+}
+
+void Workspace::BeginTrans() {
+  if (inTransaction_) return;
+  forEachConnection([](Connection& connection) { connection.flush(); });
+  forEachConnection([](Connection& connection) { connection.gathering().beginWorkspaceTransaction(); });
+  inTransaction_ = true;
+}
+
+// Every connection leaves the transaction before the first of them can fail.
+void Workspace::CommitTrans() {
+  leaveTransaction();
+  forEachConnection([](Connection& connection) { connection.gathering().endWorkspaceTransaction(); });
+  forEachConnection([](Connection& connection) { connection.flush(); });
+}
+
+void Workspace::Rollback() {
+  leaveTransaction();
+  forEachConnection([](Connection& connection) { connection.rollbackWorkspaceTransaction(); });
+}
+
+void Workspace::leaveTransaction() {
+  if (!inTransaction_) throw RuntimeError(ErrorNumber::NoTransaction);
+  inTransaction_ = false;
+}
+
+DbEngine::DbEngine() = default;
+DbEngine::~DbEngine() = default;
+
+Database DbEngine::OpenDatabase(const std::string& path) {
+  if (ended_) throw EndProgram{*ended_};
+  std::weak_ptr<Connection>& known = workspace_.connections_[identityOf(path)];
+  std::shared_ptr<Connection> connection = known.lock();
+  if (!connection) {
+    connection = std::make_shared<Connection>(openDataFile(path));
+    if (workspace_.inTransaction_) connection->gathering().beginWorkspaceTransaction();
+    known = connection;
+  }
+  return Database(std::move(connection));
+}
+
+void DbEngine::setEnded(std::optional<int> status) {
+  ended_ = status;
+  workspace_.forEachConnection([status](Connection& connection) { connection.setEnded(status); });
+}
+
+void DbEngine::flush() {
+  workspace_.forEachConnection([](Connection& connection) { connection.flush(); });
+}
+
+}  // namespace zelkor

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "store/accountset/AccountSet.h"
+
+namespace zelkor {
+
+/// Creates the schemas of a new account set on a server and writes `directory`/ZkData.Mdb and
+/// `directory`/ZkSystem.Mdb, which name them. `conninfo` is libpq's, without a password. Raises RuntimeError
+/// when a file or schema is there already, the server cannot be reached or its database is not fit for
+/// account sets; leaves nothing behind then.
+void createServerAccountSet(const std::string& conninfo, const std::filesystem::path& directory,
+                            const AccountSetOptions& options);
+
+/// Brings what an earlier version of this program has laid down on the server beside the tables up to date,
+/// for the part of the account set that the file names.
+void renewServerPart(const std::filesystem::path& file);
+
+/// Creates a schema with the functions that statements call, without tables, and the file that names it.
+void createServerSchema(const std::string& conninfo, const std::string& schema,
+                        const std::filesystem::path& file);
+
+}  // namespace zelkor

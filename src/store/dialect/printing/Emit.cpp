@@ -1,0 +1,195 @@
+#include "store/dialect/printing/Emit.h"
+
+#include <algorithm>
+
+#include "store/dialect/printing/EmitPostgreSql.h"
+#include "store/dialect/printing/EmitSqlite.h"
+
+namespace zelkor::dialect {
+
+namespace {
+
+void addTables(const bound::Source& source, std::vector<std::string>& qualifiers) {
+  if (const auto* table = std::get_if<bound::Table>(&source)) {
+    qualifiers.push_back(table->qualifier());
+  } else if (const auto* join = std::get_if<Box<bound::Join>>(&source)) {
+    addTables((*join)->first, qualifiers);
+    addTables((*join)->second, qualifiers);
+  }
+}
+
+}  // namespace
+
+Emitter& Emitter::name(std::string_view identifier) {
+  out_ += '"';
+  for (const char c : this->identifier(identifier)) {
+    if (c == '"') out_ += '"';
+    out_ += c;
+  }
+  out_ += '"';
+  return *this;
+}
+
+void Emitter::source(const bound::Source& source) {
+  if (const auto* table = std::get_if<bound::Table>(&source)) {
+    name(table->name);
+    if (!table->alias.empty()) text(" AS ").name(table->alias);
+  } else if (const auto* derived = std::get_if<bound::Derived>(&source)) {
+    text("(");
+    select(*derived->select, true);
+    text(") AS ").name(derived->alias);
+  } else {
+    const bound::Join& join = *std::get<Box<bound::Join>>(source);
+    this->source(join.first);
+    text(join.left ? " LEFT JOIN " : " JOIN ");
+    const bool nested = std::holds_alternative<Box<bound::Join>>(join.second);
+    if (nested) text("(");
+    this->source(join.second);
+    if (nested) text(")");
+    text(" ON ");
+    value(join.on);
+  }
+}
+
+void Emitter::fromClause(const std::vector<bound::Source>& sources) {
+  std::string_view separator = " FROM ";
+  for (const bound::Source& one : sources) {
+    text(separator);
+    source(one);
+    separator = betweenSources(sources);
+  }
+}
+
+void Emitter::tail(const bound::Select& select, std::string_view also) {
+  fromClause(select.from);
+  if (select.where) {
+    text(" WHERE ");
+    expr(*select.where, also.empty() ? 0 : precedenceOf(bound::BinaryKind::And));
+  }
+  if (!also.empty()) text(select.where ? " AND (" : " WHERE (").text(also).text(")");
+  if (!select.groupBy.empty()) {
+    text(" GROUP BY ");
+    list(select.groupBy);
+  }
+  if (select.having) {
+    text(" HAVING ");
+    value(*select.having);
+  }
+}
+
+void Emitter::core(const bound::Select& select, bool named, std::string_view namePrefix) {
+  text(select.distinct ? "SELECT DISTINCT " : "SELECT ");
+  std::size_t number = 0;
+  for (const bound::Item& item : select.items) {
+    if (number++ > 0) text(", ");
+    value(item.expr);
+    if (!namePrefix.empty()) {
+      text(" AS ").name(std::string(namePrefix) + std::to_string(number));
+    } else if (named) {
+      text(" AS ").name(item.name);
+    }
+  }
+}
+
+void Emitter::orderKeys(const std::vector<bound::OrderKey>& keys) {
+  std::string_view separator = "ORDER BY ";
+  for (const bound::OrderKey& key : keys) {
+    text(separator);
+    value(key.expr);
+    direction(key.descending);
+    separator = ", ";
+  }
+}
+
+void Emitter::orderBy(const bound::Select& select) {
+  if (select.orderBy.empty()) return;
+  text(" ");
+  if (select.unions.empty()) return orderKeys(select.orderBy);
+  // The rows of united queries are ordered by places of their columns.
+  std::string_view separator = "ORDER BY ";
+  for (const bound::OrderKey& key : select.orderBy) {
+    text(separator).text(std::to_string(*key.item + 1));
+    direction(key.descending);
+    separator = ", ";
+  }
+}
+
+// A part that takes the first rows stands in a query of its own: its order and limit must not reach the
+// whole.
+void Emitter::part(const bound::Select& select, bool named) {
+  if (!select.top) return this->select(select, named);
+  text("SELECT * FROM (");
+  this->select(select, true);
+  text(") AS \"zk_part\"");
+}
+
+void Emitter::compound(const bound::Select& whole, bool named) {
+  bound::Select first = whole;
+  first.unions.clear();
+  first.orderBy.clear();
+  part(first, named);
+  for (const bound::Part& other : whole.unions) {
+    text(other.all ? " UNION ALL " : " UNION ");
+    part(other.select, false);
+  }
+  orderBy(whole);
+  const bool sorted = std::ranges::any_of(whole.unions, [](const bound::Part& one) { return !one.all; });
+  if (!sorted || !whole.orderBy.empty() || !movesRows()) return;
+  std::string_view separator = " ORDER BY ";
+  for (std::size_t i = 1; i <= whole.items.size(); ++i) {
+    text(separator).text(std::to_string(i));
+    direction(false);
+    separator = ", ";
+  }
+}
+
+std::vector<std::string> Emitter::qualifiersOf(const std::vector<bound::Source>& sources) {
+  std::vector<std::string> qualifiers;
+  for (const bound::Source& source : sources) addTables(source, qualifiers);
+  return qualifiers;
+}
+
+// Groups come in the order of their keys, Null first.
+void Emitter::groupOrder(const bound::Select& select) {
+  if (!movesRows()) return;
+  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
+  for (const bound::Node& key : select.groupBy) {
+    text(separator);
+    value(key);
+    direction(false);
+    separator = ", ";
+  }
+}
+
+// Joined rows come as an engine nests its tables, and a changed row may move to another place in its table:
+// the row keys tell the order in which rows were added. The ties of a TOP are told by the order keys alone.
+void Emitter::tableOrder(const bound::Select& select) {
+  const bool tied = !select.orderBy.empty() && (select.top || !movesRows());
+  if (tied || select.distinct || !select.unions.empty()) return;
+  if (select.aggregated || !select.groupBy.empty()) return groupOrder(select);
+  const std::vector<std::string> qualifiers = qualifiersOf(select.from);
+  if (qualifiers.size() == 1 && !movesRows()) return;
+  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
+  for (const std::string& qualifier : qualifiers) {
+    text(separator);
+    rowKey(qualifier);
+    if (&qualifier != &qualifiers.front()) direction(false);
+    separator = ", ";
+  }
+}
+
+void Emitter::select(const bound::Select& select, bool named) {
+  if (!select.unions.empty()) return compound(select, named);
+  if (select.top && !select.orderBy.empty()) return topWithTies(select, named);
+  core(select, named);
+  tail(select);
+  orderBy(select);
+  if (select.top) text(" LIMIT ").text(std::to_string(*select.top));
+}
+
+std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots, bool fast) {
+  if (engine == EngineKind::Sqlite) return std::make_unique<SqliteEmitter>(slots, fast);
+  return std::make_unique<PostgreSqlEmitter>(slots, fast);
+}
+
+}  // namespace zelkor::dialect

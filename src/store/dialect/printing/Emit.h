@@ -1,0 +1,137 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/dialect/binding/BindTree.h"
+#include "store/dialect/binding/Schema.h"
+#include "store/dialect/Translation.h"
+
+namespace zelkor::dialect {
+
+/// Prints bound statements for one engine. What engines share stands here; each override in a derived class
+/// is a real difference of its engine.
+class Emitter {
+ public:
+  Emitter(std::span<const ParameterSlot> slots, bool fast) : slots_(slots), fast_(fast) {}
+  Emitter(const Emitter&) = delete;
+  Emitter& operator=(const Emitter&) = delete;
+  virtual ~Emitter() = default;
+
+  std::string take() { return std::move(out_); }
+
+  Emitter& text(std::string_view piece) {
+    out_ += piece;
+    return *this;
+  }
+  Emitter& name(std::string_view identifier);
+  void value(const bound::Node& node) { expr(node, 0); }
+  virtual void rowKey(std::string_view qualifier) = 0;
+  /// What stands behind a column of an index, so that the index has the dialect's order.
+  std::string_view directionInIndex(bool descending, EngineKind engine);
+
+  /// The parameter of that number (from 1) holds a row key.
+  virtual void rowKeyParameter(std::size_t number) { slot(number); }
+
+  /// A whole SELECT as it stands inside another statement; `named` prints the names of the output columns.
+  void select(const bound::Select& select, bool named);
+  /// FROM, WHERE, GROUP BY and HAVING; `also` is a further condition, printed already.
+  void tail(const bound::Select& select, std::string_view also = {});
+  void fromClause(const std::vector<bound::Source>& sources);
+  void orderBy(const bound::Select& select);
+  /// Behind orderBy: the order in which the tables' rows were added.
+  void tableOrder(const bound::Select& select);
+  /// Ends an outermost query that wants the first `top` rows, for engines that can do it.
+  virtual void endOutermost(const bound::Select& select) = 0;
+
+  void insert(const bound::Insert& insert);
+  void update(const bound::Update& update);
+  void erase(const bound::Delete& statement);
+  void createTable(std::string_view table, const std::vector<ColumnInfo>& columns);
+  void columnDefinition(const ColumnInfo& column);
+
+ protected:
+  virtual std::string identifier(std::string_view name) const = 0;
+  virtual void slot(std::size_t number) = 0;
+  virtual void cast(ColumnType type) = 0;
+  virtual void caseBlind(const bound::Node& operand) = 0;
+  virtual void conditionAsValue(const bound::Node& operand) = 0;
+  virtual void quantified(const bound::Quantified& node) = 0;
+  virtual void aggregate(const bound::Aggregate& node);
+  virtual void numberCast(const bound::NumberOfText& node);
+  virtual void direction(bool descending) = 0;
+  virtual void topWithTies(const bound::Select& select, bool named) = 0;
+  virtual std::string declaredType(const ColumnInfo& column) const = 0;
+  virtual void hiddenColumns() {}
+  /// Around the rows of a joined update, for engines that take any of those that meet one row: of them the
+  /// last counts.
+  virtual void beforeLastMatch(const bound::Table&) {}
+  virtual void behindLastMatch(const bound::Update&) {}
+  /// Whether an engine has to be told the order of one table's rows, and of those that are alike in the ORDER
+  /// BY, too.
+  virtual bool movesRows() const { return false; }
+  virtual std::string_view betweenSources(const std::vector<bound::Source>&) const { return ", "; }
+  virtual void callName(std::string_view name) { out_ += name; }
+
+  /// What the tables of FROM are called, in the order in which they stand.
+  static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);
+  void core(const bound::Select& select, bool named, std::string_view namePrefix = {});
+  void orderKeys(const std::vector<bound::OrderKey>& keys);
+  void expr(const bound::Node& node, int precedence);
+  void list(const std::vector<bound::Node>& nodes);
+  virtual void binary(const bound::Binary& node, int precedence);
+  virtual void negative(const bound::Node& operand);
+  void subselect(const bound::Select& node);
+  static int precedenceOf(bound::BinaryKind kind);
+  static std::string_view signOf(bound::BinaryKind kind);
+
+  std::string out_;
+
+ private:
+  void groupOrder(const bound::Select& select);
+  void node(const bound::NullValue&, int) { out_ += "NULL"; }
+  void node(const bound::IntegerValue& value, int precedence);
+  void node(const bound::TextValue& value, int precedence);
+  void node(const bound::Parameter& parameter, int precedence);
+  void node(const bound::Column& column, int precedence);
+  void node(const bound::NumberOfText& reading, int precedence);
+  void node(const bound::Unary& unary, int precedence);
+  void node(const bound::Binary& operation, int precedence) { binary(operation, precedence); }
+  void node(const bound::IsNull& test, int precedence);
+  void node(const bound::Between& test, int precedence);
+  void node(const bound::InList& test, int precedence);
+  void node(const bound::InSelect& test, int precedence);
+  void node(const bound::Exists& test, int precedence);
+  void node(const bound::ScalarSelect& select, int precedence);
+  void node(const bound::Quantified& test, int) { quantified(test); }
+  void node(const bound::Call& call, int precedence);
+  void node(const bound::Aggregate& call, int) { aggregate(call); }
+  void node(const bound::Choice& choice, int precedence);
+  void source(const bound::Source& source);
+  void part(const bound::Select& select, bool named);
+  void compound(const bound::Select& select, bool named);
+  void joinedUpdate(const bound::Update& update);
+
+  std::span<const ParameterSlot> slots_;
+  bool fast_;
+};
+
+std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots,
+                                    bool fast = false);
+
+/// What stands behind a column of an index, so that the index has the dialect's order.
+std::string_view directionInIndex(bool descending, EngineKind engine);
+
+/// The parameter of that number (from 1) as the value of a column of that type.
+std::string typedParameter(std::size_t number, ColumnType type, EngineKind engine);
+
+/// The statement that keeps what the engine's own schema cannot say of new columns: spelling and type in the
+/// dialect's words; nothing where the schema says it all.
+std::optional<std::string> describingStatement(std::string_view table, const std::vector<ColumnInfo>& columns,
+                                               EngineKind engine);
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,118 @@
+#include "store/dialect/printing/Emit.h"
+
+namespace zelkor::dialect {
+
+namespace {
+
+constexpr std::string_view rowsAlias = "zk_rows";
+constexpr std::string_view keyName = "zk_key";
+
+std::string valueName(std::size_t index) {
+  return "zk_" + std::to_string(index + 1);
+}
+
+}  // namespace
+
+void Emitter::insert(const bound::Insert& insert) {
+  text("INSERT INTO ").name(insert.table).text(" (");
+  bool first = true;
+  for (const std::string& column : insert.columns) {
+    if (!first) text(", ");
+    first = false;
+    name(column);
+  }
+  text(") ");
+  if (const auto* rows = std::get_if<bound::Select>(&insert.source)) {
+    select(*rows, false);
+    if (!rows->top) tableOrder(*rows);
+    return;
+  }
+  text("VALUES (");
+  list(std::get<std::vector<bound::Node>>(insert.source));
+  text(")");
+}
+
+void Emitter::update(const bound::Update& update) {
+  if (!update.from.empty()) return joinedUpdate(update);
+  text("UPDATE ").name(update.target.name);
+  if (!update.target.alias.empty()) text(" AS ").name(update.target.alias);
+  std::string_view separator = " SET ";
+  for (const bound::Assignment& assignment : update.assignments) {
+    text(separator).name(assignment.column).text(" = ");
+    value(assignment.value);
+    separator = ", ";
+  }
+  if (update.where) {
+    text(" WHERE ");
+    value(*update.where);
+  }
+}
+
+// The joined rows deliver the key of the row to be changed and its new values.
+void Emitter::joinedUpdate(const bound::Update& update) {
+  text("UPDATE ").name(update.target.name);
+  std::string_view separator = " SET ";
+  for (std::size_t i = 0; i < update.assignments.size(); ++i) {
+    text(separator)
+        .name(update.assignments[i].column)
+        .text(" = ")
+        .name(rowsAlias)
+        .text(".")
+        .name(valueName(i));
+    separator = ", ";
+  }
+  text(" FROM (SELECT ");
+  beforeLastMatch(update.target);
+  rowKey(update.target.qualifier());
+  text(" AS ").name(keyName);
+  for (std::size_t i = 0; i < update.assignments.size(); ++i) {
+    text(", ");
+    value(update.assignments[i].value);
+    text(" AS ").name(valueName(i));
+  }
+  fromClause(update.from);
+  if (update.where) {
+    text(" WHERE ");
+    value(*update.where);
+  }
+  behindLastMatch(update);
+  text(") AS ").name(rowsAlias).text(" WHERE ");
+  rowKey(update.target.name);
+  text(" = ").name(rowsAlias).text(".").name(keyName);
+}
+
+void Emitter::erase(const bound::Delete& statement) {
+  text("DELETE FROM ").name(statement.target.name);
+  if (statement.from.empty()) {
+    if (!statement.target.alias.empty()) text(" AS ").name(statement.target.alias);
+  } else {
+    text(" WHERE ");
+    rowKey(statement.target.name);
+    text(" IN (SELECT ");
+    rowKey(statement.target.qualifier());
+    fromClause(statement.from);
+  }
+  if (statement.where) {
+    text(" WHERE ");
+    value(*statement.where);
+  }
+  if (!statement.from.empty()) text(")");
+}
+
+void Emitter::columnDefinition(const ColumnInfo& column) {
+  name(column.name).text(" ").text(declaredType(column));
+}
+
+void Emitter::createTable(std::string_view table, const std::vector<ColumnInfo>& columns) {
+  text("CREATE TABLE ").name(table).text(" (");
+  bool first = true;
+  for (const ColumnInfo& column : columns) {
+    if (!first) text(", ");
+    first = false;
+    columnDefinition(column);
+  }
+  hiddenColumns();
+  text(")");
+}
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "store/dialect/printing/Emit.h"
+
+namespace zelkor::dialect {
+
+/// PostgreSQL: strict types, names folded to lower case, texts of type citext in a database of C collation.
+///
+/// The engine declares every parameter as text and each use is cast, so that a text that leaves parameters
+/// out needs no other numbering.
+class PostgreSqlEmitter final : public Emitter {
+ public:
+  using Emitter::Emitter;
+
+  void rowKey(std::string_view qualifier) override;
+  void rowKeyParameter(std::size_t number) override;
+  void endOutermost(const bound::Select& select) override;
+
+ protected:
+  std::string identifier(std::string_view name) const override;
+  void slot(std::size_t number) override;
+  void cast(ColumnType type) override;
+  void caseBlind(const bound::Node& operand) override;
+  void conditionAsValue(const bound::Node& operand) override;
+  void quantified(const bound::Quantified& node) override;
+  void aggregate(const bound::Aggregate& node) override;
+  void binary(const bound::Binary& node, int precedence) override;
+  void negative(const bound::Node& operand) override;
+  void numberCast(const bound::NumberOfText& node) override;
+  void direction(bool descending) override;
+  void topWithTies(const bound::Select& select, bool named) override;
+  std::string declaredType(const ColumnInfo& column) const override;
+  void hiddenColumns() override;
+  void callName(std::string_view name) override;
+  void beforeLastMatch(const bound::Table& target) override;
+  void behindLastMatch(const bound::Update& update) override;
+  bool movesRows() const override { return true; }
+  std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
+};
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,140 @@
+#include "store/dialect/reading/Shape.h"
+
+#include <charconv>
+#include <cstdint>
+#include <cstring>
+
+#include "store/dialect/reading/Lexer.h"
+
+namespace zelkor::dialect {
+namespace {
+
+// Each literal is one byte of the key that no statement can hold outside its quotes.
+constexpr char kText = '\x01';
+constexpr char kNumber = '\x02';
+constexpr char kDate = '\x03';
+constexpr char kPrefixPattern = '\x04';
+constexpr char kBlankAtEnd = '\x05';
+
+void resolveQuotes(std::string_view source, char quote, std::string& content) {
+  for (std::size_t i = 0; i < source.size(); ++i) {
+    content.push_back(source[i]);
+    if (source[i] == quote) ++i;
+  }
+}
+
+/// The platform reads up to four hexadecimal digits as a 16-bit number and more as a 32-bit one, both signed.
+std::string decimalOf(std::string_view digits) {
+  constexpr std::size_t kDigitsOfShort = 4;
+  std::uint32_t bits = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), bits, 16);
+  if (digits.size() <= kDigitsOfShort) return std::to_string(static_cast<std::int16_t>(bits));
+  return std::to_string(static_cast<std::int32_t>(bits));
+}
+
+char liftText(const Lexeme& lexeme, Shape& shape) {
+  Literal& literal = shape.literals.emplace_back();
+  literal.kind = LiteralKind::Text;
+  literal.text = lexeme.inner();
+  literal.prefixPattern = lexeme.prefixPattern;
+  literal.blankAtEnd = literal.text.ends_with(' ');
+  if (lexeme.doubledQuotes) resolveQuotes(literal.text, lexeme.source.front(), literal.unescaped);
+  if (literal.blankAtEnd) return kBlankAtEnd;
+  return lexeme.prefixPattern ? kPrefixPattern : kText;
+}
+
+char liftNumber(const Lexeme& lexeme, Shape& shape) {
+  Literal& literal = shape.literals.emplace_back();
+  literal.kind = LiteralKind::Number;
+  literal.text = lexeme.source;
+  if (literal.text.front() == '&') literal.unescaped = decimalOf(literal.text.substr(2));
+  return kNumber;
+}
+
+char liftDate(const Lexeme& lexeme, Shape& shape) {
+  Literal& literal = shape.literals.emplace_back();
+  literal.kind = LiteralKind::Date;
+  literal.text = lexeme.inner();
+  return kDate;
+}
+
+/// Writes the key behind the lexer. What stands in the statement as it shall stand in the key is copied in
+/// runs.
+class KeyWriter {
+ public:
+  KeyWriter(std::string_view statement, std::string& key)
+      : key_(key), runBegin_(statement.data()), runEnd_(statement.data()) {
+    key_.resize(statement.size());  // the key is never longer
+    out_ = key_.data();
+  }
+
+  void keep(const Lexeme& lexeme) {
+    const char* begin = lexeme.source.data();
+    if (begin != runEnd_ && (runBegin_ == runEnd_ || begin - runEnd_ > 1 || *runEnd_ != ' ')) {
+      blank();
+      runBegin_ = begin;
+    }
+    runEnd_ = begin + lexeme.source.size();
+  }
+
+  void lift(const Lexeme& lexeme, char mark) {
+    if (lexeme.blankBefore) {
+      blank();
+    } else {
+      endRun();
+    }
+    *out_++ = mark;
+    runBegin_ = runEnd_ = lexeme.source.data() + lexeme.source.size();
+  }
+
+  void finish() {
+    endRun();
+    key_.resize(static_cast<std::size_t>(out_ - key_.data()));
+  }
+
+ private:
+  void endRun() {
+    const auto length = static_cast<std::size_t>(runEnd_ - runBegin_);
+    std::memcpy(out_, runBegin_, length);
+    out_ += length;
+  }
+
+  void blank() {
+    endRun();
+    if (out_ != key_.data()) *out_++ = ' ';
+  }
+
+  std::string& key_;
+  char* out_ = nullptr;
+  const char* runBegin_;
+  const char* runEnd_;
+};
+
+}  // namespace
+
+void shapeOf(std::string_view statement, Shape& shape) {
+  shape.literals.clear();
+  KeyWriter key(statement, shape.key);
+  Lexer lexer(statement);
+  for (;;) {
+    const Lexeme& lexeme = lexer.next();
+    switch (lexeme.kind) {
+      case LexemeKind::Text:
+        key.lift(lexeme, liftText(lexeme, shape));
+        break;
+      case LexemeKind::Number:
+        key.lift(lexeme, liftNumber(lexeme, shape));
+        break;
+      case LexemeKind::Date:
+        key.lift(lexeme, liftDate(lexeme, shape));
+        break;
+      case LexemeKind::End:
+        key.finish();
+        return;
+      default:
+        key.keep(lexeme);
+    }
+  }
+}
+
+}  // namespace zelkor::dialect

@@ -1,0 +1,42 @@
+#include "store/engine/Database.h"
+
+#include <algorithm>
+
+#include "base/RuntimeError.h"
+#include "store/dialect/binding/Schema.h"
+#include "store/engine/Connection.h"
+
+namespace zelkor {
+
+KeptTogether::KeptTogether(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {
+  if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
+  connection_->gathering().hold();
+}
+
+KeptTogether::~KeptTogether() {
+  connection_->gathering().release();
+}
+
+Connection& Database::connection() const {
+  if (!connection_) throw RuntimeError(ErrorNumber::ObjectClosed);
+  return *connection_;
+}
+
+void Database::Execute(std::string_view sql) {
+  recordsAffected_ = connection().execute(sql);
+}
+
+Recordset Database::OpenRecordset(std::string_view sql) {
+  return connection().open(sql);
+}
+
+std::vector<std::string> Database::TableDefs() const {
+  return connection().engine().tableNames();
+}
+
+bool Database::HasTable(std::string_view name) const {
+  return std::ranges::any_of(TableDefs(),
+                             [&](const std::string& table) { return dialect::sameName(table, name); });
+}
+
+}  // namespace zelkor

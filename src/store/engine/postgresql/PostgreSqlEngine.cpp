@@ -1,0 +1,72 @@
+#include "store/engine/postgresql/PostgreSqlEngine.h"
+
+#include <cstdlib>
+#include <ctime>
+
+#include "store/engine/postgresql/PostgreSqlStatement.h"
+#include "store/engine/postgresql/ServerFunctions.h"
+
+namespace zelkor {
+namespace {
+
+// "+08:00", how far the workstation's clock is ahead of that of Greenwich.
+std::string clockOffset() {
+  tzset();
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  const std::string digits =
+      std::to_string(10000 + std::labs(local.tm_gmtoff) / 3600 * 100 + std::labs(local.tm_gmtoff) / 60 % 60);
+  return (local.tm_gmtoff < 0 ? "-" : "+") + digits.substr(1, 2) + ':' + digits.substr(3);
+}
+
+}  // namespace
+
+// What values are read by, what time it is, and how transactions see each other, is not left to the server's
+// configuration. Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed,
+// so that they come in the order of their keys.
+std::string sessionSettings(const std::string& schema) {
+  return "SET search_path = \"" + schema +
+         "\", public; SET datestyle = 'ISO, YMD'; SET synchronous_commit = off; SET lock_timeout = '10s'; "
+         "SET extra_float_digits = 1; SET bytea_output = 'hex'; "
+         "SET default_transaction_isolation = 'read committed'; "
+         "SET standard_conforming_strings = on; SET jit = off; SET enable_hashagg = off; "
+         "SET TIME ZONE INTERVAL '" +
+         clockOffset() + "' HOUR TO MINUTE";
+}
+
+PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file)
+    : link_(std::make_shared<PostgreSqlLink>(file.conninfo)) {
+  requireFunctions(*link_, file.schema);
+  link_->run(sessionSettings(file.schema));
+}
+
+std::unique_ptr<EngineStatement> PostgreSqlEngine::prepare(std::string_view sql) {
+  return std::make_unique<PostgreSqlStatement>(link_, sql);
+}
+
+void PostgreSqlEngine::run(const std::string& sql) {
+  link_->run(sql);
+}
+
+void PostgreSqlEngine::begin() {
+  link_->begin();
+}
+
+void PostgreSqlEngine::commit() {
+  link_->commit();
+}
+
+void PostgreSqlEngine::rollback() {
+  link_->rollback();
+}
+
+// A transaction that is forced to disk takes all earlier ones with it. The server forces one only where it
+// has written something to its log: a message, which nobody reads.
+void PostgreSqlEngine::makeDurable() {
+  if (inTransaction() || !link_->takeWritten()) return;
+  link_->run(
+      "BEGIN; SET LOCAL synchronous_commit = on; SELECT pg_logical_emit_message(true, 'zelkor', ''); COMMIT");
+}
+
+}  // namespace zelkor

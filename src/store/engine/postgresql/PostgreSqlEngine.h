@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "store/engine/Engine.h"
+#include "store/engine/postgresql/PostgreSqlLink.h"
+#include "store/engine/postgresql/ServerFile.h"
+
+namespace zelkor {
+
+/// One schema of a PostgreSQL server, shared with other processes.
+///
+/// Writers do not shut each other out here, so that a stand-alone statement is a transaction of its own: the
+/// server keeps it at once, and forces it to disk when it is asked to make everything durable.
+class PostgreSqlEngine final : public Engine {
+ public:
+  /// Errors: 57 no connection, 3343 no account set in that schema.
+  explicit PostgreSqlEngine(const ServerFile& file);
+
+  dialect::EngineKind kind() const override { return dialect::EngineKind::PostgreSql; }
+  std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
+  void run(const std::string& sql) override;
+  /// There is no file that could be moved away.
+  void requireFile() override {}
+  bool gathersWrites() const override { return false; }
+  bool runsAhead() const override { return true; }
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  bool inTransaction() const override { return link_->inTransaction(); }
+  void makeDurable() override;
+  long changes() const override { return link_->changes(); }
+  std::int64_t lastRowKey() const override { return link_->lastRowKey(); }
+  std::vector<std::string> tableNames() override;
+  std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
+
+ private:
+  std::shared_ptr<PostgreSqlLink> link_;
+};
+
+/// The statements that make a session see the account set in that schema.
+std::string sessionSettings(const std::string& schema);
+
+}  // namespace zelkor

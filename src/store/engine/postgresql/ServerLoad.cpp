@@ -1,0 +1,78 @@
+#include "store/engine/postgresql/ServerLoad.h"
+
+#include <libpq-fe.h>
+
+#include "base/RuntimeError.h"
+#include "store/engine/postgresql/PostgreSqlEngine.h"
+#include "store/engine/postgresql/ServerCopy.h"
+#include "store/engine/postgresql/ServerFunctions.h"
+
+namespace zelkor {
+namespace {
+
+void requireFitDatabase(PostgreSqlLink& server) {
+  const PgResult collation =
+      server.query("SELECT datcollate, datctype FROM pg_database WHERE datname = current_database()", {});
+  for (const int column : {0, 1})
+    if (std::string_view(PQgetvalue(collation.get(), 0, column)) != "C")
+      throw RuntimeError(
+          ErrorNumber::UnrecognizedFormat,
+          "数据库的排序规则必须是 C：请用 createdb -E UTF8 --locale=C -T template0 建立数据库。");
+}
+
+void carryCell(ServerCopy& copy, const EngineStatement& row, int column) {
+  switch (row.kind(column)) {
+    case CellKind::Null:
+      return copy.null();
+    case CellKind::Integer:
+      return copy.integer(row.integer(column));
+    case CellKind::Real:
+      return copy.real(row.real(column));
+    case CellKind::Text:
+      return copy.text(row.text(column));
+    case CellKind::Bytes:
+      return copy.bytes(row.bytes(column));
+  }
+}
+
+std::string selectStatement(const dialect::TableInfo& table) {
+  const auto quoted = [](std::string_view name) { return quotedName(name, dialect::EngineKind::Sqlite); };
+  std::string columns;
+  for (const dialect::ColumnInfo& column : table.columns)
+    columns += (columns.empty() ? "" : ", ") + quoted(column.name);
+  return "SELECT " + columns + " FROM " + quoted(table.name) + " ORDER BY rowid";
+}
+
+void carryRows(PostgreSqlLink& server, Engine& source, const dialect::TableInfo& table) {
+  const auto rows = source.prepare(selectStatement(table));
+  ServerCopy copy(server, table);
+  const auto columns = static_cast<int>(table.columns.size());
+  while (rows->step()) {
+    for (int column = 0; column < columns; ++column) carryCell(copy, *rows, column);
+    copy.endRow();
+  }
+  copy.finish();
+}
+
+}  // namespace
+
+void createSchema(PostgreSqlLink& server, const std::string& schema) {
+  requireFitDatabase(server);
+  const PgResult known = server.query("SELECT 1 FROM pg_namespace WHERE nspname = $1", {schema});
+  if (PQntuples(known.get()) > 0)
+    throw RuntimeError(ErrorNumber::DatabaseAlreadyExists,
+                       "服务器上已有 '" + schema + "'，不能在此处建立账套。");
+  server.run("CREATE EXTENSION IF NOT EXISTS citext SCHEMA public; CREATE SCHEMA \"" + schema + "\"");
+  server.run(sessionSettings(schema));
+  layFunctions(server);
+}
+
+void loadTables(PostgreSqlLink& server, Engine& source, const std::vector<TableDef>& tables) {
+  for (const TableDef& table : tables) {
+    for (const std::string& statement : createStatements(table, dialect::EngineKind::PostgreSql))
+      server.run(statement);
+    carryRows(server, source, table.info);
+  }
+}
+
+}  // namespace zelkor

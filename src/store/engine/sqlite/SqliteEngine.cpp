@@ -1,0 +1,107 @@
+#include "store/engine/sqlite/SqliteEngine.h"
+
+#include <sqlite3.h>
+
+#include "base/RuntimeError.h"
+#include "store/engine/sqlite/SqliteErrors.h"
+#include "store/engine/sqlite/SqliteFunctions.h"
+#include "store/engine/sqlite/SqliteStatement.h"
+
+namespace zelkor {
+namespace {
+
+// Long enough for any other process's gathered statements, short enough that a person is told.
+constexpr int busyTimeoutMilliseconds = 10'000;
+// Nobody at a screen is quicker than this.
+constexpr std::chrono::milliseconds timeBetweenLooks{100};
+
+// Opens a file that may not be written for reading.
+sqlite3* openHandle(const std::string& path) {
+  sqlite3* handle = nullptr;
+  const int code =
+      sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  if (code == SQLITE_OK) return handle;
+  const SqliteHandle owner(handle);
+  raiseSqliteError(handle, code);
+}
+
+}  // namespace
+
+void SqliteCloser::operator()(sqlite3* handle) const {
+  sqlite3_close_v2(handle);
+}
+
+void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
+  sqlite3_finalize(handle);
+}
+
+SqliteEngine::SqliteEngine(const std::string& path, Access access) : handle_(openHandle(path)), path_(path) {
+  sqlite3_extended_result_codes(handle_.get(), 1);
+  sqlite3_busy_timeout(handle_.get(), busyTimeoutMilliseconds);
+  registerSqliteFunctions(handle_.get());
+  if (access == Access::Read) {
+    run("PRAGMA query_only = 1");
+    return;
+  }
+  // A commit in write-ahead mode survives the end of the process without being forced to disk.
+  // It is forced there when the log is copied back: seldom, so that a long job does not wait at every commit.
+  run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536; "
+      "PRAGMA wal_autocheckpoint=32000");
+  begin_ = prepare("BEGIN IMMEDIATE");
+  commit_ = prepare("COMMIT");
+}
+
+std::unique_ptr<EngineStatement> SqliteEngine::prepare(std::string_view sql) {
+  return std::make_unique<SqliteStatement>(handle_.get(), sql);
+}
+
+void SqliteEngine::run(const std::string& sql) {
+  const int code = sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) raiseSqliteError(handle_.get(), code);
+}
+
+/// The system lets an open file be removed or replaced, and takes what is written to it all the same: it
+/// would be lost without a word.
+void SqliteEngine::lookForFile() {
+  nextLook_ = Clock::now() + timeBetweenLooks;
+  int moved = 0;
+  if (sqlite3_file_control(handle_.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK || moved == 0)
+    return;
+  throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path_ + "'。");
+}
+
+void SqliteEngine::requireFile() {
+  if (Clock::now() >= nextLook_) lookForFile();
+}
+
+void SqliteEngine::begin() {
+  lookForFile();
+  begin_->reset();
+  begin_->step();
+  begin_->reset();
+}
+
+void SqliteEngine::commit() {
+  lookForFile();
+  commit_->reset();
+  commit_->step();
+  commit_->reset();
+}
+
+void SqliteEngine::rollback() {
+  run("ROLLBACK");
+}
+
+bool SqliteEngine::inTransaction() const {
+  return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+long SqliteEngine::changes() const {
+  return static_cast<long>(sqlite3_changes64(handle_.get()));
+}
+
+std::int64_t SqliteEngine::lastRowKey() const {
+  return sqlite3_last_insert_rowid(handle_.get());
+}
+
+}  // namespace zelkor

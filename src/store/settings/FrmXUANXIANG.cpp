@@ -1,0 +1,112 @@
+#include "store/settings/FrmXUANXIANG.h"
+
+#include "base/Conversion.h"
+#include "base/RuntimeError.h"
+#include "store/settings/InitWizard.h"
+#include "store/settings/Parameters.h"
+
+namespace zelkor {
+
+FrmXUANXIANG::FrmXUANXIANG(FormHost& host) : FrmAccountSettings(host, "FrmXUANXIANG", "选项") {
+  arrangeControls();
+  connectEvents();
+  Form_Load();
+}
+
+void FrmXUANXIANG::connectEvents() {
+  connectSettings();
+  connectSubject(TxtQSGDZC, Command1);
+  connectSubject(TxtQDLJZJ, Command2);
+  pairNumber(UpDownSCSX, TxtSCSX);
+  on(CmdOK, &QPushButton::clicked, &FrmXUANXIANG::CmdOK_Click);
+  on(CmdCancel, &QPushButton::clicked, &FrmXUANXIANG::CmdCancel_Click);
+}
+
+void FrmXUANXIANG::Form_Load() {
+  fillLists();
+  loadAccount();
+  loadDepreciation();
+  loadLedger();
+  loadCodes();
+  CheckZWXTDZ_Click(CheckZWXTDZ->isChecked());
+  OptionBMFS_Click();
+}
+
+void FrmXUANXIANG::loadTick(QCheckBox& box, const char* row) {
+  if (const auto word = readParameter(data(), row)) box.setChecked(isYes(*word));
+}
+
+void FrmXUANXIANG::loadAccount() {
+  const AccountHeader account = readAccountHeader(run().dbZKSystem, run().gstrAccountId);
+  LblZTH->setText(toQt(run().gstrAccountId));
+  LblZTMC->setText(toQt(account.name));
+  LblSYDW->setText(toQt(account.unit));
+  LblBWB->setText(toQt(account.currency));
+  LblZGXM->setText(toQt(account.manager));
+  LblQYYF->setText(toQt(monthOfDateRow(data(), "dStartDate")));
+}
+
+void FrmXUANXIANG::loadDepreciation() {
+  if (const auto word = readParameter(data(), "bCalcDepr")) LblJTZJ->setText(isYes(*word) ? "是" : "否");
+  if (const auto number = readParameter(data(), "sDeprMethodNum")) {
+    ComboZJFF->setCurrentIndex(static_cast<int>(Val(*number)) - 1);
+  }
+  if (const auto months = readParameter(data(), "iDeprSendPeriod")) {
+    ComboHZFPZQ->setCurrentIndex(ComboHZFPZQ->findText(toQt(*months)));
+  }
+  Lblzjfpyf->setText(toQt(monthOfDateRow(data(), "dWritableDate")));
+  loadTick(*CheckTZZJ, "bLastMonthMakeUpDepr");
+}
+
+void FrmXUANXIANG::loadLedger() {
+  loadTick(*CheckZWXTDZ, "bAutoZW");
+  loadTick(*CheckDZBP, "bAllowUnequality");
+  if (CheckZWXTDZ->isChecked()) {
+    TxtGDZCDZKM->setText(toQt(subjectFieldText(data(), "sFixedAssetsSubjectNum")));
+    TxtLJZJDZKM->setText(toQt(subjectFieldText(data(), "sDeprTotalSubjectNum")));
+  }
+  TxtQSGDZC->setText(toQt(subjectFieldText(data(), "sDefaultAssetSubjectNum")));
+  TxtQDLJZJ->setText(toQt(subjectFieldText(data(), "sDefaultDeprTotalSubjectNum")));
+  loadTick(*CheckLJZD, "bSendToZWAfterChange");
+  loadTick(*CheckJZQWC, "bWriteZWBeforeEnd");
+}
+
+void FrmXUANXIANG::loadCodes() {
+  codingRule_.show(
+      CodingRuleLengths::fromDigits(readParameter(data(), "sTypeNumType").value_or(std::string())));
+  const bool byHand = readParameter(data(), "iCardNumAutoType") == "0";
+  (byHand ? OptionBMFSSD : OptionBMFSZD)->setChecked(true);
+  const auto way = readParameter(data(), "iCardNumType");
+  ComboBMFS->setCurrentIndex(way ? static_cast<int>(Val(*way)) - 1 : -1);
+  if (const auto length = readParameter(data(), "iCardSequenceNumLength")) TxtXHCD->setText(toQt(*length));
+  loadTick(*CheckLXZJ, "bAddSuccession");
+  if (const auto years = readParameter(data(), "iYearsToDel")) TxtSCSX->setText(toQt(*years));
+}
+
+AccountOptions FrmXUANXIANG::entered() const {
+  AccountOptions options;
+  options.reconcilesWithLedger = CheckZWXTDZ->isChecked();
+  options.closesUnreconciled = CheckDZBP->isChecked();
+  options.assetsSubject = fromQt(TxtGDZCDZKM->text());
+  options.depreciationSubject = fromQt(TxtLJZJDZKM->text());
+  options.vouchersAtOnce = CheckLJZD->isChecked();
+  options.vouchersBeforeClosing = CheckJZQWC->isChecked();
+  options.defaultAssetsSubject = fromQt(TxtQSGDZC->text());
+  options.defaultDepreciationSubject = fromQt(TxtQDLJZJ->text());
+  options.methodNumber = ComboZJFF->currentIndex() + 1;
+  options.depreciatesRestInLastMonth = CheckTZZJ->isChecked();
+  options.allocationCycle = fromQt(ComboHZFPZQ->currentText());
+  options.yearsToDelete = fromQt(TxtSCSX->text());
+  options.categoryCodingRule = codingRule().digits();
+  options.cardNumbering = cardNumbering();
+  options.cardSequenceLength = fromQt(TxtXHCD->text());
+  options.addsInSuccession = CheckLXZJ->isChecked();
+  return options;
+}
+
+void FrmXUANXIANG::CmdOK_Click() {
+  storeOptions(data(), entered());
+  throw EndProgram{};
+}
+
+}  // namespace zelkor

@@ -1,0 +1,59 @@
+#include "store/settings/Options.h"
+
+#include "base/Text.h"
+#include "store/engine/Statement.h"
+#include "store/settings/Parameters.h"
+#include "store/settings/SubjectText.h"
+
+namespace zelkor {
+namespace {
+
+void storeReconciliation(Database& data, const AccountOptions& options) {
+  setYesNo(data, "bAutoZW", options.reconcilesWithLedger);
+  if (!options.reconcilesWithLedger) return;
+  setYesNo(data, "bAllowUnequality", options.closesUnreconciled);
+  storeSubject(data, options.assetsSubject, "sFixedAssetsSubjectNum", "sFixedAssetsSubjectName");
+  storeSubject(data, options.depreciationSubject, "sDeprTotalSubjectNum", "sDeprTotalSubjectName");
+}
+
+void storeDefaultSubject(Database& data, std::string_view text, std::string_view numberRow,
+                         std::string_view nameRow) {
+  if (text.empty() || text == ",") return;
+  storeSubject(data, text, numberRow, nameRow);
+}
+
+}  // namespace
+
+void storeOptions(Database& data, const AccountOptions& options) {
+  storeReconciliation(data, options);
+  setYesNo(data, "bSendToZWAfterChange", options.vouchersAtOnce);
+  setYesNo(data, "bWriteZWBeforeEnd", options.vouchersBeforeClosing);
+  storeDefaultSubject(data, options.defaultAssetsSubject, "sDefaultAssetSubjectNum",
+                      "sDefaultAssetSubjectName");
+  storeDefaultSubject(data, options.defaultDepreciationSubject, "sDefaultDeprTotalSubjectNum",
+                      "sDefaultDeprTotalSubjectName");
+  setParameter(data, "sDeprMethodNum", sql(options.methodNumber));
+  setYesNo(data, "bLastMonthMakeUpDepr", options.depreciatesRestInLastMonth);
+  setParameter(data, "iDeprSendPeriod", options.allocationCycle);
+  setParameter(data, "iYearsToDel", options.yearsToDelete);
+  setParameter(data, "sTypeNumType", options.categoryCodingRule);
+  setParameter(data, "iCardNumType", sql(options.cardNumbering));
+  setParameter(data, "iCardNumAutoType", sql(options.cardNumbering));
+  setParameter(data, "iCardSequenceNumLength", options.cardSequenceLength);
+  setYesNo(data, "bAddSuccession", options.addsInSuccession);
+}
+
+std::string subjectFieldText(Database& data, std::string_view row) {
+  const Recordset parameter =
+      data.OpenRecordset(sql("select cValue from AccInformation where cSysID='FA' and cName='", row, "'"));
+  if (parameter.Eof() || parameter.Fields("cValue").isNull()) return {};
+  const std::string code = parameter.Text("cValue");
+  return code + "," + subjectName(data, code).value_or("");
+}
+
+std::string monthOfDateRow(Database& data, std::string_view row) {
+  const auto date = readParameter(data, row);
+  return date ? Left(*date, 4) + "." + Mid(*date, 6, 2) : std::string();
+}
+
+}  // namespace zelkor

@@ -1,0 +1,256 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "store/catalogue/Catalogue.h"
+#include "store/dialect/CatalogueFile.h"
+#include "store/engine/ColumnValue.h"
+#include "support/AccountSetCopy.h"
+
+namespace zelkor::test {
+namespace {
+
+using dialect::ColumnType;
+
+/// Every table of the catalogue, empty, asked in the engine's own words.
+class EmptyTables {
+ public:
+  /// The number of the error, 0 for none.
+  int run(const std::string& statement) {
+    return errorOf([&] { file_.engine().run(statement); });
+  }
+
+  /// Cells of all rows, one line per row, joined by "|"; Null is "~".
+  std::string rows(const std::string& query, int columns) {
+    std::string lines;
+    const auto statement = file_.engine().prepare(query);
+    while (statement->step()) {
+      for (int i = 0; i < columns; ++i) {
+        const Value cell = readCell(*statement, i, ColumnType::Unknown);
+        lines += std::string(i == 0 ? "" : "|") + (cell.isNull() ? "~" : cell.text());
+      }
+      lines += '\n';
+    }
+    return lines;
+  }
+
+ private:
+  dialect::test::CatalogueFile file_;
+};
+
+TEST(Catalogue, TellsTypesWherePrefixesDoNot) {
+  struct Case {
+    const char* table;
+    const char* column;
+    ColumnType type;
+  };
+  for (const auto& [table, column, type] : std::vector<Case>{
+           {"fa_ZWVouchers", "cdefine5", ColumnType::Text},
+           {"FA_ZWVOUCHERS", "i_id", ColumnType::Counter},
+           {"fa_ZWVouchers", "md_f", ColumnType::Currency},
+           {"fa_ZWVouchers", "nfrat", ColumnType::Double},
+           {"fa_Cards", "sCardID", ColumnType::Text},
+           {"fa_Cards", "bMultiDept", ColumnType::Boolean},
+           {"fa_DeptScale", "sID", ColumnType::Long},
+           {"fa_DeptScale", "cItemclsId", ColumnType::Text},
+           {"fa_Cards_Detail", "sID", ColumnType::Counter},
+           {"fa_DeprTransactions_Detail", "sID", ColumnType::Counter},
+           {"fa_DeprTransactions", "dblDeprT13", ColumnType::Double},
+           {"fa_DeprTransactions", "lUsedMonths13", ColumnType::Long},
+           {"fa_DeprTransactions_Detail", "dblMonthValue13", ColumnType::Double},
+           {"fa_Status", "Num2", ColumnType::Text},
+           {"Fa_log", "mMemo", ColumnType::Memo},
+           {"fa_VtsObject", "objVtsfile", ColumnType::Binary},
+           {"za_account", "iMonth", ColumnType::Short},
+       }) {
+    const dialect::TableInfo* info = catalogueSchema().table(table);
+    ASSERT_NE(info, nullptr) << table;
+    const dialect::ColumnInfo* found = info->find(column);
+    ASSERT_NE(found, nullptr) << table << "." << column;
+    EXPECT_EQ(found->type, type) << table << "." << column;
+  }
+}
+
+// Re-initialisation copies some tables as a whole: by position, not by name.
+TEST(Catalogue, TemplatesHaveTheColumnsOfTheirTables) {
+  ASSERT_EQ(templatedTables().size(), 30U);
+  for (const std::string& name : templatedTables()) {
+    const TableDef* table = catalogueTable(name);
+    const TableDef* model = catalogueTable(templateTableName(name));
+    ASSERT_NE(table, nullptr) << name;
+    ASSERT_NE(model, nullptr) << name;
+    ASSERT_EQ(model->info.columns.size(), table->info.columns.size()) << name;
+    for (std::size_t i = 0; i < table->info.columns.size(); ++i)
+      EXPECT_EQ(model->info.columns[i].name, table->info.columns[i].name) << name;
+  }
+}
+
+TEST(Catalogue, NewRowsHaveTheDefaultsThatTheFiguresRelyOn) {
+  EmptyTables tables;
+  struct Case {
+    const char* insert;
+    const char* query;
+    std::string_view expected;
+  };
+  for (const auto& [insert, query, expected] : std::vector<Case>{
+           {"INSERT INTO fa_Cards (sCardID) VALUES ('1')",
+            "SELECT iOptType, iNewType, lLife, dblTransInDeprTCard, bMultiDept, dTransDate, dDisposeDate, "
+            "sStyle "
+            "FROM fa_Cards",
+            "1|0|0|0|0|~|~|~\n"},
+           {"INSERT INTO fa_DeprTransactions (sCardNum) VALUES ('00001')",
+            "SELECT dblDepr1, dblDeprT13, dblPeriodValue, lDeprMonths13, sMonthStatusID FROM "
+            "fa_DeprTransactions",
+            "0|0|0|0|~\n"},
+           {"INSERT INTO fa_DeprTransactions_Detail (sCardNum) VALUES ('00001')",
+            "SELECT sID, dblDeprT13, dblDeprThisYear FROM fa_DeprTransactions_Detail", "1|0|0\n"},
+           {"INSERT INTO fa_DeptScale (sCardNum) VALUES ('00001')",
+            "SELECT sID, lOptID, dblScale FROM fa_DeptScale", "0|0|0\n"},
+           {"INSERT INTO fa_WorkLoad (sCardNum) VALUES ('00001')",
+            "SELECT dblWork12, dblWorkT12 FROM fa_WorkLoad", "0|0\n"},
+           // What is said to stay empty stays Null.
+           {"INSERT INTO fa_Total (sDeptNum) VALUES ('1')",
+            "SELECT iPeriod, dblDepr, dblAddValue FROM fa_Total", "~|~|~\n"},
+           {"INSERT INTO fa_DeprVouchers (lOptID) VALUES (5)",
+            "SELECT iPeriod, dblDebit, dblCredit FROM fa_DeprVouchers", "~|~|~\n"},
+           {"INSERT INTO fa_ZWVouchers (coutid) VALUES ('1')",
+            "SELECT i_id, cDefine1, cDefine2, md, bvouchedit FROM fa_ZWVouchers", "1|~|~|~|0\n"},
+           {"INSERT INTO GL_accvouch (ino_id) VALUES (1)", "SELECT ibook, iflag, ioutperiod FROM GL_accvouch",
+            "0|~|~\n"},
+       }) {
+    EXPECT_EQ(tables.run(insert), 0) << insert;
+    const auto columns = static_cast<int>(std::count(expected.begin(), expected.end(), '|')) + 1;
+    EXPECT_EQ(tables.rows(query, columns), expected) << query;
+  }
+}
+
+TEST(Catalogue, RefusesASecondRowOnlyWhereThereIsAKey) {
+  struct Case {
+    const char* insert;
+    bool refused;
+  };
+  EmptyTables tables;
+  for (const auto& [insert, refused] : std::vector<Case>{
+           {"INSERT INTO department (cDepCode) VALUES ('a1')", true},
+           {"INSERT INTO fa_departments (sNum) VALUES ('301')", true},
+           {"INSERT INTO fa_Status (sID) VALUES ('11')", true},
+           {"INSERT INTO code (ccode) VALUES ('1501')", true},
+           {"INSERT INTO fa_ItemsManual (sCardNum) VALUES ('00001')", true},
+           {"INSERT INTO fa_Cards (sCardID, sCardNum, lOptID) VALUES ('2', '00001', 2)", false},
+           {"INSERT INTO fa_DeprVoucherMain VALUES (5, '01', 4, 4, 1)", false},
+           {"INSERT INTO fa_Total (sDeptNum, sTypeNum, iPeriod) VALUES ('1', '02', 6)", false},
+           {"INSERT INTO fa_CardsSheets (sID) VALUES ('10')", false},
+           {"INSERT INTO fa_DeptScale (sID, sCardNum, lOptID) VALUES (2, '00001', 1)", false},
+           {"INSERT INTO Dsign (csign) VALUES ('记')", false},
+           {"INSERT INTO fa_AssetTypes (sNum) VALUES ('00')", false},
+       }) {
+    EXPECT_EQ(tables.run(insert), 0) << insert;
+    EXPECT_EQ(tables.run(insert), refused ? 3022 : 0) << insert;
+  }
+  // Keys compare as texts do everywhere: without regard to case.
+  EXPECT_EQ(tables.run("INSERT INTO department (cDepCode) VALUES ('A1')"), 3022);
+}
+
+/// What SQLite is asked for the statement when its texts that stand for numbers are all numbers.
+std::string askedOfSqlite(std::string_view statement) {
+  dialect::Shape shape;
+  dialect::shapeOf(statement, shape);
+  const dialect::Translation translation =
+      dialect::translate(statement, shape, catalogueSchema(), dialect::EngineKind::Sqlite);
+  if (!translation.query)
+    return translation.fastSql.empty() ? translation.sql.front() : translation.fastSql.front();
+  std::vector<std::size_t> none;
+  std::vector<std::size_t> first{0};
+  const auto form = translation.query->guard() ? dialect::Query::Form::Fast : dialect::Query::Form::Plain;
+  return translation.query->rows(translation.query->keyed() ? none : first, form);
+}
+
+// With 100,000 cards in the file none of these may read or sort a table from end to end.
+TEST(SqliteCatalogue, IndexesServeTheStatementsOfEveryCard) {
+  struct Case {
+    const char* statement;
+    const char* plan;
+  };
+  EmptyTables tables;
+  for (const auto& [statement, expected] : std::vector<Case>{
+           {"Select Top 1 * From FA_Cards Order by clng(sCardID) Desc", "INDEX zk_number_fa_Cards_sCardID"},
+           {"Select top 2 * From FA_Cards Where clng(sCardID)<=5 Order by clng(sCardID) Desc",
+            "INDEX zk_number_fa_Cards_sCardID (<expr>"},
+           {"Select max(val(sCardID)) From fa_cards", "INDEX zk_number_fa_Cards_sCardID"},
+           {"select * from fa_Cards where sCardID='1'", "fa_Cards__sCardID (sCardID=?"},
+           {"select top 1 * from fa_cards where scardnum='00001' order by sCardID desc",
+            "fa_Cards__sCardNum_sCardID (sCardNum=?)"},
+           {"Select Top 1 * From FA_Cards Order by sCardNum Desc", "fa_Cards__sCardNum"},
+           // The first row of a card is its oldest version.
+           {"select * from fa_Cards where sCardNum='00001'", "fa_Cards__sCardNum (sCardNum=?)"},
+           {"Select Top 1 * From FA_Cards Where sTypeNum='021' Order by sAssetNum Desc",
+            "fa_Cards__sTypeNum_sAssetNum_sCardNum (sTypeNum=?)"},
+           {"select max(lOptID) as a from FA_Cards", "fa_Cards__lOptID"},
+           {"select distinct sCardNum from fa_Cards where sDeptNum like '3*'",
+            "fa_Cards__sDeptNum_sTypeNum_sCardNum (sDeptNum>? AND sDeptNum<?)"},
+           {"select * from fa_DeprTransactions where scardnum='00001'",
+            "fa_DeprTransactions__sCardNum (sCardNum=?)"},
+           {"update fa_DeprTransactions set dblDepr4=1 where scardnum='00001'",
+            "fa_DeprTransactions__sCardNum (sCardNum=?)"},
+           {"Select * from fa_DeprTransactions_Detail where sCardNum = '00001' and sDeptNum = '301'",
+            "fa_DeprTransactions_Detail__sCardNum_sDeptNum (sCardNum=? AND sDeptNum=?)"},
+           {"select * from fa_deptscale where lOptID=1 and sCardNum='00001'",
+            "fa_DeptScale__sCardNum_lOptID (sCardNum=? AND lOptID=?)"},
+           {"Select * from fa_Cards_Detail where sCardID='1'", "fa_Cards_Detail__sCardID (sCardID=?)"},
+           {"select Max(val(coutid)) as imax from fa_ZWVouchers", "INDEX zk_number_fa_ZWVouchers_coutid"},
+           // Of the indexes that begin alike the one that finds no row at all must win.
+           {"select Max(inid) as inidmax from fa_ZWVouchers where coutsysname='FA' and ioutperiod=4 and "
+            "coutsign='卡片' and coutno_id='02'",
+            "fa_ZWVouchers__coutsign_coutno_id_ioutperiod (coutsign=? AND coutno_id=? AND ioutperiod=?)"},
+           {"delete from fa_ZWVouchers where ioutperiod=4 and coutsign='折旧计提'",
+            "fa_ZWVouchers__ioutperiod_coutsign (ioutperiod=? AND coutsign=?)"},
+           {"Delete From fa_ZWVouchers Where cDefine9='00001'", "fa_ZWVouchers__cDefine9 (cDefine9=?)"},
+           {"Select  * From fa_Vouchers  Order By sNum Desc ", "fa_Vouchers__sNum"},
+           {"Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ", "fa_CardsSheets__sID"},
+       }) {
+    const std::string plan = tables.rows("EXPLAIN QUERY PLAN " + askedOfSqlite(statement), 4);
+    EXPECT_NE(plan.find(expected), std::string::npos) << statement << "\n" << plan;
+    EXPECT_EQ(plan.find("ORDER BY"), std::string::npos) << statement << "\n" << plan;
+  }
+}
+
+// A file that is opened without the catalogue shows the same tables.
+TEST(Catalogue, AFileTellsItsColumnsAsTheCatalogueDoes) {
+  const auto engine = openDataFile((PreparedAccountSet::get().directory / "ZkData.Mdb").string());
+  for (const TableDef& table : dataTables()) {
+    const auto info = engine->tableInfo(table.info.name);
+    ASSERT_TRUE(info.has_value()) << table.info.name;
+    ASSERT_EQ(info->columns.size(), table.info.columns.size()) << table.info.name;
+    for (std::size_t i = 0; i < info->columns.size(); ++i) {
+      const dialect::ColumnInfo& expected = table.info.columns[i];
+      const dialect::ColumnInfo& found = info->columns[i];
+      EXPECT_EQ(found.name, expected.name) << table.info.name;
+      EXPECT_EQ(found.type, expected.type) << table.info.name << "." << expected.name;
+      EXPECT_EQ(found.size, expected.size) << table.info.name << "." << expected.name;
+      EXPECT_EQ(found.orderedAsNumber, expected.orderedAsNumber) << table.info.name << "." << expected.name;
+    }
+  }
+}
+
+TEST(Catalogue, LaysATableDownInPostgreSql) {
+  const TableDef* table = catalogueTable("fa_Status");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(createStatements(*table, dialect::EngineKind::PostgreSql),
+            (std::vector<std::string>{
+                R"(CREATE TABLE "fa_status" ("sid" citext, "sname" citext, "sengname" citext, )"
+                R"("sparentid" citext, "bneeddepr" smallint NOT NULL DEFAULT 0, "lchilds" integer, )"
+                R"("num1" citext, "num2" citext, "ilevel" smallint, "idefinetype" smallint, )"
+                R"("zk_row" bigint GENERATED ALWAYS AS IDENTITY))",
+                R"(SELECT zk_describe('fa_Status', ARRAY['sID TEXT(20)', 'sName TEXT(60)', )"
+                R"('sEngName TEXT(60)', 'sParentID TEXT(20)', 'bNeedDepr BOOLEAN', 'lchilds INTEGER', )"
+                R"('Num1 TEXT(20)', 'Num2 TEXT(20)', 'iLevel SMALLINT', 'iDefineType SMALLINT']::text[]))",
+                R"(ALTER TABLE "fa_status" ADD PRIMARY KEY ("zk_row"))",
+                R"(CREATE UNIQUE INDEX "fa_status__sid" ON "fa_status" ("sid" NULLS FIRST))",
+            }));
+}
+
+}  // namespace
+}  // namespace zelkor::test

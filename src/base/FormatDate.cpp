@@ -23,10 +23,6 @@ constexpr std::array<HalfDay, 5> kHalfDays = {{{"AM/PM", "AM", "PM"},
                                                {"a/p", "a", "p"},
                                                {"AMPM", "AM", "PM"}}};
 
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
 bool isDateLetter(char c) {
   return std::string_view("ymdhnswqct").find(c) != std::string_view::npos;
 }
@@ -63,13 +59,13 @@ class DatePictureWriter {
       text_ += date_.hour() < 12 ? half->morning : half->afternoon;
       return half->picture.size();
     }
-    const char letter = lower(rest_.front());
+    const char letter = asciiLower(rest_.front());
     if (!isDateLetter(letter)) {
       text_.push_back(rest_.front());
       return 1;
     }
     std::size_t length = 1;
-    while (length < rest_.size() && lower(rest_[length]) == letter) ++length;
+    while (length < rest_.size() && asciiLower(rest_[length]) == letter) ++length;
     writeField(letter, length);
     previousLetter_ = letter;
     return length;
@@ -134,7 +130,7 @@ class DatePictureWriter {
     for (std::string_view rest = rest_.substr(length); !rest.empty();) {
       std::string ignored;
       const std::size_t literal = takeLiteral(rest, ignored);
-      if (literal == 0 && isDateLetter(lower(rest.front()))) return lower(rest.front()) == 's';
+      if (literal == 0 && isDateLetter(asciiLower(rest.front()))) return asciiLower(rest.front()) == 's';
       rest.remove_prefix(literal == 0 ? 1 : literal);
     }
     return false;

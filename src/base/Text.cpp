@@ -73,10 +73,6 @@ std::size_t widthOf(char32_t code) {
              : 1;
 }
 
-char asciiLower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
 // Latin-1 letters are two bytes, 0xC3 and a second that differs by 32 between the cases; × and ÷ are none.
 std::string withCase(std::string_view text, bool upper) {
   std::string result(text);
@@ -134,6 +130,12 @@ std::string UCase(std::string_view text) {
 }
 std::string LCase(std::string_view text) {
   return withCase(text, false);
+}
+
+std::string asciiLower(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) c = asciiLower(c);
+  return lower;
 }
 
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {

@@ -24,6 +24,12 @@ std::string RTrim(std::string_view text);
 std::string UCase(std::string_view text);
 std::string LCase(std::string_view text);
 
+/// Capitals of ASCII become small letters; other characters stay.
+constexpr char asciiLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+std::string asciiLower(std::string_view text);
+
 /// Equal but for the case of ASCII letters: how names of tables, columns and files are compared.
 bool equalsIgnoringCase(std::string_view left, std::string_view right);
 

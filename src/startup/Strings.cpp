@@ -12,13 +12,9 @@ namespace {
 constexpr std::size_t kLeastUpperBound = 8;
 constexpr std::size_t kLastPosition = std::numeric_limits<std::int16_t>::max();
 
-char lowered(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 std::size_t findText(std::string_view text, std::string_view wanted, std::size_t from, bool caseBlind) {
   if (!caseBlind) return text.find(wanted, from);
-  const auto same = [](char a, char b) { return lowered(a) == lowered(b); };
+  const auto same = [](char a, char b) { return asciiLower(a) == asciiLower(b); };
   const auto hit = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), wanted.begin(),
                                wanted.end(), same);
   return hit == text.end() ? std::string_view::npos : static_cast<std::size_t>(hit - text.begin());

@@ -136,9 +136,7 @@ std::optional<CarriedCell> CellReading::exactNumber(const EngineStatement& row, 
   if (kind != CellKind::Integer && kind != CellKind::Real) return std::nullopt;
   if (type_ == ColumnType::Double) return row.real(place_);
   if (type_ == ColumnType::Currency) {
-    // A server keeps amounts as decimal numbers, exactly.
-    const auto amount = engine_ == dialect::EngineKind::PostgreSql ? exactCurrency(row.text(place_))
-                                                                   : exactCurrency(row.real(place_));
+    const auto amount = decimalAmounts_ ? exactCurrency(row.text(place_)) : exactCurrency(row.real(place_));
     return amount ? std::optional<CarriedCell>(*amount) : std::nullopt;
   }
   if (kind == CellKind::Real && std::nearbyint(row.real(place_)) != row.real(place_)) return std::nullopt;

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "store/dialect/binding/Schema.h"
-#include "store/dialect/Translation.h"
 #include "store/engine/Engine.h"
 #include "transfer/CarriedCell.h"
 
@@ -14,8 +13,9 @@ namespace zelkor {
 /// may hold something else than its column says; it is carried as nearly as the type allows.
 class CellReading {
  public:
-  CellReading(dialect::EngineKind engine, int place, dialect::ColumnType type)
-      : engine_(engine), place_(place), type_(type) {}
+  /// `decimalAmounts`: the text of an amount is exact.
+  CellReading(int place, dialect::ColumnType type, bool decimalAmounts)
+      : place_(place), type_(type), decimalAmounts_(decimalAmounts) {}
 
   /// The cell of the statement's row; valid until the next is read.
   CarriedCell read(const EngineStatement& row);
@@ -30,9 +30,9 @@ class CellReading {
   CarriedCell nearestText(const EngineStatement& row, CellKind kind);
   CarriedCell nearestValue(const EngineStatement& row);
 
-  dialect::EngineKind engine_;
   int place_;
   dialect::ColumnType type_;
+  bool decimalAmounts_;
   std::string buffer_;
   std::optional<std::string> problem_;
 };

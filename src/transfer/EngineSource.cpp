@@ -6,9 +6,7 @@
 #include "base/RuntimeError.h"
 #include "store/accountset/DataFile.h"
 #include "transfer/CellReading.h"
-#include "transfer/ServerSourceTables.h"
 #include "transfer/SourceTables.h"
-#include "transfer/SqliteSourceTables.h"
 
 namespace zelkor {
 namespace {
@@ -28,16 +26,16 @@ class ProblemList {
 
 class EngineRows final : public RowReader {
  public:
-  EngineRows(Engine& engine, SourceTables& source, const TableDef& table, ProblemList& problems)
+  EngineRows(Engine& engine, StoredTables& source, const TableDef& table, ProblemList& problems)
       : engine_(engine), source_(source), table_(table), problems_(problems) {
     const std::string order = source.rowOrder(table.info);
     std::string columns;
     for (const dialect::ColumnInfo& column : table.info.columns) {
-      cells_.emplace_back(engine.kind(), static_cast<int>(cells_.size()), column.type);
-      columns += (columns.empty() ? "" : ", ") + quotedName(column.name, engine.kind());
+      cells_.emplace_back(static_cast<int>(cells_.size()), column.type, source.amountsAreDecimal());
+      columns += (columns.empty() ? "" : ", ") + engine.words().quoted(column.name);
     }
     engine.run(source.beginTable());
-    statement_ = engine.prepare("SELECT " + columns + " FROM " + quotedName(table.info.name, engine.kind()) +
+    statement_ = engine.prepare("SELECT " + columns + " FROM " + engine.words().quoted(table.info.name) +
                                 (order.empty() ? "" : " ORDER BY " + order));
   }
 
@@ -68,7 +66,7 @@ class EngineRows final : public RowReader {
 
  private:
   Engine& engine_;
-  SourceTables& source_;
+  StoredTables& source_;
   const TableDef& table_;
   ProblemList& problems_;
   std::vector<CellReading> cells_;
@@ -79,7 +77,7 @@ class EngineRows final : public RowReader {
 class EngineSource final : public TransferSource {
  public:
   explicit EngineSource(std::unique_ptr<Engine> engine)
-      : engine_(std::move(engine)), source_(sourceTablesOf(*engine_)) {
+      : engine_(std::move(engine)), source_(engine_->storedTables()) {
     engine_->run(source_->beginReading());
     tables_ = readTables(*engine_, *source_, problems_.problems);
   }
@@ -100,17 +98,12 @@ class EngineSource final : public TransferSource {
 
  private:
   std::unique_ptr<Engine> engine_;
-  std::unique_ptr<SourceTables> source_;
+  std::unique_ptr<StoredTables> source_;
   std::vector<TableDef> tables_;
   ProblemList problems_;
 };
 
 }  // namespace
-
-std::unique_ptr<SourceTables> sourceTablesOf(Engine& engine) {
-  return engine.kind() == dialect::EngineKind::Sqlite ? sqliteSourceTables(engine)
-                                                      : serverSourceTables(engine);
-}
 
 std::unique_ptr<TransferSource> openSource(const std::string& path) {
   return std::make_unique<EngineSource>(openDataFileForReading(path));

@@ -1,5 +1,6 @@
 #include "transfer/NewTarget.h"
 
+#include "base/Text.h"
 #include "transfer/ServerTarget.h"
 #include "transfer/SqliteTarget.h"
 
@@ -8,10 +9,8 @@ namespace {
 
 std::string plainName(const std::string& text) {
   std::string name;
-  for (const char c : text) {
-    if (c >= 'A' && c <= 'Z') name += static_cast<char>(c - 'A' + 'a');
+  for (const char c : asciiLower(text))
     if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) name += c;
-  }
   return name;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/postgresql/ServerCopy.h"
 #include "store/engine/postgresql/ServerLoad.h"
 #include "transfer/IndexRefusal.h"
@@ -10,7 +11,7 @@
 namespace zelkor {
 namespace {
 
-constexpr auto server = dialect::EngineKind::PostgreSql;
+const dialect::EngineWords& server = postgreSqlWords();
 
 std::string withoutNul(std::string_view text) {
   std::string plain(text);
@@ -45,11 +46,11 @@ const ServerFile& checked(const ServerFile& place) {
 /// values of a column for that, which costs more than to load them; the rest it does by itself later on.
 std::string analysedColumns(const TableDef& table) {
   std::set<std::string> columns;
-  for (const IndexDef& index : table.indexes) columns.insert(quotedName(index.columns.front(), server));
-  if (columns.empty()) columns.insert(quotedName(table.info.columns.front().name, server));
+  for (const IndexDef& index : table.indexes) columns.insert(server.quoted(index.columns.front()));
+  if (columns.empty()) columns.insert(server.quoted(table.info.columns.front().name));
   std::string list;
   for (const std::string& column : columns) list += (list.empty() ? "" : ", ") + column;
-  return quotedName(table.info.name, server) + " (" + list + ")";
+  return server.quoted(table.info.name) + " (" + list + ")";
 }
 
 const dialect::ColumnInfo& counterOf(const TableDef& table) {
@@ -83,13 +84,13 @@ std::int64_t ServerTarget::load(const TableDef& table, RowReader& rows) {
     copy.endRow();
   }
   const std::int64_t stored = copy.finish();
-  for (const std::string& statement : createKeyStatements(table, server)) server_.run(statement);
+  for (const std::string& statement : server.keyStatements(table.info)) server_.run(statement);
   return stored;
 }
 
 void ServerTarget::continueCounter(const TableDef& table, std::int64_t last) {
-  const std::string name = quotedName(table.info.name, server);
-  const std::string counter = quotedName(counterOf(table).name, server);
+  const std::string name = server.quoted(table.info.name);
+  const std::string counter = server.quoted(counterOf(table).name);
   server_.query(
       "SELECT setval(pg_get_serial_sequence($1, $2), given) FROM (SELECT greatest($3::bigint, (SELECT "
       "max(" +

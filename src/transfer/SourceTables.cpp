@@ -35,7 +35,7 @@ TableDef knownPart(const TableDef& known, const TableInfo& real) {
 
 class TableReading {
  public:
-  TableReading(Engine& engine, SourceTables& source, std::vector<TransferProblem>& problems)
+  TableReading(Engine& engine, StoredTables& source, std::vector<TransferProblem>& problems)
       : engine_(engine), source_(source), problems_(problems) {}
 
   std::optional<TableDef> read(const std::string& name) {
@@ -78,13 +78,13 @@ class TableReading {
   }
 
   Engine& engine_;
-  SourceTables& source_;
+  StoredTables& source_;
   std::vector<TransferProblem>& problems_;
 };
 
 }  // namespace
 
-std::vector<TableDef> readTables(Engine& engine, SourceTables& source,
+std::vector<TableDef> readTables(Engine& engine, StoredTables& source,
                                  std::vector<TransferProblem>& problems) {
   TableReading reading(engine, source, problems);
   std::vector<TableDef> tables;

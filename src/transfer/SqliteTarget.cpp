@@ -6,7 +6,7 @@
 namespace zelkor {
 namespace {
 
-constexpr auto sqlite = dialect::EngineKind::Sqlite;
+const dialect::EngineWords& sqlite = sqliteWords();
 
 struct Binding {
   SqliteStatement& statement;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "store/catalogue/Catalogue.h"
+#include "store/engine/StoredTables.h"
 #include "transfer/CarriedCell.h"
 
 namespace zelkor {
@@ -19,14 +19,6 @@ class RowReader {
   virtual bool next() = 0;
   /// The cell of the current row in that column of the table, counted from 0.
   virtual CarriedCell cell(std::size_t column) = 0;
-};
-
-/// Something that could not be carried as it is: a table, an index or a single value.
-struct TransferProblem {
-  std::string table;
-  std::int64_t row = 0;  // counted from 1; 0 when it is no single row
-  std::string column;    // may be empty
-  std::string reason;    // one sentence for the administrator
 };
 
 /// A file or a server's schema whose tables are carried elsewhere. It shows one state of them for as long as

@@ -23,9 +23,8 @@ std::string columnList(const dialect::TableInfo& table) {
 
 /// A table's rows in the order in which they were added.
 std::vector<std::string> dumpOf(Engine& engine, const dialect::TableInfo& table) {
-  const bool sqlite = engine.kind() == dialect::EngineKind::Sqlite;
   const auto statement = engine.prepare("SELECT " + columnList(table) + " FROM " + table.name + " ORDER BY " +
-                                        (sqlite ? "rowid" : "zk_row"));
+                                        std::string(engine.words().rowKey()));
   std::vector<std::string> rows;
   while (statement->step()) {
     std::string row;

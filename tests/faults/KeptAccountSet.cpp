@@ -19,16 +19,16 @@ std::vector<ColumnInfo> columnsOf(Engine& engine, const std::string& table) {
   return columns;
 }
 
-std::string selectOf(const std::vector<ColumnInfo>& columns, const std::string& table, bool sqlite) {
+std::string selectOf(const std::vector<ColumnInfo>& columns, const std::string& table,
+                     std::string_view rowKey) {
   std::string list;
   for (const ColumnInfo& column : columns) list += (list.empty() ? "" : ", ") + column.name;
-  return "SELECT " + list + " FROM " + table + " ORDER BY " + (sqlite ? "rowid" : "zk_row");
+  return "SELECT " + list + " FROM " + table + " ORDER BY " + std::string(rowKey);
 }
 
 std::vector<std::string> rowsOf(Engine& engine, const std::string& table) {
   const std::vector<ColumnInfo> columns = columnsOf(engine, table);
-  const auto statement =
-      engine.prepare(selectOf(columns, table, engine.kind() == dialect::EngineKind::Sqlite));
+  const auto statement = engine.prepare(selectOf(columns, table, engine.words().rowKey()));
   std::vector<std::string> rows;
   while (statement->step()) {
     std::string row;

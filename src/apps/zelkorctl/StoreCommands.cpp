@@ -3,6 +3,7 @@
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/Rows.h"
 #include "base/RuntimeError.h"
+#include "store/accountset/DataFile.h"
 #include "store/accountset/DbEngine.h"
 #include "store/accountset/ServerAccountSet.h"
 #include "store/catalogue/Catalogue.h"
@@ -60,11 +61,10 @@ int sqlCommand(const std::string& file, const std::string& statement, bool json,
 }
 
 int translateCommand(const std::string& statement, const std::string& engine, std::ostream& output) {
-  const auto kind = engine == "postgresql" ? dialect::EngineKind::PostgreSql : dialect::EngineKind::Sqlite;
   dialect::Shape shape;
   dialect::shapeOf(statement, shape);
-  const auto translation = dialect::translate(statement, shape, catalogueSchema(), kind);
-  output << dialect::printable(translation, shape, kind) << '\n';
+  const auto translation = dialect::translate(statement, shape, catalogueSchema(), engineWords(engine));
+  output << dialect::printable(translation, shape) << '\n';
   return 0;
 }
 

@@ -93,4 +93,8 @@ std::unique_ptr<Engine> openDataFileForReading(const std::string& path) {
   return std::make_unique<SqliteEngine>(path, SqliteEngine::Access::Read);
 }
 
+const dialect::EngineWords& engineWords(std::string_view name) {
+  return name == postgreSqlWords().name() ? postgreSqlWords() : sqliteWords();
+}
+
 }  // namespace zelkor

@@ -19,4 +19,7 @@ std::unique_ptr<Engine> openDataFile(const std::string& path);
 /// The same for who only reads: the file may be read-only.
 std::unique_ptr<Engine> openDataFileForReading(const std::string& path);
 
+/// The words of the engine of that name, "sqlite" or "postgresql".
+const dialect::EngineWords& engineWords(std::string_view name);
+
 }  // namespace zelkor

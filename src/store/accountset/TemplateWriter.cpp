@@ -41,8 +41,7 @@ std::vector<ColumnType> typesOf(const TemplateRows& rows) {
 
 void TemplateWriter::createTables(const std::vector<TableDef>& tables) {
   for (const TableDef& table : tables)
-    for (const std::string& statement : createStatements(table, dialect::EngineKind::Sqlite))
-      file_.run(statement);
+    for (const std::string& statement : createStatements(table, sqliteWords())) file_.run(statement);
 }
 
 void TemplateWriter::insert(const TemplateRows& rows, std::string_view table) {

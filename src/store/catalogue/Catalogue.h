@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "store/dialect/binding/Schema.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/printing/EngineWords.h"
 
 namespace zelkor {
 
@@ -47,20 +47,16 @@ const dialect::SchemaView& catalogueSchema();
 // indexes.
 
 /// Create an empty table without keys and indexes.
-std::vector<std::string> createTableStatements(const TableDef& table, dialect::EngineKind engine);
+std::vector<std::string> createTableStatements(const TableDef& table, const dialect::EngineWords& engine);
 
-/// Make its counter and the number by which the store addresses its rows unique.
-std::vector<std::string> createKeyStatements(const TableDef& table, dialect::EngineKind engine);
-
-std::string createIndexStatement(const TableDef& table, const IndexDef& index, dialect::EngineKind engine);
+std::string createIndexStatement(const TableDef& table, const IndexDef& index,
+                                 const dialect::EngineWords& engine);
 
 /// Create the indexes by which texts are ordered as numbers.
-std::vector<std::string> createNumberIndexStatements(const TableDef& table, dialect::EngineKind engine);
+std::vector<std::string> createNumberIndexStatements(const TableDef& table,
+                                                     const dialect::EngineWords& engine);
 
 /// Create an empty table with all its indexes.
-std::vector<std::string> createStatements(const TableDef& table, dialect::EngineKind engine);
-
-/// The name in quotes, as the engine's own language spells it.
-std::string quotedName(std::string_view name, dialect::EngineKind engine);
+std::vector<std::string> createStatements(const TableDef& table, const dialect::EngineWords& engine);
 
 }  // namespace zelkor

@@ -1,25 +1,16 @@
 #include <algorithm>
-#include <cctype>
+#include <iterator>
 
 #include "store/catalogue/Catalogue.h"
-#include "store/dialect/printing/ColumnTypes.h"
-#include "store/dialect/printing/Emit.h"
 
-// How a table of the catalogue is laid down in an engine's own language. The declared types of an SQLite file
-// are read back as the column types, so that a file that was created elsewhere opens as well.
+// How a table of the catalogue is created in an engine's own language.
 
 namespace zelkor {
 namespace {
 
 using dialect::ColumnInfo;
 using dialect::ColumnType;
-using dialect::EngineKind;
-
-std::string lower(std::string_view text) {
-  std::string folded(text);
-  for (char& c : folded) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return folded;
-}
+using dialect::EngineWords;
 
 std::string defaultOf(const TableDef& table, const ColumnInfo& column) {
   if (const auto value = table.defaults.find(column.name); value != table.defaults.end())
@@ -27,18 +18,16 @@ std::string defaultOf(const TableDef& table, const ColumnInfo& column) {
   return column.type == ColumnType::Boolean ? " DEFAULT 0" : "";
 }
 
-std::string columnClause(const TableDef& table, const ColumnInfo& column, EngineKind engine) {
-  return quotedName(column.name, engine) + ' ' + dialect::columnType(column, engine) +
-         defaultOf(table, column);
+std::string columnClause(const TableDef& table, const ColumnInfo& column, const EngineWords& engine) {
+  return engine.quoted(column.name) + ' ' + engine.columnType(column) + defaultOf(table, column);
 }
 
-std::string createTable(const TableDef& table, EngineKind engine) {
+std::string createTable(const TableDef& table, const EngineWords& engine) {
   std::string columns;
   for (const ColumnInfo& column : table.info.columns)
     columns += (columns.empty() ? "" : ", ") + columnClause(table, column, engine);
-  // Rows are addressed by the rowid in SQLite; PostgreSQL has nothing of the kind that lasts.
-  if (engine == EngineKind::PostgreSql) columns += ", \"zk_row\" bigint GENERATED ALWAYS AS IDENTITY";
-  return "CREATE TABLE " + quotedName(table.info.name, engine) + " (" + columns + ")";
+  return "CREATE TABLE " + engine.quoted(table.info.name) + " (" + columns +
+         std::string(engine.hiddenColumn()) + ")";
 }
 
 bool isDescending(const IndexDef& index, const std::string& column) {
@@ -46,88 +35,38 @@ bool isDescending(const IndexDef& index, const std::string& column) {
                      [&](const std::string& name) { return dialect::sameName(name, column); });
 }
 
-/// The two indexes by which a text is ordered as a whole number: one over the number, one that finds at once
-/// whether some row's text is none. Only SQLite casts any text without an error, which an index must. A cast
-/// keeps its column's collation, and SQLite uses an index over one only where it names that collation.
-void addNumberIndexes(std::vector<std::string>& statements, const TableDef& table, const ColumnInfo& column) {
-  const auto quoted = [](std::string_view name) { return quotedName(name, EngineKind::Sqlite); };
-  const std::string name = table.info.name + '_' + column.name;
-  const std::string text = quoted(column.name);
-  const std::string on = " ON " + quoted(table.info.name);
-  const std::string number = "CAST(" + text + " AS INTEGER)";
-  statements.push_back("CREATE INDEX " + quoted("zk_number_" + name) + on + " (" + number +
-                       " COLLATE NOCASE, " + text + ")");
-  statements.push_back("CREATE INDEX " + quoted("zk_odd_" + name) + on + " (" + text + ") WHERE " + text +
-                       " IS NULL OR " + text + " = '' OR " + text + " GLOB '*[^0-9]*' OR " + number +
-                       " > 999999999");
-}
-
-/// The same two on a server, over a function that gives Null for a text that is no whole number.
-void addServerNumberIndexes(std::vector<std::string>& statements, const TableDef& table,
-                            const ColumnInfo& column) {
-  const auto quoted = [](std::string_view name) { return quotedName(name, EngineKind::PostgreSql); };
-  const std::string name = table.info.name + '_' + column.name;
-  const std::string text = quoted(column.name);
-  const auto create = [&](const char* kind) {
-    return "CREATE INDEX " + quoted(kind + name) + " ON " + quoted(table.info.name);
-  };
-  statements.push_back(create("zk_number_") + " (zk_digits(" + text + ") NULLS FIRST, " + text +
-                       " NULLS FIRST)");
-  statements.push_back(create("zk_odd_") + " (" + text + ") WHERE zk_digits(" + text + ") IS NULL");
-}
-
 }  // namespace
 
-// PostgreSQL folds unquoted names to lower case; ours are quoted in lower case, so that both spell one name.
-std::string quotedName(std::string_view name, EngineKind engine) {
-  std::string quoted = "\"";
-  for (const char c : engine == EngineKind::PostgreSql ? lower(name) : std::string(name)) {
-    if (c == '"') quoted += c;
-    quoted += c;
-  }
-  return quoted + '"';
-}
-
-std::vector<std::string> createTableStatements(const TableDef& table, EngineKind engine) {
+std::vector<std::string> createTableStatements(const TableDef& table, const EngineWords& engine) {
   std::vector<std::string> statements{createTable(table, engine)};
-  if (auto description = dialect::describingStatement(table.info.name, table.info.columns, engine))
-    statements.push_back(std::move(*description));
+  std::ranges::move(engine.describingStatements(table.info.name, table.info.columns),
+                    std::back_inserter(statements));
   return statements;
 }
 
-std::vector<std::string> createKeyStatements(const TableDef& table, EngineKind engine) {
-  if (engine == EngineKind::Sqlite) return {};  // a key there is the row's own number
-  std::string statement = "ALTER TABLE " + quotedName(table.info.name, engine);
-  for (const ColumnInfo& column : table.info.columns)
-    if (column.type == ColumnType::Counter)
-      statement += " ADD UNIQUE (" + quotedName(column.name, engine) + "),";
-  return {statement + " ADD PRIMARY KEY (\"zk_row\")"};
-}
-
-std::string createIndexStatement(const TableDef& table, const IndexDef& index, EngineKind engine) {
+std::string createIndexStatement(const TableDef& table, const IndexDef& index, const EngineWords& engine) {
   std::string columns;
   for (const std::string& column : index.columns)
-    columns += (columns.empty() ? "" : ", ") + quotedName(column, engine) +
-               std::string(dialect::directionInIndex(isDescending(index, column), engine));
+    columns += (columns.empty() ? "" : ", ") + engine.quoted(column) +
+               std::string(engine.direction(isDescending(index, column)));
   std::string statement = std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " +
-                          quotedName(dialect::physicalIndexName(table.info.name, index.name), engine) +
-                          " ON " + quotedName(table.info.name, engine) + " (" + columns + ")";
-  if (index.ignoresNull) statement += " WHERE " + quotedName(index.columns.front(), engine) + " IS NOT NULL";
+                          engine.quoted(dialect::physicalIndexName(table.info.name, index.name)) + " ON " +
+                          engine.quoted(table.info.name) + " (" + columns + ")";
+  if (index.ignoresNull) statement += " WHERE " + engine.quoted(index.columns.front()) + " IS NOT NULL";
   return statement;
 }
 
-std::vector<std::string> createNumberIndexStatements(const TableDef& table, EngineKind engine) {
+std::vector<std::string> createNumberIndexStatements(const TableDef& table, const EngineWords& engine) {
   std::vector<std::string> statements;
-  const auto addIndexes = engine == EngineKind::Sqlite ? addNumberIndexes : addServerNumberIndexes;
   for (const ColumnInfo& column : table.info.columns)
-    if (column.orderedAsNumber) addIndexes(statements, table, column);
+    if (column.orderedAsNumber)
+      std::ranges::move(engine.numberIndexes(table.info, column), std::back_inserter(statements));
   return statements;
 }
 
-std::vector<std::string> createStatements(const TableDef& table, EngineKind engine) {
+std::vector<std::string> createStatements(const TableDef& table, const EngineWords& engine) {
   std::vector<std::string> statements = createTableStatements(table, engine);
-  for (std::string& statement : createKeyStatements(table, engine))
-    statements.push_back(std::move(statement));
+  for (std::string& statement : engine.keyStatements(table.info)) statements.push_back(std::move(statement));
   for (const IndexDef& index : table.indexes)
     statements.push_back(createIndexStatement(table, index, engine));
   for (std::string& statement : createNumberIndexStatements(table, engine))

@@ -14,7 +14,8 @@ namespace {
 
 class Translator {
  public:
-  Translator(BindContext context, EngineKind engine) : context_(std::move(context)), engine_(engine) {}
+  Translator(BindContext context, const EngineWords& engine)
+      : context_(std::move(context)), engine_(engine) {}
 
   Translation operator()(const Select& select) {
     if (select.into) return translateSelectInto(select, context_, engine_);
@@ -56,7 +57,7 @@ class Translator {
     result.table = table;
     result.guard = guardQuery(context_.numberColumns, engine_);
     const auto printed = [&](bool fast) {
-      const auto emitter = emitterFor(engine_, context_.slots, fast);
+      const auto emitter = engine_.emitter(context_.slots, fast);
       print(*emitter);
       return emitter->take();
     };
@@ -67,13 +68,13 @@ class Translator {
   }
 
   BindContext context_;
-  EngineKind engine_;
+  const EngineWords& engine_;
 };
 
 }  // namespace
 
 Translation translate(std::string_view statement, const Shape& shape, const SchemaView& schema,
-                      EngineKind engine) {
+                      const EngineWords& engine) {
   const Statement parsed = parse(statement, shape);
   Translator translator({schema, shape, {}, {}}, engine);
   Translation result = std::visit(translator, parsed);
@@ -81,11 +82,7 @@ Translation translate(std::string_view statement, const Shape& shape, const Sche
   return result;
 }
 
-std::string physicalIndexName(std::string_view table, std::string_view index) {
-  return std::string(table) + "__" + std::string(index);
-}
-
-std::string printable(const Translation& translation, const Shape& shape, EngineKind) {
+std::string printable(const Translation& translation, const Shape& shape) {
   if (translation.query) {
     std::vector<std::size_t> columns(translation.query->columns().size());
     std::iota(columns.begin(), columns.end(), std::size_t{0});

@@ -33,15 +33,15 @@ const std::string& columnOf(const OrderKey& key) {
   throw RuntimeError(ErrorNumber::SyntaxInQuery, "字段定义语法错误 在 CREATE INDEX 语句中。");
 }
 
-std::string indexText(EngineKind engine, const std::string& table, const std::string& index, bool unique,
-                      const std::vector<OrderKey>& columns, bool ignoreNull = false) {
-  const auto emitter = emitterFor(engine, {});
+std::string indexText(const EngineWords& engine, const std::string& table, const std::string& index,
+                      bool unique, const std::vector<OrderKey>& columns, bool ignoreNull = false) {
+  const auto emitter = engine.emitter();
   emitter->text(unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ").name(physicalIndexName(table, index));
   emitter->text(" ON ").name(table);
   std::string_view separator = " (";
   for (const OrderKey& key : columns) {
     emitter->text(separator).name(columnOf(key));
-    emitter->text(directionInIndex(key.descending, engine));
+    emitter->text(engine.direction(key.descending));
     separator = ", ";
   }
   emitter->text(")");
@@ -74,16 +74,16 @@ const ColumnInfo& columnNamed(const TableInfo& table, const std::string& name) {
 
 }  // namespace
 
-Translation translateDefinition(const CreateTable& statement, const SchemaView& schema, EngineKind engine) {
+Translation translateDefinition(const CreateTable& statement, const SchemaView& schema,
+                                const EngineWords& engine) {
   if (schema.table(statement.table)) raiseTableExists(statement.table);
   Translation result = definition(StatementKind::CreateTable, statement.table);
   std::vector<ColumnInfo> columns;
   for (const ColumnDefinition& column : statement.columns) columns.push_back(columnOf(column));
-  const auto emitter = emitterFor(engine, {});
+  const auto emitter = engine.emitter();
   emitter->createTable(statement.table, columns);
   result.sql.push_back(emitter->take());
-  if (auto description = describingStatement(statement.table, columns, engine))
-    result.sql.push_back(std::move(*description));
+  std::ranges::move(engine.describingStatements(statement.table, columns), std::back_inserter(result.sql));
 
   const std::vector<std::string> key = primaryKeyOf(statement);
   if (!key.empty() && !isCounter(columns, key)) {
@@ -98,7 +98,8 @@ Translation translateDefinition(const CreateTable& statement, const SchemaView& 
   return result;
 }
 
-Translation translateDefinition(const CreateIndex& statement, const SchemaView& schema, EngineKind engine) {
+Translation translateDefinition(const CreateIndex& statement, const SchemaView& schema,
+                                const EngineWords& engine) {
   const TableInfo& table = existing(schema, statement.table);
   Translation result = definition(StatementKind::CreateIndex, table.name);
   result.index = statement.name;
@@ -112,35 +113,38 @@ Translation translateDefinition(const CreateIndex& statement, const SchemaView& 
   return result;
 }
 
-Translation translateDefinition(const DropTable& statement, const SchemaView& schema, EngineKind engine) {
+Translation translateDefinition(const DropTable& statement, const SchemaView& schema,
+                                const EngineWords& engine) {
   const TableInfo* table = schema.table(statement.table);
   if (!table) throw RuntimeError(ErrorNumber::TableDoesNotExist, "表 '" + statement.table + "' 不存在。");
   Translation result = definition(StatementKind::DropTable, table->name);
-  const auto emitter = emitterFor(engine, {});
+  const auto emitter = engine.emitter();
   emitter->text("DROP TABLE ").name(table->name);
   result.sql.push_back(emitter->take());
   return result;
 }
 
-Translation translateDefinition(const DropIndex& statement, const SchemaView& schema, EngineKind engine) {
+Translation translateDefinition(const DropIndex& statement, const SchemaView& schema,
+                                const EngineWords& engine) {
   const TableInfo& table = existing(schema, statement.table);
   Translation result = definition(StatementKind::DropIndex, table.name);
   result.index = statement.name;
-  const auto emitter = emitterFor(engine, {});
+  const auto emitter = engine.emitter();
   emitter->text("DROP INDEX ").name(physicalIndexName(table.name, statement.name));
   result.sql.push_back(emitter->take());
   return result;
 }
 
-Translation translateDefinition(const AlterTable& statement, const SchemaView& schema, EngineKind engine) {
+Translation translateDefinition(const AlterTable& statement, const SchemaView& schema,
+                                const EngineWords& engine) {
   const TableInfo& table = existing(schema, statement.table);
   Translation result = definition(StatementKind::AlterTable, table.name);
-  const auto emitter = emitterFor(engine, {});
+  const auto emitter = engine.emitter();
   emitter->text("ALTER TABLE ").name(table.name);
   if (const auto* column = std::get_if<ColumnDefinition>(&statement.change)) {
     emitter->text(" ADD COLUMN ").columnDefinition(columnOf(*column));
-    if (auto description = describingStatement(table.name, {columnOf(*column)}, engine))
-      result.sql.push_back(std::move(*description));
+    std::ranges::move(engine.describingStatements(table.name, {columnOf(*column)}),
+                      std::back_inserter(result.sql));
   } else {
     emitter->text(" DROP COLUMN ").name(columnNamed(table, std::get<std::string>(statement.change)).name);
   }

@@ -2,23 +2,15 @@
 
 #include "base/Conversion.h"
 #include "base/DateTime.h"
+#include "store/dialect/binding/ColumnConversion.h"
+#include "store/dialect/printing/EngineWords.h"
 #include "store/dialect/TranslateQuery.h"
-#include "store/engine/ColumnValue.h"
 
 namespace zelkor::dialect {
 namespace {
 
 // Above every text that goes on behind a prefix.
 constexpr std::string_view lastCodePoint = "\xF4\x8F\xBF\xBF";
-
-std::string textConstant(std::string_view text) {
-  std::string result = "'";
-  for (const char c : text) {
-    if (c == '\'') result += '\'';
-    result += c;
-  }
-  return result + "'";
-}
 
 std::string dateText(std::string_view text) {
   const auto date = parseDate(text);

@@ -40,7 +40,7 @@ void raiseTableExists(std::string_view table) {
   throw RuntimeError(ErrorNumber::TableAlreadyExists, "表 '" + std::string(table) + "' 已存在。");
 }
 
-Translation translateSelectInto(const Select& select, BindContext& context, EngineKind engine) {
+Translation translateSelectInto(const Select& select, BindContext& context, const EngineWords& engine) {
   const std::string& table = select.into->name;
   BoundSelect bound = bindSelect(context, select, nullptr);
   if (context.schema.table(table)) raiseTableExists(table);
@@ -54,14 +54,13 @@ Translation translateSelectInto(const Select& select, BindContext& context, Engi
   result.kind = StatementKind::SelectInto;
   result.table = table;
   result.guard = guardQuery(context.numberColumns, engine);
-  const auto create = emitterFor(engine, context.slots);
+  const auto create = engine.emitter(context.slots);
   create->createTable(table, columns);
   result.sql.push_back(create->take());
-  if (auto description = describingStatement(table, columns, engine))
-    result.sql.push_back(std::move(*description));
+  std::ranges::move(engine.describingStatements(table, columns), std::back_inserter(result.sql));
   if (result.guard) result.fastSql = result.sql;
   const auto print = [&](bool fast) {
-    const auto emitter = emitterFor(engine, context.slots, fast);
+    const auto emitter = engine.emitter(context.slots, fast);
     emitter->insert(fill);
     return emitter->take();
   };

@@ -40,7 +40,7 @@ class Separator {
 
 }  // namespace
 
-BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, EngineKind engine)
+BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, const EngineWords& engine)
     : bound_(std::move(bound)), slots_(context.slots), engine_(engine) {
   for (std::size_t i = 0; i < bound_.missing.size(); ++i)
     sources_.push_back({bound_.scope.sources[i].columns.name});
@@ -93,7 +93,7 @@ std::string BoundQuery::keysWhere(std::string_view criteria) const {
 
 std::string BoundQuery::assembled(const bound::Select& select, std::span<const std::size_t> outputColumns,
                                   bool fast, std::string_view also) const {
-  const auto emitter = emitterFor(engine_, slots_, fast);
+  const auto emitter = engine_.emitter(slots_, fast);
   if (!select.unions.empty()) {
     emitter->select(select, false);
     return emitter->take();
@@ -125,7 +125,7 @@ std::string BoundQuery::assembled(const bound::Select& select, std::span<const s
 
 // Reads the row as it is now, whether it still meets the query's conditions or not: rows stay in a recordset.
 std::string BoundQuery::rowByKey(std::span<const std::size_t> outputColumns) const {
-  const auto emitter = emitterFor(engine_, slots_);
+  const auto emitter = engine_.emitter(slots_);
   emitter->text("SELECT ");
   Separator separator(*emitter);
   for (const std::size_t index : outputColumns) separator.next().value(bound_.select.items[index].expr);
@@ -171,7 +171,7 @@ std::string BoundQuery::condition(std::string_view criteria) const {
   scope.items = &bound_.select.items;
   scope.itemsFirst = true;
   const bound::Node node = ExprBinder(context, scope).condition(expr);
-  const auto emitter = emitterFor(engine_, context.slots);
+  const auto emitter = engine_.emitter(context.slots);
   emitter->value(node);
   return inlineConstants(emitter->take(), context.slots, shape);
 }

@@ -12,7 +12,7 @@ namespace zelkor::dialect {
 /// A query in its bound form, printed in the pieces that a recordset asks for.
 class BoundQuery final : public Query {
  public:
-  BoundQuery(BoundSelect bound, const BindContext& context, EngineKind engine);
+  BoundQuery(BoundSelect bound, const BindContext& context, const EngineWords& engine);
 
   std::string rows(std::span<const std::size_t> outputColumns, Form form) const override;
   std::string rowByKey(std::span<const std::size_t> outputColumns) const override;
@@ -29,11 +29,11 @@ class BoundQuery final : public Query {
 
   BoundSelect bound_;
   std::vector<ParameterSlot> slots_;
-  EngineKind engine_;
+  const EngineWords& engine_;
 };
 
 /// The query that tells whether a text that is read as a number is none; nullopt where no such text is read.
-std::optional<std::string> guardQuery(const std::vector<NumberColumn>& columns, EngineKind engine);
+std::optional<std::string> guardQuery(const std::vector<NumberColumn>& columns, const EngineWords& engine);
 
 /// Statements with the constants of `shape` in the places of their parameters.
 std::string inlineConstants(std::string_view sql, std::span<const ParameterSlot> slots, const Shape& shape);

@@ -9,31 +9,13 @@
 #include <string_view>
 #include <vector>
 
+#include "store/dialect/binding/ParameterSlot.h"
 #include "store/dialect/binding/Schema.h"
 #include "store/dialect/reading/Shape.h"
 
 namespace zelkor::dialect {
 
-enum class EngineKind : std::uint8_t { Sqlite, PostgreSql };
-
-/// How a literal becomes the value of a parameter.
-enum class BindAs : std::uint8_t {
-  Text,         // the text as it stands
-  TrimmedText,  // without blanks at its end: the other side of =, <> or a member of IN
-  Number,       // an integer when it is written without point and exponent and fits 64 bits, else a double
-  Date,         // the store's ISO text of a #...# literal
-  PrefixLow,    // a LIKE pattern "abc*": abc
-  PrefixHigh,   // the least text above every text that begins with abc
-  Pattern,      // a LIKE pattern as it stands
-  Assigned,     // stored into a column: converted to `target` as the engine converts, Null when it cannot be
-};
-
-/// Parameter i of the translated text (counting from 1) is slots[i - 1].
-struct ParameterSlot {
-  std::size_t literal = 0;
-  BindAs bindAs{};
-  ColumnType target = ColumnType::Unknown;  // for Assigned
-};
+class EngineWords;
 
 /// A column of a query's result.
 struct OutputColumn {
@@ -137,12 +119,9 @@ struct Translation {
 /// 3134 with the offending piece, 3078 for a table and 3061 for a column that does not exist, 3010 for a
 /// SELECT INTO whose table exists, 3376 for a DROP TABLE of none.
 Translation translate(std::string_view statement, const Shape& shape, const SchemaView& schema,
-                      EngineKind engine);
+                      const EngineWords& engine);
 
 /// The statement printed with its literals in place, for people: what `translate` gives, constants inlined.
-std::string printable(const Translation& translation, const Shape& shape, EngineKind engine);
-
-/// A base table's physical index name: index names of the dialect are per table, the engines' per database.
-std::string physicalIndexName(std::string_view table, std::string_view index);
+std::string printable(const Translation& translation, const Shape& shape);
 
 }  // namespace zelkor::dialect

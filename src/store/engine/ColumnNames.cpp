@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "base/Text.h"
+
 namespace zelkor {
 
 ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns) {
@@ -12,10 +14,7 @@ ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns) {
 // Fowler-Noll-Vo over the letters without their case.
 std::size_t ColumnNames::Hash::operator()(std::string_view name) const {
   std::uint64_t hash = 14695981039346656037U;
-  for (const char c : name) {
-    const char lower = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-    hash = (hash ^ static_cast<unsigned char>(lower)) * 1099511628211U;
-  }
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(asciiLower(c))) * 1099511628211U;
   return hash;
 }
 

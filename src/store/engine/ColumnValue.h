@@ -1,9 +1,7 @@
 #pragma once
 
-#include <optional>
-
 #include "base/Value.h"
-#include "store/dialect/binding/Schema.h"
+#include "store/dialect/binding/ColumnConversion.h"
 #include "store/engine/Engine.h"
 
 namespace zelkor {
@@ -11,11 +9,6 @@ namespace zelkor {
 /// The value of a result cell whose column has the given type. A cell that holds something else (foreign
 /// tools write what they like) keeps its own kind.
 Value readCell(const EngineStatement& row, int column, dialect::ColumnType type);
-
-/// `value` as a column of that type stores it: numbers into whole columns round half to even, text is read as
-/// the engine reads it, Null into a boolean column is False. nullopt when it cannot be converted or
-/// overflows.
-std::optional<Value> convertForColumn(const Value& value, dialect::ColumnType type);
 
 /// Binds a value that a column of that type can hold in its physical form.
 void bindValue(EngineStatement& statement, int parameter, const Value& value);

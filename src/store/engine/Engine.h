@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "store/dialect/binding/Schema.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/printing/EngineWords.h"
+#include "store/engine/StoredTables.h"
 
 namespace zelkor {
 
@@ -47,7 +48,8 @@ class Engine {
  public:
   virtual ~Engine() = default;
 
-  virtual dialect::EngineKind kind() const = 0;
+  /// How texts for this engine are written.
+  virtual const dialect::EngineWords& words() const = 0;
   virtual std::unique_ptr<EngineStatement> prepare(std::string_view sql) = 0;
   /// Runs statements that give no rows and take no parameters.
   virtual void run(const std::string& sql) = 0;
@@ -77,6 +79,8 @@ class Engine {
   virtual std::vector<std::string> tableNames() = 0;
   /// Columns as the engine has them now; nullopt when there is no such table.
   virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
+  /// What it knows of its tables beyond that; not longer than the engine itself.
+  virtual std::unique_ptr<StoredTables> storedTables() = 0;
 };
 
 }  // namespace zelkor

@@ -1,36 +1,10 @@
 #include "store/engine/RowEdit.h"
 
 #include "base/RuntimeError.h"
-#include "store/dialect/printing/Emit.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
 
 namespace zelkor {
-namespace {
-
-using dialect::EngineKind;
-
-std::string quoted(const std::string& name, EngineKind engine) {
-  std::string text = "\"";
-  for (const char c : name) {
-    const bool upper = c >= 'A' && c <= 'Z';
-    text += engine == EngineKind::PostgreSql && upper ? static_cast<char>(c + ('a' - 'A')) : c;
-    if (c == '"') text += '"';
-  }
-  return text += '"';
-}
-
-std::string keyParameter(std::size_t number, EngineKind engine) {
-  const std::string place = std::to_string(number);
-  return engine == EngineKind::Sqlite ? "?" + place : "$" + place + "::bigint";
-}
-
-std::string rowKey(EngineKind engine) {
-  return engine == EngineKind::Sqlite ? "rowid" : "zk_row";
-}
-
-}  // namespace
-
 void RowEdit::set(std::size_t column, const dialect::OutputColumn& info, const Value& value) {
   if (!info.source) throw RuntimeError(ErrorNumber::FieldNotUpdatable, "字段 '" + info.name + "' 不能更新。");
   std::optional<Value> converted = convertForColumn(value, info.type);
@@ -61,20 +35,18 @@ std::optional<std::int64_t> RowEdit::write(Connection& connection, const Target&
 }
 
 std::int64_t RowEdit::insert(Connection& connection, const std::string& table) const {
-  const EngineKind engine = connection.engine().kind();
+  const dialect::EngineWords& words = connection.engine().words();
   std::string names;
   std::string places;
   std::size_t number = 0;
   for (const auto& [column, field] : fields_) {
-    names += (names.empty() ? "" : ", ") + quoted(field.name, engine);
-    places += (places.empty() ? "" : ", ") + dialect::typedParameter(++number, field.type, engine);
+    names += (names.empty() ? "" : ", ") + words.quoted(field.name);
+    places += (places.empty() ? "" : ", ") + words.typedParameter(++number, field.type);
   }
-  const std::string into = "INSERT INTO " + quoted(table, engine);
-  // Without the key among its results the statement would not tell which row it has made.
-  const std::string returning = engine == EngineKind::PostgreSql ? " RETURNING " + rowKey(engine) : "";
+  const std::string into = "INSERT INTO " + words.quoted(table);
   EngineStatement& statement = connection.prepared(
       (fields_.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + places + ")") +
-      returning);
+      std::string(words.returningRowKey()));
   int place = 0;
   for (const auto& [column, field] : fields_) bindValue(statement, ++place, field.value);
   connection.write(statement);
@@ -82,15 +54,15 @@ std::int64_t RowEdit::insert(Connection& connection, const std::string& table) c
 }
 
 void RowEdit::update(Connection& connection, const std::string& table, std::int64_t key) const {
-  const EngineKind engine = connection.engine().kind();
+  const dialect::EngineWords& words = connection.engine().words();
   std::string assignments;
   std::size_t number = 0;
   for (const auto& [column, field] : fields_)
-    assignments += (assignments.empty() ? "" : ", ") + quoted(field.name, engine) + " = " +
-                   dialect::typedParameter(++number, field.type, engine);
+    assignments += (assignments.empty() ? "" : ", ") + words.quoted(field.name) + " = " +
+                   words.typedParameter(++number, field.type);
   EngineStatement& statement =
-      connection.prepared("UPDATE " + quoted(table, engine) + " SET " + assignments + " WHERE " +
-                          rowKey(engine) + " = " + keyParameter(number + 1, engine));
+      connection.prepared("UPDATE " + words.quoted(table) + " SET " + assignments + " WHERE " +
+                          std::string(words.rowKey()) + " = " + words.rowKeyParameter(number + 1));
   int place = 0;
   for (const auto& [column, field] : fields_) bindValue(statement, ++place, field.value);
   statement.bindInteger(++place, key);
@@ -98,9 +70,10 @@ void RowEdit::update(Connection& connection, const std::string& table, std::int6
 }
 
 void deleteRow(Connection& connection, const std::string& table, std::int64_t key) {
-  const EngineKind engine = connection.engine().kind();
-  EngineStatement& statement = connection.prepared("DELETE FROM " + quoted(table, engine) + " WHERE " +
-                                                   rowKey(engine) + " = " + keyParameter(1, engine));
+  const dialect::EngineWords& words = connection.engine().words();
+  EngineStatement& statement =
+      connection.prepared("DELETE FROM " + words.quoted(table) + " WHERE " + std::string(words.rowKey()) +
+                          " = " + words.rowKeyParameter(1));
   statement.bindInteger(1, key);
   if (connection.write(statement) == 0) throw RuntimeError(ErrorNumber::RecordDeleted);
 }

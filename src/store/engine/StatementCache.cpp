@@ -21,7 +21,7 @@ bool changesTables(dialect::StatementKind kind) {
 std::shared_ptr<CachedStatement> StatementCache::translated(std::string_view sql,
                                                             const dialect::Shape& shape) const {
   auto statement = std::make_shared<CachedStatement>();
-  statement->translation = dialect::translate(sql, shape, schema_, engine_.kind());
+  statement->translation = dialect::translate(sql, shape, schema_, engine_.words());
   if (statement->translation.query)
     statement->query = std::make_shared<PreparedQuery>(engine_, statement->translation);
   return statement;

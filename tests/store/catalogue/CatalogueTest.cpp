@@ -7,7 +7,10 @@
 
 #include "store/catalogue/Catalogue.h"
 #include "store/dialect/CatalogueFile.h"
+#include "store/dialect/Translation.h"
 #include "store/engine/ColumnValue.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
+#include "store/engine/sqlite/SqliteWords.h"
 #include "support/AccountSetCopy.h"
 
 namespace zelkor::test {
@@ -159,7 +162,7 @@ std::string askedOfSqlite(std::string_view statement) {
   dialect::Shape shape;
   dialect::shapeOf(statement, shape);
   const dialect::Translation translation =
-      dialect::translate(statement, shape, catalogueSchema(), dialect::EngineKind::Sqlite);
+      dialect::translate(statement, shape, catalogueSchema(), sqliteWords());
   if (!translation.query)
     return translation.fastSql.empty() ? translation.sql.front() : translation.fastSql.front();
   std::vector<std::size_t> none;
@@ -238,7 +241,7 @@ TEST(Catalogue, AFileTellsItsColumnsAsTheCatalogueDoes) {
 TEST(Catalogue, LaysATableDownInPostgreSql) {
   const TableDef* table = catalogueTable("fa_Status");
   ASSERT_NE(table, nullptr);
-  EXPECT_EQ(createStatements(*table, dialect::EngineKind::PostgreSql),
+  EXPECT_EQ(createStatements(*table, postgreSqlWords()),
             (std::vector<std::string>{
                 R"(CREATE TABLE "fa_status" ("sid" citext, "sname" citext, "sengname" citext, )"
                 R"("sparentid" citext, "bneeddepr" smallint NOT NULL DEFAULT 0, "lchilds" integer, )"

@@ -15,7 +15,7 @@ class CatalogueFile {
     engine_->begin();
     for (const auto* tables : {&dataTables(), &systemTables()})
       for (const TableDef& table : *tables)
-        for (const std::string& sql : createStatements(table, engine_->kind())) engine_->run(sql);
+        for (const std::string& sql : createStatements(table, engine_->words())) engine_->run(sql);
     engine_->commit();
   }
 

@@ -4,6 +4,8 @@
 #include <numeric>
 
 #include "base/RuntimeError.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
+#include "store/engine/sqlite/SqliteWords.h"
 
 namespace zelkor::dialect::test {
 namespace {
@@ -54,11 +56,11 @@ std::string rowsOf(const Query& query, Query::Form form) {
   return query.rows(shown, form);
 }
 
-void describe(std::string& text, const Translation& translation, const Shape& shape, EngineKind engine) {
+void describe(std::string& text, const Translation& translation, const Shape& shape,
+              const EngineWords& engine) {
   const Query* query = translation.query.get();
-  const bool sqlite = engine == EngineKind::Sqlite;
-  line(text, sqlite ? "sqlite" : "postgresql",
-       query ? rowsOf(*query, Query::Form::Plain) : joined(translation.sql));
+  const bool sqlite = &engine == &sqliteWords();
+  line(text, engine.name(), query ? rowsOf(*query, Query::Form::Plain) : joined(translation.sql));
   if (!sqlite) return;
   if (translation.guard) {
     line(text, "fast", query ? rowsOf(*query, Query::Form::Fast) : joined(translation.fastSql));
@@ -98,8 +100,8 @@ std::string goldenEntry(std::string_view statement, const SchemaView& schema) {
   attempt(text, [&] {
     Shape shape;
     shapeOf(statement, shape);
-    for (const EngineKind engine : {EngineKind::Sqlite, EngineKind::PostgreSql})
-      describe(text, translate(statement, shape, schema, engine), shape, engine);
+    for (const EngineWords* engine : {&sqliteWords(), &postgreSqlWords()})
+      describe(text, translate(statement, shape, schema, *engine), shape, *engine);
   });
   return text;
 }
@@ -110,9 +112,8 @@ std::string goldenSearch(std::string_view query, std::string_view criteria, cons
   attempt(text, [&] {
     Shape shape;
     shapeOf(query, shape);
-    for (const EngineKind engine : {EngineKind::Sqlite, EngineKind::PostgreSql})
-      line(text, engine == EngineKind::Sqlite ? "sqlite" : "postgresql",
-           translate(query, shape, schema, engine).query->keysWhere(criteria));
+    for (const EngineWords* engine : {&sqliteWords(), &postgreSqlWords()})
+      line(text, engine->name(), translate(query, shape, schema, *engine).query->keysWhere(criteria));
   });
   return text;
 }

@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path goldenDirectory() {
-  return test::testFolder() / "store" / "golden";
+  return zelkor::test::testFolder() / "store" / "golden";
 }
 
 std::vector<std::string> goldenNames() {
@@ -79,7 +79,7 @@ class GoldenTest : public testing::TestWithParam<std::string> {
     const std::string statement = line.substr(0, tab);
     Shape shape;
     shapeOf(statement, shape);
-    const Translation translation = translate(statement, shape, schema, engine.kind());
+    const Translation translation = translate(statement, shape, schema, engine.words());
     if (translation.guard) runText(*translation.guard, {}, shape);
     if (tab != std::string::npos)
       return runText(translation.query->keysWhere(line.substr(tab + 1)), translation, shape);

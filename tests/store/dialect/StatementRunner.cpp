@@ -26,7 +26,7 @@ std::string rowsFrom(EngineStatement& statement, std::size_t first,
 Translation StatementRunner::translated(std::string_view statement, Shape& shape) {
   const SchemaCache schema(engine());
   shapeOf(statement, shape);
-  return translate(statement, shape, schema, engine().kind());
+  return translate(statement, shape, schema, engine().words());
 }
 
 long StatementRunner::run(const std::vector<std::string>& sql, const Translation& translation,

@@ -2,7 +2,9 @@
 
 #include "store/dialect/CatalogueFile.h"
 #include "store/dialect/GoldenPrinter.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/SchemaCache.h"
+#include "store/engine/sqlite/SqliteWords.h"
 
 // Statements that are issued for every card must find their rows through an index.
 namespace zelkor::dialect::test {
@@ -25,7 +27,7 @@ class SqlitePlanTest : public testing::Test {
     const SchemaCache schema(file.engine());
     Shape shape;
     shapeOf(statement, shape);
-    return translate(statement, shape, schema, EngineKind::Sqlite);
+    return translate(statement, shape, schema, sqliteWords());
   }
 
   std::string fastRows(const std::string& statement) {

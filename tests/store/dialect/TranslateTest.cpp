@@ -5,6 +5,8 @@
 #include "base/RuntimeError.h"
 #include "store/catalogue/Catalogue.h"
 #include "store/dialect/Translation.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
+#include "store/engine/sqlite/SqliteWords.h"
 #include "support/Support.h"
 
 namespace zelkor::dialect {
@@ -15,7 +17,7 @@ struct Translated {
   Translation translation;
 };
 
-Translated translated(std::string_view statement, EngineKind engine = EngineKind::Sqlite) {
+Translated translated(std::string_view statement, const EngineWords& engine = sqliteWords()) {
   Translated result;
   shapeOf(statement, result.shape);
   result.translation = translate(statement, result.shape, catalogueSchema(), engine);
@@ -56,7 +58,7 @@ TEST(TranslateTest, ARowIsReadByItsKeysEvenWithoutItsPartner) {
       one.translation.query->rowByKey(both),
       R"(SELECT "a"."sID", "b"."sName" FROM "fa_Status" AS "a" LEFT JOIN "fa_Origins" AS "b" ON "b".rowid = ?3 )"
       R"(WHERE "a".rowid = ?2)");
-  EXPECT_EQ(translated("select a.sID,b.sName from fa_Status a,fa_Origins b", EngineKind::PostgreSql)
+  EXPECT_EQ(translated("select a.sID,b.sName from fa_Status a,fa_Origins b", postgreSqlWords())
                 .translation.query->rowByKey(both),
             R"(SELECT "a"."sid", "b"."sname" FROM "fa_status" AS "a", "fa_origins" AS "b" )"
             R"(WHERE "a"."zk_row" = $1::bigint AND "b"."zk_row" = $2::bigint)");
@@ -76,13 +78,13 @@ TEST(TranslateTest, PrintsConstantsInPlace) {
   const Translated one = translated(
       "insert into fa_Cards (sCardID,dStartdate,lLife,dblValue,bMultiDept) values ('it''s "
       "?1',#2020-4-5#,'12.5','x',true)");
-  EXPECT_EQ(printable(one.translation, one.shape, EngineKind::Sqlite),
+  EXPECT_EQ(printable(one.translation, one.shape),
             "INSERT INTO \"fa_Cards\" (\"sCardID\", \"dStartdate\", \"lLife\", \"dblValue\", \"bMultiDept\") "
             "VALUES "
             "('it''s ?1', '2020-04-05 00:00:00', 12, NULL, -1)");
   const Translated query =
-      translated("select sID from fa_Status where sName='a' and iLevel>-2", EngineKind::PostgreSql);
-  EXPECT_EQ(printable(query.translation, query.shape, EngineKind::PostgreSql),
+      translated("select sID from fa_Status where sName='a' and iLevel>-2", postgreSqlWords());
+  EXPECT_EQ(printable(query.translation, query.shape),
             "SELECT \"fa_status\".\"zk_row\", \"fa_status\".\"sid\" FROM \"fa_status\" WHERE "
             "\"fa_status\".\"sname\" = "
             "'a'::citext AND \"fa_status\".\"ilevel\" > -2::double precision ORDER BY "

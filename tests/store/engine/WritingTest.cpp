@@ -240,9 +240,8 @@ TEST_F(WritingTest, BytesComeBackAsTheyWereBound) {
   db.Execute("CREATE TABLE b (oBytes LONGBINARY)");
   engine.flush();
   const auto direct = openDataFile(path);
-  const auto insert =
-      direct->prepare("INSERT INTO b VALUES (" +
-                      dialect::typedParameter(1, dialect::ColumnType::Binary, direct->kind()) + ")");
+  const auto insert = direct->prepare("INSERT INTO b VALUES (" +
+                                      direct->words().typedParameter(1, dialect::ColumnType::Binary) + ")");
   for (const std::string_view content : {std::string_view(bytes), std::string_view()}) {
     insert->bindBytes(1, content);
     insert->step();

@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "store/dialect/binding/BindTree.h"
+#include "store/dialect/binding/ParameterSlot.h"
 #include "store/dialect/binding/Schema.h"
 #include "store/dialect/reading/Ast.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/reading/Shape.h"
 
 namespace zelkor::dialect {
 

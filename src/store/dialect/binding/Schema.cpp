@@ -2,18 +2,12 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
+
 namespace zelkor::dialect {
-namespace {
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-}  // namespace
 
 bool sameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lower(x) == lower(y); });
+  return equalsIgnoringCase(a, b);
 }
 
 const ColumnInfo* TableInfo::find(std::string_view column) const {

@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-#include "store/dialect/printing/EmitPostgreSql.h"
-#include "store/dialect/printing/EmitSqlite.h"
-
 namespace zelkor::dialect {
 
 namespace {
@@ -20,14 +17,9 @@ void addTables(const bound::Source& source, std::vector<std::string>& qualifiers
 
 }  // namespace
 
-Emitter& Emitter::name(std::string_view identifier) {
-  out_ += '"';
-  for (const char c : this->identifier(identifier)) {
-    if (c == '"') out_ += '"';
-    out_ += c;
-  }
-  out_ += '"';
-  return *this;
+void Emitter::rowKey(std::string_view qualifier) {
+  if (!qualifier.empty()) name(qualifier).text(".");
+  text(words_.rowKey());
 }
 
 void Emitter::source(const bound::Source& source) {
@@ -185,11 +177,6 @@ void Emitter::select(const bound::Select& select, bool named) {
   tail(select);
   orderBy(select);
   if (select.top) text(" LIMIT ").text(std::to_string(*select.top));
-}
-
-std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots, bool fast) {
-  if (engine == EngineKind::Sqlite) return std::make_unique<SqliteEmitter>(slots, fast);
-  return std::make_unique<PostgreSqlEmitter>(slots, fast);
 }
 
 }  // namespace zelkor::dialect

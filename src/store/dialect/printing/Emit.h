@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "store/dialect/binding/BindTree.h"
+#include "store/dialect/binding/ParameterSlot.h"
 #include "store/dialect/binding/Schema.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/printing/EngineWords.h"
 
 namespace zelkor::dialect {
 
@@ -17,7 +18,8 @@ namespace zelkor::dialect {
 /// is a real difference of its engine.
 class Emitter {
  public:
-  Emitter(std::span<const ParameterSlot> slots, bool fast) : slots_(slots), fast_(fast) {}
+  Emitter(const EngineWords& words, std::span<const ParameterSlot> slots, bool fast)
+      : words_(words), slots_(slots), fast_(fast) {}
   Emitter(const Emitter&) = delete;
   Emitter& operator=(const Emitter&) = delete;
   virtual ~Emitter() = default;
@@ -28,14 +30,12 @@ class Emitter {
     out_ += piece;
     return *this;
   }
-  Emitter& name(std::string_view identifier);
+  Emitter& name(std::string_view identifier) { return text(words_.quoted(identifier)); }
   void value(const bound::Node& node) { expr(node, 0); }
-  virtual void rowKey(std::string_view qualifier) = 0;
-  /// What stands behind a column of an index, so that the index has the dialect's order.
-  std::string_view directionInIndex(bool descending, EngineKind engine);
+  void rowKey(std::string_view qualifier);
 
   /// The parameter of that number (from 1) holds a row key.
-  virtual void rowKeyParameter(std::size_t number) { slot(number); }
+  void rowKeyParameter(std::size_t number) { out_ += words_.rowKeyParameter(number); }
 
   /// A whole SELECT as it stands inside another statement; `named` prints the names of the output columns.
   void select(const bound::Select& select, bool named);
@@ -55,18 +55,16 @@ class Emitter {
   void columnDefinition(const ColumnInfo& column);
 
  protected:
-  virtual std::string identifier(std::string_view name) const = 0;
-  virtual void slot(std::size_t number) = 0;
+  void slot(std::size_t number) { out_ += words_.parameter(number); }
   virtual void cast(ColumnType type) = 0;
   virtual void caseBlind(const bound::Node& operand) = 0;
   virtual void conditionAsValue(const bound::Node& operand) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
   virtual void aggregate(const bound::Aggregate& node);
   virtual void numberCast(const bound::NumberOfText& node);
-  virtual void direction(bool descending) = 0;
+  void direction(bool descending) { out_ += words_.direction(descending); }
   virtual void topWithTies(const bound::Select& select, bool named) = 0;
-  virtual std::string declaredType(const ColumnInfo& column) const = 0;
-  virtual void hiddenColumns() {}
+  virtual std::string declaredType(const ColumnInfo& column) const;
   /// Around the rows of a joined update, for engines that take any of those that meet one row: of them the
   /// last counts.
   virtual void beforeLastMatch(const bound::Table&) {}
@@ -89,6 +87,7 @@ class Emitter {
   static int precedenceOf(bound::BinaryKind kind);
   static std::string_view signOf(bound::BinaryKind kind);
 
+  const EngineWords& words_;
   std::string out_;
 
  private:
@@ -119,19 +118,5 @@ class Emitter {
   std::span<const ParameterSlot> slots_;
   bool fast_;
 };
-
-std::unique_ptr<Emitter> emitterFor(EngineKind engine, std::span<const ParameterSlot> slots,
-                                    bool fast = false);
-
-/// What stands behind a column of an index, so that the index has the dialect's order.
-std::string_view directionInIndex(bool descending, EngineKind engine);
-
-/// The parameter of that number (from 1) as the value of a column of that type.
-std::string typedParameter(std::size_t number, ColumnType type, EngineKind engine);
-
-/// The statement that keeps what the engine's own schema cannot say of new columns: spelling and type in the
-/// dialect's words; nothing where the schema says it all.
-std::optional<std::string> describingStatement(std::string_view table, const std::vector<ColumnInfo>& columns,
-                                               EngineKind engine);
 
 }  // namespace zelkor::dialect

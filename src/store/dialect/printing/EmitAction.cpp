@@ -99,6 +99,10 @@ void Emitter::erase(const bound::Delete& statement) {
   if (!statement.from.empty()) text(")");
 }
 
+std::string Emitter::declaredType(const ColumnInfo& column) const {
+  return words_.columnType(column) + (column.type == ColumnType::Boolean ? " DEFAULT 0" : "");
+}
+
 void Emitter::columnDefinition(const ColumnInfo& column) {
   name(column.name).text(" ").text(declaredType(column));
 }
@@ -111,7 +115,8 @@ void Emitter::createTable(std::string_view table, const std::vector<ColumnInfo>&
     first = false;
     columnDefinition(column);
   }
-  hiddenColumns();
+  text(words_.hiddenColumn());
+  if (!words_.hiddenColumn().empty()) text(" PRIMARY KEY");
   text(")");
 }
 

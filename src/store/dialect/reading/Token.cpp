@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "base/Text.h"
+
 namespace zelkor::dialect {
 namespace {
 
@@ -67,9 +69,7 @@ constexpr std::size_t kLongestKeyword = 11;
 Keyword keywordOf(std::string_view word) {
   if (word.size() > kLongestKeyword) return Keyword::None;
   std::array<char, kLongestKeyword> buffer{};
-  for (std::size_t i = 0; i < word.size(); ++i) {
-    buffer[i] = word[i] >= 'A' && word[i] <= 'Z' ? static_cast<char>(word[i] + ('a' - 'A')) : word[i];
-  }
+  for (std::size_t i = 0; i < word.size(); ++i) buffer[i] = asciiLower(word[i]);
   const std::string_view lower(buffer.data(), word.size());
   const auto* found =
       std::lower_bound(kKeywords.begin(), kKeywords.end(), lower,

@@ -4,6 +4,7 @@
 
 #include "store/engine/Engine.h"
 #include "store/engine/postgresql/PostgreSqlLink.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/postgresql/ServerFile.h"
 
 namespace zelkor {
@@ -17,7 +18,7 @@ class PostgreSqlEngine final : public Engine {
   /// Errors: 57 no connection, 3343 no account set in that schema.
   explicit PostgreSqlEngine(const ServerFile& file);
 
-  dialect::EngineKind kind() const override { return dialect::EngineKind::PostgreSql; }
+  const dialect::EngineWords& words() const override { return postgreSqlWords(); }
   std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
   void run(const std::string& sql) override;
   /// There is no file that could be moved away.
@@ -33,6 +34,7 @@ class PostgreSqlEngine final : public Engine {
   std::int64_t lastRowKey() const override { return link_->lastRowKey(); }
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
+  std::unique_ptr<StoredTables> storedTables() override;
 
  private:
   std::shared_ptr<PostgreSqlLink> link_;

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 
+#include "base/Text.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 
 namespace zelkor {
@@ -44,13 +45,6 @@ int sizeOf(std::string_view declared) {
   if (open != std::string_view::npos)
     std::from_chars(declared.data() + open + 1, declared.data() + declared.size(), size);
   return size;
-}
-
-std::string folded(std::string_view name) {
-  std::string lower(name);
-  for (char& c : lower)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return lower;
 }
 
 std::string_view cell(const PgResult& result, int row, int column) {
@@ -98,7 +92,7 @@ std::vector<std::string> PostgreSqlEngine::tableNames() {
 }
 
 std::optional<TableInfo> PostgreSqlEngine::tableInfo(std::string_view table) {
-  const std::string key = folded(table);
+  const std::string key = asciiLower(table);
   const PgResult found = link_->query(tableQuery, {key});
   if (PQntuples(found.get()) == 0) return std::nullopt;
   TableInfo info;

@@ -5,19 +5,19 @@
 
 #include "store/catalogue/Catalogue.h"
 #include "store/engine/postgresql/ByteaText.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
 
 namespace zelkor {
 namespace {
 
-constexpr auto server = dialect::EngineKind::PostgreSql;
 constexpr std::size_t blockSize = std::size_t{1} << 18U;
 
 // Rows of a table that nobody has seen yet need no marks of who may see them.
 std::string copyStatement(const dialect::TableInfo& table) {
   std::string columns;
   for (const dialect::ColumnInfo& column : table.columns)
-    columns += (columns.empty() ? "" : ", ") + quotedName(column.name, server);
-  return "COPY " + quotedName(table.name, server) + " (" + columns + ") FROM STDIN (FREEZE)";
+    columns += (columns.empty() ? "" : ", ") + postgreSqlWords().quoted(column.name);
+  return "COPY " + postgreSqlWords().quoted(table.name) + " (" + columns + ") FROM STDIN (FREEZE)";
 }
 
 // The letter that stands behind a backslash for a character that COPY takes for its own; 0 for others.

@@ -35,16 +35,17 @@ void carryCell(ServerCopy& copy, const EngineStatement& row, int column) {
   }
 }
 
-std::string selectStatement(const dialect::TableInfo& table) {
-  const auto quoted = [](std::string_view name) { return quotedName(name, dialect::EngineKind::Sqlite); };
+std::string selectStatement(Engine& source, const dialect::TableInfo& table) {
+  const dialect::EngineWords& words = source.words();
   std::string columns;
   for (const dialect::ColumnInfo& column : table.columns)
-    columns += (columns.empty() ? "" : ", ") + quoted(column.name);
-  return "SELECT " + columns + " FROM " + quoted(table.name) + " ORDER BY rowid";
+    columns += (columns.empty() ? "" : ", ") + words.quoted(column.name);
+  return "SELECT " + columns + " FROM " + words.quoted(table.name) + " ORDER BY " +
+         std::string(words.rowKey());
 }
 
 void carryRows(PostgreSqlLink& server, Engine& source, const dialect::TableInfo& table) {
-  const auto rows = source.prepare(selectStatement(table));
+  const auto rows = source.prepare(selectStatement(source, table));
   ServerCopy copy(server, table);
   const auto columns = static_cast<int>(table.columns.size());
   while (rows->step()) {
@@ -69,8 +70,7 @@ void createSchema(PostgreSqlLink& server, const std::string& schema) {
 
 void loadTables(PostgreSqlLink& server, Engine& source, const std::vector<TableDef>& tables) {
   for (const TableDef& table : tables) {
-    for (const std::string& statement : createStatements(table, dialect::EngineKind::PostgreSql))
-      server.run(statement);
+    for (const std::string& statement : createStatements(table, postgreSqlWords())) server.run(statement);
     carryRows(server, source, table.info);
   }
 }

@@ -31,11 +31,10 @@ SqliteStatement NewSqliteFile::prepareInsert(std::string_view table,
   std::string names;
   std::string places;
   for (const std::string& column : columns) {
-    names += (names.empty() ? "" : ", ") + quotedName(column, dialect::EngineKind::Sqlite);
+    names += (names.empty() ? "" : ", ") + sqliteWords().quoted(column);
     places += places.empty() ? "?" : ", ?";
   }
-  return prepare("INSERT INTO " + quotedName(table, dialect::EngineKind::Sqlite) + " (" + names +
-                 ") VALUES (" + places + ")");
+  return prepare("INSERT INTO " + sqliteWords().quoted(table) + " (" + names + ") VALUES (" + places + ")");
 }
 
 void NewSqliteFile::finish() {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "store/engine/Engine.h"
+#include "store/engine/sqlite/SqliteWords.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -27,7 +28,7 @@ class SqliteEngine final : public Engine {
   /// Opens an existing file; see DbEngine::OpenDatabase for the errors.
   explicit SqliteEngine(const std::string& path, Access access = Access::Write);
 
-  dialect::EngineKind kind() const override { return dialect::EngineKind::Sqlite; }
+  const dialect::EngineWords& words() const override { return sqliteWords(); }
   std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
   void run(const std::string& sql) override;
   void requireFile() override;
@@ -39,6 +40,7 @@ class SqliteEngine final : public Engine {
   std::int64_t lastRowKey() const override;
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
+  std::unique_ptr<StoredTables> storedTables() override;
 
  private:
   using Clock = std::chrono::steady_clock;

@@ -3,6 +3,7 @@
 
 #include "base/Format.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "store/engine/sqlite/LikePattern.h"
 #include "store/engine/sqlite/SqliteFunctions.h"
 
@@ -62,12 +63,8 @@ void mid(sqlite3_context* context, Arguments arguments) {
   giveText(context, text);
 }
 
-char folded(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool sameLetter(char a, char b) {
-  return folded(a) == folded(b);
+  return asciiLower(a) == asciiLower(b);
 }
 
 void instr(sqlite3_context* context, Arguments arguments) {

@@ -1,9 +1,7 @@
-#include "transfer/ServerSourceTables.h"
+#include "store/engine/postgresql/PostgreSqlEngine.h"
 
 namespace zelkor {
 namespace {
-
-constexpr auto server = dialect::EngineKind::PostgreSql;
 
 // The indexes of a table that were made for it: without those over its row key and its counter, and those by
 // which texts are ordered as numbers. One row for each column: the index's name, whether it is unique, its
@@ -35,7 +33,7 @@ constexpr const char* otherQuery =
 template <typename Take>
 void forEachRow(Engine& engine, const char* sql, const std::string& table, Take take) {
   const auto statement = engine.prepare(sql);
-  if (!table.empty()) statement->bindText(1, quotedName(table, server));
+  if (!table.empty()) statement->bindText(1, postgreSqlWords().quoted(table));
   while (statement->step()) take(*statement);
 }
 
@@ -45,8 +43,7 @@ std::string spelled(const dialect::TableInfo& table, std::string_view column) {
 }
 
 std::string folded(std::string_view name) {
-  const std::string quoted = quotedName(name, server);
-  return quoted.substr(1, quoted.size() - 2);
+  return postgreSqlWords().kept(name);
 }
 
 std::string indexName(const dialect::TableInfo& table, std::string_view physical) {
@@ -103,10 +100,11 @@ class IndexReading {
   bool plain_ = true;
 };
 
-class ServerSourceTables final : public SourceTables {
+class ServerStoredTables final : public StoredTables {
  public:
-  explicit ServerSourceTables(Engine& engine) : engine_(engine) {}
+  explicit ServerStoredTables(Engine& engine) : engine_(engine) {}
 
+  bool amountsAreDecimal() const override { return true; }
   std::string beginReading() const override { return "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"; }
   std::string beginTable() const override { return "SAVEPOINT zk_table"; }
   std::string endTable() const override { return "ROLLBACK TO zk_table; RELEASE zk_table"; }
@@ -137,7 +135,7 @@ class ServerSourceTables final : public SourceTables {
   std::int64_t lastCounter(const dialect::TableInfo& table, const std::string& column) override {
     std::string sequence;
     const auto find = engine_.prepare("SELECT pg_get_serial_sequence($1, $2)::text");
-    find->bindText(1, quotedName(table.name, server));
+    find->bindText(1, postgreSqlWords().quoted(table.name));
     find->bindText(2, folded(column));
     if (find->step() && find->kind(0) != CellKind::Null) sequence = find->text(0);
     std::int64_t last = 0;
@@ -162,8 +160,8 @@ class ServerSourceTables final : public SourceTables {
 
 }  // namespace
 
-std::unique_ptr<SourceTables> serverSourceTables(Engine& engine) {
-  return std::make_unique<ServerSourceTables>(engine);
+std::unique_ptr<StoredTables> PostgreSqlEngine::storedTables() {
+  return std::make_unique<ServerStoredTables>(*this);
 }
 
 }  // namespace zelkor

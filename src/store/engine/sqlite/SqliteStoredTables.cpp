@@ -1,11 +1,10 @@
-#include "transfer/SqliteSourceTables.h"
-
 #include <array>
+
+#include "store/engine/sqlite/SqliteEngine.h"
 
 namespace zelkor {
 namespace {
 
-constexpr auto sqlite = dialect::EngineKind::Sqlite;
 constexpr std::string_view primaryKey = "pk";
 constexpr std::string_view madeByStatement = "c";
 
@@ -18,7 +17,7 @@ void forEachRow(Engine& engine, const char* sql, const std::string& parameter, T
 }
 
 bool endsWithCondition(std::string_view statement, const TableDef& table, const IndexDef& index) {
-  const std::string ours = createIndexStatement(table, index, sqlite);
+  const std::string ours = createIndexStatement(table, index, sqliteWords());
   const std::string_view condition = std::string_view(ours).substr(ours.rfind(" WHERE "));
   return statement.size() > condition.size() &&
          dialect::sameName(statement.substr(statement.size() - condition.size()), condition);
@@ -38,9 +37,9 @@ bool belongsToColumns(std::string_view name) {
   return name.starts_with("zk_number_") || name.starts_with("zk_odd_");
 }
 
-class SqliteSourceTables final : public SourceTables {
+class SqliteStoredTables final : public StoredTables {
  public:
-  explicit SqliteSourceTables(Engine& engine) : engine_(engine) {}
+  explicit SqliteStoredTables(Engine& engine) : engine_(engine) {}
 
   std::string beginReading() const override { return "BEGIN"; }
   std::vector<IndexDef> indexes(const dialect::TableInfo& table,
@@ -57,7 +56,7 @@ class SqliteSourceTables final : public SourceTables {
   Engine& engine_;
 };
 
-bool SqliteSourceTables::addColumns(const std::string& physical, IndexDef& index) {
+bool SqliteStoredTables::addColumns(const std::string& physical, IndexDef& index) {
   bool plain = true;
   forEachRow(engine_, "SELECT name, \"desc\" FROM pragma_index_xinfo(?1) WHERE key = 1 ORDER BY seqno",
              physical, [&](const EngineStatement& row) {
@@ -69,7 +68,7 @@ bool SqliteSourceTables::addColumns(const std::string& physical, IndexDef& index
 }
 
 // The columns of the row: name, unique, origin, partial, statement.
-std::optional<IndexDef> SqliteSourceTables::index(const dialect::TableInfo& table,
+std::optional<IndexDef> SqliteStoredTables::index(const dialect::TableInfo& table,
                                                   const EngineStatement& row) {
   IndexDef index{indexName(table, row.text(0), row.text(2)), {}, row.integer(1) != 0, {}, false};
   if (!addColumns(std::string(row.text(0)), index)) return std::nullopt;
@@ -79,7 +78,7 @@ std::optional<IndexDef> SqliteSourceTables::index(const dialect::TableInfo& tabl
   return index;
 }
 
-std::vector<IndexDef> SqliteSourceTables::indexes(const dialect::TableInfo& table,
+std::vector<IndexDef> SqliteStoredTables::indexes(const dialect::TableInfo& table,
                                                   std::vector<TransferProblem>& problems) {
   std::vector<IndexDef> indexes;
   forEachRow(engine_,
@@ -98,7 +97,7 @@ std::vector<IndexDef> SqliteSourceTables::indexes(const dialect::TableInfo& tabl
   return indexes;
 }
 
-std::map<std::string, std::string> SqliteSourceTables::defaults(const dialect::TableInfo& table) {
+std::map<std::string, std::string> SqliteStoredTables::defaults(const dialect::TableInfo& table) {
   std::map<std::string, std::string> defaults;
   forEachRow(engine_, "SELECT name, dflt_value FROM pragma_table_info(?1) WHERE dflt_value IS NOT NULL",
              table.name,
@@ -107,7 +106,7 @@ std::map<std::string, std::string> SqliteSourceTables::defaults(const dialect::T
 }
 
 // The row key has several names, each of which a column may bear; a table may have none.
-std::string SqliteSourceTables::rowOrder(const dialect::TableInfo& table) {
+std::string SqliteStoredTables::rowOrder(const dialect::TableInfo& table) {
   bool keyed = true;
   forEachRow(engine_, "SELECT wr FROM pragma_table_list WHERE schema = 'main' AND name = ?1", table.name,
              [&](const EngineStatement& row) { keyed = row.integer(0) == 0; });
@@ -116,7 +115,7 @@ std::string SqliteSourceTables::rowOrder(const dialect::TableInfo& table) {
   return {};
 }
 
-std::int64_t SqliteSourceTables::lastCounter(const dialect::TableInfo& table, const std::string&) {
+std::int64_t SqliteStoredTables::lastCounter(const dialect::TableInfo& table, const std::string&) {
   std::int64_t last = 0;
   bool counted = false;
   forEachRow(engine_, "SELECT 1 FROM sqlite_master WHERE name = ?1", "sqlite_sequence",
@@ -127,7 +126,7 @@ std::int64_t SqliteSourceTables::lastCounter(const dialect::TableInfo& table, co
   return last;
 }
 
-std::vector<TransferProblem> SqliteSourceTables::others() {
+std::vector<TransferProblem> SqliteStoredTables::others() {
   std::vector<TransferProblem> others;
   forEachRow(engine_,
              "SELECT name, type, tbl_name FROM sqlite_master WHERE type IN ('view', ?1) ORDER BY rowid",
@@ -141,8 +140,8 @@ std::vector<TransferProblem> SqliteSourceTables::others() {
 
 }  // namespace
 
-std::unique_ptr<SourceTables> sqliteSourceTables(Engine& engine) {
-  return std::make_unique<SqliteSourceTables>(engine);
+std::unique_ptr<StoredTables> SqliteEngine::storedTables() {
+  return std::make_unique<SqliteStoredTables>(*this);
 }
 
 }  // namespace zelkor

@@ -1,8 +1,8 @@
-#include "store/dialect/printing/EmitPostgreSql.h"
+#include "store/engine/postgresql/PostgreSqlEmitter.h"
 
 #include <algorithm>
 
-#include "store/dialect/printing/ColumnTypes.h"
+#include "store/engine/postgresql/PostgreSqlWords.h"
 
 namespace zelkor::dialect {
 
@@ -18,17 +18,6 @@ bool isWhole(const Node& node) {
 }
 
 }  // namespace
-
-// Rows have no lasting address of their own, so every table carries a key column.
-void PostgreSqlEmitter::rowKey(std::string_view qualifier) {
-  if (!qualifier.empty()) name(qualifier).text(".");
-  name("zk_row");
-}
-
-void PostgreSqlEmitter::rowKeyParameter(std::size_t number) {
-  slot(number);
-  text("::bigint");
-}
 
 void PostgreSqlEmitter::endOutermost(const bound::Select& select) {
   if (!select.top) return;
@@ -72,18 +61,6 @@ void PostgreSqlEmitter::behindLastMatch(const bound::Update& update) {
     rowKey(qualifier);
     direction(true);
   }
-}
-
-// Quoted names are case-sensitive; folding makes every spelling of the dialect meet the same object.
-std::string PostgreSqlEmitter::identifier(std::string_view name) const {
-  std::string folded(name);
-  for (char& c : folded)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return folded;
-}
-
-void PostgreSqlEmitter::slot(std::size_t number) {
-  text("$").text(std::to_string(number));
 }
 
 void PostgreSqlEmitter::cast(ColumnType type) {
@@ -132,11 +109,6 @@ void PostgreSqlEmitter::numberCast(const bound::NumberOfText& node) {
   text(")");
 }
 
-// Null comes first in the dialect's order; here it would come last.
-void PostgreSqlEmitter::direction(bool descending) {
-  text(descending ? " DESC NULLS LAST" : " NULLS FIRST");
-}
-
 void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named) {
   core(select, named);
   tail(select);
@@ -145,14 +117,7 @@ void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named) {
 }
 
 std::string PostgreSqlEmitter::declaredType(const ColumnInfo& column) const {
-  std::string declared = columnType(column, EngineKind::PostgreSql);
-  if (column.type == ColumnType::Counter) declared += " UNIQUE";
-  if (column.type == ColumnType::Boolean) declared += " DEFAULT 0";
-  return declared;
-}
-
-void PostgreSqlEmitter::hiddenColumns() {
-  text(", \"zk_row\" bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY");
+  return Emitter::declaredType(column) + (column.type == ColumnType::Counter ? " UNIQUE" : "");
 }
 
 // Over citext the function of that name replaces without regard to case.
@@ -166,39 +131,6 @@ std::string_view PostgreSqlEmitter::betweenSources(const std::vector<bound::Sour
     return std::holds_alternative<Box<bound::Join>>(source);
   });
   return joins ? " CROSS JOIN " : ", ";
-}
-
-namespace {
-
-std::string textConstant(std::string_view text) {
-  std::string constant = "'";
-  for (const char c : text) {
-    if (c == '\'') constant += '\'';
-    constant += c;
-  }
-  return constant + "'";
-}
-
-}  // namespace
-
-std::string_view directionInIndex(bool descending, EngineKind engine) {
-  if (engine == EngineKind::Sqlite) return descending ? " DESC" : "";
-  return descending ? " DESC NULLS LAST" : " NULLS FIRST";
-}
-
-std::string typedParameter(std::size_t number, ColumnType type, EngineKind engine) {
-  const std::string place = std::to_string(number);
-  if (engine == EngineKind::Sqlite) return "?" + place;
-  return "$" + place + "::" + std::string(postgreSqlType(type));
-}
-
-std::optional<std::string> describingStatement(std::string_view table, const std::vector<ColumnInfo>& columns,
-                                               EngineKind engine) {
-  if (engine == EngineKind::Sqlite) return std::nullopt;
-  std::string list;
-  for (const ColumnInfo& column : columns)
-    list += (list.empty() ? "" : ", ") + textConstant(column.name + ' ' + typeWord(column));
-  return "SELECT zk_describe(" + textConstant(table) + ", ARRAY[" + list + "]::text[])";
 }
 
 }  // namespace zelkor::dialect

@@ -12,13 +12,9 @@ class PostgreSqlEmitter final : public Emitter {
  public:
   using Emitter::Emitter;
 
-  void rowKey(std::string_view qualifier) override;
-  void rowKeyParameter(std::size_t number) override;
   void endOutermost(const bound::Select& select) override;
 
  protected:
-  std::string identifier(std::string_view name) const override;
-  void slot(std::size_t number) override;
   void cast(ColumnType type) override;
   void caseBlind(const bound::Node& operand) override;
   void conditionAsValue(const bound::Node& operand) override;
@@ -27,10 +23,8 @@ class PostgreSqlEmitter final : public Emitter {
   void binary(const bound::Binary& node, int precedence) override;
   void negative(const bound::Node& operand) override;
   void numberCast(const bound::NumberOfText& node) override;
-  void direction(bool descending) override;
   void topWithTies(const bound::Select& select, bool named) override;
   std::string declaredType(const ColumnInfo& column) const override;
-  void hiddenColumns() override;
   void callName(std::string_view name) override;
   void beforeLastMatch(const bound::Table& target) override;
   void behindLastMatch(const bound::Update& update) override;

@@ -1,6 +1,4 @@
-#include "store/dialect/printing/EmitSqlite.h"
-
-#include "store/dialect/printing/ColumnTypes.h"
+#include "store/engine/sqlite/SqliteEmitter.h"
 
 namespace zelkor::dialect {
 
@@ -16,18 +14,9 @@ std::string placeName(std::size_t index) {
 
 }  // namespace
 
-void SqliteEmitter::rowKey(std::string_view qualifier) {
-  if (!qualifier.empty()) name(qualifier).text(".");
-  text("rowid");
-}
-
 // Rows come in the wanted order and are read one by one: the reader stops behind the ties of the last row.
 void SqliteEmitter::endOutermost(const bound::Select& select) {
   if (select.top && select.orderBy.empty()) text(" LIMIT ").text(std::to_string(*select.top));
-}
-
-void SqliteEmitter::slot(std::size_t number) {
-  text("?").text(std::to_string(number));
 }
 
 // Only columns carry the case-blind collation; expressions have to name it.
@@ -55,10 +44,6 @@ void SqliteEmitter::quantified(const bound::Quantified& node) {
   text(signOf(node.kind)).text("\"zk_any\".\"zk_value\"");
   if (node.all) text(") IS NOT TRUE");
   text(")");
-}
-
-void SqliteEmitter::direction(bool descending) {
-  if (descending) text(" DESC");
 }
 
 // A window ranks the rows, equal ones alike, since LIMIT would cut through them.
@@ -90,12 +75,6 @@ void SqliteEmitter::topWithTies(const bound::Select& select, bool named) {
     tail(select);
   }
   text(") WHERE \"zk_rank\" <= ").text(std::to_string(*select.top)).text(" ORDER BY \"zk_rank\"");
-}
-
-std::string SqliteEmitter::declaredType(const ColumnInfo& column) const {
-  std::string declared = columnType(column, EngineKind::Sqlite);
-  if (column.type == ColumnType::Boolean) declared += " DEFAULT 0";
-  return declared;
 }
 
 }  // namespace zelkor::dialect

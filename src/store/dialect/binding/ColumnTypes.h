@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "store/dialect/binding/Schema.h"
+
+namespace zelkor::dialect {
+
+/// A column's type in the dialect's words, as "TEXT(20)" or "COUNTER".
+std::string typeWord(const ColumnInfo& column);
+
+}  // namespace zelkor::dialect

@@ -3,9 +3,9 @@
 #include <sstream>
 #include <utility>
 
-#include "apps/zelkorctl/CardImport.h"
 #include "base/GridSpans.h"
 #include "base/TextGridPrinter.h"
+#include "cards/CardImport.h"
 #include "depreciation/RunMonthDepr.h"
 #include "store/engine/Statement.h"
 #include "support/Paths.h"

@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <utility>
 
-#include "apps/zelkorctl/CardImport.h"
+#include "cards/CardImport.h"
 #include "startup/Main.h"
 #include "support/Paths.h"
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "apps/zelkorctl/CommandRun.h"
-#include "apps/zelkorctl/CsvTable.h"
 #include "archives/ArchiveTrees.h"
 #include "base/Conversion.h"
+#include "base/CsvTable.h"
 #include "base/RuntimeError.h"
 #include "base/TerminalDialogs.h"
 #include "closing/Disposal.h"

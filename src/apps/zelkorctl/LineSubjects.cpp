@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "apps/zelkorctl/CsvTable.h"
+#include "base/CsvTable.h"
 #include "base/RuntimeError.h"
 #include "vouchers/SubjectName.h"
 

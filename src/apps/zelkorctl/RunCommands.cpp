@@ -1,10 +1,10 @@
 #include <iostream>
 
 #include "apps/BatchJobs.h"
-#include "apps/zelkorctl/CardImport.h"
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
 #include "base/RuntimeError.h"
+#include "cards/CardImport.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
 #include "startup/SingleInstance.h"

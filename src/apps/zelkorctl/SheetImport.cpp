@@ -3,9 +3,9 @@
 #include <map>
 #include <ostream>
 
-#include "apps/zelkorctl/CsvTable.h"
 #include "apps/zelkorctl/SheetRow.h"
 #include "base/Csv.h"
+#include "base/CsvTable.h"
 #include "base/RuntimeError.h"
 #include "changes/BalanceSheet.h"
 #include "changes/CardDetailList.h"

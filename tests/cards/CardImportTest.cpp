@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "apps/zelkorctl/CardImport.h"
+#include "cards/CardImport.h"
 #include "support/AccountSetFixture.h"
 
 namespace zelkor::test {

@@ -1,4 +1,4 @@
-#include "apps/zelkorctl/CsvTable.h"
+#include "base/CsvTable.h"
 
 #include <algorithm>
 

@@ -1,14 +1,14 @@
-#include "apps/zelkorctl/CardImport.h"
+#include "cards/CardImport.h"
 
 #include <algorithm>
 #include <ostream>
 #include <utility>
 
-#include "apps/zelkorctl/CardRow.h"
-#include "apps/zelkorctl/CsvTable.h"
 #include "base/Csv.h"
+#include "base/CsvTable.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cards/CardRow.h"
 #include "cards/ClsBLLFACards.h"
 
 namespace zelkor {

@@ -1,4 +1,4 @@
-#include "apps/zelkorctl/CardRow.h"
+#include "cards/CardRow.h"
 
 #include <algorithm>
 #include <array>

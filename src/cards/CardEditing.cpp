@@ -1,12 +1,11 @@
 #include "cards/CardEditing.h"
 
-#include <cmath>
 #include <utility>
 
 #include "base/Conversion.h"
-#include "base/Decimal.h"
 #include "base/Format.h"
 #include "base/NumberText.h"
+#include "cards/CardFigures.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -14,21 +13,11 @@ namespace {
 
 using enum CardField;
 
-constexpr std::string_view kAmountPicture = "0.00";
 constexpr double kPercent = 100;
-constexpr double kLargestCurrency = 922337203685477.0;
 
 /// The number in a box or label; of a text that is none, the number that it begins with.
 double numberOf(const std::string& text) {
   return parseNumber(text).value_or(Val(text));
-}
-
-/// Amounts subtract with four decimals; beyond what those can hold, as they are.
-double difference(double minuend, double subtrahend) {
-  if (std::abs(minuend) > kLargestCurrency || std::abs(subtrahend) > kLargestCurrency) {
-    return minuend - subtrahend;
-  }
-  return (Currency::fromDouble(minuend) - Currency::fromDouble(subtrahend)).toDouble();
 }
 
 void replaceEmpty(std::string& text) {
@@ -43,8 +32,7 @@ class Figures {
   double operator[](CardField field) const { return numberOf(texts_[field]); }
 
   void residualValue() {
-    const auto rate = static_cast<float>(Val(texts_[ResidualRate]) / kPercent);
-    texts_[ResidualValue] = Format(rate * (*this)[OriginalValue], kAmountPicture);
+    texts_[ResidualValue] = residualValueText(Val(texts_[ResidualRate]) / kPercent, (*this)[OriginalValue]);
   }
   void residualRate() {
     const double value = (*this)[OriginalValue];
@@ -52,8 +40,7 @@ class Figures {
         (value > 0 ? Format((*this)[ResidualValue] * kPercent / value, "0.0") : std::string("0")) + "%";
   }
   void netValue() {
-    texts_[NetValue] =
-        Format(difference((*this)[OriginalValue], (*this)[AccumulatedDepreciation]), kAmountPicture);
+    texts_[NetValue] = netValueText((*this)[OriginalValue], (*this)[AccumulatedDepreciation]);
   }
   void afterOriginalValue() {
     residualValue();
@@ -61,7 +48,7 @@ class Figures {
     netValue();
     const double work = (*this)[TotalWorkload];
     if (sheet_.layout != CardLayout::Workload || work <= 0) return;
-    texts_[MonthlyRate] = plainText(decimalOf(difference((*this)[NetValue], (*this)[ResidualValue]) / work));
+    texts_[MonthlyRate] = unitCostText((*this)[NetValue], (*this)[ResidualValue], work);
   }
 
  private:

@@ -10,6 +10,7 @@
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cards/CardFigures.h"
 #include "cards/CardLayout.h"
 #include "store/catalogue/Catalogue.h"
 
@@ -133,11 +134,11 @@ void checkFigures(RowCheck& check, CardValues& card) {
     check.refuse(CardField::ResidualRate, "应为 0 到 1 之间的小数，如 0.05");
   }
   if (card[CardField::ResidualValue].empty() && value && rate) {
-    card[CardField::ResidualValue] = Format(*rate * *value, "0.00");
+    card[CardField::ResidualValue] = residualValueText(*rate, *value);
   }
   check.number(CardField::ResidualValue, "0");
   const auto depreciated = check.number(CardField::AccumulatedDepreciation, "0");
-  if (value && depreciated) card[CardField::NetValue] = Format(*value - *depreciated, "0.00");
+  if (value && depreciated) card[CardField::NetValue] = netValueText(*value, *depreciated);
 }
 
 /// Workload cards carry what one unit of work costs; it follows from the figures where it is not given.
@@ -145,8 +146,8 @@ void checkWorkload(RowCheck& check, CardValues& card) {
   const auto total = check.number(CardField::TotalWorkload, "0");
   check.number(CardField::DeductibleTax, "0");
   if (card[CardField::MonthlyRate].empty() && total && *total > 0) {
-    const double toDepreciate = Val(card[CardField::NetValue]) - Val(card[CardField::ResidualValue]);
-    card[CardField::MonthlyRate] = textOfDouble(toDepreciate / *total);
+    card[CardField::MonthlyRate] =
+        unitCostText(Val(card[CardField::NetValue]), Val(card[CardField::ResidualValue]), *total);
   }
   check.number(CardField::MonthlyRate, "0");
 }

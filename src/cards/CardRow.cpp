@@ -1,7 +1,7 @@
 #include "cards/CardRow.h"
 
 #include <algorithm>
-#include <array>
+#include <bitset>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -12,15 +12,9 @@
 #include "base/Text.h"
 #include "cards/CardFigures.h"
 #include "cards/CardLayout.h"
-#include "store/catalogue/Catalogue.h"
 
 namespace zelkor {
 namespace {
-
-constexpr std::array kNeeded = {
-    CardField::AssetName,     CardField::CategoryCode, CardField::Department,         CardField::AdditionWay,
-    CardField::UsageStatus,   CardField::UsefulLife,   CardField::DepreciationMethod, CardField::StartDate,
-    CardField::OriginalValue, CardField::ResidualRate};
 
 std::set<std::string> codes(Database& data, std::string_view statement) {
   std::set<std::string> found;
@@ -38,32 +32,61 @@ class RowCheck {
   void refuse(CardField field, std::string reason) {
     problems_.push_back({std::string(cardFieldLabel(field)), std::move(reason)});
   }
-  void needed(CardField field) {
-    if (card_[field].empty()) refuse(field, "不能为空");
-  }
+  void needed();
   void known(CardField field, const std::set<std::string>& codes, const char* archive) {
     const std::string& code = card_[field];
     if (!code.empty() && !codes.contains(code)) refuse(field, std::string(archive) + "中没有“" + code + "”");
   }
-  void fits(CardField field, std::string_view column);
   std::optional<double> number(CardField field, const char* blank);
   std::optional<double> whole(CardField field, const char* blank);
   void date(CardField field, std::optional<DateTime> blank);
+  /// The fields that are saved as they are told, by their types and the sizes of their columns.
+  void others(bool workload);
 
  private:
+  void other(const CardFieldRow& field);
+
   CardValues& card_;
   std::vector<CellProblem>& problems_;
+  std::bitset<cardFieldCount + 1> checked_;  // the fields with a check of their own
 };
 
-void RowCheck::fits(CardField field, std::string_view column) {
-  const auto* info = catalogueTable("fa_Cards")->info.find(column);
-  const std::string& text = card_[field];
-  if (info && info->size > 0 && Len(text) > static_cast<std::size_t>(info->size)) {
-    refuse(field, "超过" + std::to_string(info->size) + "个字符");
+void RowCheck::needed() {
+  for (const CardFieldRow& field : cardFields()) {
+    if (field.inRegister && card_[field.field].empty()) refuse(field.field, "不能为空");
   }
 }
 
+void RowCheck::others(bool workload) {
+  for (const CardFieldRow& field : cardFields()) {
+    const bool counts = workload || !field.withWorkload || field.type == CardDataType::Str;
+    if (field.isSaved() && counts && !field.isCode() && !checked_[static_cast<std::size_t>(field.field)])
+      other(field);
+  }
+}
+
+void RowCheck::other(const CardFieldRow& field) {
+  std::string& text = card_[field.field];
+  switch (field.type) {
+    case CardDataType::Str:
+      if (const std::size_t size = field.size(); size > 0 && Len(text) > size) {
+        refuse(field.field, "超过" + std::to_string(size) + "个字符");
+      }
+      break;
+    case CardDataType::Date:
+      date(field.field, std::nullopt);
+      break;
+    case CardDataType::Int:
+      whole(field.field, "0");
+      break;
+    default:
+      number(field.field, "0");
+  }
+  if (text.empty()) text = field.initial.empty() ? field.blank : field.initial;
+}
+
 std::optional<double> RowCheck::number(CardField field, const char* blank) {
+  checked_.set(static_cast<std::size_t>(field));
   std::string& text = card_[field];
   if (text.empty()) text = blank;
   const auto value = parseNumber(text);
@@ -96,10 +119,12 @@ std::optional<double> RowCheck::whole(CardField field, const char* blank) {
 }
 
 void RowCheck::date(CardField field, std::optional<DateTime> blank) {
+  checked_.set(static_cast<std::size_t>(field));
   std::string& text = card_[field];
   const auto value = text.empty() ? blank : parseDate(text);
   if (value) {
-    text = Format(*value, "yyyy-mm-dd");
+    constexpr std::size_t kDay = 10;
+    text = value->toIso().substr(0, kDay);
   } else if (!text.empty()) {
     refuse(field, "“" + text + "”不是日期");
   }
@@ -164,16 +189,6 @@ void checkDates(RowCheck& check, CardValues& card, DateTime operatingDate) {
   check.whole(CardField::MonthsDepreciated, "0");
 }
 
-void checkLengths(RowCheck& check) {
-  check.fits(CardField::CardNumber, "sCardNum");
-  check.fits(CardField::AssetNumber, "sAssetNum");
-  check.fits(CardField::AssetName, "sAssetName");
-  check.fits(CardField::Location, "sSite");
-  check.fits(CardField::CurrencyName, "sCurrency");
-  check.fits(CardField::EnteredBy, "sOperator");
-  check.fits(CardField::WorkloadUnit, "sWorkUnit");
-}
-
 }  // namespace
 
 CardArchives CardArchives::read(Database& data) {
@@ -187,25 +202,25 @@ CardArchives CardArchives::read(Database& data) {
 RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
   for (const std::string& cell : header) {
     captions_.push_back(Trim(cell));
-    if (!cardFieldOfLabel(captions_.back())) unknown_.push_back(captions_.back());
+    fields_.push_back(cardFieldOfLabel(captions_.back()));
+    if (!fields_.back()) unknown_.push_back(captions_.back());
     if (std::ranges::count(captions_, captions_.back()) > 1) {
       throw RuntimeError(ErrorNumber::DataTypeConversion, "表头中列“" + captions_.back() + "”出现了不止一次");
     }
   }
   std::string missing;
-  for (const CardField field : kNeeded) {
-    const std::string_view label = cardFieldLabel(field);
-    if (std::ranges::find(captions_, label) != captions_.end()) continue;
+  for (const CardFieldRow& field : cardFields()) {
+    if (!field.inRegister || std::ranges::find(captions_, field.label) != captions_.end()) continue;
     missing += missing.empty() ? "“" : "、“";
-    missing.append(label).append("”");
+    missing.append(field.label).append("”");
   }
   if (!missing.empty()) throw RuntimeError(ErrorNumber::DataTypeConversion, "表头中缺少列" + missing);
 }
 
 CardValues RegisterColumns::values(const std::vector<std::string>& cells) const {
   CardValues card;
-  for (std::size_t i = 0; i < std::min(cells.size(), captions_.size()); ++i) {
-    if (const auto field = cardFieldOfLabel(captions_[i])) card[*field] = Trim(cells[i]);
+  for (std::size_t i = 0; i < std::min(cells.size(), fields_.size()); ++i) {
+    if (fields_[i]) card[*fields_[i]] = Trim(cells[i]);
   }
   return card;
 }
@@ -225,14 +240,13 @@ std::vector<CellProblem> readCardRow(const RegisterColumns& columns, const std::
 
   card = columns.values(cells);
   RowCheck check(card, problems);
-  for (const CardField field : kNeeded) check.needed(field);
+  check.needed();
   checkArchives(check, card, archives);
   check.whole(CardField::UsefulLife, "0");
   checkFigures(check, card);
   checkDates(check, card, defaults.operatingDate);
   if (isWorkloadCard(card)) checkWorkload(check, card);
-  checkLengths(check);
-  if (card[CardField::CurrencyName].empty()) card[CardField::CurrencyName] = "人民币";
+  check.others(isWorkloadCard(card));
   if (card[CardField::EnteredBy].empty()) card[CardField::EnteredBy] = defaults.operatorName;
   return problems;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -48,6 +48,7 @@ class RegisterColumns {
 
  private:
   std::vector<std::string> captions_;
+  std::vector<std::optional<CardField>> fields_;
   std::vector<std::string> unknown_;
 };
 

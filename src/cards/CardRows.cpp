@@ -1,7 +1,9 @@
 #include "cards/CardRows.h"
 
+#include <algorithm>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "base/Conversion.h"
 #include "store/engine/Statement.h"
@@ -28,6 +30,81 @@ std::pair<std::string, std::string> depreciationSubject(Database& database, cons
   return {row.TextOrEmpty("ccode"), row.TextOrEmpty("ccode_name")};
 }
 
+/// A column that a save of a card writes; the second one of a subject takes its name.
+struct SavedColumn {
+  const CardFieldRow* field;
+  std::string_view name;
+  bool isSecond;
+  bool isText;
+};
+
+/// The columns of the fields, in the order of the statements, without the number that tells the card: those
+/// of all cards, or those that come on top with the workload method.
+std::vector<SavedColumn> columnsSaved(bool withWorkload) {
+  std::vector<const CardFieldRow*> fields;
+  for (const CardFieldRow& field : cardFields()) {
+    const bool isKey = field.field == CardField::CardNumber;
+    if (field.isSaved() && !isKey && field.withWorkload == withWorkload) fields.push_back(&field);
+  }
+  std::ranges::sort(fields, {}, &CardFieldRow::savedAs);
+  std::vector<SavedColumn> columns;
+  for (const CardFieldRow* field : fields) {
+    for (const std::string_view& name : field->columns) {
+      if (!name.empty()) columns.push_back({field, name, &name != &field->columns[0], field->size() > 0});
+    }
+  }
+  return columns;
+}
+
+const std::vector<SavedColumn>& columnsOfAll() {
+  static const std::vector<SavedColumn> columns = columnsSaved(false);
+  return columns;
+}
+
+const std::vector<SavedColumn>& columnsOfWorkload(CardLayout layout) {
+  static const std::vector<SavedColumn> columns = columnsSaved(true);
+  static const std::vector<SavedColumn> none;
+  return layout == CardLayout::Workload ? columns : none;
+}
+
+const std::string& savedText(const CardEntry& card, const SavedColumn& column) {
+  const CardField field = column.field->field;
+  if (field == CardField::Department) return card.department;
+  if (field != CardField::DepreciationSubject) return card[field];
+  return column.isSecond ? card.subjectName : card.subjectCode;
+}
+
+/// The value of a column as a statement holds it: amounts as they are typed, dates and whole numbers in their
+/// plain form.
+std::string literal(const CardEntry& card, const SavedColumn& column) {
+  const CardFieldRow& field = *column.field;
+  const std::string& text = savedText(card, column);
+  if (column.isText) return sql("'", text, "'");
+  if (field.field == CardField::UsefulLife) return sql(card.life);
+  if (!field.blank.empty() && text == field.blank) return text;
+  if (field.type == CardDataType::Int) return sql(CLng(Value(text)));
+  if (field.type == CardDataType::Date) return sql("#", CDate(Value(text)).toText(), "#");
+  return text;
+}
+
+std::string namesOf(const std::vector<SavedColumn>& columns) {
+  std::string names;
+  for (const SavedColumn& column : columns) names += sql(",", column.name);
+  return names;
+}
+
+std::string literals(const CardEntry& card, const std::vector<SavedColumn>& columns) {
+  std::string values;
+  for (const SavedColumn& column : columns) values += "," + literal(card, column);
+  return values;
+}
+
+std::string assignments(const CardEntry& card, const std::vector<SavedColumn>& columns) {
+  std::string text;
+  for (const SavedColumn& column : columns) text += sql(",", column.name, "=", literal(card, column));
+  return text;
+}
+
 }  // namespace
 
 CardEntry::CardEntry(Database& database, const CardValues& cardValues, CardLayout cardLayout,
@@ -36,33 +113,15 @@ CardEntry::CardEntry(Database& database, const CardValues& cardValues, CardLayou
   department = splitAtComma(values[CardField::Department]).first;
   std::tie(subjectCode, subjectName) = depreciationSubject(database, values[CardField::DepreciationSubject]);
   life = CLng(Value(values[CardField::UsefulLife]));
-  usedMonths = CLng(Value(values[CardField::MonthsDepreciated]));
-  startDate = CDate(Value(values[CardField::StartDate])).toText();
-  const DateTime entered = CDate(Value(values[CardField::EntryDate]));
-  entryDate = entered.toText();
-  entryMonth = entered.month();
+  entryMonth = CDate(Value(values[CardField::EntryDate])).month();
 }
 
 void insertCard(Database& database, const CardEntry& card, const NewCardKeys& keys) {
-  using enum CardField;
-  const bool workload = card.layout == CardLayout::Workload;
-  const std::string workloadValues =
-      workload ? sql(",", card[MonthlyRate], ",", card[TotalWorkload], ",", card[TotalWorkload], ",'",
-                     card[WorkloadUnit], "',", card[DeductibleTax])
-               : std::string();
-  database.Execute(sql(
-      "Insert Into FA_Cards (sCardId,sCardNum,lOptID,sAssetNum,sAssetName ,sDeptNum,sTypeNum ,"
-      "sOrgAddID,sStatusID,sDeprMethodId,sCurrency ,sSite,lLife "
-      ",dStartDate,dInputDate,sOperator,dblNetValueAct,"
-      "dblValue,dblBV,dblBVRate,lUsedMonths,dblTransInDeprTCard,sDeprSubjectNum,sDeprSubjectname,iNewType",
-      workload ? ",dblperdepr,dblCanWork,dblCanWorkAct,sWorkUnit,dblOffsetTax" : "",
-      ",iInputPeriod) Values ( '", keys.cardID, "','", card[CardNumber], "',", keys.lOptID, ",'",
-      card[AssetNumber], "','", card[AssetName], "','", card.department, "','", card[CategoryCode], "','",
-      card[AdditionWay], "','", card[UsageStatus], "','", card[DepreciationMethod], "','", card[CurrencyName],
-      "','", card[Location], "',", card.life, ",#", card.startDate, "#,#", card.entryDate, "#,'",
-      card[EnteredBy], "',", card[OriginalValue], ",", card[OriginalValue], ",", card[ResidualValue], ",",
-      card[ResidualRate], ",", card.usedMonths, ",", card[AccumulatedDepreciation], ",'", card.subjectCode,
-      "','", card.subjectName, "',", static_cast<int>(keys.type), workloadValues, ",", card.entryMonth, ")"));
+  const std::vector<SavedColumn>& ofWorkload = columnsOfWorkload(card.layout);
+  database.Execute(sql("Insert Into FA_Cards (sCardId,sCardNum,lOptID", namesOf(columnsOfAll()), ",iNewType",
+                       namesOf(ofWorkload), ",iInputPeriod) Values ( '", keys.cardID, "','",
+                       card[CardField::CardNumber], "',", keys.lOptID, literals(card, columnsOfAll()), ",",
+                       static_cast<int>(keys.type), literals(card, ofWorkload), ",", card.entryMonth, ")"));
 }
 
 void insertDeptScale(Database& database, const CardEntry& card, const NewCardKeys& keys) {
@@ -119,23 +178,10 @@ void insertDeprTransactionDetail(Database& database, const CardEntry& card) {
 }
 
 void updateCardRows(Database& database, const CardEntry& card, std::string_view cardNum) {
-  using enum CardField;
-  const std::string workloadAssignments =
-      card.layout == CardLayout::Workload
-          ? sql(",dblperdepr=", card[MonthlyRate], ",dblCanWork=", card[TotalWorkload],
-                ",dblCanWorkAct=", card[TotalWorkload], ",sWorkUnit='", card[WorkloadUnit],
-                "',dblOffsetTax=", card[DeductibleTax])
-          : std::string();
-  database.Execute(sql(
-      "Update FA_Cards Set sAssetNum='", card[AssetNumber], "',sAssetName='", card[AssetName], "',sDeptNum='",
-      card.department, "',sTypeNum='", card[CategoryCode], "',sOrgAddID='", card[AdditionWay],
-      "',sStatusID='", card[UsageStatus], "',sDeprMethodId='", card[DepreciationMethod], "',sCurrency='",
-      card[CurrencyName], "',sSite='", card[Location], "',lLife=", card.life, ",dStartDate=#", card.startDate,
-      "#,dInputDate=#", card.entryDate, "#,sOperator='", card[EnteredBy],
-      "',dblNetValueAct=", card[OriginalValue], ",dblValue=", card[OriginalValue],
-      ",dblBV=", card[ResidualValue], ",dblBVRate=", card[ResidualRate], ",lUsedMonths=", card.usedMonths,
-      ",dblTransInDeprTCard=", card[AccumulatedDepreciation], ",sDeprSubjectNum='", card.subjectCode,
-      "',sDeprSubjectname='", card.subjectName, "'", workloadAssignments, " Where sCardNum='", cardNum, "'"));
+  const std::string columns =
+      assignments(card, columnsOfAll()) + assignments(card, columnsOfWorkload(card.layout));
+  database.Execute(
+      sql("Update FA_Cards Set ", std::string_view(columns).substr(1), " Where sCardNum='", cardNum, "'"));
 }
 
 void updateDeprTransaction(Database& database, const CardEntry& card, std::string_view cardNum) {

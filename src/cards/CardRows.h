@@ -14,10 +14,10 @@ namespace zelkor {
 enum class NewCardType : int { Original = 1, AddedInPeriod = 2 };
 
 /// A card ready to be written: its values, and what was made of them. Numbers go into the statements as they
-/// are typed; a blank one breaks its statement.
+/// are typed; a blank one breaks its statement. Lives, months and dates are converted, with error 13 for what
+/// is none.
 struct CardEntry {
-  /// Splits the department, looks the depreciation subject up, converts lives and dates (error 13 for what is
-  /// none).
+  /// Splits the department and looks the depreciation subject up.
   CardEntry(Database& database, const CardValues& values, CardLayout layout, int month);
 
   const CardValues& values;
@@ -26,10 +26,7 @@ struct CardEntry {
   std::string department;
   std::string subjectCode;
   std::string subjectName;
-  std::int32_t life;        // months
-  std::int32_t usedMonths;  // months
-  std::string startDate;    // as a date literal holds it
-  std::string entryDate;
+  std::int32_t life;  // months
   int entryMonth;
 
   const std::string& operator[](CardField field) const { return values[field]; }

@@ -1,5 +1,8 @@
 #include "cards/CardSheet.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "store/engine/Statement.h"
@@ -11,7 +14,6 @@ using enum CardField;
 
 constexpr std::string_view kDayPicture = "YYYY-MM-DD";
 constexpr std::string_view kAmountPicture = "0.00";
-constexpr const char* kZeroAmount = "0.00";
 constexpr const char* kRateWithoutCategory = "0.02";
 constexpr int kMonthsOfYear = 12;
 constexpr double kPercent = 100;
@@ -49,43 +51,42 @@ void takeDefaults(CardSheet& sheet, ClsBLLFACards& cards, std::string_view categ
   takeEntry(sheet, DepreciationMethod, defaults.methodID, cards.GetDeprMethodName(defaults.methodID));
 }
 
-void fillReferences(CardSheet& sheet, ClsBLLFACards& cards, const Recordset& row) {
-  const auto take = [&](CardField field, std::string_view column, auto nameOf) {
-    const std::string code = row.TextOrEmpty(column);
+/// Fields that show the name of the entry whose code is stored.
+constexpr std::pair<CardField, std::string (ClsBLLFACards::*)(std::string_view)> kNamedEntries[] = {
+    {Department, &ClsBLLFACards::GetDeptName},
+    {AdditionWay, &ClsBLLFACards::GetOrgAddName},
+    {UsageStatus, &ClsBLLFACards::GetStatusName},
+    {DepreciationMethod, &ClsBLLFACards::GetDeprMethodName}};
+
+void fillEntries(CardSheet& sheet, ClsBLLFACards& cards, const Recordset& row) {
+  for (const auto& [field, nameOf] : kNamedEntries) {
+    const std::string code = row.TextOrEmpty(cardField(field).columns[0]);
     takeEntry(sheet, field, code, (cards.*nameOf)(code));
-  };
-  take(Department, "sDeptNum", &ClsBLLFACards::GetDeptName);
-  take(AdditionWay, "sOrgAddID", &ClsBLLFACards::GetOrgAddName);
-  take(UsageStatus, "sStatusID", &ClsBLLFACards::GetStatusName);
-  take(DepreciationMethod, "sDeprMethodID", &ClsBLLFACards::GetDeprMethodName);
+  }
 }
 
-void fillTexts(CardValues& texts, const Recordset& row) {
-  static constexpr std::pair<CardField, std::string_view> kColumns[] = {
-      {CardNumber, "sCardNum"},           {AssetNumber, "sAssetNum"},  {AssetName, "sAssetName"},
-      {CategoryCode, "sTypeNum"},         {CategoryName, "sName"},     {Location, "sSite"},
-      {MonthsDepreciated, "lUsedMonths"}, {CurrencyName, "sCurrency"}, {MonthlyRate, "dblperdepr"},
-      {Project, "sProjectName"},          {EnteredBy, "sOperator"},
-  };
-  for (const auto& [field, column] : kColumns) texts[field] = row.TextOrEmpty(column);
-  texts[CardDate] = texts[EntryDate] = Format(row.Fields("dInputDate"), kDayPicture);
-  texts[StartDate] = Format(row.Fields("dStartDate"), kDayPicture);
-  texts[UsefulLife] = lifeText(CLng(row.Fields("lLife").numberOrZero()));
+/// The other fields of the layout as their columns hold them.
+void fillTexts(CardSheet& sheet, const Recordset& row) {
+  for (const CardFieldPlace& place : layOutCard(sheet.layout)) {
+    const CardFieldRow& field = cardField(place.field);
+    const std::string_view column = field.columns[0];
+    const bool isEntry =
+        std::ranges::count(kNamedEntries, field.field, [](const auto& entry) { return entry.first; }) > 0;
+    if (column.empty() || isEntry) continue;
+    sheet.texts[field.field] =
+        field.type == CardDataType::Date ? Format(row.Fields(column), kDayPicture) : row.TextOrEmpty(column);
+  }
 }
 
+/// What is shown in another form than its column has.
 void fillFigures(CardValues& texts, const Recordset& row, double depreciated) {
   const double value = row.Fields("dblValue").numberOrZero();
+  texts[UsefulLife] = lifeText(CLng(row.Fields("lLife").numberOrZero()));
   texts[OriginalValue] = amountText(value);
   texts[ResidualRate] = textOfDouble(row.Fields("dblBVRate").numberOrZero() * kPercent) + "%";
   texts[ResidualValue] = amountText(row.Fields("dblBV").numberOrZero());
   texts[AccumulatedDepreciation] = amountText(depreciated);
   texts[NetValue] = amountText(value - depreciated);
-}
-
-void fillWorkload(CardValues& texts, const Recordset& row) {
-  texts[TotalWorkload] = row.TextOrEmpty("dblCanWork");
-  texts[WorkloadUnit] = row.TextOrEmpty("sWorkUnit");
-  texts[DeductibleTax] = row.TextOrEmpty("dblOffsetTax");
 }
 
 /// The rate as a fraction: what is written with "%" is a percentage.
@@ -99,17 +100,12 @@ CardSheet newCard(ClsBLLFACards& cards, const ClsOpArgs& opArgs, CardMode mode, 
   CardSheet sheet;
   sheet.mode = mode;
   CardValues& texts = sheet.texts;
+  for (const CardFieldRow& field : cardFields()) texts[field.field] = field.initial;
   std::int32_t length = 0;
   texts[CardNumber] = cards.GetNewCardNum(length);
   texts[AssetNumber] = cards.GetNewAssetNum(category);
   texts[CardDate] = texts[EntryDate] = Format(opArgs.OpDate(), kDayPicture);
   texts[EnteredBy] = opArgs.User();
-  texts[MonthsDepreciated] = texts[MonthlyRate] = "0";
-  texts[CurrencyName] = "人民币";
-  for (const CardField amount :
-       {OriginalValue, ResidualValue, AccumulatedDepreciation, MonthlyDepreciation, NetValue}) {
-    texts[amount] = kZeroAmount;
-  }
   takeDefaults(sheet, cards, category);
   return sheet;
 }
@@ -118,12 +114,11 @@ std::optional<CardSheet> storedCard(ClsBLLFACards& cards, std::string_view cardI
   const Recordset row = cards.GetCard(cardID);
   if (!row.isOpen() || row.Eof()) return std::nullopt;
   CardSheet sheet;
-  fillTexts(sheet.texts, row);
-  fillReferences(sheet, cards, row);
+  fillEntries(sheet, cards, row);
+  fillTexts(sheet, row);
   const std::string& cardNum = sheet.texts[CardNumber];
   fillFigures(sheet.texts, row, cards.GetDeprTotal(cardNum));
   sheet.texts[DepreciationSubject] = cards.GetDeprSubjectName(cardNum);
-  if (sheet.layout == CardLayout::Workload) fillWorkload(sheet.texts, row);
   return sheet;
 }
 
@@ -160,8 +155,8 @@ CardValues valuesOf(const CardSheet& sheet) {
   if (!sheet.isNew()) values[DepreciationMethod] = sheet.codes[DepreciationMethod];
   if (const auto months = monthsOfLife(sheet.texts[UsefulLife])) values[UsefulLife] = textOfDouble(*months);
   values[ResidualRate] = rateAsFraction(sheet.texts[ResidualRate]);
-  for (const CardField figure : {MonthlyRate, TotalWorkload, DeductibleTax}) {
-    if (values[figure].empty()) values[figure] = "0";
+  for (const CardFieldRow& field : cardFields()) {
+    if (values[field.field].empty()) values[field.field] = field.blank;
   }
   return values;
 }

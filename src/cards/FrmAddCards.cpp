@@ -83,10 +83,10 @@ void FrmAddCards::refuse(const std::string& message) {
 void FrmAddCards::openField(CardField field, Arrival arrival) {
   if (bView_ || !leaveField()) return;
   const CardFieldPlace* place = PicCard->find(field);
-  if (!place || !place->enabled) return;
+  if (!place || !cardField(field).enabled()) return;
   current_ = field;
   PicCard->setCurrent(current_);
-  if (place->hasReference()) {
+  if (cardField(field).hasReference()) {
     PicCard->setFocus();
   } else {
     openEditor(*place, arrival);
@@ -145,13 +145,11 @@ void FrmAddCards::moveField(int step) {
 }
 
 void FrmAddCards::pick(CardField field) {
-  const CardFieldPlace* place = PicCard->find(field);
-  if (bView_ || !place) return;
-  const std::string label = place->label;  // a pick lays the card out anew
-  if (!leaveField()) return;
+  if (bView_ || !PicCard->find(field) || !leaveField()) return;
   openField(field, Arrival::ByKeyboard);
-  if (const auto kind = archiveOfLabel(label)) pickEntry(field, *kind);
-  if (isSubjectLabel(label)) pickSubject(field);
+  const CardFieldRow& row = cardField(field);
+  if (row.archive) pickEntry(field, *row.archive);
+  if (row.input == CardInput::Subject) pickSubject(field);
 }
 
 void FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {
@@ -251,7 +249,8 @@ bool FrmAddCards::eventFilter(QObject* control, QEvent* event) {
   } else if (type == QEvent::KeyPress && control == PicCard) {
     taken = openingKeyPressed(static_cast<QKeyEvent*>(event)->key());
   } else if (type == QEvent::KeyPress && control == TxtEdit) {
-    taken = takesDigitsOnly(*current_) && isOtherThanFigures(static_cast<QKeyEvent*>(event)->text());
+    taken = cardField(*current_).input == CardInput::Digits &&
+            isOtherThanFigures(static_cast<QKeyEvent*>(event)->text());
   }
   return taken || Form::eventFilter(control, event);
 }
@@ -263,8 +262,8 @@ bool FrmAddCards::labelPressed(const QObject* label, QEvent::Type type) {
   host().dispatch([&] {
     const auto pressed = static_cast<CardField>(field);
     openField(pressed, Arrival::ByClick);
-    const CardFieldPlace* place = PicCard->find(pressed);
-    if (type == QEvent::MouseButtonDblClick && place->enabled && place->hasReference()) pick(pressed);
+    const CardFieldRow& row = cardField(pressed);
+    if (type == QEvent::MouseButtonDblClick && row.enabled() && row.hasReference()) pick(pressed);
   });
   return true;
 }
@@ -283,7 +282,7 @@ void FrmAddCards::escapePressed() {
 bool FrmAddCards::openingKeyPressed(int key) {
   if ((key != Qt::Key_F2 && key != Qt::Key_Down) || !current_) return false;
   host().dispatch([this] {
-    if (PicCard->find(*current_)->hasReference()) {
+    if (cardField(*current_).hasReference()) {
       pick(*current_);
     } else {
       openField(*current_, Arrival::ByKeyboard);

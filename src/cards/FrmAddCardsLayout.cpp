@@ -34,10 +34,6 @@ Qt::Alignment alignmentOf(CardDataType type) {
   return (figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
-bool isPickable(const CardFieldPlace& place) {
-  return place.enabled && (archiveOfLabel(place.label) || isSubjectLabel(place.label));
-}
-
 }  // namespace
 
 void FrmAddCards::arrangeControls() {
@@ -131,32 +127,34 @@ void FrmAddCards::layOut() {
     const CardFieldPlace* place = PicCard->find(static_cast<CardField>(i));
     LblCaption[i]->setVisible(place);
     LblValue[i]->setVisible(place);
-    CmdAddCards[i]->setVisible(place && place->hasReference());
+    CmdAddCards[i]->setVisible(place && cardField(place->field).hasReference());
     if (place) placeField(*place);
   }
 }
 
 void FrmAddCards::placeField(const CardFieldPlace& place) {
   const auto i = static_cast<std::size_t>(place.field);
+  const CardFieldRow& field = cardField(place.field);
   const QRect value = PicCard->valueRect(place);
-  LblCaption[i]->setText(toQt(place.label));
+  LblCaption[i]->setText(toQt(field.label));
   LblCaption[i]->setGeometry(PicCard->captionRect(place));
   LblValue[i]->setGeometry(value);
-  LblValue[i]->setAlignment(alignmentOf(place.dataType));
-  LblValue[i]->setContentsMargins(0, 0, place.hasReference() ? kButtonWidth : 0, 0);
-  const bool open = place.enabled && !bView_;
-  LblValue[i]->setStyleSheet(place.enabled ? "" : "color: #66727f;");
+  LblValue[i]->setAlignment(alignmentOf(field.type));
+  LblValue[i]->setContentsMargins(0, 0, field.hasReference() ? kButtonWidth : 0, 0);
+  const bool open = field.enabled() && !bView_;
+  LblValue[i]->setStyleSheet(field.enabled() ? "" : "color: #66727f;");
   LblValue[i]->setCursor(!open                  ? Qt::ArrowCursor
-                         : place.hasReference() ? Qt::PointingHandCursor
+                         : field.hasReference() ? Qt::PointingHandCursor
                                                 : Qt::IBeamCursor);
-  CmdAddCards[i]->setEnabled(isPickable(place) && !bView_);
+  CmdAddCards[i]->setEnabled(field.isCode() && !bView_);
   CmdAddCards[i]->setGeometry(value.right() - kButtonWidth, value.top() + 2, kButtonWidth - 1,
                               value.height() - 3);
 }
 
 void FrmAddCards::openEditor(const CardFieldPlace& place, Arrival arrival) {
-  const bool digits = takesDigitsOnly(place.field);
-  const std::size_t size = cardFieldSize(place.field);
+  const CardFieldRow& field = cardField(place.field);
+  const bool digits = field.input == CardInput::Digits;
+  const std::size_t size = field.size();
   arrival_ = arrival;
   untouched_ = sheet_;
   before_ = LblValue[static_cast<std::size_t>(place.field)]->text();
@@ -165,7 +163,7 @@ void FrmAddCards::openEditor(const CardFieldPlace& place, Arrival arrival) {
   constexpr int kLongestFigure = 30;
   constexpr int kAnyLength = 32767;
   TxtEdit->setMaxLength(digits ? kLongestFigure : size == 0 ? kAnyLength : static_cast<int>(size));
-  TxtEdit->setAlignment(alignmentOf(place.dataType));
+  TxtEdit->setAlignment(alignmentOf(field.type));
   // The words of a life cannot be typed: an empty one is offered with them, of others the years to type over.
   TxtEdit->setText(isLife && before_.isEmpty() ? toQt(lifeText(0)) : before_);
   TxtEdit->setGeometry(PicCard->valueRect(place).adjusted(0, 0, 1, 1));

@@ -131,7 +131,7 @@ void CardPaper::paintField(QPainter& painter, const CardFieldPlace& place) const
   const QRect value = valueRect(place);
   if (inTable(place)) {
     painter.fillRect(caption, QColor::fromRgb(kCaptionFill));
-    if (!place.enabled) painter.fillRect(value, QColor::fromRgb(kLockedFill));
+    if (!cardField(place.field).enabled()) painter.fillRect(value, QColor::fromRgb(kLockedFill));
     painter.setPen(QColor::fromRgb(kRule));
     for (const int x : {caption.left(), value.left(), cellEnd(value)}) {
       painter.drawLine(x, value.top(), x, value.bottom());

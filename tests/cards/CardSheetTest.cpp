@@ -19,7 +19,9 @@ class CardSheetTest : public CardTest {
   /// The texts of all fields, joined by "|".
   static std::string all(const CardValues& values) {
     std::string line;
-    for (std::size_t i = 1; i <= cardFieldCount; ++i) line += (i == 1 ? "" : "|") + values.at(i);
+    for (const CardFieldRow& field : cardFields()) {
+      line += (field.field == CardNumber ? "" : "|") + values[field.field];
+    }
     return line;
   }
 

@@ -84,6 +84,14 @@ bool continuesWord(const char* p, const char* end) {
   return classOf(*p) == Letter && !isWidePunctuation(p, end);
 }
 
+/// The end of the word that begins at `p`. Words are mostly plain letters, which the inner loop runs over.
+const char* endOfWord(const char* p, const char* end) {
+  for (;; ++p) {
+    while (p != end && kPlainWord[static_cast<unsigned char>(*p)]) ++p;
+    if (p == end || !continuesWord(p, end)) return p;
+  }
+}
+
 bool isPrefixPattern(std::string_view pattern) {
   if (pattern.size() < 2 || pattern.back() != '*') return false;
   pattern.remove_suffix(1);
@@ -201,8 +209,7 @@ void Lexer::fail(SyntaxFault fault) const {
 }
 
 void Lexer::scanWord() {
-  const char* p = cursor_;
-  while (p != end_ && continuesWord(p, end_)) ++p;
+  const char* p = endOfWord(cursor_, end_);
   if (p == cursor_) fail(SyntaxFault::Syntax);
   finish(LexemeKind::Word, cursor_, p);
   if (std::exchange(first_, false)) noteFirstWord(lexeme_.source);
@@ -288,9 +295,7 @@ bool Lexer::belongsToShape(Expected expected, std::string_view digits) const {
   const char* p = cursor_;
   while (p != end_ && classOf(*p) == Blank) ++p;
   if (p == end_ || *p == ',' || *p == ')' || *p == ';') return true;
-  const char* word = p;
-  while (p != end_ && continuesWord(p, end_)) ++p;
-  return followsListItem(keywordOf(std::string_view(word, static_cast<std::size_t>(p - word))));
+  return followsListItem(keywordOf({p, static_cast<std::size_t>(endOfWord(p, end_) - p)}));
 }
 
 bool Lexer::endsOperand() const {

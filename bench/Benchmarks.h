@@ -14,8 +14,12 @@ double benchMonthEnd(const LargeAccountSet& set);
 /// Stand-alone statements of known shapes, through the store and as bare prepared statements.
 void benchStatements(const LargeAccountSet& set);
 
-/// Saving a further card into the set; prints one line and gives the microseconds per card.
+/// Saving a further card into the set, in files against its floor; prints one line and gives the microseconds
+/// per card.
 double benchSaveCard(const LargeAccountSet& set);
+
+/// The import of a register of that many cards into the set against its floor; prints one line.
+void benchCardImport(const LargeAccountSet& set, long cards);
 
 /// Saving change sheets of every kind, from the card's loading to the commit, in a small and a large set;
 /// prints one line per kind.

@@ -1,5 +1,9 @@
+#include <cstdlib>
+#include <sstream>
+
 #include "cards/CardEditing.h"
 #include "cards/CardFixture.h"
+#include "support/Paths.h"
 
 namespace zelkor::test {
 namespace {
@@ -8,174 +12,62 @@ using enum CardField;
 
 const DateTime kMay15 = day("2020-5-15");
 
-CardSheet sheetWith(std::initializer_list<std::pair<CardField, const char*>> texts,
-                    CardLayout layout = CardLayout::Ordinary) {
-  CardSheet sheet;
-  sheet.mode = CardMode::Original;
-  sheet.layout = layout;
-  for (const auto& [field, text] : texts) sheet.texts[field] = text;
-  return sheet;
-}
-
-TEST(CardEditingTest, calculatesFromTheOriginalValue) {
-  const struct {
-    const char *typed, *rate, *depreciated;
-    const char *value, *residual, *net;
-  } cases[] = {
-      {"1000.00", "5%", "0.00", "1000.00", "50.00", "1000.00"},
-      {"12000.5", "5%", "95", "12000.5", "600.03", "11905.50"},
-      {"10000", "0.05", "", "10000", "5.00", "10000.00"},  // the number is a percentage, with or without "%"
-      {"", "5%", "0.00", "0", "0.00", "0.00"},
-      {"1000000000", "5%", "0", "1000000000", "50000000.75", "1000000000.00"},  // 5 % in single precision
-      {"0.3", "0%", "0.1", "0.3", "0.00", "0.20"},
-      {".", "5%", "0", ".", "0.00", "0.00"},
-      {"99999999999999999999", "0%", "1", "99999999999999999999", "0.00", "100000000000000000000.00"},
-  };
-  for (const auto& c : cases) {
-    CardSheet sheet = sheetWith({{ResidualRate, c.rate}, {AccumulatedDepreciation, c.depreciated}});
-    EXPECT_TRUE(enterField(sheet, OriginalValue, c.typed, kMay15).accepted);
-    EXPECT_EQ(sheet.texts[OriginalValue], c.value);
-    EXPECT_EQ(sheet.texts[ResidualValue], c.residual) << c.typed;
-    EXPECT_EQ(sheet.texts[NetValue], c.net) << c.typed;
-    EXPECT_FALSE(sheet.texts[AccumulatedDepreciation].empty());
-  }
-}
-
-TEST(CardEditingTest, calculatesWhatAUnitOfWorkCosts) {
-  const struct {
-    CardLayout layout;
-    const char* work;
-    const char* rate;
-  } cases[] = {
-      {CardLayout::Workload, "9600", "1.18635416666667"},  // (11989 - 600) / 9600
-      {CardLayout::Workload, "100000000", "0.00011389"},   // plain, no exponent
-      {CardLayout::Workload, "0", "7"},
-      {CardLayout::Workload, "", "7"},
-      {CardLayout::Ordinary, "9600", "7"},
-  };
-  for (const auto& c : cases) {
-    CardSheet sheet = sheetWith(
-        {{ResidualRate, "5%"}, {AccumulatedDepreciation, "11"}, {TotalWorkload, c.work}, {MonthlyRate, "7"}},
-        c.layout);
-    enterField(sheet, OriginalValue, "12000", kMay15);
-    EXPECT_EQ(sheet.texts[MonthlyRate], c.rate) << c.work;
-  }
-}
-
-TEST(CardEditingTest, calculatesFromTheOtherFigures) {
-  const struct {
-    CardField field;
-    const char* value;
-    const char* typed;
-    CardField result;
-    const char* expected;
-  } cases[] = {
-      {ResidualRate, "1000.00", "5", ResidualValue, "50.00"},
-      {ResidualRate, "1000.00", "4.5%", ResidualValue, "45.00"},
-      {ResidualRate, "1000.00", "", ResidualValue, "0.00"},
-      {ResidualRate, "1000.00", "5", ResidualRate, "5%"},
-      {ResidualValue, "1000", "50", ResidualRate, "5.0%"},
-      {ResidualValue, "3000", "100", ResidualRate, "3.3%"},
-      {ResidualValue, "1000", "", ResidualRate, "0.0%"},
-      {ResidualValue, "1000", "", ResidualValue, "0"},
-      {AccumulatedDepreciation, "1000", "0.5", NetValue, "999.50"},
-      {AccumulatedDepreciation, "1000", "", NetValue, "1000.00"},
-      {NetValue, "1000", "400", NetValue, "400"},
-  };
-  for (const auto& c : cases) {
-    CardSheet sheet = sheetWith({{OriginalValue, c.value}, {NetValue, c.value}});
-    EXPECT_TRUE(enterField(sheet, c.field, c.typed, kMay15).accepted) << c.typed;
-    EXPECT_EQ(sheet.texts[c.result], c.expected) << cardFieldLabel(c.field) << " " << c.typed;
-  }
-}
-
-TEST(CardEditingTest, hasNoRateOfAnAssetWithoutValue) {
-  CardSheet worthless = sheetWith({{OriginalValue, "0"}, {NetValue, "0"}, {ResidualRate, "5%"}});
-  EXPECT_EQ(enterField(worthless, ResidualValue, "50", kMay15).message, "净残值不能大于原值!");
-  EXPECT_EQ(worthless.texts[ResidualRate] + worthless.texts[ResidualValue], "0%");
-  worthless.texts[ResidualRate] = "5%";
-  EXPECT_TRUE(enterField(worthless, ResidualValue, "0", kMay15).accepted);
-  EXPECT_EQ(worthless.texts[ResidualRate], "0%");
-}
-
-TEST(CardEditingTest, checksTheFiguresInTheirOrder) {
-  const struct {
-    CardField field;
-    const char* typed;
-    const char *depreciated, *residual, *net;  // beside an original value of 1000
-    const char* message;
-  } cases[] = {
-      {NetValue, "1000.01", "2000", "3000", "0", "净值不能大于原值!"},
-      {NetValue, "1000.00", "2000", "3000", "0", "累计折旧不能大于原值!"},
-      {NetValue, "1000", "1000", "3000", "0", "净残值不能大于原值!"},
-      {NetValue, "49.99", "0", "50.00", "1000", "净残值不能大于净值!"},
-      {NetValue, "50", "0", "50.00", "1000", ""},
-      {NetValue, "", "0", "0", "1000", ""},
-      {AccumulatedDepreciation, "1000.0001", "0", "0", "1000", "累计折旧不能大于原值!"},
-      {AccumulatedDepreciation, "980", "0", "50", "1000", "净残值不能大于净值!"},  // 20 are left
-      {AccumulatedDepreciation, "950", "0", "50", "1000", ""},
-      {AccumulatedDepreciation, "100", "5000", "50", "-4000", ""},  // puts a wrong card right
-      {ResidualValue, "1001", "0", "0", "1000", "净残值不能大于原值!"},
-      {ResidualValue, "501", "500", "0", "500", "净残值不能大于净值!"},
-      {ResidualValue, "500", "500", "0", "500", ""},
-      {ResidualValue, "0", "0", "0", "1001", "净值不能大于原值!"},
-  };
-  for (const auto& c : cases) {
-    CardSheet sheet = sheetWith({{OriginalValue, "1000"},
-                                 {AccumulatedDepreciation, c.depreciated},
-                                 {ResidualValue, c.residual},
-                                 {NetValue, c.net}});
-    const std::string before = sheet.texts[c.field];
-    const FieldEntry entry = enterField(sheet, c.field, c.typed, kMay15);
-    EXPECT_EQ(entry.message, c.message) << cardFieldLabel(c.field) << " " << c.typed;
-    EXPECT_EQ(entry.accepted, std::string(c.message).empty());
-    if (!entry.accepted) {
-      EXPECT_EQ(sheet.texts[c.field], before) << "nothing is taken";
+/// "label=text" for the fields in which the values differ, in their order.
+std::string differences(const CardValues& before, const CardValues& after) {
+  std::string text;
+  for (const CardFieldRow& field : cardFields()) {
+    if (before[field.field] != after[field.field]) {
+      text += " " + std::string(field.label) + "=" + after[field.field];
     }
   }
+  return text;
 }
 
-TEST(CardEditingTest, checksTheStartDateByMode) {
-  constexpr const char* kNoDate = "所填写的日期型数据不正确!";
-  constexpr const char* kNotBefore = "原始卡片的开始日期不能在本月或本月之后！";
-  constexpr const char* kNotInMonth = "新资产的开始使用日期必须在本月！";
-  const struct {
-    CardMode mode;
-    const char* typed;
-    const char* message;
-    const char* months;
-  } cases[] = {
-      {CardMode::Original, "", kNoDate, ""},
-      {CardMode::Original, "2020-2-30", kNoDate, ""},
-      {CardMode::Original, "2020-5-1", kNotBefore, ""},
-      {CardMode::Original, "2020-6-1", kNotBefore, ""},
-      {CardMode::Original, "2020-4-30", "", "1"},
-      {CardMode::Original, "2018年3月5日", "", "26"},
-      {CardMode::NewAsset, "2020-4-30", kNotInMonth, ""},
-      {CardMode::NewAsset, "2020-6-1", kNotInMonth, ""},
-      {CardMode::NewAsset, "2020.5.31", "", "0"},
-      {CardMode::Stored, "2020-7-1", "", "-2"},
-      {CardMode::Stored, "soon", kNoDate, ""},
-  };
-  for (const auto& c : cases) {
-    CardSheet sheet = sheetWith({});
-    sheet.mode = c.mode;
-    const FieldEntry entry = enterField(sheet, StartDate, c.typed, kMay15);
-    EXPECT_EQ(entry.message, c.message) << c.typed;
-    EXPECT_EQ(entry.accepted, std::string(c.message).empty()) << c.typed;
-    EXPECT_EQ(sheet.texts[MonthsDepreciated], c.months) << c.typed;
-    EXPECT_EQ(sheet.texts[StartDate], entry.accepted ? c.typed : "") << c.typed;
-    EXPECT_EQ(entry.boxText, entry.accepted ? "" : *c.typed == '\0' ? "0" : c.typed);
+CardMode modeNamed(const std::string& name) {
+  return name == "original" ? CardMode::Original : name == "new" ? CardMode::NewAsset : CardMode::Stored;
+}
+
+/// One line of the golden file with what comes out of it: "mode layout label=text ... : label=entered ->
+/// ...".
+std::string entered(const std::string& line) {
+  const std::string given = line.substr(0, line.find(" ->"));
+  std::istringstream words(given);
+  std::string mode;
+  std::string layout;
+  words >> mode >> layout;
+  CardSheet sheet;
+  sheet.mode = modeNamed(mode);
+  if (layout == "workload") sheet.layout = CardLayout::Workload;
+  CardValues before;
+  FieldEntry entry;
+  for (std::string word; words >> word;) {
+    const auto sign = word.find('=');
+    const CardField field = cardFieldOfLabel(word.substr(0, sign)).value();
+    const std::string text = word.substr(sign + 1);
+    before = sheet.texts;
+    if (words.peek() == EOF) {
+      entry = enterField(sheet, field, text, kMay15);
+    } else {
+      sheet.texts[field] = text;
+    }
   }
+  const std::string refusal = entry.accepted ? "" : " refused: " + entry.message + "[" + entry.boxText + "]";
+  return given + " ->" + differences(before, sheet.texts) + refusal;
 }
 
-TEST(CardEditingTest, takesNoLifeWithoutYearsAndMonths) {
-  CardSheet sheet = sheetWith({{UsefulLife, "5年0月"}});
-  const FieldEntry entry = enterField(sheet, UsefulLife, "60", kMay15);
-  EXPECT_FALSE(entry.accepted);
-  EXPECT_EQ(entry.message + entry.boxText, "5年0月");
-  EXPECT_TRUE(enterField(sheet, UsefulLife, "6年3月", kMay15).accepted);
-  EXPECT_EQ(sheet.texts[UsefulLife], "6年3月");
+// Each line gives a card and, last, what is entered into one field; behind the arrow stands what the card
+// shows otherwise then. Set ZELKOR_REWRITE_GOLDEN to write the file anew.
+TEST(CardEditingTest, takesWhatIsEnteredAndCalculatesFromIt) {
+  const auto file = testFolder() / "cards/golden/entries.txt";
+  std::istringstream lines(readFile(file));
+  std::string expected;
+  std::string actual;
+  for (std::string line; std::getline(lines, line);) {
+    expected += line + "\n";
+    actual += (line.empty() || line[0] == '#' ? line : entered(line)) + "\n";
+  }
+  if (std::getenv("ZELKOR_REWRITE_GOLDEN")) writeFile(file, actual);
+  EXPECT_EQ(actual, expected);
 }
 
 class CardSavingByEditorTest : public CardTest {

@@ -111,17 +111,6 @@ TEST_F(CardSheetTest, changesTheCategory) {
   EXPECT_EQ(stored.texts[AssetNumber] + stored.texts[DepreciationMethod], "02100001年数总和法");
 }
 
-TEST_F(CardSheetTest, keepsItsTextsWhenTheMethodChangesTheLayout) {
-  CardSheet sheet = fresh("021");
-  sheet.texts[OriginalValue] = "800";
-  takeEntry(sheet, DepreciationMethod, "4", "工作量法");
-  EXPECT_EQ(sheet.layout, CardLayout::Workload);
-  sheet.texts[TotalWorkload] = "9600";
-  takeEntry(sheet, DepreciationMethod, "6", "直线法");
-  EXPECT_EQ(sheet.layout, CardLayout::Ordinary);
-  EXPECT_EQ(sheet.texts[OriginalValue] + sheet.texts[AssetNumber], "80002100001");
-}
-
 TEST_F(CardSheetTest, turnsWhatIsShownIntoWhatIsStored) {
   CardSheet sheet = fresh("021");
   takeEntry(sheet, Department, "301", "一车间");

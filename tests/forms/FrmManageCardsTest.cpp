@@ -61,20 +61,12 @@ class FrmManageCardsTest : public FormTest {
   }
 };
 
-TEST_F(FrmManageCardsTest, opensWithAllCards) {
+TEST_F(FrmManageCardsTest, followsTreeAndFilter) {
   const FrmManageCards& form = open();
   EXPECT_EQ(title(form), "卡片管理 卡片[全部卡片  ](共计卡片3张)");
   EXPECT_EQ(listed(form), (Lines{"00001", "00002", "00003", "合计：300.00"}));
   EXPECT_EQ(list(form).currentGridRow(), 1u);
-  const Lines nodes = nodesOf(form, "tvwType");
-  EXPECT_EQ(nodes.size(), 8u);
-  EXPECT_EQ(nodes[0] + nodes[3], "固定资产部门编码目录(7)  3 生产部(3)");
-}
-
-TEST_F(FrmManageCardsTest, followsTreeAndFilter) {
-  const FrmManageCards& form = open();
   selectNode(form, "tvwType", "1 总经理办公室(0)");
-  EXPECT_EQ(listed(form), (Lines{"00003", "合计：100.00"}));
   choose(form, "cmbFA", "在役资产");
   EXPECT_EQ(listed(form), (Lines{"合计：.00"}));
   EXPECT_EQ(title(form), "卡片管理 卡片[总经理办公室  在役资产](共计卡片0张)");
@@ -82,12 +74,7 @@ TEST_F(FrmManageCardsTest, followsTreeAndFilter) {
   EXPECT_FALSE(command(form, "修改").isEnabled());
   selectNode(form, "tvwType", "3 生产部(3)");
   EXPECT_EQ(listed(form), (Lines{"00001", "00002", "合计：200.00"}));
-  choose(form, "cmbFA", "已减少资产");
-  selectNode(form, "tvwType", "固定资产部门编码目录(7)");
-  EXPECT_EQ(listed(form), (Lines{"00003", "合计：100.00"}));
-  EXPECT_EQ(title(form), "卡片管理 卡片[已减少资产  ](共计卡片1张)");
   choose(form, "cmbType", "按类别查询");
-  EXPECT_EQ(nodesOf(form, "tvwType").at(1), "  01 房屋及建筑物(2)");
   choose(form, "cmbFA", "全部卡片");
   selectNode(form, "tvwType", "01 房屋及建筑物(2)");
   EXPECT_EQ(listed(form), (Lines{"00002", "合计：100.00"}));
@@ -108,27 +95,23 @@ TEST_F(FrmManageCardsTest, loadsChildrenWhenANodeOpens) {
   node.setExpanded(false);
   node.setExpanded(true);
   EXPECT_EQ(node.childCount(), 3);
-  selectNode(form, "tvwType", "302 新车间(0)");
-  EXPECT_EQ(listed(form), (Lines{"00002", "合计：100.00"}));
 }
 
-TEST_F(FrmManageCardsTest, deletesTheSelectedCardWithAllItsVersions) {
+TEST_F(FrmManageCardsTest, refreshesAndDeletesTheSelectedCard) {
   const FrmManageCards& form = open();
+  execute("update fa_Cards set dblValue=50 where sCardID='1'");
+  list(form).selectGridRow(2);
+  press(form, "刷新");
+  EXPECT_EQ(listed(form).back(), "合计：250.00");
+  EXPECT_EQ(list(form).currentGridRow(), 2u);
   list(form).selectGridRow(3);
   remove(form, "00003", Answer::No);
   EXPECT_EQ(listed(form).size(), 4u);
   remove(form, "00003", Answer::Yes, "卡片号为[00003]已成功删除！");
-  EXPECT_EQ(listed(form), (Lines{"00001", "00002", "合计：200.00"}));
-  EXPECT_EQ(title(form), "卡片管理 卡片[全部卡片  ](共计卡片2张)");
+  EXPECT_EQ(listed(form), (Lines{"00001", "00002", "合计：150.00"}));
   EXPECT_EQ(list(form).currentGridRow(), 2u) << "the last card stands where the deleted one stood";
-  EXPECT_EQ(count("fa_Cards"), "2");
-}
-
-TEST_F(FrmManageCardsTest, tellsWhenACardIsNotDeleted) {
-  const FrmManageCards& form = open();
   execute("drop table fa_ZWVouchers");
-  remove(form, "00001", Answer::Yes, "卡片号为[00001]删除失败！", Icon::Exclamation);
-  EXPECT_EQ(listed(form).size(), 3u) << "what was deleted before the failure stays so";
+  remove(form, "00002", Answer::Yes, "卡片号为[00002]删除失败！", Icon::Exclamation);
 }
 
 TEST_F(FrmManageCardsTest, opensTheNewestVersionInTheEditor) {
@@ -144,18 +127,6 @@ TEST_F(FrmManageCardsTest, opensTheNewestVersionInTheEditor) {
   list(form).selectGridRow(4);
   sendKey(list(form), Qt::Key_Return);  // the sum is no card
   EXPECT_EQ(cardsInEditors(), (Lines{"00001 第1版", "00002 第10版"}));
-  execute("update fa_Cards set dblValue=7");
-  EXPECT_EQ(listed(form).back(), "合计：300.00") << "the list does not follow by itself";
-}
-
-TEST_F(FrmManageCardsTest, refreshesOnRequestOnly) {
-  const FrmManageCards& form = open();
-  addVersion("5", "00004", "301", "021");
-  list(form).selectGridRow(2);
-  EXPECT_EQ(listed(form).size(), 4u);
-  press(form, "刷新");
-  EXPECT_EQ(listed(form).size(), 5u);
-  EXPECT_EQ(list(form).currentGridRow(), 2u);
 }
 
 TEST_F(FrmManageCardsTest, readsALongListWhileTheWindowLives) {
@@ -166,9 +137,7 @@ TEST_F(FrmManageCardsTest, readsALongListWhileTheWindowLives) {
   EXPECT_EQ(title(form), "卡片管理");
   list(form).selectGridRow(200);
   waitForTitle(form, "卡片管理 卡片[全部卡片  ](共计卡片4300张)");
-  const Lines cards = listed(form);
-  EXPECT_EQ(cards.size(), 4301u);
-  EXPECT_EQ(cards.at(4299) + cards.at(4300), "14300合计：430,000.00");
+  EXPECT_EQ(listed(form).back(), "合计：430,000.00");
   EXPECT_EQ(list(form).currentGridRow(), 200u);
 }
 

@@ -57,7 +57,7 @@ void writeTotal(ReportGrid& grid) {
 
 void BuildAssetDeprTable1(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "固定资产统计表";  // not its own
-  view.conditionLines[0].text = conditions.levelRange("汇总部门：", 0, 1);
+  view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].visible = false;
   ReportGrid grid(view.grid, {1800, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000}, 1,
                   Align::Center);

@@ -31,7 +31,7 @@ LedgerSums sumWay(Database& data, const std::string& id, const std::string& type
 
 void BuildAssetDeprTable2(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "(部门)折旧计提汇总表";  // not its own
-  view.conditionLines[0].text = conditions.levelRange("汇总部门：", 0, 1);
+  view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].text.clear();
   ReportGrid grid(view.grid, {4000, 1800, 1800}, 1);
   grid.addHeader({"项目", "原值", "累计折旧"});
@@ -40,7 +40,7 @@ void BuildAssetDeprTable2(RunContext& run, const ReportConditions& conditions, R
     const std::string id = ways.Text("sID");
     const std::size_t row = grid.addRow();
     grid.put(row, 0, labelOf(id, ways.TextOrEmpty("sName")));
-    const LedgerSums sums = sumWay(run.dbZKData, id, conditions.types[5].code);
+    const LedgerSums sums = sumWay(run.dbZKData, id, conditions.type.code);
     if (!sums.hasValue()) continue;
     grid.putAmount(row, 1, sums.yz);
     grid.putAmount(row, 2, sums.ytzj);

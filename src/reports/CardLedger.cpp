@@ -81,14 +81,14 @@ void writeClosing(ReportGrid& grid) {
 /// Of all cards that meet the conditions the first alone.
 void BuildCardLedger(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "(单个)固定资产明细账";
-  setLedgerCaptions(view, conditions, conditions.types[3], conditions.departments[2]);
+  setLedgerCaptions(view, conditions);
   ReportGrid grid(view.grid, {1000, 1000, 1000, 1500, 1200, 1200, 1000, 1200, 1200, 1000, 1000}, 4);
   grid.addHeader({"日期", "业务单号", "凭证号", "摘要", "原值", "原值", "原值", "累计折旧", "累计折旧",
                   "累计折旧", "净值"});
   grid.addHeader(
       {"日期", "业务单号", "凭证号", "摘要", "借方", "贷方", "余额", "借方", "贷方", "余额", "净值"});
   const Recordset card =
-      run.dbZKData.OpenRecordset(cardQuery(conditions.departments[2].code, conditions.types[3].code));
+      run.dbZKData.OpenRecordset(cardQuery(conditions.department.code, conditions.type.code));
   if (card.Eof()) return;
   writeLines(grid, run.dbZKData, card);
   writeClosing(grid);

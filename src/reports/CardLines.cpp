@@ -5,12 +5,12 @@
 
 namespace zelkor {
 
-void setLedgerCaptions(ReportView& view, const ReportConditions& conditions, const ChosenEntry& type,
-                       const ChosenEntry& department) {
+void setLedgerCaptions(ReportView& view, const ReportConditions& conditions) {
+  const auto& [from, to] = conditions.periods.at(ConditionPage::GeneralLedger);
   view.periodListVisible = false;
-  view.periodCaption = "期间：" + conditions.periods[10] + " --- " + conditions.periods[11];
-  view.conditionLines[0].text = "资产类别：" + type.name;
-  view.conditionLines[1].text = "使用部门：" + department.name;
+  view.periodCaption = "期间：" + from + " --- " + to;
+  view.conditionLines[0].text = "资产类别：" + conditions.type.name;
+  view.conditionLines[1].text = "使用部门：" + conditions.department.name;
 }
 
 std::string cardLinesQuery(std::string_view columns, const LedgerFilter& filter) {

@@ -19,8 +19,7 @@ struct LedgerFilter {
 };
 
 /// The caption lines of a ledger, for which the dialog's page of the general ledger names the period.
-void setLedgerCaptions(ReportView& view, const ReportConditions& conditions, const ChosenEntry& type,
-                       const ChosenEntry& department);
+void setLedgerCaptions(ReportView& view, const ReportConditions& conditions);
 
 /// Query of the versions with their ledger rows: `columns`, then the rest by the filter. Transfers are left
 /// out only when there is no filter.

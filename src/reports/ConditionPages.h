@@ -2,38 +2,71 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
+#include <string>
+
+#include "reports/ReportConditions.h"
 
 namespace zelkor {
 
-/// Which of the dialog's numbered lists a page of conditions holds, and what else it asks.
-struct ConditionPage {
-  std::size_t period = 0;               // of the period lists
-  std::optional<std::size_t> periodTo;  // the list of the period's end
-  std::optional<std::size_t> level;     // of the level lists; the next one is the range's end
-  bool type = false;
-  bool department = false;
+/// In twips.
+struct DialogSize {
+  int height;
+  int width;
 };
 
-inline constexpr int compositionPage = 0;  // also asks for the level of categories
-inline constexpr int statisticsPage = 3;   // also asks for the layout and the levels of both trees
+/// What a page asks for, in this order, and how it looks. Every page asks for a period first.
+struct PageConditions {
+  const char* frame;
+  DialogSize size;
+  bool range = false;
+  bool type = false;
+  bool department = false;
+  LevelRange ReportConditions::*levels = nullptr;
+  const char* levelsCaption = "";
+  const char* between = "----";  // the two lists of a range
+};
 
-/// The pages 0 to 13.
-inline constexpr std::array<ConditionPage, 14> conditionPages{{
-    {0, {}, {}},
-    {1, {}, {}},
-    {2, {}, 0},
-    {3, {}, {}},
-    {4, 5, {}},
-    {6, 7, {}, true},
-    {8, {}, {}, false, true},
-    {9, {}, {}, true},
-    {10, 11, {}, true, true},
-    {12, 13, {}, true, true},
-    {14, 15, {}, true, true},
-    {16, 17, {}, true},
-    {18, {}, 2, false, true},
-    {19, 20, 4},
+/// One row for each page.
+inline constexpr std::array<PageConditions, 14> conditionPages{{
+    {.frame = "Frame21", .size = {3900, 3840}},
+    {.frame = "Frame22", .size = {2760, 5190}},
+    {.frame = "Frame1",
+     .size = {3375, 5640},
+     .levels = &ReportConditions::departmentRange,
+     .levelsCaption = "汇总部门："},
+    {.frame = "Frame2", .size = {4900, 5865}},
+    {.frame = "Frame3", .size = {3015, 5565}, .range = true},
+    {.frame = "Frame40", .size = {3465, 6000}, .range = true, .type = true},
+    {.frame = "Frame41", .size = {4095, 5685}, .department = true},
+    {.frame = "Frame42", .size = {3480, 5415}, .type = true},
+    {.frame = "Frame43", .size = {3255, 5250}, .range = true, .type = true, .department = true},
+    {.frame = "Frame44", .size = {5145, 5520}, .range = true, .type = true, .department = true},
+    {.frame = "Frame45",
+     .size = {3360, 5415},
+     .range = true,
+     .type = true,
+     .department = true,
+     .between = ""},
+    {.frame = "Frame5", .size = {3255, 5250}, .range = true, .type = true, .between = ""},
+    {.frame = "Frame6",
+     .size = {3375, 5640},
+     .department = true,
+     .levels = &ReportConditions::typeRange,
+     .levelsCaption = "类别级次：",
+     .between = ""},
+    {.frame = "Frame7",
+     .size = {3375, 5640},
+     .range = true,
+     .levels = &ReportConditions::periodTypeRange,
+     .levelsCaption = "汇总类别：",
+     .between = ""},
 }};
+
+constexpr const PageConditions& conditionsOf(ConditionPage page) {
+  return conditionPages[numberOf(page)];
+}
+
+/// What is chosen in the period list of that number, counted over the lists of all pages.
+const std::string& periodInList(const ReportConditions& conditions, std::size_t list);
 
 }  // namespace zelkor

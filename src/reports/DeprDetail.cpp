@@ -47,12 +47,12 @@ void writeTotal(ReportGrid& grid) {
 
 void BuildDeprDetail(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "固定资产折旧计算明细表";
-  view.conditionLines[0].text = "使用部门：" + conditions.departments[4].name;
-  view.conditionLines[1].text = conditions.levelRange("汇总类别", 2, 3);
+  view.conditionLines[0].text = "使用部门：" + conditions.department.name;
+  view.conditionLines[1].text = conditions.typeRange.captioned("汇总类别");
   ReportGrid grid(view.grid, {2000, 1600, 1600, 1600, 1600, 1600, 1600}, 1, Align::Center);
   grid.addHeader({"资产类别", "上月计提", "上月计提", "上月原值", "上月原值", "本月计提", "本月计提"});
   grid.addHeader({"资产类别", "原值", "折旧额", "增加", "减少", "原值", "折旧额"});
-  writeTypes(grid, run.dbZKData, conditions.departments[4].code);
+  writeTypes(grid, run.dbZKData, conditions.department.code);
   writeTotal(grid);
 }
 

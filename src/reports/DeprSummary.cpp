@@ -9,7 +9,7 @@ namespace zelkor {
 /// The amount under "折旧额" is the depreciation accumulated by the end of the first month.
 void BuildDeprSummary(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "(部门)折旧计提汇总表";
-  view.conditionLines[0].text = conditions.levelRange("汇总部门：", 0, 1);
+  view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].visible = false;
   ReportGrid grid(view.grid, {4000, 1800, 1800}, 1);
   grid.addHeader({"部门名称", "计提原值", "折旧额"});

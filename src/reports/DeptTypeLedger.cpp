@@ -86,7 +86,7 @@ void writeClosing(ReportGrid& grid) {
 
 void BuildDeptTypeLedger(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "(部门、类别)明细账";
-  setLedgerCaptions(view, conditions, conditions.types[2], conditions.departments[1]);
+  setLedgerCaptions(view, conditions);
   ReportGrid grid(view.grid,
                   {1200, 1200, 1200, 750, 1200, 1200, 500, 1350, 1350, 1350, 1350, 1350, 1350, 500, 1350}, 7);
   grid.addHeader({"日期", "资产编号", "业务单号", "凭证号", "摘要", "资产名称", "数量", "原值", "原值",
@@ -94,7 +94,7 @@ void BuildDeptTypeLedger(RunContext& run, const ReportConditions& conditions, Re
   grid.addHeader({"日期", "资产编号", "业务单号", "凭证号", "摘要", "资产名称", "数量", "借方", "贷方",
                   "余额", "借方", "贷方", "余额", "数量", "净值"});
   grid.mergeColumns({kAssetNumber, kCardNumber, kVoucherNumber, kAssetName});
-  const LedgerFilter filter{conditions.departments[1].code, conditions.types[2].code};
+  const LedgerFilter filter{conditions.department.code, conditions.type.code};
   Recordset cards = run.dbZKData.OpenRecordset(
       cardLinesQuery("select a.dInputDate,a.sAssetNum,a.sCardNum,a.sZWVoucherType,a.iOptType,"
                      "a.sAssetName, b.dblInputValue ,b.dblDeprT1",

@@ -16,7 +16,6 @@ namespace {
 
 using namespace layout;
 
-constexpr std::size_t kFolderKeyLength = 2;
 constexpr std::size_t kReportKeyLength = 3;
 constexpr int kKeyRole = Qt::UserRole;
 constexpr int kIconSize = 16;
@@ -28,8 +27,7 @@ std::vector<TreeRow> catalogueTree() {
     tree.push_back({std::string(folder.key), root, std::string(folder.name)});
   }
   for (const ReportKind& kind : reportKinds()) {
-    tree.push_back(
-        {std::string(kind.key), std::string(kind.key.substr(0, kFolderKeyLength)), std::string(kind.name)});
+    tree.push_back({std::string(kind.key), std::string(kind.folder()), std::string(kind.name)});
   }
   return tree;
 }
@@ -76,7 +74,7 @@ void FrmBB::TreeView1_NodeClick() {
 
 void FrmBB::listReports() {
   ListView1->clear();
-  for (const ReportKind& kind : reportsOf(std::string_view(currentKey_).substr(0, kFolderKeyLength))) {
+  for (const ReportKind& kind : reportsOf(currentKey_)) {
     auto* item = new QListWidgetItem(leafIcon(), toQt(kind.name), ListView1);
     item->setData(kKeyRole, toQt(kind.key));
   }

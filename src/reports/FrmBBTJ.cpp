@@ -35,15 +35,15 @@ FrmBBTJ::FrmBBTJ(FormHost& host, const ReportKind& kind, ReportView& view)
   dressControls();
   arrangePages();
   fillLists();
-  bringToFront(static_cast<std::size_t>(kind.page));
+  bringToFront(numberOf(kind.page));
   connectEvents();
 }
 
 void FrmBBTJ::fillLists() {
   for (QComboBox* list : Combo1) fill(list, chosen_.months);
-  for (QComboBox* list : Combo2) fill(list, std::array<std::string_view, 2>{"1", "2"});
-  fill(ComboBMJC, departmentLevels);
-  fill(ComboLBJC, typeLevels);
+  for (QComboBox* list : Combo2) fill(list, offeredLevels);
+  fill(ComboBMJC, offeredDepartmentLevels);
+  fill(ComboLBJC, offeredTypeLevels);
   Option1->setChecked(true);
   Option3.front()->setChecked(true);
 }
@@ -61,9 +61,9 @@ void FrmBBTJ::connectEvents() {
 
 /// The first pair alone is kept in order, whichever list was clicked.
 void FrmBBTJ::Combo2_Click() {
-  if (Combo2[0]->currentText() > Combo2[1]->currentText()) {
-    Combo2[0]->setCurrentIndex(Combo2[1]->currentIndex());
-  }
+  LevelRange departments{textOf(Combo2[0]), textOf(Combo2[1])};
+  departments.keepOrder();
+  Combo2[0]->setCurrentText(toQt(departments.from));
 }
 
 void FrmBBTJ::Option3_Click(std::size_t chosen) {
@@ -72,15 +72,15 @@ void FrmBBTJ::Option3_Click(std::size_t chosen) {
 }
 
 void FrmBBTJ::CmdCXBMMC_Click() {
-  pick(ArchiveKind::Departments, &ReportConditions::pickDepartment);
+  pick(ArchiveKind::Departments, chosen_.department);
 }
 
 void FrmBBTJ::CmdCXLBMC_Click() {
-  pick(ArchiveKind::AssetTypes, &ReportConditions::pickType);
+  pick(ArchiveKind::AssetTypes, chosen_.type);
 }
 
 /// Leaving the picker without a choice leaves the conditions too.
-void FrmBBTJ::pick(ArchiveKind archive, TakeChosen take) {
+void FrmBBTJ::pick(ArchiveKind archive, ChosenEntry& chosen) {
   const auto picked = pickFromArchive(host(), archive);
   if (!picked) {
     close();
@@ -88,19 +88,26 @@ void FrmBBTJ::pick(ArchiveKind archive, TakeChosen take) {
   }
   if (picked->name == "-1") return;
   const std::string behindBlank = picked->name.substr(picked->name.find(' ') + 1);
-  (chosen_.*take)({picked->assetTypeID, behindBlank});
+  chosen = {picked->assetTypeID, behindBlank};
   showChosen();
 }
 
+/// The labels of the pages of the revaluation and of the assets in service stay empty.
 void FrmBBTJ::showChosen() {
-  for (std::size_t i = 0; i < LblBMMC.size(); ++i) LblBMMC[i]->setText(toQt(chosen_.departments[i].name));
-  for (std::size_t i = 0; i < LblLBMC.size(); ++i) LblLBMC[i]->setText(toQt(chosen_.types[i].name));
+  for (QLabel* label : std::span(LblBMMC).subspan(1)) label->setText(toQt(chosen_.department.name));
+  for (QLabel* label : std::span(LblLBMC).subspan(2)) label->setText(toQt(chosen_.type.name));
 }
 
 ReportConditions FrmBBTJ::conditions() const {
   ReportConditions all = chosen_;
-  for (std::size_t i = 0; i < Combo1.size(); ++i) all.periods[i] = textOf(Combo1[i]);
-  for (std::size_t i = 0; i < Combo2.size(); ++i) all.levels[i] = textOf(Combo2[i]);
+  for (std::size_t page = 0; page < pageCount; ++page) {
+    const Lists periods = periodLists(page);
+    all.periods[static_cast<ConditionPage>(page)] = {textOf(periods.front()), textOf(periods.back())};
+    if (const auto levels = conditionPages[page].levels) {
+      const Lists lists = levelLists(page);
+      all.*levels = {textOf(lists.front()), textOf(lists.back())};
+    }
+  }
   all.compositionLevel = Option1->isChecked() ? CompositionLevel::First : CompositionLevel::Detail;
   if (Option3[1]->isChecked()) all.statisticsLayout = StatisticsLayout::ByDepartment;
   if (Option3[2]->isChecked()) all.statisticsLayout = StatisticsLayout::ByType;

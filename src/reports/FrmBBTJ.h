@@ -7,8 +7,11 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <span>
+#include <vector>
 
 #include "archives/ClsBLLAssentTypes.h"
+#include "reports/ConditionPages.h"
 #include "reports/ReportRun.h"
 #include "ui/Form.h"
 #include "ui/Layout.h"
@@ -23,8 +26,8 @@ class FrmBBTJ final : public Form {
   FrmBBTJ(FormHost& host, const ReportKind& kind, ReportView& view);
 
  private:
-  static constexpr std::size_t pageCount = 14;
-  using TakeChosen = void (ReportConditions::*)(const ChosenEntry&);
+  static constexpr std::size_t pageCount = conditionPages.size();
+  using Lists = std::span<QComboBox* const>;
 
   std::array<QWidget*, pageCount> Picture1 = makeArray<QWidget, pageCount>("Picture1");
   std::array<QComboBox*, 21> Combo1 = makeArray<QComboBox, 21>("Combo1");
@@ -54,21 +57,18 @@ class FrmBBTJ final : public Form {
   void dressControls();
   void connectEvents();
   void arrangePages();
-  void arrangePage(std::size_t page, const char* frameName, QLayout* conditions);
+  void arrangePage(std::size_t page, const std::vector<layout::Field>& asked);
+  std::vector<layout::Field> furtherFields(ConditionPage page);
   void bringToFront(std::size_t page);
-  layout::Field period(std::size_t list);
-  layout::Field periods(std::size_t from, const char* between);
-  layout::Field levels(const char* caption, std::size_t from, const char* between);
-  layout::Field type(std::size_t index);
-  layout::Field department(std::size_t index);
-  layout::Field cardNumber(const char* caption, std::size_t index);
+  Lists periodLists(std::size_t page) const;
+  Lists levelLists(std::size_t page) const;
 
   void Combo2_Click();
   void Option3_Click(std::size_t chosen);
   void CmdCXBMMC_Click();
   void CmdCXLBMC_Click();
   void CmdYes_Click();
-  void pick(ArchiveKind archive, TakeChosen take);
+  void pick(ArchiveKind archive, ChosenEntry& chosen);
   void showChosen();
   ReportConditions conditions() const;
   ReportOutcome compute();

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 #include <QBoxLayout>
 #include <QGroupBox>
 
@@ -10,90 +11,90 @@ namespace {
 
 using namespace layout;
 
-constexpr const char* kTo = "----";
 constexpr int kNameWidth = 150;
-
-QBoxLayout* pair(QComboBox* from, const char* between, QComboBox* to) {
-  if (*between == '\0') return row({wide(from), wide(to)});
-  return row({wide(from), new QLabel(between), wide(to)});
-}
-
-QBoxLayout* picked(QWidget* field, QPushButton* button) {
-  return row({wide(field), button});
-}
 
 Field choice(QWidget* button) {
   return {"", button};
 }
 
+Field choices(const char* caption, std::span<QComboBox* const> lists, const char* between) {
+  if (lists.size() == 1) return {caption, lists.front()};
+  if (*between == '\0') return {caption, row({wide(lists.front()), wide(lists.back())})};
+  return {caption, row({wide(lists.front()), new QLabel(between), wide(lists.back())})};
+}
+
+Field picked(const char* caption, QWidget* field, QPushButton* button) {
+  return {caption, row({wide(field), button})};
+}
+
 }  // namespace
 
-Field FrmBBTJ::period(std::size_t list) {
-  return {"期间：", Combo1[list]};
-}
-
-Field FrmBBTJ::periods(std::size_t from, const char* between) {
-  return {"期间：", pair(Combo1[from], between, Combo1[from + 1])};
-}
-
-Field FrmBBTJ::levels(const char* caption, std::size_t from, const char* between) {
-  return {caption, pair(Combo2[from], between, Combo2[from + 1])};
-}
-
-Field FrmBBTJ::type(std::size_t index) {
-  return {"类别名称：", picked(LblLBMC[index], CmdCXLBMC[index])};
-}
-
-Field FrmBBTJ::department(std::size_t index) {
-  return {"部门名称：", picked(LblBMMC[index], CmdCXBMMC[index])};
-}
-
-Field FrmBBTJ::cardNumber(const char* caption, std::size_t index) {
-  return {caption, picked(TxtZCBH[index], CmdZCBH[index])};
-}
-
 void FrmBBTJ::arrangePages() {
-  const struct {
-    const char* frame;
-    QLayout* conditions;
-  } pages[pageCount] = {
-      {"Frame21", fields({period(0), choice(Option1), choice(Option2)})},
-      {"Frame22", fields({period(1)})},
-      {"Frame1", fields({period(2), levels("汇总部门：", 0, kTo)})},
-      {"Frame2", fields({period(3),
-                         choice(Option3[0]),
-                         choice(Option3[1]),
-                         choice(Option3[2]),
-                         {"部门级次：", ComboBMJC},
-                         {"类别级次：", ComboLBJC}})},
-      {"Frame3", fields({periods(4, kTo)})},
-      {"Frame40", fields({periods(6, kTo), type(0)})},
-      {"Frame41", fields({period(8), department(0), {"汇总类别：", pair(Combo3[0], kTo, Combo3[1])}})},
-      {"Frame42", fields({period(9), type(1)})},
-      {"Frame43", fields({periods(10, kTo), type(2), department(1)})},
-      {"Frame44", fields({periods(12, kTo), type(3), department(2), cardNumber("资产编号从：", 0),
-                          cardNumber("至", 1), choice(Check1), choice(Check2)})},
-      {"Frame45", fields({periods(14, ""), type(4), department(3)})},
-      {"Frame5", fields({periods(16, ""), type(5)})},
-      {"Frame6", fields({period(18), department(4), levels("类别级次：", 2, "")})},
-      {"Frame7", fields({periods(19, ""), levels("汇总类别：", 4, "")})},
-  };
+  std::size_t type = 0;
+  std::size_t department = 0;
   for (std::size_t page = 0; page < pageCount; ++page) {
-    arrangePage(page, pages[page].frame, pages[page].conditions);
+    const PageConditions& asked = conditionPages[page];
+    std::vector<Field> list{choices("期间：", periodLists(page), asked.between)};
+    if (asked.type) {
+      list.push_back(picked("类别名称：", LblLBMC[type], CmdCXLBMC[type]));
+      ++type;
+    }
+    if (asked.department) {
+      list.push_back(picked("部门名称：", LblBMMC[department], CmdCXBMMC[department]));
+      ++department;
+    }
+    if (asked.levels) list.push_back(choices(asked.levelsCaption, levelLists(page), asked.between));
+    std::ranges::move(furtherFields(static_cast<ConditionPage>(page)), std::back_inserter(list));
+    arrangePage(page, list);
   }
 }
 
-void FrmBBTJ::arrangePage(std::size_t page, const char* frameName, QLayout* conditions) {
-  QLayout* body = column({wide(frame("", column({conditions, stretch()}), frameName)),
-                          row({stretch(), CmdYes[page], CmdCancel[page]})});
-  Picture1[page]->setLayout(body);
+/// One list or two: the lists are numbered page by page.
+FrmBBTJ::Lists FrmBBTJ::periodLists(std::size_t page) const {
+  const auto listsOf = [](const PageConditions& asked) -> std::size_t { return asked.range ? 2 : 1; };
+  std::size_t first = 0;
+  for (std::size_t before = 0; before < page; ++before) first += listsOf(conditionPages[before]);
+  return Lists(Combo1).subspan(first, listsOf(conditionPages[page]));
 }
 
-/// The dialog is as large as the kind of report has it, or larger where the texts need it.
+FrmBBTJ::Lists FrmBBTJ::levelLists(std::size_t page) const {
+  const auto asksForLevels = [](const PageConditions& asked) { return asked.levels != nullptr; };
+  const auto before = std::span(conditionPages).first(page);
+  return Lists(Combo2).subspan(2 * static_cast<std::size_t>(std::ranges::count_if(before, asksForLevels)), 2);
+}
+
+/// What no report reads but the options.
+std::vector<Field> FrmBBTJ::furtherFields(ConditionPage page) {
+  switch (page) {
+    case ConditionPage::Composition:
+      return {choice(Option1), choice(Option2)};
+    case ConditionPage::Statistics:
+      return {choice(Option3[0]),
+              choice(Option3[1]),
+              choice(Option3[2]),
+              {"部门级次：", ComboBMJC},
+              {"类别级次：", ComboLBJC}};
+    case ConditionPage::RevaluationSummary:
+      return {choices("汇总类别：", Combo3, conditionsOf(page).between)};
+    case ConditionPage::CardLedger:
+      return {picked("资产编号从：", TxtZCBH[0], CmdZCBH[0]), picked("至", TxtZCBH[1], CmdZCBH[1]),
+              choice(Check1), choice(Check2)};
+    default:
+      return {};
+  }
+}
+
+void FrmBBTJ::arrangePage(std::size_t page, const std::vector<Field>& asked) {
+  QWidget* conditions = frame("", column({fields(asked), stretch()}), conditionPages[page].frame);
+  Picture1[page]->setLayout(column({wide(conditions), row({stretch(), CmdYes[page], CmdCancel[page]})}));
+}
+
+/// The dialog is as large as the page has it, or larger where the texts need it.
 void FrmBBTJ::bringToFront(std::size_t page) {
   for (std::size_t i = 0; i < pageCount; ++i) Picture1[i]->setVisible(i == page);
   arrange(this, column({Picture1[page]}));
-  const QSize told(pixelsOf(kind_.width, *this), pixelsOf(kind_.height, *this));
+  const auto& [height, width] = conditionPages[page].size;
+  const QSize told(pixelsOf(width, *this), pixelsOf(height, *this));
   setFixedSize(told.expandedTo(sizeHint()));
   Picture1[page]->findChild<QComboBox*>()->setFocus();
 }

@@ -36,8 +36,8 @@ void setCaptions(const ReportConditions& conditions, ReportView& view) {
   view.title = "固定资产总账";
   view.periodCaption.clear();
   view.periodListVisible = false;
-  view.conditionLines[0].text = "资产类别：" + conditions.types[4].name;
-  view.conditionLines[1].text = "使用部门：" + conditions.departments[1].name;
+  view.conditionLines[0].text = "资产类别：" + conditions.type.name;
+  view.conditionLines[1].text = "使用部门：" + conditions.department.name;
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ void BuildGeneralLedger(RunContext& run, const ReportConditions& conditions, Rep
   grid.addHeader({"期间", "原值", "原值", "原值", "累计折旧", "累计折旧", "累计折旧", "净值"});
   grid.addHeader({"期间", "借方", "贷方", "余额", "借方", "贷方", "余额", "净值"});
   const Recordset sums =
-      run.dbZKData.OpenRecordset(sumQuery({conditions.departments[1].code, conditions.types[2].code}));
+      run.dbZKData.OpenRecordset(sumQuery({conditions.department.code, conditions.type.code}));
   const Value value = sums.Fields("yz");
   const Value depreciation = sums.Fields("ytzj");
   if (value.isNull() && depreciation.isNull()) return;

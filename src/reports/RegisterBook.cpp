@@ -56,7 +56,7 @@ void writeClosing(ReportGrid& grid) {
 
 void BuildRegisterBook(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "固定资产登记簿";
-  setLedgerCaptions(view, conditions, conditions.types[2], conditions.departments[1]);
+  setLedgerCaptions(view, conditions);
   ReportGrid grid(view.grid, {1200, 1200, 1200, 750, 1200, 1200, 1350, 1350, 1350, 1350, 500}, 6);
   grid.addHeader({"日期", "资产编号", "业务单号", "凭证号", "摘要", "资产名称", "使用部门", "原值", "原值",
                   "原值", "数量"});
@@ -68,7 +68,7 @@ void BuildRegisterBook(RunContext& run, const ReportConditions& conditions, Repo
   Recordset lines = run.dbZKData.OpenRecordset(
       cardLinesQuery("select a.dInputDate,a.sAssetNum,a.sCardNum,a.sZWVoucherType,a.iOptType,"
                      "a.sAssetName, b.dblInputValue ,b.dblDeprT1,a.sDeptNum",
-                     {conditions.departments[1].code, conditions.types[2].code}));
+                     {conditions.department.code, conditions.type.code}));
   for (; !lines.Eof(); lines.MoveNext()) writeCard(grid, cards, lines);
   writeClosing(grid);
 }

@@ -4,23 +4,26 @@
 #include <span>
 #include <string_view>
 
+#include "reports/ReportConditions.h"
+
 namespace zelkor {
 
 struct RunContext;
-struct ReportConditions;
 struct ReportView;
 
 /// What computes a report: reads the conditions, fills the view.
 using ReportRoutine = void (*)(RunContext& run, const ReportConditions& conditions, ReportView& view);
 
+inline constexpr std::size_t folderKeyLength = 2;
+
 /// A kind of report, told from the others by its name.
 struct ReportKind {
   std::string_view key;  // in the catalogue's tree: the folder's key and the report's number
   std::string_view name;
-  int page;             // of the condition dialog
-  int height;           // of the condition dialog, in twips
-  int width;            // likewise
+  ConditionPage page;
   ReportRoutine build;  // none for a kind that nothing computes
+
+  std::string_view folder() const { return key.substr(0, folderKeyLength); }
 };
 
 struct ReportFolder {
@@ -36,8 +39,8 @@ inline constexpr std::array<ReportFolder, 5> reportFolders{
 
 /// All kinds, folder by folder.
 std::span<const ReportKind> reportKinds();
-/// The kinds of a folder, by its key.
-std::span<const ReportKind> reportsOf(std::string_view folderKey);
+/// The kinds in the folder of that key, or in the folder of the report of that key.
+std::span<const ReportKind> reportsOf(std::string_view key);
 /// The kind of that name; none for another text, a folder's name among them.
 const ReportKind* findReport(std::string_view name);
 

@@ -1,36 +1,37 @@
 #include "reports/ReportConditions.h"
 
+#include <vector>
+
 #include "base/Format.h"
+#include "reports/ConditionPages.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
+
+void LevelRange::keepOrder() {
+  if (from > to) from = to;
+}
+
+std::string LevelRange::captioned(std::string_view caption) const {
+  return std::string(caption) + from + "---" + to;
+}
 
 ReportConditions::ReportConditions(int year) {
   for (std::size_t i = 0; i < months.size(); ++i) {
     months[i] = sql(year, ".", Format(static_cast<std::int32_t>(i + 1), "00"));
   }
-  periods.fill(months.front());
-  levels.fill("1");
+  for (std::size_t page = 0; page < conditionPages.size(); ++page) {
+    periods[static_cast<ConditionPage>(page)] = {months.front(), months.front()};
+  }
 }
 
-void ReportConditions::chooseLevel(std::size_t list, const std::string& level) {
-  levels[list] = level;
-  if (levels[0] > levels[1]) levels[0] = levels[1];
-}
-
-void ReportConditions::pickDepartment(const ChosenEntry& picked) {
-  for (std::size_t i = 1; i < departments.size(); ++i) departments[i] = picked;
-}
-
-void ReportConditions::pickType(const ChosenEntry& picked) {
-  types[2] = picked;
-  types[3] = picked;
-  types[4].name = picked.name;  // a caption only
-  types[5] = picked;
-}
-
-std::string ReportConditions::levelRange(std::string_view caption, std::size_t from, std::size_t to) const {
-  return std::string(caption) + levels[from] + "---" + levels[to];
+const std::string& periodInList(const ReportConditions& conditions, std::size_t list) {
+  std::vector<const std::string*> lists;
+  for (const auto& [page, periods] : conditions.periods) {
+    lists.push_back(&periods.from);
+    if (conditionsOf(page).range) lists.push_back(&periods.to);
+  }
+  return *lists.at(list);
 }
 
 }  // namespace zelkor

@@ -1,29 +1,22 @@
 #include "reports/ReportRun.h"
 
-#include <initializer_list>
-
+#include "reports/ConditionPages.h"
 #include "startup/Logs.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {
 
-constexpr int kStatusPage = 1;
-constexpr std::size_t kViewPeriods = 1;  // the list whose choice every view shows
 constexpr std::string_view kOverAgeReport = "逾龄资产统计表";
 
-std::string joined(std::initializer_list<std::string_view> pieces) {
-  std::string text;
-  for (const std::string_view piece : pieces) {
-    if (!text.empty()) text += ',';
-    text += piece;
-  }
-  return text;
+/// The period that every view shows, whatever its own page says.
+const std::string& shownPeriod(const ReportConditions& conditions) {
+  return conditions.periods.at(ConditionPage::SinglePeriod).from;
 }
 
 /// The box that stands in for the report of assets past their life.
 MessageBox overAgeBox(const ReportConditions& conditions) {
-  return {.text = sql("您已完成查询 [", kOverAgeReport, "]的操作。\r\r会计期间为：", conditions.periods[1]),
+  return {.text = sql("您已完成查询 [", kOverAgeReport, "]的操作。\r\r会计期间为：", shownPeriod(conditions)),
           .icon = Icon::Information,
           .title = "会计电算化考试专用"};
 }
@@ -42,31 +35,18 @@ void fillViewHeader(RunContext& run, const ReportConditions& conditions, ReportV
   if (account.Eof()) return;
   view.unitLine = "使用单位：" + account.TextOrEmpty("cUnitName");
   view.periods.insert(view.periods.end(), conditions.months.begin(), conditions.months.end());
-  view.selectedPeriod = positionOf(conditions.periods[kViewPeriods], conditions);
+  view.selectedPeriod = positionOf(shownPeriod(conditions), conditions);
 }
 
 std::optional<std::string> reportMemo(const ReportKind& kind, const ReportConditions& conditions) {
-  const std::string report = sql("固定资产：", kind.name);
-  const auto page = static_cast<std::size_t>(kind.page);
-  const std::string& period = conditions.periods[page];
-  switch (kind.page) {
-    case kStatusPage:
-      return kind.build ? std::optional(joined({report, period})) : std::nullopt;
-    case 2:
-    case 3:
-      return joined({report, period});
-    case 8:
-    case 10:
-      return joined({report, period, conditions.types[4].name, conditions.departments[3].name});
-    case 9:
-      return joined({report, period, conditions.types[3].name, conditions.departments[1].name});
-    case 11:
-      return joined({report, period, conditions.types[5].name});
-    case 12:
-      return joined({report, period, conditions.departments[4].name});
-    default:
-      return std::nullopt;
-  }
+  if (!kind.build || kind.page == ConditionPage::Composition) return std::nullopt;
+  // The list that bears the page's number. Beyond the fourth page it is one of another page.
+  const std::string& period = periodInList(conditions, numberOf(kind.page));
+  const PageConditions& asked = conditionsOf(kind.page);
+  std::string memo = sql("固定资产：", kind.name, ",", period);
+  if (asked.type) memo += "," + conditions.type.name;
+  if (asked.department) memo += "," + conditions.department.name;
+  return memo;
 }
 
 ReportOutcome runReport(RunContext& run, const ReportKind& kind, const ReportConditions& conditions,
@@ -77,7 +57,7 @@ ReportOutcome runReport(RunContext& run, const ReportKind& kind, const ReportCon
     kind.build(run, conditions, view);
     return ReportOutcome::Computed;
   }
-  if (kind.page == kStatusPage) run.dialogs.MsgBox(overAgeBox(conditions));
+  if (kind.name == kOverAgeReport) run.dialogs.MsgBox(overAgeBox(conditions));
   return ReportOutcome::NothingToShow;
 }
 

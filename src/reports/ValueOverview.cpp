@@ -15,8 +15,8 @@ constexpr int kAmountWidth = 1800;
 
 /// The departments of the chosen levels: the first alone, all, or all but the first.
 Recordset chosenDepartments(Database& data, const ReportConditions& conditions) {
-  if (conditions.levels[1] == "1") return firstLevelDepartments(data);
-  if (conditions.levels[1] == "2" && conditions.levels[0] == "1") {
+  if (conditions.departmentRange.to == "1") return firstLevelDepartments(data);
+  if (conditions.departmentRange.to == "2" && conditions.departmentRange.from == "1") {
     return data.OpenRecordset("select * from fa_Departments where  sNum<>'&' order by sNum");
   }
   return data.OpenRecordset(
@@ -86,7 +86,7 @@ void writeTotal(ReportGrid& grid, std::size_t columns) {
 
 void BuildValueOverview(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   view.title = "(固定资产原值)一览表";
-  view.conditionLines[0].text = conditions.levelRange("汇总部门：", 0, 1);
+  view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].text.clear();
   ReportGrid grid(view.grid, {3000, kAmountWidth, kAmountWidth, kAmountWidth}, 1);
   grid.addHeader({"部门名称", "合计", "合计", "合计"});

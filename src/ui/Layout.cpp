@@ -88,7 +88,7 @@ QBoxLayout* column(std::initializer_list<Item> items) {
   return filled(new QVBoxLayout, items);
 }
 
-QLayout* fields(std::initializer_list<Field> list, int columns) {
+QLayout* fields(const std::vector<Field>& list, int columns) {
   auto* grid = new QGridLayout;
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(kSpacing);

@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QGroupBox>
 #include <QString>
+#include <vector>
 
 class QGridLayout;
 class QTabWidget;
@@ -57,7 +58,7 @@ struct Field {
   const char* name = "";  // of the caption as a control, where it has one
 };
 /// Captions and fields below each other, aligned, in as many pairs of columns as asked for.
-QLayout* fields(std::initializer_list<Field> list, int columns = 1);
+QLayout* fields(const std::vector<Field>& list, int columns = 1);
 /// A caption before a field, which is its buddy.
 QBoxLayout* captioned(const char* caption, const Item& item);
 

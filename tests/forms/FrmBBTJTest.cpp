@@ -14,11 +14,11 @@ class FrmBBTJTest : public FormTest {
  protected:
   FrmBBTJ& open(const std::string& report) { return host.show<FrmBBTJ>(*findReport(report), view); }
   Lines memos() { return rows("select dDate,sOperater,mMemo from Fa_log"); }
-  static void confirm(const QWidget& form, int page) {
-    click(form, numbered("CmdYes", static_cast<std::size_t>(page)).c_str());
+  static void confirm(const QWidget& form, ConditionPage page) {
+    click(form, numbered("CmdYes", numberOf(page)).c_str());
   }
   /// Confirms a report that is computed, and looks at it.
-  static void lookAt(const QWidget& form, int page, const std::function<void(QWidget&)>& look) {
+  static void lookAt(const QWidget& form, ConditionPage page, const std::function<void(QWidget&)>& look) {
     inModalForm([&look](QWidget& shown) {
       look(shown);
       shown.close();
@@ -51,7 +51,7 @@ TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
     EXPECT_EQ(form.windowTitle().toStdString(), "条件 - [" + std::string(kind.name) + "]");
     for (std::size_t page = 0; page < conditionPages.size(); ++page) {
       const auto& panel = control<QWidget>(form, numbered("Picture1", page).c_str());
-      EXPECT_EQ(panel.isVisible(), page == static_cast<std::size_t>(kind.page)) << page;
+      EXPECT_EQ(panel.isVisible(), page == numberOf(kind.page)) << page;
       for (const char* button : {"CmdYes", "CmdCancel"}) {
         EXPECT_TRUE(panel.findChild<QWidget*>(numbered(button, page).c_str())) << button;
       }
@@ -97,7 +97,7 @@ TEST_F(FrmBBTJTest, readsConditionsOfOtherPages) {
   choose(ledger, "Combo19", "2020.08");
   pick(ledger, "CmdCXLBMC3", "动力设备");
   pick(ledger, "CmdCXBMMC2", "一车间");
-  lookAt(ledger, 9, [](QWidget& shown) {
+  lookAt(ledger, ConditionPage::CardLedger, [](QWidget& shown) {
     EXPECT_EQ(textOf(shown, "Label3"), "期间：2020.01 --- 2020.01");
     EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "资产类别：动力设备使用部门：一车间");
     EXPECT_FALSE(control<QWidget>(shown, "Combo1").isVisible());
@@ -105,17 +105,18 @@ TEST_F(FrmBBTJTest, readsConditionsOfOtherPages) {
   const FrmBBTJ& detail = open("固定资产折旧计算明细表");
   choose(detail, "Combo23", "2");
   pick(detail, "CmdCXBMMC6", "一车间");
-  lookAt(detail, 12, [](QWidget& shown) {
+  lookAt(detail, ConditionPage::DeprDetail, [](QWidget& shown) {
     EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "使用部门：一车间汇总类别1---2");
   });
   const FrmBBTJ& composition = open("部门构成分析表");
   EXPECT_TRUE(control<QAbstractButton>(composition, "Option1").isChecked());
   click(composition, "Option2");
-  lookAt(composition, 0, [](QWidget& shown) { EXPECT_EQ(textOf(shown, "Label11"), "类别级次：明细级"); });
+  lookAt(composition, ConditionPage::Composition,
+         [](QWidget& shown) { EXPECT_EQ(textOf(shown, "Label11"), "类别级次：明细级"); });
   const FrmBBTJ& statistics = open("固定资产统计表");
   choose(statistics, "ComboLBJC", "第 4 级");
   click(statistics, "Option32");
-  lookAt(statistics, 3, [](QWidget& shown) {
+  lookAt(statistics, ConditionPage::Statistics, [](QWidget& shown) {
     EXPECT_FALSE(control<QWidget>(shown, "Label11").isVisible());
     EXPECT_EQ(textOf(shown, "Label12"), "类别级次：第 4 级");
     EXPECT_TRUE(control<FlexGrid>(shown, "MSFlexGrid1").isColumnHidden(0));
@@ -168,7 +169,7 @@ TEST_F(FrmBBTJTest, computesNothingForSomeKinds) {
   choose(overAge, "Combo11", "2020.06");
   dialogs.expectOk("您已完成查询 [逾龄资产统计表]的操作。\r\r会计期间为：2020.06", Icon::Information,
                    "会计电算化考试专用");
-  confirm(overAge, 1);
+  confirm(overAge, ConditionPage::SinglePeriod);
   EXPECT_FALSE(overAge.isVisible());
   EXPECT_EQ(memos(), Lines{});
 }

@@ -64,7 +64,7 @@ TEST_F(ReportFiguresTest, ShowsWhatACardsValueHasGrownBy) {
 TEST_F(ReportFiguresTest, ListsAVersionOfNoKindWithoutADigest) {
   addCard("00001", "301", "021", 1000);
   execute("update fa_Cards set iOptType=null");
-  conditions.pickDepartment({"3", "生产部"});
+  conditions.department = {"3", "生产部"};
   EXPECT_EQ(lines("固定资产登记簿"),
             (Lines{"2020-1-1|A|00001|||车床|一车间|1000||1000|", "||||本期合计|||1000||1000|"}));
   EXPECT_EQ(lines("(部门、类别)明细账").front(), "2020-1-1|A|00001|||车床|1|1000||1000||250|250|1|750");

@@ -24,11 +24,11 @@ struct ReportCase {
 const Condition kNone = [](ReportConditions&) {};
 
 Condition inDepartment(const std::string& code, const std::string& name) {
-  return [=](ReportConditions& conditions) { conditions.pickDepartment({code, name}); };
+  return [=](ReportConditions& conditions) { conditions.department = {code, name}; };
 }
 
 Condition ofType(const std::string& code, const std::string& name) {
-  return [=](ReportConditions& conditions) { conditions.pickType({code, name}); };
+  return [=](ReportConditions& conditions) { conditions.type = {code, name}; };
 }
 
 Condition both(const Condition& one, const Condition& other) {
@@ -43,10 +43,7 @@ Condition inLayout(StatisticsLayout layout) {
 }
 
 Condition ofLevels(const std::string& from, const std::string& to) {
-  return [=](ReportConditions& conditions) {
-    conditions.levels[0] = from;
-    conditions.levels[1] = to;
-  };
+  return [=](ReportConditions& conditions) { conditions.departmentRange = {from, to}; };
 }
 
 std::vector<ReportCase> reportCases() {

@@ -1,3 +1,4 @@
+#include "reports/ConditionPages.h"
 #include "reports/ReportFixture.h"
 
 namespace zelkor::test {
@@ -9,9 +10,13 @@ class ReportRunTest : public ReportTest {
 };
 
 TEST_F(ReportRunTest, NotesWhatWasAsked) {
-  conditions.pickDepartment({"3", "生产部"});
-  conditions.pickType({"02", "机器设备"});
-  for (std::size_t i = 0; i < conditions.periods.size(); ++i) conditions.periods[i] = "p" + std::to_string(i);
+  conditions.department = {"3", "生产部"};
+  conditions.type = {"02", "机器设备"};
+  int list = 0;
+  for (auto& [page, periods] : conditions.periods) {
+    periods.from = "p" + std::to_string(list++);
+    if (conditionsOf(page).range) periods.to = "p" + std::to_string(list++);
+  }
   struct Case {
     const char* report;
     std::vector<std::string> memo;
@@ -54,7 +59,7 @@ TEST_F(ReportRunTest, KeepsTheViewWithoutTheAccountSetsRow) {
 
 TEST_F(ReportRunTest, AddsThePeriodsAgainToAViewThatIsStillThere) {
   ReportView view;
-  conditions.periods[1] = "2020.03";
+  conditions.periods[ConditionPage::SinglePeriod].from = "2020.03";
   fillViewHeader(context, conditions, view);
   fillViewHeader(context, conditions, view);
   EXPECT_EQ(view.periods.size(), 24u);

@@ -19,11 +19,12 @@ void showCatalogue(Stage& stage) {
 void showConditions(Stage& stage) {
   int shown = 0;  // pages so far, a bit each
   for (const ReportKind& kind : reportKinds()) {
-    if ((shown & 1 << kind.page) != 0) continue;
-    shown |= 1 << kind.page;
+    const std::size_t page = numberOf(kind.page);
+    if ((shown & 1 << page) != 0) continue;
+    shown |= 1 << page;
     ReportView view;
     auto& form = stage.open<FrmBBTJ>(kind, view);
-    stage.keep(form, "FrmBBTJ-" + std::to_string(kind.page));
+    stage.keep(form, "FrmBBTJ-" + std::to_string(page));
     form.close();
   }
 }

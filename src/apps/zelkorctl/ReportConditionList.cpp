@@ -16,10 +16,7 @@ namespace {
 class ConditionSetter {
  public:
   ConditionSetter(RunContext& run, const ReportKind& kind)
-      : run_(run),
-        kind_(kind),
-        page_(conditionPages[static_cast<std::size_t>(kind.page)]),
-        conditions_(run.gdOpDate.year()) {}
+      : run_(run), kind_(kind), asked_(conditionsOf(kind.page)), conditions_(run.gdOpDate.year()) {}
 
   void set(std::string_view key, const std::string& value) {
     for (const Setter& setter : setters()) {
@@ -36,7 +33,11 @@ class ConditionSetter {
     return list;
   }
 
-  const ReportConditions& conditions() const { return conditions_; }
+  ReportConditions conditions() const {
+    ReportConditions all = conditions_;
+    all.departmentRange.keepOrder();
+    return all;
+  }
 
  private:
   struct Setter {
@@ -46,14 +47,15 @@ class ConditionSetter {
   };
 
   std::vector<Setter> setters() const {
-    const bool statistics = kind_.page == statisticsPage;
+    const bool levels = asked_.levels != nullptr;
+    const bool statistics = kind_.page == ConditionPage::Statistics;
     return {{"period", true, &ConditionSetter::setPeriod},
-            {"period-to", page_.periodTo.has_value(), &ConditionSetter::setPeriodTo},
-            {"department", page_.department, &ConditionSetter::setDepartment},
-            {"category", page_.type, &ConditionSetter::setType},
-            {"from-level", page_.level.has_value(), &ConditionSetter::setFromLevel},
-            {"to-level", page_.level.has_value(), &ConditionSetter::setToLevel},
-            {"composition", kind_.page == compositionPage, &ConditionSetter::setComposition},
+            {"period-to", asked_.range, &ConditionSetter::setPeriodTo},
+            {"department", asked_.department, &ConditionSetter::setDepartment},
+            {"category", asked_.type, &ConditionSetter::setType},
+            {"from-level", levels, &ConditionSetter::setFromLevel},
+            {"to-level", levels, &ConditionSetter::setToLevel},
+            {"composition", kind_.page == ConditionPage::Composition, &ConditionSetter::setComposition},
             {"layout", statistics, &ConditionSetter::setLayout},
             {"department-level", statistics, &ConditionSetter::setDepartmentLevel},
             {"category-level", statistics, &ConditionSetter::setTypeLevel}};
@@ -68,20 +70,28 @@ class ConditionSetter {
     refuse("没有“" + value + "”，只有：" + list);
   }
 
+  template <typename Values>
+  static void setListed(std::string& condition, const Values& offered, const std::string& value) {
+    choose(offered, value);
+    condition = value;
+  }
+
   void setPeriod(const std::string& value) {
-    conditions_.periods[page_.period] = conditions_.months[choose(conditions_.months, value)];
+    setListed(conditions_.periods[kind_.page].from, conditions_.months, value);
   }
   void setPeriodTo(const std::string& value) {
-    conditions_.periods[*page_.periodTo] = conditions_.months[choose(conditions_.months, value)];
+    setListed(conditions_.periods[kind_.page].to, conditions_.months, value);
   }
   void setDepartment(const std::string& code) {
-    conditions_.pickDepartment({code, nameOf("fa_Departments", code, "部门")});
+    conditions_.department = {code, nameOf("fa_Departments", code, "部门")};
   }
-  void setType(const std::string& code) {
-    conditions_.pickType({code, nameOf("fa_AssetTypes", code, "类别")});
+  void setType(const std::string& code) { conditions_.type = {code, nameOf("fa_AssetTypes", code, "类别")}; }
+  void setFromLevel(const std::string& value) {
+    setListed((conditions_.*asked_.levels).from, offeredLevels, value);
   }
-  void setFromLevel(const std::string& value) { setLevel(*page_.level, value); }
-  void setToLevel(const std::string& value) { setLevel(*page_.level + 1, value); }
+  void setToLevel(const std::string& value) {
+    setListed((conditions_.*asked_.levels).to, offeredLevels, value);
+  }
   void setComposition(const std::string& value) {
     static constexpr std::string_view kNames[] = {"first", "detail"};
     conditions_.compositionLevel = static_cast<CompositionLevel>(choose(kNames, value));
@@ -91,17 +101,9 @@ class ConditionSetter {
     conditions_.statisticsLayout = static_cast<StatisticsLayout>(choose(kNames, value));
   }
   void setDepartmentLevel(const std::string& value) {
-    conditions_.departmentLevel = departmentLevels[choose(departmentLevels, value)];
+    setListed(conditions_.departmentLevel, offeredDepartmentLevels, value);
   }
-  void setTypeLevel(const std::string& value) {
-    conditions_.typeLevel = typeLevels[choose(typeLevels, value)];
-  }
-
-  void setLevel(std::size_t list, const std::string& value) {
-    static constexpr std::string_view kLevels[] = {"1", "2"};
-    choose(kLevels, value);
-    conditions_.chooseLevel(list, value);
-  }
+  void setTypeLevel(const std::string& value) { setListed(conditions_.typeLevel, offeredTypeLevels, value); }
 
   std::string nameOf(std::string_view table, const std::string& code, std::string_view what) {
     const Recordset entry =
@@ -112,17 +114,14 @@ class ConditionSetter {
 
   RunContext& run_;
   const ReportKind& kind_;
-  const ConditionPage& page_;
+  const PageConditions& asked_;
   ReportConditions conditions_;
 };
 
 }  // namespace
 
 ReportConditions readConditions(RunContext& run, const ReportKind& kind,
-                                std::vector<std::string> assignments) {
-  // The end of a range of levels first: its beginning cannot be set above it.
-  std::stable_partition(assignments.begin(), assignments.end(),
-                        [](const std::string& text) { return text.starts_with("to-level="); });
+                                const std::vector<std::string>& assignments) {
   ConditionSetter setter(run, kind);
   for (const std::string& assignment : assignments) {
     const std::size_t equals = assignment.find('=');

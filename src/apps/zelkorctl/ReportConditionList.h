@@ -19,6 +19,6 @@ class ConditionRefused : public std::runtime_error {
 
 /// Sets the conditions of "key=value" texts as a person would in the dialog. Raises ConditionRefused.
 ReportConditions readConditions(RunContext& run, const ReportKind& kind,
-                                std::vector<std::string> assignments);
+                                const std::vector<std::string>& assignments);
 
 }  // namespace zelkor

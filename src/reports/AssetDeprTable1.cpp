@@ -9,61 +9,65 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kColumns = 12;
-constexpr std::size_t kSubHeader = 1;
+constexpr std::string_view kAtStart = "年初数";
+constexpr std::string_view kAtEnd = "期末数";
 
-std::vector<std::string> subHeader() {
-  std::vector<std::string> captions(kColumns);
-  for (std::size_t column = 1; column < kColumns; ++column) {
-    captions[column] = column % 2 == 1 ? "年初数" : "期末数";
-  }
-  return captions;
-}
+// There are no data for the impairment.
+struct Columns : ReportColumns<Columns> {
+  Column type = add({"", 1800, Left, None, "资产类别"});
+  Column startValue = add({kAtStart, 1000, Center, None, "原值"});
+  Column endValue = add({kAtEnd, 1000, Center, Amount, "原值"});
+  Column startImpairment = add({kAtStart, 1000, Center, None, "累计计提减值准备"});
+  Column endImpairment = add({kAtEnd, 1000, Center, None, "累计计提减值准备"});
+  Column startReversal = add({kAtStart, 1000, Center, None, "累计转回减值准备"});
+  Column endReversal = add({kAtEnd, 1000, Center, None, "累计转回减值准备"});
+  Column startNetValue = add({kAtStart, 1000, Center, Amount, "可回收市值"});
+  Column endNetValue = add({kAtEnd, 1000, Center, Amount, "可回收市值"});
+  Column startDepreciation = add({kAtStart, 1000, Center, Amount, "累计折旧"});
+  Column endDepreciation = add({kAtEnd, 1000, Center, Amount, "累计折旧"});
+  Column monthDepreciation = add({kAtStart, 1000, Center, Amount, "本月折旧"});
+};
+constexpr Columns kColumns;
+
+using Grid = ReportGrid<Columns>;
 
 Value difference(const Value& from, const Value& what) {
   return from.isNull() || what.isNull() ? Value() : from.number() - what.number();
 }
 
 /// A category without assets has a row, too, with empty amounts.
-void writeType(ReportGrid& grid, Database& data, const Recordset& type) {
+void writeType(Grid& grid, Database& data, const Recordset& type) {
   const std::string code = type.Text("sNum");
   const std::size_t row = grid.addRow();
-  grid.put(row, 0, type.TextOrEmpty("sName") + "(" + code + ")");
+  grid.put(row, kColumns.type, type.TextOrEmpty("sName") + "(" + code + ")");
   const Recordset sums = data.OpenRecordset(
       sql("select sum(dblPeriodValue) as yzs,sum(dblMonthValue0) as yze,sum(dblPeriodDeprTotal) as zjs,",
           "sum(dblDeprT1) as zje,sum(dblDepr1) as zjc From fa_DeprTransactions", " where sCardNum in (",
           "select distinct sCardNum from fa_Cards where", " sTypeNum like '", code, "*')"));
-  grid.putAmount(row, 1, sums.Fields("yzs"));
-  grid.putAmount(row, 2, sums.Fields("yze"));
-  grid.putAmount(row, 7, difference(sums.Fields("yzs"), sums.Fields("zjs")));
-  grid.putAmount(row, 8, difference(sums.Fields("yze"), sums.Fields("zje")));
-  grid.putAmount(row, 9, sums.Fields("zjs"));
-  grid.putAmount(row, 10, sums.Fields("zje"));
-  grid.putAmount(row, 11, sums.Fields("zjc"));
+  grid.putAmount(row, kColumns.startValue, sums.Fields("yzs"));
+  grid.putAmount(row, kColumns.endValue, sums.Fields("yze"));
+  grid.putAmount(row, kColumns.startNetValue, difference(sums.Fields("yzs"), sums.Fields("zjs")));
+  grid.putAmount(row, kColumns.endNetValue, difference(sums.Fields("yze"), sums.Fields("zje")));
+  grid.putAmount(row, kColumns.startDepreciation, sums.Fields("zjs"));
+  grid.putAmount(row, kColumns.endDepreciation, sums.Fields("zje"));
+  grid.putAmount(row, kColumns.monthDepreciation, sums.Fields("zjc"));
 }
 
-/// The label goes into the first amount's cell in every pass, so that neither the label nor a sum is left
-/// there, but the last category's value. The sub-header counts as 0.
-void writeTotal(ReportGrid& grid) {
+/// The totals begin at the sub-header, which counts as 0. The first amount is no sum but the last category's
+/// value, and the row has no label.
+void writeTotal(Grid& grid) {
+  const std::size_t subHeader = grid.firstRow() - 1;
   const std::size_t total = grid.addRow();
-  for (std::size_t row = kSubHeader; row < total; ++row) {
-    grid.put(total, 1, "　合　计");
-    grid.put(total, 1, textOfDouble(grid.amount(total, 1) + grid.amount(row, 1)));
-    for (const std::size_t column : {2, 7, 8, 9, 10, 11}) grid.addToTotal(total, row, column);
-  }
+  for (std::size_t row = subHeader; row < total; ++row) grid.addToTotals(total, row);
+  grid.putNumber(total, kColumns.startValue, grid.amount(total - 1, kColumns.startValue));
 }
 
 }  // namespace
 
 void BuildAssetDeprTable1(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  view.title = "固定资产统计表";  // not its own
   view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].visible = false;
-  ReportGrid grid(view.grid, {1800, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000}, 1,
-                  Align::Center);
-  grid.addHeader({"资产类别", "原值", "原值", "累计计提减值准备", "累计计提减值准备", "累计转回减值准备",
-                  "累计转回减值准备", "可回收市值", "可回收市值", "累计折旧", "累计折旧", "本月折旧"});
-  grid.addHeader(subHeader());
+  Grid grid(view.grid, kColumns);
   Recordset types = firstLevelTypes(run.dbZKData);
   for (; !types.Eof(); types.MoveNext()) writeType(grid, run.dbZKData, types);
   writeTotal(grid);

@@ -9,6 +9,13 @@
 namespace zelkor {
 namespace {
 
+struct Columns : ReportColumns<Columns> {
+  Column way = add({"项目", 4000});
+  Column value = add({"原值", 1800, Right});
+  Column depreciation = add({"累计折旧", 1800, Right});
+};
+constexpr Columns kColumns;
+
 std::string labelOf(const std::string& id, const std::string& name) {
   if (id == "1") return "本年增加固定资产：";
   if (id == "2") return "本年减少固定资产：";
@@ -30,20 +37,18 @@ LedgerSums sumWay(Database& data, const std::string& id, const std::string& type
 }  // namespace
 
 void BuildAssetDeprTable2(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  view.title = "(部门)折旧计提汇总表";  // not its own
   view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].text.clear();
-  ReportGrid grid(view.grid, {4000, 1800, 1800}, 1);
-  grid.addHeader({"项目", "原值", "累计折旧"});
+  ReportGrid grid(view.grid, kColumns);
   Recordset ways = run.dbZKData.OpenRecordset("select * from fa_Origins where iType<>-1 order by sID");
   for (; !ways.Eof(); ways.MoveNext()) {
     const std::string id = ways.Text("sID");
     const std::size_t row = grid.addRow();
-    grid.put(row, 0, labelOf(id, ways.TextOrEmpty("sName")));
+    grid.put(row, kColumns.way, labelOf(id, ways.TextOrEmpty("sName")));
     const LedgerSums sums = sumWay(run.dbZKData, id, conditions.type.code);
     if (!sums.hasValue()) continue;
-    grid.putAmount(row, 1, sums.yz);
-    grid.putAmount(row, 2, sums.ytzj);
+    grid.putAmount(row, kColumns.value, sums.value);
+    grid.putAmount(row, kColumns.depreciation, sums.depreciation);
   }
 }
 

@@ -8,80 +8,100 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kFirstRow = 1;
 constexpr int kMonthsPerYear = 12;
 
-/// Column 0 holds departments, column 1 categories.
+struct Columns : ReportColumns<Columns> {
+  Column department = add({"部门名称", 1800});
+  Column type = add({"资产类别", 1800});
+  Column quantity = add({"数量", 600, Left, Number});
+  Column life = add({"使用年限", 1000});
+  Column unit = add({"计量单位", 1000});
+  Column value = add({"原值", 1000, Right, Amount});
+  Column depreciation = add({"累计折旧", 1000, Right, Amount});
+  Column netValue = add({"净值", 1000, Right, Amount});
+  Column newness = add({"新旧程度%", 1000, Right});
+  Column residual = add({"净残值", 1000, Right, Amount});
+  // Nothing is written into those that follow.
+  Column monthDepreciation = add({"本月折旧", 1000, Right});
+  Column totalWork = add({"工作总量", 1000, Right});
+  Column workDone = add({"累计用量", 1000, Right});
+  Column floorArea = add({"建筑面积", 1000, Right});
+  Column buildings = add({"建筑数", 1000, Right});
+  Column motors = add({"电机数", 1000, Right});
+  Column motorPower = add({"电机功率", 1000, Right});
+};
+constexpr Columns kColumns;
+
+using Grid = ReportGrid<Columns>;
+
 struct Layout {
-  std::vector<std::size_t> hiddenColumns;
+  std::vector<Columns::Column> hidden;
   bool departments;
   bool types;
-  std::size_t totalColumn;  // bears the total's label; rows with a text there feed the total
+  Columns::Column labelled;  // bears the total's label; rows with a text there feed the total
 };
 
 Layout layoutOf(StatisticsLayout layout) {
   switch (layout) {
     case StatisticsLayout::ByDepartment:
-      return {{1, 3, 4}, true, false, 0};
+      return {{kColumns.type, kColumns.life, kColumns.unit}, true, false, kColumns.department};
     case StatisticsLayout::ByType:
-      return {{0}, false, true, 1};
+      return {{kColumns.department}, false, true, kColumns.type};
     case StatisticsLayout::ByDepartmentAndType:
       break;
   }
-  return {{}, true, true, 0};
+  return {{}, true, true, kColumns.department};
 }
 
 /// A row with the figures of these assets; none when they are worth nothing.
-bool writeFigures(ReportGrid& grid, Database& data, const AssetSet& assets) {
+bool writeFigures(Grid& grid, Database& data, const AssetSet& assets) {
   const LedgerSums sums = sumLedger(data, assets);
   if (!sums.hasValue()) return false;
   const std::size_t row = grid.addRow();
-  grid.put(row, 2, countLedger(data, assets));
-  grid.putAmount(row, 5, sums.yz);
-  grid.putAmount(row, 6, sums.ytzj);
-  grid.putAmount(row, 7, sums.netValue());
-  grid.putAmount(row, 9, sums.jcz);
-  grid.putAmount(row, 8, sums.netValue().number() * 100 / sums.yz.number());
+  grid.put(row, kColumns.quantity, countLedger(data, assets));
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.putAmount(row, kColumns.depreciation, sums.depreciation);
+  grid.putAmount(row, kColumns.netValue, sums.netValue());
+  grid.putAmount(row, kColumns.residual, sums.residual);
+  grid.putAmount(row, kColumns.newness, sums.netValue().number() * 100 / sums.value.number());
   return true;
 }
 
-void writeTypes(ReportGrid& grid, Database& data, const std::string& department) {
+void writeTypes(Grid& grid, Database& data, const std::string& department) {
   Recordset types = firstLevelTypes(data);
   for (; !types.Eof(); types.MoveNext()) {
     const std::string type = types.Text("sNum");
     if (!writeFigures(grid, data, {department, type})) continue;
     const std::size_t row = grid.rows() - 1;
-    grid.put(row, 1, types.TextOrEmpty("sName"));
-    grid.put(row, 3, textOfDouble(types.Fields("iLife").numberOrZero() / kMonthsPerYear) + "年");
-    grid.put(row, 4, types.TextOrEmpty("sUnit"));
+    grid.put(row, kColumns.type, types.TextOrEmpty("sName"));
+    grid.put(row, kColumns.life, textOfDouble(types.Fields("iLife").numberOrZero() / kMonthsPerYear) + "年");
+    grid.put(row, kColumns.unit, types.TextOrEmpty("sUnit"));
   }
 }
 
-void writeDepartments(ReportGrid& grid, Database& data, bool withTypes) {
+void writeDepartments(Grid& grid, Database& data, bool withTypes) {
   Recordset departments = firstLevelDepartments(data);
   for (; !departments.Eof(); departments.MoveNext()) {
     const std::string code = departments.Text("sNum");
     if (writeFigures(grid, data, {code, {}})) {
-      grid.put(grid.rows() - 1, 0, departments.TextOrEmpty("sName"));
+      grid.put(grid.rows() - 1, kColumns.department, departments.TextOrEmpty("sName"));
     }
     if (withTypes) writeTypes(grid, data, code);
   }
 }
 
-void writeTotal(ReportGrid& grid, std::size_t labelColumn) {
+void writeTotal(Grid& grid, Columns::Column labelled) {
   const std::size_t total = grid.addRow();
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    grid.put(total, labelColumn, "　合　计");
-    if (grid.text(row, labelColumn).empty()) continue;
-    grid.addPlainToTotal(total, row, 2);
-    for (const std::size_t column : {5, 6, 7, 9}) grid.addToTotal(total, row, column);
+  for (std::size_t row = grid.firstRow(); row < total; ++row) {
+    grid.put(total, labelled, "　合　计");
+    if (!grid.text(row, labelled).empty()) grid.addToTotals(total, row);
   }
-  const double value = grid.amount(total, 5);
-  if (value != 0) grid.putAmount(total, 8, (value - grid.amount(total, 6)) * 100 / value);
+  const double value = grid.amount(total, kColumns.value);
+  const double netValue = value - grid.amount(total, kColumns.depreciation);
+  if (value != 0) grid.putAmount(total, kColumns.newness, netValue * 100 / value);
 }
 
 void setCaptions(const ReportConditions& conditions, ReportView& view) {
-  view.title = "固定资产统计表";
   view.conditionLines[0].text = "部门级次：" + conditions.departmentLevel;
   view.conditionLines[1].text = "类别级次：" + conditions.typeLevel;
   if (conditions.statisticsLayout == StatisticsLayout::ByDepartment) view.conditionLines[1].visible = false;
@@ -95,22 +115,15 @@ void setCaptions(const ReportConditions& conditions, ReportView& view) {
 
 void BuildAssetStatistics(RunContext& run, const ReportConditions& conditions, ReportView& view) {
   setCaptions(conditions, view);
-  ReportGrid grid(
-      view.grid,
-      {1800, 1800, 600, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000},
-      5);
-  grid.addHeader({"部门名称", "资产类别", "数量", "使用年限", "计量单位", "原值", "累计折旧", "净值",
-                  "新旧程度%", "净残值", "本月折旧", "工作总量", "累计用量", "建筑面积", "建筑数", "电机数",
-                  "电机功率"});
+  Grid grid(view.grid, kColumns);
   const Layout layout = layoutOf(conditions.statisticsLayout);
-  for (const std::size_t column : layout.hiddenColumns) view.grid.setColumnWidth(column, 0);
-  for (const std::size_t column : layout.hiddenColumns) view.grid.setColumnHidden(column, true);
+  for (const Columns::Column column : layout.hidden) grid.hide(column);
   if (layout.departments) {
     writeDepartments(grid, run.dbZKData, layout.types);
   } else {
     writeTypes(grid, run.dbZKData, "");
   }
-  writeTotal(grid, layout.totalColumn);
+  writeTotal(grid, layout.labelled);
 }
 
 }  // namespace zelkor

@@ -10,28 +10,32 @@
 namespace zelkor {
 namespace {
 
-// Columns
-constexpr std::size_t kDigest = 3;
-constexpr std::size_t kValueDebit = 4;
-constexpr std::size_t kValueBalance = 6;
-constexpr std::size_t kDeprCredit = 8;
-constexpr std::size_t kDeprBalance = 9;
-constexpr std::size_t kNet = 10;
+// The closing row repeats the last line: nothing is summed.
+struct Columns : ReportColumns<Columns> {
+  Column date = add({"日期", 1000});
+  Column documentNumber = add({"业务单号", 1000});
+  Column voucherNumber = add({"凭证号", 1000});
+  Column digest = add({"摘要", 1500});
+  Column valueDebit = add({"借方", 1200, Right, Last, "原值"});
+  Column valueCredit = add({"贷方", 1200, Right, None, "原值"});
+  Column valueBalance = add({"余额", 1000, Right, Last, "原值"});
+  Column deprDebit = add({"借方", 1200, Right, None, "累计折旧"});
+  Column deprCredit = add({"贷方", 1200, Right, Last, "累计折旧"});
+  Column deprBalance = add({"余额", 1000, Right, Last, "累计折旧"});
+  Column netValue = add({"净值", 1000, Right, Last});
+};
+constexpr Columns kColumns;
 
-constexpr std::size_t kFirstRow = 2;
+using Grid = ReportGrid<Columns>;
+
 constexpr int kValueIncrease = 4;  // the last kind of version that this ledger has a word for
 
-std::string cardQuery(const std::string& department, const std::string& type) {
-  std::string condition;
-  if (!department.empty() && type.empty()) condition = sql(" where sDeptNum like '", department, "*'");
-  if (department.empty() && !type.empty()) condition = sql(" where sTypeNum like '", type, "*'");
-  if (!department.empty() && !type.empty()) {
-    condition = sql(" where sTypeNum like '", type, "*' and sDeptNum like '", department, "*'");
-  }
+std::string cardQuery(const AssetSet& assets) {
+  const std::string condition = assetCondition(assets);
   return sql(
       "select distinct sCardNum,dblNetValueAct,dblvalue,dInputDate,iOptType,dblTransInDeprTCard from "
       "fa_cards",
-      condition, " order by sCardNum");
+      condition.empty() ? "" : " where ", condition, " order by sCardNum");
 }
 
 struct Line {
@@ -41,21 +45,21 @@ struct Line {
   double deprBalance = 0;
 };
 
-void writeLine(ReportGrid& grid, const Recordset& card, const Line& line) {
+void writeLine(Grid& grid, const Recordset& card, const Line& line) {
   const std::size_t row = grid.addRow();
   const int iOptType = kindOf(card);
-  grid.put(row, 0, card.TextOrEmpty("dInputDate"));
-  grid.put(row, 1, "00001");
-  if (iOptType <= kValueIncrease) grid.put(row, kDigest, std::string(digestOf(iOptType)));
-  if (line.valueDebit) grid.putNumber(row, kValueDebit, *line.valueDebit);
-  grid.putNumber(row, kValueBalance, line.valueBalance);
-  grid.putNumber(row, kDeprCredit, line.deprCredit);
-  grid.putNumber(row, kDeprBalance, line.deprBalance);
-  grid.putNumber(row, kNet, line.valueBalance - line.deprBalance);
+  grid.put(row, kColumns.date, card.TextOrEmpty("dInputDate"));
+  grid.put(row, kColumns.documentNumber, "00001");
+  if (iOptType <= kValueIncrease) grid.put(row, kColumns.digest, std::string(digestOf(iOptType)));
+  if (line.valueDebit) grid.putNumber(row, kColumns.valueDebit, *line.valueDebit);
+  grid.putNumber(row, kColumns.valueBalance, line.valueBalance);
+  grid.putNumber(row, kColumns.deprCredit, line.deprCredit);
+  grid.putNumber(row, kColumns.deprBalance, line.deprBalance);
+  grid.putNumber(row, kColumns.netValue, line.valueBalance - line.deprBalance);
 }
 
 /// The card as it was entered, what its value has grown by, its depreciation of the first month.
-void writeLines(ReportGrid& grid, Database& data, const Recordset& card) {
+void writeLines(Grid& grid, Database& data, const Recordset& card) {
   const double entered = card.Fields("dblNetValueAct").number();
   const double value = card.Fields("dblvalue").number();
   const double broughtIn = card.Fields("dblTransInDeprTCard").number();
@@ -67,31 +71,16 @@ void writeLines(ReportGrid& grid, Database& data, const Recordset& card) {
   writeLine(grid, card, {{}, value, ledger.Fields("dblDepr1").number(), ledger.Fields("dblDeprT1").number()});
 }
 
-/// Copies of the last line, not sums.
-void writeClosing(ReportGrid& grid) {
-  const std::size_t total = grid.addRow();
-  grid.put(total, kDigest, "本期合计");
-  for (const std::size_t column : {kValueDebit, kValueBalance, kDeprCredit, kDeprBalance, kNet}) {
-    grid.put(total, column, grid.text(total - 1, column));
-  }
-}
-
 }  // namespace
 
 /// Of all cards that meet the conditions the first alone.
 void BuildCardLedger(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  view.title = "(单个)固定资产明细账";
   setLedgerCaptions(view, conditions);
-  ReportGrid grid(view.grid, {1000, 1000, 1000, 1500, 1200, 1200, 1000, 1200, 1200, 1000, 1000}, 4);
-  grid.addHeader({"日期", "业务单号", "凭证号", "摘要", "原值", "原值", "原值", "累计折旧", "累计折旧",
-                  "累计折旧", "净值"});
-  grid.addHeader(
-      {"日期", "业务单号", "凭证号", "摘要", "借方", "贷方", "余额", "借方", "贷方", "余额", "净值"});
-  const Recordset card =
-      run.dbZKData.OpenRecordset(cardQuery(conditions.department.code, conditions.type.code));
+  Grid grid(view.grid, kColumns);
+  const Recordset card = run.dbZKData.OpenRecordset(cardQuery(chosenAssets(conditions)));
   if (card.Eof()) return;
   writeLines(grid, run.dbZKData, card);
-  writeClosing(grid);
+  grid.addTotalRow(kColumns.digest, "本期合计");
 }
 
 }  // namespace zelkor

@@ -13,22 +13,26 @@ void setLedgerCaptions(ReportView& view, const ReportConditions& conditions) {
   view.conditionLines[1].text = "使用部门：" + conditions.department.name;
 }
 
-std::string cardLinesQuery(std::string_view columns, const LedgerFilter& filter) {
-  const auto& [department, type] = filter;
-  if (department.empty() && type.empty()) {
+AssetSet chosenAssets(const ReportConditions& conditions) {
+  return {conditions.department.code, conditions.type.code};
+}
+
+std::string assetCondition(const AssetSet& assets) {
+  const auto& [department, type] = assets;
+  std::string condition;
+  if (!type.empty()) condition = sql("sTypeNum like '", type, "*'");
+  if (!condition.empty() && !department.empty()) condition += " and ";
+  if (!department.empty()) condition += sql("sDeptNum like '", department, "*'");
+  return condition;
+}
+
+std::string cardLinesQuery(std::string_view columns, const AssetSet& assets) {
+  const std::string condition = assetCondition(assets);
+  if (condition.empty()) {
     return sql(columns, " From fa_Cards a, fa_DeprTransactions b where a.iOptType<>6 and ",
                "iOptType<>7 and a.sCardNum=b.sCardNum ");
   }
-  if (type.empty()) {
-    return sql(columns, " From fa_Cards a, fa_DeprTransactions b where ",
-               "a.sCardNum=b.sCardNum and sDeptNum like '", department, "*'");
-  }
-  if (department.empty()) {
-    return sql(columns, " From fa_Cards a, fa_DeprTransactions b where ",
-               "a.sCardNum=b.sCardNum and sTypeNum like '", type, "*'");
-  }
-  return sql(columns, " From fa_Cards a, fa_DeprTransactions b where a.sCardNum=b.sCardNum and ",
-             "sTypeNum like '", type, "*' and sDeptNum like '", department, "*'");
+  return sql(columns, " From fa_Cards a, fa_DeprTransactions b where a.sCardNum=b.sCardNum and ", condition);
 }
 
 int kindOf(const Recordset& card) {
@@ -51,13 +55,6 @@ std::string_view digestOf(int iOptType) {
     default:
       return {};
   }
-}
-
-void writeCardHead(ReportGrid& grid, std::size_t row, const Recordset& card) {
-  grid.put(row, 0, card.TextOrEmpty("dInputDate"));
-  grid.put(row, 1, card.TextOrEmpty("sAssetNum"));
-  grid.put(row, 2, card.TextOrEmpty("sCardNum"));
-  grid.put(row, 3, card.TextOrEmpty("sZWVoucherType"));
 }
 
 }  // namespace zelkor

@@ -8,7 +8,17 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kFirstRow = 2;
+// Nothing is written below the captions of the last month.
+struct Columns : ReportColumns<Columns> {
+  Column type = add({"资产类别", 2000});
+  Column lastValue = add({"原值", 1600, Center, None, "上月计提"});
+  Column lastDepreciation = add({"折旧额", 1600, Center, None, "上月计提"});
+  Column lastIncrease = add({"增加", 1600, Center, None, "上月原值"});
+  Column lastDecrease = add({"减少", 1600, Center, None, "上月原值"});
+  Column value = add({"原值", 1600, Center, Amount, "本月计提"});
+  Column depreciation = add({"折旧额", 1600, Center, Amount, "本月计提"});
+};
+constexpr Columns kColumns;
 
 /// Only a card's version as it was entered selects the card, and only in the department itself, not in those
 /// below it.
@@ -21,7 +31,7 @@ LedgerSums sumType(Database& data, const std::string& type, const std::string& d
   return {sums.Fields("yz"), sums.Fields("ytzj"), {}};
 }
 
-void writeTypes(ReportGrid& grid, Database& data, const std::string& department) {
+void writeTypes(ReportGrid<Columns>& grid, Database& data, const std::string& department) {
   Recordset types = data.OpenRecordset(
       "select * from fa_AssetTypes"
       " where len(sNum)=2 and sNum<>'&' order by sNum");
@@ -29,31 +39,20 @@ void writeTypes(ReportGrid& grid, Database& data, const std::string& department)
     const LedgerSums sums = sumType(data, types.Text("sNum"), department);
     if (!sums.hasValue()) continue;
     const std::size_t row = grid.addRow();
-    grid.put(row, 0, types.TextOrEmpty("sName"));
-    grid.putAmount(row, 5, sums.yz);
-    grid.putAmount(row, 6, sums.ytzj);
-  }
-}
-
-void writeTotal(ReportGrid& grid) {
-  const std::size_t total = grid.addRow();
-  grid.put(total, 0, "　总计");
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    for (const std::size_t column : {5, 6}) grid.addToTotal(total, row, column);
+    grid.put(row, kColumns.type, types.TextOrEmpty("sName"));
+    grid.putAmount(row, kColumns.value, sums.value);
+    grid.putAmount(row, kColumns.depreciation, sums.depreciation);
   }
 }
 
 }  // namespace
 
 void BuildDeprDetail(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  view.title = "固定资产折旧计算明细表";
   view.conditionLines[0].text = "使用部门：" + conditions.department.name;
   view.conditionLines[1].text = conditions.typeRange.captioned("汇总类别");
-  ReportGrid grid(view.grid, {2000, 1600, 1600, 1600, 1600, 1600, 1600}, 1, Align::Center);
-  grid.addHeader({"资产类别", "上月计提", "上月计提", "上月原值", "上月原值", "本月计提", "本月计提"});
-  grid.addHeader({"资产类别", "原值", "折旧额", "增加", "减少", "原值", "折旧额"});
+  ReportGrid grid(view.grid, kColumns);
   writeTypes(grid, run.dbZKData, conditions.department.code);
-  writeTotal(grid);
+  grid.addTotalRow(kColumns.type, "　总计");
 }
 
 }  // namespace zelkor

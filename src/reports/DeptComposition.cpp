@@ -9,23 +9,34 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kFirstRow = 1;
+struct Columns : ReportColumns<Columns> {
+  Column department = add({"使用部门", 1800});
+  Column type = add({"资产类别", 1800});
+  Column quantity = add({"数量", 600, Left, Number});
+  Column unit = add({"计量单位", 1000});
+  Column value = add({"期末原值", 1600, Right, Amount});
+  Column shareOfDepartment = add({"占部门百分比%", 1600, Right});
+  Column shareOfAll = add({"占总值百分比%", 1600, Right});
+};
+constexpr Columns kColumns;
 
-/// The department's row, unless its assets are worth nothing; answers what they are worth.
-LedgerSums writeDepartment(ReportGrid& grid, Database& data, const Recordset& department) {
+using Grid = ReportGrid<Columns>;
+
+/// The department's row, unless its assets are worth nothing. Returns what they are worth.
+LedgerSums writeDepartment(Grid& grid, Database& data, const Recordset& department) {
   const AssetSet assets{.department = department.Text("sNum"), .type = {}};
   LedgerSums sums = sumLedger(data, assets);
   if (!sums.hasValue()) return sums;
   const std::size_t row = grid.addRow();
-  grid.put(row, 0, department.TextOrEmpty("sName"));
-  grid.putAmount(row, 4, sums.yz);
-  grid.put(row, 5, "100.00");
-  grid.put(row, 2, countLedger(data, assets));
+  grid.put(row, kColumns.department, department.TextOrEmpty("sName"));
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.put(row, kColumns.shareOfDepartment, "100.00");
+  grid.put(row, kColumns.quantity, countLedger(data, assets));
   return sums;
 }
 
 /// A share below one percent shows no digit before the point.
-void writeTypes(ReportGrid& grid, Database& data, const std::string& department, double departmentValue) {
+void writeTypes(Grid& grid, Database& data, const std::string& department, double departmentValue) {
   Recordset types = firstLevelTypes(data);
   for (; !types.Eof(); types.MoveNext()) {
     const std::string type = types.Text("sNum");
@@ -33,46 +44,45 @@ void writeTypes(ReportGrid& grid, Database& data, const std::string& department,
     const LedgerSums sums = sumLedger(data, assets);
     if (!sums.hasValue()) continue;
     const std::size_t row = grid.addRow();
-    grid.put(row, 1, types.TextOrEmpty("sName"));
-    grid.put(row, 3, types.TextOrEmpty("sUnit"));
-    grid.putAmount(row, 4, sums.yz);
-    grid.put(row, 5, Format(divide(sums.yz.number(), departmentValue) * 100, "#.00"));
-    grid.put(row, 2, countLedger(data, assets));
+    grid.put(row, kColumns.type, types.TextOrEmpty("sName"));
+    grid.put(row, kColumns.unit, types.TextOrEmpty("sUnit"));
+    grid.putAmount(row, kColumns.value, sums.value);
+    const double share = divide(sums.value.number(), departmentValue) * 100;
+    grid.put(row, kColumns.shareOfDepartment, Format(share, "#.00"));
+    grid.put(row, kColumns.quantity, countLedger(data, assets));
   }
 }
 
 /// Department rows alone feed the total.
-void writeTotal(ReportGrid& grid) {
+void writeTotal(Grid& grid) {
   const std::size_t total = grid.addRow();
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    grid.put(total, 0, "　合　计");
-    if (grid.text(row, 0).empty()) continue;
-    grid.addPlainToTotal(total, row, 2);
-    grid.addToTotal(total, row, 4);
-    grid.put(total, 5, "100.00");
-    grid.put(total, 6, "100.00");
+  for (std::size_t row = grid.firstRow(); row < total; ++row) {
+    grid.put(total, kColumns.department, "　合　计");
+    if (grid.text(row, kColumns.department).empty()) continue;
+    grid.addToTotals(total, row);
+    grid.put(total, kColumns.shareOfDepartment, "100.00");
+    grid.put(total, kColumns.shareOfAll, "100.00");
   }
 }
 
 }  // namespace
 
 void BuildDeptComposition(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  view.title = "部门构成分析表";
   view.conditionLines[0].text =
       conditions.compositionLevel == CompositionLevel::First ? "类别级次：第1级" : "类别级次：明细级";
-  ReportGrid grid(view.grid, {1800, 1800, 600, 1000, 1600, 1600, 1600}, 4);
-  grid.addHeader({"使用部门", "资产类别", "数量", "计量单位", "期末原值", "占部门百分比%", "占总值百分比%"});
+  Grid grid(view.grid, kColumns);
   double departmentValue = 0;
   Recordset departments = firstLevelDepartments(run.dbZKData);
   for (; !departments.Eof(); departments.MoveNext()) {
     const LedgerSums sums = writeDepartment(grid, run.dbZKData, departments);
-    if (sums.hasValue()) departmentValue = sums.yz.number();
+    if (sums.hasValue()) departmentValue = sums.value.number();
     writeTypes(grid, run.dbZKData, departments.Text("sNum"), departmentValue);
   }
   writeTotal(grid);
   const std::size_t total = grid.rows() - 1;
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    grid.putAmount(row, 6, divide(grid.amount(row, 4), grid.amount(total, 4)) * 100);
+  const double all = grid.amount(total, kColumns.value);
+  for (std::size_t row = grid.firstRow(); row < total; ++row) {
+    grid.putAmount(row, kColumns.shareOfAll, divide(grid.amount(row, kColumns.value), all) * 100);
   }
 }
 

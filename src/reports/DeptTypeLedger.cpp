@@ -8,101 +8,86 @@
 namespace zelkor {
 namespace {
 
-// Columns
-constexpr std::size_t kAssetNumber = 1;
-constexpr std::size_t kCardNumber = 2;
-constexpr std::size_t kVoucherNumber = 3;
-constexpr std::size_t kDigest = 4;
-constexpr std::size_t kAssetName = 5;
-constexpr std::size_t kValueDebit = 7;
-constexpr std::size_t kValueCredit = 8;
-constexpr std::size_t kValueBalance = 9;
-constexpr std::size_t kDeprDebit = 10;
-constexpr std::size_t kDeprCredit = 11;
-constexpr std::size_t kDeprBalance = 12;
-constexpr std::size_t kQuantityBalance = 13;
-constexpr std::size_t kNetBalance = 14;
+struct Columns : CardLineColumns<Columns> {
+  Column quantity = add({"数量", 500});
+  Column valueDebit = add({"借方", 1350, Right, Number, "原值"});
+  Column valueCredit = add({"贷方", 1350, Right, Number, "原值"});
+  Column valueBalance = add({"余额", 1350, Right, Last, "原值"});
+  Column deprDebit = add({"借方", 1350, Right, Number, "累计折旧"});
+  Column deprCredit = add({"贷方", 1350, Right, Number, "累计折旧"});
+  Column deprBalance = add({"余额", 1350, Right, Last, "累计折旧"});
+  Column quantityBalance = add({"数量", 500, Right, Last, "余额"});
+  Column netBalance = add({"净值", 1350, Right, Last, "余额"});
+};
+constexpr Columns kColumns;
 
-constexpr std::size_t kFirstRow = 2;
+using Grid = ReportGrid<Columns>;
 
-std::string voucherLinesQuery(const LedgerFilter& filter) {
+std::string voucherLinesQuery(const std::string& department) {
   constexpr std::string_view columns = "select doutbilldate,coutno_id,coutbillsign,md,mc from fa_ZWVouchers ";
-  if (filter.department.empty()) {
+  if (department.empty()) {
     return sql(columns, " where (cdept_id='' or cdept_id is null) and coutsysname='FA'");
   }
-  return sql(columns, " where (cdept_id like '", filter.department, "*') and coutsysname='FA'");
+  return sql(columns, " where (cdept_id like '", department, "*') and coutsysname='FA'");
 }
 
-void writeBalances(ReportGrid& grid, std::size_t row, double value, double depreciation, double quantity) {
-  const std::size_t above = row - 1;  // on the first line the header, which counts as 0
-  grid.putNumber(row, kValueBalance, grid.amount(above, kValueBalance) + value);
-  grid.putNumber(row, kDeprBalance, grid.amount(above, kDeprBalance) + depreciation);
-  grid.putNumber(row, kQuantityBalance, grid.amount(above, kQuantityBalance) + quantity);
-  grid.putNumber(row, kNetBalance, grid.amount(row, kValueBalance) - grid.amount(row, kDeprBalance));
+/// What a line adds to the balances of the line above.
+struct Changes {
+  double value = 0;
+  double depreciation = 0;
+  double quantity = 0;
+};
+
+/// The header above the first line counts as 0.
+void writeBalances(Grid& grid, std::size_t row, const Changes& changes) {
+  const auto carry = [&grid, row](Columns::Column balance, double change) {
+    grid.putNumber(row, balance, grid.amount(row - 1, balance) + change);
+    return grid.amount(row, balance);
+  };
+  const double value = carry(kColumns.valueBalance, changes.value);
+  const double depreciation = carry(kColumns.deprBalance, changes.depreciation);
+  carry(kColumns.quantityBalance, changes.quantity);
+  grid.putNumber(row, kColumns.netBalance, value - depreciation);
 }
 
-void writeCard(ReportGrid& grid, const Recordset& card) {
+void writeCard(Grid& grid, const Recordset& card) {
   const std::size_t row = grid.addRow();
-  writeCardHead(grid, row, card);
-  const std::string_view digest = digestOf(kindOf(card));
-  if (!digest.empty()) grid.put(row, kDigest, std::string(digest));
-  grid.put(row, kAssetName, card.TextOrEmpty("sAssetName"));
-  grid.put(row, 6, "1");
+  writeCardHead(grid, kColumns, row, card);
+  grid.put(row, kColumns.digest, std::string(digestOf(kindOf(card))));
+  grid.put(row, kColumns.quantity, "1");
   const double value = card.Fields("dblInputValue").number();
   const double depreciation = card.Fields("dblDeprT1").number();
-  grid.putNumber(row, kValueDebit, value);
-  grid.putNumber(row, kDeprCredit, depreciation);
-  writeBalances(grid, row, value, depreciation, 1);
+  grid.putNumber(row, kColumns.valueDebit, value);
+  grid.putNumber(row, kColumns.deprCredit, depreciation);
+  writeBalances(grid, row, {.value = value, .depreciation = depreciation, .quantity = 1});
 }
 
 /// A debit raises the balance of depreciation here and a credit lowers it, the other way round than a card.
-void writeVoucherLine(ReportGrid& grid, const Recordset& line) {
+void writeVoucherLine(Grid& grid, const Recordset& line) {
   const std::size_t row = grid.addRow();
   const double debit = line.Fields("md").number();
   const double credit = line.Fields("mc").number();
-  grid.put(row, 0, line.TextOrEmpty("doutbilldate"));
-  grid.put(row, 2, line.TextOrEmpty("coutno_id"));
-  grid.put(row, kDigest, line.TextOrEmpty("coutbillsign"));
-  grid.putNumber(row, kDeprDebit, debit);
-  grid.putNumber(row, kDeprCredit, credit);
-  writeBalances(grid, row, 0, debit - credit, 0);
-}
-
-void writeClosing(ReportGrid& grid) {
-  if (grid.rows() == kFirstRow) return;
-  const std::size_t total = grid.addRow();
-  grid.put(total, kDigest, "本期合计");
-  for (const std::size_t column : {kValueBalance, kDeprBalance, kQuantityBalance, kNetBalance}) {
-    grid.put(total, column, grid.text(total - 1, column));
-  }
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    for (const std::size_t column : {kValueDebit, kValueCredit, kDeprDebit, kDeprCredit}) {
-      grid.addPlainToTotal(total, row, column);
-    }
-  }
+  grid.put(row, kColumns.date, line.TextOrEmpty("doutbilldate"));
+  grid.put(row, kColumns.documentNumber, line.TextOrEmpty("coutno_id"));
+  grid.put(row, kColumns.digest, line.TextOrEmpty("coutbillsign"));
+  grid.putNumber(row, kColumns.deprDebit, debit);
+  grid.putNumber(row, kColumns.deprCredit, credit);
+  writeBalances(grid, row, {.depreciation = debit - credit});
 }
 
 }  // namespace
 
 void BuildDeptTypeLedger(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  view.title = "(部门、类别)明细账";
   setLedgerCaptions(view, conditions);
-  ReportGrid grid(view.grid,
-                  {1200, 1200, 1200, 750, 1200, 1200, 500, 1350, 1350, 1350, 1350, 1350, 1350, 500, 1350}, 7);
-  grid.addHeader({"日期", "资产编号", "业务单号", "凭证号", "摘要", "资产名称", "数量", "原值", "原值",
-                  "原值", "累计折旧", "累计折旧", "累计折旧", "余额", "余额"});
-  grid.addHeader({"日期", "资产编号", "业务单号", "凭证号", "摘要", "资产名称", "数量", "借方", "贷方",
-                  "余额", "借方", "贷方", "余额", "数量", "净值"});
-  grid.mergeColumns({kAssetNumber, kCardNumber, kVoucherNumber, kAssetName});
-  const LedgerFilter filter{conditions.department.code, conditions.type.code};
+  Grid grid(view.grid, kColumns);
   Recordset cards = run.dbZKData.OpenRecordset(
       cardLinesQuery("select a.dInputDate,a.sAssetNum,a.sCardNum,a.sZWVoucherType,a.iOptType,"
                      "a.sAssetName, b.dblInputValue ,b.dblDeprT1",
-                     filter));
+                     chosenAssets(conditions)));
   for (; !cards.Eof(); cards.MoveNext()) writeCard(grid, cards);
-  Recordset lines = run.dbZKData.OpenRecordset(voucherLinesQuery(filter));
+  Recordset lines = run.dbZKData.OpenRecordset(voucherLinesQuery(conditions.department.code));
   for (; !lines.Eof(); lines.MoveNext()) writeVoucherLine(grid, lines);
-  writeClosing(grid);
+  if (grid.rows() > grid.firstRow()) grid.addTotalRow(kColumns.digest, "本期合计");
 }
 
 }  // namespace zelkor

@@ -10,46 +10,45 @@
 namespace zelkor {
 namespace {
 
-std::string sumQuery(const LedgerFilter& filter) {
-  constexpr std::string_view sums = "select sum(dblInputValue) as yz,sum(dblDeprT1) as ytzj";
-  const auto& [department, type] = filter;
-  if (department.empty() && type.empty()) return sql(sums, " From fa_DeprTransactions");
-  const std::string ofCards =
-      sql(sums, " From fa_DeprTransactions where sCardNum in (select distinct sCardNum");
-  if (type.empty()) return sql(ofCards, " from fa_cards where sDeptNum like '", department, "*')");
-  if (department.empty()) return sql(ofCards, " from fa_cards where sTypeNum like '", type, "*')");
-  return sql(ofCards, " from fa_cards where sTypeNum like '", type, "*' and ", "sDeptNum like '", department,
-             "*')");
+struct Columns : ReportColumns<Columns> {
+  Column period = add({"期间", 750});
+  Column valueDebit = add({"借方", 1200, Right, None, "原值"});
+  Column valueCredit = add({"贷方", 1200, Right, None, "原值"});
+  Column valueBalance = add({"余额", 1200, Right, None, "原值"});
+  Column deprDebit = add({"借方", 1200, Right, None, "累计折旧"});
+  Column deprCredit = add({"贷方", 1200, Right, None, "累计折旧"});
+  Column deprBalance = add({"余额", 1200, Right, None, "累计折旧"});
+  Column netValue = add({"净值", 1200, Right});
+};
+constexpr Columns kColumns;
+
+std::string sumQuery(const AssetSet& assets) {
+  const std::string sums = "select sum(dblInputValue) as yz,sum(dblDeprT1) as ytzj From fa_DeprTransactions";
+  const std::string condition = assetCondition(assets);
+  if (condition.empty()) return sums;
+  return sql(sums, " where sCardNum in (select distinct sCardNum from fa_cards where ", condition, ")");
 }
 
 /// Without a value on one side alone the net value cannot be computed: error 13.
-void writeRow(ReportGrid& grid, const std::string& label, const std::string& value,
+void writeRow(ReportGrid<Columns>& grid, const std::string& label, const std::string& value,
               const std::string& depreciation) {
   const std::size_t row = grid.addRow();
-  grid.put(row, 0, label);
-  for (const std::size_t column : {1, 3}) grid.put(row, column, value);
-  for (const std::size_t column : {5, 6}) grid.put(row, column, depreciation);
-  grid.putNumber(row, 7, CDbl(value) - CDbl(depreciation));
-}
-
-void setCaptions(const ReportConditions& conditions, ReportView& view) {
-  view.title = "固定资产总账";
-  view.periodCaption.clear();
-  view.periodListVisible = false;
-  view.conditionLines[0].text = "资产类别：" + conditions.type.name;
-  view.conditionLines[1].text = "使用部门：" + conditions.department.name;
+  grid.put(row, kColumns.period, label);
+  grid.put(row, kColumns.valueDebit, value);
+  grid.put(row, kColumns.valueBalance, value);
+  grid.put(row, kColumns.deprCredit, depreciation);
+  grid.put(row, kColumns.deprBalance, depreciation);
+  grid.putNumber(row, kColumns.netValue, CDbl(value) - CDbl(depreciation));
 }
 
 }  // namespace
 
 /// The one period shown is the month of the run.
 void BuildGeneralLedger(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  setCaptions(conditions, view);
-  ReportGrid grid(view.grid, {750, 1200, 1200, 1200, 1200, 1200, 1200, 1200}, 1);
-  grid.addHeader({"期间", "原值", "原值", "原值", "累计折旧", "累计折旧", "累计折旧", "净值"});
-  grid.addHeader({"期间", "借方", "贷方", "余额", "借方", "贷方", "余额", "净值"});
-  const Recordset sums =
-      run.dbZKData.OpenRecordset(sumQuery({conditions.department.code, conditions.type.code}));
+  setLedgerCaptions(view, conditions);
+  view.periodCaption.clear();
+  ReportGrid grid(view.grid, kColumns);
+  const Recordset sums = run.dbZKData.OpenRecordset(sumQuery(chosenAssets(conditions)));
   const Value value = sums.Fields("yz");
   const Value depreciation = sums.Fields("ytzj");
   if (value.isNull() && depreciation.isNull()) return;

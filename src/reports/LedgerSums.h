@@ -9,8 +9,8 @@
 // What all value reports ask the ledger of depreciation, and the archives they walk.
 namespace zelkor {
 
-/// Which assets a sum covers: those of which any version stood under the department and the category. Codes
-/// take in what is below them; an empty one is no condition.
+/// The codes of a department and of a category, by which assets are chosen. A code takes in what is below it;
+/// an empty one is no condition.
 struct AssetSet {
   std::string department;
   std::string type;
@@ -18,15 +18,18 @@ struct AssetSet {
 
 /// Sums over the ledger's first month. Null without rows.
 struct LedgerSums {
-  Value yz;    // value
-  Value ytzj;  // accumulated depreciation
-  Value jcz;   // residual value
+  Value value;
+  Value depreciation;  // accumulated
+  Value residual;
 
   /// False for a sum over nothing, too.
-  bool hasValue() const { return !yz.isNull() && yz.number() > 0; }
-  Value netValue() const { return yz.isNull() || ytzj.isNull() ? Value() : yz.number() - ytzj.number(); }
+  bool hasValue() const { return !value.isNull() && value.number() > 0; }
+  Value netValue() const {
+    return value.isNull() || depreciation.isNull() ? Value() : value.number() - depreciation.number();
+  }
 };
 
+/// Over the assets of which any version stood under the department and the category, one of which is given.
 LedgerSums sumLedger(Database& data, const AssetSet& assets);
 /// Without the residual value.
 LedgerSums sumDepartment(Database& data, std::string_view department);

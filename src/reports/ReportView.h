@@ -16,7 +16,6 @@ struct ConditionLine {
 
 /// A report as it is looked at: caption lines and the grid. Exists only while it is open.
 struct ReportView {
-  std::string title;                            // the report's own, which nothing reads
   std::string unitLine = "Label1";              // Label1(0), as drawn until the account set's unit is known
   std::array<ConditionLine, 2> conditionLines;  // Label1(1), Label1(2)
   bool secondLineMovedUp = false;               // Label1(2) stands where Label1(1) is

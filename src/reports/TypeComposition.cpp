@@ -8,44 +8,43 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kFirstRow = 1;
+struct Columns : ReportColumns<Columns> {
+  Column type = add({"资产类别", 1800});
+  Column quantity = add({"数量", 1800, Left, Number});
+  Column unit = add({"计量单位", 1000});
+  Column value = add({"期末原值", 1600, Right, Amount});
+  Column shareOfType = add({"占类别百分比%", 1600, Right});
+  Column shareOfAll = add({"占总值百分比%", 1600, Right});
+};
+constexpr Columns kColumns;
 
-void writeType(ReportGrid& grid, Database& data, const Recordset& type) {
+using Grid = ReportGrid<Columns>;
+
+void writeType(Grid& grid, Database& data, const Recordset& type) {
   const AssetSet assets{.department = {}, .type = type.Text("sNum")};
   const LedgerSums sums = sumLedger(data, assets);
   if (!sums.hasValue()) return;
   const std::size_t row = grid.addRow();
-  grid.put(row, 0, type.TextOrEmpty("sName"));
-  grid.put(row, 1, countLedger(data, assets));
-  grid.put(row, 2, type.TextOrEmpty("sUnit"));
-  grid.putAmount(row, 3, sums.yz);
-  grid.put(row, 4, "100.00");
-}
-
-void writeTotal(ReportGrid& grid) {
-  const std::size_t total = grid.addRow();
-  grid.put(total, 0, "　合　计");
-  grid.put(total, 4, "100.00");
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    grid.addPlainToTotal(total, row, 1);
-    grid.addToTotal(total, row, 3);
-  }
+  grid.put(row, kColumns.type, type.TextOrEmpty("sName"));
+  grid.put(row, kColumns.quantity, countLedger(data, assets));
+  grid.put(row, kColumns.unit, type.TextOrEmpty("sUnit"));
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.put(row, kColumns.shareOfType, "100.00");
 }
 
 }  // namespace
 
 void BuildTypeComposition(RunContext& run, const ReportConditions& /*conditions*/, ReportView& view) {
-  view.title = "类别构成分析表";
   for (ConditionLine& line : view.conditionLines) line.visible = false;
-  ReportGrid grid(view.grid, {1800, 1800, 1000, 1600, 1600, 1600}, 3);
-  grid.addHeader({"资产类别", "数量", "计量单位", "期末原值", "占类别百分比%", "占总值百分比%"});
+  Grid grid(view.grid, kColumns);
   Recordset types = firstLevelTypes(run.dbZKData);
   for (; !types.Eof(); types.MoveNext()) writeType(grid, run.dbZKData, types);
-  writeTotal(grid);
+  const std::size_t total = grid.addTotalRow(kColumns.type, "　合　计");
+  grid.put(total, kColumns.shareOfType, "100.00");
   // Without any asset the total row divides 0 by 0, which ends the run.
-  const std::size_t total = grid.rows() - 1;
-  for (std::size_t row = kFirstRow; row <= total; ++row) {
-    grid.putAmount(row, 5, divide(grid.amount(row, 3), grid.amount(total, 3)) * 100);
+  const double all = grid.amount(total, kColumns.value);
+  for (std::size_t row = grid.firstRow(); row <= total; ++row) {
+    grid.putAmount(row, kColumns.shareOfAll, divide(grid.amount(row, kColumns.value), all) * 100);
   }
 }
 

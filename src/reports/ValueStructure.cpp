@@ -8,43 +8,51 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kFirstRow = 1;
+struct Columns : ReportColumns<Columns> {
+  Column type = add({"资产类别", 1800});
+  Column quantity = add({"数量", 1800, Left, Number});
+  Column unit = add({"计量单位", 1000});
+  Column value = add({"期末原值", 1600, Right, Amount});
+  Column depreciation = add({"期末累计折旧", 1600, Right, Amount});
+  Column netValue = add({"期末净值", 1600, Right, Amount});
+  // Its total adds up the shares of the rows; the one of net value is computed from the sums.
+  Column depreciationShare = add({"累计折旧占原值百分比%", 1600, Right, Amount});
+  Column netShare = add({"净残值率%", 1600, Right});
+};
+constexpr Columns kColumns;
 
-void writeType(ReportGrid& grid, Database& data, const Recordset& type) {
+using Grid = ReportGrid<Columns>;
+
+void writeType(Grid& grid, Database& data, const Recordset& type) {
   const AssetSet assets{.department = {}, .type = type.Text("sNum")};
   const LedgerSums sums = sumLedger(data, assets);
   if (!sums.hasValue()) return;
-  const double value = sums.yz.number();
+  const double value = sums.value.number();
   const std::size_t row = grid.addRow();
-  grid.put(row, 0, type.TextOrEmpty("sName"));
-  grid.put(row, 1, countLedger(data, assets));
-  grid.put(row, 2, type.TextOrEmpty("sUnit"));
-  grid.putAmount(row, 3, sums.yz);
-  grid.putAmount(row, 4, sums.ytzj);
-  grid.putAmount(row, 5, sums.netValue());
-  grid.putAmount(row, 6, sums.ytzj.number() / value * 100);
-  grid.putAmount(row, 7, sums.netValue().number() / value * 100);
+  grid.put(row, kColumns.type, type.TextOrEmpty("sName"));
+  grid.put(row, kColumns.quantity, countLedger(data, assets));
+  grid.put(row, kColumns.unit, type.TextOrEmpty("sUnit"));
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.putAmount(row, kColumns.depreciation, sums.depreciation);
+  grid.putAmount(row, kColumns.netValue, sums.netValue());
+  grid.putAmount(row, kColumns.depreciationShare, sums.depreciation.number() / value * 100);
+  grid.putAmount(row, kColumns.netShare, sums.netValue().number() / value * 100);
 }
 
-/// The share of depreciation is added up like the amounts; the one of net value is computed anew.
-void writeTotal(ReportGrid& grid) {
-  const std::size_t total = grid.addRow();
-  for (std::size_t row = kFirstRow; row < total; ++row) {
-    grid.put(total, 0, "　合　计");
-    grid.addPlainToTotal(total, row, 1);
-    for (const std::size_t column : {3, 4, 5, 6}) grid.addToTotal(total, row, column);
-    grid.putAmount(total, 7, divide(grid.amount(total, 5), grid.amount(total, 3)) * 100);
-  }
+/// Without any category the row is empty.
+void writeTotal(Grid& grid) {
+  const std::size_t total = grid.addTotalRow(kColumns.type, "");
+  if (total == grid.firstRow()) return;
+  grid.put(total, kColumns.type, "　合　计");
+  const double share = divide(grid.amount(total, kColumns.netValue), grid.amount(total, kColumns.value));
+  grid.putAmount(total, kColumns.netShare, share * 100);
 }
 
 }  // namespace
 
 void BuildValueStructure(RunContext& run, const ReportConditions& /*conditions*/, ReportView& view) {
-  view.title = "价值结构分析表";
   for (ConditionLine& line : view.conditionLines) line.visible = false;
-  ReportGrid grid(view.grid, {1800, 1800, 1000, 1600, 1600, 1600, 1600, 1600}, 3);
-  grid.addHeader({"资产类别", "数量", "计量单位", "期末原值", "期末累计折旧", "期末净值",
-                  "累计折旧占原值百分比%", "净残值率%"});
+  Grid grid(view.grid, kColumns);
   Recordset types = firstLevelTypes(run.dbZKData);
   for (; !types.Eof(); types.MoveNext()) writeType(grid, run.dbZKData, types);
   writeTotal(grid);

@@ -5,6 +5,7 @@
 
 #include "base/Csv.h"
 #include "base/GridSpans.h"
+#include "base/RuntimeError.h"
 #include "base/TextGridPrinter.h"
 
 namespace zelkor {
@@ -125,6 +126,10 @@ std::vector<std::string> captionLines(const ReportView& view) {
 
 bool isNumberCell(const TextGrid& grid, std::size_t row, std::size_t column) {
   return row >= grid.headerRows() && holdsNumbers(grid, column) && isPlainNumber(grid.text(row, column));
+}
+
+void cannotWrite(const std::filesystem::path& file, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
 }
 
 void writeText(std::ostream& out, const std::string& title, const ReportView& view) {

@@ -22,6 +22,9 @@ void writeText(std::ostream& out, const std::string& title, const ReportView& vi
 void writeCsv(std::ostream& out, const std::string& title, const ReportView& view);
 /// A whole page with the grid as a table.
 void writeHtml(std::ostream& out, const std::string& title, const ReportView& view);
+/// Raises error 57, a file that cannot be written.
+[[noreturn]] void cannotWrite(const std::filesystem::path& file, const std::string& reason);
+
 /// A workbook with numbers as numbers and the header rows frozen, written row by row. Raises
 /// error 57 when the file cannot be written; none is left then.
 void writeXlsx(const std::filesystem::path& file, const std::string& title, const ReportView& view);

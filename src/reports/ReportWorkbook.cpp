@@ -11,7 +11,6 @@
 
 #include "base/Conversion.h"
 #include "base/GridSpans.h"
-#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "reports/ReportExport.h"
 
@@ -193,7 +192,7 @@ class SheetWriter {
 [[noreturn]] void failed(const std::filesystem::path& file, const std::string& reason) {
   std::error_code ignored;
   std::filesystem::remove(file, ignored);
-  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
+  cannotWrite(file, reason);
 }
 
 }  // namespace

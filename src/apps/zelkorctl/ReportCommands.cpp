@@ -24,19 +24,15 @@ namespace fs = std::filesystem;
 
 constexpr int kWrongUsage = 2;
 
-[[noreturn]] void cannotWrite(const fs::path& file, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
-}
-
 /// A file beside the wanted one that takes its place when it is whole.
-class NewFile {
+class PartFile {
  public:
-  explicit NewFile(fs::path file) : file_(std::move(file)), part_(file_.string() + ".part") {
+  explicit PartFile(fs::path file) : file_(std::move(file)), part_(file_.string() + ".part") {
     if (!std::ofstream(part_, std::ios::binary)) cannotWrite(file_, std::strerror(errno));
   }
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile() {
+  PartFile(const PartFile&) = delete;
+  PartFile& operator=(const PartFile&) = delete;
+  ~PartFile() {
     std::error_code ignored;
     fs::remove(part_, ignored);
   }
@@ -80,7 +76,7 @@ void writePdf([[maybe_unused]] const fs::path& file, [[maybe_unused]] const std:
 
 void writeFile(const fs::path& file, const std::string& format, const std::string& title,
                const ReportView& view) {
-  NewFile written(file);
+  PartFile written(file);
   if (format == "xlsx") {
     writeXlsx(written.part(), title, view);
   } else if (format == "pdf") {

@@ -60,59 +60,48 @@ TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
   }
 }
 
-TEST_F(FrmBBTJTest, writesAMemoOfConditionsThatMayBeThoseOfAnotherPage) {
+TEST_F(FrmBBTJTest, givesTheReportWhatItsListsHold) {
   const struct {
     const char* report;
     const char* memo;
+    Lines captions;
   } cases[] = {
-      {"部门构成分析表", ""},
-      {"固定资产使用状况分析表", "固定资产：固定资产使用状况分析表,2020.02"},
-      {"(固定资产原值)一览表", "固定资产：(固定资产原值)一览表,2020.03"},
-      {"(部门、类别)明细账", "固定资产：(部门、类别)明细账,2020.11,动力设备,一车间"},
-      {"(单个)固定资产明细账", "固定资产：(单个)固定资产明细账,2020.10,动力设备,一车间"},
-      {"固定资产及累计折旧表(二)", "固定资产：固定资产及累计折旧表(二),2020.12,动力设备"},
-      {"固定资产折旧计算明细表", "固定资产：固定资产折旧计算明细表,2020.01,一车间"},
+      {"(固定资产原值)一览表", "2020.03", {"期间：", "汇总部门：1---2", ""}},
+      {"(单个)固定资产明细账",
+       "2020.10,动力设备,一车间",
+       {"期间：2020.11 --- 2020.12", "资产类别：动力设备", "使用部门：一车间"}},
+      {"固定资产及累计折旧表(二)", "2020.12,动力设备", {"期间：", "汇总部门：1---2", ""}},
+      {"固定资产折旧计算明细表", "2020.01,一车间", {"期间：", "使用部门：一车间", "汇总类别1---2"}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.report);
     execute("delete from Fa_log");
     const FrmBBTJ& form = open(c.report);
     spreadPeriods(form);
+    choose(form, "Combo21", "2");
+    choose(form, "Combo23", "2");
     pick(form, "CmdCXBMMC0", "一车间");
     pick(form, "CmdCXLBMC0", "动力设备");
-    lookAt(form, findReport(c.report)->page, [](QWidget& shown) {
+    lookAt(form, findReport(c.report)->page, [&c](QWidget& shown) {
       EXPECT_EQ(shown.objectName(), "FrmBBXS");
       EXPECT_EQ(textOf(shown, "Label10"), "使用单位：示例机械制造有限公司");
-      EXPECT_EQ(control<QComboBox>(shown, "Combo1").currentText(), "2020.02") << "page 1's list";
+      EXPECT_EQ(control<QComboBox>(shown, "Combo1").currentText(), "2020.02") << "the second list";
+      EXPECT_EQ((Lines{textOf(shown, "Label3"), textOf(shown, "Label11"), textOf(shown, "Label12")}),
+                c.captions);
     });
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(view.periods.empty()) << "closing the report has unloaded it";
-    EXPECT_EQ(memos(), *c.memo ? Lines{"2020-5-15|陈会计|" + std::string(c.memo)} : Lines{});
+    EXPECT_EQ(memos(), Lines{std::string("2020-5-15|陈会计|固定资产：") + c.report + "," + c.memo});
   }
 }
 
-TEST_F(FrmBBTJTest, readsConditionsOfOtherPages) {
-  const FrmBBTJ& ledger = open("(单个)固定资产明细账");
-  choose(ledger, "Combo112", "2020.07");
-  choose(ledger, "Combo19", "2020.08");
-  pick(ledger, "CmdCXLBMC3", "动力设备");
-  pick(ledger, "CmdCXBMMC2", "一车间");
-  lookAt(ledger, ConditionPage::CardLedger, [](QWidget& shown) {
-    EXPECT_EQ(textOf(shown, "Label3"), "期间：2020.01 --- 2020.01");
-    EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "资产类别：动力设备使用部门：一车间");
-    EXPECT_FALSE(control<QWidget>(shown, "Combo1").isVisible());
-  });
-  const FrmBBTJ& detail = open("固定资产折旧计算明细表");
-  choose(detail, "Combo23", "2");
-  pick(detail, "CmdCXBMMC6", "一车间");
-  lookAt(detail, ConditionPage::DeprDetail, [](QWidget& shown) {
-    EXPECT_EQ(textOf(shown, "Label11") + textOf(shown, "Label12"), "使用部门：一车间汇总类别1---2");
-  });
+TEST_F(FrmBBTJTest, givesTheReportWhatItsOptionsSay) {
   const FrmBBTJ& composition = open("部门构成分析表");
   EXPECT_TRUE(control<QAbstractButton>(composition, "Option1").isChecked());
   click(composition, "Option2");
   lookAt(composition, ConditionPage::Composition,
          [](QWidget& shown) { EXPECT_EQ(textOf(shown, "Label11"), "类别级次：明细级"); });
+  EXPECT_EQ(memos(), Lines{});
   const FrmBBTJ& statistics = open("固定资产统计表");
   choose(statistics, "ComboLBJC", "第 4 级");
   click(statistics, "Option32");
@@ -155,23 +144,17 @@ TEST_F(FrmBBTJTest, closesWithoutAReportHoweverItIsLeft) {
   EXPECT_EQ(view.periods.size(), 0u) << "the view was not touched";
 }
 
-TEST_F(FrmBBTJTest, computesNothingForSomeKinds) {
-  const char* kinds[] = {"盘盈盘亏报告表", "评估变动表", "评估汇总表", "役龄资产统计表",
-                         "固定资产折旧期间统计表"};
-  for (const char* kind : kinds) {
-    const FrmBBTJ& form = open(kind);
-    confirm(form, findReport(kind)->page);
-    EXPECT_FALSE(form.isVisible()) << kind;
-  }
-  EXPECT_EQ(memos(), Lines{});
-  EXPECT_EQ(view.periods.size(), 60u) << "the view stays loaded with what each of them wrote";
+TEST_F(FrmBBTJTest, closesAtOnceWhereNothingIsComputed) {
+  const FrmBBTJ& inventory = open("盘盈盘亏报告表");
+  confirm(inventory, ConditionPage::Inventory);
+  EXPECT_FALSE(inventory.isVisible());
+  EXPECT_EQ(view.periods.size(), 12u) << "the view stays loaded with what was written into it";
   const FrmBBTJ& overAge = open("逾龄资产统计表");
   choose(overAge, "Combo11", "2020.06");
   dialogs.expectOk("您已完成查询 [逾龄资产统计表]的操作。\r\r会计期间为：2020.06", Icon::Information,
                    "会计电算化考试专用");
   confirm(overAge, ConditionPage::SinglePeriod);
   EXPECT_FALSE(overAge.isVisible());
-  EXPECT_EQ(memos(), Lines{});
 }
 
 TEST_F(FrmBBTJTest, keepsOnlyTheFirstPairOfLevelsInOrder) {

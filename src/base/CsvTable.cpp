@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/Csv.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 
@@ -13,46 +12,58 @@ namespace {
   throw RuntimeError(ErrorNumber::DataTypeConversion, reason);
 }
 
-/// The place of each caption in the header row.
-std::vector<std::size_t> placesOf(std::span<const std::string_view> captions,
-                                  const std::vector<std::string>& header) {
-  std::vector<std::size_t> places;
-  for (const std::string_view caption : captions) {
-    const auto isIt = [caption](const std::string& cell) { return Trim(cell) == caption; };
-    const auto count = std::ranges::count_if(header, isIt);
-    if (count != 1) {
-      refuse("表头中列“" + std::string(caption) + (count == 0 ? "”缺少" : "”出现了不止一次"));
-    }
-    places.push_back(static_cast<std::size_t>(std::ranges::find_if(header, isIt) - header.begin()));
-  }
-  return places;
-}
-
-CsvTableRow readRow(const CsvRecord& record, std::span<const std::size_t> places, std::size_t width) {
-  if (record.fields.size() != width) {
-    refuse("第" + std::to_string(record.line) + "行有" + std::to_string(record.fields.size()) + "列，表头有" +
-           std::to_string(width) + "列");
-  }
-  CsvTableRow row{record.line, {}};
-  for (const std::size_t place : places) row.cells.push_back(Trim(record.fields[place]));
-  return row;
+/// The place of a caption in the header row; nothing where it is not there.
+std::optional<std::size_t> placeOf(std::string_view caption, const std::vector<std::string>& header) {
+  const auto isIt = [caption](const std::string& cell) { return Trim(cell) == caption; };
+  const auto place = std::ranges::find_if(header, isIt);
+  if (place == header.end()) return std::nullopt;
+  if (std::ranges::count_if(header, isIt) > 1) refuse("表头中列“" + std::string(caption) + "”出现了不止一次");
+  return static_cast<std::size_t>(place - header.begin());
 }
 
 }  // namespace
 
-std::vector<CsvTableRow> readCsvTable(const std::string& csv, std::span<const std::string_view> captions) {
-  requireUtf8(csv);
-  try {
-    CsvReader reader(csv);
-    const auto header = reader.next();
-    if (!header) refuse("文件是空的：没有表头");
-    const std::vector<std::size_t> places = placesOf(captions, header->fields);
-    std::vector<CsvTableRow> rows;
-    while (const auto record = reader.next()) rows.push_back(readRow(*record, places, header->fields.size()));
-    return rows;
-  } catch (const CsvError& error) {
-    refuse(error.what());
+CsvTable::CsvTable(std::string_view csv, std::span<const std::string_view> captions,
+                   std::span<const std::string_view> optional) try
+    : reader_((requireUtf8(csv), std::string(csv))) {
+  const auto header = reader_.next();
+  if (!header) refuse("文件是空的：没有表头");
+  width_ = header->fields.size();
+  for (const std::string_view caption : captions) {
+    places_.push_back(placeOf(caption, header->fields));
+    if (!places_.back() && std::ranges::find(optional, caption) == optional.end()) {
+      refuse("表头中列“" + std::string(caption) + "”缺少");
+    }
   }
+} catch (const CsvError& error) {
+  refuse(error.what());
+}
+
+std::optional<CsvTableRow> CsvTable::next() try {
+  const auto record = reader_.next();
+  if (!record) return std::nullopt;
+  if (record->fields.size() != width_) {
+    throw CsvRowError(record->line, "有" + std::to_string(record->fields.size()) + "列，表头有" +
+                                        std::to_string(width_) + "列");
+  }
+  CsvTableRow row{record->line, {}};
+  for (const auto& place : places_) row.cells.push_back(place ? Trim(record->fields[*place]) : std::string());
+  return row;
+} catch (const CsvError& error) {
+  throw CsvRowError(0, error.what());
+}
+
+std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std::string_view> captions) try {
+  CsvTable table(csv, captions);
+  std::vector<CsvTableRow> rows;
+  while (auto row = table.next()) rows.push_back(std::move(*row));
+  return rows;
+} catch (const CsvRowError& error) {
+  refuse((error.line() > 0 ? "第" + std::to_string(error.line()) + "行" : "") + error.what());
+}
+
+std::string csvCellText(std::size_t line, std::string_view column, const std::string& text) {
+  return "第" + std::to_string(line) + "行，列“" + std::string(column) + "”：" + text;
 }
 
 void requireUtf8(std::string_view csv) {

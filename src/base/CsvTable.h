@@ -1,10 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/Csv.h"
 
 namespace zelkor {
 
@@ -15,9 +19,40 @@ struct CsvTableRow {
   std::vector<std::string> cells;
 };
 
-/// All rows of a CSV file in UTF-8 whose header names the columns, in any order; others are not read. Error
-/// 3421 tells what is wrong with the text, its header or the width of a row.
-std::vector<CsvTableRow> readCsvTable(const std::string& csv, std::span<const std::string_view> captions);
+/// A row that is none of its table: of another width than the header, or with quotes that are wrong.
+class CsvRowError : public std::runtime_error {
+ public:
+  CsvRowError(std::size_t line, const std::string& reason) : std::runtime_error(reason), line_(line) {}
+  /// The row's line; 0 where the text names the place itself.
+  std::size_t line() const { return line_; }
+
+ private:
+  std::size_t line_;
+};
+
+/// A CSV file in UTF-8 that is read row by row. Its header names the columns, in any order; others are not
+/// read.
+class CsvTable {
+ public:
+  /// Error 3421 for a text that is not UTF-8 or has no header, and for a caption that is missing or repeated.
+  /// The cells of an optional column that is missing are empty.
+  CsvTable(std::string_view csv, std::span<const std::string_view> captions,
+           std::span<const std::string_view> optional = {});
+
+  /// The next row; nothing at the end. Raises CsvRowError; reading may go on then.
+  std::optional<CsvTableRow> next();
+
+ private:
+  CsvReader reader_;
+  std::size_t width_ = 0;
+  std::vector<std::optional<std::size_t>> places_;  // of the captions in the header
+};
+
+/// All rows of such a file. Error 3421 for a row that is none of the table, too.
+std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std::string_view> captions);
+
+/// What is to be said of one cell, with its place.
+std::string csvCellText(std::size_t line, std::string_view column, const std::string& text);
 
 /// Error 3421 with the line when the text is not UTF-8.
 void requireUtf8(std::string_view csv);

@@ -2,11 +2,9 @@
 
 #include <memory>
 
-#include "apps/ProgramRun.h"
+#include "apps/CallFixture.h"
 #include "support/AccountSetCopy.h"
 #include "support/jet/JetTables.h"
-#include "support/Paths.h"
-#include "support/Support.h"
 #include "transfer/EngineSource.h"
 #include "transfer/Transfer.h"
 
@@ -18,28 +16,21 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class ImportCommandTest : public testing::TestWithParam<JetVersion> {
+class ImportCommandTest : public CallTest, public testing::WithParamInterface<JetVersion> {
  protected:
-  ProgramResult ctl(const std::vector<std::string>& call) {
-    return ProgramRun(test::zelkorctlProgram(), call, home_.path()).finish();
-  }
-  std::string file(const std::string& set, const std::string& name = "ZkData.Mdb") const {
-    return home_ / (set + "/" + name);
-  }
   ProgramResult work(const std::string& set, std::vector<std::string> call) {
-    call.insert(call.begin() + (call[0] == "cards" ? 2 : 1),
-                file(set) + ",陈会计,2020-01-31,8," + file(set, "ZkSystem.Mdb") + ",001");
+    call.insert(call.begin() + (call[0] == "cards" ? 2 : 1), arguments("8", set));
     call.insert(call.end(), {"--today", "2020-01-31"});
     return ctl(call);
   }
   void createWithCards(const std::string& set) {
-    ASSERT_EQ(ctl({"create", home_ / set, "--sample", "--year", "2020", "--month", "1"}).status, 0);
+    create(set);
     ASSERT_EQ(work(set, {"cards", "import", (test::dataFolder() / "sample-register.csv").string()}).status,
               0);
   }
   /// Brings both files of a set to another one by way of Jet files.
   void bringOver(const std::string& from, const std::string& to, const std::vector<std::string>& more) {
-    std::filesystem::create_directory(home_ / to);
+    std::filesystem::create_directory(home / to);
     for (const char* name : accountSetFiles) {
       JetFileWriter writer(jet_, GetParam());
       writeTables(*openSource(file(from, name)), writer);
@@ -52,8 +43,7 @@ class ImportCommandTest : public testing::TestWithParam<JetVersion> {
     }
   }
 
-  TempDir home_;
-  std::string jet_ = home_ / "Old.mdb";
+  std::string jet_ = home / "Old.mdb";
 };
 
 TEST_P(ImportCommandTest, AnAccountSetWorksOnAsTheOneThatItCameFrom) {
@@ -84,7 +74,7 @@ TEST_P(ImportCommandTest, PrintsWhatBecameOfTheTablesAndWhatTheFileLacks) {
   writer.link("out", "other.mdb", "in");
   writer.query("q");
   writer.close();
-  const ProgramResult result = ctl({"import", jet_, home_ / "New.Mdb", "--check", "--charset", "GBK"});
+  const ProgramResult result = ctl({"import", jet_, home / "New.Mdb", "--check", "--charset", "GBK"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.output,
               AllOf(HasSubstr("fa_Status：读出 2 行，存入 2 行\n"), HasSubstr("表 out：是链接表"),
@@ -103,11 +93,11 @@ TEST_P(ImportCommandTest, LeavesNothingOfAFileThatIsCutOff) {
   for (int i = 0; i < 500; ++i) table.add({std::string(90, 'x')});
   writer.close();
   std::filesystem::resize_file(jet_, std::filesystem::file_size(jet_) / 2);
-  const ProgramResult result = ctl({"import", jet_, home_ / "New.Mdb"});
+  const ProgramResult result = ctl({"import", jet_, home / "New.Mdb"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.output, IsEmpty());
   EXPECT_THAT(result.errors, AllOf(HasSubstr("错误 3343：Jet 文件 '"), HasSubstr("不完整或已损坏")));
-  EXPECT_FALSE(std::filesystem::exists(home_ / "New.Mdb"));
+  EXPECT_FALSE(std::filesystem::exists(home / "New.Mdb"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, ImportCommandTest, testing::Values(JetVersion::Jet3, JetVersion::Jet4));

@@ -3,13 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "apps/ProgramRun.h"
+#include "apps/CallFixture.h"
 #include "store/accountset/DataFile.h"
 #include "store/catalogue/Catalogue.h"
 #include "store/engine/ColumnValue.h"
 #include "support/AccountSetCopy.h"
-#include "support/Paths.h"
-#include "support/Support.h"
 
 // The month of the sample register by the administrator's tool, in files and on a server: the same rows.
 namespace zelkor::test {
@@ -37,33 +35,27 @@ std::vector<std::string> dumpOf(Engine& engine, const dialect::TableInfo& table)
   return rows;
 }
 
-class ServerMonthTest : public testing::Test {
+class ServerMonthTest : public CallTest {
  protected:
   void SetUp() override {
     if (!onServer()) GTEST_SKIP() << "needs a server";
   }
 
-  void ctl(const std::vector<std::string>& arguments) {
-    const ProgramResult result = ProgramRun(test::zelkorctlProgram(), arguments, home_.path()).finish();
-    ASSERT_EQ(result.status, 0) << result.output << result.errors;
-    outputs_ += result.output;
-  }
   /// Gives what the import and the run have printed.
-  std::string runMonth(const std::string& set, const std::vector<std::string>& where) {
-    const std::string directory = home_ / set;
-    const std::string run = directory + "/ZkData.Mdb,demo,2020-01-31,8," + directory + "/ZkSystem.Mdb,001";
-    std::vector<std::string> create{"create", directory, "--sample", "--year", "2020", "--month", "1"};
-    create.insert(create.end(), where.begin(), where.end());
-    ctl(create);
-    outputs_.clear();
-    ctl({"cards", "import", run, (test::dataFolder() / "sample-register.csv").string(), "--today",
-         "2020-01-31"});
-    ctl({"run", run, "--answers", "y,y,n", "--today", "2020-01-31"});
-    return outputs_;
+  std::string runMonth(const std::string& set, std::vector<std::string> where) {
+    where.emplace_back("--sample");
+    create(set, where);
+    std::string printed;
+    for (std::vector<std::string> call : std::vector<std::vector<std::string>>{
+             {"cards", "import", arguments("5", set), (test::dataFolder() / "sample-register.csv").string()},
+             {"run", arguments("8", set), "--answers", "y,y,n"}}) {
+      call.insert(call.end(), {"--today", "2020-01-31"});
+      const ProgramResult result = ctl(call);
+      EXPECT_EQ(result.status, 0) << result.output << result.errors;
+      printed += result.output;
+    }
+    return printed;
   }
-
-  TempDir home_;
-  std::string outputs_;
 };
 
 TEST_F(ServerMonthTest, LeavesTheSameRowsInEveryTable) {
@@ -71,12 +63,12 @@ TEST_F(ServerMonthTest, LeavesTheSameRowsInEveryTable) {
   EXPECT_EQ(runMonth("file", {}), runMonth("server", {"--server", database.conninfo()}));
   for (const auto& [name, tables] :
        {std::pair{"ZkData.Mdb", &dataTables()}, {"ZkSystem.Mdb", &systemTables()}}) {
-    const auto file = openDataFile((home_ / "file" / name).string());
-    const auto server = openDataFile((home_ / "server" / name).string());
-    EXPECT_EQ(file->tableNames().size(), server->tableNames().size());
+    const auto local = openDataFile(file("file", name));
+    const auto remote = openDataFile(file("server", name));
+    EXPECT_EQ(local->tableNames().size(), remote->tableNames().size());
     for (const TableDef& table : *tables)
-      EXPECT_EQ(dumpOf(*file, table.info), dumpOf(*server, table.info)) << table.info.name;
-    EXPECT_FALSE(dumpOf(*file, tables->front().info).empty());
+      EXPECT_EQ(dumpOf(*local, table.info), dumpOf(*remote, table.info)) << table.info.name;
+    EXPECT_FALSE(dumpOf(*local, tables->front().info).empty());
   }
 }
 

@@ -5,10 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "apps/ProgramRun.h"
+#include "apps/CallFixture.h"
 #include "apps/VirtualScreen.h"
-#include "support/Paths.h"
-#include "support/Support.h"
 
 // The module in a real window, with a keyboard and a mouse.
 namespace zelkor::test {
@@ -16,33 +14,16 @@ namespace {
 
 constexpr const char* kCard = "固定资产卡片";
 
-class WholeRunTest : public testing::Test {
+class WholeRunTest : public CallTest {
  protected:
-  void SetUp() override {
-    const ProgramResult created = ctl({"create", set(), "--sample", "--year", "2020", "--month", "1"});
-    ASSERT_EQ(created.status, 0) << created.errors;
-  }
+  void SetUp() override { create(); }
   /// What a failed run showed last is worth a look.
   void TearDown() override {
     if (HasFailure()) keepPicture("whole-run-failed");
   }
 
-  ProgramResult ctl(const std::vector<std::string>& arguments) {
-    return ProgramRun(test::zelkorctlProgram(), arguments, home_.path()).finish();
-  }
-  std::string sql(const std::string& statement) {
-    const ProgramResult result = ctl({"sql", data(), statement});
-    EXPECT_EQ(result.status, 0) << result.errors;
-    return result.output;
-  }
-  std::string set() const { return home_ / "set"; }
-  std::string data() const { return set() + "/ZkData.Mdb"; }
-  std::string arguments(const std::string& runType) const {
-    return data() + ",chen,2020-01-15," + runType + "," + set() + "/ZkSystem.Mdb,001";
-  }
-
   void start(const std::string& runType) {
-    module_.emplace(test::zelkorProgram(), std::vector{arguments(runType)}, home_.path(), screen_.display());
+    module_.emplace(test::zelkorProgram(), std::vector{arguments(runType)}, home.path(), screen_.display());
   }
   void keepPicture(const std::string& name) { screen_.keepPicture(test::pictureFolder() / (name + ".png")); }
   /// Types into the field that is open and goes on to the next.
@@ -80,8 +61,7 @@ class WholeRunTest : public testing::Test {
     for (const char* figure : {"120000", "5", "6000", "22800"}) enter(figure);
   }
 
-  const TempDir home_;
-  const VirtualScreen screen_{home_.path()};
+  const VirtualScreen screen_{home.path()};
   std::optional<ProgramRun> module_;
 };
 
@@ -102,7 +82,7 @@ TEST_F(WholeRunTest, ACardIsEnteredByKeyboardAndMouse) {
   EXPECT_EQ(sql("select sCardNum,sAssetNum,sAssetName,sTypeNum,sDeptNum,sOrgAddID,sStatusID,sSite,sOperator "
                 "from fa_Cards"),
             "sCardNum\tsAssetNum\tsAssetName\tsTypeNum\tsDeptNum\tsOrgAddID\tsStatusID\tsSite\tsOperator\n"
-            "00001\t02100001\tLathe No. 7\t021\t301\t101\t11\tHall 2\tchen\n");
+            "00001\t02100001\tLathe No. 7\t021\t301\t101\t11\tHall 2\t陈会计\n");
   EXPECT_EQ(sql("select iNewType,lLife,lUsedMonths,dStartdate,dblValue,dblBV,dblBVRate,dblTransInDeprTCard "
                 "from fa_Cards"),
             "iNewType\tlLife\tlUsedMonths\tdStartdate\tdblValue\tdblBV\tdblBVRate\tdblTransInDeprTCard\n"

@@ -4,15 +4,34 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
+#include "apps/BatchJobs.h"
 #include "base/RuntimeError.h"
+#include "startup/Main.h"
+#include "startup/ProgramEnd.h"
 
 namespace zelkor {
 
-std::unique_ptr<Clock> clockOf(std::optional<DateTime> today) {
-  if (today) return std::make_unique<FixedClock>(*today);
-  return std::make_unique<SystemClock>();
+int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work) {
+  const SystemClock system;
+  const FixedClock fixed(job.today.value_or(DateTime{}));
+  DbEngine engine;
+  TerminalDialogs dialogs(std::cin, output, job.dialogs);
+  RunContext context(engine, dialogs, job.today ? static_cast<const Clock&>(fixed) : system);
+  context.programFolder = programFolder();
+  writeOutBeforeShowing(context);
+  const int status = work(context);
+  engine.flush();
+  return status;
+}
+
+int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work) {
+  return inRun(job, output, [&](RunContext& context) {
+    prepareRun(context, job.arguments);
+    return work(context);
+  });
 }
 
 std::string contentOf(const std::string& path) {

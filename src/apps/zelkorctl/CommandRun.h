@@ -1,16 +1,30 @@
 #pragma once
 
-#include <memory>
+#include <functional>
+#include <iosfwd>
 #include <optional>
 #include <string>
 
-#include "base/Clock.h"
+#include "base/DateTime.h"
+#include "base/TerminalDialogs.h"
+#include "startup/RunContext.h"
 
 // What the jobs of zelkorctl have in common.
 namespace zelkor {
 
-/// A clock that stands at `today`, or the system's.
-std::unique_ptr<Clock> clockOf(std::optional<DateTime> today);
+/// The run that a job works in.
+struct JobRun {
+  std::string arguments;          // the argument string
+  std::optional<DateTime> today;  // where the clock stands; nothing: the system's
+  TerminalDialogs::Options dialogs = {};
+};
+
+/// Does the work in a run with dialogs on `output` and standard input, and returns its status. What it has
+/// gathered is written out.
+int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work);
+
+/// The same with the argument string read and both data files open.
+int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work);
 
 /// The file's bytes. Error 3024 tells why it cannot be read.
 std::string contentOf(const std::string& path);

@@ -2,14 +2,12 @@
 
 #include <filesystem>
 #include <iosfwd>
-#include <optional>
 #include <string>
 
-#include "base/DateTime.h"
-#include "base/TerminalDialogs.h"
+#include "apps/zelkorctl/CommandRun.h"
 #include "store/accountset/AccountSet.h"
 
-// The calls of zelkorctl. Each prints to `output` and answers the exit status; what cannot be done is raised
+// The calls of zelkorctl. Each prints to `output` and returns the exit status; what cannot be done is raised
 // as RuntimeError.
 namespace zelkor {
 
@@ -27,21 +25,21 @@ int sqlCommand(const std::string& file, const std::string& statement, bool json,
 /// Prints the statement as `engine` ("sqlite" or "postgresql") is given it.
 int translateCommand(const std::string& statement, const std::string& engine, std::ostream& output);
 
-struct ImportOptions {
-  std::string arguments;  // the argument string of a run
-  std::string file;
-  int newType = 1;
-  std::optional<DateTime> today;
-};
+/// Runs the batch job that the argument string names.
+int runCommand(const JobRun& job, std::ostream& output);
 
-int importCommand(const ImportOptions& options, std::ostream& output, std::ostream& problems);
+// Jobs that store the rows of a CSV file. The status is 1 when a row was refused.
 
-struct RunOptions {
-  std::string arguments;
-  TerminalDialogs::Options dialogs;
-  std::optional<DateTime> today;
-};
+/// Saves the rows as cards; see importCards.
+int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
+                       std::ostream& problems);
 
-int runCommand(const RunOptions& options, std::ostream& output, std::istream& input);
+/// Saves the rows as change sheets; see importSheets.
+int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output);
+
+/// Takes the assets of the rows off the books as the screen's list does. Rows that the screen would not have
+/// let in are named in `problems` by line and column, and nothing is done then. The status is 1 too when the
+/// job ended in the runtime's report.
+int disposeCommand(const JobRun& job, const std::string& file, std::ostream& output, std::ostream& problems);
 
 }  // namespace zelkor

@@ -4,15 +4,12 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
+#include <ostream>
 
-#include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/ReportConditionList.h"
 #include "base/RuntimeError.h"
-#include "base/TerminalDialogs.h"
 #include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
-#include "startup/Main.h"
 #ifdef ZELKOR_PAPER
 #include "ui/GridPaper.h"
 #endif
@@ -96,39 +93,39 @@ bool needsFile(const std::string& format) {
   return format == "xlsx" || format == "pdf";
 }
 
+void writeReport(RunContext& context, const ReportKind& kind, const ReportConditions& conditions,
+                 const ReportOptions& options, std::ostream& output, std::ostream& problems) {
+  ReportView view;
+  const std::string title(kind.name);
+  if (runReport(context, kind, conditions, view) == ReportOutcome::NothingToShow) {
+    problems << "报表“" << kind.name << "”没有内容\n";
+  } else if (options.file.empty()) {
+    streamWriter(options.format)(output, title, view);
+  } else {
+    writeFile(options.file, options.format, title, view);
+  }
+}
+
 }  // namespace
 
-int reportCommand(const ReportOptions& options, std::ostream& output, std::ostream& problems) {
+int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream& output,
+                  std::ostream& problems) {
   const ReportKind* kind = findReport(options.report);
   if (!kind) return listReports(problems, options.report), kWrongUsage;
   if (needsFile(options.format) && options.file.empty()) {
     problems << options.format << " 要用 --out 指定文件\n";
     return kWrongUsage;
   }
-  const auto clock = clockOf(options.today);
-  DbEngine engine;
-  TerminalDialogs dialogs(std::cin, output);
-  RunContext context(engine, dialogs, *clock);
-  prepareRun(context, options.arguments);
-  ReportConditions conditions(context.gdOpDate.year());
-  try {
-    conditions = readConditions(context, *kind, options.conditions);
-  } catch (const ConditionRefused& refused) {
-    problems << refused.what() << "\n";
-    return kWrongUsage;
-  }
-  ReportView view;
-  if (runReport(context, *kind, conditions, view) == ReportOutcome::NothingToShow) {
-    problems << "报表“" << kind->name << "”没有内容\n";
-    return 0;
-  }
-  const std::string title(kind->name);
-  if (options.file.empty()) {
-    streamWriter(options.format)(output, title, view);
-  } else {
-    writeFile(options.file, options.format, title, view);
-  }
-  return 0;
+  return inPreparedRun(job, output, [&](RunContext& context) {
+    try {
+      const ReportConditions conditions = readConditions(context, *kind, options.conditions);
+      writeReport(context, *kind, conditions, options, output, problems);
+      return 0;
+    } catch (const ConditionRefused& refused) {
+      problems << refused.what() << "\n";
+      return kWrongUsage;
+    }
+  });
 }
 
 }  // namespace zelkor

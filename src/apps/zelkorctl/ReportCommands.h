@@ -1,25 +1,23 @@
 #pragma once
 
 #include <iosfwd>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/DateTime.h"
+#include "apps/zelkorctl/CommandRun.h"
 
 namespace zelkor {
 
 struct ReportOptions {
-  std::string arguments;                // the argument string of a run
   std::string report;                   // its name
   std::vector<std::string> conditions;  // "key=value"
   std::string format = "text";          // text, csv, html, xlsx or pdf
   std::string file;                     // empty: the output, which xlsx and pdf do not take
-  std::optional<DateTime> today;
 };
 
 /// Computes a report and writes it. What fails leaves no file; a report of that name that is not there, and a
 /// condition that it does not have, is told with those that are, status 2.
-int reportCommand(const ReportOptions& options, std::ostream& output, std::ostream& problems);
+int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream& output,
+                  std::ostream& problems);
 
 }  // namespace zelkor

@@ -1,97 +1,81 @@
 #include "apps/zelkorctl/VoucherCommands.h"
 
-#include <iostream>
-#include <memory>
+#include <ostream>
 
-#include "apps/zelkorctl/CommandRun.h"
-#include "apps/zelkorctl/VoucherMaker.h"
-#include "base/Conversion.h"
-#include "base/RuntimeError.h"
-#include "base/TerminalDialogs.h"
 #include "base/TextGridPrinter.h"
-#include "startup/Main.h"
-#include "startup/ProgramEnd.h"
-#include "store/engine/Statement.h"
 #include "vouchers/ClsQueryPZ.h"
+#include "vouchers/VoucherMaker.h"
 
 namespace zelkor {
 namespace {
-
-/// The run that a job works in, with its files open; what it has gathered is written out when it goes.
-class VoucherRun {
- public:
-  VoucherRun(const VoucherJob& job, std::ostream& output)
-      : clock_(clockOf(job.today)), dialogs_(std::cin, output) {
-    writeOutBeforeShowing(run_);
-    prepareRun(run_, job.arguments);
-  }
-  RunContext& run() { return run_; }
-
- private:
-  std::unique_ptr<Clock> clock_;
-  DbEngine engine_;
-  TerminalDialogs dialogs_;
-  RunContext run_{engine_, dialogs_, *clock_};
-};
-
-ChosenSign signOf(Database& data, const std::string& sign) {
-  const Recordset type = data.OpenRecordset(sql("select * from dsign where csign='", sign, "'"));
-  if (type.Eof()) throw RuntimeError(ErrorNumber::DataTypeConversion, "没有凭证类别“" + sign + "”");
-  const Value sequence = type.Fields("isignseq");
-  return {type.TextOrEmpty("csign"), sequence.isNull() ? std::int16_t{0} : CInt(sequence)};
-}
 
 TextGrid vouchersOfMonth(RunContext& run, ClsQueryPZ& query) {
   query.setZkDataPath(run.gstrZtFile);
   return queriedVouchers(query.rstGetCards(run.period(), run.period()));
 }
 
+void print(const BilledEvent& billed, std::ostream& output, std::ostream& problems) {
+  if (!billed.saved) {
+    problems << "未生成凭证：" << billed.event << '\n';
+    return;
+  }
+  output << billed.voucherNumber << "  " << billed.voucherKey << "  " << billed.lines << " 条分录，借方 "
+         << voucherAmountText(billed.totals.debit) << "，贷方 " << voucherAmountText(billed.totals.credit)
+         << (billed.totals.balanced() ? "" : "，借贷不平") << '\n';
+}
+
 }  // namespace
 
-int pendingVouchersCommand(const VoucherJob& job, std::ostream& output) {
-  VoucherRun voucherRun(job, output);
-  TextGrid pending = BatchBilling(voucherRun.run()).selection();
-  pending.setColumnHidden(selection_column::Mark, true);
-  printGrid(output, pending);
-  return 0;
+int pendingVouchersCommand(const JobRun& job, std::ostream& output) {
+  return inPreparedRun(job, output, [&output](RunContext& run) {
+    TextGrid pending = BatchBilling(run).selection();
+    pending.setColumnHidden(selection_column::Mark, true);
+    printGrid(output, pending);
+    return 0;
+  });
 }
 
-int makeVouchersCommand(const VoucherJob& job, const MakeVouchersOptions& options, std::ostream& output,
+int makeVouchersCommand(const JobRun& job, const MakeVouchersOptions& options, std::ostream& output,
                         std::ostream& problems) {
   const std::string csv = options.subjectsFile.empty() ? std::string() : contentOf(options.subjectsFile);
-  VoucherRun voucherRun(job, output);
-  RunContext& run = voucherRun.run();
-  LineSubjects subjects;
-  if (!options.subjectsFile.empty()) subjects = LineSubjects(csv, run.dbZKData);
-  VoucherMaker maker(run, std::move(subjects), output, problems);
-  if (!options.sign.empty()) maker.chooseSign(signOf(run.dbZKData, options.sign));
-  if (options.merge) maker.mergeLines();
-  const bool all = maker.makeAll();
-  run.engine.flush();
-  return all ? 0 : 1;
+  return inPreparedRun(job, output, [&](RunContext& run) {
+    LineSubjects subjects;
+    if (!options.subjectsFile.empty()) subjects = LineSubjects(csv, run.dbZKData);
+    ChosenSign sign;
+    if (!options.sign.empty()) sign = chooseSign(run.dbZKData, options.sign);
+    VoucherMaker maker(run, std::move(subjects), std::move(sign));
+    if (options.merge) maker.mergeLines();
+    long made = 0;
+    long refused = 0;
+    maker.makeAll([&](const BilledEvent& billed) {
+      ++(billed.saved ? made : refused);
+      print(billed, output, problems);
+    });
+    output << "共 " << made + refused << " 张凭证：已保存 " << made << " 张，未保存 " << refused << " 张\n";
+    return refused == 0 ? 0 : 1;
+  });
 }
 
-int listVouchersCommand(const VoucherJob& job, std::ostream& output) {
-  VoucherRun voucherRun(job, output);
-  ClsQueryPZ query(voucherRun.run());
-  printGrid(output, vouchersOfMonth(voucherRun.run(), query));
-  return 0;
+int listVouchersCommand(const JobRun& job, std::ostream& output) {
+  return inPreparedRun(job, output, [&output](RunContext& run) {
+    ClsQueryPZ query(run);
+    printGrid(output, vouchersOfMonth(run, query));
+    return 0;
+  });
 }
 
-int deleteVoucherCommand(const VoucherJob& job, const std::string& number, std::ostream& output,
+int deleteVoucherCommand(const JobRun& job, const std::string& number, std::ostream& output,
                          std::ostream& problems) {
-  VoucherRun voucherRun(job, output);
-  RunContext& run = voucherRun.run();
-  ClsQueryPZ query(run);
-  const TextGrid vouchers = vouchersOfMonth(run, query);
-  for (std::size_t row = vouchers.headerRows(); row < vouchers.rows(); ++row) {
-    if (vouchers.text(row, query_column::VoucherNumber) != number) continue;
-    const bool deleted = deleteQueriedVoucher(run, query, queriedVoucher(vouchers, row));
-    run.engine.flush();
-    return deleted ? 0 : 1;
-  }
-  problems << queryPeriodText(run.gdOpDate) << " 没有凭证“" << number << "”\n";
-  return 1;
+  return inPreparedRun(job, output, [&](RunContext& run) {
+    ClsQueryPZ query(run);
+    const TextGrid vouchers = vouchersOfMonth(run, query);
+    for (std::size_t row = vouchers.headerRows(); row < vouchers.rows(); ++row) {
+      if (vouchers.text(row, query_column::VoucherNumber) != number) continue;
+      return deleteQueriedVoucher(run, query, queriedVoucher(vouchers, row)) ? 0 : 1;
+    }
+    problems << queryPeriodText(run.gdOpDate) << " 没有凭证“" << number << "”\n";
+    return 1;
+  });
 }
 
 }  // namespace zelkor

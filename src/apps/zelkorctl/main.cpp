@@ -7,10 +7,8 @@
 
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/CopyCommand.h"
-#include "apps/zelkorctl/DisposeCommands.h"
 #include "apps/zelkorctl/ImportCommand.h"
 #include "apps/zelkorctl/ReportCommands.h"
-#include "apps/zelkorctl/SheetCommands.h"
 #include "apps/zelkorctl/VoucherCommands.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
@@ -43,7 +41,7 @@ class CommandLine {
   void addVouchers();
   void addReport();
   void addMakeVouchers(CLI::App& vouchers);
-  VoucherJob voucherJob() const;
+  JobRun job() const;
   CLI::App* addJob(CLI::App& parent, const char* name, const char* description);
 
   CLI::App app_{"Zelkor 账套管理工具 / administrator's tool of the fixed-assets module", "zelkorctl"};
@@ -193,9 +191,7 @@ void CommandLine::addImport() {
       ->capture_default_str()
       ->check(CLI::Range(1, 2));
   command->callback([this] {
-    call_ = [this] {
-      return importCommand({arguments_, file_, newType_, dayOf(today_)}, std::cout, std::cerr);
-    };
+    call_ = [this] { return importCardsCommand(job(), file_, newType_, std::cout, std::cerr); };
   });
 }
 
@@ -206,9 +202,7 @@ void CommandLine::addSheets() {
   command
       ->add_option("FILE", file_, "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因")
       ->required();
-  command->callback([this] {
-    call_ = [this] { return importSheetsCommand({arguments_, file_, dayOf(today_)}, std::cout); };
-  });
+  command->callback([this] { call_ = [this] { return importSheetsCommand(job(), file_, std::cout); }; });
 }
 
 void CommandLine::addRun() {
@@ -217,7 +211,7 @@ void CommandLine::addRun() {
   command->add_flag("--yes", yes_, "其余问题一律回答“是”");
   command->callback([this] {
     call_ = [this] {
-      return runCommand({arguments_, dialogOptions(answers_, yes_), dayOf(today_)}, std::cout, std::cin);
+      return runCommand({arguments_, dayOf(today_), dialogOptions(answers_, yes_)}, std::cout);
     };
   });
 }
@@ -226,29 +220,28 @@ void CommandLine::addDispose() {
   CLI::App* command = addJob(app_, "dispose", "减少资产 / take assets off the books");
   command->add_option("FILE", file_, "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因")
       ->required();
-  command->callback([this] {
-    call_ = [this] { return disposeCommand({arguments_, file_, dayOf(today_)}, std::cout, std::cerr); };
-  });
+  command->callback(
+      [this] { call_ = [this] { return disposeCommand(job(), file_, std::cout, std::cerr); }; });
 }
 
-VoucherJob CommandLine::voucherJob() const {
-  return {arguments_, dayOf(today_)};
+JobRun CommandLine::job() const {
+  return {.arguments = arguments_, .today = dayOf(today_)};
 }
 
 void CommandLine::addVouchers() {
   CLI::App* vouchers = app_.add_subcommand("vouchers", "凭证 / vouchers");
   vouchers->require_subcommand(1);
   addJob(*vouchers, "pending", "列出待制单的业务 / list the staged events")->callback([this] {
-    call_ = [this] { return pendingVouchersCommand(voucherJob(), std::cout); };
+    call_ = [this] { return pendingVouchersCommand(job(), std::cout); };
   });
   addMakeVouchers(*vouchers);
   addJob(*vouchers, "list", "列出本月凭证 / list the month's vouchers")->callback([this] {
-    call_ = [this] { return listVouchersCommand(voucherJob(), std::cout); };
+    call_ = [this] { return listVouchersCommand(job(), std::cout); };
   });
   CLI::App* removal = addJob(*vouchers, "delete", "删除凭证 / delete a voucher");
   removal->add_option("VOUCHER", voucherNumber_, "凭证号，如 list 所列：记--1")->required();
   removal->callback([this] {
-    call_ = [this] { return deleteVoucherCommand(voucherJob(), voucherNumber_, std::cout, std::cerr); };
+    call_ = [this] { return deleteVoucherCommand(job(), voucherNumber_, std::cout, std::cerr); };
   });
 }
 
@@ -258,9 +251,8 @@ void CommandLine::addMakeVouchers(CLI::App& vouchers) {
   command->add_option("--subjects", makeVouchers_.subjectsFile,
                       "无科目的分录所用科目：CSV 文件，列为业务类型、方向（借或贷）、科目");
   command->add_option("--sign", makeVouchers_.sign, "凭证类别字");
-  command->callback([this] {
-    call_ = [this] { return makeVouchersCommand(voucherJob(), makeVouchers_, std::cout, std::cerr); };
-  });
+  command->callback(
+      [this] { call_ = [this] { return makeVouchersCommand(job(), makeVouchers_, std::cout, std::cerr); }; });
 }
 
 void CommandLine::addReport() {
@@ -273,13 +265,8 @@ void CommandLine::addReport() {
       ->capture_default_str()
       ->check(CLI::IsMember({"text", "csv", "html", "xlsx", "pdf"}));
   command->add_option("--out", report_.file, "写入的文件；xlsx 和 pdf 必需");
-  command->callback([this] {
-    call_ = [this] {
-      report_.arguments = arguments_;
-      report_.today = dayOf(today_);
-      return reportCommand(report_, std::cout, std::cerr);
-    };
-  });
+  command->callback(
+      [this] { call_ = [this] { return reportCommand(job(), report_, std::cout, std::cerr); }; });
 }
 
 int parsed(CommandLine& line, int argc, char** argv) {

@@ -1,39 +1,38 @@
-#include "apps/zelkorctl/VoucherMaker.h"
+#include "vouchers/VoucherMaker.h"
 
-#include <ostream>
-#include <utility>
 #include <vector>
 
+#include "base/Conversion.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/engine/Statement.h"
 #include "vouchers/VoucherFill.h"
 
 namespace zelkor {
 
-VoucherMaker::VoucherMaker(RunContext& run, LineSubjects subjects, std::ostream& output,
-                           std::ostream& problems)
-    : run_(run), subjects_(std::move(subjects)), output_(output), problems_(problems), billing_(run) {}
+ChosenSign chooseSign(Database& data, const std::string& sign) {
+  const Recordset type = data.OpenRecordset(sql("select * from dsign where csign='", sign, "'"));
+  if (type.Eof()) throw RuntimeError(ErrorNumber::DataTypeConversion, "没有凭证类别“" + sign + "”");
+  return {type.TextOrEmpty("csign"), CInt(type.Fields("isignseq").numberOrZero())};
+}
 
-bool VoucherMaker::makeAll() {
+void VoucherMaker::makeAll(const std::function<void(const BilledEvent&)>& ended) {
   std::vector<bool> done(billing_.selection().rows());
-  long made = 0;
-  long refused = 0;
   for (std::size_t row = 1; row < done.size(); ++row) {
     if (done[row]) continue;
     billing_.toggleMark(row);
     for (const std::size_t loaded : billing_.loadLines()) done[loaded] = true;
     billing_.toggleMark(row);
-    const bool saved = make();
-    ++(saved ? made : refused);
-    if (!saved) problems_ << "未生成凭证：" << billing_.loadedText() << '\n';
+    ended(make());
   }
-  output_ << "共 " << made + refused << " 张凭证：已保存 " << made << " 张，未保存 " << refused << " 张\n";
-  return refused == 0;
 }
 
-bool VoucherMaker::make() {
+BilledEvent VoucherMaker::make() {
+  BilledEvent billed;
   completeSubjects();
-  return billing_.ToolSave() && saveVoucher();
+  billed.saved = billing_.ToolSave() && saveVoucher(billed);
+  billed.event = billing_.loadedText();
+  return billed;
 }
 
 void VoucherMaker::completeSubjects() {
@@ -58,26 +57,21 @@ void VoucherMaker::completeDigests(Voucher& voucher) {
   }
 }
 
-bool VoucherMaker::saveVoucher() {
+bool VoucherMaker::saveVoucher(BilledEvent& billed) {
   Voucher voucher;
   VoucherFill window(run_, billing_.request(), voucher);
-  if (!window.LoadVouch()) return false;
-  if (voucher.RowCount() == 0) return false;
+  if (!window.LoadVouch() || voucher.RowCount() == 0) return false;
   if (billing_.request().merge) completeDigests(voucher);
-  if (sign_) {
-    voucher.VoucherSign = sign_->sign;
-    voucher.SignSeq = sign_->sequence;
+  if (!sign_.sign.empty()) {
+    voucher.VoucherSign = sign_.sign;
+    voucher.SignSeq = sign_.sequence;
   }
   if (!window.Save()) return false;
-  tell(voucher, window.ino_id());
+  billed.voucherNumber = sql(voucher.VoucherSign, "--", window.ino_id());
+  billed.voucherKey = billing_.request().scOutSign;
+  billed.lines = voucher.RowCount();
+  billed.totals = totalsOf(voucher);
   return true;
-}
-
-void VoucherMaker::tell(const Voucher& voucher, std::int16_t number) {
-  const VoucherTotals totals = totalsOf(voucher);
-  output_ << voucher.VoucherSign << "--" << number << "  " << billing_.request().scOutSign << "  "
-          << voucher.RowCount() << " 条分录，借方 " << voucherAmountText(totals.debit) << "，贷方 "
-          << voucherAmountText(totals.credit) << (totals.balanced() ? "" : "，借贷不平") << '\n';
 }
 
 }  // namespace zelkor

@@ -2,8 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "changes/ChangeSheet.h"
 #include "store/engine/Database.h"
@@ -17,19 +15,6 @@ struct SheetRow {
   std::string after;
   std::string siteAfter;
   std::string reason;
-};
-
-/// The columns of a file of changes.
-class SheetColumns {
- public:
-  /// From the header row. Raises RuntimeError when a needed column is missing or one stands there twice.
-  explicit SheetColumns(const std::vector<std::string>& header);
-
-  std::size_t count() const { return captions_.size(); }
-  SheetRow row(const std::vector<std::string>& cells) const;
-
- private:
-  std::vector<std::string> captions_;
 };
 
 // What the pickers of the screens would give for a cell. An answer is why they would not.

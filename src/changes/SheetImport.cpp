@@ -1,10 +1,8 @@
-#include "apps/zelkorctl/SheetImport.h"
+#include "changes/SheetImport.h"
 
+#include <array>
 #include <map>
-#include <ostream>
 
-#include "apps/zelkorctl/SheetRow.h"
-#include "base/Csv.h"
 #include "base/CsvTable.h"
 #include "base/RuntimeError.h"
 #include "changes/BalanceSheet.h"
@@ -14,6 +12,10 @@
 
 namespace zelkor {
 namespace {
+
+constexpr std::array<std::string_view, 5> kCaptions = {"变动类型", "卡片编号", "变动后内容", "变动后地点",
+                                                       "变动原因"};
+constexpr std::array<std::string_view, 1> kOptional = {"变动后地点"};
 
 /// How a row ended: the number of its sheet, or why there is none.
 struct RowEnd {
@@ -129,47 +131,33 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   return result.saved ? RowEnd{true, sheet.number} : refused(result.box.text);
 }
 
-RowEnd saveRecord(SheetImport& import, const SheetColumns& columns, const CsvRecord& record,
-                  std::ostream& output) {
-  output << "第" << record.line << "行";
-  if (record.fields.size() != columns.count()) {
-    return refused("有" + std::to_string(record.fields.size()) + "列，表头有" +
-                   std::to_string(columns.count()) + "列");
-  }
-  const SheetRow row = columns.row(record.fields);
-  output << " 卡片 " << row.cardNum << " " << row.kind;
-  return import.save(row);
+ImportedSheet importRow(SheetImport& import, const CsvTableRow& row) {
+  const auto& cells = row.cells;
+  ImportedSheet imported{
+      .line = row.line, .row = SheetRow{cells[0], cells[1], cells[2], cells[3], cells[4]}, .text = {}};
+  RowEnd end = import.save(*imported.row);
+  imported.saved = end.saved;
+  imported.text = std::move(end.text);
+  return imported;
 }
 
-/// Imports the next row; false at the end. A row whose quotes are wrong is refused like any other bad row.
-bool importNext(CsvReader& reader, SheetImport& import, const SheetColumns& columns,
-                SheetImportResult& result, std::ostream& output) {
+/// The next row; nothing at the end. A line that is no row of the table is refused like any other bad row.
+std::optional<ImportedSheet> importNext(CsvTable& table, SheetImport& import) {
   try {
-    const auto record = reader.next();
-    if (!record) return false;
-    const RowEnd end = saveRecord(import, columns, *record, output);
-    output << "：" << (end.saved ? "变动单 " : "") << end.text << '\n';
-    ++(end.saved ? result.saved : result.refused);
-  } catch (const CsvError& error) {
-    output << error.what() << '\n';
-    ++result.refused;
+    const auto row = table.next();
+    return row ? std::optional(importRow(import, *row)) : std::nullopt;
+  } catch (const CsvRowError& error) {
+    return ImportedSheet{.line = error.line(), .row = std::nullopt, .text = error.what()};
   }
-  return true;
 }
 
 }  // namespace
 
-SheetImportResult importSheets(RunContext& context, std::string_view csv, std::ostream& output) {
-  requireUtf8(csv);
-  CsvReader reader{std::string(csv)};
-  const auto header = reader.next();
-  if (!header) throw RuntimeError(ErrorNumber::DataTypeConversion, "文件是空的：没有表头");
-  const SheetColumns columns(header->fields);
+void importSheets(RunContext& context, std::string_view csv,
+                  const std::function<void(const ImportedSheet&)>& ended) {
+  CsvTable table(csv, kCaptions, kOptional);
   SheetImport import(context);
-  SheetImportResult result;
-  while (importNext(reader, import, columns, result, output)) {
-  }
-  return result;
+  while (const auto imported = importNext(table, import)) ended(*imported);
 }
 
 }  // namespace zelkor

@@ -1,27 +1,12 @@
-#include "apps/zelkorctl/SheetRow.h"
+#include "changes/SheetRow.h"
 
-#include <algorithm>
-#include <array>
-
-#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "changes/SplitDeparts.h"
 #include "store/engine/Statement.h"
+#include "store/settings/SubjectText.h"
 
 namespace zelkor {
 namespace {
-
-struct Column {
-  std::string_view caption;
-  std::string SheetRow::*field;
-  bool needed;
-};
-
-constexpr std::array<Column, 5> columns = {{{"变动类型", &SheetRow::kind, true},
-                                            {"卡片编号", &SheetRow::cardNum, true},
-                                            {"变动后内容", &SheetRow::after, true},
-                                            {"变动后地点", &SheetRow::siteAfter, false},
-                                            {"变动原因", &SheetRow::reason, true}}};
 
 struct Archive {
   std::string_view table;
@@ -35,14 +20,6 @@ std::optional<ArchiveEntry> entryOf(Database& database, const Archive& archive, 
       database.OpenRecordset(sql("select * from ", archive.table, " where ", archive.code, "='", code, "'"));
   if (row.Eof()) return std::nullopt;
   return ArchiveEntry{row.TextOrEmpty(archive.code), row.TextOrEmpty(archive.name)};
-}
-
-/// "code,name" of a subject, blank without a code.
-std::optional<std::string> subjectText(Database& database, const std::string& code) {
-  if (code.empty()) return "";
-  const auto subject = entryOf(database, {"code", "ccode", "ccode_name"}, code);
-  if (!subject) return std::nullopt;
-  return subject->code + "," + subject->name;
 }
 
 /// The rows of frmDepart that the cell stands for.
@@ -83,8 +60,9 @@ std::optional<std::string> SplitReading::add(const std::string& element) {
     row.departCode = department->code;
     row.departName = department->name;
   }
-  const auto subject = subjectText(database_, Trim(parts[2]));
-  if (!subject) return "科目中没有“" + Trim(parts[2]) + "”";
+  const std::string code = Trim(parts[2]);
+  const auto subject = code.empty() ? "" : lookUpSubject(database_, code);
+  if (!subject) return "科目中没有“" + code + "”";
   row.subject = *subject;
   rows_.push_back(row);
   if (row.departCode.empty()) return std::nullopt;
@@ -102,28 +80,6 @@ std::optional<std::string> chooseSplit(Database& database, const std::string& ce
 }
 
 }  // namespace
-
-SheetColumns::SheetColumns(const std::vector<std::string>& header) {
-  for (const std::string& cell : header) captions_.push_back(Trim(cell));
-  for (const Column& column : columns) {
-    const auto count = std::ranges::count(captions_, column.caption);
-    if (count == 0 && !column.needed) continue;
-    if (count == 1) continue;
-    throw RuntimeError(ErrorNumber::DataTypeConversion,
-                       sql("表头中列“", column.caption, count == 0 ? "”缺少" : "”出现了不止一次"));
-  }
-}
-
-SheetRow SheetColumns::row(const std::vector<std::string>& cells) const {
-  SheetRow row;
-  for (const Column& column : columns) {
-    const auto place = std::ranges::find(captions_, column.caption);
-    if (place != captions_.end()) {
-      row.*column.field = Trim(cells.at(static_cast<std::size_t>(place - captions_.begin())));
-    }
-  }
-  return row;
-}
 
 std::optional<std::string> chooseStatus(Database& database, const std::string& statusID, ChangeSheet& sheet) {
   const auto status = entryOf(database, {"fa_Status", "sID", "sName"}, statusID);

@@ -1,4 +1,4 @@
-#include "apps/zelkorctl/LineSubjects.h"
+#include "vouchers/LineSubjects.h"
 
 #include <array>
 
@@ -12,8 +12,7 @@ namespace {
 constexpr std::array<std::string_view, 3> kColumns = {"业务类型", "方向", "科目"};
 
 [[noreturn]] void refuse(const CsvTableRow& row, std::string_view column, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::DataTypeConversion,
-                     "第" + std::to_string(row.line) + "行，列“" + std::string(column) + "”：" + reason);
+  throw RuntimeError(ErrorNumber::DataTypeConversion, csvCellText(row.line, column, reason));
 }
 
 }  // namespace

@@ -1,0 +1,127 @@
+#include <gmock/gmock.h>
+
+#include "apps/CallFixture.h"
+
+// The jobs of the administrator's tool: their status, and what they print where.
+namespace zelkor::test {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// A sample account set in January 2020 with two cards whose depreciation has been run.
+class JobCallsTest : public CallTest {
+ protected:
+  void SetUp() override {
+    create();
+    ASSERT_EQ(ctl({"cards", "import", arguments("5"), registerOf({"12000", "24000"})}).status, 0);
+    ASSERT_EQ(ctl({"run", arguments("8"), "--answers", "y,y,n"}).status, 0);
+  }
+  ProgramResult dispose(const std::string& rows) {
+    const std::string file =
+        fileOf("disposals.csv", "卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因\n" + rows);
+    return ctl({"dispose", arguments("22"), file, "--today", "2020-02-03"});
+  }
+  std::string disposed() { return sql("select sCardNum from fa_Cards where iOptType=3 order by sCardNum"); }
+  ProgramResult closeMonth() { return ctl({"run", arguments("20"), "--today", "2020-02-03"}); }
+  ProgramResult vouchers(std::vector<std::string> call) {
+    call.insert(call.begin(), "vouchers");
+    call.insert(call.begin() + 2, arguments("10"));
+    return ctl(call);
+  }
+};
+
+TEST_F(JobCallsTest, SheetsTellEveryRow) {
+  const std::string header = "变动类型,卡片编号,变动后内容,变动原因\n";
+  const auto import = [&](const std::string& rows) {
+    return ctl({"sheets", "import", arguments("15"), fileOf("sheets.csv", header + rows)});
+  };
+  const ProgramResult partly =
+      import("累计折旧调整,00001,120,更正\n累计折旧调整,00001\n累计折旧调整,00001,\"130\n");
+  EXPECT_EQ(partly.status, 1) << partly.errors;
+  EXPECT_EQ(partly.output,
+            "第2行 卡片 00001 累计折旧调整：变动单 00001\n第3行：有2列，表头有4列\n"
+            "第 4 行第 20 列：引号没有结束\n共 3 行：已保存 1 行，拒绝 2 行\n");
+  EXPECT_EQ(sql("select sOperator from fa_Cards where iOptType=11"), "sOperator\n陈会计\n");
+  EXPECT_EQ(import("使用年限调整,00001,6年0月,复核\n").status, 0);
+}
+
+TEST_F(JobCallsTest, DisposalsTellTheirEnd) {
+  sql("delete from fa_DeptScale where sCardNum='00001'");
+  sql("insert into fa_Total (sDeptNum,sTypeNum,iPeriod) values ('301','021',1)");
+  const ProgramResult refused = dispose("00001,昨天,201,,,\n");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.errors, "第2行，列“减少日期”：“昨天”不是日期\n");
+  const ProgramResult unfinished = dispose("00001,,,,,\n");
+  EXPECT_EQ(unfinished.status, 1);
+  EXPECT_EQ(unfinished.output, "== Zelkor ==（信息）\n00001卡片未填写减少方式！\n[确定 o] \n-> 确定\n");
+  EXPECT_EQ(disposed(), "sCardNum\n");
+
+  const ProgramResult done = dispose("00001,2020-02-03,205,,,报废\n");
+  EXPECT_EQ(done.status, 0) << done.errors;
+  EXPECT_EQ(done.output, "== 固定资产 ==（信息）\n所选卡片已减少成功！\n[确定 o] \n-> 确定\n");
+  const ProgramResult failed = dispose("00002,,201,,,\n");
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_THAT(failed.errors, HasSubstr("实时错误 '3134'"));
+  EXPECT_EQ(disposed(), "sCardNum\n00001\n00002\n") << "what was done before the error stays";
+}
+
+TEST_F(JobCallsTest, ClosesTheMonthAndBarsDisposalsUntilTheNextRun) {
+  const ProgramResult closed = closeMonth();
+  EXPECT_EQ(closed.status, 0) << closed.errors;
+  EXPECT_THAT(
+      closed.output,
+      AllOf(StartsWith("正在处理 系统信息\n正在备份 固定资产 帐套月末结账前状态,请稍后\n1%\n30%\n50%\n"
+                       "89%\n100%\n== 与账务对账结果 ==（信息）\n"),
+            HasSubstr("本账套最新可修改日期已经更改为2020-2-1 ，而您现在的登录日期为2020-1-31,")));
+  EXPECT_EQ(sql("select sCardNum,dblDeprT1,dblDeprT2 from fa_DeprTransactions order by sCardNum"),
+            "sCardNum\tdblDeprT1\tdblDeprT2\n00001\t94.8\t94.8\n00002\t189.6\t189.6\n");
+  const ProgramResult barred = dispose("00001,,201,,,\n");
+  EXPECT_EQ(barred.status, 1);
+  EXPECT_EQ(barred.output,
+            "== 固定资产 ==（信息）\n本账套需要进行计提折旧后，才能减少资产！\n[确定 o] \n-> 确定\n");
+}
+
+TEST_F(JobCallsTest, SaysThatAClosingDidNotComeToItsEnd) {
+  sql("update fa_DeprTransactions set dblDeprT1=Null where sCardNum='00002'");
+  const ProgramResult result = closeMonth();
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.errors, "月末结账没有完成，已做的步骤保留；可再次执行\n");
+  EXPECT_EQ(result.output.find("月末结账成功完成"), std::string::npos);
+}
+
+TEST_F(JobCallsTest, VouchersAreMadeListedAndDeleted) {
+  EXPECT_EQ(vouchers({"pending"}).output,
+            "业务日期    业务类型  业务名称  业务号    金额  合并号\n"
+            "-------------------------------------------------------\n"
+            "2020.01.31  折旧计提  折旧计提  01      284.40\n");
+  const ProgramResult refused = vouchers({"make"});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.errors, "未生成凭证：折旧计提01\n");
+  EXPECT_THAT(refused.output, HasSubstr("共 1 张凭证：已保存 0 张，未保存 1 张\n"));
+
+  const std::string subjects = fileOf("subjects.csv", "业务类型,方向,科目\n折旧计提,贷,1502\n");
+  const ProgramResult made = vouchers({"make", "--merge", "--sign", "记", "--subjects", subjects});
+  EXPECT_EQ(made.status, 0) << made.errors;
+  EXPECT_EQ(
+      made.output,
+      "记--1  折旧计提(01)  2 条分录，借方 284.40，贷方 284.40\n共 1 张凭证：已保存 1 张，未保存 0 张\n");
+  EXPECT_THAT(vouchers({"list"}).output, HasSubstr("陈会计  2020-01-31  记--1   未记账\n"));
+  const ProgramResult deleted = vouchers({"delete", "记--1"});
+  EXPECT_EQ(deleted.status, 0);
+  EXPECT_THAT(deleted.output, HasSubstr("删除成功！"));
+  const ProgramResult gone = vouchers({"delete", "记--1"});
+  EXPECT_EQ(gone.status, 1);
+  EXPECT_EQ(gone.errors, "2020.01 没有凭证“记--1”\n");
+  for (const auto& [option, value, message] :
+       {std::tuple("--subjects", "missing.csv", "不能读文件“missing.csv”"),
+        {"--sign", "银", "没有凭证类别“银”"}}) {
+    const ProgramResult wrong = vouchers({"make", option, value});
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_THAT(wrong.errors, HasSubstr(message));
+  }
+}
+
+}  // namespace
+}  // namespace zelkor::test

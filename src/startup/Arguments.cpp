@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "base/Conversion.h"
+#include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "startup/Logs.h"
@@ -31,7 +32,21 @@ void setDefaults(RunContext& context) {
   args.setUser("");
 }
 
+const std::string& carried(const std::string& text, const char* caption) {
+  if (text.find(',') == std::string::npos && Trim(text) == text) return text;
+  throw RuntimeError(ErrorNumber::InvalidProcedureCall, std::string("参数串以逗号分隔，") + caption + "“" +
+                                                            text + "”中有逗号或首尾有空格，不能传递");
+}
+
 }  // namespace
+
+std::string composeArguments(const RunArguments& fields) {
+  std::string text = carried(fields.dataFile, "数据文件");
+  text += "," + carried(fields.user, "操作员");
+  text += "," + Format(fields.date, "yyyy-mm-dd") + "," + std::to_string(fields.runType);
+  text += "," + carried(fields.systemFile, "系统文件");
+  return text + "," + carried(fields.account, "账套号");
+}
 
 void ReadCommandArgs(RunContext& context, const std::string& arguments) {
   std::vector<std::string> fields;

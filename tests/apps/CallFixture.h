@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/ProgramRun.h"
+#include "support/Paths.h"
 #include "support/Support.h"
 
 namespace zelkor::test {

@@ -2,11 +2,9 @@
 
 #include <memory>
 
-#include "apps/ProgramRun.h"
+#include "apps/CallFixture.h"
 #include "store/accountset/DbEngine.h"
 #include "support/AccountSetCopy.h"
-#include "support/Paths.h"
-#include "support/Support.h"
 #include "transfer/EngineSource.h"
 #include "transfer/Transfer.h"
 
@@ -18,21 +16,8 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class CopyCommandTest : public testing::Test {
+class CopyCommandTest : public CallTest {
  protected:
-  ProgramResult ctl(const std::vector<std::string>& call) {
-    return ProgramRun(test::zelkorctlProgram(), call, home_.path()).finish();
-  }
-  std::string file(const std::string& set, const std::string& name = "ZkData.Mdb") const {
-    return home_ / (set + "/" + name);
-  }
-  std::string run(const std::string& set, const std::string& type, const std::string& day) const {
-    return file(set) + ",陈会计," + day + "," + type + "," + file(set, "ZkSystem.Mdb") + ",001";
-  }
-  void create(const std::string& set) {
-    ASSERT_EQ(ctl({"create", (home_ / set).string(), "--sample", "--year", "2020", "--month", "1"}).status,
-              0);
-  }
   ProgramResult copyFile(const std::string& from, const std::string& to,
                          const std::vector<std::string>& more) {
     std::vector<std::string> call{"copy", from, to};
@@ -42,7 +27,7 @@ class CopyCommandTest : public testing::Test {
   /// Copies both files of a set, with the check.
   void copySet(const std::string& from, const std::string& to, std::vector<std::string> more) {
     more.emplace_back("--check");
-    std::filesystem::create_directory(home_ / to);
+    std::filesystem::create_directory(home / to);
     for (const char* name : accountSetFiles) {
       const ProgramResult result = copyFile(file(from, name), file(to, name), more);
       EXPECT_EQ(result.status, 0) << result.output << result.errors;
@@ -52,12 +37,11 @@ class CopyCommandTest : public testing::Test {
   /// Enters the sample register, runs the month and closes it; gives all that was printed.
   std::string workThroughMonth(const std::string& set) {
     std::string printed;
-    for (const std::vector<std::string>& call :
-         std::vector<std::vector<std::string>>{{"cards", "import", run(set, "5", "2020-01-31"),
-                                                (test::dataFolder() / "sample-register.csv").string()},
-                                               {"run", run(set, "8", "2020-01-31"), "--answers", "y,y,n"},
-                                               {"vouchers", "make", run(set, "8", "2020-01-31"), "--merge"},
-                                               {"run", run(set, "20", "2020-01-31"), "--yes"}}) {
+    for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
+             {"cards", "import", arguments("5", set), (test::dataFolder() / "sample-register.csv").string()},
+             {"run", arguments("8", set), "--answers", "y,y,n"},
+             {"vouchers", "make", arguments("8", set), "--merge"},
+             {"run", arguments("20", set), "--yes"}}) {
       std::vector<std::string> withDay = call;
       withDay.insert(withDay.end(), {"--today", "2020-01-31"});
       const ProgramResult result = ctl(withDay);
@@ -66,10 +50,8 @@ class CopyCommandTest : public testing::Test {
     return printed;
   }
   std::string report(const std::string& set) {
-    return ctl({"report", run(set, "8", "2020-02-01"), "固定资产总账", "--today", "2020-02-01"}).output;
+    return ctl({"report", arguments("8", set, "2020-02-01"), "固定资产总账", "--today", "2020-02-01"}).output;
   }
-
-  TempDir home_;
 };
 
 std::vector<std::string> reasons(const std::vector<TransferProblem>& problems) {
@@ -101,14 +83,14 @@ TEST_F(CopyCommandTest, ACopyLivesOnAsTheOriginalDoes) {
 }
 
 TEST_F(CopyCommandTest, PrintsRowsProblemsAndTheirSum) {
-  create("set");
+  create();
   ASSERT_EQ(ctl({"sql", file("set"), "create table t (s text(5), n integer)"}).status, 0);
   ASSERT_EQ(ctl({"sql", file("set"), "insert into t values ('a', 1)"}).status, 0);
   ASSERT_EQ(ctl({"sql", file("set"), "drop index sNum on fa_departments"}).status, 0);
   ASSERT_EQ(
       ctl({"sql", file("set"), "insert into fa_departments (sNum) select sNum from fa_departments"}).status,
       0);
-  const std::string target = home_ / "copy.Mdb";
+  const std::string target = home / "copy.Mdb";
   const ProgramResult result = copyFile(file("set"), target, {"--check"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.output, HasSubstr("\nt：读出 1 行，存入 1 行\n"));
@@ -118,8 +100,8 @@ TEST_F(CopyCommandTest, PrintsRowsProblemsAndTheirSum) {
 }
 
 TEST_F(CopyCommandTest, SaysWhatCannotBeDone) {
-  create("set");
-  const std::string jet = home_ / "jet.Mdb";
+  create();
+  const std::string jet = home / "jet.Mdb";
   writeFile(jet, std::string("\0\1\0\0Standard Jet DB\0", 20));
   struct Case {
     std::vector<std::string> call;
@@ -128,25 +110,25 @@ TEST_F(CopyCommandTest, SaysWhatCannotBeDone) {
   };
   for (const auto& [call, status, message] : std::vector<Case>{
            {{"copy", file("set"), file("set", "ZkSystem.Mdb")}, 1, "错误 3204：文件 '"},
-           {{"copy", file("none"), home_ / "x.Mdb"}, 1, "错误 3024：找不到文件"},
-           {{"copy", jet, home_ / "x.Mdb"}, 1, "错误 3343："},
+           {{"copy", file("none"), home / "x.Mdb"}, 1, "错误 3024：找不到文件"},
+           {{"copy", jet, home / "x.Mdb"}, 1, "错误 3343："},
            {{"copy", file("set"), file("none")}, 1, "错误 3051：无法建立文件"},
-           {{"copy", file("set"), home_ / "x.Mdb", "--server", "host=x password=secret"},
+           {{"copy", file("set"), home / "x.Mdb", "--server", "host=x password=secret"},
             1,
             "错误 13：口令不写入账套文件"},
-           {{"copy", file("set"), home_ / "x.Mdb", "--server", "host=" + home_.path().string()},
+           {{"copy", file("set"), home / "x.Mdb", "--server", "host=" + home.path().string()},
             1,
             "错误 57：设备 I/O 错误：无法连接数据库服务器"},
-           {{"copy", file("set"), home_ / "x.Mdb", "--server", ""}, 2, "没有连接参数"},
-           {{"create", home_ / "x.Mdb", "--server", ""}, 2, "没有连接参数"},
-           {{"copy", file("set"), home_ / "x.Mdb", "--schema", "s"}, 2, "--schema requires --server"},
-           {{"copy", file("set")}, 2, "TARGET is required"}}) {
+           {{"copy", file("set"), home / "x.Mdb", "--server", ""}, 2, "没有连接参数"},
+           {{"create", home / "x.Mdb", "--server", ""}, 2, "没有连接参数"},
+           {{"copy", file("set"), home / "x.Mdb", "--schema", "s"}, 2, "--schema 要与 --server 一起用"},
+           {{"copy", file("set")}, 2, "缺少 TARGET"}}) {
     const ProgramResult result = ctl(call);
     EXPECT_EQ(result.status, status) << message;
     EXPECT_THAT(result.errors, HasSubstr(message));
     EXPECT_EQ(result.output, "");
   }
-  EXPECT_FALSE(std::filesystem::exists(home_ / "x.Mdb"));
+  EXPECT_FALSE(std::filesystem::exists(home / "x.Mdb"));
 }
 
 }  // namespace

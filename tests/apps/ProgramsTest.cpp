@@ -19,11 +19,9 @@ class ProgramsTest : public CallTest {};
 
 TEST_F(ProgramsTest, AMonthFromAnEmptyDirectory) {
   create();
-  writeFile(registerOf({"12000", "24000"}),
-            readFile(home / "register.csv") +
-                "MEN'S BOOTS,06,1,101,11,60,平均年限法(一),2018-03-05,100,0.05,550202\n");
-  const ProgramResult imported =
-      ctl({"cards", "import", arguments("5"), home / "register.csv", "--today", "2020-01-31"});
+  const std::string csv = registerOf({"12000", "24000"});
+  writeFile(csv, readFile(csv) + "MEN'S BOOTS,06,1,101,11,60,平均年限法(一),2018-03-05,100,0.05,550202\n");
+  const ProgramResult imported = ctl({"cards", "import", arguments("5"), csv, "--today", "2020-01-31"});
   EXPECT_EQ(imported.status, 1);
   EXPECT_EQ(imported.output, "共 3 行：已保存 2 行，拒绝 1 行\n");
   EXPECT_EQ(imported.errors, "第4行，列“固定资产名称”：值中有单引号（'），会打断保存卡片的语句\n");
@@ -154,7 +152,8 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
 
 TEST_F(ProgramsTest, AClosedOutputIsReported) {
   create();
-  ProgramRun run(test::zelkorctlProgram(), {"sql", data(), "select * from code, AccInformation"}, home.path());
+  ProgramRun run(test::zelkorctlProgram(), {"sql", data(), "select * from code, AccInformation"},
+                 home.path());
   run.closeOutput();
   const ProgramResult result = run.finish();
   EXPECT_EQ(result.status, 1);
@@ -204,8 +203,9 @@ TEST_F(ProgramsTest, TheModuleSaysThatItReachesNoScreen) {
       {"-u DISPLAY -u QT_QPA_PLATFORM", "没有显示器（DISPLAY 未设置）"},
       {"QT_QPA_PLATFORM=xcb DISPLAY=nowhere:1", "不能连接显示器（DISPLAY=nowhere:1，QT_QPA_PLATFORM=xcb）"}};
   for (const auto& [environment, why] : cases) {
-    const std::string command = std::string("env -u WAYLAND_DISPLAY ") + environment + " '" + test::zelkorProgram() +
-                                "' '" + arguments("4") + "' 2>'" + errors.string() + "'";
+    const std::string command = std::string("env -u WAYLAND_DISPLAY ") + environment + " '" +
+                                test::zelkorProgram() + "' '" + arguments("4") + "' 2>'" + errors.string() +
+                                "'";
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
     EXPECT_EQ(readFile(errors),
               std::string("zelkor: ") + why + "，不能打开窗口；批处理运行类型可用 zelkorctl run\n");

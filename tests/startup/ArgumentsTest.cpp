@@ -39,6 +39,23 @@ TEST_F(ArgumentsTest, TwoReadingAccessorsAreOdd) {
   EXPECT_EQ(context.gOpArgs.User(), "001");
 }
 
+TEST_F(ArgumentsTest, AComposedStringIsReadAsItsFields) {
+  RunArguments fields{.dataFile = "/a b/ZkData.Mdb",
+                      .user = "陈会计",
+                      .date = day("2020-5-15"),
+                      .runType = 8,
+                      .systemFile = "/s/ZkSystem.Mdb",
+                      .account = "001"};
+  EXPECT_EQ(composeArguments(fields), "/a b/ZkData.Mdb,陈会计,2020-05-15,8,/s/ZkSystem.Mdb,001");
+  for (std::string* field : {&fields.dataFile, &fields.user, &fields.systemFile, &fields.account}) {
+    for (const char* text : {"a,b", " a", "a "}) {
+      const std::string before = std::exchange(*field, text);
+      EXPECT_EQ(errorOf([&fields] { composeArguments(fields); }), 5) << text;
+      *field = before;
+    }
+  }
+}
+
 struct FailingCase {
   const char* arguments;
   int error;

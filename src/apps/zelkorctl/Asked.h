@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/accountset/AccountSet.h"
+
+namespace zelkor {
+
+/// What a command line asks for: the values of its options, or what they are without them.
+struct Asked {
+  // Which account set a job works in: an argument string, or a folder or data file with what goes with it.
+  std::string arguments;
+  std::string set;
+  std::string date;
+  std::string user;
+  std::string today;
+  int runType = 0;
+
+  std::string directory;
+  std::string file;
+  std::string statement;
+  std::string engine = "sqlite";
+  bool json = false;
+
+  std::string account = AccountSetOptions().account;
+  int year = AccountSetOptions().year;
+  int month = AccountSetOptions().month;
+  bool sample = false;
+  std::string server;
+
+  std::string target;
+  std::string schema;
+  std::string charset;
+  bool check = false;
+
+  int newType = 1;
+  std::string answers;
+  bool yes = false;
+
+  bool merge = false;
+  std::string subjects;
+  std::string sign;
+  std::string voucher;
+
+  std::string report;
+  std::vector<std::string> conditions;
+  std::string format = "text";
+  std::string out;
+};
+
+}  // namespace zelkor

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+// What is wrong with a value that was given to an option, as a sentence; empty when nothing is.
+namespace zelkor {
+
+/// A date is yyyy-mm-dd.
+std::string dateProblem(const std::string& text);
+/// Answers are words joined by commas.
+std::string answersProblem(const std::string& text);
+/// An empty word would mean a file, where a server was asked for.
+std::string serverProblem(const std::string& text);
+std::string yearProblem(const std::string& text);
+std::string monthProblem(const std::string& text);
+std::string runTypeProblem(const std::string& text);
+
+}  // namespace zelkor

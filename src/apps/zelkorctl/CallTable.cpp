@@ -1,0 +1,330 @@
+#include "apps/zelkorctl/CallTable.h"
+
+#include <algorithm>
+
+#include "apps/zelkorctl/CallChecks.h"
+#include "apps/zelkorctl/Commands.h"
+#include "apps/zelkorctl/CopyCommand.h"
+#include "apps/zelkorctl/ImportCommand.h"
+#include "apps/zelkorctl/JobArguments.h"
+#include "apps/zelkorctl/ReportCommands.h"
+#include "apps/zelkorctl/VoucherCommands.h"
+#include "base/Text.h"
+
+namespace zelkor {
+namespace {
+
+using Parameters = std::vector<Parameter>;
+
+TransferOptions transferOf(const Asked& asked) {
+  return {.target = asked.target, .server = asked.server, .schema = asked.schema, .check = asked.check};
+}
+
+TerminalDialogs::Options dialogsOf(const Asked& asked) {
+  TerminalDialogs::Options options;
+  options.yesToAll = asked.yes;
+  if (asked.answers.empty()) return options;
+  options.answers.emplace();
+  for (const std::string& word : Split(asked.answers, ',')) options.answers->push_back(*answerFromWord(word));
+  return options;
+}
+
+int create(const Asked& asked, std::ostream& output, std::ostream&) {
+  return createCommand(asked.directory, asked.server, {asked.account, asked.year, asked.month, asked.sample},
+                       output);
+}
+
+int renew(const Asked& asked, std::ostream& output, std::ostream&) {
+  return renewCommand(asked.file, output);
+}
+
+int copy(const Asked& asked, std::ostream& output, std::ostream&) {
+  return copyCommand(asked.file, transferOf(asked), output);
+}
+
+int importJet(const Asked& asked, std::ostream& output, std::ostream&) {
+  return importJetCommand(asked.file, asked.charset, transferOf(asked), output);
+}
+
+int importRegister(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return importCardsCommand(jobOf(asked, asked.newType == 1 ? 5 : 6), asked.file, asked.newType, output,
+                            problems);
+}
+
+int importChanges(const Asked& asked, std::ostream& output, std::ostream&) {
+  return importSheetsCommand(jobOf(asked, 24), asked.file, output);
+}
+
+int run(const Asked& asked, std::ostream& output, std::ostream&) {
+  JobRun job = jobOf(asked, asked.runType);
+  job.dialogs = dialogsOf(asked);
+  return runCommand(job, output);
+}
+
+int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return disposeCommand(jobOf(asked, 22), asked.file, output, problems);
+}
+
+int pendingVouchers(const Asked& asked, std::ostream& output, std::ostream&) {
+  return pendingVouchersCommand(jobOf(asked, 10), output);
+}
+
+int makeVouchers(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return makeVouchersCommand(jobOf(asked, 10), {asked.merge, asked.subjects, asked.sign}, output, problems);
+}
+
+int listVouchers(const Asked& asked, std::ostream& output, std::ostream&) {
+  return listVouchersCommand(jobOf(asked, 12), output);
+}
+
+int deleteVoucher(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return deleteVoucherCommand(jobOf(asked, 12), asked.voucher, output, problems);
+}
+
+int report(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return reportCommand(jobOf(asked, 25), {asked.report, asked.conditions, asked.format, asked.out}, output,
+                       problems);
+}
+
+int sql(const Asked& asked, std::ostream& output, std::ostream&) {
+  return sqlCommand(asked.file, asked.statement, asked.json, output);
+}
+
+int translate(const Asked& asked, std::ostream& output, std::ostream&) {
+  return translateCommand(asked.statement, asked.engine, output);
+}
+
+/// What every job takes, before its own parameters.
+Parameters job(Parameters own) {
+  Parameters all{{.name = "ARGSTRING",
+                  .field = &Asked::arguments,
+                  .text = "参数串：数据文件,操作员,操作日期,运行类型,系统文件,账套号；用 --set 时省去",
+                  .with = With::ArgumentString}};
+  std::ranges::copy_if(own, std::back_inserter(all), [](const Parameter& one) { return !one.isOption(); });
+  const Parameters common{{.name = "--set",
+                           .field = &Asked::set,
+                           .text = "账套所在目录，或其数据文件（系统文件在同一目录）；代替参数串",
+                           .value = "DIR",
+                           .with = With::Both},
+                          {.name = "--date",
+                           .field = &Asked::date,
+                           .text = "操作日期 yyyy-mm-dd；不给出时为未结账月份的最后一天",
+                           .value = "DATE",
+                           .check = dateProblem,
+                           .needs = "--set"},
+                          {.name = "--user",
+                           .field = &Asked::user,
+                           .text = "操作员；不给出时为系统登录名",
+                           .value = "NAME",
+                           .needs = "--set"},
+                          {.name = "--today",
+                           .field = &Asked::today,
+                           .text = "当作今天的日期 yyyy-mm-dd",
+                           .value = "DATE",
+                           .check = dateProblem}};
+  std::ranges::copy_if(own, std::back_inserter(all), &Parameter::isOption);
+  std::ranges::copy(common, std::back_inserter(all));
+  return all;
+}
+
+/// What the calls take that write a new data file.
+Parameters transfer(Parameters own) {
+  const Parameters common{{.name = "TARGET", .field = &Asked::target, .text = "要建立的数据文件"},
+                          {.name = "--server",
+                           .field = &Asked::server,
+                           .text = "建在 PostgreSQL 服务器上：连接参数，不含口令",
+                           .value = "CONNINFO",
+                           .check = serverProblem},
+                          {.name = "--schema",
+                           .field = &Asked::schema,
+                           .text = "服务器上 schema 的名称；不给出时按目标文件的名称",
+                           .value = "NAME",
+                           .needs = "--server"},
+                          {.name = "--check", .field = &Asked::check, .text = "完成后逐行核对"}};
+  own.insert(own.begin() + 1, common.begin(), common.end());
+  return own;
+}
+
+std::vector<Call> setCalls() {
+  return {{.name = "create",
+           .text = "建立新账套：写入数据文件和系统文件",
+           .parameters =
+               {{.name = "DIR", .field = &Asked::directory, .text = "目录：写入 ZkData.Mdb 和 ZkSystem.Mdb"},
+                {.name = "--account", .field = &Asked::account, .text = "账套号", .value = "NUMBER"},
+                {.name = "--year",
+                 .field = &Asked::year,
+                 .text = "启用年",
+                 .value = "YEAR",
+                 .check = yearProblem},
+                {.name = "--month",
+                 .field = &Asked::month,
+                 .text = "启用月",
+                 .value = "MONTH",
+                 .check = monthProblem},
+                {.name = "--server",
+                 .field = &Asked::server,
+                 .text = "建在 PostgreSQL 服务器上：连接参数，不含口令",
+                 .value = "CONNINFO",
+                 .check = serverProblem},
+                {.name = "--sample", .field = &Asked::sample, .text = "加入示例档案并标为已初始化"}},
+           .example = "zelkorctl create books --sample --year 2020 --month 1",
+           .run = create},
+          {.name = "renew",
+           .text = "更新服务器上的账套：换上本版本在数据表之外所需的内容",
+           .parameters = {{.name = "FILE", .field = &Asked::file, .text = "数据文件"}},
+           .example = "zelkorctl renew books/ZkData.Mdb",
+           .run = renew},
+          {.name = "copy",
+           .text = "复制数据文件，本机文件与服务器之间均可",
+           .parameters = transfer({{.name = "SOURCE", .field = &Asked::file, .text = "数据文件"}}),
+           .example = "zelkorctl copy books/ZkData.Mdb copy/ZkData.Mdb --check",
+           .run = copy},
+          {.name = "import",
+           .text = "导入 Jet 数据文件",
+           .parameters =
+               transfer({{.name = "JETFILE", .field = &Asked::file, .text = "Jet 3 或 Jet 4 文件（.mdb）"},
+                         {.name = "--charset",
+                          .field = &Asked::charset,
+                          .text = "Jet 3 文件中文字的字符集；不指明则按 GBK",
+                          .value = "NAME"}}),
+           .example = "zelkorctl import old.mdb books/ZkData.Mdb --check",
+           .run = importJet},
+          {.name = "sql",
+           .text = "对数据文件执行一条语句",
+           .parameters = {{.name = "FILE", .field = &Asked::file, .text = "数据文件"},
+                          {.name = "STATEMENT", .field = &Asked::statement, .text = "语句"},
+                          {.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"}},
+           .example = "zelkorctl sql books/ZkData.Mdb \"select sCardNum, dblValue from fa_Cards\"",
+           .run = sql},
+          {.name = "translate",
+           .text = "显示语句的译文",
+           .parameters = {{.name = "STATEMENT", .field = &Asked::statement, .text = "语句"},
+                          {.name = "--engine",
+                           .field = &Asked::engine,
+                           .text = "引擎",
+                           .value = "ENGINE",
+                           .words = {"sqlite", "postgresql"}}},
+           .example = "zelkorctl translate \"select * from fa_Cards where sAssetName like '车*'\"",
+           .run = translate}};
+}
+
+std::vector<Call> jobCalls() {
+  return {
+      {.name = "cards import",
+       .text = "导入固定资产卡片",
+       .parameters =
+           job({{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件，列名为卡片项目"},
+                {.name = "--new-type",
+                 .field = &Asked::newType,
+                 .text = "1 原始卡片，2 本月新增",
+                 .value = "TYPE",
+                 .words = {"1", "2"}}}),
+       .example = "zelkorctl cards import register.csv --set books",
+       .run = importRegister},
+      {.name = "sheets import",
+       .text = "成批保存变动单",
+       .parameters =
+           job({{.name = "FILE",
+                 .field = &Asked::file,
+                 .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
+       .example = "zelkorctl sheets import changes.csv --set books",
+       .run = importChanges},
+      {.name = "run",
+       .text = "在终端中执行批处理运行类型：8 计提折旧，20 月末结账，21 对账，23 重新初始化",
+       .parameters = job({{.name = "RUNTYPE",
+                           .field = &Asked::runType,
+                           .text = "运行类型，与 --set 一起用",
+                           .check = runTypeProblem,
+                           .with = With::Set},
+                          {.name = "--answers",
+                           .field = &Asked::answers,
+                           .text = "依次的回答：y 是，n 否，o 确定，c 取消",
+                           .value = "WORDS",
+                           .check = answersProblem},
+                          {.name = "--yes", .field = &Asked::yes, .text = "其余问题一律回答“是”"}}),
+       .example = "zelkorctl run 8 --set books --answers y,y,n",
+       .run = run},
+      {.name = "dispose",
+       .text = "减少资产",
+       .parameters = job({{.name = "FILE",
+                           .field = &Asked::file,
+                           .text = "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因"}}),
+       .example = "zelkorctl dispose disposals.csv --set books",
+       .run = dispose},
+      {.name = "vouchers pending",
+       .text = "列出本月待制单的业务",
+       .parameters = job({}),
+       .example = "zelkorctl vouchers pending --set books",
+       .run = pendingVouchers},
+      {.name = "vouchers make",
+       .text = "逐项生成凭证",
+       .parameters = job({{.name = "--merge", .field = &Asked::merge, .text = "合并科目及辅助项相同的分录"},
+                          {.name = "--subjects",
+                           .field = &Asked::subjects,
+                           .text = "无科目的分录所用科目：CSV 文件，列为业务类型、方向（借或贷）、科目",
+                           .value = "FILE"},
+                          {.name = "--sign", .field = &Asked::sign, .text = "凭证类别字", .value = "SIGN"}}),
+       .example = "zelkorctl vouchers make --set books --subjects subjects.csv",
+       .run = makeVouchers},
+      {.name = "vouchers list",
+       .text = "列出本月凭证",
+       .parameters = job({}),
+       .example = "zelkorctl vouchers list --set books",
+       .run = listVouchers},
+      {.name = "vouchers delete",
+       .text = "删除凭证",
+       .parameters =
+           job({{.name = "VOUCHER", .field = &Asked::voucher, .text = "凭证号，如 list 所列：记--1"}}),
+       .example = "zelkorctl vouchers delete 记--1 --set books",
+       .run = deleteVoucher},
+      {.name = "report",
+       .text = "计算一张报表",
+       .parameters = job(
+           {{.name = "NAME", .field = &Asked::report, .text = "报表名称，如 固定资产总账"},
+            {.name = "--condition",
+             .field = &Asked::conditions,
+             .text = "条件=值，可给出多个：period、period-to、department、category、from-level、to-level、"
+                     "composition、layout、department-level、category-level",
+             .value = "KEY=VALUE"},
+            {.name = "--format",
+             .field = &Asked::format,
+             .text = "形式",
+             .value = "FORMAT",
+             .words = {"text", "csv", "html", "xlsx", "pdf"}},
+            {.name = "--out",
+             .field = &Asked::out,
+             .text = "写入的文件；xlsx 和 pdf 必需",
+             .value = "FILE"}}),
+       .example = "zelkorctl report 固定资产总账 --set books --format pdf --out ledger.pdf",
+       .run = report}};
+}
+
+std::vector<Call> allCalls() {
+  std::vector<Call> all = setCalls();
+  for (Call& call : jobCalls()) all.push_back(std::move(call));
+  return all;
+}
+
+}  // namespace
+
+std::span<const Call> calls() {
+  static const std::vector<Call> all = allCalls();
+  return all;
+}
+
+std::span<const CallGroup> callGroups() {
+  static constexpr CallGroup groups[] = {
+      {"cards", "固定资产卡片"}, {"sheets", "变动单"}, {"vouchers", "凭证"}};
+  return groups;
+}
+
+std::string defaultOf(const Parameter& parameter) {
+  const Asked asked;
+  if (const auto* text = std::get_if<std::string Asked::*>(&parameter.field)) return asked.**text;
+  if (const auto* number = std::get_if<int Asked::*>(&parameter.field); number && parameter.isOption()) {
+    return std::to_string(asked.**number);
+  }
+  return {};
+}
+
+}  // namespace zelkor

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "store/engine/Database.h"
+
+namespace zelkor {
+
+/// The number of the account in the system file; nothing when there is none, or more than one.
+std::optional<std::string> onlyAccount(Database& system);
+
+/// The last day of the month that is to be closed next. Nothing when the account set has not been set up, and
+/// after December has been closed: that there is another year only the suite knows.
+std::optional<DateTime> lastDayOfOpenMonth(Database& data, Database& system, std::string_view account);
+
+}  // namespace zelkor

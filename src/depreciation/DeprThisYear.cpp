@@ -1,18 +1,10 @@
 #include "depreciation/DeprThisYear.h"
 
-#include <exception>
 #include <utility>
 
 #include "store/engine/Statement.h"
 
 namespace zelkor {
-
-DeprThisYear::~DeprThisYear() {
-  try {
-    write();
-  } catch (...) {
-  }
-}
 
 void DeprThisYear::set(Currency total) {
   kept_ = total;

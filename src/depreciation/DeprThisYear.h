@@ -15,15 +15,10 @@ class DeprThisYear {
   enum class Writing { AtOnce, WhenWalkEnds };
 
   DeprThisYear(Database& data, Writing writing) : data_(data), writing_(writing) {}
-  DeprThisYear(const DeprThisYear&) = delete;
-  DeprThisYear& operator=(const DeprThisYear&) = delete;
-  /// Writes what is still kept because the walk failed. A failure of this write is dropped: the failure that
-  /// broke off the walk is the one to be reported.
-  ~DeprThisYear();
 
   /// Sets every row to `total`, at once or when the walk ends.
   void set(Currency total);
-  /// Writes what is kept.
+  /// Writes what is kept; to be called at the end of a walk, also of one that failed.
   void write();
 
  private:

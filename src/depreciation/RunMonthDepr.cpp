@@ -37,9 +37,14 @@ bool computeCards(RunContext& run) {
   const std::vector<std::string> cardNums = cardsInService(run);
   DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::WhenWalkEnds);
   LongJob job(run.dialogs, "正在计提折旧，请稍候……", cardNums.size());
-  for (const std::string& cardNum : cardNums) {
-    CalcCardDepr(run, cardNum, deprThisYear);
-    job.step();
+  try {
+    for (const std::string& cardNum : cardNums) {
+      CalcCardDepr(run, cardNum, deprThisYear);
+      job.step();
+    }
+  } catch (...) {
+    deprThisYear.write();
+    throw;
   }
   deprThisYear.write();
   return !cardNums.empty();

@@ -10,12 +10,10 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kMethodIDColumn = 7;
-
 TextGrid heading() {
   TextGrid grid;
   grid.setHeader("卡片编号|固定资产编号|固定资产名称|规格型号|开始使用日期|折旧方法|录入人|折旧方法编号");
-  grid.setColumnHidden(kMethodIDColumn, true);
+  grid.setColumnHidden(card_column::MethodID, true);
   return grid;
 }
 

@@ -1,9 +1,16 @@
 #pragma once
 
+#include <cstddef>
+
 #include "base/TextGrid.h"
 #include "startup/RunContext.h"
 
 namespace zelkor {
+
+/// The columns of `cardPickerList`.
+namespace card_column {
+enum : std::size_t { CardNum, AssetNum, AssetName, Style, StartDate, Method, Operator, MethodID };
+}
 
 /// The cards to pick from, each by its newest version, under one header row: sCardNum, sAssetNum, sAssetName,
 /// sStyle, dStartdate, name of the depreciation method, sOperator, the method's sID. Only the header when

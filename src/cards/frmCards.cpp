@@ -9,12 +9,6 @@
 
 namespace zelkor {
 
-namespace {
-
-constexpr int kNameColumn = 2;
-
-}  // namespace
-
 using namespace layout;
 
 frmCards::frmCards(FormHost& host, CardPick pick) : Form(host, "frmCards", "卡片参照", Unload::Plain) {
@@ -33,8 +27,8 @@ frmCards::frmCards(FormHost& host, CardPick pick) : Form(host, "frmCards", "卡�
 void frmCards::showOnly(const std::string& cardNumber, const std::string& assetNumber) {
   TextGrid cards = mshTable_->grid();
   for (std::size_t row = cards.headerRows(); row < cards.rows(); ++row) {
-    const bool wanted =
-        cards.text(row, 0).starts_with(cardNumber) && cards.text(row, 1).starts_with(assetNumber);
+    const bool wanted = cards.text(row, card_column::CardNum).starts_with(cardNumber) &&
+                        cards.text(row, card_column::AssetNum).starts_with(assetNumber);
     cards.setRowHidden(row, !wanted);
   }
   mshTable_->setGrid(std::move(cards));
@@ -46,7 +40,8 @@ void frmCards::resizeEvent(QResizeEvent* event) {
   const int room =
       mshTable_->width() - 2 * mshTable_->frameWidth() - mshTable_->verticalScrollBar()->sizeHint().width();
   const int spare = room - mshTable_->horizontalHeader()->length();
-  if (spare > 0) mshTable_->setColumnWidth(kNameColumn, mshTable_->columnWidth(kNameColumn) + spare);
+  constexpr int kName = card_column::AssetName;
+  if (spare > 0) mshTable_->setColumnWidth(kName, mshTable_->columnWidth(kName) + spare);
 }
 
 void frmCards::take(std::vector<std::size_t> rows) {

@@ -25,8 +25,7 @@ class frmCards final : public Form {
   std::optional<std::size_t> moStrRow() const { return moStrRow_; }
   /// Rows of all chosen cards from top to bottom.
   const std::vector<std::size_t>& chosenRows() const { return chosenRows_; }
-  /// The grid: card number, asset number, asset name, style, start date, depreciation method,
-  /// operator and the method's sID in columns 0 to 7.
+  /// The grid, its columns those of `cardPickerList`.
   const TextGrid& mshTable() const { return mshTable_->grid(); }
 
  private:

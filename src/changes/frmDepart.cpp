@@ -1,15 +1,14 @@
 #include "changes/frmDepart.h"
 
-#include <array>
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QRegularExpressionValidator>
 
 #include "archives/FrmFATypes.h"
-#include "base/Conversion.h"
 #include "base/Text.h"
 #include "changes/frmProject.h"
 #include "changes/SplitDeparts.h"
+#include "changes/SplitGrid.h"
 #include "store/settings/SubjectText.h"
 #include "ui/Layout.h"
 #include "vouchers/frmPZCode.h"
@@ -18,24 +17,10 @@ namespace zelkor {
 namespace {
 
 using namespace layout;
+using namespace split_column;
 
 constexpr std::size_t kHeaderRows = 1;
 constexpr std::size_t kLeastDeparts = 2;
-enum Column : std::size_t { kNumber, kDepart, kScale, kSubject, kItemClass, kProject };
-constexpr std::array kWidths = {650, 2700, 1300, 3000, 1100, 2900};
-
-std::string codeAndName(const std::string& code, const std::string& name) {
-  return code.empty() ? std::string() : code + "," + name;
-}
-
-std::vector<std::string> cellsOf(std::size_t number, const SplitRow& row) {
-  return {std::to_string(number),
-          codeAndName(row.departCode, row.departName),
-          row.scale,
-          row.subject,
-          row.itemClass,
-          row.project};
-}
 
 }  // namespace
 
@@ -45,7 +30,7 @@ frmDepart::frmDepart(FormHost& host) : Form(host, "frmDepart", "使用部门", U
   connectEvents();
   rows_.resize(kLeastDeparts);
   showRows();
-  MSFl1->selectCell(kHeaderRows, kDepart);
+  MSFl1->selectCell(kHeaderRows, Depart);
 }
 
 void frmDepart::arrangeControls() {
@@ -65,7 +50,7 @@ void frmDepart::connectEvents() {
     edit(static_cast<std::size_t>(cell.row()) + kHeaderRows, static_cast<std::size_t>(cell.column()));
   });
   on(MSFl1, &FlexGrid::rowOpened,
-     [this](std::size_t row) { edit(row, MSFl1->currentGridColumn().value_or(kDepart)); });
+     [this](std::size_t row) { edit(row, MSFl1->currentGridColumn().value_or(Depart)); });
   on(editor_, &CellEditor::committed, &frmDepart::take);
   on(editor_, &CellEditor::entered, &frmDepart::editBehind);
   on(editor_, &CellEditor::buttonPressed, &frmDepart::cmdScanf_Click);
@@ -80,33 +65,21 @@ SplitRow& frmDepart::at(std::size_t row) {
 }
 
 void frmDepart::showRows() {
-  TextGrid grid;
-  grid.setHeader("序号|使用部门|使用比例(%)|对应折旧科目|项目大类|对应项目");
-  for (std::size_t i = 0; i < kWidths.size(); ++i) grid.setColumnWidth(i, kWidths[i]);
-  grid.setAlignment(kNumber, Align::Center);
-  grid.setAlignment(kScale, Align::Right);
-  for (std::size_t i = 0; i < rows_.size(); ++i) grid.addRow(cellsOf(i + 1, rows_[i]));
-  MSFl1->setGrid(std::move(grid));
-  showTotal();
+  MSFl1->setGrid(splitGrid(rows_));
+  lblTotal->setText(toQt(splitTotalText(rows_)));
 }
 
 void frmDepart::showRow(std::size_t row) {
-  const auto cells = cellsOf(row, at(row));
+  const auto cells = splitCells(row, at(row));
   for (std::size_t column = 0; column < cells.size(); ++column) MSFl1->setText(row, column, cells[column]);
-  showTotal();
-}
-
-void frmDepart::showTotal() {
-  double total = 0;
-  for (const SplitRow& row : rows_) total += Val(row.scale);
-  lblTotal->setText("比例合计：" + toQt(textOfDouble(total)) + "%");
+  lblTotal->setText(toQt(splitTotalText(rows_)));
 }
 
 void frmDepart::edit(std::size_t row, std::size_t column) {
   static const QRegularExpressionValidator percent(QRegularExpression("[0-9]{0,3}"));
   MSFl1->selectCell(row, column);
-  if (column == kNumber) return;
-  if (column == kScale) {
+  if (column == Number) return;
+  if (column == Scale) {
     editor_->editText(row, column, &percent);
   } else {
     editor_->editWithButton(row, column);
@@ -115,19 +88,19 @@ void frmDepart::edit(std::size_t row, std::size_t column) {
 
 /// Goes on with the next cell; the project class comes with the project.
 void frmDepart::editBehind(std::size_t row, std::size_t column) {
-  if (column < kProject) return edit(row, column == kSubject ? kProject : column + 1);
-  if (row + 1 < MSFl1->grid().rows()) return edit(row + 1, kDepart);
+  if (column < Project) return edit(row, column == Subject ? Project : column + 1);
+  if (row + 1 < MSFl1->grid().rows()) return edit(row + 1, Depart);
   cmdOK->setFocus();
 }
 
 void frmDepart::take(std::size_t row, std::size_t column, const QString& text) {
   const std::string typed = Trim(fromQt(text));
   SplitRow& depart = at(row);
-  if (column == kDepart) takeDepartment(row, typed);
-  if (column == kScale) depart.scale = typed;
-  if (column == kSubject) depart.subject = lookUpSubject(data(), typed).value_or("");
-  if (column == kItemClass) depart.itemClass = typed;
-  if (column == kProject && typed.empty()) depart.project = depart.itemClass = "";
+  if (column == Depart) takeDepartment(row, typed);
+  if (column == Scale) depart.scale = typed;
+  if (column == Subject) depart.subject = lookUpSubject(data(), typed).value_or("");
+  if (column == ItemClass) depart.itemClass = typed;
+  if (column == Project && typed.empty()) depart.project = depart.itemClass = "";
   showRow(row);
 }
 
@@ -155,10 +128,10 @@ void frmDepart::takeProject(std::size_t row) {
 
 void frmDepart::cmdScanf_Click(std::size_t row, std::size_t column) {
   editor_->cancel();
-  if (column == kDepart) {
+  if (column == Depart) {
     const auto picked = pickFromArchive(host(), ArchiveKind::Departments, at(row).departCode);
     if (picked) takeDepartment(row, picked->value);
-  } else if (column == kSubject) {
+  } else if (column == Subject) {
     frmPZCode picker(host());
     host().showModal(picker);
     const PickedSubject picked = picker.picked();
@@ -175,7 +148,7 @@ void frmDepart::cmdAdd_Click() {
   if (rows_.size() >= mostSplitDeparts) return;
   rows_.emplace_back();
   showRows();
-  edit(rows_.size() - 1 + kHeaderRows, kDepart);
+  edit(rows_.size() - 1 + kHeaderRows, Depart);
 }
 
 void frmDepart::cmdDel_Click() {
@@ -184,7 +157,7 @@ void frmDepart::cmdDel_Click() {
   if (!row) return;
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(*row - kHeaderRows));
   showRows();
-  if (!rows_.empty()) MSFl1->selectCell(std::min(*row, rows_.size()), kDepart);
+  if (!rows_.empty()) MSFl1->selectCell(std::min(*row, rows_.size()), Depart);
 }
 
 void frmDepart::cmdOK_Click() {

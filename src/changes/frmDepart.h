@@ -32,7 +32,6 @@ class frmDepart final : public Form {
   void connectEvents();
   void showRows();
   void showRow(std::size_t row);
-  void showTotal();
   SplitRow& at(std::size_t row);
 
   void edit(std::size_t row, std::size_t column);

@@ -7,6 +7,7 @@
 
 #include "archives/frmCnDate.h"
 #include "archives/frmSelectUseStatus.h"
+#include "cards/CardPickerList.h"
 #include "cards/frmCards.h"
 #include "store/engine/Statement.h"
 #include "ui/Layout.h"
@@ -29,7 +30,8 @@ std::vector<PickedCard> pickCards(FormHost& host, const std::string& cardNumber,
   std::vector<PickedCard> cards;
   for (const std::size_t row : picker.chosenRows()) {
     const TextGrid& offered = picker.mshTable();
-    cards.push_back({offered.text(row, 0), offered.text(row, 1), offered.text(row, 2)});
+    cards.push_back({offered.text(row, card_column::CardNum), offered.text(row, card_column::AssetNum),
+                     offered.text(row, card_column::AssetName)});
   }
   return cards;
 }

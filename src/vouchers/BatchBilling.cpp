@@ -122,12 +122,21 @@ void BatchBilling::setMarks(const char* mark) {
 }
 
 void BatchBilling::toggleMark(std::size_t row) {
-  const bool marked = selection_.text(row, selection_column::Mark) == "Y";
-  selection_.setText(row, selection_column::Mark, marked ? "" : "Y");
+  selection_.setText(row, selection_column::Mark, isMarked(row) ? "" : "Y");
 }
 
 void BatchBilling::setMergeNumber(std::size_t row, std::string number) {
   selection_.setText(row, selection_column::MergeNumber, std::move(number));
+}
+
+bool BatchBilling::isMarked(std::size_t row) const {
+  return selection_.text(row, selection_column::Mark) == "Y";
+}
+
+std::size_t BatchBilling::markedRows() const {
+  std::size_t marked = 0;
+  for (std::size_t row = 1; row < selection_.rows(); ++row) marked += isMarked(row) ? 1 : 0;
+  return marked;
 }
 
 std::vector<std::string> BatchBilling::usedMergeNumbers() const {
@@ -163,8 +172,8 @@ std::vector<std::size_t> BatchBilling::loadLines() {
   if (selection_.rows() <= 1) return loaded;
   // Without a mark the walk ends at the last row, which then is the one that shows.
   std::size_t shown = 1;
-  while (shown + 1 < selection_.rows() && selection_.text(shown, selection_column::Mark) != "Y") ++shown;
-  const bool marked = selection_.text(shown, selection_column::Mark) == "Y";
+  while (shown + 1 < selection_.rows() && !isMarked(shown)) ++shown;
+  const bool marked = isMarked(shown);
   if (marked) mergeNumber_ = selection_.text(shown, selection_column::MergeNumber);
   loadedText_ = mergeNumber_.empty() ? eventOf(shown) : mergeNumber_;
   for (std::size_t row = 1; row < selection_.rows(); ++row) {

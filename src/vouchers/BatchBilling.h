@@ -37,6 +37,7 @@ class BatchBilling {
   void toggleMark(std::size_t row);
   void markAll() { setMarks("Y"); }
   void unmarkAll() { setMarks(""); }
+  std::size_t markedRows() const;
   void setMergeNumber(std::size_t row, std::string number);
   /// The merge numbers in the list, each once, in its order.
   std::vector<std::string> usedMergeNumbers() const;
@@ -63,6 +64,7 @@ class BatchBilling {
  private:
   void readSelection();
   void setMarks(const char* mark);
+  bool isMarked(std::size_t row) const;
   std::string eventOf(std::size_t row) const;
   bool isEvent(std::size_t row, std::string_view text) const;
   bool belongs(std::size_t row) const;

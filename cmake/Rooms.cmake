@@ -1,6 +1,6 @@
 # A room is a folder of src/. Its files build one core library, zelkor_<last name of the folder>, that links no Qt;
-# files whose name begins Frm or frm are screens and go into zelkor_forms instead. A folder below it is part of it,
-# unless that is a room of its own.
+# files whose name begins Frm or frm are screens and build zelkor_<last name of the folder>_forms. A folder below it is
+# part of it, unless that is a room of its own.
 set(ZELKOR_INNER_ROOMS store/engine/sqlite store/engine/postgresql transfer/jet)
 
 add_library(zelkor_options INTERFACE)
@@ -48,7 +48,47 @@ function(zelkor_room folder)
   target_include_directories(zelkor_${room} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(zelkor_${room} PUBLIC ${ARGN} PRIVATE zelkor_options)
   target_precompile_headers(zelkor_${room} REUSE_FROM zelkor_common_headers)
-  set_property(GLOBAL APPEND PROPERTY ZELKOR_ROOMS zelkor_${room})
+  zelkor_note_library(zelkor_${room} ${folder} core ${ARGN})
+endfunction()
+
+# zelkor_ui([<library that all screens may call> ...]): what screens are built from, src/ui, as the library zelkor_ui
+function(zelkor_ui)
+  # What prints on paper needs fonts but no widgets, and serves the administrator's tool, too.
+  add_library(zelkor_paper STATIC ${CMAKE_SOURCE_DIR}/src/ui/GridPaper.cpp)
+  target_link_libraries(zelkor_paper PUBLIC zelkor_base Qt6::Gui PRIVATE zelkor_options)
+  target_compile_definitions(zelkor_paper INTERFACE ZELKOR_PAPER)
+
+  file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/ui/*.cpp)
+  list(FILTER files EXCLUDE REGEX "/GridPaper\\.cpp$")
+  add_library(zelkor_ui STATIC ${files})
+  set_target_properties(zelkor_ui PROPERTIES AUTOMOC ON)
+  target_link_libraries(zelkor_ui PUBLIC ${ARGN} Qt6::Widgets PRIVATE zelkor_options)
+  target_precompile_headers(zelkor_ui PRIVATE ${ZELKOR_COMMON_HEADERS} <QtWidgets>)
+  zelkor_note_library(zelkor_ui ui core ${ARGN})
+endfunction()
+
+# zelkor_forms(<folder> [<library the screens may call besides ui and their room's core> ...])
+function(zelkor_forms folder)
+  get_filename_component(room ${folder} NAME)
+  set(forms zelkor_${room}_forms)
+  file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/[Ff]rm*.cpp)
+  add_library(${forms} STATIC ${files})
+  set_target_properties(${forms} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${forms} PUBLIC zelkor_${room} zelkor_ui ${ARGN} PRIVATE zelkor_options)
+  target_precompile_headers(${forms} REUSE_FROM zelkor_ui)
+  zelkor_note_library(${forms} ${folder} forms zelkor_${room} zelkor_ui ${ARGN})
+endfunction()
+
+# What CheckRooms.cmake is told of each library.
+function(zelkor_note_library library folder kind)
+  list(FILTER ARGN INCLUDE REGEX "^zelkor_")
+  list(JOIN ARGN "," edges)
+  set_property(GLOBAL APPEND_STRING PROPERTY ZELKOR_LIBRARIES "${library}|${folder}|${kind}|${edges}\n")
+endfunction()
+
+function(zelkor_write_rooms)
+  get_property(libraries GLOBAL PROPERTY ZELKOR_LIBRARIES)
+  file(WRITE ${CMAKE_BINARY_DIR}/rooms.txt "${libraries}")
 endfunction()
 
 # zelkor_room_tests(<folder> [<library> ...]): tests/<folder>/*.cpp as one GoogleTest program, its tests with

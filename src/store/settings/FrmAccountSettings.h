@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "ui/CodingRuleBoxes.h"
+#include "store/settings/frmCodingRuleBoxes.h"
 #include "ui/Form.h"
 
 namespace zelkor {
@@ -27,10 +27,10 @@ class FrmAccountSettings : public Form {
   QCheckBox* CheckTZZJ =
       make<QCheckBox>("CheckTZZJ", "当(月初已计提月份=可使用月份-1)时将剩余折旧全部提足(工作量法除外)");
   // codes
-  std::array<QLineEdit*, CodingRuleBoxes::levels> TxtBMCD =
-      makeArray<QLineEdit, CodingRuleBoxes::levels>("TxtBMCD");
-  std::array<UpDown*, CodingRuleBoxes::levels> UpDownBMCD =
-      makeArray<UpDown, CodingRuleBoxes::levels>("UpDownBMCD");
+  std::array<QLineEdit*, CodingRuleBoxes::kLevels> TxtBMCD =
+      makeArray<QLineEdit, CodingRuleBoxes::kLevels>("TxtBMCD");
+  std::array<UpDown*, CodingRuleBoxes::kLevels> UpDownBMCD =
+      makeArray<UpDown, CodingRuleBoxes::kLevels>("UpDownBMCD");
   QLabel* LblBMZCD = make<QLabel>("LblBMZCD");
   QRadioButton* OptionBMFSSD = make<QRadioButton>("OptionBMFSSD", "手工输入");
   QRadioButton* OptionBMFSZD = make<QRadioButton>("OptionBMFSZD", "自动编码");

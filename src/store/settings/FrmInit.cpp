@@ -62,7 +62,7 @@ void FrmInit::loadCodes() {
 }
 
 void FrmInit::showStep() {
-  for (std::size_t i = 0; i < steps; ++i) {
+  for (std::size_t i = 0; i < kSteps; ++i) {
     const bool current = static_cast<std::int16_t>(i) == step_;
     PicOK[i]->setVisible(current);
     QFont font = LblStep[i]->font();
@@ -71,10 +71,10 @@ void FrmInit::showStep() {
   }
   Pages->setCurrentIndex(step_);
   CmdPr->setEnabled(step_ > 0);
-  CmdFinish->setEnabled(step_ == lastStep);
+  CmdFinish->setEnabled(step_ == kLastStep);
   // A button that is locked hands the focus to the next one, which must not come to be the one that gives up.
-  if (step_ == lastStep) CmdFinish->setFocus();
-  CmdNext->setEnabled(step_ < lastStep && OptionYes->isChecked());
+  if (step_ == kLastStep) CmdFinish->setFocus();
+  CmdNext->setEnabled(step_ < kLastStep && OptionYes->isChecked());
 }
 
 void FrmInit::OptionYes_Click() {
@@ -116,7 +116,7 @@ bool FrmInit::subjectIsRight(QLineEdit& field, const char* emptyText) {
 void FrmInit::CmdNext_Click() {
   ++step_;
   showStep();
-  if (step_ < lastStep) return;
+  if (step_ < kLastStep) return;
   if (CheckZWXTDZ->isChecked() && (!subjectIsRight(*TxtGDZCDZKM, "固定资产对账科目不正确!") ||
                                    !subjectIsRight(*TxtLJZJDZKM, "累计折旧对账科目不正确!"))) {
     CmdPr_Click();

@@ -15,12 +15,12 @@ class FrmInit final : public FrmAccountSettings {
   explicit FrmInit(FormHost& host);
 
  private:
-  static constexpr std::int16_t lastStep = 5;
-  static constexpr std::size_t steps = 6;
+  static constexpr std::int16_t kLastStep = 5;
+  static constexpr std::size_t kSteps = 6;
 
   // the list of steps
-  std::array<QLabel*, steps> PicOK = makeArray<QLabel, steps>("PicOK");
-  std::array<QLabel*, steps> LblStep = makeArray<QLabel, steps>("LblStep");
+  std::array<QLabel*, kSteps> PicOK = makeArray<QLabel, kSteps>("PicOK");
+  std::array<QLabel*, kSteps> LblStep = makeArray<QLabel, kSteps>("LblStep");
   QStackedWidget* Pages = make<QStackedWidget>("Pages");
   // 1 terms
   QPlainTextEdit* TxtJBYZ = make<QPlainTextEdit>("TxtJBYZ");

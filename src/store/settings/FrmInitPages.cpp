@@ -34,7 +34,7 @@ void FrmInit::arrangeControls() {
 
 QLayout* FrmInit::stepList() {
   auto* list = column({heading("初始化步骤"), space(8)});
-  for (std::size_t i = 0; i < steps; ++i) {
+  for (std::size_t i = 0; i < kSteps; ++i) {
     PicOK[i]->setPixmap(currentStepIcon().pixmap(kMarkSize, kMarkSize));
     LblStep[i]->setText(kStepCaptions[i]);
     auto* mark = layout::page(row({PicOK[i]}));

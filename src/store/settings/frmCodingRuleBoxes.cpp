@@ -1,14 +1,14 @@
-#include "ui/CodingRuleBoxes.h"
+#include "store/settings/frmCodingRuleBoxes.h"
 
 #include <QBoxLayout>
 
 #include "ui/Layout.h"
 
 namespace zelkor {
-CodingRuleBoxes::CodingRuleBoxes(const std::array<QLineEdit*, levels>& boxes,
-                                 const std::array<UpDown*, levels>& spinners, QLabel* sum)
+CodingRuleBoxes::CodingRuleBoxes(const std::array<QLineEdit*, kLevels>& boxes,
+                                 const std::array<UpDown*, kLevels>& spinners, QLabel* sum)
     : boxes_(boxes), spinners_(spinners), sum_(sum) {
-  for (std::size_t i = 0; i < levels; ++i) {
+  for (std::size_t i = 0; i < kLevels; ++i) {
     numberBox(boxes_[i]);
     spinners_[i]->setBuddy(boxes_[i]);
     QObject::connect(spinners_[i], &UpDown::valueChanged, sum_, [this] { refresh(); });
@@ -17,25 +17,25 @@ CodingRuleBoxes::CodingRuleBoxes(const std::array<QLineEdit*, levels>& boxes,
 
 void CodingRuleBoxes::show(const CodingRuleLengths& rule) {
   for (UpDown* spinner : spinners_) spinner->setRange(0, CodingRuleLengths::most);
-  for (std::size_t i = 0; i < levels; ++i) spinners_[i]->setValue(rule.lengths[i]);
+  for (std::size_t i = 0; i < kLevels; ++i) spinners_[i]->setValue(rule.lengths[i]);
   refresh();
 }
 
 CodingRuleLengths CodingRuleBoxes::rule() const {
   CodingRuleLengths rule;
-  for (std::size_t i = 0; i < levels; ++i) rule.lengths[i] = spinners_[i]->value();
+  for (std::size_t i = 0; i < kLevels; ++i) rule.lengths[i] = spinners_[i]->value();
   return rule;
 }
 
 void CodingRuleBoxes::refresh() {
   const CodingRuleLengths shown = rule();
-  for (std::size_t i = 0; i < levels; ++i) spinners_[i]->setRange(0, shown.maximumOf(i));
+  for (std::size_t i = 0; i < kLevels; ++i) spinners_[i]->setRange(0, shown.maximumOf(i));
   sum_->setText(QString::number(shown.sum()));
 }
 
 QLayout* CodingRuleBoxes::layout() const {
   auto* lengths = layout::row({new QLabel("编码长度：")});
-  for (std::size_t i = 0; i < levels; ++i) {
+  for (std::size_t i = 0; i < kLevels; ++i) {
     const QString caption = QString("第%1级").arg(i + 1);
     lengths->addLayout(layout::captioned(caption.toUtf8().constData(), spinnerPair(boxes_[i], spinners_[i])));
     lengths->addSpacing(8);

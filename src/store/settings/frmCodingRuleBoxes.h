@@ -13,9 +13,9 @@ namespace zelkor {
 /// their sum, as two screens have them. Each spinner ends where the four would pass the longest code.
 class CodingRuleBoxes {
  public:
-  static constexpr std::size_t levels = CodingRuleLengths::levels;
+  static constexpr std::size_t kLevels = CodingRuleLengths::levels;
 
-  CodingRuleBoxes(const std::array<QLineEdit*, levels>& boxes, const std::array<UpDown*, levels>& spinners,
+  CodingRuleBoxes(const std::array<QLineEdit*, kLevels>& boxes, const std::array<UpDown*, kLevels>& spinners,
                   QLabel* sum);
 
   void show(const CodingRuleLengths& rule);
@@ -26,8 +26,8 @@ class CodingRuleBoxes {
  private:
   void refresh();
 
-  std::array<QLineEdit*, levels> boxes_;
-  std::array<UpDown*, levels> spinners_;
+  std::array<QLineEdit*, kLevels> boxes_;
+  std::array<UpDown*, kLevels> spinners_;
   QLabel* sum_;
 };
 

@@ -1,0 +1,60 @@
+# cmake -DROOMS=<file> -DSOURCE=<src folder> -P CheckRooms.cmake: checks what the linker cannot see, since a header alone
+# needs no library: every include leads to the file's own library or to one below it, and every edge that is named has
+# an include that needs it. ROOMS has a line "<library>|<folder>|<core or forms>|<library>,..." for each library, those
+# below first.
+cmake_minimum_required(VERSION 3.25)
+
+file(STRINGS ${ROOMS} lines)
+foreach(line IN LISTS lines)
+  string(REGEX MATCH "^(.*)\\|(.*)\\|(.*)\\|(.*)$" matched "${line}")
+  set(library ${CMAKE_MATCH_1})
+  set(library_of_${CMAKE_MATCH_3}_${CMAKE_MATCH_2} ${library})
+  string(REPLACE "," ";" edges "${CMAKE_MATCH_4}")
+  foreach(edge IN LISTS edges)
+    if(edge IN_LIST libraries)  # what is no room has no includes to check
+      list(APPEND edges_${library} ${edge})
+      list(APPEND below_${library} ${edge} ${below_${edge}})
+    endif()
+  endforeach()
+  list(APPEND libraries ${library})
+endforeach()
+
+# The library that a file of src/ belongs to: that of the innermost folder that is a room.
+function(find_library_of file result)
+  get_filename_component(name ${file} NAME)
+  get_filename_component(folder ${file} DIRECTORY)
+  set(kind core)
+  if(name MATCHES "^[Ff]rm")
+    set(kind forms)
+  endif()
+  while(folder AND NOT DEFINED library_of_${kind}_${folder})
+    get_filename_component(folder "${folder}" DIRECTORY)
+  endwhile()
+  set(${result} "${library_of_${kind}_${folder}}" PARENT_SCOPE)
+endfunction()
+
+file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/*.cpp ${SOURCE}/*.h)
+list(FILTER files EXCLUDE REGEX "^apps/")  # the programs stand above all rooms
+foreach(file IN LISTS files)
+  find_library_of(${file} from)
+  file(STRINGS ${SOURCE}/${file} includes REGEX "^#include \"")
+  foreach(include IN LISTS includes)
+    string(REGEX REPLACE "^#include \"(.*)\".*" "\\1" included "${include}")
+    find_library_of(${included} to)
+    if(to STREQUAL from)
+      continue()
+    elseif(to AND to IN_LIST below_${from})
+      set(used_${from}_${to} TRUE)
+    else()
+      message(SEND_ERROR "${file} (${from}) includes ${included} (${to}), which is not below it")
+    endif()
+  endforeach()
+endforeach()
+
+foreach(library IN LISTS libraries)
+  foreach(edge IN LISTS edges_${library})
+    if(NOT used_${library}_${edge})
+      message(SEND_ERROR "${library} names ${edge}, of which no file of its own includes anything")
+    endif()
+  endforeach()
+endforeach()

@@ -31,7 +31,7 @@ FrmDepartPzCode::FrmDepartPzCode(FormHost& host)
 }
 
 void FrmDepartPzCode::arrangeControls() {
-  Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
+  arrangeCommands();
   dressTree(*TvLeft);
   dressPick(CmdGDZCDZKM);
   TxtGDZCDZKM->setMinimumWidth(260);
@@ -47,8 +47,21 @@ void FrmDepartPzCode::arrangeControls() {
   resize(880, 540);
 }
 
+void FrmDepartPzCode::arrangeCommands() {
+  const auto never = [] { return false; };
+  setCommands(Toolbar1, {{"增加", nullptr, never},
+                         {"删除", nullptr, never},
+                         {"修改", [this] { setEditing(true); }, &FrmDepartPzCode::mayEdit},
+                         {},
+                         {"取消", &FrmDepartPzCode::cancel, &FrmDepartPzCode::editing},
+                         {"保存", [this] { save(SavedBy::Command); }, &FrmDepartPzCode::editing},
+                         {},
+                         {"刷新", &FrmDepartPzCode::reload, &FrmDepartPzCode::browsing},
+                         {},
+                         {"退出", &FrmDepartPzCode::close}});
+}
+
 void FrmDepartPzCode::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmDepartPzCode::Toolbar1_ButtonClick);
   on(TvLeft, &QTreeWidget::currentItemChanged, &FrmDepartPzCode::TvLeft_NodeClick);
   MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   on(MSFlexGrid1, &FlexGrid::rowSelected,
@@ -105,24 +118,11 @@ void FrmDepartPzCode::setEditing(bool editing) {
   LblZJKM->setVisible(!editing);
   TxtGDZCDZKM->setVisible(editing);
   CmdGDZCDZKM->setVisible(editing);
-  Toolbar1->enable("增加", false);
-  Toolbar1->enable("删除", false);
-  Toolbar1->enable("修改", !editing && !current_.code.empty());
-  Toolbar1->enable("刷新", !editing);
-  Toolbar1->enable("取消", editing);
-  Toolbar1->enable("保存", editing);
+  enableCommands();
   if (!editing) return;
   SSTab1->setCurrentIndex(kDetailTab);
   TxtGDZCDZKM->setText(toQt(subjectCodeOf(current_.subject)));
   TxtGDZCDZKM->setFocus();
-}
-
-void FrmDepartPzCode::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "修改") setEditing(true);
-  if (caption == "保存") save(SavedBy::Command);
-  if (caption == "取消") cancel();
-  if (caption == "刷新") reload();
-  if (caption == "退出") close();
 }
 
 bool FrmDepartPzCode::enterPressed(QObject* control) {

@@ -36,6 +36,7 @@ class FrmDepartPzCode final : public Form {
   QPushButton* CmdGDZCDZKM = make<QPushButton>("CmdGDZCDZKM", "…");
 
   void arrangeControls();
+  void arrangeCommands();
   void connectEvents();
   void Form_Unload() override { departs_.CloseZkData(); }
   bool enterPressed(QObject* control) override;
@@ -44,8 +45,10 @@ class FrmDepartPzCode final : public Form {
   void fillList();
   void showDetails(const std::string& code);
   void setEditing(bool editing);
+  bool editing() const { return editing_; }
+  bool browsing() const { return !editing_; }
+  bool mayEdit() const { return browsing() && !current_.code.empty(); }
 
-  void Toolbar1_ButtonClick(const QString& caption);
   void TvLeft_NodeClick();
   void save(SavedBy way);
   void cancel();

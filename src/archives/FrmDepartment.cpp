@@ -17,8 +17,6 @@ namespace {
 
 using namespace layout;
 
-constexpr const char* kTag = "Tag";  // of the person field: the person's code
-
 }  // namespace
 
 FrmDepartment::FrmDepartment(FormHost& host)
@@ -34,7 +32,7 @@ FrmDepartment::FrmDepartment(FormHost& host)
 }
 
 void FrmDepartment::arrangeControls() {
-  Toolbar1->setButtons({"增加", "删除", "修改", "", "恢复", "保存", "", "刷新", "", "退出"});
+  arrangeCommands();
   dressTree(*TvLeft);
   dressPick(CmdFindPerson);
   auto* details = column({LblCodeSet, space(4),
@@ -52,8 +50,20 @@ void FrmDepartment::arrangeControls() {
   resize(800, 520);
 }
 
+void FrmDepartment::arrangeCommands() {
+  setCommands(Toolbar1, {{"增加", &FrmDepartment::add},
+                         {"删除", &FrmDepartment::remove, &FrmDepartment::onStoredOne},
+                         {"修改", &FrmDepartment::edit, &FrmDepartment::onStoredOne},
+                         {},
+                         {"恢复", &FrmDepartment::restore, [this] { return unlocked_; }},
+                         {"保存", &FrmDepartment::save, [this] { return dirty_; }},
+                         {},
+                         {"刷新", &FrmDepartment::refresh},
+                         {},
+                         {"退出", &FrmDepartment::close}});
+}
+
 void FrmDepartment::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmDepartment::Toolbar1_ButtonClick);
   on(TvLeft, &QTreeWidget::currentItemChanged, &FrmDepartment::TvLeft_NodeClick);
   for (QLineEdit* field : TxtEdit) on(field, &QLineEdit::textChanged, &FrmDepartment::TxtEdit_Change);
   on(CmdFindPerson, &QPushButton::clicked, &FrmDepartment::CmdFindPerson_Click);
@@ -88,38 +98,26 @@ void FrmDepartment::fill(const DepartRecord& depart) {
                                      depart.property, depart.phone, depart.address,
                                      depart.memo};
   for (std::size_t i = 0; i < Fields; ++i) TxtEdit[i]->setText(toQt(texts[i]));
-  TxtEdit[Person]->setProperty(kTag, toQt(depart.person));
+  person_ = depart.person;
   filling_ = false;
   dirty_ = false;
-  followState();
+  enableCommands();
 }
 
 void FrmDepartment::unlock(bool unlocked) {
   unlocked_ = unlocked;
   for (QLineEdit* field : TxtEdit) field->setReadOnly(!unlocked);
   CmdFindPerson->setEnabled(unlocked);
-  followState();
+  enableCommands();
 }
 
-void FrmDepartment::followState() {
-  const bool selected = TvLeft->currentItem() != nullptr;
-  Toolbar1->enable("修改", selected && !adding_);
-  Toolbar1->enable("删除", selected && !adding_);
-  Toolbar1->enable("恢复", unlocked_);
-  Toolbar1->enable("保存", dirty_);
+bool FrmDepartment::onStoredOne() const {
+  return TvLeft->currentItem() && !adding_;
 }
 
-void FrmDepartment::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "增加") add();
-  if (caption == "删除") remove();
-  if (caption == "修改") edit();
-  if (caption == "恢复") restore();
-  if (caption == "保存") save();
-  if (caption == "退出") close();
-  if (caption == "刷新") {
-    reload();
-    unlock(TvLeft->currentItem() != nullptr);
-  }
+void FrmDepartment::refresh() {
+  reload();
+  unlock(TvLeft->currentItem() != nullptr);
 }
 
 void FrmDepartment::TvLeft_NodeClick() {
@@ -138,7 +136,7 @@ void FrmDepartment::TvLeft_NodeClick() {
 void FrmDepartment::TxtEdit_Change() {
   if (filling_) return;
   dirty_ = true;
-  followState();
+  enableCommands();
 }
 
 void FrmDepartment::add() {
@@ -163,7 +161,7 @@ DepartRecord FrmDepartment::entered() const {
   DepartRecord depart;
   depart.code = fromQt(TxtEdit[Code]->text());
   depart.name = fromQt(TxtEdit[Name]->text());
-  if (!TxtEdit[Person]->text().isEmpty()) depart.person = fromQt(TxtEdit[Person]->property(kTag).toString());
+  if (!TxtEdit[Person]->text().isEmpty()) depart.person = person_;
   depart.property = fromQt(TxtEdit[Property]->text());
   depart.phone = fromQt(TxtEdit[Phone]->text());
   depart.address = fromQt(TxtEdit[Address]->text());
@@ -236,7 +234,7 @@ void FrmDepartment::CmdFindPerson_Click() {
   host().showModal(picker);
   if (!picker.SelectPerson()) return;
   TxtEdit[Person]->setText(toQt(picker.SelectPerson()->Name()));
-  TxtEdit[Person]->setProperty(kTag, toQt(picker.SelectPerson()->code()));
+  person_ = picker.SelectPerson()->code();
 }
 
 }  // namespace zelkor

@@ -28,6 +28,7 @@ class FrmDepartment final : public Form {
   QPushButton* CmdFindPerson = make<QPushButton>("CmdFindPerson", "…");
 
   void arrangeControls();
+  void arrangeCommands();
   void connectEvents();
   void Form_Unload() override { departs_.CloseZkData(); }
 
@@ -35,23 +36,24 @@ class FrmDepartment final : public Form {
   void show(const std::string& code);
   void fill(const DepartRecord& depart);
   void unlock(bool unlocked);
-  void followState();
+  bool onStoredOne() const;
   std::string selectedCode() const;
   DepartRecord entered() const;
 
-  void Toolbar1_ButtonClick(const QString& caption);
   void TvLeft_NodeClick();
   void TxtEdit_Change();
   void CmdFindPerson_Click();
   void add();
   void edit();
   void restore();
+  void refresh();
   void remove();
   void save();
   void UpdateTvLeft(const DepartRecord& depart);
 
   ClsBLLDepart departs_;
   std::string pattern_;  // the coding rule
+  std::string person_;   // code of the person in charge, whose name the field shows
   bool adding_ = false;
   bool unlocked_ = false;
   bool dirty_ = false;    // there is something to save

@@ -28,7 +28,6 @@ FrmFLBMB::FrmFLBMB(FormHost& host) : Form(host, "FrmFLBMB", "类别编码表", U
 }
 
 void FrmFLBMB::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmFLBMB::Toolbar1_ButtonClick);
   on(TvLeft, &QTreeWidget::currentItemChanged, &FrmFLBMB::TvLeft_NodeClick);
   MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   on(MSFlexGrid1, &FlexGrid::rowSelected, &FrmFLBMB::MSFlexGrid1_RowColChange);
@@ -97,7 +96,7 @@ void FrmFLBMB::showDetails(const std::string& code) {
     TxtZJFF->setText(toQt(current_.entry.methodName));
     TxtKPYS->setText(kCardLayoutName);
   }
-  followSelection();
+  enableCommands();
 }
 
 /// Shows a code's parts and lets the one of `openLevel` (from 1; 0 for none) be typed into, at the length
@@ -107,44 +106,25 @@ void FrmFLBMB::showParts(const AssetTypeCodeParts& parts, int openLevel) {
   for (std::size_t i = 0; i < assetTypeLevels; ++i) {
     const QString part = toQt(parts[i]);
     const int limit = std::max(rule.lengths[i], static_cast<int>(part.size()));
-    TxtBM[i]->setMaxLength(mode_ == Mode::Browse ? kCodePartLimit : limit);
+    TxtBM[i]->setMaxLength(browsing() ? kCodePartLimit : limit);
     TxtBM[i]->setText(part);
     TxtBM[i]->setReadOnly(static_cast<int>(i) + 1 != openLevel);
   }
 }
 
-void FrmFLBMB::followSelection() {
-  const bool browsing = mode_ == Mode::Browse;
-  const bool onRow = current_.level > 0;
-  Toolbar1->enable("增加",
-                   browsing && (!onRow || current_.level < readAssetTypeCodingRule(data()).deepestLevel()));
-  Toolbar1->enable("修改", browsing && onRow);
-  Toolbar1->enable("删除", browsing && onRow && current_.children == 0);
-  Toolbar1->enable("刷新", browsing);
-  Toolbar1->enable("保存", !browsing);
-  Toolbar1->enable("取消", !browsing);
+bool FrmFLBMB::mayAdd() {
+  return browsing() && (!onRow() || current_.level < readAssetTypeCodingRule(data()).deepestLevel());
 }
 
 void FrmFLBMB::enterMode(Mode mode) {
   mode_ = mode;
-  const bool browsing = mode == Mode::Browse;
-  TvLeft->setEnabled(browsing);
-  MSFlexGrid1->setEnabled(browsing);
-  for (QLineEdit* field : {TxtLBMC, TxtSYNX, TxtJCZL, TxtJLDW, TxtZJFF}) field->setReadOnly(browsing);
-  ComboJTSX->setEnabled(!browsing);
-  CmdZJFF->setEnabled(!browsing);
-  if (!browsing) SSTab1->setCurrentIndex(kDetailTab);
-  followSelection();
-}
-
-void FrmFLBMB::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "增加") add();
-  if (caption == "修改") edit();
-  if (caption == "删除") remove();
-  if (caption == "保存") save();
-  if (caption == "取消") cancel();
-  if (caption == "刷新") reload();
-  if (caption == "退出") close();
+  TvLeft->setEnabled(browsing());
+  MSFlexGrid1->setEnabled(browsing());
+  for (QLineEdit* field : {TxtLBMC, TxtSYNX, TxtJCZL, TxtJLDW, TxtZJFF}) field->setReadOnly(browsing());
+  ComboJTSX->setEnabled(editing());
+  CmdZJFF->setEnabled(editing());
+  if (editing()) SSTab1->setCurrentIndex(kDetailTab);
+  enableCommands();
 }
 
 void FrmFLBMB::add() {
@@ -206,7 +186,7 @@ void FrmFLBMB::remove() {
 
 /// True when the method in the field is one of the archive's.
 bool FrmFLBMB::TxtZJFF_Validate() {
-  if (mode_ == Mode::Browse || !depreciationMethodID(data(), fromQt(TxtZJFF->text())).empty()) return true;
+  if (browsing() || !depreciationMethodID(data(), fromQt(TxtZJFF->text())).empty()) return true;
   run().dialogs.MsgBox(std::string(assetTypeMethodUnknownText), Buttons::Ok, Icon::Exclamation,
                        std::string(assetTypeBoxTitle));
   TxtZJFF->setFocus();

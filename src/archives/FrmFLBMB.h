@@ -49,10 +49,14 @@ class FrmFLBMB final : public Form {
   void showDetails(const std::string& code);
   void showParts(const AssetTypeCodeParts& parts, int openLevel);
   void enterMode(Mode mode);
-  void followSelection();
+  bool browsing() const { return mode_ == Mode::Browse; }
+  bool editing() const { return !browsing(); }
+  bool onRow() const { return current_.level > 0; }
+  bool mayAdd();
+  bool mayEdit() const { return browsing() && onRow(); }
+  bool mayRemove() const { return mayEdit() && current_.children == 0; }
   AssetTypeEntry entered() const;
 
-  void Toolbar1_ButtonClick(const QString& caption);
   void TvLeft_NodeClick();
   void MSFlexGrid1_RowColChange(std::size_t row);
   void MSFlexGrid1_DblClick();

@@ -22,7 +22,16 @@ QBoxLayout* withUnit(QLineEdit* field, const char* unit) {
 }  // namespace
 
 void FrmFLBMB::arrangeControls() {
-  Toolbar1->setButtons({"增加", "删除", "修改", "", "取消", "保存", "", "刷新", "", "退出"});
+  setCommands(Toolbar1, {{"增加", &FrmFLBMB::add, &FrmFLBMB::mayAdd},
+                         {"删除", &FrmFLBMB::remove, &FrmFLBMB::mayRemove},
+                         {"修改", &FrmFLBMB::edit, &FrmFLBMB::mayEdit},
+                         {},
+                         {"取消", &FrmFLBMB::cancel, &FrmFLBMB::editing},
+                         {"保存", &FrmFLBMB::save, &FrmFLBMB::editing},
+                         {},
+                         {"刷新", &FrmFLBMB::reload, &FrmFLBMB::browsing},
+                         {},
+                         {"退出", &FrmFLBMB::close}});
   dressTree(*TvLeft);
   arrangeDetails();
   fillTabs(*SSTab1, {{"列表", row({wide(MSFlexGrid1)})}});

@@ -29,17 +29,7 @@ frmUseStatus::frmUseStatus(FormHost& host)
 }
 
 void frmUseStatus::arrangeControls() {
-  Toolbar1->setButtons({{"增加", "tlAdd"},
-                        {"删除", "tlDelete"},
-                        {"修改", "tlModify"},
-                        "",
-                        {"取消", "tlCancel"},
-                        {"保存", "tlSave"},
-                        "",
-                        {"刷新", "tlRefresh"},
-                        {"目录", "tlView"},
-                        "",
-                        {"退出", "tlExit"}});
+  arrangeCommands();
   dressTree(*TreeView1);
   Text1->setReadOnly(true);
   for (QWidget* field : {Text1, Text2, Text3}) field->setMinimumWidth(240);
@@ -60,8 +50,21 @@ void frmUseStatus::arrangeControls() {
   resize(800, 500);
 }
 
+void frmUseStatus::arrangeCommands() {
+  setCommands(Toolbar1, {{{"增加", "tlAdd"}, &frmUseStatus::add, &frmUseStatus::onRow},
+                         {{"删除", "tlDelete"}, &frmUseStatus::remove, &frmUseStatus::onRow},
+                         {{"修改", "tlModify"}, [this] { setMode(Mode::Change); }, &frmUseStatus::onRow},
+                         {},
+                         {{"取消", "tlCancel"}, &frmUseStatus::cancel, &frmUseStatus::editing},
+                         {{"保存", "tlSave"}, &frmUseStatus::save, &frmUseStatus::editing},
+                         {},
+                         {{"刷新", "tlRefresh"}, &frmUseStatus::reload, &frmUseStatus::browsing},
+                         {{"目录", "tlView"}, &frmUseStatus::showOrHideTree},
+                         {},
+                         {{"退出", "tlExit"}, &frmUseStatus::close}});
+}
+
 void frmUseStatus::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &frmUseStatus::Toolbar1_ButtonClick);
   on(TreeView1, &QTreeWidget::currentItemChanged, &frmUseStatus::TreeView1_NodeClick);
   MSFlexGrid1->horizontalHeader()->setStretchLastSection(true);
   on(MSFlexGrid1, &FlexGrid::rowSelected,
@@ -118,32 +121,14 @@ void frmUseStatus::show(const std::string& id) {
 
 void frmUseStatus::setMode(Mode mode) {
   mode_ = mode;
-  const bool browsing = mode == Mode::Browse;
-  const bool onRow = current_.level > 0;
-  MSFlexGrid1->setEnabled(browsing);
-  Text2->setReadOnly(browsing);
-  Text3->setReadOnly(browsing);
-  Combo1->setEnabled(!browsing);
-  Toolbar1->enable("tlAdd", browsing && onRow);
-  Toolbar1->enable("tlModify", browsing && onRow);
-  Toolbar1->enable("tlDelete", browsing && onRow);
-  Toolbar1->enable("tlRefresh", browsing);
-  Toolbar1->enable("tlCancel", !browsing);
-  Toolbar1->enable("tlSave", !browsing);
-  if (browsing) return;
+  MSFlexGrid1->setEnabled(browsing());
+  Text2->setReadOnly(browsing());
+  Text3->setReadOnly(browsing());
+  Combo1->setEnabled(editing());
+  enableCommands();
+  if (browsing()) return;
   TabStrip1->setCurrentIndex(kSingleView);
   Text2->setFocus();
-}
-
-void frmUseStatus::Toolbar1_ButtonClick(const QString& key) {
-  if (key == "tlAdd") add();
-  if (key == "tlModify") setMode(Mode::Change);
-  if (key == "tlDelete") remove();
-  if (key == "tlSave") save();
-  if (key == "tlCancel" || key == "tlCanel") cancel();
-  if (key == "tlRefresh") reload();
-  if (key == "tlView") showOrHideTree();
-  if (key == "tlExit") close();
 }
 
 void frmUseStatus::showOrHideTree() {

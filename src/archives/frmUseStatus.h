@@ -35,16 +35,19 @@ class frmUseStatus final : public Form {
   QAction* ShowCatalog = new QAction("隐藏目录", this);  // of the popup menu
 
   void arrangeControls();
+  void arrangeCommands();
   void connectEvents();
   void Form_Unload() override { statuses_.close(); }
 
   void reload();
   void show(const std::string& id);
   void setMode(Mode mode);
+  bool browsing() const { return mode_ == Mode::Browse; }
+  bool editing() const { return !browsing(); }
+  bool onRow() const { return browsing() && current_.level > 0; }
   std::string nameOf(const std::string& id);
   UsageStatus entered() const;
 
-  void Toolbar1_ButtonClick(const QString& key);
   void TreeView1_NodeClick();
   void showOrHideTree();
   void add();

@@ -41,7 +41,6 @@ FrmAddCards::FrmAddCards(FormHost& host, const ScreenProperties& properties)
 }
 
 void FrmAddCards::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmAddCards::Toolbar1_ButtonClick);
   on(SSTab1, &QTabBar::currentChanged, &FrmAddCards::SSTab1_Click);
   onLeaving(TxtEdit, &FrmAddCards::leaveField);
 }
@@ -178,16 +177,8 @@ void FrmAddCards::pickSubject(CardField field) {
   showSheet();
 }
 
-void FrmAddCards::Toolbar1_ButtonClick(const QString& key) {
-  if (key == "保存") save();
-  if (key == "编辑") edit();
-  if (key == "取消") cancel();
-  if (key == "删除") remove();
-  if (key == "退出") close();
-  if (key == "修改") {
-    Toolbar1->enable("取消", true);
-    Toolbar1->enable("保存", true);
-  }
+void FrmAddCards::change() {
+  for (const char* name : {"取消", "保存"}) Toolbar1->enable(name, true);
 }
 
 void FrmAddCards::edit() {
@@ -257,10 +248,10 @@ bool FrmAddCards::eventFilter(QObject* control, QEvent* event) {
 
 /// A click on a value opens its editor, a second one on a reference its picker.
 bool FrmAddCards::labelPressed(const QObject* label, QEvent::Type type) {
-  const int field = label->property("cardField").toInt();
-  if (field == 0) return false;
+  const auto found = std::ranges::find(LblValue, label);
+  if (found == LblValue.end()) return false;
   host().dispatch([&] {
-    const auto pressed = static_cast<CardField>(field);
+    const auto pressed = static_cast<CardField>(found - LblValue.begin());
     openField(pressed, Arrival::ByClick);
     const CardFieldRow& row = cardField(pressed);
     if (type == QEvent::MouseButtonDblClick && row.enabled() && row.hasReference()) pick(pressed);

@@ -31,15 +31,15 @@ class FrmAddCards final : public Form {
   /// How a field came to be edited. One that the keyboard only passes stays as it is.
   enum class Arrival { ByClick, ByKeyboard };
   /// Control arrays count the fields from 1; the first of each is the pattern and stays hidden.
-  static constexpr std::size_t arraySize = cardFieldCount + 1;
+  static constexpr std::size_t kArraySize = cardFieldCount + 1;
 
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");
   QMenu* mnuPop = make<QMenu>("mnuPop");
   QMenu* mnuMove = make<QMenu>("mnuMove", "移动(&M)");
   CardPaper* PicCard = make<CardPaper>("PicCard");
-  std::array<QLabel*, arraySize> LblCaption = makeArray<QLabel, arraySize>("LblCaption");
-  std::array<QLabel*, arraySize> LblValue = makeArray<QLabel, arraySize>("LblValue");
-  std::array<QToolButton*, arraySize> CmdAddCards = makeArray<QToolButton, arraySize>("CmdAddCards");
+  std::array<QLabel*, kArraySize> LblCaption = makeArray<QLabel, kArraySize>("LblCaption");
+  std::array<QLabel*, kArraySize> LblValue = makeArray<QLabel, kArraySize>("LblValue");
+  std::array<QToolButton*, kArraySize> CmdAddCards = makeArray<QToolButton, kArraySize>("CmdAddCards");
   QLineEdit* TxtEdit = make<QLineEdit>("TxtEdit");
   QTabBar* SSTab1 = make<QTabBar>("SSTab1");
   QLabel* LblTitle = make<QLabel>("LblTitle");
@@ -75,7 +75,7 @@ class FrmAddCards final : public Form {
   void pickEntry(CardField field, ArchiveKind kind);
   void pickSubject(CardField field);
 
-  void Toolbar1_ButtonClick(const QString& key);
+  void change();
   void SSTab1_Click();
   void save();
   void cancel();

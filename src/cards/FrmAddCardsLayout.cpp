@@ -37,7 +37,14 @@ Qt::Alignment alignmentOf(CardDataType type) {
 }  // namespace
 
 void FrmAddCards::arrangeControls() {
-  Toolbar1->setButtons({"保存", "编辑", "取消", "", "修改", "删除", "", "退出"});
+  setCommands(Toolbar1, {{"保存", &FrmAddCards::save},
+                         {"编辑", &FrmAddCards::edit},
+                         {"取消", &FrmAddCards::cancel},
+                         {},
+                         {"修改", &FrmAddCards::change},
+                         {"删除", &FrmAddCards::remove},
+                         {},
+                         {"退出", &FrmAddCards::close}});
   addMoves();
   arrangeFields();
   auto* desk = new QScrollArea;
@@ -56,26 +63,15 @@ void FrmAddCards::arrangeControls() {
 
 /// The walk through the cards, below "编辑" and by keys of its own.
 void FrmAddCards::addMoves() {
-  static constexpr struct {
-    const char* caption = "";
-    CardMove move = CardMove::First;
-    QKeyCombination key;
-  } kMoves[] = {{"第一个", CardMove::First, Qt::ALT | Qt::Key_Home},
-                {"上一个", CardMove::Previous, Qt::ALT | Qt::Key_PageUp},
-                {"下一个", CardMove::Next, Qt::ALT | Qt::Key_PageDown},
-                {"最后一个", CardMove::Last, Qt::ALT | Qt::Key_End}};
-  for (const auto& [caption, move, key] : kMoves) {
-    QAction* action = mnuMove->addAction(caption);
-    action->setObjectName(caption);
-    action->setShortcut(QKeySequence(key));
-    addAction(action);
-    on(action, &QAction::triggered, [this, step = move] { walk(step); });
-  }
+  addCommands(mnuMove, {{"第一个", [this] { walk(CardMove::First); }, {}, Qt::ALT | Qt::Key_Home},
+                        {"上一个", [this] { walk(CardMove::Previous); }, {}, Qt::ALT | Qt::Key_PageUp},
+                        {"下一个", [this] { walk(CardMove::Next); }, {}, Qt::ALT | Qt::Key_PageDown},
+                        {"最后一个", [this] { walk(CardMove::Last); }, {}, Qt::ALT | Qt::Key_End}});
   mnuPop->addMenu(mnuMove);
 }
 
 void FrmAddCards::arrangeFields() {
-  for (std::size_t i = 0; i < arraySize; ++i) {
+  for (std::size_t i = 0; i < kArraySize; ++i) {
     for (QWidget* part : {static_cast<QWidget*>(LblCaption[i]), static_cast<QWidget*>(LblValue[i]),
                           static_cast<QWidget*>(CmdAddCards[i])}) {
       part->setParent(PicCard);
@@ -84,7 +80,6 @@ void FrmAddCards::arrangeFields() {
     LblCaption[i]->setIndent(kCaptionIndent);
     LblValue[i]->setTextFormat(Qt::PlainText);
     LblValue[i]->setIndent(kValueIndent);
-    LblValue[i]->setProperty("cardField", static_cast<int>(i));
     CmdAddCards[i]->setText("…");
     CmdAddCards[i]->setProperty("spin", true);
     CmdAddCards[i]->setFocusPolicy(Qt::NoFocus);
@@ -123,7 +118,7 @@ void FrmAddCards::SSTab1_Click() {
 void FrmAddCards::layOut() {
   PicCard->setPlaces(layOutCard(sheet_.layout), requiredFields(sheet_.mode));
   order_ = bView_ ? std::vector<CardField>() : entryOrder(PicCard->places());
-  for (std::size_t i = 1; i < arraySize; ++i) {
+  for (std::size_t i = 1; i < kArraySize; ++i) {
     const CardFieldPlace* place = PicCard->find(static_cast<CardField>(i));
     LblCaption[i]->setVisible(place);
     LblValue[i]->setVisible(place);

@@ -37,12 +37,17 @@ FrmManageCards::FrmManageCards(FormHost& host, const std::string& zkDataPath)
   arrangeControls();
   mshFA->setGrid(CardList::heading());
   connectEvents();
-  mshFA_RowColChange();
+  enableCommands();
   cmbType_Click();
 }
 
 void FrmManageCards::arrangeControls() {
-  tbToolBar->setButtons({"修改", "删除", "", "刷新", "", "退出"});
+  setCommands(tbToolBar, {{"修改", &FrmManageCards::edit, &FrmManageCards::onCard},
+                          {"删除", &FrmManageCards::remove, &FrmManageCards::onCard},
+                          {},
+                          {"刷新", &FrmManageCards::refresh},
+                          {},
+                          {"退出", &FrmManageCards::close}});
   dressTree(*tvwType);
   QWidget* tree = page(column({cmbType, wide(tvwType)}));
   QWidget* list = page(column({row({cmbFA, stretch()}), wide(mshFA)}));
@@ -51,12 +56,11 @@ void FrmManageCards::arrangeControls() {
 }
 
 void FrmManageCards::connectEvents() {
-  on(tbToolBar, &Toolbar::ButtonClick, &FrmManageCards::tbToolBar_ButtonClick);
   on(cmbType, &QComboBox::currentIndexChanged, &FrmManageCards::cmbType_Click);
   on(cmbFA, &QComboBox::currentIndexChanged, &FrmManageCards::showCardsFromTop);
   on(tvwType, &QTreeWidget::currentItemChanged, &FrmManageCards::showCardsFromTop);
   on(tvwType, &QTreeWidget::itemExpanded, &FrmManageCards::tvwType_Expand);
-  on(mshFA, &FlexGrid::rowSelected, &FrmManageCards::mshFA_RowColChange);
+  on(mshFA, &FlexGrid::rowSelected, [this] { enableCommands(); });
   on(mshFA, &FlexGrid::rowOpened, &FrmManageCards::edit);
   on(turn_, &QTimer::timeout, &FrmManageCards::readOn);
 }
@@ -164,14 +168,14 @@ void FrmManageCards::listIsComplete() {
   setWindowTitle(toQt(cardListCaption(reading_->nodeName, reading_->filter, reading_->list.cards())));
   reading_.reset();
   shownBefore_ = {};
-  mshFA_RowColChange();
+  enableCommands();
 }
 
 void FrmManageCards::abandonList() {
   turn_->stop();
   reading_.reset();
   mshFA->setGrid(std::exchange(shownBefore_, {}));
-  mshFA_RowColChange();
+  enableCommands();
 }
 
 /// Selects the wanted row once it is there; of a shorter list its last card.
@@ -188,19 +192,6 @@ std::optional<std::string> FrmManageCards::selectedCard() const {
   const bool sumIsThere = !reading_;
   if (!row || (sumIsThere && *row + 1 == mshFA->grid().rows())) return std::nullopt;
   return mshFA->grid().text(*row, CardList::cardNumColumn);
-}
-
-void FrmManageCards::mshFA_RowColChange() {
-  const bool onCard = selectedCard().has_value();
-  tbToolBar->enable("修改", onCard);
-  tbToolBar->enable("删除", onCard);
-}
-
-void FrmManageCards::tbToolBar_ButtonClick(const QString& caption) {
-  if (caption == "修改") edit();
-  if (caption == "删除") remove();
-  if (caption == "刷新") refresh();
-  if (caption == "退出") close();
 }
 
 void FrmManageCards::edit() {

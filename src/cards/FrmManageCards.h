@@ -55,12 +55,11 @@ class FrmManageCards final : public Form {
   void selectWantedRow();
   /// Number of the card in the current row; nothing in the row of the sum.
   std::optional<std::string> selectedCard() const;
+  bool onCard() const { return selectedCard().has_value(); }
 
   void cmbType_Click();
   void showCardsFromTop();
   void tvwType_Expand(QTreeWidgetItem* item);
-  void mshFA_RowColChange();
-  void tbToolBar_ButtonClick(const QString& caption);
   void edit();
   void remove();
   void refresh();

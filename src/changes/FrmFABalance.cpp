@@ -1,34 +1,24 @@
 #include "changes/FrmFABalance.h"
 
 #include "base/RuntimeError.h"
+#include "cards/CardPickerList.h"
 #include "cards/frmCards.h"
 #include "changes/ChangeSheet.h"
 #include "changes/FrmBalanType.h"
 #include "ui/Layout.h"
 
 namespace zelkor {
-namespace {
-
-/// Columns of the card picker.
-enum Card : std::size_t {
-  kCardNum,
-  kAssetNum,
-  kAssetName,
-  kStyle,
-  kStartDate,
-  kMethod,
-  kOperator,
-  kMethodID
-};
-
-}  // namespace
 
 FrmFABalance::FrmFABalance(FormHost& host, const std::string& zkDataPath)
-    : SheetForm(host, "FrmFABalance", "txtMobile", {"增加", "", "保存", "", "退出"}), balance_(host.run()) {
+    : SheetForm(host, "FrmFABalance", "txtMobile"), balance_(host.run()) {
   balance_.setZkDataPath(zkDataPath);
+  setCommands(tbToolBar, {{"增加", &FrmFABalance::add, {}, kAddKey},
+                          {},
+                          {"保存", &FrmFABalance::save},
+                          {},
+                          {"退出", &FrmFABalance::close}});
   arrangeControls();
   addEntries();
-  on(tbToolBar, &Toolbar::ButtonClick, &FrmFABalance::tbToolBar_ButtonClick);
   on(editor, &SheetEditor::committed, &FrmFABalance::txtMobile_Commit);
   editor->setActive(true);
   add();
@@ -76,12 +66,6 @@ void FrmFABalance::showSheet() {
   txtTemp->setText(toQt(sheet_.operationNumber));
 }
 
-void FrmFABalance::tbToolBar_ButtonClick(const QString& caption) {
-  if (caption == "增加") add();
-  if (caption == "保存") save();
-  if (caption == "退出") close();
-}
-
 /// Prepares the next sheet.
 void FrmFABalance::add() {
   editor->cancel();
@@ -90,7 +74,7 @@ void FrmFABalance::add() {
   editor->begin();
 }
 
-void FrmFABalance::txtMobile_Commit(QWidget* value, const QString& text) {
+void FrmFABalance::txtMobile_Commit(const QLabel* value, const QString& text) {
   if (value == Text[Reason]) sheet_.reason = fromQt(text);
   if (value == Text[CardNum]) {
     typedIsRefused_ = !loadTyped(fromQt(text));
@@ -118,13 +102,13 @@ void FrmFABalance::cmdMobile_Click(Field field) {
   const auto row = picker.moStrRow();
   if (row) {
     const TextGrid& cards = picker.mshTable();
-    sheet_.cardNum = cards.text(*row, kCardNum);
-    sheet_.assetNum = cards.text(*row, kAssetNum);
-    sheet_.assetName = cards.text(*row, kAssetName);
-    sheet_.style = cards.text(*row, kStyle);
-    sheet_.startDate = cards.text(*row, kStartDate);
-    sheet_.methodBefore = cards.text(*row, kMethod);
-    sheet_.methodBeforeID = cards.text(*row, kMethodID);
+    sheet_.cardNum = cards.text(*row, card_column::CardNum);
+    sheet_.assetNum = cards.text(*row, card_column::AssetNum);
+    sheet_.assetName = cards.text(*row, card_column::AssetName);
+    sheet_.style = cards.text(*row, card_column::Style);
+    sheet_.startDate = cards.text(*row, card_column::StartDate);
+    sheet_.methodBefore = cards.text(*row, card_column::Method);
+    sheet_.methodBeforeID = cards.text(*row, card_column::MethodID);
   }
   showSheet();
   editor->open(Text[row ? MethodAfter : field]);

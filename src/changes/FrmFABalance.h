@@ -40,8 +40,7 @@ class FrmFABalance final : public SheetForm {
   void showSheet();
   void Form_Unload() override { balance_.CloseZkData(); }
 
-  void tbToolBar_ButtonClick(const QString& caption);
-  void txtMobile_Commit(QWidget* value, const QString& text);
+  void txtMobile_Commit(const QLabel* value, const QString& text);
   bool loadTyped(const std::string& cardNum);
   void cmdMobile_Click(Field field);
   void cmdMethod_Click();

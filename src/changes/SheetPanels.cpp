@@ -71,16 +71,10 @@ SheetPanel panel(int picture, const CommonLabels& at, std::vector<SheetLabel> be
 }
 
 SheetPanel statusPanel() {
-  return panel(0, {0, 1, Lbl2, Lbl3, 5, 6, 4, 9, 10}, {},
-               {{.number = 7,
-                 .caption = "变动前使用状况",
-                 .text = shown<&ChangeSheet::before>,
-                 .tagged = &ChangeSheet::before},
-                {.number = 8,
-                 .caption = "变动后使用状况",
-                 .text = shown<&ChangeSheet::after>,
-                 .entry = Picked,
-                 .tagged = &ChangeSheet::after}});
+  return panel(
+      0, {0, 1, Lbl2, Lbl3, 5, 6, 4, 9, 10}, {},
+      {{.number = 7, .caption = "变动前使用状况", .text = shown<&ChangeSheet::before>},
+       {.number = 8, .caption = "变动后使用状况", .text = shown<&ChangeSheet::after>, .entry = Picked}});
 }
 
 SheetPanel accumulatedPanel() {
@@ -106,15 +100,8 @@ SheetPanel residualPanel() {
 SheetPanel transferPanel() {
   return panel(
       4, {57, 58, Lbl46, Lbl47, 49, 50, 48, 55, 56}, {},
-      {{.number = 51,
-        .caption = "变动前部门",
-        .text = shown<&ChangeSheet::before>,
-        .tagged = &ChangeSheet::before},
-       {.number = 52,
-        .caption = "变动后部门",
-        .text = shown<&ChangeSheet::after>,
-        .entry = Picked,
-        .tagged = &ChangeSheet::after},
+      {{.number = 51, .caption = "变动前部门", .text = shown<&ChangeSheet::before>},
+       {.number = 52, .caption = "变动后部门", .text = shown<&ChangeSheet::after>, .entry = Picked},
        {.number = 53, .caption = "变动前存放地点", .text = text<&ChangeSheet::siteBefore>},
        {.number = 54, .caption = "变动后存放地点", .text = text<&ChangeSheet::siteAfter>, .entry = Typed}});
 }

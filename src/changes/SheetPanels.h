@@ -26,7 +26,6 @@ struct SheetLabel {
   SheetEntry entry = SheetEntry::Shown;
   bool isAmount = false;
   bool wholeLine = false;
-  ShownValue ChangeSheet::*tagged = nullptr;  // whose tag goes with the label
 };
 
 /// What stands where on the sheet of a kind.

@@ -21,11 +21,14 @@ bool hasPicker(SheetEntry entry) {
 }  // namespace
 
 frmAssetsAlteration::frmAssetsAlteration(FormHost& host, ChangeKind kind)
-    : SheetForm(host, "frmAssetsAlteration", "txtContent", {"增加", "", "取消", "保存", "", "退出"}),
-      sheets_(host.run(), kind),
-      panel_(panelOf(kind)) {
+    : SheetForm(host, "frmAssetsAlteration", "txtContent"), sheets_(host.run(), kind), panel_(panelOf(kind)) {
+  setCommands(tbToolBar, {{"增加", &frmAssetsAlteration::add, &frmAssetsAlteration::stored, kAddKey},
+                          {},
+                          {"取消", &frmAssetsAlteration::cancel, &frmAssetsAlteration::entering},
+                          {"保存", &frmAssetsAlteration::save, &frmAssetsAlteration::entering},
+                          {},
+                          {"退出", &frmAssetsAlteration::close}});
   arrangeControls();
-  on(tbToolBar, &Toolbar::ButtonClick, &frmAssetsAlteration::tbToolBar_ButtonClick);
   on(editor, &SheetEditor::committed, &frmAssetsAlteration::txtContent_Commit);
   add();
 }
@@ -62,26 +65,13 @@ void frmAssetsAlteration::arrangeControls() {
 }
 
 void frmAssetsAlteration::enterMode(Mode mode) {
-  const bool entering = mode == Mode::Entering;
-  tbToolBar->enable("增加", !entering);
-  tbToolBar->enable("保存", entering);
-  tbToolBar->enable("取消", entering);
-  editor->setActive(entering);
+  mode_ = mode;
+  enableCommands();
+  editor->setActive(entering());
 }
 
-/// Writes the sheet's values onto the labels, ids and codes into their Tags.
 void frmAssetsAlteration::showSheet() {
-  for (const Place& place : places_) {
-    showOnSheet(place.label, toQt(place.spec->text(sheet_)));
-    if (place.spec->tagged) place.label->setProperty("Tag", toQt((sheet_.*place.spec->tagged).tag));
-  }
-}
-
-void frmAssetsAlteration::tbToolBar_ButtonClick(const QString& caption) {
-  if (caption == "增加") add();
-  if (caption == "取消") cancel();
-  if (caption == "保存") save();
-  if (caption == "退出") close();
+  for (const Place& place : places_) showOnSheet(place.label, toQt(place.spec->text(sheet_)));
 }
 
 void frmAssetsAlteration::add() {
@@ -119,7 +109,7 @@ bool frmAssetsAlteration::tell(const SheetResult& result) {
   return result.done();
 }
 
-void frmAssetsAlteration::txtContent_Commit(QWidget* value, const QString& text) {
+void frmAssetsAlteration::txtContent_Commit(const QLabel* value, const QString& text) {
   const auto& [spec, label] = *std::ranges::find(places_, value, &Place::label);
   const std::string typed = fromQt(text);
   if (spec->entry == SheetEntry::CardNumber) return loadTyped(label, CardKey::CardNumber, typed);

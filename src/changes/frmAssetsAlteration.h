@@ -26,11 +26,12 @@ class frmAssetsAlteration final : public SheetForm {
   std::vector<SheetCell> placeLabels(const std::vector<SheetLabel>& specs);
   void addEntry(const SheetLabel& spec, QLabel* label);
   void enterMode(Mode mode);
+  bool entering() const { return mode_ == Mode::Entering; }
+  bool stored() const { return mode_ == Mode::Stored; }
   void showSheet();
   QLabel* firstOwnEntry() const;
 
-  void tbToolBar_ButtonClick(const QString& caption);
-  void txtContent_Commit(QWidget* value, const QString& text);
+  void txtContent_Commit(const QLabel* value, const QString& text);
   void cmdMobile_Click(const SheetLabel& spec, QLabel* label);
   void add();
   void save();
@@ -46,6 +47,7 @@ class frmAssetsAlteration final : public SheetForm {
   const SheetPanel& panel_;
   std::vector<Place> places_;
   ChangeSheet sheet_;
+  Mode mode_ = Mode::Stored;
   bool typedIsRefused_ = false;
 };
 

@@ -24,7 +24,11 @@ frmProject::frmProject(FormHost& host) : Form(host, "frmProject", "参照", Unlo
 }
 
 void frmProject::arrangeControls() {
-  Toolbar1->setButtons({"确定", "", "刷新", "", "退出"});
+  setCommands(Toolbar1, {{"确定", &frmProject::pickCurrent},
+                         {},
+                         {"刷新", &frmProject::load},
+                         {},
+                         {"退出", &frmProject::close}});
   dressTree(*TreeView1);
   opC->setChecked(true);
   Text1->setPlaceholderText("输入项目编码或名称，回车查找下一个");
@@ -36,7 +40,6 @@ void frmProject::arrangeControls() {
 }
 
 void frmProject::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &frmProject::Toolbar1_ButtonClick);
   on(TreeView1, &QTreeWidget::currentItemChanged, &frmProject::TreeView1_NodeClick);
   on(MSFG1, &FlexGrid::rowOpened, &frmProject::pick);
   on(Text1, &QLineEdit::textEdited, [this] { locateBehind(0); });
@@ -96,10 +99,8 @@ bool frmProject::enterPressed(QObject* control) {
   return true;
 }
 
-void frmProject::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "确定" && MSFG1->currentGridRow()) pick(*MSFG1->currentGridRow());
-  if (caption == "刷新") load();
-  if (caption == "退出") close();
+void frmProject::pickCurrent() {
+  if (const auto row = MSFG1->currentGridRow()) pick(*row);
 }
 
 void frmProject::pick(std::size_t row) {

@@ -44,9 +44,9 @@ class frmProject final : public Form {
   ProjectMatch match() const;
   void locateBehind(std::size_t row);
 
-  void Toolbar1_ButtonClick(const QString& caption);
   void TreeView1_NodeClick();
   void pick(std::size_t row);
+  void pickCurrent();
   bool enterPressed(QObject* control) override;
   void escapePressed() override { close(); }
 

@@ -17,13 +17,16 @@ FrmZJFPB::FrmZJFPB(FormHost& host) : Form(host, "FrmZJFPB", "折旧分配表", U
   OptionBMFP->setChecked(true);
   on(OptionBMFP, &QRadioButton::clicked, [this] { fillGrid(AllocationMode::Department); });
   on(OptionLBFP, &QRadioButton::clicked, [this] { fillGrid(AllocationMode::AssetType); });
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmZJFPB::Toolbar1_ButtonClick);
   unlockModes();
   fillGrid(AllocationMode::Department);
 }
 
 void FrmZJFPB::arrangeControls() {
-  Toolbar1->setButtons({"凭证", "修改", "", "退出"});
+  setCommands(Toolbar1,
+              {{"凭证", [this] { showVoucherWindow(host(), {.scOutSign = "折旧计提", .eventNumber = {}}); }},
+               {"修改", &FrmZJFPB::unlockModes},
+               {},
+               {"退出", [] { throw EndProgram{}; }}});
   Toolbar1->button("修改").setCheckable(true);
   arrangeScreen(this, Toolbar1,
                 column({row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ,
@@ -40,12 +43,6 @@ void FrmZJFPB::unlockModes() {
   const bool pressed = Toolbar1->button("修改").isChecked();
   OptionBMFP->setEnabled(pressed);
   OptionLBFP->setEnabled(pressed);
-}
-
-void FrmZJFPB::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "凭证") showVoucherWindow(host(), {.scOutSign = "折旧计提", .eventNumber = {}});
-  if (caption == "修改") unlockModes();
-  if (caption == "退出") throw EndProgram{};
 }
 
 }  // namespace zelkor

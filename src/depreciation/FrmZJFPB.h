@@ -26,7 +26,6 @@ class FrmZJFPB final : public Form {
 
   void arrangeControls();
   void fillGrid(AllocationMode mode);
-  void Toolbar1_ButtonClick(const QString& caption);
   void unlockModes();
 };
 

@@ -22,11 +22,10 @@ frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload:
   on(trvDepart, &QTreeWidget::currentItemChanged, &frmZJQD::fillGrid);
   on(cmbDate, &QComboBox::currentIndexChanged, &frmZJQD::fillGrid);
   on(cmbDepart, &QComboBox::currentIndexChanged, &frmZJQD::cmbDepart_Click);
-  on(Toolbar1, &Toolbar::ButtonClick, &frmZJQD::Toolbar1_ButtonClick);
 }
 
 void frmZJQD::arrangeControls() {
-  Toolbar1->setButtons({"退出"});
+  setCommands(Toolbar1, {{"退出", &frmZJQD::close}});
   dressTree(*trvDepart);
   arrangeScreen(
       this, Toolbar1,
@@ -54,10 +53,6 @@ void frmZJQD::fillGrid() {
 void frmZJQD::cmbDepart_Click() {
   loadNodes();
   fillGrid();
-}
-
-void frmZJQD::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "退出") close();
 }
 
 }  // namespace zelkor

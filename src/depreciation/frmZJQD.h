@@ -27,7 +27,6 @@ class frmZJQD final : public Form {
   void loadNodes();
   void fillGrid();
   void cmbDepart_Click();
-  void Toolbar1_ButtonClick(const QString& caption);
 };
 
 }  // namespace zelkor

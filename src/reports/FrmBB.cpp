@@ -41,7 +41,7 @@ FrmBB::FrmBB(FormHost& host) : Form(host, "FrmBB", "报表", Unload::Plain) {
 }
 
 void FrmBB::arrangeControls() {
-  setReportCommands(*tbToolBar, {"打开", "退出"});
+  setCommands(tbToolBar, reportCommands({{"打开", &FrmBB::openReport}, {"退出", &FrmBB::close}}));
   dressTree(*TreeView1);
   ListView1->setSpacing(2);
   ListView1->setIconSize(QSize(kIconSize, kIconSize));
@@ -56,7 +56,6 @@ void FrmBB::loadCatalogue() {
 }
 
 void FrmBB::connectEvents() {
-  on(tbToolBar, &Toolbar::ButtonClick, &FrmBB::tbToolBar_ButtonClick);
   on(TreeView1, &QTreeWidget::itemSelectionChanged, &FrmBB::TreeView1_NodeClick);
   on(TreeView1, &QTreeWidget::itemDoubleClicked, &FrmBB::TreeView1_DblClick);
   on(ListView1, &QListWidget::itemSelectionChanged, &FrmBB::ListView1_ItemClick);
@@ -107,11 +106,6 @@ void FrmBB::openReport() {
   if (!kind) return;
   FrmBBTJ conditions(host(), *kind, view_);
   host().showModal(conditions);
-}
-
-void FrmBB::tbToolBar_ButtonClick(const QString& key) {
-  if (key == "打开") openReport();
-  if (key == "退出") close();
 }
 
 bool FrmBB::enterPressed(QObject* control) {

@@ -26,7 +26,6 @@ class FrmBB final : public Form {
   void TreeView1_NodeClick();
   void TreeView1_DblClick();
   void ListView1_ItemClick();
-  void tbToolBar_ButtonClick(const QString& key);
   void listReports();
   void setCurrent(const QTreeWidgetItem& node);
   bool reportIsCurrent() const;

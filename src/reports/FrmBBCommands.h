@@ -1,13 +1,12 @@
 #pragma once
 
-#include <initializer_list>
-#include <string_view>
+#include <vector>
+
+#include "ui/Command.h"
 
 namespace zelkor {
 
-class Toolbar;
-
-/// The commands that the screens of the reports show. Only those named act; the others are locked.
-void setReportCommands(Toolbar& toolbar, std::initializer_list<std::string_view> acting);
+/// The commands that the screens of the reports show, in their order. Those given act; the others are locked.
+std::vector<Command> reportCommands(const std::vector<Command>& acting);
 
 }  // namespace zelkor

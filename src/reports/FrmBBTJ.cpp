@@ -100,7 +100,7 @@ void FrmBBTJ::showChosen() {
 
 ReportConditions FrmBBTJ::conditions() const {
   ReportConditions all = chosen_;
-  for (std::size_t page = 0; page < pageCount; ++page) {
+  for (std::size_t page = 0; page < kPageCount; ++page) {
     const Lists periods = periodLists(page);
     all.periods[static_cast<ConditionPage>(page)] = {textOf(periods.front()), textOf(periods.back())};
     if (const auto levels = conditionPages[page].levels) {

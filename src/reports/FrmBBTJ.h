@@ -26,10 +26,10 @@ class FrmBBTJ final : public Form {
   FrmBBTJ(FormHost& host, const ReportKind& kind, ReportView& view);
 
  private:
-  static constexpr std::size_t pageCount = conditionPages.size();
+  static constexpr std::size_t kPageCount = conditionPages.size();
   using Lists = std::span<QComboBox* const>;
 
-  std::array<QWidget*, pageCount> Picture1 = makeArray<QWidget, pageCount>("Picture1");
+  std::array<QWidget*, kPageCount> Picture1 = makeArray<QWidget, kPageCount>("Picture1");
   std::array<QComboBox*, 21> Combo1 = makeArray<QComboBox, 21>("Combo1");
   QRadioButton* Option1 = make<QRadioButton>("Option1", "按类别的第一级汇总");
   QRadioButton* Option2 = make<QRadioButton>("Option2", "按类别的明细级汇总");
@@ -50,8 +50,8 @@ class FrmBBTJ final : public Form {
   QCheckBox* Check2 = make<QCheckBox>("Check2", "显示本年");
   std::array<QComboBox*, 6> Combo2 = makeArray<QComboBox, 6>("Combo2");
   std::array<QComboBox*, 2> Combo3 = makeArray<QComboBox, 2>("Combo3");
-  std::array<QPushButton*, pageCount> CmdYes = makeArray<QPushButton, pageCount>("CmdYes");
-  std::array<QPushButton*, pageCount> CmdCancel = makeArray<QPushButton, pageCount>("CmdCancel");
+  std::array<QPushButton*, kPageCount> CmdYes = makeArray<QPushButton, kPageCount>("CmdYes");
+  std::array<QPushButton*, kPageCount> CmdCancel = makeArray<QPushButton, kPageCount>("CmdCancel");
 
   void fillLists();
   void dressControls();

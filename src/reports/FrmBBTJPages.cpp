@@ -32,7 +32,7 @@ Field picked(const char* caption, QWidget* field, QPushButton* button) {
 void FrmBBTJ::arrangePages() {
   std::size_t type = 0;
   std::size_t department = 0;
-  for (std::size_t page = 0; page < pageCount; ++page) {
+  for (std::size_t page = 0; page < kPageCount; ++page) {
     const PageConditions& asked = conditionPages[page];
     std::vector<Field> list{choices("期间：", periodLists(page), asked.between)};
     if (asked.type) {
@@ -91,7 +91,7 @@ void FrmBBTJ::arrangePage(std::size_t page, const std::vector<Field>& asked) {
 
 /// The dialog is as large as the page has it, or larger where the texts need it.
 void FrmBBTJ::bringToFront(std::size_t page) {
-  for (std::size_t i = 0; i < pageCount; ++i) Picture1[i]->setVisible(i == page);
+  for (std::size_t i = 0; i < kPageCount; ++i) Picture1[i]->setVisible(i == page);
   arrange(this, column({Picture1[page]}));
   const auto& [height, width] = conditionPages[page].size;
   const QSize told(pixelsOf(width, *this), pixelsOf(height, *this));

@@ -45,11 +45,10 @@ FrmBBXS::FrmBBXS(FormHost& host, ReportView view) : Form(host, "FrmBBXS", "查�
   showCaptions(view);
   MSFlexGrid1->setGrid(std::move(view.grid));
   widenForTexts(*MSFlexGrid1);
-  on(tbToolBar, &Toolbar::ButtonClick, &FrmBBXS::tbToolBar_ButtonClick);
 }
 
 void FrmBBXS::arrangeControls(const ReportView& view) {
-  setReportCommands(*tbToolBar, {"退出"});
+  setCommands(tbToolBar, reportCommands({{"退出", &FrmBBXS::close}}));
   dressCommands();
   arrangePanel(view);
   arrangeScreen(this, tbToolBar, column({Picture1, wide(MSFlexGrid1)}));
@@ -78,10 +77,10 @@ void FrmBBXS::arrangePanel(const ReportView& view) {
 
 /// They bear pictures and do nothing.
 void FrmBBXS::dressCommands() {
-  constexpr std::array pictures = {QStyle::SP_MediaSkipBackward, QStyle::SP_MediaSeekBackward,
-                                   QStyle::SP_MediaSeekForward, QStyle::SP_MediaSkipForward};
+  constexpr std::array kPictures = {QStyle::SP_MediaSkipBackward, QStyle::SP_MediaSeekBackward,
+                                    QStyle::SP_MediaSeekForward, QStyle::SP_MediaSkipForward};
   for (std::size_t i = 0; i < Command.size(); ++i) {
-    Command[i]->setIcon(style()->standardIcon(pictures[i]));
+    Command[i]->setIcon(style()->standardIcon(kPictures[i]));
     Command[i]->setEnabled(false);
     dressPick(Command[i]);
   }
@@ -98,10 +97,6 @@ void FrmBBXS::showCaptions(const ReportView& view) {
   for (const std::string& period : view.periods) Combo1->addItem(toQt(period));
   if (!view.periods.empty()) Combo1->setCurrentIndex(static_cast<int>(view.selectedPeriod));
   Combo1->setVisible(view.periodListVisible);
-}
-
-void FrmBBXS::tbToolBar_ButtonClick(const QString& key) {
-  if (key == "退出") close();
 }
 
 /// What is left for the grid's height must not be negative.

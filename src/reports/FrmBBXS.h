@@ -31,7 +31,6 @@ class FrmBBXS final : public Form {
   void arrangePanel(const ReportView& view);
   void dressCommands();
   void showCaptions(const ReportView& view);
-  void tbToolBar_ButtonClick(const QString& key);
   void escapePressed() override { close(); }
   void resizeEvent(QResizeEvent* event) override;
 };

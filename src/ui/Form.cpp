@@ -1,15 +1,18 @@
 #include "ui/Form.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QRegularExpressionValidator>
 
 #include "base/RuntimeError.h"
+#include "ui/Toolbar.h"
 
 namespace zelkor {
 namespace {
@@ -48,6 +51,41 @@ void Form::acceptDigitsOnly(QLineEdit* field) {
 void Form::dressPick(QPushButton* button) {
   button->setProperty("pick", true);
   button->setFocusPolicy(Qt::TabFocus);
+}
+
+void Form::setCommands(Toolbar* toolbar, const std::vector<Command>& commands,
+                       const std::function<void()>& before) {
+  for (const Command& command : commands) {
+    QAction* button = toolbar->add(command);
+    if (!command.isSeparator()) connectCommand(button, command, before);
+  }
+}
+
+void Form::addCommands(QMenu* menu, const std::vector<Command>& commands,
+                       const std::function<void()>& before) {
+  for (const Command& command : commands) {
+    if (command.isSeparator()) {
+      menu->addSeparator();
+      continue;
+    }
+    QAction* entry = menu->addAction(command.text());
+    entry->setObjectName(command.name());
+    entry->setShortcut(command.key());
+    if (!command.key().isEmpty()) addAction(entry);
+    connectCommand(entry, command, before);
+  }
+}
+
+void Form::connectCommand(QAction* action, const Command& command, const std::function<void()>& before) {
+  on(action, &QAction::triggered, [this, command, before] {
+    if (before) before();
+    command.run(*this);
+  });
+  if (command.hasCondition()) conditional_.emplace_back(action, command);
+}
+
+void Form::enableCommands() {
+  for (const auto& [action, command] : conditional_) action->setEnabled(command.isEnabled(*this));
 }
 
 void Form::adopt(QWidget& control) {

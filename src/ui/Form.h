@@ -6,17 +6,22 @@
 #include <QApplication>
 #include <QWidget>
 #include <string>
-#include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "startup/RunContext.h"
+#include "ui/Command.h"
 #include "ui/FormHost.h"
 #include "ui/Texts.h"
 
+class QAction;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 
 namespace zelkor {
+
+class Toolbar;
 
 /// What becomes of the process when a form is unloaded.
 enum class Unload { Plain, EndsProgram };
@@ -60,9 +65,7 @@ class Form : public QWidget {
   /// arguments if it takes them. Nothing that the routine throws reaches the window system.
   template <typename Sender, typename Signal, typename Routine>
   void on(Sender* sender, Signal signal, Routine routine) {
-    QObject::connect(sender, signal, &events_, [this, routine](const auto&... arguments) {
-      host_.dispatch([&] { call(routine, arguments...); });
-    });
+    host_.connect(sender, signal, events_, *this, routine);
   }
 
   /// Calls the routine when the focus goes from the field to another control of the form. A look into another
@@ -70,9 +73,18 @@ class Form : public QWidget {
   template <typename Routine>
   void onLeaving(QWidget* field, Routine routine) {
     on(qApp, &QApplication::focusChanged, [this, field, routine](QWidget* from, QWidget* to) {
-      if (from == field && to && to->window() == window()) call(routine);
+      if (from == field && to && to->window() == window()) callRoutine(*this, routine);
     });
   }
+  /// The commands of a toolbar in their order. `before` runs ahead of whichever is pressed.
+  void setCommands(Toolbar* toolbar, const std::vector<Command>& commands,
+                   const std::function<void()>& before = {});
+  /// Entries of a menu; their keys act on the whole form.
+  void addCommands(QMenu* menu, const std::vector<Command>& commands,
+                   const std::function<void()>& before = {});
+  /// Enables the commands whose condition holds and locks the others.
+  void enableCommands();
+
   /// Dresses the button beside a field that opens a picker. A click on it does not leave the field.
   static void dressPick(QPushButton* button);
 
@@ -92,29 +104,12 @@ class Form : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  template <typename Routine, typename... Arguments>
-  void call(const Routine& routine, const Arguments&... arguments) {
-    if constexpr (std::is_member_function_pointer_v<Routine>) {
-      callMember(routine, arguments...);
-    } else if constexpr (std::is_invocable_v<Routine, const Arguments&...>) {
-      routine(arguments...);
-    } else {
-      routine();
-    }
-  }
-  template <typename Result, typename Self, typename... Parameters, typename... Arguments>
-  void callMember(Result (Self::*routine)(Parameters...), const Arguments&... arguments) {
-    Self& self = static_cast<Self&>(*this);
-    if constexpr (sizeof...(Parameters) == 0) {
-      (self.*routine)();
-    } else {
-      (self.*routine)(arguments...);
-    }
-  }
   void adopt(QWidget& control);
+  void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;
   Unload unload_;
+  std::vector<std::pair<QAction*, Command>> conditional_;  // the commands that are not always enabled
   std::function<void()> closed_;
   QObject events_;  // goes first: controls that die with the window still have things to tell
 };

@@ -3,7 +3,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <QtGlobal>
+#include <QObject>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -14,6 +15,25 @@ class QEventLoop;
 namespace zelkor {
 
 class Form;
+
+/// Calls a member function of `owner`, or a lambda, with the arguments if it takes any.
+template <typename Owner, typename Result, typename Self, typename... Parameters, typename... Arguments>
+void callRoutine(Owner& owner, Result (Self::*routine)(Parameters...), const Arguments&... arguments) {
+  Self& self = static_cast<Self&>(owner);
+  if constexpr (sizeof...(Parameters) == 0) {
+    (self.*routine)();
+  } else {
+    (self.*routine)(arguments...);
+  }
+}
+template <typename Owner, typename Routine, typename... Arguments>
+void callRoutine(Owner& /*owner*/, const Routine& routine, const Arguments&... arguments) {
+  if constexpr (std::is_invocable_v<Routine, const Arguments&...>) {
+    routine(arguments...);
+  } else {
+    routine();
+  }
+}
 
 /// What the forms of a process stand on: the run context, the guard around every event routine, and the forms
 /// that are shown.
@@ -33,6 +53,14 @@ class FormHost {
   /// of the program nothing runs any more: a routine in whose course another one has ended the program gets
   /// no further than to its next statement, box or form.
   void dispatch(const std::function<void()>& routine);
+  /// Connects an event to a routine of `owner` (a member function or a lambda), which gets the event's
+  /// arguments if it takes them, by way of `dispatch`. The connection ends with `context`.
+  template <typename Sender, typename Signal, typename Owner, typename Routine>
+  void connect(Sender* sender, Signal signal, QObject& context, Owner& owner, Routine routine) {
+    QObject::connect(sender, signal, &context, [this, &owner, routine](const auto&... arguments) {
+      dispatch([&] { callRoutine(owner, routine, arguments...); });
+    });
+  }
   /// Exit status, once the program has ended inside an event routine.
   std::optional<int> endStatus() const { return endStatus_; }
 

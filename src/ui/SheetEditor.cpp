@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
@@ -10,10 +11,6 @@ namespace zelkor {
 namespace {
 
 constexpr int kGap = 3;  // between the box and a button
-
-QString textOf(const QWidget& value) {
-  return value.property("text").toString();
-}
 
 void dress(QWidget& value, bool entry) {
   value.setProperty("entry", entry);
@@ -29,7 +26,7 @@ SheetEditor::SheetEditor(QLineEdit* box) : QObject(box), box_(box) {
   box_->installEventFilter(this);
 }
 
-void SheetEditor::add(QWidget* value, QPushButton* button, Entry entry) {
+void SheetEditor::add(QLabel* value, QPushButton* button, Entry entry) {
   places_.push_back({value, button, entry});
   value->installEventFilter(this);
 }
@@ -47,7 +44,7 @@ void SheetEditor::begin() {
   if (active_ && !places_.empty()) openAt(0);
 }
 
-void SheetEditor::open(const QWidget* value) {
+void SheetEditor::open(const QLabel* value) {
   const auto place = std::ranges::find(places_, value, &Place::value);
   if (active_ && place != places_.end()) openAt(static_cast<std::size_t>(place - places_.begin()));
 }
@@ -60,10 +57,10 @@ void SheetEditor::openAt(std::size_t index) {
   if (open_) commit();
   at_ = index;
   const Place& place = places_[at_];
-  before_ = textOf(*place.value);
+  before_ = place.value->text();
   box_->setText(before_);
   box_->setReadOnly(place.entry == Entry::Picked);
-  box_->setAlignment(place.value->property("alignment").value<Qt::Alignment>());
+  box_->setAlignment(place.value->alignment());
   open_ = true;
   lay();
   box_->show();
@@ -116,7 +113,7 @@ void SheetEditor::openBeside(int step) {
 }
 
 bool SheetEditor::eventFilter(QObject* watched, QEvent* event) {
-  const bool taken = watched == box_ ? boxEvent(*event) : valueEvent(static_cast<QWidget*>(watched), *event);
+  const bool taken = watched == box_ ? boxEvent(*event) : valueEvent(static_cast<QLabel*>(watched), *event);
   return taken || QObject::eventFilter(watched, event);
 }
 
@@ -150,7 +147,7 @@ bool SheetEditor::keyPressed(int key) {
   }
 }
 
-bool SheetEditor::valueEvent(const QWidget* value, QEvent& event) {
+bool SheetEditor::valueEvent(const QLabel* value, QEvent& event) {
   const auto type = event.type();
   if (open_ && value == places_[at_].value && (type == QEvent::Resize || type == QEvent::Move)) lay();
   if (!active_) return false;

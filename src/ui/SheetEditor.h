@@ -3,9 +3,9 @@
 #include <QObject>
 #include <vector>
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
-class QWidget;
 
 namespace zelkor {
 
@@ -21,33 +21,33 @@ class SheetEditor final : public QObject {
   /// The box is a sibling of what holds the values.
   explicit SheetEditor(QLineEdit* box);
 
-  /// Adds a value, whose text is its property "text", behind those that are there. `button` may be nullptr.
-  void add(QWidget* value, QPushButton* button, Entry entry);
+  /// Adds a value behind those that are there. `button` may be nullptr.
+  void add(QLabel* value, QPushButton* button, Entry entry);
   /// Whether the sheet is being filled in: locked values look printed and cannot be opened.
   void setActive(bool active);
   bool isOpen() const { return open_; }
   /// Opens the first value.
   void begin();
   /// Opens a value, if it is one of those that can be filled in.
-  void open(const QWidget* value);
+  void open(const QLabel* value);
   /// Opens the value again that was open last.
   void resume();
   /// Ends the open value with the text that stands there.
   void commit();
   void cancel();
   /// Called by who takes a committed text: Enter and Tab go on at this value, not at the next one.
-  void goOnAt(const QWidget* value) { goOnAt_ = value; }
+  void goOnAt(const QLabel* value) { goOnAt_ = value; }
 
  signals:
   /// The open value has ended with another text. The value itself has not been changed.
-  void committed(QWidget* value, const QString& text);
+  void committed(QLabel* value, const QString& text);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Place {
-    QWidget* value;
+    QLabel* value;
     QPushButton* button;
     Entry entry;
   };
@@ -57,7 +57,7 @@ class SheetEditor final : public QObject {
   void lay();
   void leave();
   bool boxEvent(QEvent& event);
-  bool valueEvent(const QWidget* value, QEvent& event);
+  bool valueEvent(const QLabel* value, QEvent& event);
   bool keyPressed(int key);
 
   QLineEdit* box_;
@@ -66,7 +66,7 @@ class SheetEditor final : public QObject {
   QString before_;
   bool active_ = false;
   bool open_ = false;
-  const QWidget* goOnAt_ = nullptr;
+  const QLabel* goOnAt_ = nullptr;
 };
 
 }  // namespace zelkor

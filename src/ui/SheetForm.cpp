@@ -1,6 +1,5 @@
 #include "ui/SheetForm.h"
 
-#include <QAction>
 #include <QBoxLayout>
 #include <QFrame>
 
@@ -16,15 +15,10 @@ constexpr const char* kCaption = "固定资产变动单";
 
 }  // namespace
 
-SheetForm::SheetForm(FormHost& host, const char* name, const char* boxName,
-                     std::initializer_list<ToolbarButton> commands)
+SheetForm::SheetForm(FormHost& host, const char* name, const char* boxName)
     : Form(host, name, kCaption, Unload::EndsProgram),
       box(make<QLineEdit>(boxName)),
-      editor(new SheetEditor(box)) {
-  tbToolBar->setButtons(commands);
-  tbToolBar->button("增加").setShortcut(Qt::CTRL | Qt::Key_N);
-  tbToolBar->button("增加").setToolTip("增加 (Ctrl+N)");
-}
+      editor(new SheetEditor(box)) {}
 
 QLabel* SheetForm::placeValue(const std::string& name, SheetValue kind) {
   auto* value = make<QLabel>(name.c_str());

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -22,8 +21,8 @@ enum class SheetValue { Text, Amount };
 /// A screen that is one sheet: a voucher below a toolbar, filled in by a box that lies over its values.
 class SheetForm : public Form {
  protected:
-  /// `box` is the name of the text box, `toolbar` the commands.
-  SheetForm(FormHost& host, const char* name, const char* box, std::initializer_list<ToolbarButton> commands);
+  /// `box` is the name of the text box.
+  SheetForm(FormHost& host, const char* name, const char* box);
 
   /// A value of the sheet under its name as a control.
   QLabel* placeValue(const std::string& name, SheetValue kind = SheetValue::Text);
@@ -38,6 +37,7 @@ class SheetForm : public Form {
   QFrame* arrangeSheet(const QString& kind, std::span<const SheetCell> head, std::span<const SheetCell> table,
                        std::span<const SheetCell> foot);
 
+  static constexpr QKeyCombination kAddKey = Qt::CTRL | Qt::Key_N;  // as the note below the sheet says
   Toolbar* tbToolBar = make<Toolbar>("tbToolBar");
   QLineEdit* box;
   SheetEditor* editor;

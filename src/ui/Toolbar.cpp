@@ -1,6 +1,7 @@
 #include "ui/Toolbar.h"
 
 #include <QAction>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "ui/Icons.h"
@@ -9,9 +10,17 @@
 namespace zelkor {
 namespace {
 
-QKeySequence shortcutOf(const QString& caption) {
-  if (caption == "刷新") return Qt::Key_F5;
-  if (caption == "保存") return Qt::CTRL | Qt::Key_S;
+/// Keys that commands of these captions have on every screen.
+constexpr std::pair<const char*, QKeyCombination> kCommonKeys[] = {
+    {"刷新", Qt::Key_F5},
+    {"保存", Qt::CTRL | Qt::Key_S},
+};
+
+QKeySequence keyOf(const Command& command) {
+  if (!command.key().isEmpty()) return command.key();
+  for (const auto& [caption, key] : kCommonKeys) {
+    if (command.text() == caption) return key;
+  }
   return {};
 }
 
@@ -23,26 +32,21 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
   setMovable(false);
 }
 
-void Toolbar::setButtons(std::initializer_list<ToolbarButton> buttons) {
-  for (const auto& [caption, key] : buttons) {
-    if (caption.isEmpty()) {
-      addSeparator();
-      continue;
-    }
-    QAction* command = addAction(commandIcon(caption), caption);
-    command->setObjectName(key);
-    const QKeySequence shortcut = shortcutOf(caption);
-    command->setShortcut(shortcut);
-    command->setToolTip(
-        shortcut.isEmpty() ? caption : caption + " (" + shortcut.toString(QKeySequence::NativeText) + ")");
-    connect(command, &QAction::triggered, this, [this, pressed = key] { emit ButtonClick(pressed); });
-  }
+QAction* Toolbar::add(const Command& command) {
+  if (command.isSeparator()) return addSeparator();
+  QAction* button = addAction(commandIcon(command.text()), command.text());
+  const QKeySequence key = keyOf(command);
+  button->setObjectName(command.name());
+  button->setShortcut(key);
+  button->setToolTip(key.isEmpty() ? command.text()
+                                   : command.text() + " (" + key.toString(QKeySequence::NativeText) + ")");
+  return button;
 }
 
-QAction& Toolbar::button(std::string_view key) const {
-  auto* command = findChild<QAction*>(toQt(key), Qt::FindDirectChildrenOnly);
-  if (!command) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-  return *command;
+QAction& Toolbar::button(std::string_view name) const {
+  auto* button = findChild<QAction*>(toQt(name), Qt::FindDirectChildrenOnly);
+  if (!button) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+  return *button;
 }
 
 }  // namespace zelkor

@@ -40,8 +40,7 @@ FrmBatBill::FrmBatBill(FormHost& host)
 }
 
 void FrmBatBill::arrangeControls() {
-  Toolbar1->setButtons(
-      {"全选", "全消", "删除", "", "保存", "制单", "", "首张", "上张", "下张", "末张", "", "退出"});
+  arrangeCommands();
   mergeInput_->nameControls("TxtInput", "");
   subjectInput_->nameControls("TxtInput", "CmdKM");
   Label1->setBuddy(ComboHBH);
@@ -59,8 +58,25 @@ void FrmBatBill::arrangeControls() {
   resize(1080, 600);
 }
 
+void FrmBatBill::arrangeCommands() {
+  setCommands(Toolbar1,
+              {{"全选", &FrmBatBill::markAll},
+               {"全消", &FrmBatBill::unmarkAll},
+               {"删除"},
+               {},
+               {"保存", [this] { billing_.ToolSave(); }},
+               {"制单", &FrmBatBill::makeVoucher},
+               {},
+               {"首张"},
+               {"上张"},
+               {"下张"},
+               {"末张"},
+               {},
+               {"退出", &FrmBatBill::close}},
+              [this] { endTyping(); });
+}
+
 void FrmBatBill::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmBatBill::Toolbar1_ButtonClick);
   on(SSTab1, &QTabWidget::currentChanged, [this] { SSTab1_Click(); });
   on(MSFlexGridXZ, &FlexGrid::clicked, [this] { MSFlexGridXZ_Click(); });
   on(MSFlexGridXZ, &FlexGrid::rowOpened, [this](std::size_t row) {
@@ -84,16 +100,21 @@ void FrmBatBill::connectEvents() {
      [this] { editSubject(MSFlexGridSZ->currentGridRow().value_or(1)); });
 }
 
-void FrmBatBill::Toolbar1_ButtonClick(const QString& caption) {
+/// A command takes what is shown: what is being typed, too.
+void FrmBatBill::endTyping() {
   mergeInput_->commit();
   subjectInput_->commit();
-  if (caption == "全选") billing_.markAll();
-  if (caption == "全消") billing_.unmarkAll();
-  showMarks();
   billing_.CheckHB = CheckHB->isChecked();
-  if (caption == "保存") billing_.ToolSave();
-  if (caption == "制单") makeVoucher();
-  if (caption == "退出") close();
+}
+
+void FrmBatBill::markAll() {
+  billing_.markAll();
+  showMarks();
+}
+
+void FrmBatBill::unmarkAll() {
+  billing_.unmarkAll();
+  showMarks();
 }
 
 void FrmBatBill::makeVoucher() {
@@ -151,12 +172,8 @@ void FrmBatBill::showMarks() {
 }
 
 void FrmBatBill::showCount() {
-  const TextGrid& list = billing_.selection();
-  int chosen = 0;
-  for (std::size_t row = 1; row < list.rows(); ++row) {
-    chosen += list.text(row, selection_column::Mark) == "Y" ? 1 : 0;
-  }
-  LblChosen->setText(QString("共 %1 笔业务，已选 %2 笔").arg(list.rows() - 1).arg(chosen));
+  LblChosen->setText(
+      QString("共 %1 笔业务，已选 %2 笔").arg(billing_.selection().rows() - 1).arg(billing_.markedRows()));
 }
 
 void FrmBatBill::MSFlexGridXZ_Click() {

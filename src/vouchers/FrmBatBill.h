@@ -34,13 +34,16 @@ class FrmBatBill final : public Form {
   QLabel* LblChosen = make<QLabel>("LblChosen");
 
   void arrangeControls();
+  void arrangeCommands();
   void connectEvents();
-  void Toolbar1_ButtonClick(const QString& caption);
   void SSTab1_Click();
   void MSFlexGridXZ_Click();
   void CmdKM_Click(std::size_t row);
   void ToolPZ();
 
+  void endTyping();
+  void markAll();
+  void unmarkAll();
   void makeVoucher();
   void refresh();
   void showLists();

@@ -33,7 +33,9 @@ FrmEditPZType::FrmEditPZType(FormHost& host, ClsBLLPZType& BLLPZType)
 }
 
 void FrmEditPZType::arrangeControls() {
-  Toolbar1->setButtons({"增加", "删除", "", "退出"});
+  setCommands(
+      Toolbar1,
+      {{"增加", &FrmEditPZType::add}, {"删除", &FrmEditPZType::remove}, {}, {"退出", &FrmEditPZType::leave}});
   editor_->nameControls("TxtEdit", "CmdFind");
   editor_->findChild<QComboBox*>()->setObjectName("ComboDsignType");
   for (const auto& [index, caption] : {std::pair(kDown, "下移"), std::pair(kUp, "上移")}) {
@@ -47,7 +49,6 @@ void FrmEditPZType::arrangeControls() {
 }
 
 void FrmEditPZType::connectEvents() {
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmEditPZType::Toolbar1_ButtonClick);
   on(GridDsign, &FlexGrid::clicked,
      [this] { editCell(GridDsign->currentGridRow().value(), GridDsign->currentGridColumn().value()); });
   on(GridDsign, &FlexGrid::rowOpened,
@@ -65,10 +66,7 @@ void FrmEditPZType::connectEvents() {
   });
 }
 
-void FrmEditPZType::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "增加") add();
-  if (caption == "删除") remove();
-  if (caption != "退出") return;
+void FrmEditPZType::leave() {
   editor_->cancel();
   close();
 }

@@ -26,12 +26,12 @@ class FrmEditPZType final : public Form {
 
   void arrangeControls();
   void connectEvents();
-  void Toolbar1_ButtonClick(const QString& caption);
   void CmdFind_Click();
   void ComboDsignType_Click();
 
   void add();
   void remove();
+  void leave();
   void move(bool moved, std::size_t to);
   void editCell(std::size_t row, std::size_t column);
   void leaveCell(std::size_t row, std::size_t column, const QString& text);

@@ -18,7 +18,6 @@ FrmQueryPZ::FrmQueryPZ(FormHost& host, const std::string& zkDataPath)
   MshPZ->setGrid(queriedVouchers({}));
   if (query_.OpenZkData()) fillGrid();
   MshPZ->horizontalHeader()->setStretchLastSection(true);
-  on(Toolbar1, &Toolbar::ButtonClick, &FrmQueryPZ::Toolbar1_ButtonClick);
   for (QComboBox* period : {cmdStart, cmdEnd}) {
     on(period, &QComboBox::currentIndexChanged, [this] { fillGrid(); });
   }
@@ -26,7 +25,7 @@ FrmQueryPZ::FrmQueryPZ(FormHost& host, const std::string& zkDataPath)
 }
 
 void FrmQueryPZ::arrangeControls() {
-  Toolbar1->setButtons({"删除", "", "退出"});
+  setCommands(Toolbar1, {{"删除", &FrmQueryPZ::remove}, {}, {"退出", &FrmQueryPZ::close}});
   Label1->setBuddy(cmdStart);
   StatusBar1->setSizeGripEnabled(false);
   auto* body = column({row({Label1, cmdStart, Label2, cmdEnd, stretch()}), wide(MshPZ), StatusBar1});
@@ -51,11 +50,6 @@ void FrmQueryPZ::fillGrid() {
   const std::size_t vouchers = MshPZ->grid().rows() - 1;
   if (vouchers > 0) MshPZ->selectGridRow(1);
   StatusBar1->showMessage(QString("共 %1 张凭证").arg(vouchers));
-}
-
-void FrmQueryPZ::Toolbar1_ButtonClick(const QString& caption) {
-  if (caption == "删除") remove();
-  if (caption == "退出") close();
 }
 
 void FrmQueryPZ::remove() {

@@ -28,7 +28,6 @@ class FrmQueryPZ final : public Form {
   void arrangeControls();
   void fillPeriods();
   void fillGrid();
-  void Toolbar1_ButtonClick(const QString& caption);
   void remove();
   void Form_Unload() override { query_.CloseZkData(); }
 

@@ -9,23 +9,14 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t kColumns = 4;
-
 QDate calendarDay(DateTime date) {
   return {date.year(), date.month(), date.day()};
 }
 
-std::string subjectText(const VoucherLine& line) {
-  return line.SubjectCode.empty() ? std::string() : line.SubjectCode + " " + line.SubjectName;
-}
-
-std::vector<std::string> cellsOf(const VoucherLine& line) {
-  return {line.Digest, subjectText(line), voucherAmountText(line.Debit), voucherAmountText(line.Credit)};
-}
-
 }  // namespace
 
-LocalPZ::LocalPZ(QWidget* parent) : QFrame(parent), box_(editor_->findChild<QLineEdit*>()) {
+LocalPZ::LocalPZ(FormHost& host, QWidget* parent)
+    : QFrame(parent), host_(host), box_(editor_->findChild<QLineEdit*>()) {
   arrangePaper();
   connectEvents();
   addMenu();
@@ -33,13 +24,13 @@ LocalPZ::LocalPZ(QWidget* parent) : QFrame(parent), box_(editor_->findChild<QLin
 }
 
 void LocalPZ::connectEvents() {
-  connect(lines_, &FlexGrid::rowOpened, this, [this] { openCell(currentCell()); });
-  connect(editor_, &CellEditor::committed, this, &LocalPZ::keep);
-  connect(editor_, &CellEditor::entered, this, &LocalPZ::moveOn);
-  connect(editor_, &CellEditor::buttonPressed, this, &LocalPZ::requestLookUp);
-  connect(date_, &QDateEdit::dateChanged, this, &LocalPZ::takeDate);
-  connect(attachments_, &QSpinBox::valueChanged, this, &LocalPZ::takeAttachments);
-  connect(signButton_, &QPushButton::clicked, this, &LocalPZ::browseSign);
+  on(lines_, &FlexGrid::rowOpened, [this] { openCell(currentCell()); });
+  on(editor_, &CellEditor::committed, &LocalPZ::keep);
+  on(editor_, &CellEditor::entered, &LocalPZ::moveOn);
+  on(editor_, &CellEditor::buttonPressed, &LocalPZ::requestLookUp);
+  on(date_, &QDateEdit::dateChanged, &LocalPZ::takeDate);
+  on(attachments_, &QSpinBox::valueChanged, &LocalPZ::takeAttachments);
+  on(signButton_, &QPushButton::clicked, &LocalPZ::browseSign);
   for (QWidget* watched :
        {static_cast<QWidget*>(lines_), static_cast<QWidget*>(box_), static_cast<QWidget*>(sign_),
         static_cast<QWidget*>(date_), static_cast<QWidget*>(attachments_)}) {
@@ -78,23 +69,10 @@ void LocalPZ::showState() {
                         "; border-radius: 3px; padding: 2px 10px; font-weight: bold;");
 }
 
-TextGrid LocalPZ::linesGrid() const {
-  TextGrid grid;
-  grid.setHeader("摘要|会计科目|借方金额|贷方金额");
-  static constexpr int kWidths[] = {3000, 4700, 2500, 2500};
-  for (std::size_t column = 0; column < std::size(kWidths); ++column) {
-    grid.setColumnWidth(column, kWidths[column]);
-  }
-  for (const Column amount : {Debit, Credit}) grid.setAlignment(amount, Align::Right);
-  for (std::size_t i = 1; i <= RowCount(); ++i) grid.addRow(cellsOf(Row(i)));
-  grid.addRow({});  // an empty line to write on
-  return grid;
-}
-
 /// The cell that was the current one stays it.
 void LocalPZ::showLines() {
   const Cell current = currentCell();
-  TextGrid grid = linesGrid();
+  TextGrid grid = voucherGrid(*this);
   const std::size_t last = grid.rows() - 1;
   lines_->setGrid(std::move(grid));
   lines_->horizontalHeader()->setSectionResizeMode(Digest, QHeaderView::Stretch);
@@ -108,7 +86,7 @@ void LocalPZ::fillPaper() {
   const int room = height / lines_->verticalHeader()->defaultSectionSize();
   TextGrid more;
   for (int rows = lines_->model()->rowCount(); rows > 0 && rows < room; ++rows) {
-    more.addRow(std::vector<std::string>(kColumns));
+    more.addRow(std::vector<std::string>(kVoucherColumns));
   }
   if (more.rows() > 0) lines_->addRows(std::move(more));
 }
@@ -116,10 +94,10 @@ void LocalPZ::fillPaper() {
 void LocalPZ::showLine(std::size_t line) {
   if (line + 1 >= lines_->grid().rows()) {  // the last empty line has been written on
     TextGrid more;
-    more.addRow(std::vector<std::string>(kColumns));
+    more.addRow(std::vector<std::string>(kVoucherColumns));
     lines_->addRows(std::move(more));
   }
-  const std::vector<std::string> cells = cellsOf(Row(line));
+  const std::vector<std::string> cells = voucherCells(Row(line));
   for (std::size_t column = 0; column < cells.size(); ++column) {
     lines_->setText(line, column, cells[column]);
   }
@@ -209,7 +187,7 @@ bool LocalPZ::takeOffered(std::size_t column) {
 /// Behind the last line a new one comes up as long as the voucher does not balance.
 void LocalPZ::moveToNextLine(std::size_t row, std::size_t column) {
   const bool last = row == RowCount();
-  if (last && totals_->property("balanced").toBool()) return lines_->selectCell(row, column);
+  if (last && totals_->balanced()) return lines_->selectCell(row, column);
   openCell({row + 1, Digest});
   if (!last || !editor_->isOpen()) return;
   offered_ = toQt(Row(row).Digest);

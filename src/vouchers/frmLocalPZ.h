@@ -11,8 +11,10 @@
 
 #include "ui/CellEditor.h"
 #include "ui/FlexGrid.h"
+#include "ui/FormHost.h"
 #include "vouchers/frmVoucherTotals.h"
 #include "vouchers/Voucher.h"
+#include "vouchers/VoucherGrid.h"
 
 namespace zelkor {
 
@@ -27,7 +29,7 @@ class LocalPZ final : public QFrame, public Voucher {
   Q_OBJECT
 
  public:
-  explicit LocalPZ(QWidget* parent = nullptr);
+  LocalPZ(FormHost& host, QWidget* parent);
 
   /// Shows the voucher as it stands; what was being typed is given up.
   void showVoucher();
@@ -51,7 +53,7 @@ class LocalPZ final : public QFrame, public Voucher {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  enum Column : std::size_t { Digest, Subject, Debit, Credit };
+  using enum voucher_column::Column;
   struct Cell {
     std::size_t row;
     std::size_t column;
@@ -63,12 +65,15 @@ class LocalPZ final : public QFrame, public Voucher {
   QLayout* foot();
   void connectEvents();
   void addMenu();
+  template <typename Sender, typename Signal, typename Routine>
+  void on(Sender* sender, Signal signal, Routine routine) {
+    host_.connect(sender, signal, *this, *this, routine);
+  }
 
   void showHead();
   void showLines();
   void showLine(std::size_t line);
   void fillPaper();
-  TextGrid linesGrid() const;
   void showState();
 
   bool mayEdit();
@@ -89,12 +94,14 @@ class LocalPZ final : public QFrame, public Voucher {
   void browseSign();
   void clearSign();
 
+  bool keyPressed(QObject* watched, const QKeyEvent& key);
   bool gridKey(const QKeyEvent& key);
   bool boxKey(const QKeyEvent& key);
   bool amountKey(const QKeyEvent& key, Cell cell);
   bool lineKey(const QKeyEvent& key);
   bool signKey(const QKeyEvent& key);
 
+  FormHost& host_;
   QLabel* caption_ = new QLabel(this);
   QLabel* state_ = new QLabel(this);
   QLineEdit* sign_ = new QLineEdit(this);

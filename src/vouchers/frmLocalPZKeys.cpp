@@ -14,17 +14,19 @@ bool isEnterKey(const QKeyEvent& key) {
 bool LocalPZ::eventFilter(QObject* watched, QEvent* event) {
   if (watched == lines_ && event->type() == QEvent::Resize) fillPaper();
   if (event->type() != QEvent::KeyPress) return QFrame::eventFilter(watched, event);
-  const auto& key = *static_cast<QKeyEvent*>(event);
   bool taken = false;
-  if (watched == lines_) taken = gridKey(key);
-  if (watched == box_) taken = boxKey(key);
-  if (watched == sign_) taken = signKey(key);
-  if ((watched == date_ || watched == attachments_) && isEnterKey(key)) {
-    static_cast<QAbstractSpinBox*>(watched)->interpretText();
-    focusNextChild();
-    taken = true;
-  }
+  host_.dispatch([&] { taken = keyPressed(watched, *static_cast<QKeyEvent*>(event)); });
   return taken || QFrame::eventFilter(watched, event);
+}
+
+bool LocalPZ::keyPressed(QObject* watched, const QKeyEvent& key) {
+  if (watched == lines_) return gridKey(key);
+  if (watched == box_) return boxKey(key);
+  if (watched == sign_) return signKey(key);
+  if ((watched != date_ && watched != attachments_) || !isEnterKey(key)) return false;
+  static_cast<QAbstractSpinBox*>(watched)->interpretText();
+  focusNextChild();
+  return true;
 }
 
 bool LocalPZ::lineKey(const QKeyEvent& key) {

@@ -113,7 +113,7 @@ void LocalPZ::addMenu() {
   } entries[] = {{"插入分录\tIns", &LocalPZ::insertHere}, {"删除分录\tCtrl+Del", &LocalPZ::removeHere}};
   for (const auto& entry : entries) {
     auto* action = new QAction(entry.caption, lines_);
-    connect(action, &QAction::triggered, this, entry.routine);
+    on(action, &QAction::triggered, entry.routine);
     lines_->addAction(action);
   }
   lines_->setContextMenuPolicy(Qt::ActionsContextMenu);

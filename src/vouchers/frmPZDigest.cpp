@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "ui/Icons.h"
 #include "ui/Layout.h"
 #include "vouchers/frmPZCode.h"
 
@@ -33,7 +34,6 @@ frmPZDigest::frmPZDigest(FormHost& host)
     : Form(host, "frmPZDigest", "常用摘要", Unload::Plain), digests_(data()) {
   arrangeControls();
   arrangeMenu();
-  on(CmdArray, &Toolbar::ButtonClick, &frmPZDigest::CmdArray_Click);
   on(MSFlexGrid1, &FlexGrid::clicked,
      [this] { editCell(MSFlexGrid1->currentGridRow().value(), MSFlexGrid1->currentGridColumn().value()); });
   on(MSFlexGrid1, &FlexGrid::rowOpened,
@@ -47,18 +47,20 @@ frmPZDigest::frmPZDigest(FormHost& host)
 }
 
 void frmPZDigest::arrangeControls() {
-  CmdArray->setButtons({{"设置", "CmdArray0"},
-                        {"打印", "CmdArray1"},
-                        {"预览", "CmdArray2"},
-                        {"输出", "CmdArray3"},
-                        "",
-                        {"增加", "CmdArray4"},
-                        {"删除", "CmdArray5"},
-                        "",
-                        {"选入", "CmdArray7"},
-                        "",
-                        {"帮助", "CmdArray8"},
-                        {"退出", "CmdArray9"}});
+  setCommands(CmdArray,
+              {{{"设置", "CmdArray0"}},
+               {{"打印", "CmdArray1"}},
+               {{"预览", "CmdArray2"}},
+               {{"输出", "CmdArray3"}},
+               {},
+               {{"增加", "CmdArray4"}, &frmPZDigest::add},
+               {{"删除", "CmdArray5"}, &frmPZDigest::remove},
+               {},
+               {{"选入", "CmdArray7"}, &frmPZDigest::takeOver},
+               {},
+               {{"帮助", "CmdArray8"}},
+               {{"退出", "CmdArray9"}, &frmPZDigest::leave}},
+              [this] { TxtAdd->commit(); });
   TxtAdd->findChild<QLineEdit*>()->setObjectName("TxtAdd");
   TxtAdd->findChild<QPushButton*>()->setObjectName("CmdCodeView");
   layout::arrangeScreen(this, CmdArray, layout::row({layout::wide(MSFlexGrid1)}));
@@ -66,34 +68,20 @@ void frmPZDigest::arrangeControls() {
 }
 
 void frmPZDigest::arrangeMenu() {
-  const struct {
-    const char* name;
-    const char* caption;
-    const char* key;
-  } entries[] = {
-      {"mnu_popAdd", "增加", "CmdArray4"},
-      {"mnu_popDel", "删除", "CmdArray5"},
-      {"mnu_popxr", "选入", "CmdArray7"},
-  };
-  for (const auto& entry : entries) {
-    QAction* action = mnu_pop->addAction(CmdArray->button(entry.key).icon(), entry.caption);
-    action->setObjectName(entry.name);
-    on(action, &QAction::triggered, [this, key = entry.key] { CmdArray_Click(key); });
-  }
+  addCommands(mnu_pop,
+              {{{"增加", "mnu_popAdd"}, &frmPZDigest::add},
+               {{"删除", "mnu_popDel"}, &frmPZDigest::remove},
+               {{"选入", "mnu_popxr"}, &frmPZDigest::takeOver}},
+              [this] { TxtAdd->commit(); });
+  for (QAction* entry : mnu_pop->actions()) entry->setIcon(commandIcon(entry->text()));
   MSFlexGrid1->setContextMenuPolicy(Qt::CustomContextMenu);
   on(MSFlexGrid1, &FlexGrid::customContextMenuRequested,
      [this](const QPoint& at) { mnu_pop->popup(MSFlexGrid1->viewport()->mapToGlobal(at)); });
 }
 
-void frmPZDigest::CmdArray_Click(const QString& key) {
-  TxtAdd->commit();
-  if (key == "CmdArray4") add();
-  if (key == "CmdArray5") remove();
-  if (key == "CmdArray7") takeOver();
-  if (key == "CmdArray9") {
-    leaveNewRow();
-    close();
-  }
+void frmPZDigest::leave() {
+  leaveNewRow();
+  close();
 }
 
 /// A new row in which nothing stands is given up where another command follows.

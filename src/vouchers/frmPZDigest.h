@@ -28,12 +28,12 @@ class frmPZDigest final : public Form {
 
   void arrangeControls();
   void arrangeMenu();
-  void CmdArray_Click(const QString& key);
   void CmdCodeView_Click();
 
   void add();
   void remove();
   void takeOver();
+  void leave();
   void editCell(std::size_t row, std::size_t column);
   void keepEdit(std::size_t row, std::size_t column, const QString& text);
   void moveOn(std::size_t row, std::size_t column);

@@ -1,5 +1,6 @@
 #include "vouchers/frmPZFill.h"
 
+#include <algorithm>
 #include <string>
 
 #include "ui/Layout.h"
@@ -11,11 +12,6 @@ namespace zelkor {
 namespace {
 
 constexpr std::size_t kFirstMove = 6;  // index of the button "首张" in the array
-
-struct MenuEntry {
-  const char* name;
-  const char* caption;
-};
 
 std::string toolKey(std::size_t index) {
   return "cmdTool" + std::to_string(index);
@@ -40,68 +36,65 @@ void frmPZFill::arrangeControls() {
   layout::arrangeScreen(this, cmdTool, layout::column({layout::wide(editor), StatusBar1}));
   layout()->setMenuBar(menu);
   resize(1120, 660);
-  on(cmdTool, &Toolbar::ButtonClick, &frmPZFill::cmdTool_Click);
 }
 
 void frmPZFill::arrangeToolbar() {
   cmdTool->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  cmdTool->setButtons({{"打印", "cmdTool0"},
-                       {"预览", "cmdTool1"},
-                       {"输出", "cmdTool2"},
-                       "",
-                       {"增加", "cmdTool3"},
-                       {"保存", "cmdTool4"},
-                       {"放弃", "cmdTool5"},
-                       "",
-                       {"增行", "cmdTool12"},
-                       {"删行", "cmdTool13"},
-                       {"流量", "cmdTool14"},
-                       {"余额", "cmdTool15"},
-                       "",
-                       {"首张", "cmdTool6"},
-                       {"上张", "cmdTool7"},
-                       {"下张", "cmdTool8"},
-                       {"末张", "cmdTool9"},
-                       "",
-                       {"查询", "cmdTool10"},
-                       {"帮助", "cmdTool16"},
-                       {"退出", "cmdTool11"}});
+  setCommands(cmdTool,
+              {{{"打印", "cmdTool0"}},
+               {{"预览", "cmdTool1"}},
+               {{"输出", "cmdTool2"}},
+               {},
+               {{"增加", "cmdTool3"}},
+               {{"保存", "cmdTool4"}, &frmPZFill::save},
+               {{"放弃", "cmdTool5"}, &frmPZFill::close},
+               {},
+               {{"增行", "cmdTool12"}},
+               {{"删行", "cmdTool13"}},
+               {{"流量", "cmdTool14"}},
+               {{"余额", "cmdTool15"}},
+               {},
+               {{"首张", "cmdTool6"}},
+               {{"上张", "cmdTool7"}},
+               {{"下张", "cmdTool8"}},
+               {{"末张", "cmdTool9"}},
+               {},
+               {{"查询", "cmdTool10"}},
+               {{"帮助", "cmdTool16"}},
+               {{"退出", "cmdTool11"}, &frmPZFill::close}},
+              [this] { fill_.walkUnbooked(); });
   cmdTool->button("cmdTool14").setToolTip("按现金流量项目拆分金额");
-}
-
-QAction* frmPZFill::addEntry(QMenu& into, const char* name, const char* caption) {
-  QAction* entry = into.addAction(caption);
-  entry->setObjectName(name);
-  return entry;
 }
 
 void frmPZFill::arrangeMenus() {
   QMenu* file = menu->addMenu("文件(&F)");
   file->setObjectName("MenuFile");
-  for (const auto& [name, caption] :
-       {MenuEntry{"subMenuFileYL", "预览"}, MenuEntry{"subMenuFilePrint", "打印"},
-        MenuEntry{"subMenuFileOutput", "输出"}}) {
-    addEntry(*file, name, caption);
-  }
-  file->addSeparator();
-  on(addEntry(*file, "Exit", "退出"), &QAction::triggered, [this] { close(); });
+  addCommands(file, {{{"预览", "subMenuFileYL"}},
+                     {{"打印", "subMenuFilePrint"}},
+                     {{"输出", "subMenuFileOutput"}},
+                     {},
+                     {{"退出", "Exit"}, &frmPZFill::close}});
 
   QMenu* bill = menu->addMenu("制单(&E)");
   bill->setObjectName("MenuZD");
-  on(addEntry(*bill, "subMenuZDSave", "保存"), &QAction::triggered, &frmPZFill::save);
-  for (const auto& [name, caption] :
-       {MenuEntry{"subMenuZDGiveUp", "放弃"}, MenuEntry{"subMenuZDAdd", "增加凭证"},
-        MenuEntry{"subMenuZDRestore", "作废/恢复"}, MenuEntry{"subMenuZDCXPZ", "冲销凭证"},
-        MenuEntry{"subMenuZDDelPZ", "凭证删除/整理"}, MenuEntry{"subMenuZDUseful", "调用常用凭证"},
-        MenuEntry{"subMenuZDProduct", "生成常用凭证"}, MenuEntry{"subMenuZDInsertSub", "插入分录"},
-        MenuEntry{"subMenuZDDelSub", "删除分录"}}) {
-    addEntry(*bill, name, caption);
-  }
+  addCommands(bill, {{{"保存", "subMenuZDSave"}, &frmPZFill::save},
+                     {{"放弃", "subMenuZDGiveUp"}},
+                     {{"增加凭证", "subMenuZDAdd"}},
+                     {{"作废/恢复", "subMenuZDRestore"}},
+                     {{"冲销凭证", "subMenuZDCXPZ"}},
+                     {{"凭证删除/整理", "subMenuZDDelPZ"}},
+                     {{"调用常用凭证", "subMenuZDUseful"}},
+                     {{"生成常用凭证", "subMenuZDProduct"}},
+                     {{"插入分录", "subMenuZDInsertSub"}},
+                     {{"删除分录", "subMenuZDDelSub"}}});
 
   QMenu* view = menu->addMenu("查看(&V)");
   view->setObjectName("MenuView");
-  viewMoves = {addEntry(*view, "subMenuViewFirst", "首张"), addEntry(*view, "subMenuViewPre", "上张"),
-               addEntry(*view, "subMenuViewNext", "下张"), addEntry(*view, "subMenuViewLast", "末张")};
+  addCommands(view, {{{"首张", "subMenuViewFirst"}},
+                     {{"上张", "subMenuViewPre"}},
+                     {{"下张", "subMenuViewNext"}},
+                     {{"末张", "subMenuViewLast"}}});
+  std::ranges::copy(view->actions(), viewMoves.begin());
 }
 
 void frmPZFill::connectEditor() {
@@ -137,12 +130,6 @@ void frmPZFill::MenuMoveEnabled() {
   for (std::size_t i = 0; i < kMoves; ++i) {
     viewMoves[i]->setEnabled(cmdTool->button(toolKey(kFirstMove + i)).isEnabled());
   }
-}
-
-void frmPZFill::cmdTool_Click(const QString& key) {
-  fill_.walkUnbooked();
-  if (key == "cmdTool4") save();
-  if (key == "cmdTool5" || key == "cmdTool11") close();
 }
 
 void frmPZFill::save() {

@@ -22,18 +22,16 @@ class frmPZFill final : public Form {
 
   QMenuBar* menu = make<QMenuBar>("menu");
   Toolbar* cmdTool = make<Toolbar>("cmdTool");
-  LocalPZ* editor = make<LocalPZ>("LocalPZ");
+  LocalPZ* editor = make<LocalPZ>("LocalPZ", host());
   QStatusBar* StatusBar1 = make<QStatusBar>("StatusBar1");
   std::array<QAction*, kMoves> viewMoves{};
 
   void arrangeControls();
   void arrangeToolbar();
   void arrangeMenus();
-  QAction* addEntry(QMenu& into, const char* name, const char* caption);
   void connectEditor();
   void LoadVouch();
   void MenuMoveEnabled();
-  void cmdTool_Click(const QString& key);
   void save();
   void showStatus();
 

@@ -3,10 +3,10 @@
 #include <QHeaderView>
 #include <QResizeEvent>
 
-#include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "ui/FlexGrid.h"
 #include "ui/Texts.h"
+#include "vouchers/VoucherGrid.h"
 
 namespace zelkor {
 namespace {
@@ -14,18 +14,6 @@ namespace {
 constexpr int kHeight = 34;
 constexpr int kPadding = 3;  // as the cells have
 constexpr int kCaptionWidth = 84;
-
-QString sumText(Currency amount) {
-  return toQt(Format(amount, "#,##0.00"));
-}
-
-QString balanceText(const VoucherTotals& totals) {
-  if (totals.balanced()) return "借贷平衡";
-  const bool debitMore = totals.debit > totals.credit;
-  const Currency more = debitMore ? totals.difference() : -totals.difference();
-  // With all its decimals: staged amounts have four, and "0.00 more" would tell nothing.
-  return (debitMore ? "借贷不平，借方多 " : "借贷不平，贷方多 ") + toQt(Format(more, "#,##0.00##"));
-}
 
 }  // namespace
 
@@ -46,7 +34,8 @@ VoucherTotalsLine::VoucherTotalsLine(FlexGrid& above, std::size_t debitColumn, s
 void VoucherTotalsLine::showTotals(const Voucher& voucher) {
   try {
     const VoucherTotals totals = totalsOf(voucher);
-    showSums(sumText(totals.debit), sumText(totals.credit), balanceText(totals), totals.balanced());
+    showSums(toQt(voucherSumText(totals.debit)), toQt(voucherSumText(totals.credit)),
+             toQt(voucherBalanceText(totals)), totals.balanced());
   } catch (const RuntimeError&) {
     showSums({}, {}, "合计超出金额范围", false);
   }
@@ -57,7 +46,7 @@ void VoucherTotalsLine::showSums(const QString& debit, const QString& credit, co
   sums_[0]->setText(debit);
   sums_[1]->setText(credit);
   balance_->setText(balance);
-  setProperty("balanced", balanced);
+  balanced_ = balanced;
   setStyleSheet(balanced
                     ? "#VoucherTotals { background: #f1f4f7; border: 1px solid #c6cfd8; border-top: none; }"
                       "QLabel { color: #1f2933; font-weight: bold; }"

@@ -19,6 +19,8 @@ class VoucherTotalsLine final : public QFrame {
   VoucherTotalsLine(FlexGrid& above, std::size_t debitColumn, std::size_t creditColumn, QWidget* parent);
 
   void showTotals(const Voucher& voucher);
+  /// Whether the sums shown are equal.
+  bool balanced() const { return balanced_; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -31,6 +33,7 @@ class VoucherTotalsLine final : public QFrame {
   std::array<int, 2> columns_;
   QLabel* caption_ = new QLabel("合　计", this);
   QLabel* balance_ = new QLabel(this);
+  bool balanced_ = false;
   std::array<QLabel*, 2> sums_ = {new QLabel(this), new QLabel(this)};
 };
 

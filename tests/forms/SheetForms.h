@@ -50,10 +50,6 @@ class SheetFormTest : public WithForms<CardTest> {
   static std::string labels(const QWidget& form, std::initializer_list<int> numbers) {
     return texts(form, "Label1", numbers);
   }
-  static std::string tagOfLabel(const QWidget& form, int number) {
-    const auto& label = control<QLabel>(form, ("Label1" + std::to_string(number)).c_str());
-    return label.property("Tag").toString().toStdString();
-  }
   static std::string enabledCommands(const QWidget& form) {
     return enabledOf(form, {"增加", "取消", "保存", "退出"});
   }

@@ -1,73 +1,17 @@
 #include "base/Format.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
+#include <optional>
 
 #include "base/Conversion.h"
-#include "base/FormatPictures.h"
-#include "base/Text.h"
+#include "base/Decimal.h"
+#include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
-
-struct NamedPicture {
-  std::string_view name;
-  std::string_view picture;
-};
-
-// Numbers and dates of the Chinese locale.
-constexpr std::array<NamedPicture, 12> kNamedPictures = {{{"Fixed", "0.00"},
-                                                          {"Standard", "#,##0.00"},
-                                                          {"Percent", "0.00%"},
-                                                          {"Scientific", "0.00E+00"},
-                                                          {"Currency", "￥#,##0.00;￥-#,##0.00"},
-                                                          {"General Date", "c"},
-                                                          {"Long Date", "dddddd"},
-                                                          {"Medium Date", "dd-mmm-yy"},
-                                                          {"Short Date", "ddddd"},
-                                                          {"Long Time", "ttttt"},
-                                                          {"Medium Time", "hh:nn AM/PM"},
-                                                          {"Short Time", "hh:nn"}}};
-
-struct NamedTruth {
-  std::string_view name;
-  std::string_view yes;
-  std::string_view no;
-};
-constexpr std::array<NamedTruth, 3> kNamedTruths = {
-    {{"Yes/No", "Yes", "No"}, {"True/False", "True", "False"}, {"On/Off", "On", "Off"}}};
-
-enum class PictureKind { Number, Date, Text, Literal };
-
-bool contains(std::string_view set, char c) {
-  return set.find(c) != std::string_view::npos;
-}
-
-// The first character with a meaning tells what the picture is for.
-PictureKind kindOf(std::string_view picture) {
-  std::string ignored;
-  while (!picture.empty()) {
-    if (const std::size_t literal = takeLiteral(picture, ignored); literal != 0) {
-      picture.remove_prefix(literal);
-      continue;
-    }
-    const char c = picture.front();
-    if (contains("0#.,%", c)) return PictureKind::Number;
-    if (contains("@&<>!", c)) return PictureKind::Text;
-    if (contains("ymdhnswqcYMDHNSWQC", c) || picture.starts_with("ttttt")) return PictureKind::Date;
-    if (picture.starts_with("AM/PM") || picture.starts_with("am/pm")) return PictureKind::Date;
-    picture.remove_prefix(1);
-  }
-  return PictureKind::Literal;
-}
-
-// "0", "0.00" and their like, which nearly every amount is shown with; -1 for any other picture.
-int fixedPlaces(std::string_view picture) {
-  if (picture == "0") return 0;
-  if (!picture.starts_with("0.0")) return -1;
-  const bool onlyZeros = picture.find_first_not_of('0', 2) == std::string_view::npos;
-  return onlyZeros ? static_cast<int>(picture.size()) - 2 : -1;
-}
 
 std::optional<Decimal> decimalOfNumber(double number) {
   return std::isfinite(number) ? std::optional(decimalOf(number)) : std::nullopt;
@@ -94,112 +38,167 @@ std::optional<DateTime> dateIn(const Value& value) {
   return std::nullopt;
 }
 
-// "@" a character or a blank, "&" a character or nothing, filled from the right unless "!" stands in the
-// picture; "<" and ">" change the case.
-std::string formatText(std::string_view text, std::string_view picture) {
-  std::size_t places = 0;
-  for (const char c : picture) places += contains("@&", c) ? 1 : 0;
-  const bool fromLeft = contains(picture, '!');
-  std::size_t missing = places > Len(text) ? places - Len(text) : 0;
-  std::size_t next = 1;
-  std::string result;
-  if (places != 0 && Len(text) > places && !fromLeft) {
-    result = Left(text, Len(text) - places);
-    next += Len(text) - places;
-  }
-  for (const char c : picture) {
-    if (contains("<>!", c)) continue;
-    if (!contains("@&", c)) {
-      result.push_back(c);
-    } else if (fromLeft ? next > Len(text) : missing > 0) {
-      if (missing > 0) --missing;
-      if (c == '@') result.push_back(' ');
+// With so many decimals, and a digit before the point.
+std::string fixedText(const Decimal& value, std::size_t decimals) {
+  const Decimal rounded = roundedTo(value, static_cast<int>(decimals), Tie::AwayFromZero);
+  std::array<char, 24> buffer{};
+  char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), rounded.coefficient).ptr;
+  std::string text;
+  if (rounded.negative && !rounded.isZero()) text.push_back('-');
+  const std::size_t sign = text.size();
+  text.append(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  if (!rounded.isZero())
+    text.append(static_cast<std::size_t>(rounded.exponent + static_cast<int>(decimals)), '0');
+  if (decimals == 0) return text;
+  if (text.size() - sign <= decimals) text.insert(sign, decimals + 1 - (text.size() - sign), '0');
+  text.insert(text.size() - decimals, 1, '.');
+  return text;
+}
+
+/// "#,##0.00": places before and behind the point, of which so many are always shown.
+struct NumberPicture {
+  std::size_t wholeZeros = 0;
+  std::size_t decimals = 0;
+  std::size_t decimalZeros = 0;
+  bool thousands = false;
+  bool point = false;
+  bool percent = false;
+};
+
+std::optional<NumberPicture> numberPicture(std::string_view text) {
+  NumberPicture picture;
+  char before = '\0';
+  bool anyPlace = false;
+  for (const char c : text) {
+    const bool place = c == '0' || c == '#';
+    const bool misplaced =
+        picture.percent || (c == ',' && (picture.point || (before != '0' && before != '#')));
+    if (misplaced || (before == ',' && !place) || (c == '.' && picture.point)) return std::nullopt;
+    if (place && picture.point) {
+      ++picture.decimals;
+      if (c == '0') picture.decimalZeros = picture.decimals;
+    } else if (place) {
+      if (c == '0' || picture.wholeZeros > 0) ++picture.wholeZeros;
+    } else if (c == ',') {
+      picture.thousands = true;
+    } else if (c == '.') {
+      picture.point = true;
+    } else if (c == '%') {
+      picture.percent = true;
     } else {
-      result += Mid(text, next++, 1);
+      return std::nullopt;
     }
+    anyPlace = anyPlace || place;
+    before = c;
   }
-  result += Mid(text, places == 0 ? 1 : next);
-  if (contains(picture, '<')) return LCase(result);
-  return contains(picture, '>') ? UCase(result) : result;
+  return anyPlace && before != ',' ? std::optional(picture) : std::nullopt;
 }
 
-std::string formatNull(std::string_view picture) {
-  const auto sections = pictureSections(picture);
-  return sections.size() == 4 ? formatNumber(Decimal{}, sections[3]) : std::string();
+std::string formatNumber(Decimal value, const NumberPicture& picture) {
+  if (picture.percent) value.exponent += 2;
+  std::string text = fixedText(value, picture.decimals);
+  const std::size_t sign = text.starts_with('-') ? 1 : 0;
+  std::size_t end = std::min(text.find('.'), text.size());
+  if (end == sign + 1 && text[sign] == '0') text.erase(sign, 1), --end;
+  if (end - sign < picture.wholeZeros) {
+    text.insert(sign, picture.wholeZeros - (end - sign), '0');
+    end = sign + picture.wholeZeros;
+  }
+  const std::size_t shown = end + (picture.point ? 1 : 0);
+  while (text.size() > shown + picture.decimalZeros && text.back() == '0') text.pop_back();
+  if (picture.point && text.size() == end) text.push_back('.');
+  if (picture.thousands)
+    for (std::size_t at = end; at > sign + 3; at -= 3) text.insert(at - 3, 1, ',');
+  if (picture.percent) text.push_back('%');
+  return text;
 }
 
-std::optional<std::string> formatNamed(const Value& value, std::string_view name) {
-  for (const NamedPicture& named : kNamedPictures) {
-    if (equalsIgnoringCase(name, named.name)) return Format(value, named.picture);
+char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool isLetter(char c) {
+  return lower(c) >= 'a' && lower(c) <= 'z';
+}
+
+// How often the character at `at` stands there in a row, in either case.
+std::size_t runAt(std::string_view picture, std::size_t at) {
+  std::size_t end = at;
+  while (end < picture.size() && lower(picture[end]) == lower(picture[at])) ++end;
+  return end - at;
+}
+
+bool isDatePicture(std::string_view picture) {
+  bool anyField = false;
+  for (std::size_t at = 0; at < picture.size();) {
+    const char c = lower(picture[at]);
+    if (std::string_view("\"\\@&<>!;").find(c) != std::string_view::npos) return false;
+    if (!isLetter(c)) {
+      ++at;
+      continue;
+    }
+    const std::size_t run = runAt(picture, at);
+    const bool known =
+        c == 'y' ? run == 4 : run <= 2 && std::string_view("mdhns").find(c) != std::string_view::npos;
+    if (!known) return false;
+    anyField = true;
+    at += run;
   }
-  const bool general = equalsIgnoringCase(name, "General Number");
-  for (const NamedTruth& named : kNamedTruths) {
-    if (!equalsIgnoringCase(name, named.name)) continue;
-    const auto number = numberIn(value);
-    if (!number) return CStr(value);
-    return std::string(number->isZero() ? named.no : named.yes);
+  return anyField;
+}
+
+int partOf(DateTime date, char letter) {
+  switch (letter) {
+    case 'y':
+      return date.year();
+    case 'm':
+      return date.month();
+    case 'd':
+      return date.day();
+    case 'h':
+      return date.hour();
+    case 'n':
+      return date.minute();
+    default:
+      return date.second();
   }
-  if (!general) return std::nullopt;
-  const bool dated = value.kind() == Value::Kind::Date;
-  return dated ? textOfDouble(value.as<DateTime>().toSerial()) : CStr(value);
+}
+
+std::string formatDate(DateTime date, std::string_view picture) {
+  std::string text;
+  char before = '\0';
+  for (std::size_t at = 0; at < picture.size();) {
+    char letter = lower(picture[at]);
+    if (!isLetter(letter)) {
+      text.push_back(picture[at++]);
+      continue;
+    }
+    const std::size_t run = runAt(picture, at);
+    at += run;
+    const auto next =
+        std::find_if(picture.begin() + static_cast<std::ptrdiff_t>(at), picture.end(), isLetter);
+    const bool minutes = before == 'h' || (next != picture.end() && lower(*next) == 's');
+    before = letter;
+    if (letter == 'm' && minutes) letter = 'n';
+    const std::string digits = std::to_string(partOf(date, letter));
+    if (digits.size() < run) text.append(run - digits.size(), '0');
+    text += digits;
+  }
+  return text;
 }
 
 }  // namespace
 
-std::vector<std::string_view> pictureSections(std::string_view picture) {
-  std::vector<std::string_view> sections;
-  std::size_t start = 0;
-  std::string ignored;
-  for (std::size_t at = 0; at < picture.size();) {
-    if (const std::size_t literal = takeLiteral(picture.substr(at), ignored); literal != 0) {
-      at += literal;
-      continue;
-    }
-    if (picture[at] == ';') {
-      sections.push_back(picture.substr(start, at - start));
-      start = at + 1;
-    }
-    ++at;
-  }
-  sections.push_back(picture.substr(start));
-  return sections;
-}
-
-std::size_t takeLiteral(std::string_view picture, std::string& literal) {
-  if (picture.size() >= 2 && picture[0] == '\\') {
-    literal.push_back(picture[1]);
-    return 2;
-  }
-  if (!picture.starts_with('"')) return 0;
-  const std::size_t end = picture.find('"', 1);
-  const std::size_t stop = end == std::string_view::npos ? picture.size() : end;
-  literal += picture.substr(1, stop - 1);
-  return end == std::string_view::npos ? stop : stop + 1;
-}
-
 std::string Format(const Value& value, std::string_view picture) {
-  if (value.isNull()) return formatNull(picture);
-  if (const int places = fixedPlaces(picture); places >= 0) {
+  if (value.isNull()) return {};
+  if (const auto shown = numberPicture(picture)) {
     const auto number = numberIn(value);
-    return number ? formatFixed(*number, places) : CStr(value);
+    return number ? formatNumber(*number, *shown) : CStr(value);
   }
-  if (picture.empty()) return CStr(value);
-  if (const auto text = formatNamed(value, picture)) return *text;
-  switch (kindOf(picture)) {
-    case PictureKind::Number: {
-      const auto number = numberIn(value);
-      return number ? formatNumber(*number, picture) : CStr(value);
-    }
-    case PictureKind::Date: {
-      const auto date = dateIn(value);
-      return date ? formatDate(*date, picture) : CStr(value);
-    }
-    case PictureKind::Text:
-      return formatText(CStr(value), picture);
-    case PictureKind::Literal:
-      break;
-  }
-  return formatNumber(Decimal{}, picture);
+  if (!isDatePicture(picture))
+    throw RuntimeError(ErrorNumber::OperationNotSupported, "不支持格式 '" + std::string(picture) + "'。");
+  const auto date = dateIn(value);
+  return date ? formatDate(*date, picture) : CStr(value);
 }
 
 }  // namespace zelkor

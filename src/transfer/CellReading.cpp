@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "base/Value.h"
+#include "store/dialect/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 #include "transfer/ExactCurrency.h"
 
@@ -163,7 +164,7 @@ CarriedCell CellReading::nearestText(const EngineStatement& row, CellKind kind) 
 
 CarriedCell CellReading::nearestValue(const EngineStatement& row) {
   const Value value = readCell(row, place_, ColumnType::Unknown);
-  const std::optional<Value> converted = convertForColumn(value, type_);
+  const std::optional<Value> converted = dialect::convertForColumn(value, type_);
   // A number or a date in a column of texts may be what the type wants.
   if (!converted || converted->isNull() || !value.isText() || converted->text() != value.text())
     problem_ = (value.isNull() ? "空值" : "值" + quotation(value.text())) + "不是" + nameOf(type_) +

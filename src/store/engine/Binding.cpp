@@ -5,6 +5,7 @@
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
+#include "store/dialect/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 
 namespace zelkor {
@@ -105,7 +106,7 @@ bool bindDirectly(EngineStatement& statement, int parameter, const Literal& lite
 
 void bindAssigned(EngineStatement& statement, int parameter, const Literal& literal, ColumnType target) {
   if (bindDirectly(statement, parameter, literal, target)) return;
-  const std::optional<Value> value = convertForColumn(valueOf(literal), target);
+  const std::optional<Value> value = dialect::convertForColumn(valueOf(literal), target);
   if (value) return bindValue(statement, parameter, *value);
   if (target == ColumnType::Boolean) return statement.bindInteger(parameter, 0);
   statement.bindNull(parameter);

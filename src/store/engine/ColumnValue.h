@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Value.h"
-#include "store/dialect/binding/ColumnConversion.h"
+#include "store/dialect/binding/Schema.h"
 #include "store/engine/Engine.h"
 
 namespace zelkor {

@@ -1,13 +1,14 @@
 #include "store/engine/RowEdit.h"
 
 #include "base/RuntimeError.h"
+#include "store/dialect/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
 
 namespace zelkor {
 void RowEdit::set(std::size_t column, const dialect::OutputColumn& info, const Value& value) {
   if (!info.source) throw RuntimeError(ErrorNumber::FieldNotUpdatable, "字段 '" + info.name + "' 不能更新。");
-  std::optional<Value> converted = convertForColumn(value, info.type);
+  std::optional<Value> converted = dialect::convertForColumn(value, info.type);
   if (!converted)
     throw RuntimeError(ErrorNumber::DataTypeConversion, "数据类型转换错误。（字段 '" + info.name + "'）");
   fields_[column] = Field{*info.source, info.sourceColumn, info.type, std::move(*converted)};

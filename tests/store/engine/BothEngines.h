@@ -16,9 +16,10 @@ class BothEngines {
   /// How many statements have come to something else than an error.
   int succeeded() const { return succeeded_; }
 
- private:
+  /// What the statement comes to: a line for each row, the rows touched, or the error.
   static std::string outcomeOf(Database& database, const std::string& statement);
 
+ private:
   int succeeded_ = 0;
   TempDir directory_;
   DbEngine engine_;

@@ -57,7 +57,7 @@ std::string StatementMaker::number(int depth) {
       return "datediff(" + pick({"'d'", "'m'", "'yyyy'", "'ww'", "'h'"}) + "," + date(depth - 1) + "," +
              date(0) + ")";
     case 7:
-      return pick({"year(", "month(", "day(", "weekday("}) + date(depth - 1) + ")";
+      return pick({"year(", "month(", "day("}) + date(depth - 1) + ")";
     default:
       return "(" + number(depth - 1) + pick({" / 4", " \\ 3", " mod 3", " / 0.7"}) + ")";
   }
@@ -125,8 +125,8 @@ std::string StatementMaker::condition(int depth) {
 
 std::string StatementMaker::risky() {
   return pick({"clng(p.sT)", "cint(p.sU)", "cdbl(p.sT & '')", "p.sT * 2", "p.lN / p.iK", "p.lN \\ p.iK",
-               "p.lN mod p.iK", "cdate(p.sU)", "p.iK ^ p.dblN", "sqr(p.dblN)", "ccur(p.dblN * 1e12)",
-               "cint(p.lN * 100)", "left(p.sT,p.iK)", "p.sNone", "cstr(p.mN)", "chr(p.lN)", "none(p.lN)"});
+               "p.lN mod p.iK", "cdate(p.sU)", "p.iK ^ p.dblN", "ccur(p.dblN * 1e12)", "cint(p.lN * 100)",
+               "left(p.sT,p.iK)", "p.sNone", "cstr(p.mN)", "none(p.lN)"});
 }
 
 std::string StatementMaker::query() {

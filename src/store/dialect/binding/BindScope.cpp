@@ -18,8 +18,7 @@ std::size_t BindContext::addSlot(std::size_t literal, BindAs bindAs, ColumnType 
   return slots.size() - 1;
 }
 
-void BindContext::noteNumberColumn(const bound::Column& column, bound::NumberReading reading) {
-  const bool asShort = reading == bound::NumberReading::CInt;
+void BindContext::noteNumberColumn(const bound::Column& column, bool asShort) {
   for (NumberColumn& known : numberColumns) {
     if (known.table != column.table || known.column != column.name) continue;
     known.asShort = known.asShort || asShort;

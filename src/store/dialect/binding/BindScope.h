@@ -30,7 +30,7 @@ struct BindContext {
   const TableInfo& table(std::string_view name) const;  // 3078 when there is none
   std::size_t addSlot(std::size_t literal, BindAs bindAs, ColumnType target = ColumnType::Unknown);
   const Literal& literalOf(std::size_t slot) const { return shape.literals[slots[slot].literal]; }
-  void noteNumberColumn(const bound::Column& column, bound::NumberReading reading);
+  void noteNumberColumn(const bound::Column& column, bool asShort);
 };
 
 struct ScopeSource {

@@ -4,6 +4,7 @@
 #include "store/dialect/binding/Bind.h"
 #include "store/dialect/binding/Rewrite.h"
 #include "store/dialect/binding/Types.h"
+#include "store/dialect/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 

@@ -12,6 +12,10 @@
 
 // A statement after binding: names are resolved, the peculiarities of the dialect are written out, and what
 // is left can be printed for an engine node by node.
+namespace zelkor::dialect {
+struct SqlFunction;
+}
+
 namespace zelkor::dialect::bound {
 
 enum class Family : std::uint8_t { Unknown, Text, Number, Date, Boolean, Binary };
@@ -46,11 +50,10 @@ struct Column {
   bool orderedAsNumber = false;
 };
 
-enum class NumberReading : std::uint8_t { Val, CInt, CLng };
 /// Val, CInt or CLng of a text column that is indexed as a number: printed as a call or, in the fast form, as
 /// a cast that meets the index.
 struct NumberOfText {
-  NumberReading reading{};
+  const SqlFunction* function;
   Column column;
 };
 
@@ -118,13 +121,12 @@ struct Quantified {
   bool all = false;
   Box<Select> select;
 };
-/// A function of the engine or one of ours (zk_...).
 struct Call {
-  std::string name;
+  const SqlFunction* function;
   std::vector<Node> arguments;
 };
 struct Aggregate {
-  std::string name;
+  const SqlFunction* function;
   std::vector<Node> arguments;  // empty: Count(*)
   bool distinct = false;
 };

@@ -11,7 +11,8 @@
 // the same on every engine.
 namespace zelkor::dialect {
 
-bound::Node call(std::string name, bound::ValueType type, std::vector<bound::Node> arguments);
+/// A call of what translations call by that name.
+bound::Node call(std::string_view called, bound::ValueType type, std::vector<bound::Node> arguments);
 
 /// A comparison used as a value is -1 or 0.
 bound::Node asValue(bound::Node node);
@@ -49,8 +50,6 @@ bound::Node assigned(BindContext& context, bound::Node value, const ColumnInfo& 
 /// A call of the dialect's function `name`; 3085 when there is none, 3075 for a wrong number of arguments.
 bound::Node functionCall(BindContext& context, const FunctionCall& expression,
                          std::vector<bound::Node> arguments);
-/// Whether a function of that name gathers rows (Sum, Count, ...).
-bool isAggregate(std::string_view name);
 bound::Node countRows();
 
 }  // namespace zelkor::dialect

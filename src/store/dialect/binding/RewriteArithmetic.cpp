@@ -1,5 +1,6 @@
 #include "store/dialect/binding/Rewrite.h"
 #include "store/dialect/binding/Types.h"
+#include "store/dialect/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 
@@ -24,7 +25,7 @@ bool neverNull(const Node& node) {
   if (const auto* concatenation = std::get_if<bound::Binary>(&node.node))
     return neverNull(*concatenation->left) && neverNull(*concatenation->right);
   if (const auto* replaced = std::get_if<bound::Call>(&node.node))
-    return replaced->name == "coalesce" && neverNull(replaced->arguments.back());
+    return replaced->function->called == "coalesce" && neverNull(replaced->arguments.back());
   return std::holds_alternative<bound::Parameter>(node.node) ||
          std::holds_alternative<bound::TextValue>(node.node);
 }

@@ -19,10 +19,6 @@ Node both(BinaryKind kind, Node left, Node right) {
 
 }  // namespace
 
-Node call(std::string name, bound::ValueType type, std::vector<Node> arguments) {
-  return {bound::Call{std::move(name), std::move(arguments)}, type};
-}
-
 Node asValue(Node node) {
   if (!node.condition) return node;
   return {bound::Unary{UnaryKind::ConditionAsValue, std::move(node)}, valueType(ColumnType::Short)};

@@ -73,7 +73,7 @@ class Emitter {
   /// BY, too.
   virtual bool movesRows() const { return false; }
   virtual std::string_view betweenSources(const std::vector<bound::Source>&) const { return ", "; }
-  virtual void callName(std::string_view name) { out_ += name; }
+  virtual void callName(const SqlFunction& function);
 
   /// What the tables of FROM are called, in the order in which they stand.
   static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);

@@ -1,3 +1,4 @@
+#include "store/dialect/functions/SqlFunction.h"
 #include "store/dialect/printing/Emit.h"
 
 namespace zelkor::dialect {
@@ -136,17 +137,7 @@ void Emitter::node(const bound::Column& column, int) {
 
 void Emitter::node(const bound::NumberOfText& reading, int precedence) {
   if (fast_) return numberCast(reading);
-  switch (reading.reading) {
-    case bound::NumberReading::Val:
-      callName("zk_val");
-      break;
-    case bound::NumberReading::CInt:
-      callName("zk_cint");
-      break;
-    case bound::NumberReading::CLng:
-      callName("zk_clng");
-      break;
-  }
+  callName(*reading.function);
   out_ += '(';
   node(reading.column, precedence);
   out_ += ')';
@@ -239,14 +230,18 @@ void Emitter::node(const bound::ScalarSelect& select, int) {
 }
 
 void Emitter::node(const bound::Call& call, int) {
-  callName(call.name);
+  callName(*call.function);
   out_ += '(';
   list(call.arguments);
   out_ += ')';
 }
 
+void Emitter::callName(const SqlFunction& function) {
+  out_ += function.called;
+}
+
 void Emitter::aggregate(const bound::Aggregate& node) {
-  callName(node.name);
+  callName(*node.function);
   out_ += node.distinct ? "(DISTINCT " : "(";
   if (node.arguments.empty()) out_ += '*';
   list(node.arguments);

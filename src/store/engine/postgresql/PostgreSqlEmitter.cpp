@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "store/dialect/functions/ServerDefinitions.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 
 namespace zelkor::dialect {
@@ -88,18 +89,16 @@ void PostgreSqlEmitter::quantified(const bound::Quantified& node) {
   text(")");
 }
 
-// Numbers of fixed point are added exactly here, and the first row is found through an array.
 void PostgreSqlEmitter::aggregate(const bound::Aggregate& node) {
-  if (node.name == "zk_first" || node.name == "zk_last") {
-    text("(array_agg(");
-    list(node.arguments);
-    text(node.name == "zk_first" ? "))[1]" : "))[count(*)]");
-    return;
+  for (const char c : node.function->onServer) {
+    if (c != '?') {
+      out_ += c;
+      continue;
+    }
+    if (node.distinct) text("DISTINCT ");
+    if (node.arguments.empty()) text("*");
+    for (const Node& argument : node.arguments) expr(argument, operandStrength);
   }
-  bound::Aggregate plain = node;
-  if (node.name == "zk_sum_currency") plain.name = "sum";
-  if (node.name == "zk_avg_currency") plain.name = "avg";
-  Emitter::aggregate(plain);
 }
 
 // A cast would fail for a text that is no number, and so would the index over it.
@@ -120,9 +119,8 @@ std::string PostgreSqlEmitter::declaredType(const ColumnInfo& column) const {
   return Emitter::declaredType(column) + (column.type == ColumnType::Counter ? " UNIQUE" : "");
 }
 
-// Over citext the function of that name replaces without regard to case.
-void PostgreSqlEmitter::callName(std::string_view name) {
-  text(name == "replace" ? "zk_replace" : name);
+void PostgreSqlEmitter::callName(const SqlFunction& function) {
+  text(serverName(function));
 }
 
 // A comma binds weaker than JOIN here, so that the condition of a join would not see the tables before it.

@@ -25,7 +25,7 @@ class PostgreSqlEmitter final : public Emitter {
   void numberCast(const bound::NumberOfText& node) override;
   void topWithTies(const bound::Select& select, bool named) override;
   std::string declaredType(const ColumnInfo& column) const override;
-  void callName(std::string_view name) override;
+  void callName(const SqlFunction& function) override;
   void beforeLastMatch(const bound::Table& target) override;
   void behindLastMatch(const bound::Update& update) override;
   bool movesRows() const override { return true; }

@@ -53,7 +53,7 @@ std::string quotedName(std::string_view message) {
 void raiseOwnError(const ServerFailure& failure) {
   if (!failure.state.starts_with(ownErrorMark)) return;
   if (failure.state == unsupportedPicture)
-    throw RuntimeError(ErrorNumber::OperationNotSupported, "服务器不支持格式 '" + failure.message + "'。");
+    throw RuntimeError(ErrorNumber::OperationNotSupported, "不支持格式 '" + failure.message + "'。");
   int number = 0;
   std::from_chars(failure.state.data() + ownErrorMark.size(), failure.state.data() + failure.state.size(),
                   number);

@@ -11,8 +11,10 @@ namespace zelkor {
 /// One transaction.
 void layFunctions(PostgreSqlLink& server);
 
-/// Error 3343 where the schema holds no account set, or one whose functions are older than this program's.
-/// Newer ones do what older ones did.
+/// The digest of all that layFunctions defines: an account set's schema bears it.
+const std::string& serverFunctionsDigest();
+
+/// Error 3343 where the schema holds no account set, or one whose functions are not this program's.
 void requireFunctions(PostgreSqlLink& server, const std::string& schema);
 
 /// Brings the functions up to date that lie where the file points; error 3343 where no account set is.

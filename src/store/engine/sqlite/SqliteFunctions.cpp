@@ -1,31 +1,26 @@
 #include "store/engine/sqlite/SqliteFunctions.h"
 
+#include <array>
+#include <exception>
 #include <limits>
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
+#include "store/dialect/functions/SqlFunction.h"
 
 namespace zelkor {
-namespace sqlite {
+namespace {
+
+using dialect::RowGathering;
+using dialect::SqlFunction;
 
 bool isNull(sqlite3_value* value) {
   return sqlite3_value_type(value) == SQLITE_NULL;
 }
 
-bool anyNull(Arguments arguments) {
-  for (sqlite3_value* argument : arguments)
-    if (isNull(argument)) return true;
-  return false;
-}
-
-std::string_view textOf(sqlite3_value* value) {
+Value textOf(sqlite3_value* value) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return {text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(value))};
-}
-
-double numberOf(sqlite3_value* value) {
-  if (sqlite3_value_type(value) == SQLITE_TEXT) return CDbl(Value(textOf(value)));
-  return sqlite3_value_double(value);
+  return std::string_view(text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
 Value valueOf(sqlite3_value* value) {
@@ -46,32 +41,47 @@ Value valueOf(sqlite3_value* value) {
   }
 }
 
-DateTime dateOf(sqlite3_value* value) {
-  if (sqlite3_value_type(value) != SQLITE_TEXT) return DateTime::fromSerial(sqlite3_value_double(value));
-  const std::string_view text = textOf(value);
-  if (const auto date = parseIsoDate(text)) return *date;
-  if (const auto date = parseDate(text)) return *date;
-  throw RuntimeError(ErrorNumber::TypeMismatch);
+Value numberOf(sqlite3_value* value) {
+  if (sqlite3_value_type(value) == SQLITE_TEXT) return CDbl(textOf(value));
+  return sqlite3_value_double(value);
+}
+
+Value dateOf(sqlite3_value* value) {
+  const Value given = valueOf(value);
+  if (given.isText())
+    if (const auto date = parseIsoDate(given.as<std::string>())) return *date;
+  return CDate(given);
+}
+
+// What the letters of SqlFunction::arguments say.
+Value argument(char letter, sqlite3_value* value) {
+  switch (letter) {
+    case 't':
+      return textOf(value);
+    case 'n':
+      return numberOf(value);
+    case 'd':
+      return dateOf(value);
+    default:
+      return valueOf(value);
+  }
+}
+
+bool letsNullThrough(char letter) {
+  return letter == 't' || letter == 'n' || letter == 'd';
 }
 
 void giveText(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-void giveDate(sqlite3_context* context, DateTime date) {
-  giveText(context, date.toIso());
-}
-
-void giveBoolean(sqlite3_context* context, bool value) {
-  sqlite3_result_int(context, value ? -1 : 0);
-}
-
+// A double that is whole stays a double.
 void giveValue(sqlite3_context* context, const Value& value) {
   switch (value.kind()) {
     case Value::Kind::Null:
       return sqlite3_result_null(context);
     case Value::Kind::Boolean:
-      return giveBoolean(context, value.as<bool>());
+      return sqlite3_result_int(context, value.as<bool>() ? -1 : 0);
     case Value::Kind::Short:
       return sqlite3_result_int(context, value.as<std::int16_t>());
     case Value::Kind::Long:
@@ -81,48 +91,77 @@ void giveValue(sqlite3_context* context, const Value& value) {
     case Value::Kind::Currency:
       return sqlite3_result_double(context, value.as<Currency>().toDouble());
     case Value::Kind::Date:
-      return giveDate(context, value.as<DateTime>());
+      return giveText(context, value.as<DateTime>().toIso());
     case Value::Kind::Text:
       return giveText(context, value.as<std::string>());
   }
 }
 
-void giveError(sqlite3_context* context, const std::exception& failure) {
-  const auto* error = dynamic_cast<const RuntimeError*>(&failure);
-  const int number = error ? error->number() : static_cast<int>(ErrorNumber::InvalidProcedureCall);
-  const std::string text = "ZK" + std::to_string(number) + ":" + failure.what();
-  sqlite3_result_error(context, text.c_str(), static_cast<int>(text.size()));
-}
-
-namespace {
-
 // No exception may pass through the engine's own frames.
-void invoke(sqlite3_context* context, int count, sqlite3_value** values) {
-  const auto* entry = static_cast<const FunctionEntry*>(sqlite3_user_data(context));
+template <typename Work>
+void guarded(sqlite3_context* context, Work work) {
   try {
-    entry->function(context, Arguments(values, static_cast<std::size_t>(count)));
+    work();
   } catch (const std::exception& failure) {
-    giveError(context, failure);
+    const auto* error = dynamic_cast<const RuntimeError*>(&failure);
+    const int number = error ? error->number() : static_cast<int>(ErrorNumber::InvalidProcedureCall);
+    const std::string text = "ZK" + std::to_string(number) + ":" + failure.what();
+    sqlite3_result_error(context, text.c_str(), static_cast<int>(text.size()));
   }
 }
 
-void registerAll(sqlite3* connection, std::span<const FunctionEntry> entries) {
-  for (const FunctionEntry& entry : entries) {
-    const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (entry.deterministic ? SQLITE_DETERMINISTIC : 0);
-    sqlite3_create_function_v2(connection, entry.name, entry.arguments, flags,
-                               const_cast<FunctionEntry*>(&entry), invoke, nullptr, nullptr, nullptr);
-  }
+const SqlFunction& functionOf(sqlite3_context* context) {
+  return *static_cast<const SqlFunction*>(sqlite3_user_data(context));
+}
+
+void invoke(sqlite3_context* context, int count, sqlite3_value** values) {
+  guarded(context, [&] {
+    const SqlFunction& function = functionOf(context);
+    std::array<Value, 3> arguments;
+    const auto size = static_cast<std::size_t>(count);
+    for (std::size_t i = 0; i < size; ++i) {
+      if (letsNullThrough(function.arguments[i]) && isNull(values[i])) return;
+      arguments[i] = argument(function.arguments[i], values[i]);
+    }
+    giveValue(context, function.inFile({arguments.data(), size}));
+  });
+}
+
+// The engine hands out zeroed memory for each group; it keeps a pointer.
+RowGathering*& gathering(sqlite3_context* context) {
+  return *static_cast<RowGathering**>(sqlite3_aggregate_context(context, sizeof(RowGathering*)));
+}
+
+void gather(sqlite3_context* context, int, sqlite3_value** values) {
+  guarded(context, [&] {
+    const SqlFunction& function = functionOf(context);
+    const char letter = function.arguments.front();
+    if (letsNullThrough(letter) && isNull(values[0])) return;
+    RowGathering*& gathered = gathering(context);
+    if (!gathered) gathered = function.gatheredInFile().release();
+    gathered->add(argument(letter, values[0]));
+  });
+}
+
+void giveGathered(sqlite3_context* context) {
+  const std::unique_ptr<RowGathering> gathered(gathering(context));
+  if (gathered) guarded(context, [&] { giveValue(context, gathered->result()); });
 }
 
 }  // namespace
-}  // namespace sqlite
 
+// A function of no arguments tells the time; any other gives the same for the same.
 void registerSqliteFunctions(sqlite3* connection) {
-  sqlite::registerAll(connection, sqlite::conversionFunctions());
-  sqlite::registerAll(connection, sqlite::textFunctions());
-  sqlite::registerAll(connection, sqlite::dateFunctions());
-  sqlite::registerAll(connection, sqlite::numberFunctions());
-  sqlite::registerAggregates(connection);
+  for (const SqlFunction* function : dialect::sqlFunctions()) {
+    const bool gathers = function->gatheredInFile != nullptr;
+    if (!gathers && !function->inFile) continue;
+    const bool constant = !function->arguments.empty();
+    const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (constant ? SQLITE_DETERMINISTIC : 0);
+    sqlite3_create_function_v2(connection, std::string(function->called).c_str(),
+                               static_cast<int>(function->arguments.size()), flags,
+                               const_cast<SqlFunction*>(function), gathers ? nullptr : invoke,
+                               gathers ? gather : nullptr, gathers ? giveGathered : nullptr, nullptr);
+  }
 }
 
 }  // namespace zelkor

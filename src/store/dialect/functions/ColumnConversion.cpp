@@ -1,12 +1,10 @@
-#include "store/dialect/binding/ColumnConversion.h"
+#include "store/dialect/functions/ColumnConversion.h"
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 
-namespace zelkor {
+namespace zelkor::dialect {
 namespace {
-
-using dialect::ColumnType;
 
 std::optional<double> numberOf(const Value& value) {
   switch (value.kind()) {
@@ -80,4 +78,4 @@ std::optional<Value> convertForColumn(const Value& value, ColumnType type) {
   }
 }
 
-}  // namespace zelkor
+}  // namespace zelkor::dialect

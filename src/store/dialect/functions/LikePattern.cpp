@@ -1,4 +1,4 @@
-#include "store/engine/sqlite/LikePattern.h"
+#include "store/dialect/functions/LikePattern.h"
 
 #include <cstddef>
 #include <cstdint>

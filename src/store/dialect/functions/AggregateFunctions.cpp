@@ -1,0 +1,92 @@
+#include <array>
+#include <cmath>
+#include <cstdint>
+
+#include "base/Currency.h"
+#include "base/RuntimeError.h"
+#include "store/dialect/functions/SqlFunction.h"
+
+namespace zelkor::dialect {
+namespace {
+
+using enum ColumnType;
+
+// Amounts are added as ten-thousandths, so that no binary fraction creeps into a total.
+class AmountTotal : public RowGathering {
+ public:
+  void add(const Value& value) override {
+    total_ +=
+        zelkor::Currency::fromScaled(static_cast<std::int64_t>(std::nearbyint(value.as<double>() * 10000)));
+    ++count_;
+  }
+  Value result() const override { return count_ == 0 ? Value() : Value(total_); }
+
+ protected:
+  zelkor::Currency total_;
+  std::int64_t count_ = 0;
+};
+
+class AmountAverage final : public AmountTotal {
+ public:
+  Value result() const override {
+    if (count_ == 0) return {};
+    const double scaled = static_cast<double>(total_.scaled()) / static_cast<double>(count_);
+    return std::nearbyint(scaled) / 10000;
+  }
+};
+
+class FirstValue final : public RowGathering {
+ public:
+  void add(const Value& value) override {
+    if (!given_) value_ = value;
+    given_ = true;
+  }
+  Value result() const override { return value_; }
+
+ private:
+  Value value_;
+  bool given_ = false;
+};
+
+class LastValue final : public RowGathering {
+ public:
+  void add(const Value& value) override { value_ = value; }
+  Value result() const override { return value_; }
+
+ private:
+  Value value_;
+};
+
+template <typename Gathering>
+std::unique_ptr<RowGathering> gathering() {
+  return std::make_unique<Gathering>();
+}
+
+constexpr SqlFunction aggregate(std::string_view name, std::string_view arguments, ColumnType result,
+                                std::string_view called, std::string_view onServer, std::string_view meaning,
+                                std::unique_ptr<RowGathering> (*inFile)() = nullptr) {
+  return {name, arguments, result, called, nullptr, onServer, meaning, nullptr, inFile};
+}
+
+constexpr std::array rows{
+    aggregate("Count", "v", Long, "count", "count(?)", "how many rows, or rows where it is not Null"),
+    aggregate("Sum", "n", Double, "sum", "sum(?)", "the total"),
+    aggregate("Avg", "n", Double, "avg", "avg(?)", "the average"),
+    aggregate("Min", "o", Unknown, "min", "min(?)", "the least value"),
+    aggregate("Max", "o", Unknown, "max", "max(?)", "the greatest value"),
+    aggregate("First", "v", Unknown, "zk_first", "(array_agg(?))[1]", "the value of the first row",
+              gathering<FirstValue>),
+    aggregate("Last", "v", Unknown, "zk_last", "(array_agg(?))[count(*)]", "the value of the last row",
+              gathering<LastValue>),
+    // Numbers of fixed point are added exactly on a server.
+    aggregate("", "n", Currency, "zk_sum_currency", "sum(?)", "", gathering<AmountTotal>),
+    aggregate("", "n", Currency, "zk_avg_currency", "avg(?)", "", gathering<AmountAverage>),
+};
+
+}  // namespace
+
+std::span<const SqlFunction> aggregateFunctions() {
+  return rows;
+}
+
+}  // namespace zelkor::dialect

@@ -45,12 +45,15 @@ END $$;
 
 CREATE OR REPLACE FUNCTION zk_number(v double precision) RETURNS double precision
 LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT v $$;
-CREATE OR REPLACE FUNCTION zk_number(t text) RETURNS double precision LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+CREATE OR REPLACE FUNCTION zk_number_of_text(t text) RETURNS double precision
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 DECLARE v double precision := zk_read_number(t);
 BEGIN
   IF v IS NULL THEN RAISE EXCEPTION USING ERRCODE = 'ZK013'; END IF;
   RETURN v;
 END $$;
+CREATE OR REPLACE FUNCTION zk_number(t text) RETURNS double precision LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+$$ SELECT CASE WHEN t ~ '^[0-9]+$' AND length(t) <= 15 THEN t::double precision ELSE zk_number_of_text(t) END $$;
 
 -- round() of a double takes ties to the even number.
 CREATE OR REPLACE FUNCTION zk_whole(v double precision, most double precision) RETURNS bigint
@@ -185,9 +188,20 @@ $$ SELECT lower(t) ~ zk_regex(pattern) $$;
 CREATE OR REPLACE FUNCTION zk_length(v double precision, lowest integer) RETURNS integer
 LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
-  IF v < 0 OR floor(v + 0.5) < lowest THEN RAISE EXCEPTION USING ERRCODE = 'ZK005'; END IF;
-  RETURN least(floor(v + 0.5), 1e9)::integer;
+  IF round(v) NOT BETWEEN lowest AND 2147483647 THEN RAISE EXCEPTION USING ERRCODE = 'ZK005'; END IF;
+  RETURN round(v)::integer;
 END $$;
+
+-- Doubles are added as they are written: in ten-thousandths what has no more decimals, as amounts have, and with the 15
+-- digits of the cast to numeric what is left. An average gets more digits than a double holds before it becomes one.
+CREATE OR REPLACE FUNCTION zk_amount(v double precision) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+$$ SELECT CASE WHEN abs(v) < 1e11 AND round(v * 10000) / 10000 = v THEN (v * 10000)::bigint END $$;
+CREATE OR REPLACE FUNCTION zk_rest(v double precision) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+$$ SELECT CASE WHEN abs(v) < 1e11 AND round(v * 10000) / 10000 = v THEN NULL ELSE v::numeric END $$;
+CREATE OR REPLACE FUNCTION zk_total(amounts numeric, rest numeric) RETURNS numeric LANGUAGE sql IMMUTABLE PARALLEL SAFE AS
+$$ SELECT coalesce(amounts * 0.0001 + rest, amounts * 0.0001, rest) $$;
+CREATE OR REPLACE FUNCTION zk_average(total numeric, count bigint) RETURNS double precision
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT ((total + 0e-40) / nullif(count, 0))::double precision $$;
 
 -- Raises error 11 for a divisor that rounds to 0.
 CREATE OR REPLACE FUNCTION zk_divisor(b double precision) RETURNS integer

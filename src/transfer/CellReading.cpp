@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 #include "base/Value.h"
-#include "store/dialect/functions/ColumnConversion.h"
+#include "store/dialect/binding/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 #include "transfer/ExactCurrency.h"
 

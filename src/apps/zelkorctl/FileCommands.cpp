@@ -1,9 +1,9 @@
 #include <ostream>
 
-#include "cards/CardImport.h"
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
 #include "base/RuntimeError.h"
+#include "cards/CardImport.h"
 #include "changes/SheetImport.h"
 #include "closing/DisposalTable.h"
 #include "startup/Main.h"

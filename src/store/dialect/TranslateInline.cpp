@@ -2,7 +2,7 @@
 
 #include "base/Conversion.h"
 #include "base/DateTime.h"
-#include "store/dialect/functions/ColumnConversion.h"
+#include "store/dialect/binding/functions/ColumnConversion.h"
 #include "store/dialect/printing/EngineWords.h"
 #include "store/dialect/TranslateQuery.h"
 

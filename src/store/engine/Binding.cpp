@@ -5,7 +5,7 @@
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
-#include "store/dialect/functions/ColumnConversion.h"
+#include "store/dialect/binding/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 
 namespace zelkor {

@@ -1,7 +1,7 @@
 #include "store/engine/RowEdit.h"
 
 #include "base/RuntimeError.h"
-#include "store/dialect/functions/ColumnConversion.h"
+#include "store/dialect/binding/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
 

@@ -1,8 +1,8 @@
 #include "store/settings/OpenMonth.h"
 
 #include "base/Conversion.h"
-#include "store/settings/Parameters.h"
 #include "store/engine/Statement.h"
+#include "store/settings/Parameters.h"
 
 namespace zelkor {
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 #include "support/Paths.h"
 
 // docs/sql-functions.md tells what the functions' rows say. With ZELKOR_REWRITE_GOLDEN set it is written from
@@ -67,7 +67,7 @@ std::string page() {
       "What a statement may call, in a file and on a server alike; any other name is error 3085. What the "
       "engines\n"
       "call is one of their own functions unless its name begins with `zk_`. A new function is one row in\n"
-      "`src/store/dialect/functions/`; this page is written from the rows by a test "
+      "`src/store/dialect/binding/functions/`; this page is written from the rows by a test "
       "(`ZELKOR_REWRITE_GOLDEN=1`).\n\n"
       "| call | gives | result | engines call |\n|---|---|---|---|\n";
   for (const SqlFunction* function : sqlFunctions())

@@ -65,9 +65,11 @@ class FormComparison {
   bool same(const Quantified& a, const Quantified& b) {
     return a.kind == b.kind && a.all == b.all && same(a.value, b.value) && same(a.select, b.select);
   }
-  bool same(const Call& a, const Call& b) { return a.name == b.name && same(a.arguments, b.arguments); }
+  bool same(const Call& a, const Call& b) {
+    return a.function == b.function && same(a.arguments, b.arguments);
+  }
   bool same(const Aggregate& a, const Aggregate& b) {
-    return a.name == b.name && a.distinct == b.distinct && same(a.arguments, b.arguments);
+    return a.function == b.function && a.distinct == b.distinct && same(a.arguments, b.arguments);
   }
   bool same(const Choice& a, const Choice& b) {
     return same(a.condition, b.condition) && same(a.then, b.then) && same(a.otherwise, b.otherwise);

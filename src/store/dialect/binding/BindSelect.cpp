@@ -2,9 +2,9 @@
 
 #include "base/RuntimeError.h"
 #include "store/dialect/binding/Bind.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 #include "store/dialect/binding/Rewrite.h"
 #include "store/dialect/binding/Types.h"
-#include "store/dialect/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 

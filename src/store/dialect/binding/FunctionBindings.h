@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 // Functions of the dialect that are more than calls.
 namespace zelkor::dialect {

@@ -43,10 +43,21 @@ bound::ValueType resultOf(const SqlFunction& function, const std::vector<Node>& 
   return valueType(function.result, function.result == ColumnType::Text ? 255 : 0);
 }
 
-// Amounts are added as such.
+// Amounts and doubles are added as they are written; whole numbers have no noise.
 const SqlFunction& totalOf(const SqlFunction& function, const Node& argument) {
-  const bool amount = function.arguments == "n" && argument.type.type == ColumnType::Currency;
-  return amount ? functionCalled("zk_" + std::string(function.called) + "_currency") : function;
+  if (function.arguments != "n") return function;
+  const std::string called = "zk_" + std::string(function.called);
+  switch (argument.type.type) {
+    case ColumnType::Boolean:
+    case ColumnType::Short:
+    case ColumnType::Long:
+    case ColumnType::Counter:
+      return function;
+    case ColumnType::Currency:
+      return functionCalled(called + "_currency");
+    default:
+      return functionCalled(called);
+  }
 }
 
 Node aggregateCall(const SqlFunction& function, std::vector<Node> arguments, bool distinct) {

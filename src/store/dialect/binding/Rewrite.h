@@ -28,7 +28,8 @@ bound::Node asText(bound::Node node);
 /// The value as a date.
 bound::Node asDate(bound::Node node);
 
-/// Two values for one column of a result: as texts where one is text or a date and the other is not.
+/// Two values for one column of a result: as texts where one is text or a date and the other is not, an
+/// amount beside a double as a double.
 void unite(bound::Node& first, bound::Node& second);
 
 bound::Node arithmetic(BinaryOp op, bound::Node left, bound::Node right);

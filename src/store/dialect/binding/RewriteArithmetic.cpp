@@ -1,6 +1,6 @@
+#include "store/dialect/binding/functions/SqlFunction.h"
 #include "store/dialect/binding/Rewrite.h"
 #include "store/dialect/binding/Types.h"
-#include "store/dialect/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 
@@ -15,6 +15,9 @@ Node operation(BinaryKind kind, Node left, Node right, bound::ValueType type) {
 
 // Amounts have four decimals, and binary fractions would creep into what is reckoned with them.
 Node numeric(BinaryKind kind, Node left, Node right) {
+  const bool nothing = std::holds_alternative<bound::NullValue>(left.node) &&
+                       std::holds_alternative<bound::NullValue>(right.node);
+  if (nothing) return left;
   const bound::ValueType type = arithmeticType(left.type, right.type);
   Node result = operation(kind, std::move(left), std::move(right), type);
   if (type.type != ColumnType::Currency) return result;

@@ -28,6 +28,9 @@ Node asText(Node node) {
 void unite(Node& first, Node& second) {
   const auto numeric = [](const Node& node) { return isNumber(node) || node.type.family == Family::Boolean; };
   const bool known = first.type.family != Family::Unknown && second.type.family != Family::Unknown;
+  const auto either = [&](ColumnType type) { return first.type.type == type || second.type.type == type; };
+  if (either(ColumnType::Currency) && either(ColumnType::Double))
+    first.type = second.type = valueType(ColumnType::Double);
   if (!known || first.type.family == second.type.family || (numeric(first) && numeric(second))) return;
   first = asText(std::move(first));
   second = asText(std::move(second));

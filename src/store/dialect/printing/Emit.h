@@ -55,11 +55,13 @@ class Emitter {
   void columnDefinition(const ColumnInfo& column);
 
  protected:
-  void slot(std::size_t number) { out_ += words_.parameter(number); }
+  virtual void slot(std::size_t number) { out_ += words_.parameter(number); }
   virtual void cast(ColumnType type) = 0;
   virtual void caseBlind(const bound::Node& operand) = 0;
   virtual void conditionAsValue(const bound::Node& operand) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
+  /// What stands behind THEN or ELSE.
+  virtual void branch(const bound::Node& node) { expr(node, 0); }
   virtual void aggregate(const bound::Aggregate& node);
   virtual void numberCast(const bound::NumberOfText& node);
   void direction(bool descending) { out_ += words_.direction(descending); }

@@ -1,4 +1,4 @@
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 #include "store/dialect/printing/Emit.h"
 
 namespace zelkor::dialect {
@@ -252,9 +252,9 @@ void Emitter::node(const bound::Choice& choice, int) {
   out_ += "CASE WHEN ";
   expr(*choice.condition, Whole);
   out_ += " THEN ";
-  expr(*choice.then, Whole);
+  branch(*choice.then);
   out_ += " ELSE ";
-  expr(*choice.otherwise, Whole);
+  branch(*choice.otherwise);
   out_ += " END";
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "store/dialect/functions/ServerDefinitions.h"
+#include "store/dialect/binding/functions/ServerDefinitions.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 
 namespace zelkor::dialect {
@@ -64,8 +64,27 @@ void PostgreSqlEmitter::behindLastMatch(const bound::Update& update) {
   }
 }
 
+void PostgreSqlEmitter::slot(std::size_t number) {
+  if (deferred_) text("(SELECT ");
+  Emitter::slot(number);
+}
+
 void PostgreSqlEmitter::cast(ColumnType type) {
   text("::").text(postgreSqlType(type));
+  if (deferred_) text(")");
+}
+
+// What is constant is computed when a statement is planned, also where it is not wanted, and may fail there:
+// its parameters are hidden from the planner. Only names stand in quotes.
+void PostgreSqlEmitter::branch(const Node& node) {
+  const std::size_t start = out_.size();
+  expr(node, 0);
+  const bool constant = out_.find('"', start) == std::string::npos;
+  if (deferred_ || !constant || std::holds_alternative<bound::Parameter>(node.node)) return;
+  out_.resize(start);
+  deferred_ = true;
+  expr(node, 0);
+  deferred_ = false;
 }
 
 // The type citext compares and orders case-blind.
@@ -91,13 +110,15 @@ void PostgreSqlEmitter::quantified(const bound::Quantified& node) {
 
 void PostgreSqlEmitter::aggregate(const bound::Aggregate& node) {
   for (const char c : node.function->onServer) {
-    if (c != '?') {
+    if (c == '!') {
+      text(node.distinct ? "DISTINCT " : "");
+    } else if (c != '?') {
       out_ += c;
-      continue;
+    } else if (node.arguments.empty()) {
+      text("*");
+    } else {
+      value(node.arguments.front());
     }
-    if (node.distinct) text("DISTINCT ");
-    if (node.arguments.empty()) text("*");
-    for (const Node& argument : node.arguments) expr(argument, operandStrength);
   }
 }
 

@@ -15,10 +15,12 @@ class PostgreSqlEmitter final : public Emitter {
   void endOutermost(const bound::Select& select) override;
 
  protected:
+  void slot(std::size_t number) override;
   void cast(ColumnType type) override;
   void caseBlind(const bound::Node& operand) override;
   void conditionAsValue(const bound::Node& operand) override;
   void quantified(const bound::Quantified& node) override;
+  void branch(const bound::Node& node) override;
   void aggregate(const bound::Aggregate& node) override;
   void binary(const bound::Binary& node, int precedence) override;
   void negative(const bound::Node& operand) override;
@@ -30,6 +32,9 @@ class PostgreSqlEmitter final : public Emitter {
   void behindLastMatch(const bound::Update& update) override;
   bool movesRows() const override { return true; }
   std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
+
+ private:
+  bool deferred_ = false;  // parameters are told to the plan when it runs
 };
 
 }  // namespace zelkor::dialect

@@ -9,7 +9,7 @@
 
 #include "base/EmbeddedText.h"
 #include "base/RuntimeError.h"
-#include "store/dialect/functions/ServerDefinitions.h"
+#include "store/dialect/binding/functions/ServerDefinitions.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/engine/postgresql/PostgreSqlErrors.h"
 

@@ -6,7 +6,7 @@
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor {
 namespace {
@@ -67,7 +67,7 @@ Value argument(char letter, sqlite3_value* value) {
   }
 }
 
-bool letsNullThrough(char letter) {
+bool nullGivesNull(char letter) {
   return letter == 't' || letter == 'n' || letter == 'd';
 }
 
@@ -120,7 +120,7 @@ void invoke(sqlite3_context* context, int count, sqlite3_value** values) {
     std::array<Value, 3> arguments;
     const auto size = static_cast<std::size_t>(count);
     for (std::size_t i = 0; i < size; ++i) {
-      if (letsNullThrough(function.arguments[i]) && isNull(values[i])) return;
+      if (nullGivesNull(function.arguments[i]) && isNull(values[i])) return;
       arguments[i] = argument(function.arguments[i], values[i]);
     }
     giveValue(context, function.inFile({arguments.data(), size}));
@@ -136,7 +136,7 @@ void gather(sqlite3_context* context, int, sqlite3_value** values) {
   guarded(context, [&] {
     const SqlFunction& function = functionOf(context);
     const char letter = function.arguments.front();
-    if (letsNullThrough(letter) && isNull(values[0])) return;
+    if (nullGivesNull(letter) && isNull(values[0])) return;
     RowGathering*& gathered = gathering(context);
     if (!gathered) gathered = function.gatheredInFile().release();
     gathered->add(argument(letter, values[0]));

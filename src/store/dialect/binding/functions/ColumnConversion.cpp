@@ -1,4 +1,4 @@
-#include "store/dialect/functions/ColumnConversion.h"
+#include "store/dialect/binding/functions/ColumnConversion.h"
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"

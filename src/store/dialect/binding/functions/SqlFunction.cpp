@@ -1,4 +1,4 @@
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 #include <stdexcept>
 

@@ -2,8 +2,8 @@
 
 #include "base/Conversion.h"
 #include "store/dialect/binding/FunctionBindings.h"
-#include "store/dialect/functions/ColumnConversion.h"
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/ColumnConversion.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 namespace {

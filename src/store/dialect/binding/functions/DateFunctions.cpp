@@ -2,9 +2,10 @@
 #include <cmath>
 
 #include "base/Clock.h"
+#include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 namespace {
@@ -19,8 +20,11 @@ const std::string& text(const Value& value) {
   return value.as<std::string>();
 }
 
+// Error 5 for what leads beyond any date.
 std::int64_t whole(const Value& value) {
-  return static_cast<std::int64_t>(std::nearbyint(value.as<double>()));
+  const double number = roundHalfEven(value.as<double>());
+  if (!(std::fabs(number) < 1e15)) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+  return static_cast<std::int64_t>(number);
 }
 
 template <int (DateTime::*part)() const>

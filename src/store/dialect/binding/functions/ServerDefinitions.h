@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 

@@ -1,4 +1,4 @@
-#include "store/dialect/functions/LikePattern.h"
+#include "store/dialect/binding/functions/LikePattern.h"
 
 #include <cstddef>
 #include <cstdint>

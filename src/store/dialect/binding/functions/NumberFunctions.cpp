@@ -3,7 +3,7 @@
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 namespace {

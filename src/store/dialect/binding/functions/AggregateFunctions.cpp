@@ -3,8 +3,9 @@
 #include <cstdint>
 
 #include "base/Currency.h"
+#include "base/DecimalSum.h"
 #include "base/RuntimeError.h"
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 namespace {
@@ -15,8 +16,9 @@ using enum ColumnType;
 class AmountTotal : public RowGathering {
  public:
   void add(const Value& value) override {
-    total_ +=
-        zelkor::Currency::fromScaled(static_cast<std::int64_t>(std::nearbyint(value.as<double>() * 10000)));
+    const double scaled = std::nearbyint(value.as<double>() * 10000);
+    if (!(std::abs(scaled) < 9.2e18)) throw RuntimeError(ErrorNumber::Overflow);
+    total_ += zelkor::Currency::fromScaled(static_cast<std::int64_t>(scaled));
     ++count_;
   }
   Value result() const override { return count_ == 0 ? Value() : Value(total_); }
@@ -33,6 +35,24 @@ class AmountAverage final : public AmountTotal {
     const double scaled = static_cast<double>(total_.scaled()) / static_cast<double>(count_);
     return std::nearbyint(scaled) / 10000;
   }
+};
+
+class Total : public RowGathering {
+ public:
+  void add(const Value& value) override {
+    sum_.add(value.as<double>());
+    ++count_;
+  }
+  Value result() const override { return count_ == 0 ? Value() : Value(sum_.total()); }
+
+ protected:
+  DecimalSum sum_;
+  std::int64_t count_ = 0;
+};
+
+class Average final : public Total {
+ public:
+  Value result() const override { return count_ == 0 ? Value() : Value(sum_.dividedBy(count_)); }
 };
 
 class FirstValue final : public RowGathering {
@@ -69,18 +89,23 @@ constexpr SqlFunction aggregate(std::string_view name, std::string_view argument
 }
 
 constexpr std::array rows{
-    aggregate("Count", "v", Long, "count", "count(?)", "how many rows, or rows where it is not Null"),
-    aggregate("Sum", "n", Double, "sum", "sum(?)", "the total"),
-    aggregate("Avg", "n", Double, "avg", "avg(?)", "the average"),
-    aggregate("Min", "o", Unknown, "min", "min(?)", "the least value"),
-    aggregate("Max", "o", Unknown, "max", "max(?)", "the greatest value"),
+    aggregate("Count", "v", Long, "count", "count(!?)", "how many rows, or rows where it is not Null"),
+    aggregate("Sum", "n", Double, "sum", "sum(!?)", "the total"),
+    aggregate("Avg", "n", Double, "avg", "avg(!?)", "the average"),
+    aggregate("Min", "o", Unknown, "min", "min(!?)", "the least value"),
+    aggregate("Max", "o", Unknown, "max", "max(!?)", "the greatest value"),
     aggregate("First", "v", Unknown, "zk_first", "(array_agg(?))[1]", "the value of the first row",
               gathering<FirstValue>),
     aggregate("Last", "v", Unknown, "zk_last", "(array_agg(?))[count(*)]", "the value of the last row",
               gathering<LastValue>),
+    aggregate("", "n", Double, "zk_sum", "zk_total(sum(!zk_amount(?)), sum(!zk_rest(?)))::double precision",
+              "", gathering<Total>),
+    aggregate("", "n", Double, "zk_avg",
+              "zk_average(zk_total(sum(!zk_amount(?)), sum(!zk_rest(?))), count(!?))", "",
+              gathering<Average>),
     // Numbers of fixed point are added exactly on a server.
-    aggregate("", "n", Currency, "zk_sum_currency", "sum(?)", "", gathering<AmountTotal>),
-    aggregate("", "n", Currency, "zk_avg_currency", "avg(?)", "", gathering<AmountAverage>),
+    aggregate("", "n", Currency, "zk_sum_currency", "sum(!?)", "", gathering<AmountTotal>),
+    aggregate("", "n", Currency, "zk_avg_currency", "avg(!?)", "", gathering<AmountAverage>),
 };
 
 }  // namespace

@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <array>
+#include <limits>
 
+#include "base/Conversion.h"
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "store/dialect/functions/LikePattern.h"
-#include "store/dialect/functions/SqlFunction.h"
+#include "store/dialect/binding/functions/LikePattern.h"
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 namespace {
@@ -16,11 +18,12 @@ const std::string& text(const Value& value) {
   return value.as<std::string>();
 }
 
-// A number of characters.
+// A number of characters, a tie rounded to the even one; error 5 for what no text can have.
 std::size_t count(const Value& value) {
-  const double number = value.as<double>();
-  if (number < 0) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-  return static_cast<std::size_t>(std::min(number + 0.5, 1e9));
+  const double number = roundHalfEven(value.as<double>());
+  if (!(number >= 0 && number <= std::numeric_limits<std::int32_t>::max()))
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+  return static_cast<std::size_t>(number);
 }
 
 // The number of a character, from 1.
@@ -88,9 +91,9 @@ constexpr std::array rows{
                 "-1, 0 or 1, as the first text comes before, with or after the second, in any case"},
     SqlFunction{"StrComp", "ttn", Short, "zk_strcomp", order, kOrderOnServer,
                 "the same, whatever way of comparing is asked for"},
-    SqlFunction{"Format", "vt", Text, "zk_format",
-                [](Arguments a) -> Value { return Format(a[0], text(a[1])); }, "zk_shown(a::text, b)",
-                "a number or a date under a picture"},
+    SqlFunction{
+        "Format", "vt", Text, "zk_format", [](Arguments a) -> Value { return Format(a[0], text(a[1])); },
+        "CASE WHEN b IS NOT NULL THEN zk_shown(a::text, b) END", "a number or a date under a picture"},
     // 1 and 0: a condition of the engine, no value.
     SqlFunction{"", "tt", Boolean, "zk_like",
                 [](Arguments a) -> Value { return isLike(text(a[1]), text(a[0])) ? 1 : 0; }},

@@ -54,7 +54,8 @@ struct SqlFunction {
   Value (*inFile)(Arguments arguments) = nullptr;
 
   /// An expression of a, b, c, or a block of the server's language; empty where the server has the function
-  /// or data/postgresql-*.sql defines it. Of an aggregate: the expression of the rows' values, `?`.
+  /// or data/postgresql-*.sql defines it. An aggregate: `?` is the value of a row, and `!` where DISTINCT
+  /// goes.
   std::string_view onServer{};
 
   std::string_view meaning{};

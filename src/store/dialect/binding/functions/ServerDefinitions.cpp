@@ -1,4 +1,4 @@
-#include "store/dialect/functions/ServerDefinitions.h"
+#include "store/dialect/binding/functions/ServerDefinitions.h"
 
 #include <vector>
 

@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "base/Conversion.h"
-#include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardFigures.h"

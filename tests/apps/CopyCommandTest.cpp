@@ -2,9 +2,10 @@
 
 #include <memory>
 
-#include "apps/CallFixture.h"
 #include "store/accountset/DbEngine.h"
 #include "support/AccountSetCopy.h"
+#include "support/Paths.h"
+#include "support/ProgramTest.h"
 #include "transfer/EngineSource.h"
 #include "transfer/Transfer.h"
 
@@ -16,7 +17,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class CopyCommandTest : public CallTest {
+class CopyCommandTest : public ProgramTest {
  protected:
   ProgramResult copyFile(const std::string& from, const std::string& to,
                          const std::vector<std::string>& more) {
@@ -38,7 +39,7 @@ class CopyCommandTest : public CallTest {
   std::string workThroughMonth(const std::string& set) {
     std::string printed;
     for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
-             {"cards", "import", arguments("5", set), (test::dataFolder() / "sample-register.csv").string()},
+             {"cards", "import", arguments("5", set), dataFolder() / "sample-register.csv"},
              {"run", arguments("8", set), "--answers", "y,y,n"},
              {"vouchers", "make", arguments("8", set), "--merge"},
              {"run", arguments("20", set), "--yes"}}) {
@@ -84,12 +85,10 @@ TEST_F(CopyCommandTest, ACopyLivesOnAsTheOriginalDoes) {
 
 TEST_F(CopyCommandTest, PrintsRowsProblemsAndTheirSum) {
   create();
-  ASSERT_EQ(ctl({"sql", file("set"), "create table t (s text(5), n integer)"}).status, 0);
-  ASSERT_EQ(ctl({"sql", file("set"), "insert into t values ('a', 1)"}).status, 0);
-  ASSERT_EQ(ctl({"sql", file("set"), "drop index sNum on fa_departments"}).status, 0);
-  ASSERT_EQ(
-      ctl({"sql", file("set"), "insert into fa_departments (sNum) select sNum from fa_departments"}).status,
-      0);
+  for (const char* statement : {"create table t (s text(5), n integer)", "insert into t values ('a', 1)",
+                                "drop index sNum on fa_departments",
+                                "insert into fa_departments (sNum) select sNum from fa_departments"})
+    sql(statement);
   const std::string target = home / "copy.Mdb";
   const ProgramResult result = copyFile(file("set"), target, {"--check"});
   EXPECT_EQ(result.status, 1);

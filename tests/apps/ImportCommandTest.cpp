@@ -1,12 +1,7 @@
 #include <gmock/gmock.h>
 
-#include <memory>
-
-#include "apps/CallFixture.h"
-#include "support/AccountSetCopy.h"
-#include "support/jet/JetTables.h"
-#include "transfer/EngineSource.h"
-#include "transfer/Transfer.h"
+#include "support/jet/JetFileWriter.h"
+#include "support/ProgramTest.h"
 
 // Account sets that come from Jet files by the command line.
 namespace zelkor::test {
@@ -16,55 +11,10 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class ImportCommandTest : public CallTest, public testing::WithParamInterface<JetVersion> {
+class ImportCommandTest : public ProgramTest, public testing::WithParamInterface<JetVersion> {
  protected:
-  ProgramResult work(const std::string& set, std::vector<std::string> call) {
-    call.insert(call.begin() + (call[0] == "cards" ? 2 : 1), arguments("8", set));
-    call.insert(call.end(), {"--today", "2020-01-31"});
-    return ctl(call);
-  }
-  void createWithCards(const std::string& set) {
-    create(set);
-    ASSERT_EQ(work(set, {"cards", "import", (test::dataFolder() / "sample-register.csv").string()}).status,
-              0);
-  }
-  /// Brings both files of a set to another one by way of Jet files.
-  void bringOver(const std::string& from, const std::string& to, const std::vector<std::string>& more) {
-    std::filesystem::create_directory(home / to);
-    for (const char* name : accountSetFiles) {
-      JetFileWriter writer(jet_, GetParam());
-      writeTables(*openSource(file(from, name)), writer);
-      writer.close();
-      std::vector<std::string> call{"import", jet_, file(to, name), "--check"};
-      call.insert(call.end(), more.begin(), more.end());
-      const ProgramResult result = ctl(call);
-      EXPECT_EQ(result.status, 0) << result.output << result.errors;
-      EXPECT_THAT(result.output, AllOf(HasSubstr("问题 0 个\n"), HasSubstr("\n核对一致\n")));
-    }
-  }
-
   std::string jet_ = home / "Old.mdb";
 };
-
-TEST_P(ImportCommandTest, AnAccountSetWorksOnAsTheOneThatItCameFrom) {
-  const auto database = onServer() ? std::make_unique<TestDatabase>("template0") : nullptr;
-  createWithCards("first");
-  bringOver(
-      "first", "second",
-      database ? std::vector<std::string>{"--server", database->conninfo()} : std::vector<std::string>{});
-  const ProgramResult original = work("first", {"run", "--answers", "y,y,n"});
-  const ProgramResult imported = work("second", {"run", "--answers", "y,y,n"});
-  EXPECT_EQ(original.status, 0) << original.output << original.errors;
-  EXPECT_EQ(imported.output, original.output);
-  EXPECT_EQ(imported.status, 0) << imported.errors;
-  for (const char* name : accountSetFiles) {
-    std::string differences;
-    for (const auto& problem :
-         compareTables(*openSource(file("first", name)), *openSource(file("second", name))))
-      differences += problem.table + ": " + problem.reason + "\n";
-    EXPECT_EQ(differences, "");
-  }
-}
 
 TEST_P(ImportCommandTest, PrintsWhatBecameOfTheTablesAndWhatTheFileLacks) {
   JetFileWriter writer(jet_, GetParam());

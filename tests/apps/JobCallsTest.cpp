@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "apps/CallFixture.h"
+#include "apps/JobTest.h"
 
 // The jobs of the administrator's tool: their status, and what they print where.
 namespace zelkor::test {
@@ -11,7 +11,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 /// A sample account set in January 2020 with two cards whose depreciation has been run.
-class JobCallsTest : public CallTest {
+class JobCallsTest : public JobTest {
  protected:
   void SetUp() override {
     create();

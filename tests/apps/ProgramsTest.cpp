@@ -1,11 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "apps/CallFixture.h"
+#include "support/Paths.h"
+#include "support/ProgramTest.h"
 
 // The real programs, from their command line to their exit status.
 namespace zelkor::test {
@@ -13,15 +12,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kHeader =
+    "固定资产名称,类别编号,部门名称,增加方式,使用状况,使用年限,折旧方法,开始使用日期,原值,净残值率,"
+    "对应折旧科目\n";
 constexpr const char* kSecondCopy = "程序已打开，如要再次打开，请关闭已打开的程序！";
 
-class ProgramsTest : public CallTest {};
+class ProgramsTest : public ProgramTest {
+ protected:
+  ProgramResult import(const std::string& csv) {
+    writeFile(home / "register.csv", csv);
+    return ctl({"cards", "import", arguments("5"), home / "register.csv", "--today", "2020-01-31"});
+  }
+};
 
 TEST_F(ProgramsTest, AMonthFromAnEmptyDirectory) {
   create();
-  const std::string csv = registerOf({"12000", "24000"});
-  writeFile(csv, readFile(csv) + "MEN'S BOOTS,06,1,101,11,60,平均年限法(一),2018-03-05,100,0.05,550202\n");
-  const ProgramResult imported = ctl({"cards", "import", arguments("5"), csv, "--today", "2020-01-31"});
+  const ProgramResult imported =
+      import(std::string(kHeader) +
+             "车床,021,301,101,11,120,平均年限法(一),2018-03-05,12000,0.05,410502\n"
+             "铣床,021,301,101,11,120,平均年限法(一),2018-03-05,24000,0.05,410502\n"
+             "MEN'S BOOTS,06,1,101,11,60,平均年限法(一),2018-03-05,100,0.05,550202\n");
   EXPECT_EQ(imported.status, 1);
   EXPECT_EQ(imported.output, "共 3 行：已保存 2 行，拒绝 1 行\n");
   EXPECT_EQ(imported.errors, "第4行，列“固定资产名称”：值中有单引号（'），会打断保存卡片的语句\n");
@@ -65,7 +75,7 @@ TEST_F(ProgramsTest, SqlPrintsRowsAndCounts) {
   EXPECT_EQ(sql("select * into copied from Fa_log"), "1\n");
 
   const auto rows = nlohmann::json::parse(
-      ctl({"sql", data(), "select dDate,sOperater,True as yes,1.5 as n,len(mMemo) as l from copied",
+      ctl({"sql", file(), "select dDate,sOperater,True as yes,1.5 as n,len(mMemo) as l from copied",
            "--json"})
           .output);
   ASSERT_EQ(rows.size(), 1U);
@@ -73,7 +83,7 @@ TEST_F(ProgramsTest, SqlPrintsRowsAndCounts) {
   EXPECT_TRUE(rows[0]["sOperater"].is_null());
   EXPECT_EQ(rows[0]["n"], 1.5);
   EXPECT_EQ(rows[0]["l"], 5);
-  EXPECT_EQ(nlohmann::json::parse(ctl({"sql", data(), "select * from copied where 1=0", "--json"}).output),
+  EXPECT_EQ(nlohmann::json::parse(ctl({"sql", file(), "select * from copied where 1=0", "--json"}).output),
             nlohmann::json::array());
 }
 
@@ -98,12 +108,14 @@ struct BadInput {
 
 TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
   create();
-  const std::string empty = fileOf("empty.csv", "");
-  const std::string text = fileOf("text.Mdb", std::string(4096, 'x'));
-  const std::string jet =
-      fileOf("jet.Mdb", std::string("\x00\x01\x00\x00Standard Jet DB\x00", 20) + std::string(4076, '\0'));
+  const fs::path empty = home / "empty.csv";
+  writeFile(empty, "");
+  const fs::path text = home / "text.Mdb";
+  writeFile(text, std::string(4096, 'x'));
+  const fs::path jet = home / "jet.Mdb";
+  writeFile(jet, std::string("\x00\x01\x00\x00Standard Jet DB\x00", 20) + std::string(4076, '\0'));
   const fs::path kept = home / "kept.Mdb";
-  fs::copy_file(data(), kept);
+  fs::copy_file(file(), kept);
   fs::permissions(kept, fs::perms::owner_read);
   const std::string system = "," + file("set", "ZkSystem.Mdb") + ",001";
   const auto withPath = [&](const fs::path& path) { return path.string() + ",u,2020-1-31,21" + system; };
@@ -116,14 +128,14 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
       {{"translate", "select 1", "--engine", "jet"}, 2, "用法错误"},
       {{"run", arguments("8"), "--answers", "y,maybe"}, 2, "用法错误"},
       {{"run", arguments("8"), "--today", "31.1."}, 2, "用法错误"},
-      {{"cards", "import", arguments("5"), empty, "--new-type", "3"}, 2, "用法错误"},
+      {{"cards", "import", arguments("5"), empty.string(), "--new-type", "3"}, 2, "用法错误"},
       {{"create", home / "set"}, 1, "已"},
       {{"sql", home / "none.Mdb", "select 1"}, 1, "none.Mdb"},
-      {{"sql", home.path().string(), "select 1"}, 1, "错误"},
-      {{"sql", text, "select 1"}, 1, "3343"},
-      {{"sql", jet, "select 1"}, 1, "导入"},
-      {{"sql", data(), "select * from nowhere"}, 1, "nowhere"},
-      {{"sql", data(), "select 'it's'"}, 1, "3075"},
+      {{"sql", home.path(), "select 1"}, 1, "错误"},
+      {{"sql", text.string(), "select 1"}, 1, "3343"},
+      {{"sql", jet.string(), "select 1"}, 1, "导入"},
+      {{"sql", file(), "select * from nowhere"}, 1, "nowhere"},
+      {{"sql", file(), "select 'it's'"}, 1, "3075"},
       {{"run", withPath(home / "none.Mdb")}, 1, "none.Mdb"},
       {{"run", withPath(home.path())}, 1, "实时错误"},
       {{"run", withPath(text)}, 1, "3343"},
@@ -133,11 +145,11 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
       {{"run", "a,b"}, 1, "第4个参数"},
       {{"run", arguments("x")}, 1, "'13'"},
       {{"run", arguments("70000")}, 1, "'6'"},
-      {{"run", data() + ",u,tomorrow,21" + system}, 1, "“tomorrow”"},
+      {{"run", file() + ",u,tomorrow,21" + system}, 1, "“tomorrow”"},
       {{"cards", "import", arguments("5"), home / "none.csv"}, 1, "none.csv"},
-      {{"cards", "import", arguments("5"), home.path().string()}, 1, "目录"},
-      {{"cards", "import", arguments("5"), empty}, 1, "没有表头"},
-      {{"cards", "import", "a,b", empty}, 1, "第4个参数"},
+      {{"cards", "import", arguments("5"), home.path()}, 1, "目录"},
+      {{"cards", "import", arguments("5"), empty.string()}, 1, "没有表头"},
+      {{"cards", "import", "a,b", empty.string()}, 1, "第4个参数"},
   };
   for (const BadInput& c : cases) {
     const ProgramResult result = ctl(c.arguments);
@@ -152,8 +164,7 @@ TEST_F(ProgramsTest, EveryBadInputIsAnsweredClearly) {
 
 TEST_F(ProgramsTest, AClosedOutputIsReported) {
   create();
-  ProgramRun run(test::zelkorctlProgram(), {"sql", data(), "select * from code, AccInformation"},
-                 home.path());
+  ProgramRun run(zelkorctlProgram(), {"sql", file(), "select * from code, AccInformation"}, home.path());
   run.closeOutput();
   const ProgramResult result = run.finish();
   EXPECT_EQ(result.status, 1);
@@ -162,7 +173,7 @@ TEST_F(ProgramsTest, AClosedOutputIsReported) {
 
 TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {
   create();
-  ProgramRun first(test::zelkorctlProgram(), {"run", arguments("8")}, home.path());
+  ProgramRun first(zelkorctlProgram(), {"run", arguments("8")}, home.path());
   ASSERT_TRUE(first.waitForOutput("继续?"));
   const ProgramResult second = ctl({"run", arguments("21")});
   EXPECT_EQ(second.status, 2);
@@ -175,7 +186,7 @@ TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {
 TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
   create();
   const auto module = [this](const std::string& argumentString) {
-    return ProgramRun(test::zelkorProgram(), {argumentString}, home.path()).finish();
+    return ProgramRun(zelkorProgram(), {argumentString}, home.path()).finish();
   };
   EXPECT_EQ(module(arguments("99")).status, 0);
   const ProgramResult initialised = module(arguments("0"));
@@ -190,7 +201,7 @@ TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
   EXPECT_NE(report, std::string::npos);
   EXPECT_EQ(failed.errors.find("实时错误", report + 1), std::string::npos) << "reported once";
 
-  ProgramRun first(test::zelkorctlProgram(), {"run", arguments("8")}, home.path());
+  ProgramRun first(zelkorctlProgram(), {"run", arguments("8")}, home.path());
   ASSERT_TRUE(first.waitForOutput("继续?"));
   const ProgramResult second = module(arguments("4"));
   EXPECT_EQ(second.status, 2);
@@ -204,8 +215,7 @@ TEST_F(ProgramsTest, TheModuleSaysThatItReachesNoScreen) {
       {"QT_QPA_PLATFORM=xcb DISPLAY=nowhere:1", "不能连接显示器（DISPLAY=nowhere:1，QT_QPA_PLATFORM=xcb）"}};
   for (const auto& [environment, why] : cases) {
     const std::string command = std::string("env -u WAYLAND_DISPLAY ") + environment + " '" +
-                                test::zelkorProgram() + "' '" + arguments("4") + "' 2>'" + errors.string() +
-                                "'";
+                                zelkorProgram() + "' '" + arguments("4") + "' 2>'" + errors.string() + "'";
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
     EXPECT_EQ(readFile(errors),
               std::string("zelkor: ") + why + "，不能打开窗口；批处理运行类型可用 zelkorctl run\n");

@@ -1,9 +1,9 @@
 #include <sstream>
 
-#include "apps/ProgramRun.h"
 #include "apps/zelkorctl/ReportCommands.h"
 #include "support/AccountSetFixture.h"
 #include "support/Paths.h"
+#include "support/ProgramRun.h"
 
 namespace zelkor::test {
 namespace {
@@ -29,19 +29,19 @@ class ReportCommandsTest : public AccountSetTest {
     engine.flush();
   }
 
-  ReportOptions options(const std::string& report) const {
+  static ReportOptions options(const std::string& report) {
     ReportOptions asked;
-    asked.arguments = arguments();
     asked.report = report;
     return asked;
   }
   std::string arguments() const {
     return context.gstrZtFile + ",陈会计,2020-05-15,25," + context.gstrZkSysFile + ",001";
   }
-  static Outcome run(const ReportOptions& asked) {
+  Outcome run(const ReportOptions& asked) const {
     std::ostringstream output;
     std::ostringstream problems;
-    const int status = reportCommand(asked, output, problems);
+    const int status =
+        reportCommand({.arguments = arguments(), .today = std::nullopt}, asked, output, problems);
     return {status, output.str(), problems.str()};
   }
   fs::path file(const char* name) const { return directory / name; }

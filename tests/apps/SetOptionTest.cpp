@@ -2,7 +2,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include "apps/CallFixture.h"
+#include "apps/JobTest.h"
 
 // Jobs that are given an account set instead of an argument string.
 namespace zelkor::test {
@@ -10,7 +10,7 @@ namespace {
 
 using testing::HasSubstr;
 
-class SetOptionTest : public CallTest {
+class SetOptionTest : public JobTest {
  protected:
   std::string folder() const { return home / "set"; }
 };
@@ -25,7 +25,7 @@ TEST_F(SetOptionTest, AMonthByTheAccountSetAlone) {
   succeeds({"cards", "import", "--set", folder(), registerOf({"12000"}), "--user", "李会计"});
   EXPECT_EQ(sql("select dInputDate,sOperator from fa_Cards"),
             "dInputDate\tsOperator\n2020-01-31 00:00:00\t李会计\n");
-  succeeds({"run", "8", "--set", data(), "--answers", "y,y,n"});
+  succeeds({"run", "8", "--set", file(), "--answers", "y,y,n"});
   EXPECT_EQ(sql("select distinct cbill from fa_ZWVouchers"),
             std::string("cbill\n") + ::getpwuid(::getuid())->pw_name + "\n");
   succeeds({"run", "20", "--set", folder(), "--yes"});

@@ -1,12 +1,11 @@
 #ifdef ZELKOR_SCREENS  // the screens are built
 
-#include <gtest/gtest.h>
-
 #include <optional>
 #include <string>
 
-#include "apps/CallFixture.h"
 #include "apps/VirtualScreen.h"
+#include "support/Paths.h"
+#include "support/ProgramTest.h"
 
 // The module in a real window, with a keyboard and a mouse.
 namespace zelkor::test {
@@ -14,7 +13,7 @@ namespace {
 
 constexpr const char* kCard = "固定资产卡片";
 
-class WholeRunTest : public CallTest {
+class WholeRunTest : public ProgramTest {
  protected:
   void SetUp() override { create(); }
   /// What a failed run showed last is worth a look.
@@ -23,9 +22,10 @@ class WholeRunTest : public CallTest {
   }
 
   void start(const std::string& runType) {
-    module_.emplace(test::zelkorProgram(), std::vector{arguments(runType)}, home.path(), screen_.display());
+    module_.emplace(zelkorProgram(), std::vector{arguments(runType, "set", "2020-01-15")}, home.path(),
+                    ProgramOptions{.display = screen_.display()});
   }
-  void keepPicture(const std::string& name) { screen_.keepPicture(test::pictureFolder() / (name + ".png")); }
+  void keepPicture(const std::string& name) { screen_.keepPicture(pictureFolder() / (name + ".png")); }
   /// Types into the field that is open and goes on to the next.
   void enter(const std::string& text) {
     screen_.type(text);

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -14,14 +15,18 @@ struct ProgramResult {
   std::string errors;
 };
 
+struct ProgramOptions {
+  std::string display{};          // an X server for the windows; without one they are drawn nowhere
+  unsigned long largestFile = 0;  // bytes up to which the system lets a file grow: a full disk; 0: no limit
+};
+
 /// A run of one of the real programs as a process of its own, with `home` as its directory for temporary
 /// files, so that its lock is its own too. Standard input stays open and silent until the end of it is asked
 /// for.
 class ProgramRun {
  public:
-  /// `display` names an X server for the windows; without one they are drawn nowhere.
   ProgramRun(const std::string& program, const std::vector<std::string>& arguments,
-             const std::filesystem::path& home, const std::string& display = {});
+             const std::filesystem::path& home, const ProgramOptions& options = {});
   ProgramRun(const ProgramRun&) = delete;
   ProgramRun& operator=(const ProgramRun&) = delete;
   ~ProgramRun();
@@ -31,6 +36,8 @@ class ProgramRun {
   /// Reads what it printed to its end.
   ProgramResult finish();
   void kill();
+  /// Kills it when it has run for this long.
+  void killAfter(std::chrono::microseconds delay);
   /// Closes the reading end of its standard output.
   void closeOutput();
 

@@ -1,6 +1,7 @@
-#include "apps/ProgramRun.h"
+#include "support/ProgramRun.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
+#include <thread>
 #include <utility>
 
 #include "support/Support.h"
@@ -32,7 +34,13 @@ std::filesystem::path newErrorFile(const std::filesystem::path& home) {
 }
 
 [[noreturn]] void become(const std::string& program, const std::vector<std::string>& arguments,
-                         const std::filesystem::path& home, const std::string& display) {
+                         const std::filesystem::path& home, const ProgramOptions& options) {
+  const std::string& display = options.display;
+  if (options.largestFile > 0) {
+    const rlimit limit{options.largestFile, options.largestFile};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    ::signal(SIGXFSZ, SIG_IGN);
+  }
   ::setenv("TMPDIR", home.c_str(), 1);
   ::setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
   ::setenv("QT_QPA_PLATFORM", display.empty() ? "offscreen" : "xcb", 1);
@@ -47,7 +55,7 @@ std::filesystem::path newErrorFile(const std::filesystem::path& home) {
 }  // namespace
 
 ProgramRun::ProgramRun(const std::string& program, const std::vector<std::string>& arguments,
-                       const std::filesystem::path& home, const std::string& display)
+                       const std::filesystem::path& home, const ProgramOptions& options)
     : errorFile_(newErrorFile(home)) {
   const Pipe input = newPipe();
   const Pipe output = newPipe();
@@ -58,7 +66,7 @@ ProgramRun::ProgramRun(const std::string& program, const std::vector<std::string
     ::dup2(input.reading, STDIN_FILENO);
     ::dup2(output.writing, STDOUT_FILENO);
     ::dup2(errors, STDERR_FILENO);
-    become(program, arguments, home, display);
+    become(program, arguments, home, options);
   }
   ::close(input.reading);
   ::close(output.writing);
@@ -69,7 +77,6 @@ ProgramRun::ProgramRun(const std::string& program, const std::vector<std::string
 
 ProgramRun::~ProgramRun() {
   if (process_ > 0) kill();
-  closeInput();
   closeOutput();
 }
 
@@ -101,6 +108,11 @@ ProgramResult ProgramRun::finish() {
 void ProgramRun::kill() {
   ::kill(process_, SIGKILL);
   finish();
+}
+
+void ProgramRun::killAfter(std::chrono::microseconds delay) {
+  std::this_thread::sleep_for(delay);
+  kill();
 }
 
 void ProgramRun::closeInput() {

@@ -7,7 +7,7 @@
 #include "store/accountset/DbEngine.h"
 #include "store/accountset/ServerAccountSet.h"
 #include "store/catalogue/Catalogue.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/Translate.h"
 
 namespace zelkor {
 namespace {

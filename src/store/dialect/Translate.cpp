@@ -8,6 +8,7 @@
 #include "store/dialect/printing/Emit.h"
 #include "store/dialect/reading/Parser.h"
 #include "store/dialect/TranslateQuery.h"
+#include "store/dialect/TranslateStatements.h"
 
 namespace zelkor::dialect {
 namespace {

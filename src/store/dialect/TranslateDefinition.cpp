@@ -4,7 +4,7 @@
 #include "store/dialect/binding/NameErrors.h"
 #include "store/dialect/binding/Types.h"
 #include "store/dialect/printing/Emit.h"
-#include "store/dialect/Translate.h"
+#include "store/dialect/TranslateStatements.h"
 
 namespace zelkor::dialect {
 namespace {

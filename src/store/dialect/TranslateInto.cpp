@@ -2,8 +2,8 @@
 #include "store/dialect/binding/Bind.h"
 #include "store/dialect/binding/Types.h"
 #include "store/dialect/printing/Emit.h"
-#include "store/dialect/Translate.h"
 #include "store/dialect/TranslateQuery.h"
+#include "store/dialect/TranslateStatements.h"
 
 namespace zelkor::dialect {
 namespace {

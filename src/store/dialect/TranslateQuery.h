@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "store/dialect/binding/Bind.h"
+#include "store/dialect/printing/EngineWords.h"
 #include "store/dialect/Translation.h"
 
 namespace zelkor::dialect {

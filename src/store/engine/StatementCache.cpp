@@ -1,5 +1,7 @@
 #include "store/engine/StatementCache.h"
 
+#include "store/dialect/Translate.h"
+
 namespace zelkor {
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "store/catalogue/Catalogue.h"
 #include "store/dialect/CatalogueFile.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/Translate.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/sqlite/SqliteWords.h"

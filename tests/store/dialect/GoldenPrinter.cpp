@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "base/RuntimeError.h"
+#include "store/dialect/Translate.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/sqlite/SqliteWords.h"
 

@@ -9,6 +9,7 @@
 #include "base/RuntimeError.h"
 #include "store/dialect/CatalogueFile.h"
 #include "store/dialect/GoldenPrinter.h"
+#include "store/dialect/Translate.h"
 #include "store/engine/Binding.h"
 #include "store/engine/SchemaCache.h"
 #include "support/Paths.h"

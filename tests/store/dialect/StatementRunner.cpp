@@ -1,6 +1,7 @@
 #include "store/dialect/StatementRunner.h"
 
 #include "store/dialect/GoldenPrinter.h"
+#include "store/dialect/Translate.h"
 #include "store/engine/Binding.h"
 #include "store/engine/ColumnValue.h"
 #include "store/engine/SchemaCache.h"

@@ -2,6 +2,7 @@
 
 #include "store/dialect/CatalogueFile.h"
 #include "store/dialect/GoldenPrinter.h"
+#include "store/dialect/Translate.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/SchemaCache.h"
 #include "store/engine/sqlite/SqliteWords.h"

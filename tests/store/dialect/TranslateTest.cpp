@@ -4,7 +4,7 @@
 
 #include "base/RuntimeError.h"
 #include "store/catalogue/Catalogue.h"
-#include "store/dialect/Translation.h"
+#include "store/dialect/Translate.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/sqlite/SqliteWords.h"
 #include "support/Support.h"

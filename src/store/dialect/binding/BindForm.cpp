@@ -44,7 +44,7 @@ class FormComparison {
   }
   bool same(const Column& a, const Column& b) { return a.qualifier == b.qualifier && a.name == b.name; }
   bool same(const NumberOfText& a, const NumberOfText& b) {
-    return a.reading == b.reading && same(a.column, b.column);
+    return a.function == b.function && same(a.column, b.column);
   }
   bool same(const Unary& a, const Unary& b) { return a.kind == b.kind && same(a.operand, b.operand); }
   bool same(const Binary& a, const Binary& b) {

@@ -55,6 +55,9 @@ class Emitter {
   void columnDefinition(const ColumnInfo& column);
 
  protected:
+  /// How strongly the operators bind, the weakest first.
+  enum Strength : int { Whole, Or, And, Not, Comparison, Sum, Product, Concatenation, Sign, Operand };
+
   virtual void slot(std::size_t number) { out_ += words_.parameter(number); }
   virtual void cast(ColumnType type) = 0;
   virtual void caseBlind(const bound::Node& operand) = 0;

@@ -8,9 +8,7 @@ using bound::Node;
 
 namespace {
 
-// Binding strength, weakest first; an operand weaker than its surroundings stands in parentheses.
-enum Strength : int { Whole, Or, And, Not, Comparison, Sum, Product, Concatenation, Sign, Operand };
-
+// An operand that binds weaker than its surroundings is put in parentheses.
 class Parentheses {
  public:
   Parentheses(std::string& out, bool needed) : out_(out), needed_(needed) {

@@ -11,8 +11,6 @@ using bound::Node;
 
 namespace {
 
-constexpr int operandStrength = 9;
-
 bool isWhole(const Node& node) {
   const ColumnType type = node.type.type;
   return type == ColumnType::Short || type == ColumnType::Long || type == ColumnType::Counter;
@@ -36,7 +34,7 @@ void PostgreSqlEmitter::binary(const bound::Binary& node, int precedence) {
   if (!reckons || !isWhole(*node.left) || !isWhole(*node.right)) return Emitter::binary(node, precedence);
   const int own = precedenceOf(node.kind);
   if (precedence > own) text("(");
-  expr(*node.left, operandStrength);
+  expr(*node.left, Operand);
   text("::bigint").text(signOf(node.kind));
   expr(*node.right, own + 1);
   if (precedence > own) text(")");
@@ -89,7 +87,7 @@ void PostgreSqlEmitter::branch(const Node& node) {
 
 // The type citext compares and orders case-blind.
 void PostgreSqlEmitter::caseBlind(const Node& operand) {
-  expr(operand, operandStrength);
+  expr(operand, Operand);
   text("::citext");
 }
 
@@ -102,7 +100,7 @@ void PostgreSqlEmitter::conditionAsValue(const Node& operand) {
 
 void PostgreSqlEmitter::quantified(const bound::Quantified& node) {
   text("(");
-  expr(*node.value, operandStrength);
+  expr(*node.value, Operand);
   text(signOf(node.kind)).text(node.all ? "ALL " : "ANY ");
   subselect(*node.select);
   text(")");

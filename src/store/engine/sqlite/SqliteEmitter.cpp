@@ -6,8 +6,6 @@ using bound::Node;
 
 namespace {
 
-constexpr int operandStrength = 9;
-
 std::string placeName(std::size_t index) {
   return "zk_" + std::to_string(index + 1);
 }
@@ -21,7 +19,7 @@ void SqliteEmitter::endOutermost(const bound::Select& select) {
 
 // Only columns carry the case-blind collation; expressions have to name it.
 void SqliteEmitter::caseBlind(const Node& operand) {
-  expr(operand, operandStrength);
+  expr(operand, Operand);
   text(" COLLATE NOCASE");
 }
 
@@ -40,7 +38,7 @@ void SqliteEmitter::quantified(const bound::Quantified& node) {
   this->select(select, true);
   text(") AS \"zk_any\" WHERE ");
   if (node.all) text("(");
-  expr(*node.value, operandStrength);
+  expr(*node.value, Operand);
   text(signOf(node.kind)).text("\"zk_any\".\"zk_value\"");
   if (node.all) text(") IS NOT TRUE");
   text(")");

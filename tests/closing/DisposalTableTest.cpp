@@ -18,11 +18,13 @@ class DisposalTableTest : public ClosingTest {
 
 TEST_F(DisposalTableTest, ListsAssetsAsTheScreenDoes) {
   enter("00001");
+  execute(
+      "insert into fa_Cards (sCardID,sCardNum,sAssetNum,sAssetName) values ('10','00001','A10','新车床')");
   const DisposalTable table = read("00001,2020-02-03,205,\"1,000.5\",3,报废\n00009,,,,,\n");
   EXPECT_THAT(table.problems, ElementsAre());
   ASSERT_EQ(table.assets.size(), 2U);
   const DisposedAsset& asset = table.assets[0];
-  EXPECT_EQ(asset.sCardNum + "|" + asset.sAssetNum + "|" + asset.sAssetName, "00001|02100001|车床");
+  EXPECT_EQ(asset.sCardNum + "|" + asset.sAssetNum + "|" + asset.sAssetName, "00001|A10|新车床");
   EXPECT_EQ(asset.wayID + "|" + asset.revenue + "|" + asset.cost + "|" + asset.reason, "205|1,000.5|3|报废");
   EXPECT_EQ(asset.way, row("select sID & ' ' & sName from fa_Origins where sID='205'"));
   EXPECT_EQ(table.assets[1].sAssetName + table.assets[1].way, "") << "the disposal itself says so";

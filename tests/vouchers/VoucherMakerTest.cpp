@@ -54,7 +54,8 @@ TEST_F(VoucherMakerTest, MergesTheEntriesOfOneSubjectUnderTheChosenType) {
   execute("insert into dsign (csign,isignseq,ctext,itype) values ('转',3,'转账凭证',0)");
   VoucherMaker merging = maker("转");
   merging.mergeLines();
-  made(std::move(merging));
+  EXPECT_THAT(made(std::move(merging)),
+              ElementsAre("转--1 合并制单(1) 3 170.75 170.75", "转--2 合并制单(5) 2 30 30"));
   EXPECT_THAT(ledger("ino_id,csign,isignseq,coutsign,cdigest,ccode,md,mc"),
               ElementsAre("1|转|3|合并制单|计提第[5]期间折旧|1502|0|170.75",
                           "1|转|3|合并制单|计提第[5]期间折旧|410502|150.25|0",

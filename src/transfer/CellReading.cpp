@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "base/Value.h"
+#include "store/dialect/binding/ColumnTypes.h"
 #include "store/dialect/binding/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
 #include "transfer/ExactCurrency.h"
@@ -36,26 +37,6 @@ std::string repaired(std::string_view text) {
 std::string quotation(const std::string& text) {
   const std::string plain = repaired(text);
   return "“" + (Len(plain) > longestQuotation ? Left(plain, longestQuotation) + "…" : plain) + "”";
-}
-
-const char* nameOf(ColumnType type) {
-  switch (type) {
-    case ColumnType::Short:
-      return "整型";
-    case ColumnType::Long:
-    case ColumnType::Counter:
-      return "长整型";
-    case ColumnType::Double:
-      return "双精度数";
-    case ColumnType::Currency:
-      return "货币";
-    case ColumnType::Date:
-      return "日期";
-    case ColumnType::Boolean:
-      return "是否";
-    default:
-      return "文本";
-  }
 }
 
 bool fits(ColumnType type, std::int64_t value) {
@@ -167,8 +148,9 @@ CarriedCell CellReading::nearestValue(const EngineStatement& row) {
   const std::optional<Value> converted = dialect::convertForColumn(value, type_);
   // A number or a date in a column of texts may be what the type wants.
   if (!converted || converted->isNull() || !value.isText() || converted->text() != value.text())
-    problem_ = (value.isNull() ? "空值" : "值" + quotation(value.text())) + "不是" + nameOf(type_) +
-               "，存为" + (!converted || converted->isNull() ? "空值" : quotation(converted->text())) + "。";
+    problem_ = (value.isNull() ? "空值" : "值" + quotation(value.text())) + "不是" +
+               dialect::typeName(type_) + "，存为" +
+               (!converted || converted->isNull() ? "空值" : quotation(converted->text())) + "。";
   return converted ? CellOfValue{*converted, buffer_}() : CarriedCell{};
 }
 

@@ -22,7 +22,4 @@ bool holdsAll(dialect::ColumnType type, dialect::ColumnType other);
 /// The value as it is shown to people, not too long.
 std::string shownText(const CarriedCell& value);
 
-/// The type in the administrator's words.
-std::string typeName(dialect::ColumnType type);
-
 }  // namespace zelkor::jet

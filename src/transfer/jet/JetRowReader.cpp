@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "store/dialect/binding/ColumnTypes.h"
 #include "transfer/jet/JetConversion.h"
 
 namespace zelkor::jet {
@@ -40,7 +41,7 @@ CarriedCell JetRowReader::fitted(const CarriedCell& value, std::size_t column) {
   const ColumnType type = plan_.table.info.columns[column].type;
   if (auto cell = converted(value, type, buffers_[column])) return *cell;
   const auto stored = [&](const char* word, CarriedCell cell) {
-    tell(column, "值不合" + typeName(type) + "列，存为" + word + "：" + shownText(value));
+    tell(column, "值不合" + dialect::typeName(type) + "列，存为" + word + "：" + shownText(value));
     return cell;
   };
   if (type != ColumnType::Boolean) return stored("空值", {});

@@ -94,6 +94,8 @@ class EngineSource final : public TransferSource {
     return 0;
   }
 
+  int booksRevision() override { return engine_->booksRevision(); }
+
   const std::vector<TransferProblem>& problems() const override { return problems_.problems; }
 
  private:

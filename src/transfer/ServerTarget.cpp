@@ -5,6 +5,7 @@
 
 #include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/postgresql/ServerCopy.h"
+#include "store/engine/postgresql/ServerFunctions.h"
 #include "store/engine/postgresql/ServerLoad.h"
 #include "transfer/IndexRefusal.h"
 
@@ -104,6 +105,10 @@ std::optional<std::string> ServerTarget::createIndex(const TableDef& table, cons
 
 void ServerTarget::completeTable(const TableDef& table) {
   for (const std::string& statement : createNumberIndexStatements(table, server)) server_.run(statement);
+}
+
+void ServerTarget::setBooksRevision(int revision) {
+  writeServerRevision(server_, schema_, revision);
 }
 
 void ServerTarget::finish() {

@@ -18,6 +18,7 @@ class ServerTarget final : public TransferTarget {
   void continueCounter(const TableDef& table, std::int64_t last) override;
   std::optional<std::string> createIndex(const TableDef& table, const IndexDef& index) override;
   void completeTable(const TableDef& table) override;
+  void setBooksRevision(int revision) override;
   void finish() override;
   const std::vector<TransferProblem>& problems() const override { return problems_; }
 

@@ -15,6 +15,7 @@ class SqliteTarget final : public TransferTarget {
   void continueCounter(const TableDef& table, std::int64_t last) override;
   std::optional<std::string> createIndex(const TableDef& table, const IndexDef& index) override;
   void completeTable(const TableDef& table) override;
+  void setBooksRevision(int revision) override { file_.setRevision(revision); }
   void finish() override;
   const std::vector<TransferProblem>& problems() const override { return problems_; }
 

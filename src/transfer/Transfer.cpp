@@ -52,6 +52,7 @@ void append(std::vector<TransferProblem>& problems, const std::vector<TransferPr
 TransferReport carryTables(TransferSource& source, TransferTarget& target) {
   TransferReport report;
   for (const TableDef& table : source.tables()) carryTable(source, target, table, report);
+  target.setBooksRevision(source.booksRevision());
   append(report.problems, source.problems());
   append(report.problems, target.problems());
   return report;

@@ -21,8 +21,9 @@ struct TransferReport {
   std::vector<TransferProblem> problems;  // the source's and the target's among them
 };
 
-/// Carries all tables of the source into the target: rows in their order, counters, indexes. Does not finish
-/// the target. Raises RuntimeError when the target cannot be written or the source cannot be read on.
+/// Carries all tables of the source into the target: rows in their order, counters, indexes; and the revision
+/// of the books, since a table that the source does not have yet is not there in the target either. Does not
+/// finish the target. Raises RuntimeError when the target cannot be written or the source cannot be read on.
 TransferReport carryTables(TransferSource& source, TransferTarget& target);
 
 /// Compares the rows of all tables of the original with the copy's, cell by cell and in order; gives the

@@ -32,6 +32,8 @@ class TransferSource {
   virtual std::unique_ptr<RowReader> rows(const TableDef& table) = 0;
   /// The greatest number that the table's counter has given; 0 without a counter.
   virtual std::int64_t lastCounter(const TableDef& table) = 0;
+  /// The revision of the books that the tables are of; 0 where they keep none.
+  virtual int booksRevision() = 0;
   /// What was met so far that cannot be carried as it is; each is told once, however often it is read.
   virtual const std::vector<TransferProblem>& problems() const = 0;
 };

@@ -23,6 +23,8 @@ class TransferTarget {
   virtual std::optional<std::string> createIndex(const TableDef& table, const IndexDef& index) = 0;
   /// Creates what else belongs to the table: the indexes by which texts are ordered as numbers.
   virtual void completeTable(const TableDef& table) = 0;
+  /// Notes the revision of the books.
+  virtual void setBooksRevision(int revision) = 0;
   /// Makes everything durable and gives it its name.
   virtual void finish() = 0;
   /// The values that the engine cannot keep as they came; what it keeps instead is told.

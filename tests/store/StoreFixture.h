@@ -8,6 +8,8 @@
 
 #include "base/RuntimeError.h"
 #include "store/accountset/DbEngine.h"
+#include "store/catalogue/Revisions.h"
+#include "store/engine/sqlite/SqliteEngine.h"
 #include "support/Rows.h"
 #include "support/Support.h"
 #include "support/TestServer.h"
@@ -18,7 +20,7 @@ inline std::string makeEmptySqliteFile(const std::filesystem::path& directory, c
   const std::string path = (directory / name).string();
   sqlite3* handle = nullptr;
   sqlite3_open(path.c_str(), &handle);
-  sqlite3_exec(handle, "PRAGMA user_version = 1", nullptr, nullptr, nullptr);
+  sqlite3_exec(handle, revisionStatement(currentRevision()).c_str(), nullptr, nullptr, nullptr);
   sqlite3_close(handle);
   return path;
 }

@@ -209,6 +209,7 @@ class Numbers final : public TransferSource {
   const std::vector<TableDef>& tables() const override { return tables_; }
   std::unique_ptr<RowReader> rows(const TableDef&) override { return std::make_unique<Reader>(numbers_); }
   std::int64_t lastCounter(const TableDef&) override { return 0; }
+  int booksRevision() override { return 0; }
   const std::vector<TransferProblem>& problems() const override { return problems_; }
 
  private:

@@ -170,7 +170,7 @@ std::vector<Call> setCalls() {
            .example = "zelkorctl create books --sample --year 2020 --month 1",
            .run = create},
           {.name = "renew",
-           .text = "更新服务器上的账套：换上本版本在数据表之外所需的内容",
+           .text = "把旧账套的一个数据文件（或它所指的服务器部分）更新到本程序的版本",
            .parameters = {{.name = "FILE", .field = &Asked::file, .text = "数据文件"}},
            .example = "zelkorctl renew books/ZkData.Mdb",
            .run = renew},

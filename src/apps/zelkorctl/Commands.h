@@ -15,8 +15,9 @@ namespace zelkor {
 int createCommand(const std::filesystem::path& directory, const std::string& server,
                   const AccountSetOptions& options, std::ostream& output);
 
-/// Brings the part of an account set on a server up to date that the file names.
-int renewCommand(const std::filesystem::path& file, std::ostream& output);
+/// Takes the data file of an account set, or what it names on a server, to this program's revision; prints
+/// what was done.
+int renewCommand(const std::string& file, std::ostream& output);
 
 /// Runs one statement of the dialect. Rows are printed with tabs and a header line, or as a JSON array; an
 /// action prints the rows that it touched.

@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "store/accountset/DataFile.h"
 #include "store/accountset/DbEngine.h"
+#include "store/accountset/Renewal.h"
 #include "store/accountset/ServerAccountSet.h"
 #include "store/catalogue/Catalogue.h"
 #include "store/dialect/Translate.h"
@@ -23,6 +24,16 @@ std::optional<long> rowsTouched(Database& database, const std::string& statement
   return database.RecordsAffected();
 }
 
+void printRenewal(const std::string& file, const Renewal& renewal, std::ostream& output) {
+  if (renewal.changedNothing()) {
+    output << file << " 已是版本 " << renewal.after << "，无需更新\n";
+    return;
+  }
+  output << "已更新 " << file << "：版本 " << renewal.before << " → " << renewal.after << '\n';
+  for (const std::string_view change : renewal.changes) output << "  " << change << '\n';
+  if (renewal.functions) output << "  服务器上的函数\n";
+}
+
 }  // namespace
 
 int createCommand(const std::filesystem::path& directory, const std::string& server,
@@ -37,9 +48,8 @@ int createCommand(const std::filesystem::path& directory, const std::string& ser
   return 0;
 }
 
-int renewCommand(const std::filesystem::path& file, std::ostream& output) {
-  renewServerPart(file);
-  output << "已更新 " << file.string() << '\n';
+int renewCommand(const std::string& file, std::ostream& output) {
+  printRenewal(file, renewBooks(file), output);
   return 0;
 }
 

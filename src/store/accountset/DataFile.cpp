@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "store/accountset/BooksRevision.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/engine/sqlite/SqliteEngine.h"
 
@@ -60,6 +61,21 @@ void checkFormat(const std::string& path) {
   throw RuntimeError(ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式 '" + path + "'。");
 }
 
+std::unique_ptr<Engine> engineOf(const std::string& path, SqliteEngine::Access access) {
+  if (ServerFile::isServerFile(beginningOf(path)))
+    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
+  if (access == SqliteEngine::Access::Write) checkIsWritable(path);
+  checkFormat(path);
+  return std::make_unique<SqliteEngine>(path, access);
+}
+
+std::unique_ptr<Engine> opened(const std::string& path, SqliteEngine::Access access) {
+  checkIsFile(path);
+  std::unique_ptr<Engine> engine = engineOf(path, access);
+  requireKnownRevision(*engine, path);
+  return engine;
+}
+
 }  // namespace
 
 void requireReadable(const fs::path& path) {
@@ -77,20 +93,11 @@ void requireReadable(const fs::path& path) {
 }
 
 std::unique_ptr<Engine> openDataFile(const std::string& path) {
-  checkIsFile(path);
-  if (ServerFile::isServerFile(beginningOf(path)))
-    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
-  checkIsWritable(path);
-  checkFormat(path);
-  return std::make_unique<SqliteEngine>(path);
+  return opened(path, SqliteEngine::Access::Write);
 }
 
 std::unique_ptr<Engine> openDataFileForReading(const std::string& path) {
-  checkIsFile(path);
-  if (ServerFile::isServerFile(beginningOf(path)))
-    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
-  checkFormat(path);
-  return std::make_unique<SqliteEngine>(path, SqliteEngine::Access::Read);
+  return opened(path, SqliteEngine::Access::Read);
 }
 
 const dialect::EngineWords& engineWords(std::string_view name) {

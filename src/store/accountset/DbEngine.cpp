@@ -1,8 +1,11 @@
 #include "store/accountset/DbEngine.h"
 
 #include <filesystem>
+#include <iostream>
+#include <utility>
 
 #include "base/RuntimeError.h"
+#include "store/accountset/BooksRevision.h"
 #include "store/accountset/DataFile.h"
 #include "store/engine/Connection.h"
 
@@ -51,19 +54,25 @@ void Workspace::leaveTransaction() {
   inTransaction_ = false;
 }
 
-DbEngine::DbEngine() = default;
+DbEngine::DbEngine(std::ostream& notices) : notices_(notices) {}
+DbEngine::DbEngine() : DbEngine(std::cerr) {}
 DbEngine::~DbEngine() = default;
 
 Database DbEngine::OpenDatabase(const std::string& path) {
   if (ended_) throw EndProgram{*ended_};
   std::weak_ptr<Connection>& known = workspace_.connections_[identityOf(path)];
   std::shared_ptr<Connection> connection = known.lock();
-  if (!connection) {
-    connection = std::make_shared<Connection>(openDataFile(path));
-    if (workspace_.inTransaction_) connection->gathering().beginWorkspaceTransaction();
-    known = connection;
-  }
+  if (!connection) known = connection = connect(path);
   return Database(std::move(connection));
+}
+
+std::shared_ptr<Connection> DbEngine::connect(const std::string& path) {
+  std::unique_ptr<Engine> engine = openDataFile(path);
+  std::string advice = renewalAdvice(*engine, path);
+  if (!advice.empty() && !std::exchange(noticed_, true)) notices_ << advice << "更新之前可以照常使用。\n";
+  auto connection = std::make_shared<Connection>(std::move(engine), std::move(advice));
+  if (workspace_.inTransaction_) connection->gathering().beginWorkspaceTransaction();
+  return connection;
 }
 
 void DbEngine::setEnded(std::optional<int> status) {

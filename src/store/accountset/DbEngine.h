@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <map>
 #include <memory>
 #include <optional>
@@ -33,13 +34,15 @@ class Workspace {
 /// Opens data files and keeps one connection per file for as long as a database uses it.
 class DbEngine {
  public:
+  /// To `notices` goes what an administrator should know: once, that the books are older than the program.
+  explicit DbEngine(std::ostream& notices);
+  /// They go to standard error.
   DbEngine();
   DbEngine(const DbEngine&) = delete;
   DbEngine& operator=(const DbEngine&) = delete;
   ~DbEngine();
 
-  /// Opens for shared read and write. Errors: 3024 file missing, 3051 read-only or not to be opened, 3343 no
-  /// database (a real Jet file names how to import it).
+  /// Opens for shared read and write; errors as openDataFile.
   Database OpenDatabase(const std::string& path);
   Workspace& workspace() { return workspace_; }
 
@@ -51,8 +54,12 @@ class DbEngine {
   void setEnded(std::optional<int> status);
 
  private:
+  std::shared_ptr<Connection> connect(const std::string& path);
+
   Workspace workspace_;
   std::optional<int> ended_;
+  std::ostream& notices_;
+  bool noticed_ = false;
 };
 
 }  // namespace zelkor

@@ -3,7 +3,6 @@
 #include "base/RuntimeError.h"
 #include "store/accountset/NewFile.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
-#include "store/engine/postgresql/ServerFunctions.h"
 #include "store/engine/postgresql/ServerLoad.h"
 #include "store/engine/sqlite/SqliteEngine.h"
 
@@ -81,10 +80,6 @@ void createServerSchema(const std::string& conninfo, const std::string& schema, 
   createSchema(server, schema);
   ServerFile{conninfo, schema}.write(file);
   server.run("COMMIT");
-}
-
-void renewServerPart(const fs::path& file) {
-  renewFunctions(ServerFile::read(file));
 }
 
 void createServerAccountSet(const std::string& conninfo, const fs::path& directory,

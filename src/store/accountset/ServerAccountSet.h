@@ -14,10 +14,6 @@ namespace zelkor {
 void createServerAccountSet(const std::string& conninfo, const std::filesystem::path& directory,
                             const AccountSetOptions& options);
 
-/// Brings what an earlier version of this program has laid down on the server beside the tables up to date,
-/// for the part of the account set that the file names.
-void renewServerPart(const std::filesystem::path& file);
-
 /// Creates a schema with the functions that statements call, without tables, and the file that names it.
 void createServerSchema(const std::string& conninfo, const std::string& schema,
                         const std::filesystem::path& file);

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "store/catalogue/Revisions.h"
+
 namespace zelkor {
 namespace {
 
@@ -42,6 +44,7 @@ std::vector<ColumnType> typesOf(const TemplateRows& rows) {
 void TemplateWriter::createTables(const std::vector<TableDef>& tables) {
   for (const TableDef& table : tables)
     for (const std::string& statement : createStatements(table, sqliteWords())) file_.run(statement);
+  file_.setRevision(currentRevision());
 }
 
 void TemplateWriter::insert(const TemplateRows& rows, std::string_view table) {

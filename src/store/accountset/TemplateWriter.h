@@ -18,6 +18,7 @@ class TemplateWriter {
   /// Creates the file; it must not be there.
   explicit TemplateWriter(const std::filesystem::path& file) : file_(file) {}
 
+  /// Creates the tables and notes the revision that they are of.
   void createTables(const std::vector<TableDef>& tables);
   /// Adds the rows to the table they name, or to `table` when it is given.
   void insert(const TemplateRows& rows, std::string_view table = {});

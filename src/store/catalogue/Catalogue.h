@@ -56,6 +56,10 @@ std::string createIndexStatement(const TableDef& table, const IndexDef& index,
 std::vector<std::string> createNumberIndexStatements(const TableDef& table,
                                                      const dialect::EngineWords& engine);
 
+/// Add a column that the table of an older account set does not have.
+std::vector<std::string> addColumnStatements(const TableDef& table, const dialect::ColumnInfo& column,
+                                             const dialect::EngineWords& engine);
+
 /// Create an empty table with all its indexes.
 std::vector<std::string> createStatements(const TableDef& table, const dialect::EngineWords& engine);
 

@@ -64,6 +64,17 @@ std::vector<std::string> createNumberIndexStatements(const TableDef& table, cons
   return statements;
 }
 
+std::vector<std::string> addColumnStatements(const TableDef& table, const ColumnInfo& column,
+                                             const EngineWords& engine) {
+  const TableDef added{{table.info.name, {column}}, {}, {}};
+  std::vector<std::string> statements{"ALTER TABLE " + engine.quoted(table.info.name) + " ADD COLUMN " +
+                                      columnClause(table, column, engine)};
+  std::ranges::move(engine.describingStatements(table.info.name, added.info.columns),
+                    std::back_inserter(statements));
+  std::ranges::move(createNumberIndexStatements(added, engine), std::back_inserter(statements));
+  return statements;
+}
+
 std::vector<std::string> createStatements(const TableDef& table, const EngineWords& engine) {
   std::vector<std::string> statements = createTableStatements(table, engine);
   for (std::string& statement : engine.keyStatements(table.info)) statements.push_back(std::move(statement));

@@ -28,13 +28,18 @@ bool isPlainName(std::string_view text) {
 }
 
 bool isUnknownName(const RuntimeError& error) {
-  return error.is(ErrorNumber::CannotOpenTableOrQuery) || error.is(ErrorNumber::TooFewParameters);
+  return error.is(ErrorNumber::CannotOpenTableOrQuery) || error.is(ErrorNumber::TooFewParameters) ||
+         error.is(ErrorNumber::UndefinedFunction);
 }
 
 }  // namespace
 
-Connection::Connection(std::unique_ptr<Engine> engine)
-    : engine_(std::move(engine)), schema_(*engine_), statements_(*engine_, schema_), gathering_(*engine_) {}
+Connection::Connection(std::unique_ptr<Engine> engine, std::string advice)
+    : engine_(std::move(engine)),
+      advice_(std::move(advice)),
+      schema_(*engine_),
+      statements_(*engine_, schema_),
+      gathering_(*engine_) {}
 
 Connection::~Connection() {
   try {
@@ -54,7 +59,15 @@ auto Connection::withStatement(std::string_view sql, Use use) {
     if (!isUnknownName(error)) throw;
   }
   forgetTables();
-  return use(*statements_.find(sql, shape_));
+  try {
+    return use(*statements_.find(sql, shape_));
+  } catch (const RuntimeError& error) {
+    throw isUnknownName(error) ? withAdvice(error) : error;
+  }
+}
+
+RuntimeError Connection::withAdvice(const RuntimeError& error) const {
+  return {static_cast<ErrorNumber>(error.number()), error.what() + advice_};
 }
 
 void Connection::goOn() const {

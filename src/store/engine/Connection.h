@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "store/engine/Engine.h"
 #include "store/engine/Recordset.h"
 #include "store/engine/SchemaCache.h"
@@ -22,7 +23,8 @@ class RecordsetState;
 /// forms, gathers writes, and tells recordsets that are still reading to let go before a write.
 class Connection : public std::enable_shared_from_this<Connection> {
  public:
-  explicit Connection(std::unique_ptr<Engine> engine);
+  /// `advice` goes behind the text of an error that a table or a column is not there.
+  explicit Connection(std::unique_ptr<Engine> engine, std::string advice = {});
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
   ~Connection();
@@ -51,6 +53,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// A recordset that holds a statement open on this connection.
   void addReader(RecordsetState& reader) { readers_.push_back(&reader); }
   void removeReader(RecordsetState& reader) { std::erase(readers_, &reader); }
+  /// The error of a name that these books do not have, with the advice.
+  RuntimeError withAdvice(const RuntimeError& error) const;
   /// Readers keep the keys of the rows that are left and read on by key.
   void letReadersGo();
 
@@ -67,6 +71,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   void goOn() const;
 
   std::unique_ptr<Engine> engine_;
+  std::string advice_;
   SchemaCache schema_;
   StatementCache statements_;
   WriteGathering gathering_;

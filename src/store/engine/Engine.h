@@ -81,6 +81,17 @@ class Engine {
   virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
   /// What it knows of its tables beyond that; not longer than the engine itself.
   virtual std::unique_ptr<StoredTables> storedTables() = 0;
+
+  /// The revision that the books here have reached, as it was written beside the tables; 0 where none was.
+  virtual int booksRevision() = 0;
+  virtual void setBooksRevision(int revision) = 0;
+  /// Whether the functions that statements call are this program's, or those of a newer one.
+  virtual bool hasOwnFunctions() { return true; }
+  /// Within a transaction: puts this program's functions in the place of the others.
+  virtual void layOwnFunctions() {}
+  /// Within a transaction: waits for the end of another process's renewal. What is read afterwards is what
+  /// that one has left.
+  virtual void shutOutOtherRenewals() {}
 };
 
 }  // namespace zelkor

@@ -244,7 +244,7 @@ void RecordsetState::moveLast() {
 
 std::size_t RecordsetState::columnIndex(std::string_view name) const {
   if (const auto column = query_->columnNames().find(name)) return *column;
-  throw dialect::unknownItem(name);
+  throw connection_->withAdvice(dialect::unknownItem(name));
 }
 
 void RecordsetState::requireCurrentRow() const {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "store/catalogue/Revisions.h"
 #include "transfer/jet/JetFile.h"
 #include "transfer/jet/JetObjects.h"
 #include "transfer/jet/JetProblems.h"
@@ -28,6 +29,8 @@ class JetSource : public TransferSource {
   /// Reading raises error 3343 when the table is damaged or another program has written the file meanwhile.
   std::unique_ptr<RowReader> rows(const TableDef& table) override;
   std::int64_t lastCounter(const TableDef& table) override;
+  /// Its tables are laid out as those of a new account set.
+  int booksRevision() override { return currentRevision(); }
   const std::vector<TransferProblem>& problems() const override { return problems_.all(); }
 
   /// What the administrator should know beside the problems, one line each.

@@ -4,7 +4,6 @@
 #include <ctime>
 
 #include "store/engine/postgresql/PostgreSqlStatement.h"
-#include "store/engine/postgresql/ServerFunctions.h"
 
 namespace zelkor {
 namespace {
@@ -36,8 +35,9 @@ std::string sessionSettings(const std::string& schema) {
 }
 
 PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file)
-    : link_(std::make_shared<PostgreSqlLink>(file.conninfo)) {
-  requireFunctions(*link_, file.schema);
+    : link_(std::make_shared<PostgreSqlLink>(file.conninfo)),
+      schema_(file.schema),
+      books_(readServerBooks(*link_, schema_)) {
   link_->run(sessionSettings(file.schema));
 }
 
@@ -67,6 +67,22 @@ void PostgreSqlEngine::makeDurable() {
   if (inTransaction() || !link_->takeWritten()) return;
   link_->run(
       "BEGIN; SET LOCAL synchronous_commit = on; SELECT pg_logical_emit_message(true, 'zelkor', ''); COMMIT");
+}
+
+void PostgreSqlEngine::setBooksRevision(int revision) {
+  writeServerRevision(*link_, schema_, revision);
+  books_.revision = revision;
+}
+
+void PostgreSqlEngine::layOwnFunctions() {
+  layFunctions(*link_, books_);
+  books_ = readServerBooks(*link_, schema_);
+}
+
+void PostgreSqlEngine::shutOutOtherRenewals() {
+  link_->run("SET LOCAL synchronous_commit = on");
+  link_->query("SELECT pg_advisory_xact_lock(hashtext('zelkor renew ' || $1))", {schema_});
+  books_ = readServerBooks(*link_, schema_);
 }
 
 }  // namespace zelkor

@@ -6,6 +6,7 @@
 #include "store/engine/postgresql/PostgreSqlLink.h"
 #include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/postgresql/ServerFile.h"
+#include "store/engine/postgresql/ServerFunctions.h"
 
 namespace zelkor {
 
@@ -35,9 +36,16 @@ class PostgreSqlEngine final : public Engine {
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
   std::unique_ptr<StoredTables> storedTables() override;
+  int booksRevision() override { return books_.revision; }
+  void setBooksRevision(int revision) override;
+  bool hasOwnFunctions() override { return books_.hasOwnFunctions(); }
+  void layOwnFunctions() override;
+  void shutOutOtherRenewals() override;
 
  private:
   std::shared_ptr<PostgreSqlLink> link_;
+  std::string schema_;
+  ServerBooks books_;
 };
 
 /// The statements that make a session see the account set in that schema.

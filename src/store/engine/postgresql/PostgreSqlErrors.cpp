@@ -88,6 +88,9 @@ void raiseNameError(const ServerFailure& failure) {
   if (failure.state == "42703") throw dialect::unknownColumn(name);
   if (failure.state == "42704")
     throw RuntimeError(ErrorNumber::NoSuchIndex, "没有这样的索引。（" + indexNamed(name) + "）");
+  if (failure.state == "42883" && name.starts_with("zk_"))  // the account set's functions are older
+    throw RuntimeError(ErrorNumber::UndefinedFunction,
+                       "表达式中 '" + name.substr(0, name.find('(')) + "' 函数未定义。");
   if (failure.state == "42P07") raiseNameTaken(name);
   if (const std::string taken = nameMadeAtOnce(failure); !taken.empty()) raiseNameTaken(taken);
 }

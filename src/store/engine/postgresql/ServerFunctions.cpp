@@ -2,28 +2,22 @@
 
 #include <libpq-fe.h>
 
-#include <array>
+#include <algorithm>
+#include <charconv>
 #include <cstdint>
-#include <cstdio>
+#include <sstream>
 #include <string_view>
 
 #include "base/EmbeddedText.h"
 #include "base/RuntimeError.h"
 #include "store/dialect/binding/functions/ServerDefinitions.h"
-#include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/engine/postgresql/PostgreSqlErrors.h"
 
 namespace zelkor {
 namespace {
 
-// A text's digest: the same for the same text, and hardly ever for another.
-std::string digestOf(std::string_view text) {
-  std::uint64_t digest = 14695981039346656037U;
-  for (const char c : text) digest = (digest ^ static_cast<unsigned char>(c)) * 1099511628211U;
-  std::array<char, 17> digits{};
-  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(digest));
-  return digits.data();
-}
+// The comment on a schema is this and a number.
+constexpr std::string_view revisionMark = "zelkor revision ";
 
 const std::string& definitions() {
   static const std::string all = [] {
@@ -35,49 +29,63 @@ const std::string& definitions() {
   return all;
 }
 
-// Empty without an account set; sets of before the mark are marked by a number or not at all.
-std::string markIn(PostgreSqlLink& server, const std::string& schema) {
-  const PgResult found = server.query(
-      "SELECT coalesce(obj_description(p.oid, 'pg_proc'), '1'), has_schema_privilege(n.oid, 'USAGE') "
-      "FROM pg_proc p "
-      "JOIN pg_namespace n ON n.oid = p.pronamespace WHERE n.nspname = $1 AND p.proname = 'zk_describe'",
-      {schema});
-  if (PQntuples(found.get()) == 0) return {};
-  if (*PQgetvalue(found.get(), 0, 1) != 't') throw noRight("schema " + schema);
-  return PQgetvalue(found.get(), 0, 0);
+/// The version of this program's functions: a digest of their text (FNV-1a).
+const std::string& ownVersion() {
+  static const std::string version = [] {
+    std::uint64_t digest = 0xcbf29ce484222325;
+    for (const char c : definitions()) digest = (digest ^ static_cast<unsigned char>(c)) * 0x100000001b3;
+    std::ostringstream hex;
+    hex << std::hex << digest;
+    return hex.str();
+  }();
+  return version;
 }
 
-bool hasOurs(PostgreSqlLink& server, const std::string& schema) {
-  const std::string mark = markIn(server, schema);
-  if (mark.empty())
-    throw RuntimeError(ErrorNumber::UnrecognizedFormat,
-                       "服务器上没有账套 '" + schema + "'；请用 zelkorctl create --server 建立。");
-  return mark == serverFunctionsDigest();
+int revisionIn(std::string_view comment) {
+  int revision = 0;
+  if (comment.starts_with(revisionMark))
+    std::from_chars(comment.data() + revisionMark.size(), comment.data() + comment.size(), revision);
+  return revision;
+}
+
+// Words that are no digest are somebody else's remark.
+std::vector<std::string> versionsIn(const std::string& comment) {
+  std::istringstream words(comment);
+  std::vector<std::string> versions;
+  for (std::string word; words >> word;)
+    if (word.find_first_not_of("0123456789abcdef") == std::string::npos) versions.push_back(word);
+  return versions;
 }
 
 }  // namespace
 
-const std::string& serverFunctionsDigest() {
-  static const std::string digest = digestOf(definitions());
-  return digest;
+// What was laid down over functions like ours is newer.
+bool ServerBooks::hasOwnFunctions() const {
+  return std::ranges::find(functions, ownVersion()) != functions.end();
 }
 
-void layFunctions(PostgreSqlLink& server) {
-  server.run(definitions() + "COMMENT ON FUNCTION zk_describe(text, text[]) IS '" + serverFunctionsDigest() +
-             "'");
-}
-
-void requireFunctions(PostgreSqlLink& server, const std::string& schema) {
-  if (!hasOurs(server, schema))
+ServerBooks readServerBooks(PostgreSqlLink& server, const std::string& schema) {
+  const PgResult found = server.query(
+      "SELECT has_schema_privilege(n.oid, 'USAGE'), coalesce(obj_description(n.oid, 'pg_namespace'), ''), "
+      "coalesce(obj_description(p.oid, 'pg_proc'), '') FROM pg_proc p "
+      "JOIN pg_namespace n ON n.oid = p.pronamespace WHERE n.nspname = $1 AND p.proname = 'zk_describe'",
+      {schema});
+  if (PQntuples(found.get()) == 0)
     throw RuntimeError(ErrorNumber::UnrecognizedFormat,
-                       "服务器上账套 '" + schema + "' 的函数是旧版本；请由管理员运行 zelkorctl renew 更新。");
+                       "服务器上没有账套 '" + schema + "'；请用 zelkorctl create --server 建立。");
+  if (*PQgetvalue(found.get(), 0, 0) != 't') throw noRight("schema " + schema);
+  return {revisionIn(PQgetvalue(found.get(), 0, 1)), versionsIn(PQgetvalue(found.get(), 0, 2))};
 }
 
-void renewFunctions(const ServerFile& file) {
-  PostgreSqlLink server(file.conninfo);
-  if (hasOurs(server, file.schema)) return;
-  server.run(sessionSettings(file.schema));
-  layFunctions(server);
+void layFunctions(PostgreSqlLink& server, const ServerBooks& before) {
+  std::string versions = ownVersion();
+  for (const std::string& version : before.functions) versions += ' ' + version;
+  server.run(definitions() + "COMMENT ON FUNCTION zk_describe(text, text[]) IS '" + versions + "'");
+}
+
+void writeServerRevision(PostgreSqlLink& server, const std::string& schema, int revision) {
+  server.run("COMMENT ON SCHEMA \"" + schema + "\" IS '" + std::string(revisionMark) +
+             std::to_string(revision) + "'");
 }
 
 }  // namespace zelkor

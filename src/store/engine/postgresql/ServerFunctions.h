@@ -1,23 +1,30 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "store/engine/postgresql/PostgreSqlLink.h"
-#include "store/engine/postgresql/ServerFile.h"
 
 namespace zelkor {
 
-/// Lays the functions that translated statements call down in the session's schema, in place of older ones.
-/// One transaction.
-void layFunctions(PostgreSqlLink& server);
+/// What a schema says of the books in it.
+struct ServerBooks {
+  int revision = 0;  // 0 where none was written
+  /// The versions of the functions that were laid down there, the present one first.
+  std::vector<std::string> functions;
 
-/// The digest of all that layFunctions defines: an account set's schema bears it.
-const std::string& serverFunctionsDigest();
+  /// Whether the functions are this program's, or have come after them.
+  bool hasOwnFunctions() const;
+};
 
-/// Error 3343 where the schema holds no account set, or one whose functions are not this program's.
-void requireFunctions(PostgreSqlLink& server, const std::string& schema);
+/// Error 3343 where the schema holds no account set, 3051 where the session has no right to it.
+ServerBooks readServerBooks(PostgreSqlLink& server, const std::string& schema);
 
-/// Brings the functions up to date that lie where the file points; error 3343 where no account set is.
-void renewFunctions(const ServerFile& file);
+/// Lays the functions that translated statements call down in the session's schema, in place of older ones,
+/// whose versions it keeps as told by `before`.
+void layFunctions(PostgreSqlLink& server, const ServerBooks& before = {});
+
+/// Writes the revision of the books beside the schema.
+void writeServerRevision(PostgreSqlLink& server, const std::string& schema, int revision);
 
 }  // namespace zelkor

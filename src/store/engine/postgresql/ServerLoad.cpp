@@ -3,6 +3,7 @@
 #include <libpq-fe.h>
 
 #include "base/RuntimeError.h"
+#include "store/catalogue/Revisions.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/engine/postgresql/ServerCopy.h"
 #include "store/engine/postgresql/ServerFunctions.h"
@@ -66,6 +67,7 @@ void createSchema(PostgreSqlLink& server, const std::string& schema) {
   server.run("CREATE EXTENSION IF NOT EXISTS citext SCHEMA public; CREATE SCHEMA \"" + schema + "\"");
   server.run(sessionSettings(schema));
   layFunctions(server);
+  writeServerRevision(server, schema, currentRevision());
 }
 
 void loadTables(PostgreSqlLink& server, Engine& source, const std::vector<TableDef>& tables) {

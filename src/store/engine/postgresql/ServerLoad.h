@@ -9,7 +9,8 @@
 
 namespace zelkor {
 
-/// Makes a session's schema, which must be new: the functions that translated statements call.
+/// Makes a session's schema, which must be new, for books of today: the functions that translated statements
+/// call, and the revision.
 void createSchema(PostgreSqlLink& server, const std::string& schema);
 
 /// Creates the tables in the session's schema and carries their rows over from an SQLite file, in its order.

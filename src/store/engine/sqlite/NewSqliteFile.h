@@ -22,6 +22,7 @@ class NewSqliteFile {
   SqliteStatement prepare(const std::string& sql) { return {handle_.get(), sql}; }
   /// A statement that inserts a row with a parameter for each of the columns.
   SqliteStatement prepareInsert(std::string_view table, const std::vector<std::string>& columns);
+  void setRevision(int revision) { run(revisionStatement(revision)); }
   /// Commits, forces the file to disk and closes it; no statement may be left.
   void finish();
 

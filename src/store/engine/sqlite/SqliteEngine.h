@@ -41,6 +41,8 @@ class SqliteEngine final : public Engine {
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
   std::unique_ptr<StoredTables> storedTables() override;
+  int booksRevision() override;
+  void setBooksRevision(int revision) override;
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -53,5 +55,8 @@ class SqliteEngine final : public Engine {
   std::unique_ptr<EngineStatement> begin_;
   std::unique_ptr<EngineStatement> commit_;
 };
+
+/// The statement that writes the revision of the books.
+std::string revisionStatement(int revision);
 
 }  // namespace zelkor

@@ -82,4 +82,19 @@ std::optional<TableInfo> SqliteEngine::tableInfo(std::string_view table) {
   return info;
 }
 
+// The number has a place of its own in the header of a file; it is part of the transaction.
+std::string revisionStatement(int revision) {
+  return "PRAGMA user_version = " + std::to_string(revision);
+}
+
+int SqliteEngine::booksRevision() {
+  const auto number = prepare("PRAGMA user_version");
+  number->step();
+  return static_cast<int>(number->integer(0));
+}
+
+void SqliteEngine::setBooksRevision(int revision) {
+  run(revisionStatement(revision));
+}
+
 }  // namespace zelkor

@@ -118,26 +118,6 @@ TEST_F(ServerTest, ACounterGoesOnBehindTheGreatestNumberOfAllSessions) {
   EXPECT_EQ(cell("select max(i_id) from t"), cell("select i_id from t where sNum='last'"));
 }
 
-TEST_F(ServerTest, FunctionsOfAnOlderVersionAreRenewed) {
-  PostgreSqlEngine(ServerFile::read(path)).run("COMMENT ON FUNCTION zk_describe(text, text[]) IS NULL");
-  DbEngine other;
-  EXPECT_EQ(errorOf([&] { other.OpenDatabase(path); }), 3343);
-  renewServerPart(path);
-  Database renewed = other.OpenDatabase(path);
-  renewed.Execute("insert into t (sNum) values ('1')");
-  EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id,val(sNum) from t")), (std::vector<std::string>{"1|1"}));
-}
-
-TEST_F(ServerTest, TablesOfAnOlderVersionDrawNumbersForNullWhenTheyAreRenewed) {
-  PostgreSqlEngine(ServerFile::read(path))
-      .run("DROP TRIGGER zk_counter_null ON t; COMMENT ON FUNCTION zk_describe(text, text[]) IS '2'");
-  renewServerPart(path);
-  DbEngine other;
-  Database renewed = other.OpenDatabase(path);
-  renewed.Execute("insert into t (i_id,sNum) values (null,'1')");
-  EXPECT_EQ(rowsOf(renewed.OpenRecordset("select i_id from t")), (std::vector<std::string>{"1"}));
-}
-
 TEST_F(ServerTest, ANullThatAColumnDoesNotTakeIsNoDuplicateKey) {
   db.Execute("insert into t (sNum) values ('1')");
   EXPECT_EQ(refusalOf([&] { db.Execute("update t set i_id=null"); }),

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/Csv.h"
+#include "base/Text.h"
 #include "store/accountset/AccountSet.h"
 #include "store/accountset/DbEngine.h"
 #include "store/catalogue/Catalogue.h"
@@ -56,6 +57,14 @@ class AccountSetContents : public testing::Test {
   Set& sample = *sampleSet;
   Set& empty = *emptySet;
 };
+
+/// The lines of a list beside this file, but for those that begin with "#".
+std::vector<std::string> listed(const char* list) {
+  std::vector<std::string> lines = Split(readFile(testFolder() / "store" / "accountset" / list), '\n');
+  std::erase_if(lines, [](const std::string& line) { return line.empty() || line.starts_with('#'); });
+  EXPECT_GT(lines.size(), 20U) << list;
+  return lines;
+}
 
 std::string pragma(const fs::path& file, const std::string& name) {
   sqlite3* handle = nullptr;
@@ -160,61 +169,7 @@ TEST_F(AccountSetContents, CountsAsInitialisedOnlyWithTheSample) {
 
 // The program only ever updates these rows; what is not there it passes over in silence.
 TEST_F(AccountSetContents, HoldsEveryOptionOnce) {
-  for (const char* name : {"dStartDate",
-                           "bFirstTime",
-                           "bCalcDepr",
-                           "sDeprMethodNum",
-                           "bLastMonthMakeUpDepr",
-                           "iDeprSendPeriod",
-                           "iLastPeriod",
-                           "iLastSendDeprPeriod",
-                           "dLastDeprTime",
-                           "dWritableDate",
-                           "bNeedDepr",
-                           "iAgentAct",
-                           "bAutoZW",
-                           "bAllowUnequality",
-                           "sFixedAssetsSubjectNum",
-                           "sFixedAssetsSubjectName",
-                           "sDeprTotalSubjectNum",
-                           "sDeprTotalSubjectName",
-                           "sDefaultAssetSubjectNum",
-                           "sDefaultAssetSubjectName",
-                           "sDefaultDeprTotalSubjectNum",
-                           "sDefaultDeprTotalSubjectName",
-                           "bSendToZWAfterChange",
-                           "bWriteZWBeforeEnd",
-                           "iYearsToDel",
-                           "sTypeNumType",
-                           "iCardNumType",
-                           "iCardNumAutoType",
-                           "iCardSequenceNumLength",
-                           "bAddSuccession",
-                           "iMaxTypeLevelExist",
-                           "iMaxTypeLevelExistCount",
-                           "bShowStandardToolbar",
-                           "bShowEditToolbar",
-                           "bShowFormatToolbar",
-                           "bShowToolbarCaption",
-                           "bShowStatusbar",
-                           "bShowQuickInfo",
-                           "bShowDesktop",
-                           "iNetRetryTime",
-                           "bShowToolbarStandardWin",
-                           "bShowToolbarEditWin",
-                           "bShowToolbarFormatWin",
-                           "bAutoDspTermTable",
-                           "bCardFormatCurrency",
-                           "iReportBackIndex",
-                           "lPaperSize",
-                           "iPaperDirection",
-                           "lPaperTop",
-                           "lPaperBottom",
-                           "lPaperLeft",
-                           "lPaperRight",
-                           "lTablesSpace",
-                           "lPaperWidth",
-                           "lPaperHeight"}) {
+  for (const std::string& name : listed("options.txt")) {
     for (const char* table : {"AccInformation", "ZKFA_Model_AccInformation_Init"})
       EXPECT_EQ(empty.cell(std::string("select count(*) from ") + table + " where cSysID='fa' and cName='" +
                            name + "' and cCaption<>'' and cValue is not null"),
@@ -252,71 +207,8 @@ TEST_F(AccountSetContents, TemplatesHoldWhatANewSetHolds) {
   }
 }
 
-/// Queries that find what does not fit together; none may find a row in either account set.
-const std::vector<std::string> misfits{
-    // Trees: every parent is there, a level below; the counts of children are right.
-    "select a.sNum from fa_AssetTypes a left join fa_AssetTypes b on a.sParentID=b.sID where a.sNum<>'&' and "
-    "(b.sID is null or a.iLevel<>b.iLevel+1)",
-    "select a.sNum from fa_AssetTypes a where a.lChilds<>(select count(*) from fa_AssetTypes b where "
-    "b.sParentID=a.sID)",
-    "select a.sNum from fa_AssetTypes a where a.iLevel=2 and (a.sNum<>a.sNum1+a.sNum2 or "
-    "a.sParentNum<>a.sNum1)",
-    "select a.sNum from fa_AssetTypes a where a.iLevel=1 and (a.sNum<>a.sNum1 or a.sParentNum is not null)",
-    "select a.sID from fa_Status a left join fa_Status b on a.sParentID=b.sID where a.sID<>'0' and b.sID is "
-    "null",
-    "select a.sID from fa_Status a where a.lchilds<>(select count(*) from fa_Status b where "
-    "b.sParentID=a.sID)",
-    "select a.sID from fa_Origins a left join fa_Origins b on a.sParentID=b.sID where a.sID<>'0' and b.sID "
-    "is null",
-    "select a.sID from fa_Origins a where a.lChilds<>(select count(*) from fa_Origins b where "
-    "b.sParentID=a.sID)",
-    // A way's type is that of its head: additions 1, reductions 2.
-    "select sID from fa_Origins where sID<>'0' and iType<>val(sID) and iLevel=1",
-    "select a.sID from fa_Origins a,fa_Origins b where a.sParentID=b.sID and b.sID<>'0' and a.iType<>b.iType",
-    // Codes fit their rules: 2112 for categories, 12 for departments, 422 for subjects.
-    "select sNum from fa_AssetTypes where sNum<>'&' and len(sNum)<>iLevel+1",
-    "select cDepCode from department where (iDepGrade=1 and len(cDepCode)<>1) or (iDepGrade=2 and "
-    "len(cDepCode)<>3)",
-    "select ccode from code where len(ccode)<>2+2*igrade",
-    "select a.ccode from code a where a.igrade=2 and not exists(select * from code b where "
-    "b.ccode=left(a.ccode,4))",
-    "select a.ccode from code a where a.igrade=3 and not exists(select * from code b where "
-    "b.ccode=left(a.ccode,6))",
-    "select a.ccode from code a where a.bend<>((select count(*) from code b where b.ccode like "
-    "a.ccode+'?*')=0)",
-    "select ccode from code where cclass not in('资产','负债','权益','成本','损益')",
-    // What refers to an archive finds it there.
-    "select a.sNum from fa_AssetTypes a left join fa_Depreciations b on a.sDeprMethodNum=b.sID where "
-    "a.sNum<>'&' and "
-    "b.sID is null",
-    "select a.sNum from fa_AssetTypes a left join fa_Models b on a.sModelID=b.sModelID where b.sModelID is "
-    "null",
-    "select a.cDepCode from department a left join Person b on a.cDepPerson=b.cPersonCode where "
-    "b.cPersonCode is null",
-    "select a.cPersonCode from Person a left join department b on a.cDepCode=b.cDepCode where b.cDepCode is "
-    "null",
-    "select a.cid from GL_bdigest a left join code b on a.ccode=b.ccode where a.ccode is not null and "
-    "b.ccode is null",
-    "select a.citemcode from fitemss00 a left join fitemss00class b on a.citemccode=b.cItemCcode where "
-    "b.cItemCcode is "
-    "null",
-    // The mirror says what the department archive says.
-    "select a.cDepCode from department a left join fa_departments b on a.cDepCode=b.sNum where b.sNum is "
-    "null or "
-    "a.cDepName<>b.sName or a.iDepGrade<>b.iLevel",
-    "select a.sNum from fa_departments a where a.sNum<>'&' and a.lChilds+1<>(select count(*) from department "
-    "b where "
-    "b.cDepCode like a.sNum+'*')",
-    "select a.sNum from fa_departments a where a.sNum='&' and a.lChilds<>(select count(*) from department "
-    "where "
-    "len(cDepCode)=1)",
-    "select sNum from fa_departments where iLevel=2 and (sNum<>sNum1+sNum2 or sParentNum<>sNum1)",
-    "select sNum from fa_departments where iLevel=1 and (sNum<>sNum1 or sParentNum<>'' or sNum2 is not null)",
-    "select sNum from fa_departments where sSubjectNum is not null or (sNum<>'&' and iDefinetype<>1)",
-};
-
 TEST_F(AccountSetContents, FitsTogether) {
-  for (const std::string& query : misfits) {
+  for (const std::string& query : listed("misfits.txt")) {
     EXPECT_EQ(empty.rows(query), std::vector<std::string>{}) << query;
     EXPECT_EQ(sample.rows(query), std::vector<std::string>{}) << query;
   }

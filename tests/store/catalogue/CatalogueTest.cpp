@@ -1,17 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "store/catalogue/Catalogue.h"
+#include "store/catalogue/Revisions.h"
+#include "store/dialect/binding/ColumnTypes.h"
 #include "store/dialect/CatalogueFile.h"
 #include "store/dialect/Translate.h"
 #include "store/engine/ColumnValue.h"
-#include "store/engine/postgresql/PostgreSqlWords.h"
 #include "store/engine/sqlite/SqliteWords.h"
 #include "support/AccountSetCopy.h"
+#include "support/Paths.h"
 
 namespace zelkor::test {
 namespace {
@@ -44,37 +46,33 @@ class EmptyTables {
   dialect::test::CatalogueFile file_;
 };
 
-TEST(Catalogue, TellsTypesWherePrefixesDoNot) {
-  struct Case {
-    const char* table;
-    const char* column;
-    ColumnType type;
-  };
-  for (const auto& [table, column, type] : std::vector<Case>{
-           {"fa_ZWVouchers", "cdefine5", ColumnType::Text},
-           {"FA_ZWVOUCHERS", "i_id", ColumnType::Counter},
-           {"fa_ZWVouchers", "md_f", ColumnType::Currency},
-           {"fa_ZWVouchers", "nfrat", ColumnType::Double},
-           {"fa_Cards", "sCardID", ColumnType::Text},
-           {"fa_Cards", "bMultiDept", ColumnType::Boolean},
-           {"fa_DeptScale", "sID", ColumnType::Long},
-           {"fa_DeptScale", "cItemclsId", ColumnType::Text},
-           {"fa_Cards_Detail", "sID", ColumnType::Counter},
-           {"fa_DeprTransactions_Detail", "sID", ColumnType::Counter},
-           {"fa_DeprTransactions", "dblDeprT13", ColumnType::Double},
-           {"fa_DeprTransactions", "lUsedMonths13", ColumnType::Long},
-           {"fa_DeprTransactions_Detail", "dblMonthValue13", ColumnType::Double},
-           {"fa_Status", "Num2", ColumnType::Text},
-           {"Fa_log", "mMemo", ColumnType::Memo},
-           {"fa_VtsObject", "objVtsfile", ColumnType::Binary},
-           {"za_account", "iMonth", ColumnType::Short},
-       }) {
-    const dialect::TableInfo* info = catalogueSchema().table(table);
-    ASSERT_NE(info, nullptr) << table;
-    const dialect::ColumnInfo* found = info->find(column);
-    ASSERT_NE(found, nullptr) << table << "." << column;
-    EXPECT_EQ(found->type, type) << table << "." << column;
+std::string layoutOf(const TableDef& table) {
+  std::string line = table.info.name + ':';
+  for (const dialect::ColumnInfo& column : table.info.columns) {
+    line += ' ' + column.name + ' ' + dialect::typeWord(column) + (column.orderedAsNumber ? "#" : "");
+    if (const auto value = table.defaults.find(column.name); value != table.defaults.end())
+      line += '=' + value->second;
+    line += ',';
   }
+  for (const IndexDef& index : table.indexes) {
+    line += index.unique ? " unique(" : " index(";
+    for (const std::string& column : index.columns) line += (line.back() == '(' ? "" : " ") + column;
+    line += ')';
+  }
+  return line + '\n';
+}
+
+// Books keep this layout until they are renewed: what is changed here needs a step in Revisions.cpp, and with
+// its number a golden file of its own.
+TEST(Catalogue, IsTheLayoutOfItsRevision) {
+  std::string layout;
+  for (const auto* tables : {&dataTables(), &systemTables()})
+    for (const TableDef& table : *tables)
+      if (!table.info.name.starts_with("ZKFA_Model_")) layout += layoutOf(table);
+  const auto golden =
+      testFolder() / "store" / "catalogue" / ("books-" + std::to_string(currentRevision()) + ".golden");
+  if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) return writeFile(golden, layout);
+  EXPECT_EQ(layout, readFile(golden));
 }
 
 // Re-initialisation copies some tables as a whole: by position, not by name.
@@ -91,69 +89,14 @@ TEST(Catalogue, TemplatesHaveTheColumnsOfTheirTables) {
   }
 }
 
-TEST(Catalogue, NewRowsHaveTheDefaultsThatTheFiguresRelyOn) {
+TEST(Catalogue, NewRowsHaveDefaultsAndKeys) {
   EmptyTables tables;
-  struct Case {
-    const char* insert;
-    const char* query;
-    std::string_view expected;
-  };
-  for (const auto& [insert, query, expected] : std::vector<Case>{
-           {"INSERT INTO fa_Cards (sCardID) VALUES ('1')",
-            "SELECT iOptType, iNewType, lLife, dblTransInDeprTCard, bMultiDept, dTransDate, dDisposeDate, "
-            "sStyle "
-            "FROM fa_Cards",
-            "1|0|0|0|0|~|~|~\n"},
-           {"INSERT INTO fa_DeprTransactions (sCardNum) VALUES ('00001')",
-            "SELECT dblDepr1, dblDeprT13, dblPeriodValue, lDeprMonths13, sMonthStatusID FROM "
-            "fa_DeprTransactions",
-            "0|0|0|0|~\n"},
-           {"INSERT INTO fa_DeprTransactions_Detail (sCardNum) VALUES ('00001')",
-            "SELECT sID, dblDeprT13, dblDeprThisYear FROM fa_DeprTransactions_Detail", "1|0|0\n"},
-           {"INSERT INTO fa_DeptScale (sCardNum) VALUES ('00001')",
-            "SELECT sID, lOptID, dblScale FROM fa_DeptScale", "0|0|0\n"},
-           {"INSERT INTO fa_WorkLoad (sCardNum) VALUES ('00001')",
-            "SELECT dblWork12, dblWorkT12 FROM fa_WorkLoad", "0|0\n"},
-           // What is said to stay empty stays Null.
-           {"INSERT INTO fa_Total (sDeptNum) VALUES ('1')",
-            "SELECT iPeriod, dblDepr, dblAddValue FROM fa_Total", "~|~|~\n"},
-           {"INSERT INTO fa_DeprVouchers (lOptID) VALUES (5)",
-            "SELECT iPeriod, dblDebit, dblCredit FROM fa_DeprVouchers", "~|~|~\n"},
-           {"INSERT INTO fa_ZWVouchers (coutid) VALUES ('1')",
-            "SELECT i_id, cDefine1, cDefine2, md, bvouchedit FROM fa_ZWVouchers", "1|~|~|~|0\n"},
-           {"INSERT INTO GL_accvouch (ino_id) VALUES (1)", "SELECT ibook, iflag, ioutperiod FROM GL_accvouch",
-            "0|~|~\n"},
-       }) {
-    EXPECT_EQ(tables.run(insert), 0) << insert;
-    const auto columns = static_cast<int>(std::count(expected.begin(), expected.end(), '|')) + 1;
-    EXPECT_EQ(tables.rows(query, columns), expected) << query;
-  }
-}
-
-TEST(Catalogue, RefusesASecondRowOnlyWhereThereIsAKey) {
-  struct Case {
-    const char* insert;
-    bool refused;
-  };
-  EmptyTables tables;
-  for (const auto& [insert, refused] : std::vector<Case>{
-           {"INSERT INTO department (cDepCode) VALUES ('a1')", true},
-           {"INSERT INTO fa_departments (sNum) VALUES ('301')", true},
-           {"INSERT INTO fa_Status (sID) VALUES ('11')", true},
-           {"INSERT INTO code (ccode) VALUES ('1501')", true},
-           {"INSERT INTO fa_ItemsManual (sCardNum) VALUES ('00001')", true},
-           {"INSERT INTO fa_Cards (sCardID, sCardNum, lOptID) VALUES ('2', '00001', 2)", false},
-           {"INSERT INTO fa_DeprVoucherMain VALUES (5, '01', 4, 4, 1)", false},
-           {"INSERT INTO fa_Total (sDeptNum, sTypeNum, iPeriod) VALUES ('1', '02', 6)", false},
-           {"INSERT INTO fa_CardsSheets (sID) VALUES ('10')", false},
-           {"INSERT INTO fa_DeptScale (sID, sCardNum, lOptID) VALUES (2, '00001', 1)", false},
-           {"INSERT INTO Dsign (csign) VALUES ('记')", false},
-           {"INSERT INTO fa_AssetTypes (sNum) VALUES ('00')", false},
-       }) {
-    EXPECT_EQ(tables.run(insert), 0) << insert;
-    EXPECT_EQ(tables.run(insert), refused ? 3022 : 0) << insert;
-  }
+  EXPECT_EQ(tables.run("INSERT INTO fa_Cards (sCardID) VALUES ('1')"), 0);
+  EXPECT_EQ(tables.rows("SELECT iOptType, iNewType, bMultiDept, dTransDate, sStyle FROM fa_Cards", 5),
+            "1|0|0|~|~\n");
+  EXPECT_EQ(tables.run("INSERT INTO fa_Cards (sCardID) VALUES ('1')"), 0);
   // Keys compare as texts do everywhere: without regard to case.
+  EXPECT_EQ(tables.run("INSERT INTO department (cDepCode) VALUES ('a1')"), 0);
   EXPECT_EQ(tables.run("INSERT INTO department (cDepCode) VALUES ('A1')"), 3022);
 }
 
@@ -236,23 +179,6 @@ TEST(Catalogue, AFileTellsItsColumnsAsTheCatalogueDoes) {
       EXPECT_EQ(found.orderedAsNumber, expected.orderedAsNumber) << table.info.name << "." << expected.name;
     }
   }
-}
-
-TEST(Catalogue, LaysATableDownInPostgreSql) {
-  const TableDef* table = catalogueTable("fa_Status");
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(createStatements(*table, postgreSqlWords()),
-            (std::vector<std::string>{
-                R"(CREATE TABLE "fa_status" ("sid" citext, "sname" citext, "sengname" citext, )"
-                R"("sparentid" citext, "bneeddepr" smallint NOT NULL DEFAULT 0, "lchilds" integer, )"
-                R"("num1" citext, "num2" citext, "ilevel" smallint, "idefinetype" smallint, )"
-                R"("zk_row" bigint GENERATED ALWAYS AS IDENTITY))",
-                R"(SELECT zk_describe('fa_Status', ARRAY['sID TEXT(20)', 'sName TEXT(60)', )"
-                R"('sEngName TEXT(60)', 'sParentID TEXT(20)', 'bNeedDepr BOOLEAN', 'lchilds INTEGER', )"
-                R"('Num1 TEXT(20)', 'Num2 TEXT(20)', 'iLevel SMALLINT', 'iDefineType SMALLINT']::text[]))",
-                R"(ALTER TABLE "fa_status" ADD PRIMARY KEY ("zk_row"))",
-                R"(CREATE UNIQUE INDEX "fa_status__sid" ON "fa_status" ("sid" NULLS FIRST))",
-            }));
 }
 
 }  // namespace

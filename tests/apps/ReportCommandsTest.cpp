@@ -129,7 +129,7 @@ TEST_F(ReportCommandsTest, TheProgramTellsItsStatus) {
   const auto status = [&](const std::vector<std::string>& more) {
     std::vector<std::string> words{"report", arguments()};
     words.insert(words.end(), more.begin(), more.end());
-    return ProgramRun(test::zelkorctlProgram(), words, directory.path()).finish().status;
+    return ProgramRun(zelkorctlProgram(), words, directory.path()).finish().status;
   };
   EXPECT_EQ(status({"固定资产总账"}), 0);
   EXPECT_EQ(status({"固定资产总账", "--format", "doc"}), 2);

@@ -12,7 +12,6 @@
 #include "store/engine/Statement.h"
 
 namespace zelkor::test {
-namespace {
 
 CardValues newCard(const std::string& department, const std::string& name, const std::string& value) {
   using enum CardField;
@@ -36,8 +35,6 @@ CardValues newCard(const std::string& department, const std::string& name, const
   card[EnteredBy] = "录入";
   return card;
 }
-
-}  // namespace
 
 std::string departmentOf(int desk) {
   static const char* departments[] = {"302", "303", "401", "402", "501"};

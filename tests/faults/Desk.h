@@ -13,6 +13,9 @@ namespace zelkor::test {
 /// The department whose cards a desk enters: a card number that two desks give is told apart by it.
 std::string departmentOf(int desk);
 
+/// What is entered for an asset; the numbers are left to the caller.
+CardValues newCard(const std::string& department, const std::string& name, const std::string& value);
+
 /// What a bookkeeper does at one of several desks. Everything that the program says it has saved is told, its
 /// fields joined by "|":
 /// - "card|<number>|<asset number>|<name>|<department>|<value>|<new type>", the value being that of no other

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <fstream>
 #include <random>
@@ -9,46 +7,43 @@
 #include <vector>
 
 #include "faults/KeptAccountSet.h"
-#include "faults/Program.h"
+#include "support/ProgramTest.h"
 
 namespace zelkor::test {
 
+using Lines = std::vector<std::string>;
+
 // Each run of the month leaves its own row here, and each memo its time.
-inline const std::vector<std::string> runRecords{"fa_DeprVoucherMain", "Fa_log"};
+inline const Lines runRecords{"fa_DeprVoucherMain", "Fa_log"};
 
 /// Jobs of the real program on an account set, with a register of cards to import.
-class FaultFixture : public testing::Test {
+class FaultFixture : public ProgramTest {
  protected:
   using microseconds = std::chrono::microseconds;
   using steady_clock = std::chrono::steady_clock;
 
   explicit FaultFixture(int cardCount) : cards(cardCount) {
-    std::ofstream csv(directory / "cards.csv");
+    std::ofstream csv(home / "cards.csv");
     csv << "卡片编号,日期,固定资产编号,固定资产名称,类别编号,规格型号,部门名称,增加方式,存放地点,使用状况,"
            "使用年限,折旧方法,"
            "开始使用日期,已计提月份,币种,原值,净残值率,净残值,累计折旧,对应折旧科目,录入人,录入日期\n";
     for (int i = 0; i < cards; ++i) csv << cardRow(i);
   }
 
-  std::vector<std::string> import() const {
-    return {"cards", "import", set.argument("5"), directory / "cards.csv"};
-  }
-  std::vector<std::string> run(const std::string& runType) const {
-    return {"run", set.argument(runType), "--yes"};
-  }
-  std::vector<std::string> content() const { return set.content(runRecords); }
+  Lines import() const { return {"cards", "import", set.argument("5"), home / "cards.csv"}; }
+  Lines run(const std::string& runType) const { return {"run", set.argument(runType), "--yes"}; }
+  Lines content() const { return set.content(runRecords); }
 
   /// Runs the job undisturbed from the state kept; gives what it leaves and how long it took.
-  std::vector<std::string> undisturbed(const std::vector<std::string>& job, microseconds& life) {
+  Lines undisturbed(const Lines& job, microseconds& life) {
     set.keep();
     const auto begin = steady_clock::now();
-    EXPECT_EQ(runProgram(job), 0);
+    done(job);
     life = std::chrono::duration_cast<microseconds>(steady_clock::now() - begin);
     return content();
   }
 
   const int cards;
-  TempDir directory;
   KeptAccountSet set;
 
  private:
@@ -74,9 +69,13 @@ class RandomMoments {
   std::uniform_int_distribution<long> moment_;
 };
 
+inline bool isOfBackup(const std::string& line) {
+  return line.starts_with("ZKFA_BAK");
+}
+
 /// The tables that a closing leaves but its backups, which a second one makes of what the first one left.
-inline std::vector<std::string> withoutBackups(std::vector<std::string> lines) {
-  std::erase_if(lines, [](const std::string& line) { return line.starts_with("ZKFA_BAK"); });
+inline Lines withoutBackups(Lines lines) {
+  std::erase_if(lines, isOfBackup);
   return lines;
 }
 

@@ -1,114 +1,126 @@
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <filesystem>
 #include <map>
+#include <thread>
 
 #include "faults/FaultFixture.h"
+#include "faults/ServerCuts.h"
+#include "support/Paths.h"
 
-// What is left when a job is killed, when the disk is full, and when two processes write at once.
+// What is left when a job is killed or cut off from its server, when the disk is full, and when two processes
+// write at once.
 namespace zelkor::test {
 namespace {
 
-// Beside a server the same jobs are cut off from it as well.
-const int killsPerJob = onServer() ? 1 : 6;
-
-class FaultTest : public FaultFixture {
- protected:
-  FaultTest() : FaultFixture(onServer() ? 300 : 1500) {}
-
-  // Kills the job at random moments of its life; each time the file is whole and a new run ends as ever.
-  void survivesKills(const std::vector<std::string>& job) {
-    microseconds life{};
-    const std::vector<std::string> expected = undisturbed(job, life);
-    RandomMoments moments(life, 10);
-    SCOPED_TRACE(moments.seed());
-    for (int i = 0; i < killsPerJob; ++i) {
-      set.restore();
-      Program(job).killAfter(moments.next());
-      ASSERT_TRUE(set.isIntact());
-      // A kill can come after the work and before the end of the process.
-      if (content() != expected) {
-        ASSERT_EQ(runProgram(job), 0);
-      }
-      ASSERT_EQ(differenceOf(content(), expected), "") << "after kill " << i;
-    }
-  }
-};
-
-TEST_F(FaultTest, AnImportCanBeKilledAndRunAgain) {
-  survivesKills(import());
-}
-
-TEST_F(FaultTest, AMonthlyRunCanBeKilledAndRunAgain) {
-  ASSERT_EQ(runProgram(import()), 0);
-  survivesKills(run("8"));
-}
+constexpr auto soon = std::chrono::seconds(5);
 
 /// How many rows there are of each backup, as "table: rows".
-std::vector<std::string> backupSizes(const std::vector<std::string>& lines) {
+Lines backupSizes(const Lines& lines) {
   std::map<std::string, int> sizes;
-  for (const std::string& line : lines) {
-    if (line.starts_with("ZKFA_BAK")) ++sizes[line.substr(0, line.find(':'))];
-  }
-  std::vector<std::string> texts;
+  for (const std::string& line : lines)
+    if (isOfBackup(line)) ++sizes[line.substr(0, line.find(':'))];
+  Lines texts;
   for (const auto& [table, size] : sizes) texts.push_back(table + ": " + std::to_string(size));
   return texts;
 }
 
-TEST_F(FaultTest, AMonthCanBeClosedAgainAfterAKill) {
-  ASSERT_EQ(runProgram(import()), 0);
-  ASSERT_EQ(runProgram(run("8")), 0);
-  for (const char* department : {"301", "402"}) {
-    const std::string total =
-        std::string("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblValue) values ('") + department +
-        "','022',1,100)";
-    ASSERT_EQ(runProgram({"sql", set.dataFile(), total}), 0);
+struct Job {
+  const char* name;
+  const char* runType;               // of the job; empty: the import
+  std::vector<std::string> earlier;  // likewise, of those that are done before it
+  const char* told;                  // when its server goes
+};
+
+class InterruptedJobTest : public FaultFixture, public testing::WithParamInterface<Job> {
+ protected:
+  InterruptedJobTest() : FaultFixture(onServer() ? 300 : 1500) {}
+
+  Lines job(const std::string& runType) const { return runType.empty() ? import() : run(runType); }
+
+  /// Cuts the job off when it has run for this long; it tells so, or has ended before.
+  void cutJob(Cut cut, microseconds moment) {
+    ProgramRun program(zelkorctlProgram(), job(GetParam().runType), home.path());
+    if (cut == Cut::Kill) return program.killAfter(moment);
+    std::this_thread::sleep_for(moment);
+    const auto begin = steady_clock::now();
+    cutOff(cut, set);
+    const ProgramResult result = program.finish();
+    EXPECT_LT(steady_clock::now() - begin, soon);
+    if (result.status == 0) return;
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.errors.find(GetParam().told) != std::string::npos ||
+                result.errors.find(noConnection) != std::string::npos)
+        << result.errors;
   }
+
+  /// A month's rows that are there are those of the first cards, in their order.
+  void expectFirstRows(const Lines& allocated) {
+    const Lines there = set.rows("fa_DeprVouchers");
+    ASSERT_LE(there.size(), allocated.size());
+    EXPECT_TRUE(std::equal(there.begin(), there.end(), allocated.begin())) << "not the first cards' rows";
+  }
+};
+
+TEST_P(InterruptedJobTest, LeavesTheSetIntactAndRunsAgainAsEver) {
+  for (const std::string& runType : GetParam().earlier) done(job(runType));
+  for (const char* department : {"301", "402"})
+    done({"sql", set.dataFile(),
+          std::string("insert into fa_Total (sDeptNum,sTypeNum,iPeriod,dblValue) values ('") + department +
+              "','022',1,100)"});
   microseconds life{};
-  const std::vector<std::string> closed = undisturbed(run("20"), life);
+  const Lines expected = undisturbed(job(GetParam().runType), life);
+  const Lines allocated = set.rows("fa_DeprVouchers");
   RandomMoments moments(life, 20);
   SCOPED_TRACE(moments.seed());
-  for (int i = 0; i < killsPerJob; ++i) {
+  const std::vector<Cut> cuts = onServer() ? std::vector{Cut::Kill, Cut::Session, Cut::Restart, Cut::Crash}
+                                           : std::vector<Cut>(6, Cut::Kill);
+  for (const Cut cut : cuts) {
+    SCOPED_TRACE(nameOf(cut));
     set.restore();
-    Program(run("20")).killAfter(moments.next());
+    cutJob(cut, moments.next());
     ASSERT_TRUE(set.isIntact());
-    // A kill can come after the work and before the end of the process.
-    if (withoutBackups(content()) == withoutBackups(closed)) continue;
-    ASSERT_EQ(runProgram(run("20")), 0);
-    const std::vector<std::string> again = content();
-    ASSERT_EQ(differenceOf(withoutBackups(again), withoutBackups(closed)), "") << "after kill " << i;
-    ASSERT_EQ(differenceOf(backupSizes(again), backupSizes(closed)), "") << "after kill " << i;
+    if (GetParam().runType == std::string("8")) expectFirstRows(allocated);
+    // A cut can come after the work and before the end of the process.
+    if (withoutBackups(content()) != withoutBackups(expected)) done(job(GetParam().runType));
+    const Lines again = content();
+    ASSERT_EQ(differenceOf(withoutBackups(again), withoutBackups(expected)), "");
+    ASSERT_EQ(differenceOf(backupSizes(again), backupSizes(expected)), "");
   }
 }
 
-TEST_F(FaultTest, AReinitialisationCanBeKilledAndRunAgain) {
-  ASSERT_EQ(runProgram(import()), 0);
-  survivesKills(run("23"));
-}
+INSTANTIATE_TEST_SUITE_P(Jobs, InterruptedJobTest,
+                         testing::Values(Job{"Import", "", {}, "错误 57"},
+                                         Job{"MonthlyRun", "8", {""}, lostConnection},
+                                         Job{"Closing", "20", {"", "8"}, "月末结账没有完成"},
+                                         Job{"Reinitialisation", "23", {""}, lostConnection}),
+                         [](const auto& job) { return job.param.name; });
+
+class FaultTest : public FaultFixture {
+ protected:
+  FaultTest() : FaultFixture(onServer() ? 300 : 1500) {}
+};
 
 TEST_F(FaultTest, AFullDiskEndsTheJobAndLeavesTheFileIntact) {
   if (writesWithoutItsFile()) GTEST_SKIP() << "the disk is the server's";
-  ASSERT_EQ(runProgram(import()), 0);
+  done(import());
   set.keep();
   const auto size = std::filesystem::file_size(set.dataFile());
-  Program full(run("8"), size / 8);
-  EXPECT_EQ(full.wait(), 1);
+  ProgramRun full(zelkorctlProgram(), run("8"), home.path(), {.largestFile = size / 8});
+  EXPECT_EQ(full.finish().status, 1);
   EXPECT_TRUE(set.isIntact());
-  ASSERT_EQ(runProgram(run("8")), 0);
-  const std::vector<std::string> after = content();
+  done(run("8"));
+  const Lines after = content();
   set.restore();
-  ASSERT_EQ(runProgram(run("8")), 0);
+  done(run("8"));
   EXPECT_EQ(differenceOf(content(), after), "");
 }
 
 TEST_F(FaultTest, TwoProcessesLoseNothing) {
-  Program importing(import());
+  ProgramRun importing(zelkorctlProgram(), import(), home.path());
   constexpr std::size_t memos = 40;
-  for (std::size_t i = 0; i < memos; ++i) {
-    const std::string memo = "memo " + std::to_string(i);
-    ASSERT_EQ(runProgram({"sql", set.dataFile(), "insert into Fa_log (mMemo) values ('" + memo + "')"}), 0);
-  }
-  EXPECT_EQ(importing.wait(), 0);
+  for (std::size_t i = 0; i < memos; ++i)
+    done({"sql", set.dataFile(), "insert into Fa_log (mMemo) values ('memo " + std::to_string(i) + "')"});
+  EXPECT_EQ(importing.finish().status, 0);
   EXPECT_EQ(set.rows("Fa_log").size(), memos);
   EXPECT_EQ(set.rows("fa_Cards").size(), static_cast<std::size_t>(cards));
 }

@@ -8,10 +8,15 @@
 // What happens to a server while somebody works on it.
 namespace zelkor::test {
 
-enum class Cut { Session, Restart, Crash };
+enum class Cut { Kill, Session, Restart, Crash };
+
+// What a program says of it.
+inline constexpr const char* lostConnection = "实时错误 '57'";
+inline constexpr const char* noConnection = "无法连接数据库服务器";
 
 inline std::string nameOf(Cut cut) {
-  return cut == Cut::Session ? "session ended" : cut == Cut::Restart ? "server restarted" : "server crashed";
+  constexpr const char* names[] = {"killed", "session ended", "server restarted", "server crashed"};
+  return names[static_cast<int>(cut)];
 }
 
 /// The sessions of others on the account set's database, as the rest of a query.

@@ -6,11 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "faults/KeptAccountSet.h"
+#include "faults/FaultFixture.h"
 
 namespace zelkor::test {
-
-using Lines = std::vector<std::string>;
 
 /// Two lists hold the same lines, in whatever order.
 inline void expectSame(const std::string& what, Lines found, Lines told) {

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "cards/ClsBLLFACards.h"
-#include "changes/ChangeSheets.h"
-#include "faults/Workstation.h"
+#include "faults/Desk.h"
 #include "startup/Main.h"
 #include "support/AccountSetFixture.h"
 
@@ -26,20 +24,10 @@ struct DeskRun {
     return cards.GetNewCardNum(length);
   }
   bool save(const std::string& cardNum, const std::string& name) {
-    using enum CardField;
-    CardValues card;
-    card[CardNumber] = cardNum;
-    card[AssetNumber] = "022" + cardNum;
-    card[AssetName] = name;
-    card[CategoryCode] = "022";
-    card[Department] = "301";
-    card[AdditionWay] = "101";
-    card[UsageStatus] = "11";
-    card[UsefulLife] = "60";
-    card[MonthsDepreciated] = "0";
-    card[StartDate] = card[EntryDate] = "2020-01-10";
-    card[OriginalValue] = "1000";
-    card[ResidualRate] = card[ResidualValue] = card[AccumulatedDepreciation] = "0";
+    CardValues card = newCard("301", name, "1000");
+    card[CardField::CardNumber] = cardNum;
+    card[CardField::AssetNumber] = "022" + cardNum;
+    card[CardField::Location].clear();
     return cards.SaveNewCard(card, 1, NewCardType::AddedInPeriod, CardLayout::Ordinary);
   }
   void flush() { engine.flush(); }

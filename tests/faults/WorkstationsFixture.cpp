@@ -63,17 +63,6 @@ Lines WorkstationsFixture::computedBy(const Lines& job) {
   return computed;
 }
 
-Lines WorkstationsFixture::rows(const std::string& query) {
-  Lines lines;
-  for (Recordset rows = context.dbZKData.OpenRecordset(query); !rows.Eof(); rows.MoveNext()) {
-    std::string line;
-    for (std::size_t i = 0; i < rows.FieldCount(); ++i)
-      line += (i == 0 ? "" : "|") + (rows.Fields(i).isNull() ? "~" : rows.Fields(i).text());
-    lines.push_back(line);
-  }
-  return lines;
-}
-
 Told WorkstationsFixture::runDesks(const Workstation::Work& work) {
   StartSignal start;
   std::vector<std::unique_ptr<Workstation>> stations;

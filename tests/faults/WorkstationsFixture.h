@@ -3,6 +3,7 @@
 #include "faults/FaultFixture.h"
 #include "faults/Told.h"
 #include "faults/Workstation.h"
+#include "support/Rows.h"
 #include "support/ScriptedDialogs.h"
 
 namespace zelkor::test {
@@ -18,7 +19,7 @@ class WorkstationsFixture : public FaultFixture {
   /// What the job leaves undisturbed, from the state that is there and that is given back then.
   Lines computedBy(const Lines& job);
 
-  Lines rows(const std::string& query);
+  Lines rows(const std::string& query) { return rowsOf(context.dbZKData.OpenRecordset(query)); }
 
   /// Everybody does this at once; what they tell.
   Told runDesks(const Workstation::Work& work);

@@ -12,6 +12,7 @@
 #include "faults/Desk.h"
 #include "faults/WorkstationsFixture.h"
 #include "store/engine/Statement.h"
+#include "support/Paths.h"
 
 // Several workstations on one account set: nothing is lost, numbers are given twice only where they are read
 // before the other's card or sheet is there, and nobody waits for the other's work.
@@ -30,9 +31,9 @@ class WorkstationsTest : public WorkstationsFixture {
     std::string csv = "变动类型,卡片编号,变动后内容,变动原因\n";
     int number = 0;
     for (const char* change : {"原值增加,00001,100", "使用年限调整,00001,6年0月", "累计折旧调整,00001,130"})
-      for (int i = 0; i < 2; ++i) csv += change + sql(",desk 4 sheet ", ++number, "\n");
-    writeFile(directory / "sheets.csv", csv);
-    return directory / "sheets.csv";
+      for (int i = 0; i < 2; ++i) csv += change + zelkor::sql(",desk 4 sheet ", ++number, "\n");
+    writeFile(home / "sheets.csv", csv);
+    return home / "sheets.csv";
   }
 };
 
@@ -43,9 +44,11 @@ TEST_F(WorkstationsTest, FourLoseNothing) {
   Desk(context, desks, keep).enterCard(NewCardType::Original);
   engine.flush();
 
-  Program importing(import());
-  Program changing(
-      {"sheets", "import", set.argument("15", "会计4"), sheetsOfTheAdministrator(), "--today", "2020-02-01"});
+  ProgramRun importing(zelkorctlProgram(), import(), home.path());
+  ProgramRun changing(
+      zelkorctlProgram(),
+      {"sheets", "import", set.argument("15", "会计4"), sheetsOfTheAdministrator(), "--today", "2020-02-01"},
+      home.path());
   Told told = runDesks([](RunContext& here, const Workstation::Tell& tell) {
     constexpr ChangeKind kinds[] = {ChangeKind::OriginalValue, ChangeKind::UsageStatus,
                                     ChangeKind::AccumulatedDepr, ChangeKind::UsefulLife,
@@ -65,8 +68,8 @@ TEST_F(WorkstationsTest, FourLoseNothing) {
     }
     desk.tellLongest();
   });
-  EXPECT_EQ(importing.wait(), 0);
-  EXPECT_EQ(changing.wait(), 0);
+  EXPECT_EQ(importing.finish().status, 0);
+  EXPECT_EQ(changing.finish().status, 0);
   told.take(shared);
   EXPECT_EQ(told.unsaved, Lines{});
   const Lines imported = importedCards();
@@ -88,16 +91,17 @@ class LongMonthTest : public WorkstationsFixture {
 
 // The cards of before the month are computed as if nobody else worked; what others enter meanwhile stays.
 TEST_F(LongMonthTest, IsComputedWhileOthersEnterCards) {
-  ASSERT_EQ(runProgram(import()), 0);
+  done(import());
   const Lines month = run("8");
   const Lines computed = computedBy(month);
-  Program computing(month);
+  ProgramRun computing(zelkorctlProgram(), month, home.path());
   const Told told = runDesks([](RunContext& here, const Workstation::Tell& tell) {
     Desk desk(here, deskOf(here), tell);
     for (int i = 0; i < rounds; ++i) desk.enterCard(NewCardType::AddedInPeriod);
     desk.tellLongest();
   });
-  EXPECT_EQ(computing.wait(), 0) << computing.errors();
+  const ProgramResult finished = computing.finish();
+  EXPECT_EQ(finished.status, 0) << finished.errors;
   EXPECT_EQ(told.unsaved, Lines{});
   EXPECT_EQ(told.cards.size(), static_cast<std::size_t>(desks * rounds));
   const Lines all = content();
@@ -159,13 +163,13 @@ constexpr const char* tableGone = "unsaved|3376";
 // The list is put together in one table of the data file, which each who looks at it makes anew: at once they
 // get in each other's way, and the program that meets that ends with the engine's error.
 TEST_F(WorkstationsTest, DepreciationListsAtOnceDisturbEachOtherOnly) {
-  ASSERT_EQ(runProgram(import()), 0);
+  done(import());
   const Told told = runDesks([](RunContext& here, const Workstation::Tell& tell) {
     for (int i = 0; i < rounds; ++i) {
       try {
         depreciationList(here);
       } catch (const RuntimeError& error) {
-        tell(sql("unsaved|", error.number()));
+        tell(zelkor::sql("unsaved|", error.number()));
       }
     }
   });

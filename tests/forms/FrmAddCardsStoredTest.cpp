@@ -41,6 +41,7 @@ class FrmAddCardsStoredTest : public CardEditorTest {
 
 TEST_F(FrmAddCardsStoredTest, showsAVersion) {
   FrmAddCards& form = openStored("3");
+  keepPicture(form, "FrmAddCards-stored");
   EXPECT_EQ(shown(form, {1, 4, 8, 13, 17, 31}), "00001|车床|二车间|工作量法|900.00|12.5");
   EXPECT_EQ(enabledKeys(form), "编辑 修改 删除 退出 ");
   EXPECT_FALSE(editor(form).isVisible());

@@ -16,6 +16,7 @@ class FrmAddCardsTest : public CardEditorTest {
 
 TEST_F(FrmAddCardsTest, entersACardAndBeginsTheNext) {
   FrmAddCards& form = openNew("021");
+  keepPicture(form, "FrmAddCards-new");
   EXPECT_EQ(shown(form, {1, 2, 3}), "00001|2020-05-15|02100001");
   fillCard(form, "车床", "12000.50");
   enter(form, 18, "5");
@@ -37,6 +38,7 @@ TEST_F(FrmAddCardsTest, entersANewAssetByWorkload) {
   enter(form, 28, "9600");
   enter(form, 14, "2020-5-6");
   enter(form, 17, "86500");
+  keepPicture(form, "FrmAddCards-workload");
   EXPECT_EQ(shown(form, 21), "9.00591145833333") << "(86500 - 43.25) / 9600";
   saveAndExpectSuccess(form);
   EXPECT_EQ(row("select iNewType,sDeprMethodID,dblPerDepr,dblCanWork from fa_Cards"),

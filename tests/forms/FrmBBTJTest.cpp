@@ -48,6 +48,7 @@ TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
   for (const ReportKind& kind : reportKinds()) {
     SCOPED_TRACE(kind.name);
     FrmBBTJ& form = open(std::string(kind.name));
+    keepPicture(form, "FrmBBTJ-" + std::to_string(numberOf(kind.page)));
     EXPECT_EQ(form.windowTitle().toStdString(), "条件 - [" + std::string(kind.name) + "]");
     for (std::size_t page = 0; page < conditionPages.size(); ++page) {
       const auto& panel = control<QWidget>(form, numbered("Picture1", page).c_str());

@@ -34,7 +34,8 @@ class FrmBBTest : public FormTest {
 };
 
 TEST_F(FrmBBTest, offersTwentyReportsInFiveFolders) {
-  const FrmBB& form = open();
+  FrmBB& form = open();
+  keepPicture(form, "FrmBB");
   const Lines nodes = nodesOf(form, "TreeView1");
   EXPECT_EQ(nodes.size(), 26u);
   Lines folders = nodes;

@@ -1,5 +1,6 @@
 #include "forms/VoucherForms.h"
 #include "vouchers/FrmEditPZType.h"
+#include "vouchers/FrmSetPZType.h"
 
 namespace zelkor::test {
 namespace {
@@ -44,7 +45,8 @@ TEST_F(FrmEditPZTypeTest, keepsAWrongSignOrNameInItsCell) {
     const char* text;
     const char* message;
   } cases[] = {{kSign, " ", "凭证类别字不能为空！"}, {kName, "收款凭证", "类别名称不能重复！"}};
-  const FrmEditPZType& form = open();
+  FrmEditPZType& form = open();
+  keepPicture(form, "FrmEditPZType");
   EXPECT_THAT(list(form), ElementsAre(kPlain, kLimited));
   for (const auto& c : cases) {
     refuses(c.message);
@@ -73,18 +75,6 @@ TEST_F(FrmEditPZTypeTest, storesARowThatIsLeft) {
   press(form, "退出");
   EXPECT_FALSE(form.isVisible());
   EXPECT_EQ(stored()[1], "收|2|收款凭证|1") << "a change in the current row is lost";
-}
-
-TEST_F(FrmEditPZTypeTest, storesTwoLimitsUnderOtherNames) {
-  const FrmEditPZType& form = open();
-  chooseLimit(form, 2, "凭证必有");
-  table(form).selectGridRow(1);
-  EXPECT_EQ(stored()[1], "收|2|收款凭证|3");
-  const FrmEditPZType& again = open();
-  EXPECT_EQ(list(again)[1], "收|收款凭证|凭证必无|1001");
-  chooseLimit(again, 2, "凭证必无");
-  table(again).selectGridRow(1);
-  EXPECT_EQ(list(open())[1], "收|收款凭证|无限制|1001") << "choosing what stands there stores it too";
 }
 
 TEST_F(FrmEditPZTypeTest, wantsSubjectsForALimit) {
@@ -145,6 +135,26 @@ TEST_F(FrmEditPZTypeTest, changesPlaces) {
   click(form, "CmdSort0");
   click(form, "CmdSort1");
   EXPECT_THAT(stored(), ElementsAre("记|1|记账凭证|0", "收|2|收款凭证|1"));
+}
+
+TEST_F(FrmEditPZTypeTest, aSetAddsItsTypesToWhatIsThere) {
+  execute("delete from dsign");
+  const auto signsAfter = [this](const char* option, const char* button) {
+    auto& form = host.show<FrmSetPZType>(types);
+    keepPicture(form, "FrmSetPZType");
+    click(form, option);
+    click(form, button);
+    EXPECT_FALSE(form.isVisible());
+    std::string signs;
+    for (const std::string& sign : rows("select csign from dsign order by I_ID")) signs += sign;
+    return signs;
+  };
+  EXPECT_EQ(signsAfter("OptType1", "cmdCancel"), "");
+  EXPECT_EQ(signsAfter("OptType1", "cmdOK"), "收付转");
+  EXPECT_EQ(signsAfter("OptType2", "cmdOK"), "收付转现银转");
+  for (const char* withoutRows : {"OptType3", "OptType4"})
+    EXPECT_EQ(signsAfter(withoutRows, "cmdOK"), "收付转现银转");
+  EXPECT_EQ(signsAfter("OptType0", "cmdOK"), "收付转现银转记");
 }
 
 }  // namespace

@@ -18,9 +18,13 @@ class FrmInitTest : public FormTest {
   FrmInitTest() { setParameter("dStartDate", ""); }
 
   FrmInit& open() { return host.show<FrmInit>(); }
-  static void goTo(const QWidget& form, int step) {
+  static void goTo(QWidget& form, int step) {
     click(form, "OptionYes");
-    for (int i = 1; i < step; ++i) click(form, "CmdNext");
+    for (int i = 1; i < step; ++i) {
+      keepPicture(form, "FrmInit-" + std::to_string(i));
+      click(form, "CmdNext");
+    }
+    keepPicture(form, "FrmInit-" + std::to_string(step));
   }
   static int step(const QWidget& form) { return control<QStackedWidget>(form, "Pages").currentIndex() + 1; }
   Lines parameters() {
@@ -138,7 +142,7 @@ TEST_F(FrmInitTest, refusesToEndWithoutRightSubjects) {
 }
 
 TEST_F(FrmInitTest, writesTheChoicesAndEnds) {
-  const FrmInit& form = open();
+  FrmInit& form = open();
   choose(form, "ComboZTQYYF", "2020.06");
   choose(form, "ComboZJFF", "年数总和法");
   choose(form, "ComboHZFPZQ", "3");
@@ -171,7 +175,7 @@ TEST_F(FrmInitTest, leavesWhatIsSwitchedOffAlone) {
                            "bAllowUnequality",     "sFixedAssetsSubjectNum", "sFixedAssetsSubjectName",
                            "sDeprTotalSubjectNum", "sDeprTotalSubjectName"};
   for (const std::string& name : untouched) setParameter(name, "kept");
-  const FrmInit& form = open();
+  FrmInit& form = open();
   choose(form, "ComboZJFF", "工作量法");
   choose(form, "ComboHZFPZQ", "12");
   asks(kOffQuestion, Answer::Yes);

@@ -20,30 +20,31 @@ class FrmXUANXIANGTest : public FormTest {
 };
 
 TEST_F(FrmXUANXIANGTest, showsWhatIsStored) {
-  const std::pair<const char*, const char*> parameters[] = {
-      {"dStartDate", "2020-01-01"},
-      {"dWritableDate", "2004-4-1"},
-      {"bAutoZW", "true"},
-      {"sFixedAssetsSubjectNum", "1501"},
-      {"sDefaultAssetSubjectNum", ""},
-      {"sDeprMethodNum", "4"},
-      {"iDeprSendPeriod", "6"},
-      {"iCardNumAutoType", "0"},
-      {"sTypeNumType", "3322"},
-      {"iYearsToDel", "120"},
-      {"iCardSequenceNumLength", "12"},
-      {"bAddSuccession", "no"},
-  };
+  const std::pair<const char*, const char*> parameters[] = {{"dStartDate", "2020-01-01"},
+                                                            {"dWritableDate", "2004-4-1"},
+                                                            {"bAutoZW", "true"},
+                                                            {"sFixedAssetsSubjectNum", "1501"},
+                                                            {"sDefaultAssetSubjectNum", ""},
+                                                            {"sDeprMethodNum", "4"},
+                                                            {"iDeprSendPeriod", "6"},
+                                                            {"iCardNumAutoType", "0"},
+                                                            {"sTypeNumType", "3322"},
+                                                            {"iYearsToDel", "120"},
+                                                            {"iCardSequenceNumLength", "12"},
+                                                            {"bAddSuccession", "no"}};
   for (const auto& [name, value] : parameters) setParameter(name, value);
   execute("update AccInformation set cValue=Null where cSysID='FA' and cName='sDefaultDeprTotalSubjectNum'");
-  const FrmXUANXIANG& form = open();
+  FrmXUANXIANG& form = open();
+  for (int page = 0; page < control<QTabWidget>(form, "SSTab1").count(); ++page) {
+    control<QTabWidget>(form, "SSTab1").setCurrentIndex(page);
+    keepPicture(form, "FrmXUANXIANG-" + std::to_string(page + 1));
+  }
   const std::pair<const char*, const char*> texts[] = {
       {"LblZTH", "001"},      {"LblZTMC", "示例账套"},  {"LblZGXM", "郑丽华"},
       {"LblQYYF", "2020.01"}, {"Lblzjfpyf", "2004.4-"}, {"TxtGDZCDZKM", "1501,固定资产"},
       {"TxtQSGDZC", ","},     {"TxtQDLJZJ", ""},        {"TxtBMCD1", "3"},
       {"LblBMZCD", "10"},     {"TxtSCSX", "120"},       {"TxtXHCD", "12"},
-      {"LblJTZJ", "是"},
-  };
+      {"LblJTZJ", "是"}};
   for (const auto& [name, text] : texts) EXPECT_EQ(textOf(form, name), text) << name;
   EXPECT_EQ(control<QComboBox>(form, "ComboZJFF").currentText(), "工作量法");
   EXPECT_EQ(control<QComboBox>(form, "ComboHZFPZQ").currentText(), "6");

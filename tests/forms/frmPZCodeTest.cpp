@@ -40,8 +40,9 @@ TEST_F(frmPZCodeTest, hangsSubjectsBelowTheirClasses) {
 }
 
 TEST_F(frmPZCodeTest, showsTheFlagsOfASubjectAndFiltersByThem) {
-  const frmPZCode& form = open();
+  frmPZCode& form = open();
   selectNode(form, "TvCode", "100201 工行存款");
+  keepPicture(form, "frmPZCode");
   EXPECT_EQ(ticked(form), "0000100011");
   click(form, "ChkFilter0");
   auto& tree = control<QTreeWidget>(form, "TvCode");
@@ -113,6 +114,7 @@ TEST_F(frmPZCodeTest, theOtherPickerPicksFromTheDatabaseThatItIsGiven) {
   EXPECT_TRUE(nodesOf(form, "TvCode").empty());
   form.setZKDatabase(db());
   selectNode(form, "TvCode", "1501 固定资产");
+  keepPicture(form, "frmPZCode1");
   sendKey(control<QTreeWidget>(form, "TvCode"), Qt::Key_Return);
   EXPECT_EQ(form.AccountCode() + "," + form.AccountContent(), "1501,固定资产");
   EXPECT_EQ(context.pickedSubject.code, "1502") << "the answer of the first picker is left alone";

@@ -101,6 +101,7 @@ TEST_F(frmPZDigestTest, givesTheDigestThatIsTakenOver) {
     press(form, "CmdArray7");
     EXPECT_TRUE(form.isVisible()) << "no row yet";
     clickCell(list(form), 2, 1);
+    keepPicture(form, "frmPZDigest");
     press(form, "CmdArray7");
   });
   const auto digest = pickDigest(host);

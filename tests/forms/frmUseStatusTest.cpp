@@ -22,7 +22,8 @@ class frmUseStatusTest : public FormTest {
 };
 
 TEST_F(frmUseStatusTest, showsTreeListAndRecord) {
-  const frmUseStatus& form = open();
+  frmUseStatus& form = open();
+  keepPicture(form, "frmUseStatus-list");
   Lines nodes = nodesOf(form, "TreeView1");
   EXPECT_EQ(nodes.size(), 10u);
   nodes.resize(3);
@@ -37,9 +38,10 @@ TEST_F(frmUseStatusTest, showsTreeListAndRecord) {
 }
 
 TEST_F(frmUseStatusTest, numbersANewStatusBehindTheLastOne) {
-  const frmUseStatus& form = open();
+  frmUseStatus& form = open();
   selectNode(form, "TreeView1", "使用中");
   press(form, "tlAdd");
+  keepPicture(form, "frmUseStatus-add");
   EXPECT_EQ(textOf(form, "Text1"), "使用中");
   type(form, "Text2", "  ");
   tells("名称不能为空！");

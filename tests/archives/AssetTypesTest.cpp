@@ -54,12 +54,10 @@ TEST_F(AssetTypesTest, offersEveryArchiveUnderTheSameNames) {
   const struct {
     ArchiveKind kind;
     const char* first;
-  } cases[] = {
-      {ArchiveKind::Departments, "固定资产部门编码目录|&|&|"},
-      {ArchiveKind::Origins, "增减方式|0|0|"},
-      {ArchiveKind::Statuses, "使用状况|0|0|"},
-      {ArchiveKind::Methods, "不提折旧|1|1|"},
-  };
+  } cases[] = {{ArchiveKind::Departments, "固定资产部门编码目录|&|&|"},
+               {ArchiveKind::Origins, "增减方式|0|0|"},
+               {ArchiveKind::Statuses, "使用状况|0|0|"},
+               {ArchiveKind::Methods, "不提折旧|1|1|"}};
   for (const auto& c : cases) {
     const Recordset entries = types.GetOtherTypes(c.kind);
     ASSERT_TRUE(entries.isOpen());

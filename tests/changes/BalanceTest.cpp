@@ -93,14 +93,12 @@ TEST_F(BalanceTest, AnIncompleteOrEmptyChangeIsRefused) {
     std::string BalanceSheet::*field;
     const char* value;
     const char* message;
-  } cases[] = {
-      {&BalanceSheet::number, "", "数据填写不完整!"},
-      {&BalanceSheet::date, "", "数据填写不完整!"},
-      {&BalanceSheet::cardNum, "", "数据填写不完整!"},
-      {&BalanceSheet::methodAfter, "", "数据填写不完整!"},
-      {&BalanceSheet::reason, "", "数据填写不完整!"},
-      {&BalanceSheet::methodAfter, "平均年限法(一)", "变动后内容不应和变动前内容相同"},
-  };
+  } cases[] = {{&BalanceSheet::number, "", "数据填写不完整!"},
+               {&BalanceSheet::date, "", "数据填写不完整!"},
+               {&BalanceSheet::cardNum, "", "数据填写不完整!"},
+               {&BalanceSheet::methodAfter, "", "数据填写不完整!"},
+               {&BalanceSheet::reason, "", "数据填写不完整!"},
+               {&BalanceSheet::methodAfter, "平均年限法(一)", "变动后内容不应和变动前内容相同"}};
   for (const auto& c : cases) {
     BalanceSheet sheet = goodSheet();
     sheet.*c.field = c.value;

@@ -165,8 +165,7 @@ TEST_F(SheetFrameTest, TheMostRecentSheetIsShown) {
       {ChangeKind::UsageStatus, {"00007", "00002", "车床", "在用", "未使用", "盘点", "2020-05-15", "陈会计"}},
       {ChangeKind::AccumulatedDepr, {"00008", "00002", "车床", "95", "120", "盘点", "2020-05-15", "陈会计"}},
       {ChangeKind::UsefulLife,
-       {"00009", "00002", "车床", "5年0月", "6年0月", "盘点", "2020-05-15", "陈会计"}},
-  };
+       {"00009", "00002", "车床", "5年0月", "6年0月", "盘点", "2020-05-15", "陈会计"}}};
   for (const auto& [kind, shown] : cases) {
     const ChangeSheet sheet = sheets(kind).mostRecent().value();
     EXPECT_EQ(Lines({sheet.number, sheet.cardNum, sheet.assetName, sheet.before.text, sheet.after.text,

@@ -27,15 +27,13 @@ TEST_F(SheetTest, AnIncreaseCarriesTheResidualValueAlong) {
   const struct {
     const char* increase;
     Lines shown;  // value after, residual value after, its increase
-  } cases[] = {
-      {"200", {"1200.00", "60.00", "10.00"}},
-      {"-400.005", {"600.00", "30.00", "-20.00"}},
-      {"", {"1000.00", "50.00", "0.00"}},
-      {"1,000", {"2000.00", "100.00", "50.00"}},
-      {"0.001", {"1000.00", "50.00", "0.00"}},
-      {"二百", {"", "", ""}},
-      {"1e999", {"", "", ""}},
-  };
+  } cases[] = {{"200", {"1200.00", "60.00", "10.00"}},
+               {"-400.005", {"600.00", "30.00", "-20.00"}},
+               {"", {"1000.00", "50.00", "0.00"}},
+               {"1,000", {"2000.00", "100.00", "50.00"}},
+               {"0.001", {"1000.00", "50.00", "0.00"}},
+               {"二百", {"", "", ""}},
+               {"1e999", {"", "", ""}}};
   ChangeSheets increases = sheets(ChangeKind::OriginalValue);
   ChangeSheet sheet = sheetFor(increases);
   for (const auto& c : cases) {
@@ -69,12 +67,10 @@ TEST_F(SheetTest, AnIncreaseIsRefusedOrFails) {
     const char* increase;
     const char* reason;
     const char* message;
-  } cases[] = {
-      {"", "盘点", "未增加原值！"},
-      {"0.00", "盘点", "未增加原值！"},
-      {"", "", "未增加原值！"},
-      {"1", "", "变动原因不能为空！"},
-  };
+  } cases[] = {{"", "盘点", "未增加原值！"},
+               {"0.00", "盘点", "未增加原值！"},
+               {"", "", "未增加原值！"},
+               {"1", "", "变动原因不能为空！"}};
   ChangeSheets increases = sheets(ChangeKind::OriginalValue);
   ChangeSheet sheet = sheetFor(increases);
   const Snapshot before = snapshotOf(db());
@@ -223,11 +219,9 @@ TEST_F(SheetTest, LivesAreReadOrNot) {
     const char* text;
     int error;
     int months;
-  } cases[] = {
-      {"6年0月", 0, 72},   {"0年7月", 0, 7},   {"5.5年0月", 0, 66}, {"2730年7月", 0, 32767},
-      {"2730年8月", 6, 0}, {"72", 5, 0},       {"6年", 5, 0},       {"6月", 5, 0},
-      {"0月6年", 5, 0},    {"六年0月", 13, 0}, {"6年月", 13, 0},    {"", 5, 0},
-  };
+  } cases[] = {{"6年0月", 0, 72},   {"0年7月", 0, 7},   {"5.5年0月", 0, 66}, {"2730年7月", 0, 32767},
+               {"2730年8月", 6, 0}, {"72", 5, 0},       {"6年", 5, 0},       {"6月", 5, 0},
+               {"0月6年", 5, 0},    {"六年0月", 13, 0}, {"6年月", 13, 0},    {"", 5, 0}};
   for (const auto& c : cases) {
     int months = 0;
     EXPECT_EQ(errorOf([&] { months = monthsOnSheet(c.text); }), c.error) << c.text;

@@ -2,6 +2,7 @@
 #include <map>
 
 #include "MonthEndFixture.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -17,43 +18,8 @@ TEST_F(BackInfoTest, CopiesEveryTableRowByRow) {
   execute("insert into fa_ItemsManual (sCardNum) values ('00001')");
   execute("insert into fa_ZWVouchers (coutno_id,md) values ('01',12.25)");
   std::map<std::string, Lines> wanted;
-  const std::string listed[] = {"AccInformation",
-                                "fa_AssetAttached",
-                                "fa_AssetTypes",
-                                "fa_Depreciations",
-                                "fa_Origins",
-                                "fa_Status",
-                                "fa_Items",
-                                "fa_ItemsManual",
-                                "fa_ItemsOfQuery",
-                                "fa_ItemsOfModel",
-                                "fa_Models",
-                                "fa_Cards",
-                                "fa_DeptScale",
-                                "fa_Cards_Detail",
-                                "fa_DeprTransactions_Detail",
-                                "fa_WorkLoad_Detail",
-                                "fa_Vouchers_Detail",
-                                "fa_EvaluateVouchers_Detail",
-                                "fa_CardsSheets",
-                                "fa_Control",
-                                "fa_DeprList",
-                                "fa_DeprTransactions",
-                                "fa_DeprVoucherMain",
-                                "fa_DeprVouchers",
-                                "fa_DeprVouchers_pre",
-                                "fa_Dictionary",
-                                "fa_EvaluateMain",
-                                "fa_EvaluateVouchers",
-                                "fa_ZWVouchers",
-                                "fa_Objects",
-                                "fa_QueryFilters",
-                                "fa_Querys",
-                                "fa_Total",
-                                "fa_Vouchers",
-                                "fa_WorkLoad",
-                                "fa_JKSet",
-                                "fa_JKItemSet"};
+  Lines listed;
+  for (const auto& table : casesIn("closing/backups.txt")) listed.push_back(table[0]);
   for (const std::string& table : listed) {
     if (count(table) == "0") {
       Recordset empty = db().OpenRecordset(table);

@@ -1,41 +1,29 @@
 #include "MonthEndFixture.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
 
 TEST_F(MonthEndTest, CarriesALedgerIntoTheNextMonthsColumns) {
-  struct Case {
-    int month;
-    Lines ledger;
-    Lines departments;
-  };
-  const Case cases[] = {
-      {1,
-       {"dblDeprT2: 0 > 100.25", "dblMonthDeprTotal: 95 > 33.5", "dblMonthValue: 0 > 900.75",
-        "lDeprMonths1: 0 > 8", "lDeprMonths2: 0 > 8", "lUsedMonths1: 0 > 8", "lUsedMonths2: 0 > 8"},
-       {"dblDeprT2: 0 > 33.5", "dblMonthValue2: 1000 > 777"}},
-      {6,
-       {"dblDeprT7: 0 > 100.25", "dblMonthDeprTotal: 95 > 33.5", "dblMonthValue: 0 > 900.75",
-        "lDeprMonths6: 0 > 8", "lDeprMonths7: 0 > 8", "lUsedMonths6: 0 > 8", "lUsedMonths7: 0 > 8"},
-       {"dblDeprT7: 0 > 33.5", "dblMonthValue7: 1000 > 777"}},
-      {12,
-       {"dblDeprT13: 0 > 100.25", "dblMonthDeprTotal: 95 > 33.5", "dblMonthValue: 0 > 900.75",
-        "lDeprMonths12: 0 > 8", "lDeprMonths13: 0 > 8", "lUsedMonths12: 0 > 8", "lUsedMonths13: 0 > 8"},
-       {"dblDeprT13: 0 > 33.5", "dblMonthValue13: 1000 > 777"}},
-  };
-  for (const Case& c : cases) {
-    setDate(c.month);
-    const std::string num = sql("0000", c.month);
+  for (const int month : {1, 6, 12}) {
+    setDate(month);
+    const std::string num = sql("0000", month);
     enter(num);
     execute(sql("update fa_Cards set lUsedMonths=7 where sCardNum='", num, "'"));
-    execute(sql("update fa_DeprTransactions set dblPeriodValue=900.75,dblDeprT", c.month,
+    execute(sql("update fa_DeprTransactions set dblPeriodValue=900.75,dblDeprT", month,
                 "=100.25 where sCardNum='", num, "'"));
-    execute(sql("update fa_DeprTransactions_Detail set dblDeprT", c.month, "=33.5,dblMonthValue", c.month,
+    execute(sql("update fa_DeprTransactions_Detail set dblDeprT", month, "=33.5,dblMonthValue", month,
                 "=777 where sCardNum='", num, "'"));
     const auto before = std::pair(ledger(num), departmentLedger(num));
     closeWell();
-    EXPECT_EQ(changes(before.first, ledger(num)), c.ledger) << c.month;
-    EXPECT_EQ(changes(before.second, departmentLedger(num)), c.departments) << c.month;
+    const int next = month + 1;
+    const Lines carried{sql("dblDeprT", next, ": 0 > 100.25"), "dblMonthDeprTotal: 95 > 33.5",
+                        "dblMonthValue: 0 > 900.75",           sql("lDeprMonths", month, ": 0 > 8"),
+                        sql("lDeprMonths", next, ": 0 > 8"),   sql("lUsedMonths", month, ": 0 > 8"),
+                        sql("lUsedMonths", next, ": 0 > 8")};
+    EXPECT_EQ(changes(before.first, ledger(num)), carried);
+    EXPECT_EQ(changes(before.second, departmentLedger(num)),
+              (Lines{sql("dblDeprT", next, ": 0 > 33.5"), sql("dblMonthValue", next, ": 1000 > 777")}));
     execute("delete * from fa_Cards");
   }
 }
@@ -104,32 +92,8 @@ TEST_F(MonthEndTest, RollsTheTotalsIntoPeriodSix) {
   ASSERT_TRUE(close());
   EXPECT_EQ(count("fa_Total"), "3");
   const RowByColumn opened = columns("select * from fa_Total where iPeriod=6");
-  const RowByColumn wanted = {
-      {"sDeptNum", "301"},
-      {"sTypeNum", "021"},
-      {"iPeriod", "6"},
-      {"lCount", "12"},
-      {"lMonthCount", "12"},
-      {"dblValue", "1000.5"},
-      {"dblDeprTotal", "200.25"},
-      {"dblMonthValue", "1000.5"},
-      {"dblMonthDeprTotal", "200.25"},
-      {"dblYearValue", "800"},
-      {"dblYearDeprTotal", "100"},
-      {"dblLastAccrualValue", "11"},
-      {"dblLastDepr", "12"},
-      {"dblLastAddValue", "13"},
-      {"dblLastDecValue", "14"},
-      {"dblLastWork", "15"},
-      {"dblLastWorkTotal", "16"},
-      {"dblWorkT", "16"},
-      {"dblAccrualValue", "~"},
-      {"dblDepr", "~"},
-      {"dblAddValue", "~"},
-      {"dblDecValue", "~"},
-      {"dblWork", "~"},
-      {"dblTransOutDeprTotal", "~"},
-  };
+  RowByColumn wanted;
+  for (const auto& column : casesIn("closing/opened-total.txt")) wanted[column[0]] = column[1];
   EXPECT_EQ(changes(wanted, opened), Lines{});
   EXPECT_EQ(opened.size(), wanted.size());
 }
@@ -150,51 +114,8 @@ TEST_F(MonthEndTest, PutsTheOptionsBack) {
   execute("update AccInformation set cValue='x' where cSysID='FA'");
   execute("insert into AccInformation (cSysID,cName,cValue) values ('GL','iYearsToDel','x')");
   closeWell();
-  const RowByColumn wanted = {
-      {"dWritableDate", "2020-6-1"},
-      {"bNeedDepr", "True"},
-      {"iAgentAct", "1"},
-      {"iCardNumType", "1"},
-      {"iLastPeriod", "6"},
-      {"sDeprMethodNum", "2"},
-      {"bAutoZW", "True"},
-      {"bAllowUnequality", "True"},
-      {"bWriteZWBeforeEnd", "True"},
-      {"iYearsToDel", "5"},
-      {"sTypeNumType", "2112"},
-      {"iMaxTypeLevelExist", "0"},
-      {"iMaxTypeLevelExistCount", "0"},
-      {"iCardSequenceNumLength", "5"},
-      {"bShowStandardToolbar", "False"},
-      {"bShowEditToolbar", "False"},
-      {"bShowFormatToolbar", "False"},
-      {"bShowToolbarCaption", "True"},
-      {"bShowStatusbar", "True"},
-      {"bShowQuickInfo", "False"},
-      {"bShowDesktop", "True"},
-      {"iNetRetryTime", "3"},
-      {"bShowToolbarStandardWin", "False"},
-      {"bShowToolbarEditWin", "False"},
-      {"bShowToolbarFormatWin", "False"},
-      {"bAddSuccession", "True"},
-      {"bAutoDspTermTable", "False"},
-      {"bCardFormatCurrency", "False"},
-      {"sDefaultAssetSubjectNum", ""},
-      {"sDefaultAssetSubjectName", ""},
-      {"sDefaultDeprTotalSubjectNum", ""},
-      {"sDefaultDeprTotalSubjectName", ""},
-      {"bSendToZWAfterChange", "False"},
-      {"iReportBackIndex", "1"},
-      {"lPaperSize", "9"},
-      {"iPaperDirection", "1"},
-      {"lPaperTop", "1000"},
-      {"lPaperBottom", "1000"},
-      {"lPaperLeft", "500"},
-      {"lPaperRight", "500"},
-      {"lTablesSpace", "100"},
-      {"lPaperWidth", "11904"},
-      {"lPaperHeight", "16832"},
-  };
+  RowByColumn wanted;
+  for (const auto& option : casesIn("closing/options.txt")) wanted[option[0]] = option[1];
   RowByColumn written;
   for (const std::string& line :
        rows("select cName,cValue from AccInformation where cSysID='FA' and cValue<>'x'")) {

@@ -1,5 +1,7 @@
 #include "depreciation/CalcCardDepr.h"
+#include "depreciation/MonthlyDepr.h"
 #include "DepreciationFixture.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -82,6 +84,32 @@ TEST_F(CalcCardDeprTest, breaksOnAQuoteInAName) {
   add({.cardNum = "00001"});
   EXPECT_EQ(errorOf([&] { CalcCardDepr(context, "00001"); }), 3134);
   EXPECT_EQ(ledger("00001", "dblDepr5,dblDeprThisYear"), "790|790") << "what went before stays";
+}
+
+Value numberOf(const std::string& text) {
+  return text == "~" ? Value() : Value(std::stod(text));
+}
+Value monthsOf(const std::string& text) {
+  return text == "~" ? Value() : Value(std::stoi(text));
+}
+
+TEST(MonthlyDepr, FollowsTheMethodAndRaisesWhatTheArithmeticRaises) {
+  for (const auto& one : casesIn("depreciation/monthly-depreciation.txt")) {
+    const DeprBasis card{one[2] == "~" ? Value() : Value(one[2]),
+                         monthsOf(one[3]),
+                         monthsOf(one[4]),
+                         numberOf(one[5]),
+                         numberOf(one[6]),
+                         numberOf(one[7])};
+    MonthlyDepr depr;
+    const int error = errorOf([&] { depr = monthlyDepr(card); });
+    if (one[0] == "error") {
+      EXPECT_EQ(std::to_string(error), one[1]) << one[8];
+      continue;
+    }
+    EXPECT_EQ(error, 0) << one[8];
+    EXPECT_EQ(depr.rate.toText() + " " + depr.amount.toText(), one[0] + " " + one[1]) << one[8];
+  }
 }
 
 }  // namespace

@@ -57,12 +57,10 @@ TEST_F(ChangedCardsTest, ASheetBehindTheRunChangesNothingUntilTheNext) {
   const struct {
     ChangeKind kind;
     const char* after;
-  } cases[] = {
-      {ChangeKind::OriginalValue, "948|1448 301|021|948"},  // 120000 at 0.0079
-      {ChangeKind::UsageStatus, unchanged},
-      {ChangeKind::UsefulLife, "1580|2080 301|021|1580"},  // 0.0158
-      {ChangeKind::Transfer, "790|1290 302|021|790"},
-  };
+  } cases[] = {{ChangeKind::OriginalValue, "948|1448 301|021|948"},  // 120000 at 0.0079
+               {ChangeKind::UsageStatus, unchanged},
+               {ChangeKind::UsefulLife, "1580|2080 301|021|1580"},  // 0.0158
+               {ChangeKind::Transfer, "790|1290 302|021|790"}};
   for (const auto& c : cases) {
     execute("delete from fa_Cards where sCardID<>'1'");
     execute("delete from fa_Vouchers");

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "startup/Arguments.h"
+#include "startup/Strings.h"
+#include "support/Golden.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Support.h"
 
@@ -56,33 +58,15 @@ TEST_F(ArgumentsTest, AComposedStringIsReadAsItsFields) {
   }
 }
 
-struct FailingCase {
-  const char* arguments;
-  int error;
-  const char* named;  // what the report must name
-};
-
 TEST_F(ArgumentsTest, GlobalsAreConvertedWithoutGuard) {
-  const FailingCase cases[] = {
-      {"", 13, "第4个参数"},
-      {"d,u", 13, "第4个参数"},
-      {"d,u,2020-1-1", 13, "第4个参数"},
-      {"d,u,2020-1-1,,s,1", 13, "第4个参数"},
-      {"d,u,2020-1-1,four,s,1", 13, "“four”"},
-      {"d,u,2020-1-1,32768,s,1", 6, "“32768”"},
-      {"d,u,2020-1-1,-32769,s,1", 6, "“-32769”"},
-      {"d,u,,4,s,1", 13, "第3个参数"},
-      {"d,u,2020-2-30,4,s,1", 13, "“2020-2-30”"},
-      {"d,u,soon,4,s,1", 13, "“soon”"},
-      {"d,u,soon,four,s,1", 13, "第4个参数"},  // the run type is converted first
-  };
-  for (const FailingCase& c : cases) {
+  for (const auto& one : casesIn("startup/bad-arguments.txt")) {
+    const std::string &number = one[0], &named = one[1], &arguments = one[2];
     try {
-      ReadCommandArgs(context, c.arguments);
-      ADD_FAILURE() << "no error: " << c.arguments;
+      ReadCommandArgs(context, arguments);
+      ADD_FAILURE() << "no error: " << arguments;
     } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.number(), c.error) << c.arguments;
-      EXPECT_NE(std::string(error.what()).find(c.named), std::string::npos) << error.what();
+      EXPECT_EQ(std::to_string(error.number()), number) << arguments;
+      EXPECT_NE(std::string(error.what()).find(named), std::string::npos) << error.what();
     }
   }
 }
@@ -113,6 +97,46 @@ TEST_F(ArgumentsTest, ParseArgsEndsSilentlyOrFailsWhenFieldsAreMissing) {
   EXPECT_THROW(ParseArgs(context, "d,u,2020-1-1"), EndProgram);
   EXPECT_EQ(errorOf([&] { ParseArgs(context, "d,u,2020-1-1,4"); }), 9);
   EXPECT_EQ(errorOf([&] { ParseArgs(context, "d,u,2020-1-1,4,s"); }), 9);
+}
+
+using Fields = std::vector<std::string>;
+
+TEST(SplitString, CountsFieldsExactly) {
+  for (const Fields& one : casesIn("startup/split.txt")) {
+    Fields array{"left over"};
+    SplitString(one[0], array, one[1], true);
+    Fields wanted{""};  // the fields stand from index 1 on
+    wanted.insert(wanted.end(), one.begin() + 2, one.end());
+    EXPECT_EQ(array, wanted) << one[0];
+  }
+}
+
+TEST(SplitString, KeepsAnUpperBoundOfAtLeastEightUnlessExact) {
+  Fields array;
+  SplitString("a,b", array, ",", false);
+  EXPECT_EQ(array, (Fields{"", "a", "b", "", "", "", "", "", ""}));
+  SplitString("1,2,3,4,5,6,7,8,9", array, ",", false);
+  EXPECT_EQ(array.size() - 1, 9U);
+  EXPECT_EQ(errorOf([&] { element(array, 10); }), 9);
+}
+
+TEST(ReplaceString, GoesOnBehindTheInsertedText) {
+  for (const Fields& one : casesIn("startup/replace.txt"))
+    EXPECT_EQ(ReplaceString(one[0], one[1], one[2], one[3] == "1" ? 1 : 0), one[4])
+        << one[0] << " / " << one[1];
+}
+
+TEST(ReplaceString, CountsPositionsInSixteenBits) {
+  const auto replaced = [](std::size_t length) {
+    return errorOf([length] { ReplaceString(std::string(length, 'a') + "x", "x", "y", 0); });
+  };
+  EXPECT_EQ(replaced(32'000), 0);
+  EXPECT_EQ(replaced(32'767), 6);
+  // Characters count, not bytes; inserted text counts too.
+  std::string wide;
+  for (int i = 0; i < 20'000; ++i) wide += "账";
+  EXPECT_EQ(ReplaceString(wide + "x", "x", "y", 0), wide + "y");
+  EXPECT_EQ(errorOf([&] { ReplaceString(wide, "账", "账套", 0); }), 6);
 }
 
 }  // namespace

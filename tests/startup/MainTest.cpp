@@ -5,6 +5,7 @@
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
 #include "support/AccountSetFixture.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -56,39 +57,12 @@ class MainTest : public AccountSetTest {
   bool onlyInstance = true;
 };
 
-struct StartCase {
-  const char* runType;
-  std::vector<std::string> started;
-};
-
 TEST_F(MainTest, EveryRunTypeStartsItsJob) {
-  const StartCase cases[] = {
-      {"1", {"FrmXUANXIANG"}},
-      {"2", {"FrmDepartment", "SyncDepartments"}},
-      {"3", {"FrmDepartPzCode"}},
-      {"4", {"FrmFLBMB"}},
-      {"5", {"FrmAddCards"}},
-      {"6", {"FrmAddCards"}},
-      {"7", {"FrmManageCards"}},
-      {"9", {"FrmZJFPB"}},
-      {"10", {"FrmBatBill"}},
-      {"11", {"FrmFABalance"}},
-      {"12", {"FrmQueryPZ"}},
-      {"13", {"frmUseStatus"}},
-      {"14", {"frmAssetsAlteration"}},
-      {"19", {"frmZJQD"}},
-      {"20", {"frmYMJZ"}},
-      {"21", {"ShowReconciliation"}},
-      {"22", {"frmDelZC"}},
-      {"25", {"FrmBB"}},
-      {"26", {}},
-      {"99", {}},
-      {"-1", {}},
-      {"32767", {}},
-  };
-  for (const StartCase& c : cases) {
-    EXPECT_EQ(run(c.runType), std::nullopt) << c.runType;
-    EXPECT_EQ(started, c.started) << c.runType;
+  for (std::vector<std::string> wanted : casesIn("startup/run-types.txt")) {
+    const std::string runType = wanted.front();
+    wanted.erase(wanted.begin());
+    EXPECT_EQ(run(runType), std::nullopt) << runType;
+    EXPECT_EQ(started, wanted) << runType;
   }
   EXPECT_TRUE(context.dbZKData.isOpen());
   EXPECT_TRUE(context.dbZKSystem.isOpen());

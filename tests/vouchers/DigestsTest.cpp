@@ -33,11 +33,9 @@ TEST_F(DigestsTest, refusesANewDigest) {
   const struct {
     Digest digest;
     const char* message;
-  } cases[] = {
-      {{"", "", ""}, "摘要编码必须输入!"},
-      {{"01", "", ""}, "摘要编码不能重复！"},
-      {{"07", "", "9999"}, "摘要内容必须输入！"},
-  };
+  } cases[] = {{{"", "", ""}, "摘要编码必须输入!"},
+               {{"01", "", ""}, "摘要编码不能重复！"},
+               {{"07", "", "9999"}, "摘要内容必须输入！"}};
   for (const auto& c : cases) {
     const auto refusal = digests.add(c.digest);
     ASSERT_TRUE(refusal) << c.message;
@@ -58,11 +56,9 @@ TEST_F(DigestsTest, refusesAChange) {
   const struct {
     Digest digest;
     const char* message;
-  } cases[] = {
-      {{"01", "", "9999"}, "摘要编号不能重复！"},
-      {{"02", "", "9999"}, "摘要内容必须输入！"},
-      {{"02", "转固", "9999"}, "相关科目输入错误！"},
-  };
+  } cases[] = {{{"01", "", "9999"}, "摘要编号不能重复！"},
+               {{"02", "", "9999"}, "摘要内容必须输入！"},
+               {{"02", "转固", "9999"}, "相关科目输入错误！"}};
   for (const auto& c : cases) {
     const auto refusal = digests.UpdateDigest("02", c.digest);
     ASSERT_TRUE(refusal) << c.message;

@@ -1,10 +1,8 @@
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <fstream>
 
 #include "store/engine/Statement.h"
-#include "support/Paths.h"
+#include "support/Golden.h"
 #include "year/BookDump.h"
 #include "year/YearAssets.h"
 
@@ -18,8 +16,6 @@
 // ledger by department holds, and not with that of the month before.
 namespace zelkor::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr const char* kBank = "100202";
 constexpr const char* kAssets = "1501";
@@ -212,16 +208,6 @@ void expectUntouched(YearBooks& books, const std::vector<std::string>& vouchersO
   }
 }
 
-void compare(const std::string& found, int month) {
-  const std::string name = sql("year/golden/2020-", month < 10 ? "0" : "", month, ".golden");
-  const fs::path golden = test::testFolder() / name;
-  if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) {
-    std::ofstream(golden) << found;
-  } else {
-    EXPECT_EQ(found, readFile(golden)) << name;
-  }
-}
-
 /// The backup of a closing holds the tables as they were before it, and no other backup is there.
 class BackupCheck {
  public:
@@ -268,7 +254,8 @@ TEST(WholeYear, TheBooksOfEveryMonthAreAsReckoned) {
     backup.expectKept();
     expectUntouched(books, vouchersOfMonths);
     vouchersOfMonths.push_back(vouchersText(books, books.period()));
-    compare(allBooks(books), books.period());
+    expectGolden(sql("year/golden/2020-", books.period() < 10 ? "0" : "", books.period(), ".golden"),
+                 allBooks(books));
   }
 }
 

@@ -74,7 +74,7 @@ struct JetOptions {
   std::string charset = "GBK";  // into which the texts of Jet 3 are converted
   int codePage = 936;           // which the header tells, whether it is true or not
   std::uint32_t key = 0;        // pages are encoded by it unless it is 0
-  std::string password;         // written down in the header; hides nothing
+  std::string password{};       // written down in the header; hides nothing
 };
 
 namespace jet {

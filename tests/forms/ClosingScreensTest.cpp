@@ -139,15 +139,17 @@ TEST_F(DisposalScreensTest, keepsTheListWhereAWayIsMissing) {
 TEST_F(DisposalScreensTest, stampsTheCardsOfThePlainScreen) {
   frmReduceBLL& form = host.show<frmReduceBLL>();
   FlexGrid& grid = gridOf(form, "mshTable");
-  take(form, "cmdAdd", {1, 2});
-  for (const std::size_t row : {1, 2}) chooseWay(grid, row, "205 报废");
+  take(form, "cmdAdd", {1, 2, 3});
+  for (const std::size_t row : {1, 2, 3}) chooseWay(grid, row, "205 报废");
   enterText(grid, 1, 7, "损坏");
+  enterText(grid, 3, 7, "it's");
   keepPicture(form, "frmReduceBLL");
   dialogs.expectOk("所选卡片已经减少成功！", Icon::Exclamation);
   dialogs.expectOk("00002卡片信息填写不完整！");
   dialogs.expectOk("所选卡片减少失败！", Icon::Exclamation);
   click(form, "cmdOK");
-  EXPECT_EQ(body(form, "mshTable"), Lines{"00002|A2|车床|2020-6-1|报废|||"});
+  EXPECT_EQ(body(form, "mshTable"),
+            (Lines{"00002|A2|车床|2020-6-1|报废|||", "00003|A3|车床|2020-6-1|报废|||it's"}));
   EXPECT_EQ(rows("select sCardNum,sOrgDisposeID,sDisposeReason from fa_Cards where not dDisposeDate is null"),
             Lines{"00001|205|损坏"});
   click(form, "cmdCancel");

@@ -65,7 +65,8 @@ TEST_F(SampleBooksTest, theMonthIsListedAndAllocated) {
   keepPicture(list, "frmZJQD");
   auto& allocation = host.show<FrmZJFPB>();
   keepPicture(allocation, "FrmZJFPB");
-  EXPECT_EQ(columnOf(list, "MSFZJQD", 5).back(), columnOf(allocation, "MSFlexGrid1", 6).back());
+  EXPECT_EQ(columnOf(list, "MSFZJQD", 5).back(), "239252.99") << "added up as shown, card by card";
+  EXPECT_EQ(columnOf(allocation, "MSFlexGrid1", 6).back(), "239253.00");
   ProgressBox box;
   box.showState({"正在计提折旧，请稍候……", 12345, 100000});
   keepPicture(box, "ProgressBox");

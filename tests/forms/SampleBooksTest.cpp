@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "apps/zelkorctl/CardImport.h"
+#include "cards/CardImport.h"
 #include "cards/frmCards.h"
 #include "cards/FrmManageCards.h"
 #include "depreciation/CalcCardDepr.h"

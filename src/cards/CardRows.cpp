@@ -56,15 +56,24 @@ std::vector<SavedColumn> columnsSaved(bool withWorkload) {
   return columns;
 }
 
-const std::vector<SavedColumn>& columnsOfAll() {
-  static const std::vector<SavedColumn> columns = columnsSaved(false);
-  return columns;
+/// Columns with their names as a statement lists them, each after a comma.
+struct ColumnList {
+  explicit ColumnList(std::vector<SavedColumn> saved) : columns(std::move(saved)) {
+    for (const SavedColumn& column : columns) names += sql(",", column.name);
+  }
+  std::vector<SavedColumn> columns;
+  std::string names;
+};
+
+const ColumnList& columnsOfAll() {
+  static const ColumnList list(columnsSaved(false));
+  return list;
 }
 
-const std::vector<SavedColumn>& columnsOfWorkload(CardLayout layout) {
-  static const std::vector<SavedColumn> columns = columnsSaved(true);
-  static const std::vector<SavedColumn> none;
-  return layout == CardLayout::Workload ? columns : none;
+const ColumnList& columnsOfWorkload(CardLayout layout) {
+  static const ColumnList list(columnsSaved(true));
+  static const ColumnList none{{}};
+  return layout == CardLayout::Workload ? list : none;
 }
 
 const std::string& savedText(const CardEntry& card, const SavedColumn& column) {
@@ -74,34 +83,37 @@ const std::string& savedText(const CardEntry& card, const SavedColumn& column) {
   return column.isSecond ? card.subjectName : card.subjectCode;
 }
 
-/// The value of a column as a statement holds it: amounts as they are typed, dates and whole numbers in their
-/// plain form.
-std::string literal(const CardEntry& card, const SavedColumn& column) {
-  const CardFieldRow& field = *column.field;
-  const std::string& text = savedText(card, column);
-  if (column.isText) return sql("'", text, "'");
+/// The value of a column that is no text as a statement holds it: amounts as they are typed, dates and whole
+/// numbers in their plain form.
+std::string plainLiteral(const CardEntry& card, const CardFieldRow& field, const std::string& text) {
   if (field.field == CardField::UsefulLife) return sql(card.life);
+  if (field.field == CardField::EntryDate) return sql("#", card.entered.toText(), "#");
   if (!field.blank.empty() && text == field.blank) return text;
   if (field.type == CardDataType::Int) return sql(CLng(Value(text)));
   if (field.type == CardDataType::Date) return sql("#", CDate(Value(text)).toText(), "#");
   return text;
 }
 
-std::string namesOf(const std::vector<SavedColumn>& columns) {
-  std::string names;
-  for (const SavedColumn& column : columns) names += sql(",", column.name);
-  return names;
+void appendLiteral(std::string& statement, const CardEntry& card, const SavedColumn& column) {
+  const std::string& text = savedText(card, column);
+  if (column.isText) {
+    statement.append("'").append(text).append("'");
+  } else {
+    statement += plainLiteral(card, *column.field, text);
+  }
 }
 
-std::string literals(const CardEntry& card, const std::vector<SavedColumn>& columns) {
+std::string literals(const CardEntry& card, const ColumnList& list) {
   std::string values;
-  for (const SavedColumn& column : columns) values += "," + literal(card, column);
+  for (const SavedColumn& column : list.columns) appendLiteral(values += ',', card, column);
   return values;
 }
 
-std::string assignments(const CardEntry& card, const std::vector<SavedColumn>& columns) {
+std::string assignments(const CardEntry& card, const ColumnList& list) {
   std::string text;
-  for (const SavedColumn& column : columns) text += sql(",", column.name, "=", literal(card, column));
+  for (const SavedColumn& column : list.columns) {
+    appendLiteral(text.append(",").append(column.name).append("="), card, column);
+  }
   return text;
 }
 
@@ -113,15 +125,16 @@ CardEntry::CardEntry(Database& database, const CardValues& cardValues, CardLayou
   department = splitAtComma(values[CardField::Department]).first;
   std::tie(subjectCode, subjectName) = depreciationSubject(database, values[CardField::DepreciationSubject]);
   life = CLng(Value(values[CardField::UsefulLife]));
-  entryMonth = CDate(Value(values[CardField::EntryDate])).month();
+  entered = CDate(Value(values[CardField::EntryDate]));
 }
 
 void insertCard(Database& database, const CardEntry& card, const NewCardKeys& keys) {
-  const std::vector<SavedColumn>& ofWorkload = columnsOfWorkload(card.layout);
-  database.Execute(sql("Insert Into FA_Cards (sCardId,sCardNum,lOptID", namesOf(columnsOfAll()), ",iNewType",
-                       namesOf(ofWorkload), ",iInputPeriod) Values ( '", keys.cardID, "','",
+  const ColumnList& ofWorkload = columnsOfWorkload(card.layout);
+  database.Execute(sql("Insert Into FA_Cards (sCardId,sCardNum,lOptID", columnsOfAll().names, ",iNewType",
+                       ofWorkload.names, ",iInputPeriod) Values ( '", keys.cardID, "','",
                        card[CardField::CardNumber], "',", keys.lOptID, literals(card, columnsOfAll()), ",",
-                       static_cast<int>(keys.type), literals(card, ofWorkload), ",", card.entryMonth, ")"));
+                       static_cast<int>(keys.type), literals(card, ofWorkload), ",", card.entered.month(),
+                       ")"));
 }
 
 void insertDeptScale(Database& database, const CardEntry& card, const NewCardKeys& keys) {

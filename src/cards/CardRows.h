@@ -27,7 +27,7 @@ struct CardEntry {
   std::string subjectCode;
   std::string subjectName;
   std::int32_t life;  // months
-  int entryMonth;
+  DateTime entered;
 
   const std::string& operator[](CardField field) const { return values[field]; }
 };

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "base/Text.h"
@@ -206,7 +207,9 @@ class JetFileTest : public JetVersionsTest {
     const auto add = [&text](const std::vector<std::string>& lines) {
       for (const std::string& line : lines) text += shortened(line) + "\n";
     };
-    for (const std::string& table : raw.tables()) {
+    std::vector<std::string> tables = raw.tables();
+    std::ranges::sort(tables, {}, [](const std::string& name) { return LCase(name); });
+    for (const std::string& table : tables) {
       if (LCase(table).starts_with("fa_")) continue;
       text += "== ";
       add(raw.rows("SELECT lower(sql) FROM sqlite_master WHERE tbl_name = '" + table +
@@ -245,8 +248,13 @@ TEST_P(JetFileTest, LaysKnownTablesOutAsTheCatalogueHasThem) {
   RawFile raw(copy_);
   EXPECT_THAT(raw.rows("SELECT extra, dDate, iPeriod FROM fa_DeprList"),
               ElementsAre("1|2004-04-01 00:00:00|12", "2|~|~", "2|~|~", "2|~|~"));
-  EXPECT_THAT(raw.rows("SELECT name FROM pragma_table_info('fa_DeprList') LIMIT 4"),
-              ElementsAre("extra", "dDate", "iPeriod", "sLockedBy"));
+  const JetSource source(jet_);
+  const auto list = std::ranges::find(source.tables(), "fa_DeprList",
+                                      [](const TableDef& table) { return table.info.name; });
+  ASSERT_NE(list, source.tables().end());
+  std::vector<std::string> names;
+  for (const auto& column : list->info.columns) names.push_back(column.name);
+  EXPECT_THAT(names, ElementsAre("extra", "dDate", "iPeriod", "sLockedBy"));
   EXPECT_THAT(raw.rows("SELECT typeof(sCardID), length(sCardNum), dblValue, bMultiDept, iOptType, dblDepr, "
                        "sStyle FROM fa_Cards"),
               ElementsAre("text|200|12.3456|-1|1|0.0|~", "null|~|~|0|1|0.0|~", "null|~|~|-1|1|0.0|~"));

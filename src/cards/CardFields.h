@@ -46,6 +46,7 @@ struct CardFieldRow {
   std::string_view initial = {};
   std::array<std::string_view, 2> columns = {};
   int savedAs = 0;
+  std::string_view afterName = {};
   bool withWorkload = false;
   std::string_view blank = {};
   bool inRegister = false;

@@ -59,7 +59,7 @@ std::vector<SavedColumn> columnsSaved(bool withWorkload) {
 /// Columns with their names as a statement lists them, each after a comma.
 struct ColumnList {
   explicit ColumnList(std::vector<SavedColumn> saved) : columns(std::move(saved)) {
-    for (const SavedColumn& column : columns) names += sql(",", column.name);
+    for (const SavedColumn& column : columns) names += sql(",", column.name, column.field->afterName);
   }
   std::vector<SavedColumn> columns;
   std::string names;

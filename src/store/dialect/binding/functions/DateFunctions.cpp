@@ -88,6 +88,7 @@ constexpr std::string_view kDateAddOnServer = R"(DECLARE
                                   WHEN 'h' THEN 3600 WHEN 'n' THEN 60 WHEN 's' THEN 1 END;
   target numeric;
 BEGIN
+  IF abs(b) >= 1e15 THEN RAISE EXCEPTION USING ERRCODE = 'ZK005'; END IF;
   IF months IS NULL AND seconds IS NULL THEN RAISE EXCEPTION USING ERRCODE = 'ZK013'; END IF;
   IF months IS NOT NULL THEN
     target := extract(year FROM c) * 12 + extract(month FROM c) - 1 + months * round(b)::numeric;

@@ -40,7 +40,7 @@ class ServerAgreementTest : public testing::Test {
 
 TEST_F(ServerAgreementTest, QueriesGiveTheSame) {
   StatementMaker maker(20040401);
-  for (int i = 0; i < 600; ++i) engines->expectSame(maker.query());
+  for (int i = 0; i < 640; ++i) engines->expectSame(maker.query());
   EXPECT_GT(engines->succeeded(), 450);
 }
 

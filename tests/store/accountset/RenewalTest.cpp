@@ -208,7 +208,7 @@ class ServerFunctionsRenewalTest : public RenewalTest {
 TEST_F(ServerFunctionsRenewalTest, OlderOnesAreNamedAndReplaced) {
   run("DROP FUNCTION zk_val(text); DROP TRIGGER zk_counter_null ON fa_cards_detail; "
       "COMMENT ON FUNCTION zk_describe(text, text[]) IS '2'");
-  const char* numbers = "select val(sStyle) from fa_Cards";
+  const char* numbers = "select sCardID from fa_Cards where val(sStyle)=1";
   EXPECT_THAT(refusal(numbers),
               testing::AllOf(HasSubstr("3085 表达式中 'zk_val' 函数未定义。"), HasSubstr("zelkorctl renew")));
   EXPECT_THAT(notices.str(), HasSubstr("账套文件 '" + data + "' 在服务器上的函数是旧版本；请由管理员"));

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <sstream>
 
 #include "base/RuntimeError.h"
 #include "startup/Arguments.h"
@@ -35,7 +36,8 @@ std::string argumentsOf(const Asked& asked, int runType) {
   const fs::path set = asked.set;
   const fs::path data = fs::is_directory(set) ? set / "ZkData.Mdb" : set;
   const fs::path system = data.parent_path() / "ZkSystem.Mdb";
-  DbEngine engine;
+  std::ostringstream unsaid;  // the job itself opens the files and says what there is to say of them
+  DbEngine engine(unsaid);
   Database dataFile = engine.OpenDatabase(data.string());
   Database systemFile = engine.OpenDatabase(system.string());
   const auto account = onlyAccount(systemFile);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 #include "base/DateTime.h"
 #include "base/RuntimeError.h"
@@ -58,12 +59,12 @@ DateTime movedByMonths(DateTime from, std::int64_t months) {
   const std::int64_t target = monthNumber(from) + months;
   const std::int64_t year = floorDivide(target, 12);
   if (year < 100 || year > 9999) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-  const auto month = static_cast<int>(target - year * 12) + 1;
-  for (int day = from.day();; --day) {
-    const auto moved =
-        DateTime::fromParts(static_cast<int>(year), month, day, from.hour(), from.minute(), from.second());
-    if (moved) return *moved;
-  }
+  const auto month = static_cast<unsigned>(target - year * 12) + 1;
+  const auto last = std::chrono::year_month_day_last(std::chrono::year(static_cast<int>(year)),
+                                                     std::chrono::month_day_last(std::chrono::month(month)));
+  const int day = std::min(from.day(), static_cast<int>(static_cast<unsigned>(last.day())));
+  return *DateTime::fromParts(static_cast<int>(year), static_cast<int>(month), day, from.hour(),
+                              from.minute(), from.second());
 }
 
 DateTime movedBySeconds(DateTime from, std::int64_t count, std::int64_t unit) {

@@ -1,6 +1,6 @@
 #include "base/DateTime.h"
 
-#include <array>
+#include <chrono>
 #include <cmath>
 
 #include "base/RuntimeError.h"
@@ -16,47 +16,41 @@ constexpr int kLastYear = 9999;
 constexpr double kFirstSerial = -657434;  // 100-01-01
 constexpr double kLastSerial = 2958465;   // 9999-12-31
 
-struct CalendarDay {
-  int year;
-  int month;
-  int day;
-};
+using std::chrono::days;
+using std::chrono::sys_days;
+using std::chrono::year_month_day;
 
-// Both directions by the method of counting years from 1 March and eras of 400 years (Howard Hinnant,
-// "chrono-compatible low-level date algorithms").
-std::int64_t dayNumber(int year, int month, int day) {
-  const std::int64_t y = month <= 2 ? year - 1 : year;
-  const std::int64_t era = y / 400;
-  const std::int64_t yearOfEra = y - era * 400;
-  const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-  const std::int64_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
-  return era * 146097 + dayOfEra - 719468 + kDayZeroToUnix;
+year_month_day calendarDay(int year, int month, int day) {
+  return {std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
+          std::chrono::day(static_cast<unsigned>(day))};
 }
 
-CalendarDay calendarDay(std::int64_t number) {
-  const std::int64_t shifted = number - kDayZeroToUnix + 719468;
-  const std::int64_t era = (shifted >= 0 ? shifted : shifted - 146096) / 146097;
-  const std::int64_t dayOfEra = shifted - era * 146097;
-  const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  const std::int64_t monthFromMarch = (5 * dayOfYear + 2) / 153;
-  const auto day = static_cast<int>(dayOfYear - (153 * monthFromMarch + 2) / 5 + 1);
-  const auto month = static_cast<int>(monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9);
-  return {static_cast<int>(yearOfEra + era * 400) + (month <= 2 ? 1 : 0), month, day};
+std::int64_t dayNumber(year_month_day day) {
+  return sys_days(day).time_since_epoch().count() + kDayZeroToUnix;
+}
+
+year_month_day calendarDay(std::int64_t number) {
+  return sys_days(days(number - kDayZeroToUnix));
 }
 
 std::int64_t dayOf(std::int64_t seconds) {
-  return seconds >= 0 ? seconds / kSecondsPerDay : -((-seconds + kSecondsPerDay - 1) / kSecondsPerDay);
+  return std::chrono::floor<days>(std::chrono::seconds(seconds)).count();
 }
 
 int secondOfDay(std::int64_t seconds) {
   return static_cast<int>(seconds - dayOf(seconds) * kSecondsPerDay);
 }
 
-int daysInMonth(int year, int month) {
-  constexpr std::array<int, 12> kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  return month == 2 && leap ? 29 : kDays[static_cast<std::size_t>(month - 1)];
+int yearOf(year_month_day day) {
+  return static_cast<int>(day.year());
+}
+
+int monthOf(year_month_day day) {
+  return static_cast<int>(static_cast<unsigned>(day.month()));
+}
+
+int dayOfMonth(year_month_day day) {
+  return static_cast<int>(static_cast<unsigned>(day.day()));
 }
 
 void appendTwoDigits(std::string& text, int number) {
@@ -103,11 +97,13 @@ DateTime DateTime::fromSerial(double serial) {
 }
 
 std::optional<DateTime> DateTime::fromParts(int year, int month, int day, int hour, int minute, int second) {
-  if (year < kFirstYear || year > kLastYear || month < 1 || month > 12) return std::nullopt;
-  if (day < 1 || day > daysInMonth(year, month)) return std::nullopt;
+  if (year < kFirstYear || year > kLastYear || month < 1 || day < 1 || month > 12 || day > 31)
+    return std::nullopt;
+  const year_month_day date = calendarDay(year, month, day);
+  if (!date.ok()) return std::nullopt;
   if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) return std::nullopt;
-  return DateTime(dayNumber(year, month, day) * kSecondsPerDay + std::int64_t{hour} * 3600 +
-                  std::int64_t{minute} * 60 + second);
+  return DateTime(dayNumber(date) * kSecondsPerDay + std::int64_t{hour} * 3600 + std::int64_t{minute} * 60 +
+                  second);
 }
 
 double DateTime::toSerial() const {
@@ -117,13 +113,13 @@ double DateTime::toSerial() const {
 }
 
 int DateTime::year() const {
-  return calendarDay(dayOf(seconds_)).year;
+  return yearOf(calendarDay(dayOf(seconds_)));
 }
 int DateTime::month() const {
-  return calendarDay(dayOf(seconds_)).month;
+  return monthOf(calendarDay(dayOf(seconds_)));
 }
 int DateTime::day() const {
-  return calendarDay(dayOf(seconds_)).day;
+  return dayOfMonth(calendarDay(dayOf(seconds_)));
 }
 int DateTime::hour() const {
   return secondOfDay(seconds_) / 3600;
@@ -136,9 +132,8 @@ int DateTime::second() const {
 }
 
 int DateTime::weekday() const {
-  // Day 0 was a Saturday.
-  const auto fromSaturday = static_cast<int>(dayOf(seconds_) % 7);
-  return (fromSaturday + 7 + 6) % 7 + 1;
+  const std::chrono::weekday day(sys_days(days(dayOf(seconds_) - kDayZeroToUnix)));
+  return static_cast<int>(day.c_encoding()) + 1;
 }
 
 DateTime DateTime::date() const {
@@ -149,8 +144,9 @@ std::string DateTime::toText() const {
   std::string text;
   const bool timeOnly = dayOf(seconds_) == 0;
   if (!timeOnly) {
-    const CalendarDay day = calendarDay(dayOf(seconds_));
-    text = std::to_string(day.year) + '-' + std::to_string(day.month) + '-' + std::to_string(day.day);
+    const year_month_day day = calendarDay(dayOf(seconds_));
+    text = std::to_string(yearOf(day)) + '-' + std::to_string(monthOf(day)) + '-' +
+           std::to_string(dayOfMonth(day));
     if (isMidnight()) return text;
     text.push_back(' ');
   }
@@ -160,13 +156,13 @@ std::string DateTime::toText() const {
 
 std::string DateTime::toIso() const {
   const std::int64_t dayCount = dayOf(seconds_);
-  const CalendarDay day = calendarDay(dayCount);
+  const year_month_day day = calendarDay(dayCount);
   const auto inDay = static_cast<int>(seconds_ - dayCount * kSecondsPerDay);
   std::string text = "0000-00-00 00:00:00";
-  putTwoDigits(text, 0, day.year / 100);
-  putTwoDigits(text, 2, day.year % 100);
-  putTwoDigits(text, 5, day.month);
-  putTwoDigits(text, 8, day.day);
+  putTwoDigits(text, 0, yearOf(day) / 100);
+  putTwoDigits(text, 2, yearOf(day) % 100);
+  putTwoDigits(text, 5, monthOf(day));
+  putTwoDigits(text, 8, dayOfMonth(day));
   putTwoDigits(text, 11, inDay / 3600);
   putTwoDigits(text, 14, inDay / 60 % 60);
   putTwoDigits(text, 17, inDay % 60);

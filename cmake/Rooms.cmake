@@ -91,8 +91,7 @@ function(zelkor_write_rooms)
   file(WRITE ${CMAKE_BINARY_DIR}/rooms.txt "${libraries}")
 endfunction()
 
-# zelkor_room_tests(<folder> [<library> ...]): tests/<folder>/*.cpp as one GoogleTest program, its tests with
-# ZELKOR_TEST_PROPERTIES
+# zelkor_room_tests(<folder> [<library> ...]): tests/<folder>/*.cpp as one GoogleTest program
 function(zelkor_room_tests folder)
   get_filename_component(room ${folder} NAME)
   file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
@@ -105,5 +104,5 @@ function(zelkor_room_tests folder)
   target_include_directories(zelkor_${room}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(zelkor_${room}_tests PRIVATE zelkor_test_options zelkor_test_paths ${ARGN} GTest::gtest GTest::gtest_main GTest::gmock)
   target_precompile_headers(zelkor_${room}_tests REUSE_FROM zelkor_test_headers)
-  gtest_discover_tests(zelkor_${room}_tests NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 ${ZELKOR_TEST_PROPERTIES})
+  gtest_discover_tests(zelkor_${room}_tests NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60)
 endfunction()

@@ -1,53 +1,42 @@
 #include "startup/SingleInstance.h"
 
-#include <sys/socket.h>
-#include <sys/un.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cerrno>
-#include <cstddef>
-#include <cstring>
-#include <string>
+#include <cstdlib>
+#include <filesystem>
 
 #include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
 
-/// A socket name without a file (it begins with a zero byte), so that nothing is left to clean up.
-std::string lockName() {
-  return std::string(1, '\0') + "zelkor-" + std::to_string(getuid());
-}
-
-[[noreturn]] void raise() {
-  throw RuntimeError(ErrorNumber::DeviceIo, std::string("不能检查程序是否已打开：") + std::strerror(errno));
+/// A folder itself, not a link that leads to one: who owns a link could let it lead elsewhere.
+bool isPrivate(const std::string& folder) {
+  struct stat found {};
+  return ::lstat(folder.c_str(), &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == ::geteuid() &&
+         (found.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
 
 }  // namespace
 
-SingleInstance::~SingleInstance() {
-  if (descriptor_ >= 0) close(descriptor_);
+std::string runtimeFolder() {
+  const char* named = std::getenv("XDG_RUNTIME_DIR");
+  if (named != nullptr && named[0] == '/' && isPrivate(named)) return named;
+  const std::filesystem::path made =
+      std::filesystem::temp_directory_path() / ("zelkor-" + std::to_string(::geteuid()));
+  ::mkdir(made.c_str(), S_IRWXU);  // where it is there already, it is looked at like a new one
+  if (isPrivate(made)) return made;
+  throw RuntimeError(ErrorNumber::DeviceIo,
+                     "不能检查程序是否已打开：“" + made.string() + "”不是只有本用户可以使用的文件夹。");
 }
 
 bool SingleInstance::acquire() {
-  if (descriptor_ >= 0) return true;
-  const int descriptor = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  if (descriptor < 0) raise();
-
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const std::string name = lockName();
-  std::ranges::copy(name, address.sun_path);
-  const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
-  if (bind(descriptor, reinterpret_cast<const sockaddr*>(&address), length) == 0) {
-    descriptor_ = descriptor;
-    return true;
-  }
-  const bool taken = errno == EADDRINUSE;
-  if (!taken) raise();
-  close(descriptor);
-  return false;
+  // The sticky bit tells those who clear runtime folders of old files to leave this one.
+  constexpr mode_t kMode = S_ISVTX | S_IRUSR | S_IWUSR;
+  if (lock_ == nullptr)
+    lock_ = LockedFile::take(runtimeFolder() + "/zelkor.lock", kMode, LockedFile::Afterwards::Stays);
+  return lock_ != nullptr;
 }
 
 }  // namespace zelkor

@@ -1,7 +1,10 @@
 #include "archives/AssetTypeTree.h"
 
+#include <algorithm>
+
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "startup/Logs.h"
 #include "store/engine/Statement.h"
 
@@ -44,6 +47,20 @@ void LoadAllClass(Database& database, std::vector<TreeRow>& tree) {
   }
 }
 
+/// The code cut where the parts above its level end; the rest is the level's own. A code that was changed has
+/// left its stored parts as they were.
+AssetTypeCodeParts partsOf(const std::string& code, int level, const AssetTypeCodeParts& stored) {
+  AssetTypeCodeParts parts;
+  std::string rest = code;
+  const auto own = static_cast<std::size_t>(std::clamp<int>(level, 1, assetTypeLevels) - 1);
+  for (std::size_t i = 0; i < own; ++i) {
+    parts[i] = Left(rest, Len(stored[i]));
+    rest = Mid(rest, Len(stored[i]) + 1);
+  }
+  parts[own] = rest;
+  return parts;
+}
+
 std::string methodName(Database& database, const std::string& id) {
   const Recordset method = database.OpenRecordset(sql("select * from fa_Depreciations where sID='", id, "'"));
   return method.Eof() ? std::string() : method.TextOrEmpty("sName");
@@ -76,8 +93,8 @@ std::optional<AssetTypeDetail> readAssetType(Database& database, std::string_vie
   detail.level = CInt(row.Fields("iLevel").numberOrZero());
   detail.children = CLng(row.Fields("lChilds").numberOrZero());
   AssetTypeEntry& entry = detail.entry;
-  entry.parts = {row.TextOrEmpty("sNum1"), row.TextOrEmpty("sNum2"), row.TextOrEmpty("sNum3"),
-                 row.TextOrEmpty("sNum4")};
+  entry.parts = partsOf(detail.code, detail.level,
+                        {row.TextOrEmpty("sNum1"), row.TextOrEmpty("sNum2"), row.TextOrEmpty("sNum3")});
   entry.name = row.TextOrEmpty("sName");
   entry.lifeYears = textOfDouble(row.Fields("iLife").numberOrZero() / kMonthsPerYear);
   entry.residualRatePercent = textOfDouble(row.Fields("dblBVRate").numberOrZero() * 100);

@@ -161,7 +161,8 @@ DepartRecord FrmDepartment::entered() const {
   DepartRecord depart;
   depart.code = fromQt(TxtEdit[Code]->text());
   depart.name = fromQt(TxtEdit[Name]->text());
-  if (!TxtEdit[Person]->text().isEmpty()) depart.person = person_;
+  const bool cleared = TxtEdit[Person]->text().isEmpty() && TxtEdit[Person]->isModified();
+  if (!cleared) depart.person = person_;  // a person who is not among the staff has no name to be shown
   depart.property = fromQt(TxtEdit[Property]->text());
   depart.phone = fromQt(TxtEdit[Phone]->text());
   depart.address = fromQt(TxtEdit[Address]->text());

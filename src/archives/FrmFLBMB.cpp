@@ -197,7 +197,9 @@ void FrmFLBMB::CmdZJFF_Click() {
   FrmZJFFCZ picker(host());
   picker.setpZJFF(fromQt(TxtZJFF->text()));
   host().showModal(picker);
-  if (!picker.pZJFF().empty()) TxtZJFF->setText(toQt(picker.pZJFF()));
+  if (picker.pZJFF().empty()) return;
+  TxtZJFF->setText(toQt(picker.pZJFF()));
+  TxtZJFF_Validate();
 }
 
 }  // namespace zelkor

@@ -25,9 +25,7 @@ void FrmZJFFCZ::setpZJFF(const std::string& name) {
 }
 
 void FrmZJFFCZ::CmdYes_Click() {
-  const QTreeWidgetItem* item = selectedEntry();
-  if (!item) return;
-  pZJFF_ = fromQt(item->text(0));
+  pZJFF_ = fromQt(search->text().trimmed());  // the name of the selected one, or a typed one
   close();
 }
 

@@ -1,8 +1,10 @@
 #include "cards/CardPickerList.h"
 
 #include <optional>
+#include <set>
 #include <string>
 
+#include "cards/CardVersions.h"
 #include "cards/ClsBLLCards.h"
 #include "startup/Logs.h"
 #include "store/engine/Statement.h"
@@ -17,7 +19,9 @@ TextGrid heading() {
   return grid;
 }
 
-void readVersionsInForce(RunContext& run) {
+/// The cards of the versions in force. A version also stands among them for the number that it has in common
+/// with another card's newest one: there its own card's newest version decides.
+std::set<std::string> cardsOnOffer(RunContext& run) {
   const std::string date = dayText(run.gdOpDate);
   Recordset versions = run.dbZKData.OpenRecordset(sql(
       "SELECT fa_Cards.sCardNum, fa_Cards.sAssetNum , fa_Cards.sAssetName FROM fa_Cards  Where "
@@ -26,14 +30,21 @@ void readVersionsInForce(RunContext& run) {
       date, "#) AND ((fa_Cards.dTransDate)<=#", date,
       "# Or (fa_Cards.dTransDate) Is Null) AND ((fa_Cards.dDisposeDate)<=#", date,
       "# Or (fa_Cards.dDisposeDate) Is Null)) GROUP BY fa_Cards.sCardNum) Order By fa_Cards.sCardNum"));
-  while (!versions.Eof()) versions.MoveNext();
+  const std::set<std::string> inForce = cardsInForce(run.dbZKData, run.gdOpDate);
+  std::set<std::string> cards;
+  for (; !versions.Eof(); versions.MoveNext()) {
+    std::string card = versions.TextOrEmpty("sCardNum");
+    if (inForce.contains(card)) cards.insert(std::move(card));
+  }
+  return cards;
 }
 
-void addCards(Recordset rows, TextGrid& grid) {
+/// Of each card the first row.
+void addCards(Recordset rows, const std::set<std::string>& offered, TextGrid& grid) {
   std::optional<std::string> last;
   for (; !rows.Eof(); rows.MoveNext()) {
     std::string card = rows.TextOrEmpty("sCardNum");
-    if (last == card) continue;
+    if (last == card || !offered.contains(card)) continue;
     grid.addRow({card, rows.TextOrEmpty("sAssetNum"), rows.TextOrEmpty("sAssetName"),
                  rows.TextOrEmpty("sStyle"), rows.TextOrEmpty("dStartdate"), rows.TextOrEmpty("sName"),
                  rows.TextOrEmpty("sOperator"), rows.TextOrEmpty("sID")});
@@ -48,9 +59,9 @@ TextGrid cardPickerList(RunContext& run) {
   cards.setZkDataPath(run.gstrZtFile);
   try {
     TextGrid grid = heading();
-    readVersionsInForce(run);
+    const std::set<std::string> offered = cardsOnOffer(run);
     const Recordset rows = cards.rstGetCards();
-    if (rows.isOpen()) addCards(rows, grid);
+    if (rows.isOpen()) addCards(rows, offered, grid);
     return grid;
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "frmCards.Form_Load");

@@ -1,8 +1,31 @@
 #include "cards/CardVersions.h"
 
+#include <optional>
+
 #include "store/engine/Statement.h"
 
 namespace zelkor {
+namespace {
+
+constexpr int kTransferredOut = 6;
+constexpr int kNeverCurrent = 8;
+
+/// The versions that count by `date`, each card's newest first.
+Recordset versionsByCard(Database& database, DateTime date, std::string_view condition) {
+  const std::string day = dayText(date);
+  return database.OpenRecordset(
+      sql("Select sCardNum,iOptType,dDisposeDate From fa_Cards Where dInputDate<=#", day,
+          "# And (dTransDate<=#", day, "# Or dTransDate Is Null) And (dDisposeDate<=#", day,
+          "# Or dDisposeDate Is Null)", condition, " Order By sCardNum,val(sCardID) Desc"));
+}
+
+bool holdsItsCard(const Recordset& newest) {
+  const Value type = newest.Fields("iOptType");
+  return newest.Fields("dDisposeDate").isNull() && !type.isNull() && type.number() != kTransferredOut &&
+         type.number() != kNeverCurrent;
+}
+
+}  // namespace
 
 std::string versionsInForceBeginning(DateTime date) {
   const std::string day = dayText(date);
@@ -16,6 +39,23 @@ std::string versionsInForceBeginning(DateTime date) {
 
 std::string versionsInForce(DateTime date) {
   return versionsInForceBeginning(date) + ") GROUP BY fa_Cards.sCardNum)";
+}
+
+std::set<std::string> cardsInForce(Database& database, DateTime date) {
+  std::set<std::string> cards;
+  std::optional<std::string> last;
+  for (Recordset versions = versionsByCard(database, date, ""); !versions.Eof(); versions.MoveNext()) {
+    std::string card = versions.TextOrEmpty("sCardNum");
+    if (last == card) continue;
+    if (holdsItsCard(versions)) cards.insert(card);
+    last = std::move(card);
+  }
+  return cards;
+}
+
+bool isCardInForce(Database& database, std::string_view cardNum, DateTime date) {
+  const Recordset versions = versionsByCard(database, date, sql(" And sCardNum='", cardNum, "'"));
+  return !versions.Eof() && holdsItsCard(versions);
 }
 
 }  // namespace zelkor

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <set>
 #include <string>
+#include <string_view>
 
 #include "base/DateTime.h"
+#include "store/engine/Database.h"
 
 namespace zelkor {
 
@@ -18,5 +21,11 @@ std::string versionsInForce(DateTime date);
 /// The same statement up to the conditions on the dates inside its sub-select, of which the outer parenthesis
 /// stays open, for those who go on in their own way: " ))", ") GROUP BY fa_Cards.sCardNum)".
 std::string versionsInForceBeginning(DateTime date);
+
+/// The numbers of the cards that are in force on `date`: each by the newest of its own versions that count by
+/// then. A number that versions of several cards have in common misleads the statements above, not this.
+std::set<std::string> cardsInForce(Database& database, DateTime date);
+/// The same for one card; false for one that is not there.
+bool isCardInForce(Database& database, std::string_view cardNum, DateTime date);
 
 }  // namespace zelkor

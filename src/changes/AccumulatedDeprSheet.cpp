@@ -1,4 +1,5 @@
 #include "base/Conversion.h"
+#include "changes/CardDetailList.h"
 #include "changes/SheetRules.h"
 #include "store/engine/Statement.h"
 
@@ -27,6 +28,15 @@ std::optional<CardVersion> find(Database& database, const CardSearch& search) {
 void show(Database& /*database*/, const CardVersion& card, ChangeSheet& sheet) {
   const Value* after = card.find("sAfterVoucher");
   sheet.before.text = (after ? *after : card["dblTransInDeprTCard"]).textOrEmpty();
+}
+
+std::optional<CardVersion> findPicked(Database& database, const CardSearch& search, const ListRow& /*row*/) {
+  return find(database, search);
+}
+
+// The list has a row for each sheet of a card: the one that was chosen gives the value before.
+void showPicked(Database& /*database*/, const CardVersion& /*card*/, const ListRow& row, ChangeSheet& sheet) {
+  sheet.before.text = row.at(listedValueColumn);
 }
 
 std::optional<MessageBox> check(const ChangeSheet& sheet) {
@@ -68,9 +78,10 @@ void correctLedgers(const SheetSaving& saving) {
 }  // namespace
 
 const SheetRules& accumulatedDeprRules() {
+  static constexpr PickRules pick{.check = nullptr, .find = findPicked, .show = showPicked};
   static constexpr SheetRules rules{.find = find,
                                     .show = show,
-                                    .pick = nullptr,
+                                    .pick = &pick,
                                     .stored = storedText,
                                     .check = check,
                                     .write = write,

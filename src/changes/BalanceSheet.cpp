@@ -2,6 +2,7 @@
 
 #include "base/Conversion.h"
 #include "base/Format.h"
+#include "cards/CardVersions.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -42,6 +43,7 @@ BalanceSheet newBalanceSheet(ClsBLLBalance& balance, DateTime operatingDate,
 }
 
 bool loadBalanceCard(Database& database, std::string_view cardNum, BalanceSheet& sheet) {
+  if (!isCardInForce(database, cardNum, CDate(Value(sheet.date)))) return false;
   const Recordset card = database.OpenRecordset(
       sql("select sCardNum,sAssetNum,sAssetName,sOperator,sStyle,sDeprMethodID,dStartdate,sID,sName  from "
           "fa_Cards"

@@ -33,8 +33,8 @@ inline constexpr const char* balanceCaption = "折旧方法调整";
 /// An empty sheet with the next numbers, the operating date and the operator.
 BalanceSheet newBalanceSheet(ClsBLLBalance& balance, DateTime operatingDate, const std::string& operatorName);
 
-/// Fills the sheet with the newest version of the card as the card picker gives it; false when it is not
-/// there.
+/// Fills the sheet with the newest version of the card as the card picker gives it; false when the card is
+/// not in force on the sheet's date.
 bool loadBalanceCard(Database& database, std::string_view cardNum, BalanceSheet& sheet);
 
 /// The message that refuses the sheet; nothing when it may be saved.

@@ -2,9 +2,7 @@
 
 #include <set>
 
-#include "base/Conversion.h"
 #include "base/Text.h"
-#include "cards/CardSheet.h"
 #include "cards/CardVersions.h"
 #include "changes/SheetRules.h"
 #include "store/engine/Statement.h"
@@ -101,12 +99,11 @@ TextGrid cardsWithDepreciation(Database& database) {
 }
 
 TextGrid cardsWithLife(Database& database) {
-  return cardsBySheet(
-      database, voucherTypeOf(ChangeKind::UsefulLife), "|使用年限", newestOfCard,
-      [](const Recordset& row) { return std::vector{lifeText(CLng(row.Fields("lLife").numberOrZero()))}; });
+  return cardsBySheet(database, voucherTypeOf(ChangeKind::UsefulLife), "|使用年限", newestOfCard,
+                      [](const Recordset& row) { return std::vector{row.TextOrEmpty("lLife")}; });
 }
 
-TextGrid cardsInForce(Database& database, DateTime operatingDate) {
+TextGrid cardsToTransfer(Database& database, DateTime operatingDate) {
   TextGrid grid = gridWith("|部门|部门编码|录入日期");
   Recordset rows = database.OpenRecordset(versionsInForce(operatingDate) + " Order By fa_Cards.sCardNum");
   for (; !rows.Eof(); rows.MoveNext()) grid.addRow(transferListRow(database, CardVersion(rows)));
@@ -130,7 +127,7 @@ TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingD
     case ChangeKind::Transfer:
       break;
   }
-  return cardsInForce(database, operatingDate);
+  return cardsToTransfer(database, operatingDate);
 }
 
 std::optional<CardVersion> versionInForce(Database& database, std::string_view cardNum, DateTime date) {

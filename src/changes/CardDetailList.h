@@ -18,11 +18,14 @@ namespace zelkor {
 /// sAssetName, dStartdate, sStyle, then
 /// - 原值增加: ends behind sAssetName;
 /// - 使用状况调整: name of the status, sStatusID;
-/// - 累计折旧调整, 使用年限调整: the value that the next sheet finds;
+/// - 累计折旧调整: the value that the next sheet finds;
+/// - 使用年限调整: what the sheet has left, for a card without one lLife;
 /// - 净残值调整: dblBVRate, dblBV;
 /// - 部门转移: names of the departments, their codes, dInputDate.
 TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingDate);
 
+/// Column of the value that the next sheet finds in the list of 累计折旧调整.
+inline constexpr std::size_t listedValueColumn = 5;
 /// Column of dInputDate in the list of 部门转移.
 inline constexpr std::size_t transferEntryDateColumn = 7;
 

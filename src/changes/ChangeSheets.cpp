@@ -57,24 +57,30 @@ TextGrid ChangeSheets::cardList() {
 SheetResult ChangeSheets::loadCard(CardKey key, const std::string& number, ChangeSheet& sheet) {
   const SheetRules& rules = rulesOf(kind_);
   const CardSearch search{key == CardKey::CardNumber ? "sCardNum" : "sAssetNum", number, context_.gdOpDate};
-  return load(search, rules.find, rules.show, sheet);
+  return load([&] { return rules.find(database_, search); },
+              [&](const CardVersion& card, ChangeSheet& shown) { rules.show(database_, card, shown); },
+              sheet);
 }
 
 SheetResult ChangeSheets::pickCard(const std::vector<std::string>& row, ChangeSheet& sheet) {
-  const SheetRules& rules = rulesOf(kind_);
-  if (rules.pick == nullptr) return loadCard(CardKey::CardNumber, row.at(0), sheet);
-  if (auto box = rules.pick->check(row, context_.clock.now())) return refused(std::move(*box));
-  return load({"sCardNum", row.at(0), context_.gdOpDate}, rules.pick->find, rules.pick->show, sheet);
+  const PickRules* pick = rulesOf(kind_).pick;
+  if (pick == nullptr) return loadCard(CardKey::CardNumber, row.at(0), sheet);
+  if (pick->check != nullptr) {
+    if (auto box = pick->check(row, context_.clock.now())) return refused(std::move(*box));
+  }
+  const CardSearch search{"sCardNum", row.at(0), context_.gdOpDate};
+  return load([&] { return pick->find(database_, search, row); },
+              [&](const CardVersion& card, ChangeSheet& shown) { pick->show(database_, card, row, shown); },
+              sheet);
 }
 
-SheetResult ChangeSheets::load(const CardSearch& search, FindVersion find, ShowVersion show,
-                               ChangeSheet& sheet) {
+SheetResult ChangeSheets::load(const FindVersion& find, const ShowVersion& show, ChangeSheet& sheet) {
   try {
-    auto found = find(database_, search);
+    auto found = find();
     if (!found) return refused(refusal(cardMissing));
     ChangeSheet filled = sheet;
     showCard(*found, filled);
-    show(database_, *found, filled);
+    show(*found, filled);
     sheet = std::move(filled);
     card_ = std::move(found);
     return {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +13,6 @@
 #include "startup/RunContext.h"
 
 namespace zelkor {
-
-struct CardSearch;
 
 /// By which number a card is typed.
 enum class CardKey { CardNumber, AssetNumber };
@@ -48,9 +47,9 @@ class ChangeSheets {
   std::optional<ChangeSheet> mostRecent();
 
  private:
-  using FindVersion = std::optional<CardVersion> (*)(Database& database, const CardSearch& search);
-  using ShowVersion = void (*)(Database& database, const CardVersion& card, ChangeSheet& sheet);
-  SheetResult load(const CardSearch& search, FindVersion find, ShowVersion show, ChangeSheet& sheet);
+  using FindVersion = std::function<std::optional<CardVersion>()>;
+  using ShowVersion = std::function<void(const CardVersion& card, ChangeSheet& sheet)>;
+  SheetResult load(const FindVersion& find, const ShowVersion& show, ChangeSheet& sheet);
 
   RunContext& context_;
   ChangeKind kind_;

@@ -27,6 +27,7 @@ std::optional<MessageBox> fillSplit(const std::vector<SplitRow>& rows, DepartSpl
   std::int16_t total = 0;
   for (const SplitRow& row : rows) {
     if (row.departCode.empty()) return information("使用部门非末级部门或不存在，请重新录入或参照选择");
+    if (Trim(row.scale).empty()) return information("请填写使用部门“" + row.departName + "”的使用比例！");
     append(split, row);
     total = CInt(total + static_cast<double>(CInt(Value(row.scale))));
   }

@@ -66,7 +66,9 @@ std::optional<ChangeSheet> mostRecentSheet(Database& database, ChangeKind kind, 
   ChangeSheet sheet;
   sheet.cardNum = row->text("sCardNum");
   const SheetRules& rules = rulesOf(kind);
-  if (const auto card = rules.find(database, {"sCardNum", sheet.cardNum, operatingDate})) {
+  // The version in force, which a transfer starts from, may be another card's.
+  const auto find = kind == ChangeKind::Transfer ? newestVersion : rules.find;
+  if (const auto card = find(database, {"sCardNum", sheet.cardNum, operatingDate})) {
     showCard(*card, sheet);
     rules.show(database, *card, sheet);
   }

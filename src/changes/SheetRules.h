@@ -17,11 +17,15 @@ struct CardSearch {
   DateTime operatingDate;
 };
 
+/// A row of the card list, its cells from column 0 on.
+using ListRow = std::vector<std::string>;
+
 struct PickRules {
-  /// The message that refuses the row of the list.
-  std::optional<MessageBox> (*check)(const std::vector<std::string>& row, DateTime systemDate);
-  std::optional<CardVersion> (*find)(Database& database, const CardSearch& search);
-  void (*show)(Database& database, const CardVersion& card, ChangeSheet& sheet);
+  /// The message that refuses the row; none: every row is taken.
+  std::optional<MessageBox> (*check)(const ListRow& row, DateTime systemDate);
+  /// The version of the row, `search` naming its card.
+  std::optional<CardVersion> (*find)(Database& database, const CardSearch& search, const ListRow& row);
+  void (*show)(Database& database, const CardVersion& card, const ListRow& row, ChangeSheet& sheet);
 };
 
 struct SheetRules {

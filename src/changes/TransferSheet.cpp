@@ -22,8 +22,20 @@ std::optional<CardVersion> findTyped(Database& database, const CardSearch& searc
                     "='", search.number, "'", " Order By val(fa_Cards.sCardID) Desc"));
 }
 
-std::optional<CardVersion> findPicked(Database& database, const CardSearch& search) {
-  return versionInForce(database, search.number, search.operatingDate);
+// A card can stand twice in the list, by versions whose number it has in common with another card's newest.
+std::optional<CardVersion> findPicked(Database& database, const CardSearch& search, const ListRow& row) {
+  if (auto version = versionInForce(database, search.number, search.operatingDate);
+      version && transferListRow(database, *version) == row) {
+    return version;
+  }
+  Recordset versions =
+      database.OpenRecordset(sql(versionsInForce(search.operatingDate), " And fa_Cards.sCardNum='",
+                                 search.number, "' Order By val(fa_Cards.sCardID) Desc"));
+  for (; !versions.Eof(); versions.MoveNext()) {
+    CardVersion version(versions);
+    if (transferListRow(database, version) == row) return version;
+  }
+  return std::nullopt;
 }
 
 void show(Database& database, const CardVersion& card, ChangeSheet& sheet) {
@@ -32,7 +44,7 @@ void show(Database& database, const CardVersion& card, ChangeSheet& sheet) {
   sheet.siteBefore = card.text("sSite");
 }
 
-void showPicked(Database& database, const CardVersion& card, ChangeSheet& sheet) {
+void showPicked(Database& database, const CardVersion& card, const ListRow& /*row*/, ChangeSheet& sheet) {
   show(database, card, sheet);
   const Recordset newest = database.OpenRecordset(
       sql("select top 1 * from fa_Cards where sCardNum='", sheet.cardNum, "' order by val(sCardID) desc"));
@@ -40,7 +52,7 @@ void showPicked(Database& database, const CardVersion& card, ChangeSheet& sheet)
 }
 
 // The months alone are compared, without their years.
-std::optional<MessageBox> checkPick(const std::vector<std::string>& row, DateTime systemDate) {
+std::optional<MessageBox> checkPick(const ListRow& row, DateTime systemDate) {
   const Value entered(row.at(transferEntryDateColumn));
   if (!IsDate(entered) || entered.date().month() != systemDate.month()) return std::nullopt;
   return refusal("当月原始录入或新增的资产不允许做此种变动业务");

@@ -19,7 +19,7 @@ frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload:
   cmbDepart->addItems({"按部门查询", "按类别查询"});
   loadNodes();
   MSFZJQD->setGrid(depreciationList(run()));
-  on(trvDepart, &QTreeWidget::currentItemChanged, &frmZJQD::fillGrid);
+  on(trvDepart, &QTreeWidget::itemSelectionChanged, &frmZJQD::fillGrid);
   on(cmbDate, &QComboBox::currentIndexChanged, &frmZJQD::fillGrid);
   on(cmbDepart, &QComboBox::currentIndexChanged, &frmZJQD::cmbDepart_Click);
 }
@@ -43,8 +43,8 @@ void frmZJQD::loadNodes() {
 }
 
 void frmZJQD::fillGrid() {
-  const QTreeWidgetItem* item = trvDepart->currentItem();
-  const std::string code = item ? fromQt(tagOf(*item)) : std::string();
+  const auto chosen = trvDepart->selectedItems();
+  const std::string code = chosen.isEmpty() ? std::string() : fromQt(tagOf(*chosen.front()));
   const std::string period = fromQt(cmbDate->currentText());
   MSFZJQD->setGrid(byDepartment() ? depreciationListByDepartment(run(), period, code)
                                   : depreciationListByAssetType(run(), period, code));

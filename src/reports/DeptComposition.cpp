@@ -22,17 +22,18 @@ constexpr Columns kColumns;
 
 using Grid = ReportGrid<Columns>;
 
-/// The department's row, unless its assets are worth nothing. Returns what they are worth.
-LedgerSums writeDepartment(Grid& grid, Database& data, const Recordset& department) {
+/// The department's row, unless its assets are worth nothing. Returns what they are worth; nothing where none
+/// are.
+Value writeDepartment(Grid& grid, Database& data, const Recordset& department) {
   const AssetSet assets{.department = department.Text("sNum"), .type = {}};
   LedgerSums sums = sumLedger(data, assets);
-  if (!sums.hasValue()) return sums;
+  if (!sums.hasValue()) return sums.value;
   const std::size_t row = grid.addRow();
   grid.put(row, kColumns.department, department.TextOrEmpty("sName"));
   grid.putAmount(row, kColumns.value, sums.value);
   grid.put(row, kColumns.shareOfDepartment, "100.00");
   grid.put(row, kColumns.quantity, countLedger(data, assets));
-  return sums;
+  return sums.value;
 }
 
 /// A share below one percent shows no digit before the point.
@@ -71,12 +72,10 @@ void BuildDeptComposition(RunContext& run, const ReportConditions& conditions, R
   view.conditionLines[0].text =
       conditions.compositionLevel == CompositionLevel::First ? "类别级次：第1级" : "类别级次：明细级";
   Grid grid(view.grid, kColumns);
-  double departmentValue = 0;
   Recordset departments = firstLevelDepartments(run.dbZKData);
   for (; !departments.Eof(); departments.MoveNext()) {
-    const LedgerSums sums = writeDepartment(grid, run.dbZKData, departments);
-    if (sums.hasValue()) departmentValue = sums.value.number();
-    writeTypes(grid, run.dbZKData, departments.Text("sNum"), departmentValue);
+    const Value total = writeDepartment(grid, run.dbZKData, departments);
+    writeTypes(grid, run.dbZKData, departments.Text("sNum"), total.numberOrZero());
   }
   writeTotal(grid);
   const std::size_t total = grid.rows() - 1;

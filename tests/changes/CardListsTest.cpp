@@ -5,7 +5,8 @@
 namespace zelkor::test {
 namespace {
 
-using Rows = std::vector<std::vector<std::string>>;
+using Lines = std::vector<std::string>;
+using Rows = std::vector<Lines>;
 
 class CardListsTest : public SheetTest {
  protected:
@@ -36,8 +37,7 @@ TEST_F(CardListsTest, EachKindHasItsCardsAndColumns) {
   EXPECT_EQ(list(ChangeKind::UsageStatus),
             (Rows{{"00001", "在用", "11"}, {"00002", "在用", "11"}, {"00003", "在用", "11"}}));
   EXPECT_EQ(list(ChangeKind::AccumulatedDepr), (Rows{{"00001", "95"}, {"00003", "95"}}));
-  EXPECT_EQ(list(ChangeKind::UsefulLife),
-            (Rows{{"00001", "5年0月"}, {"00002", "5年0月"}, {"00003", "5年0月"}}));
+  EXPECT_EQ(list(ChangeKind::UsefulLife), (Rows{{"00001", "60"}, {"00002", "60"}, {"00003", "60"}}));
   EXPECT_EQ(list(ChangeKind::ResidualValue), (Rows{{"00001", "0.05", "50"}, {"00003", "0.05", "50"}}));
   EXPECT_EQ(list(ChangeKind::Transfer, 1),
             (Rows{{"00001", "021000001", "车床", "2020-04-01", "C6140", "一车间", "301", "2020-05-15"},
@@ -49,9 +49,33 @@ TEST_F(CardListsTest, NewestVersionsAndSheetsComeFirst) {
   saveGood(ChangeKind::UsefulLife, "00002");
   saveGood(ChangeKind::AccumulatedDepr, "00003");
   EXPECT_EQ(list(ChangeKind::UsageStatus)[0], (std::vector<std::string>{"00001", "未使用", "21"}));
-  EXPECT_EQ(list(ChangeKind::UsefulLife),
-            (Rows{{"00002", "6年0月"}, {"00001", "5年0月"}, {"00003", "5年0月"}}));
+  EXPECT_EQ(list(ChangeKind::UsefulLife), (Rows{{"00002", "6年0月"}, {"00001", "60"}, {"00003", "60"}}));
   EXPECT_EQ(list(ChangeKind::AccumulatedDepr), (Rows{{"00003", "120"}, {"00001", "95"}}));
+}
+
+TEST_F(CardListsTest, TheRowThatIsChosenFillsTheSheet) {
+  saveGood(ChangeKind::Transfer);
+  execute(
+      "update fa_Cards set sCardID='1' where sCardNum='00002'");  // brings back the first version of 00001
+  saveGood(ChangeKind::AccumulatedDepr, "00003");
+  ChangeSheets again = sheets(ChangeKind::AccumulatedDepr);
+  ChangeSheet correction = goodSheet(again, "00003");
+  correction.after.text = "150";
+  expectSaved(again.save(correction));
+  const std::pair<ChangeKind, Lines> cases[] = {{ChangeKind::Transfer, {"一车间", "二车间", "一车间"}},
+                                                {ChangeKind::AccumulatedDepr, {"150", "120", "95"}}};
+  for (const auto& [kind, values] : cases) {
+    ChangeSheets kindOfSheets = sheets(kind);
+    Lines before;
+    for (const auto& chosen : textsOf(kindOfSheets.cardList())) {
+      if (chosen[0] == "卡片编号") continue;
+      ChangeSheet sheet = kindOfSheets.newSheet();
+      ASSERT_TRUE(kindOfSheets.pickCard(chosen, sheet).done()) << chosen[0];
+      EXPECT_EQ(sheet.before.text, chosen[5]) << chosen[0];
+      before.push_back(sheet.before.text);
+    }
+    EXPECT_EQ(before, values);
+  }
 }
 
 TEST_F(CardListsTest, ASharedCardShowsItsDepartments) {
@@ -82,6 +106,7 @@ TEST(DepartSplitTest, IsConfirmedOrRefused) {
                {{row("1", "100")}, "资产多部门使用模式下，使用部门至少为两个"},
                {{}, "资产多部门使用模式下，使用部门至少为两个"},
                {{row("", "50"), row("2", "50")}, "使用部门非末级部门或不存在，请重新录入或参照选择"},
+               {{row("1", "50"), row("2", " ")}, "请填写使用部门“2”的使用比例！"},
                {{row("1", "50"), row("2", "一半")}, "类型不匹配"},
                {{row("1", "20000"), row("2", "20000")}, "溢出"}};
   for (const auto& c : cases) {

@@ -175,6 +175,11 @@ TEST_F(SheetFrameTest, TheMostRecentSheetIsShown) {
   const ChangeSheet transfer = sheets(ChangeKind::Transfer).mostRecent().value();
   EXPECT_EQ(transfer.number + transfer.before.text + transfer.after.text + transfer.siteAfter,
             "00010一车间二车间西区");
+  execute("update fa_Cards set sCardID='95' where sCardNum='00001' and iOptType=7");
+  const ChangeSheet whole = sheets(ChangeKind::Transfer).mostRecent().value();
+  EXPECT_EQ(Lines({whole.cardNum, whole.assetNum, whole.assetName, whole.startDate, whole.siteBefore}),
+            Lines({"00002", "021000002", "车床", "2020-04-01", "西区"}))
+      << "though another card has the highest number";
 }
 
 TEST_F(SheetFrameTest, TheMostRecentIncreaseIsTheLastByTextualNumber) {

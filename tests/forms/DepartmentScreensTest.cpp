@@ -1,3 +1,5 @@
+#include <QTest>
+
 #include "archives/FrmDepartment.h"
 #include "archives/FrmDepartPzCode.h"
 #include "archives/SyncDepartments.h"
@@ -93,6 +95,26 @@ TEST_F(FrmDepartmentTest, changesADepartmentOrGivesBackWhatIsStored) {
   execute("update department set cDepName='财务' where cDepCode='2'");
   press(form, "刷新");
   EXPECT_EQ(textOf(form, "TxtEdit1"), "财务");
+}
+
+TEST_F(FrmDepartmentTest, keepsAPersonWhoLeftUntilTheFieldIsCleared) {
+  execute("update department set cDepPerson='gone' where cDepCode='2'");
+  FrmDepartment& form = open();
+  activate(form);
+  selectNode(form, "TvLeft", "(2)财务部");
+  press(form, "修改");
+  type(form, "TxtEdit1", "财务中心");
+  for (const char* next : {"TxtEdit2", "CmdFindPerson", "TxtEdit3"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(control<QWidget>(form, next).hasFocus()) << next;
+  }
+  press(form, "保存");
+  EXPECT_TRUE(stored("2").starts_with("财务中心|1|gone|")) << stored("2");
+  press(form, "修改");
+  type(form, "TxtEdit2", "某");
+  type(form, "TxtEdit2", "");
+  press(form, "保存");
+  EXPECT_TRUE(stored("2").starts_with("财务中心|1|~|")) << stored("2");
 }
 
 TEST_F(FrmDepartmentTest, asksWhenAChangedDepartmentIsLeft) {

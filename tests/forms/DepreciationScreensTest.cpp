@@ -42,6 +42,10 @@ TEST_F(DepreciationScreensTest, listFollowsPeriodAndTree) {
   EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00001", "00002", "00003", "合计"}));
   EXPECT_EQ(columnOf(form, "MSFZJQD", 5), (Lines{"7.25", "7.25", "7.25", "21.75"}));
   EXPECT_EQ(control<QComboBox>(form, "cmbDate").currentText(), "2020.5(登陆)");
+  control<QTreeWidget>(form, "trvDepart").setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00001", "00002", "00003", "合计"})) << "nothing is chosen";
+  sendKey(control<QTreeWidget>(form, "trvDepart"), Qt::Key_Down);
+  EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00001", "00002", "合计"}));
   choose(form, "cmbDate", "2020.4");
   EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00003", "合计"}));
   choose(form, "cmbDate", "2020.5(登陆)");

@@ -86,6 +86,16 @@ TEST_F(FrmFLBMBTest, changesACategory) {
   EXPECT_TRUE(stored("04").starts_with("电脑|36|0.05|")) << "a code longer than the rule of today is kept";
 }
 
+TEST_F(FrmFLBMBTest, showsAChangedCodeInItsBoxes) {
+  const FrmFLBMB& form = open();
+  change(form, "(021)生产设备", "TxtBM1", "7");
+  press(form, "保存");
+  change(form, "(027)生产设备", "TxtLBMC", "机床");
+  EXPECT_EQ(codeOf(form), "02|7||");
+  press(form, "保存");
+  EXPECT_TRUE(stored("027").starts_with("机床|")) << "under the code that it has by now";
+}
+
 TEST_F(FrmFLBMBTest, refusesACodeThatIsTaken) {
   const FrmFLBMB& form = open();
   change(form, "(04)电子设备", "TxtBM0", "05");
@@ -132,6 +142,16 @@ TEST_F(FrmFLBMBTest, takesAMethodFromThePickerAndNoUnknownOne) {
     leaveNext();
   }
   click(form, "CmdZJFF");
+  for (const char* typed : {"直线法", "", "随便"}) {
+    inModalForm([typed](QWidget& picker) {
+      type(picker, "TxtZJFF", typed);
+      sendKey(control<QLineEdit>(picker, "TxtZJFF"), Qt::Key_Tab);
+      click(picker, "CmdYes");
+    });
+    if (std::string(typed) == "随便") tells("折旧方法名称错误！");
+    click(form, "CmdZJFF");
+    EXPECT_EQ(textOf(form, "TxtZJFF"), std::string(typed).empty() ? "直线法" : typed);
+  }
 }
 
 TEST_F(FrmFLBMBTest, obeysTheKeyboard) {

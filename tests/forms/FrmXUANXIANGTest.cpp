@@ -64,6 +64,26 @@ TEST_F(FrmXUANXIANGTest, leavesTheScreenAloneWhereARowIsMissing) {
   EXPECT_EQ(rows("select cName from AccInformation where cSysID='FA'").size(), 0u);
 }
 
+TEST_F(FrmXUANXIANGTest, leavesWhatItCannotShow) {
+  context.dbZKSystem.Execute("update za_account set iYear=Null,iMonth=Null");
+  setParameter("bAutoZW", "TRUE");
+  const std::pair<const char*, const char*> stored[] = {{"sFixedAssetsSubjectNum", ""},
+                                                        {"sDeprMethodNum", "9"},
+                                                        {"iDeprSendPeriod", "5"},
+                                                        {"iCardNumType", "7"},
+                                                        {"iCardNumAutoType", "7"}};
+  for (const auto& [name, value] : stored) setParameter(name, value);
+  for (int time = 0; time < 2; ++time) {
+    const FrmXUANXIANG& form = open();
+    EXPECT_EQ(textOf(form, "TxtGDZCDZKM"), ",");
+    for (const char* list : {"ComboZJFF", "ComboHZFPZQ", "ComboBMFS"}) {
+      EXPECT_EQ(control<QComboBox>(form, list).currentText(), "") << list;
+    }
+    click(form, "CmdOK");
+    for (const auto& [name, value] : stored) EXPECT_EQ(parameter(name), value) << name;
+  }
+}
+
 TEST_F(FrmXUANXIANGTest, storesWhatWasChanged) {
   setParameter("sDefaultAssetSubjectNum", "1501");
   const FrmXUANXIANG& form = open();

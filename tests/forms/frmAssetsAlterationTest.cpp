@@ -215,6 +215,25 @@ TEST_F(frmAssetsAlterationTest, obeysTheKeyboard) {
   EXPECT_EQ(labels(form, {59, 61}), "00002|") << "Ctrl+N goes on with the next sheet";
 }
 
+TEST_F(frmAssetsAlterationTest, takesTheRowThatTheKeysChooseOfACardThatStandsTwice) {
+  execute(
+      "insert into fa_Cards (sCardID,sCardNum,sAssetNum,sDeptNum,dInputDate,iOptType) values "
+      "('2','00001','02100001','302',#2020-5-15#,7)");
+  addCard("00002");
+  execute("update fa_Cards set sCardID='1' where sCardNum='00002'");
+  for (const auto& [downwards, department] : {std::pair{0, "一车间"}, {1, "二车间"}}) {
+    const auto& form = open(ChangeKind::Transfer);
+    inModalForm([steps = downwards](QWidget& list) {
+      activate(list);
+      EXPECT_TRUE(gridOf(list, "mshTable").hasFocus());
+      for (int i = 0; i < steps; ++i) sendKey(gridOf(list, "mshTable"), Qt::Key_Down);
+      sendKey(gridOf(list, "mshTable"), Qt::Key_Return);
+    });
+    sendKey(control<QLineEdit>(form, "txtContent"), Qt::Key_F2);
+    EXPECT_EQ(labels(form, {46, 51}), std::string("00001|") + department);
+  }
+}
+
 TEST_F(frmAssetsAlterationTest, leavesThePanelWhenNothingIsPicked) {
   const auto& form = open(ChangeKind::UsageStatus);
   for (const char* button : {"cmdMobile2", "cmdMobile3", "cmdMobile8"}) {

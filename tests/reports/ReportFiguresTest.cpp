@@ -48,6 +48,18 @@ TEST_F(ReportFiguresTest, ShowsNoDigitBeforeThePointOfASmallShare) {
                    "|机器设备|1|台|995.00|99.50|99.50", "　合　计||2||1000.00|100.00|100.00"}));
 }
 
+TEST_F(ReportFiguresTest, ShowsTheSharesOfADepartmentWithoutARowByItsOwnTotal) {
+  addCard("00001", "101", "021", 50);
+  addCard("00002", "101", "011", -100);
+  addCard("00003", "301", "021", 200);
+  addCard("00004", "401", "021", 40);
+  addCard("00005", "401", "011", -60);
+  EXPECT_EQ(lines("部门构成分析表"),
+            (Lines{"|机器设备|1|台|50.00|-100.00|25.00", "生产部||1||200.00|100.00|100.00",
+                   "|机器设备|1|台|200.00|100.00|100.00", "|机器设备|1|台|40.00|-200.00|20.00",
+                   "　合　计||1||200.00|100.00|100.00"}));
+}
+
 TEST_F(ReportFiguresTest, ShowsWhatACardsValueHasGrownBy) {
   addCard("00001", "301", "021", 1000);
   execute("update fa_Cards set dblValue=1500.5,iOptType=4");

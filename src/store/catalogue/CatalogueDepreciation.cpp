@@ -23,7 +23,10 @@ std::vector<TableDef> depreciationTables() {
       withZeroNumbers(
           moduleTable("fa_WorkLoad", "sCardNum(20) dblWork[1..12] dblWorkT[1..12] sLockedBy", {"sCardNum"})),
       withZeroNumbers(moduleTable("fa_WorkLoad_Detail", R"(
-        sCardNum(20) sDeptNum(255) dblWork[1..12] dblWorkT[1..12] dblDeprWorkThisYear)",
+        sCardNum(20) sDeptNum(255)
+        dblWork1 dblWorkT1 dblWork2 dblWorkT2 dblWork3 dblWorkT3 dblWork4 dblWorkT4 dblWork5 dblWorkT5
+        dblWork6 dblWorkT6 dblWork7 dblWorkT7 dblWork8 dblWorkT8 dblWork9 dblWorkT9 dblWork10 dblWorkT10
+        dblWork11 dblWorkT11 dblWork12 dblWorkT12 dblDeprWorkThisYear)",
                                   {"sCardNum sDeptNum"})),
       moduleTable("fa_DeprVouchers", allocation),
       moduleTable("fa_DeprVouchers_pre", allocation),

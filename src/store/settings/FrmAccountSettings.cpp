@@ -79,12 +79,16 @@ void FrmAccountSettings::CheckZWXTDZ_Click(bool ticked) {
   FrameDZKM->setEnabled(ticked);
 }
 
-void FrmAccountSettings::OptionBMFS_Click() {
+void FrmAccountSettings::enableNumbering() {
   const bool automatic = OptionBMFSZD->isChecked();
   ComboBMFS->setEnabled(automatic);
   TxtXHCD->setEnabled(automatic);
   UpDownXHCD->setEnabled(automatic);
-  if (automatic && ComboBMFS->currentIndex() < 0) ComboBMFS->setCurrentIndex(0);
+}
+
+void FrmAccountSettings::OptionBMFS_Click() {
+  enableNumbering();
+  if (OptionBMFSZD->isChecked() && ComboBMFS->currentIndex() < 0) ComboBMFS->setCurrentIndex(0);
 }
 
 }  // namespace zelkor

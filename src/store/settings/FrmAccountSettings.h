@@ -64,6 +64,7 @@ class FrmAccountSettings : public Form {
   int cardNumbering() const { return OptionBMFSSD->isChecked() ? 0 : ComboBMFS->currentIndex() + 1; }
 
   void CheckZWXTDZ_Click(bool ticked);
+  void enableNumbering();
   void OptionBMFS_Click();
   /// A subject that the chart does not have has been refused in its field.
   virtual void subjectRefused(QLineEdit* /*field*/) {}

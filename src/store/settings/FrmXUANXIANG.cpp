@@ -29,7 +29,7 @@ void FrmXUANXIANG::Form_Load() {
   loadLedger();
   loadCodes();
   CheckZWXTDZ_Click(CheckZWXTDZ->isChecked());
-  OptionBMFS_Click();
+  enableNumbering();
 }
 
 void FrmXUANXIANG::loadTick(QCheckBox& box, const char* row) {
@@ -93,12 +93,12 @@ AccountOptions FrmXUANXIANG::entered() const {
   options.vouchersBeforeClosing = CheckJZQWC->isChecked();
   options.defaultAssetsSubject = fromQt(TxtQSGDZC->text());
   options.defaultDepreciationSubject = fromQt(TxtQDLJZJ->text());
-  options.methodNumber = ComboZJFF->currentIndex() + 1;
+  if (ComboZJFF->currentIndex() >= 0) options.methodNumber = ComboZJFF->currentIndex() + 1;
   options.depreciatesRestInLastMonth = CheckTZZJ->isChecked();
-  options.allocationCycle = fromQt(ComboHZFPZQ->currentText());
+  if (ComboHZFPZQ->currentIndex() >= 0) options.allocationCycle = fromQt(ComboHZFPZQ->currentText());
   options.yearsToDelete = fromQt(TxtSCSX->text());
   options.categoryCodingRule = codingRule().digits();
-  options.cardNumbering = cardNumbering();
+  if (OptionBMFSSD->isChecked() || ComboBMFS->currentIndex() >= 0) options.cardNumbering = cardNumbering();
   options.cardSequenceLength = fromQt(TxtXHCD->text());
   options.addsInSuccession = CheckLXZJ->isChecked();
   return options;

@@ -53,7 +53,7 @@ void storeReconciliation(Database& data, const InitChoices& choices) {
 AccountHeader readAccountHeader(Database& system, std::string_view accountId) {
   const Recordset row = system.OpenRecordset(sql("select * from za_account where cAcc_id='", accountId, "'"));
   return {row.TextOrEmpty("cAcc_Name"),   row.TextOrEmpty("cUnitName"), row.TextOrEmpty("cCurName"),
-          row.TextOrEmpty("cAcc_Master"), CInt(row.Fields("iYear")),    CInt(row.Fields("iMonth"))};
+          row.TextOrEmpty("cAcc_Master"), row.Fields("iYear"),          row.Fields("iMonth")};
 }
 
 std::string initTerms(std::string_view accountId, const AccountHeader& account) {
@@ -69,8 +69,9 @@ std::string initTerms(std::string_view accountId, const AccountHeader& account) 
 
 std::vector<std::string> startMonths(const AccountHeader& account, int operatingMonth) {
   std::vector<std::string> months;
-  for (int month = std::max(account.month, operatingMonth); month <= kMonthsPerYear; ++month) {
-    months.push_back(sql(account.year, ".", Format(month, "00")));
+  const int year = CInt(account.year);
+  for (int month = std::max<int>(CInt(account.month), operatingMonth); month <= kMonthsPerYear; ++month) {
+    months.push_back(sql(year, ".", Format(month, "00")));
   }
   return months;
 }

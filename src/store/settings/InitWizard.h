@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Value.h"
 #include "store/engine/Database.h"
 
 namespace zelkor {
@@ -14,8 +15,8 @@ struct AccountHeader {
   std::string unit;  // the company
   std::string currency;
   std::string manager;
-  int year = 0;  // in which the suite was started
-  int month = 0;
+  Value year;  // in which the suite was started; Null where the system file does not tell
+  Value month;
 };
 
 /// Error 3021 when the system file has no such account set.
@@ -25,7 +26,7 @@ AccountHeader readAccountHeader(Database& system, std::string_view accountId);
 std::string initTerms(std::string_view accountId, const AccountHeader& account);
 
 /// Months in which the account set can start, as "2020.05": from the later of its own first month and the
-/// month of the operating date to the end of its year.
+/// month of the operating date to the end of its year. Error 94 where the header has no year or month.
 std::vector<std::string> startMonths(const AccountHeader& account, int operatingMonth);
 
 /// Names of the depreciation methods, in the order in which they are numbered.

@@ -32,13 +32,15 @@ void storeOptions(Database& data, const AccountOptions& options) {
                       "sDefaultAssetSubjectName");
   storeDefaultSubject(data, options.defaultDepreciationSubject, "sDefaultDeprTotalSubjectNum",
                       "sDefaultDeprTotalSubjectName");
-  setParameter(data, "sDeprMethodNum", sql(options.methodNumber));
+  if (options.methodNumber) setParameter(data, "sDeprMethodNum", sql(*options.methodNumber));
   setYesNo(data, "bLastMonthMakeUpDepr", options.depreciatesRestInLastMonth);
-  setParameter(data, "iDeprSendPeriod", options.allocationCycle);
+  if (options.allocationCycle) setParameter(data, "iDeprSendPeriod", *options.allocationCycle);
   setParameter(data, "iYearsToDel", options.yearsToDelete);
   setParameter(data, "sTypeNumType", options.categoryCodingRule);
-  setParameter(data, "iCardNumType", sql(options.cardNumbering));
-  setParameter(data, "iCardNumAutoType", sql(options.cardNumbering));
+  if (options.cardNumbering) {
+    setParameter(data, "iCardNumType", sql(*options.cardNumbering));
+    setParameter(data, "iCardNumAutoType", sql(*options.cardNumbering));
+  }
   setParameter(data, "iCardSequenceNumLength", options.cardSequenceLength);
   setYesNo(data, "bAddSuccession", options.addsInSuccession);
 }

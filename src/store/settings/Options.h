@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,12 +18,14 @@ struct AccountOptions {
   bool vouchersBeforeClosing = false;
   std::string defaultAssetsSubject;        // kept only when it is neither empty nor a lone comma
   std::string defaultDepreciationSubject;  // likewise
-  int methodNumber = 0;                    // place among the depreciation methods, from 1
+  // Without a value the rows of a list stay as they are: what they hold is not in the list.
+  std::optional<int> methodNumber;  // place among the depreciation methods, from 1
   bool depreciatesRestInLastMonth = false;
-  std::string allocationCycle;  // months
+  std::optional<std::string> allocationCycle;  // months
   std::string yearsToDelete;
   std::string categoryCodingRule;
-  int cardNumbering = 0;  // 0: by hand; otherwise the place in the list of automatic numbers, from 1
+  std::optional<int>
+      cardNumbering;  // 0: by hand; otherwise the place in the list of automatic numbers, from 1
   std::string cardSequenceLength;
   bool addsInSuccession = false;
 };

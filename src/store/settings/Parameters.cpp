@@ -39,7 +39,7 @@ bool isYes(std::string_view word) {
 
 void storeSubject(Database& data, std::string_view text, std::string_view numberRow,
                   std::string_view nameRow) {
-  const std::string code = subjectCodeOf(text);
+  const std::string_view code = text.substr(0, text.find(','));
   setParameter(data, numberRow, code);
   if (const auto name = subjectName(data, code)) setParameter(data, nameRow, *name);
 }

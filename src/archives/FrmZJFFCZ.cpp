@@ -29,6 +29,13 @@ void FrmZJFFCZ::CmdYes_Click() {
   close();
 }
 
+/// Not what was typed to find it.
+void FrmZJFFCZ::takeEntry() {
+  if (selectedEntry() == nullptr) return;
+  showSelected();
+  take();
+}
+
 void FrmZJFFCZ::CmdCancel_Click() {
   pZJFF_.clear();
   close();

@@ -20,6 +20,7 @@ class FrmZJFFCZ final : public TreePicker {
   void CmdYes_Click();
   void CmdCancel_Click();
   void take() override { CmdYes_Click(); }
+  void takeEntry() override;
   void cancel() override { CmdCancel_Click(); }
   void selectionChanged() override { showSelected(); }
 

@@ -2,9 +2,10 @@
 
 #include <sys/types.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 
 namespace zelkor {
 

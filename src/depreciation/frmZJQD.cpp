@@ -19,7 +19,9 @@ frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload:
   cmbDepart->addItems({"按部门查询", "按类别查询"});
   loadNodes();
   MSFZJQD->setGrid(depreciationList(run()));
-  on(trvDepart, &QTreeWidget::itemSelectionChanged, &frmZJQD::fillGrid);
+  on(trvDepart, &QTreeWidget::itemSelectionChanged, [this] {
+    if (!trvDepart->selectedItems().isEmpty()) fillGrid();
+  });
   on(cmbDate, &QComboBox::currentIndexChanged, &frmZJQD::fillGrid);
   on(cmbDepart, &QComboBox::currentIndexChanged, &frmZJQD::cmbDepart_Click);
 }

@@ -3,8 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
-#include <filesystem>
 
 #include "base/RuntimeError.h"
 
@@ -20,15 +20,22 @@ bool isPrivate(const std::string& folder) {
 
 }  // namespace
 
-std::string runtimeFolder() {
-  const char* named = std::getenv("XDG_RUNTIME_DIR");
-  if (named != nullptr && named[0] == '/' && isPrivate(named)) return named;
-  const std::filesystem::path made =
-      std::filesystem::temp_directory_path() / ("zelkor-" + std::to_string(::geteuid()));
+std::string privateFolder(std::span<const std::string> offered, const std::string& made) {
+  for (const std::string& folder : offered)
+    if (folder.starts_with('/') && isPrivate(folder)) return folder;
   ::mkdir(made.c_str(), S_IRWXU);  // where it is there already, it is looked at like a new one
   if (isPrivate(made)) return made;
   throw RuntimeError(ErrorNumber::DeviceIo,
-                     "不能检查程序是否已打开：“" + made.string() + "”不是只有本用户可以使用的文件夹。");
+                     "不能检查程序是否已打开：“" + made + "”不是只有本用户可以使用的文件夹。");
+}
+
+std::string runtimeFolder() {
+  const char* named = std::getenv("XDG_RUNTIME_DIR");
+  const std::string user = std::to_string(::geteuid());
+  // A job that is started without the variable meets the copy that has it in the folder which it usually
+  // names.
+  const std::array offered = {std::string(named == nullptr ? "" : named), "/run/user/" + user};
+  return privateFolder(offered, "/tmp/zelkor-" + user);
 }
 
 bool SingleInstance::acquire() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 
 #include "base/LockedFile.h"
@@ -17,9 +18,12 @@ class SingleInstance {
   std::unique_ptr<LockedFile> lock_;
 };
 
-/// A folder on this machine that nobody but this user may look into: what XDG_RUNTIME_DIR names, where that
-/// is one, else a folder of the temporary folder that is made for it. Error 57 when somebody has been there
-/// before.
+/// A folder on this machine that nobody but this user may look into, the same for all programs of the user:
+/// what XDG_RUNTIME_DIR names, the system's runtime folder of the user, or one below /tmp that is made for
+/// it. Error 57 when somebody else has been there before.
 std::string runtimeFolder();
+
+/// The first of `offered` that is a folder of this user alone, else `made`, which is made when it is missing.
+std::string privateFolder(std::span<const std::string> offered, const std::string& made);
 
 }  // namespace zelkor

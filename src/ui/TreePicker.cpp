@@ -24,7 +24,7 @@ TreePicker::TreePicker(FormHost& host, const char* name, const char* caption, co
   dressTree(*tree);
   byName->setChecked(true);
   on(tree, &QTreeWidget::currentItemChanged, [this] { selectionChanged(); });
-  on(tree, &QTreeWidget::itemDoubleClicked, [this] { take(); });
+  on(tree, &QTreeWidget::itemDoubleClicked, [this] { takeEntry(); });
   on(search, &QLineEdit::textEdited, [this](const QString& text) { searched_ = text; });
   on(stepper, &UpDown::stepped, [this](int direction) { goToMatch(-direction); });
   on(takeButton, &QPushButton::clicked, [this] { take(); });
@@ -69,7 +69,7 @@ void TreePicker::showSelected() {
 
 bool TreePicker::enterPressed(QObject* control) {
   if (control == tree) {
-    take();
+    takeEntry();
     return true;
   }
   if (control != search) return false;

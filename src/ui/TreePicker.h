@@ -42,8 +42,10 @@ class TreePicker : public Form {
   /// Writes the text of the selected entry into the search field.
   void showSelected();
 
-  /// The selected entry is to be taken: the button, Enter, or a double click.
+  /// The choice is to be taken: the button was pressed.
   virtual void take() = 0;
+  /// The selected entry is to be taken: Enter or a double click on it.
+  virtual void takeEntry() { take(); }
   /// The dialog is to be left without a choice.
   virtual void cancel() = 0;
   virtual void selectionChanged() {}

@@ -142,6 +142,12 @@ TEST_F(FrmFLBMBTest, takesAMethodFromThePickerAndNoUnknownOne) {
     leaveNext();
   }
   click(form, "CmdZJFF");
+  inModalForm([](QWidget& picker) {
+    type(picker, "TxtZJFF", "平均");
+    sendKey(control<QTreeWidget>(picker, "TvLeft"), Qt::Key_Return);
+  });
+  click(form, "CmdZJFF");
+  EXPECT_EQ(textOf(form, "TxtZJFF"), "工作量法") << "the entry, not what was typed to find it";
   for (const char* typed : {"直线法", "", "随便"}) {
     inModalForm([typed](QWidget& picker) {
       type(picker, "TxtZJFF", typed);

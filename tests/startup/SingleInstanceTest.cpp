@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "startup/SingleInstance.h"
 #include "support/Support.h"
@@ -15,14 +17,8 @@ namespace fs = std::filesystem;
 
 class SingleInstanceTest : public testing::Test {
  protected:
-  SingleInstanceTest() {
-    ::setenv("TMPDIR", home.path().c_str(), 1);
-    ::setenv("XDG_RUNTIME_DIR", home.path().c_str(), 1);
-  }
-  ~SingleInstanceTest() override {
-    ::unsetenv("TMPDIR");
-    ::unsetenv("XDG_RUNTIME_DIR");
-  }
+  SingleInstanceTest() { ::setenv("XDG_RUNTIME_DIR", home.path().c_str(), 1); }
+  ~SingleInstanceTest() override { ::unsetenv("XDG_RUNTIME_DIR"); }
 
   const TempDir home;
 };
@@ -44,18 +40,17 @@ TEST_F(SingleInstanceTest, TheFolderIsOneThatNobodyElseCanUse) {
   fs::create_directory(open);
   fs::permissions(open, fs::perms::all);
   fs::create_directory_symlink(home.path(), link);
-  EXPECT_EQ(runtimeFolder(), home.path());
-  const fs::path made = home / ("zelkor-" + std::to_string(::geteuid()));
-  for (const fs::path& unfit : {fs::path(), fs::path("relative"), home / "none", open, link}) {
-    ::setenv("XDG_RUNTIME_DIR", unfit.c_str(), 1);
-    EXPECT_EQ(runtimeFolder(), made) << unfit;
-    EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
-  }
+  const fs::path made = home / "made";
+  const std::vector<std::string> unfit = {"", "relative", home / "none", open, link};
+  EXPECT_EQ(privateFolder(unfit, made), made);
+  EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_all);
   fs::permissions(made, fs::perms::all);
-  EXPECT_EQ(errorOf([] { runtimeFolder(); }), 57);
+  EXPECT_EQ(errorOf([&] { privateFolder(unfit, made); }), 57);
   fs::remove(made);
   fs::create_directory_symlink(home.path(), made);
-  EXPECT_EQ(errorOf([] { runtimeFolder(); }), 57);
+  EXPECT_EQ(errorOf([&] { privateFolder(unfit, made); }), 57);
+  const std::vector<std::string> fit = {open, home.path()};
+  EXPECT_EQ(privateFolder(fit, made), home.path());
 }
 
 }  // namespace

@@ -17,7 +17,11 @@ namespace {
 using Parameters = std::vector<Parameter>;
 
 TransferOptions transferOf(const Asked& asked) {
-  return {.target = asked.target, .server = asked.server, .schema = asked.schema, .check = asked.check};
+  return {.source = asked.file,
+          .target = asked.target,
+          .server = asked.server,
+          .schema = asked.schema,
+          .check = asked.check};
 }
 
 TerminalDialogs::Options dialogsOf(const Asked& asked) {

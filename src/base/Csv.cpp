@@ -1,10 +1,32 @@
 #include "base/Csv.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 
+#include "base/Characters.h"
 #include "base/Text.h"
 
 namespace zelkor {
+namespace {
+
+/// As Unicode writes it: U+0000.
+std::string codePoint(char32_t code) {
+  std::array<char, 12> text{};
+  std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(code));
+  return text.data();
+}
+
+/// What a spreadsheet takes for a number, signs and marks between thousands included.
+bool isNumber(std::string_view text) {
+  if (text.starts_with('+') || text.starts_with('-')) text.remove_prefix(1);
+  if (text.ends_with('%')) text.remove_suffix(1);
+  const bool digit = text.find_first_of("0123456789") != std::string_view::npos;
+  return digit && text.find_first_not_of("0123456789,.") == std::string_view::npos &&
+         std::ranges::count(text, '.') <= 1;
+}
+
+}  // namespace
 
 CsvError::CsvError(std::size_t line, std::size_t column, const std::string& reason)
     : std::runtime_error("第 " + std::to_string(line) + " 行第 " + std::to_string(column) + " 列：" + reason),
@@ -30,9 +52,13 @@ bool CsvReader::skipLineBreak() {
 void CsvReader::fail(std::size_t position, const std::string& reason) {
   const std::string_view before = std::string_view(text_).substr(lineStart_, position - lineStart_);
   const CsvError error(line_, Len(before) + 1, reason);
+  skipRestOfLine(position);
+  throw error;
+}
+
+void CsvReader::skipRestOfLine(std::size_t position) {
   at_ = std::min(text_.find('\n', position), text_.size());
   skipLineBreak();
-  throw error;
 }
 
 std::optional<CsvRecord> CsvReader::next() {
@@ -51,12 +77,27 @@ std::optional<CsvRecord> CsvReader::next() {
 std::string CsvReader::readField() {
   const std::size_t start = at_;
   const std::size_t line = line_;
+  const std::size_t startOfLine = lineStart_;
   std::string field = !atEnd() && text_[at_] == '"' ? readQuoted() : readPlain();
-  if (!isValidUtf8(field)) {
-    if (line_ == line) fail(start, "不是有效的 UTF-8 文本");
-    fail(lineStart_, "不是有效的 UTF-8 文本");
-  }
+  requireWritable(start, line, startOfLine);
   return field;
+}
+
+// Reading goes on behind the line on which the field ends.
+void CsvReader::requireWritable(std::size_t start, std::size_t startLine, std::size_t startOfLine) {
+  const std::string_view field = std::string_view(text_).substr(start, at_ - start);
+  const std::size_t found = findUnwritable(field);
+  if (found == std::string_view::npos) return;
+  const std::string_view before = field.substr(0, found);
+  const std::size_t lineBreak = before.rfind('\n');
+  const auto line = startLine + static_cast<std::size_t>(std::ranges::count(before, '\n'));
+  const std::size_t lineStart = lineBreak == std::string_view::npos ? startOfLine : start + lineBreak + 1;
+  const char32_t code = firstCharacter(field.substr(found)).code;
+  const CsvError error(
+      line, Len(std::string_view(text_).substr(lineStart, start + found - lineStart)) + 1,
+      code == kNoCharacter ? "不是有效的 UTF-8 文本" : "文本中不能有字符 " + codePoint(code));
+  skipRestOfLine(at_);
+  throw error;
 }
 
 std::string CsvReader::readQuoted() {
@@ -104,6 +145,13 @@ std::string csvField(std::string_view text) {
   }
   field.push_back('"');
   return field;
+}
+
+std::string spreadsheetField(std::string_view text) {
+  const bool computed =
+      !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
+  if (!computed || isNumber(text)) return csvField(text);
+  return csvField("'" + std::string(text));
 }
 
 }  // namespace zelkor

@@ -27,8 +27,9 @@ class CsvError : public std::runtime_error {
 };
 
 /// Reads comma-separated values as RFC 4180 tells them, from UTF-8: fields in double quotes may hold commas,
-/// line breaks and doubled quotes; a quote elsewhere is an error. Lines end with CR LF or LF; empty lines are
-/// passed over, a byte-order mark at the start is dropped.
+/// line breaks and doubled quotes; a quote elsewhere is an error, and so is a character that no text may hold
+/// (findUnwritable). Lines end with CR LF or LF; empty lines are passed over, a byte-order mark at the start
+/// is dropped.
 class CsvReader {
  public:
   explicit CsvReader(std::string text);
@@ -43,6 +44,8 @@ class CsvReader {
   std::string readField();
   std::string readQuoted();
   std::string readPlain();
+  void requireWritable(std::size_t start, std::size_t startLine, std::size_t startOfLine);
+  void skipRestOfLine(std::size_t position);
   [[noreturn]] void fail(std::size_t position, const std::string& reason);
 
   std::string text_;
@@ -54,5 +57,9 @@ class CsvReader {
 /// A field as it is written into a file: in quotes where it holds a comma, a quote, a line break or a blank
 /// at an end.
 std::string csvField(std::string_view text);
+
+/// The same for a file that spreadsheets open: a text that they would compute, because it begins with = + -
+/// @, a tab or a carriage return and is no number, gets an apostrophe before it.
+std::string spreadsheetField(std::string_view text);
 
 }  // namespace zelkor

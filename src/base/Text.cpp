@@ -4,42 +4,11 @@
 #include <array>
 #include <cstdint>
 
+#include "base/Characters.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
-
-constexpr char32_t kInvalid = 0xFFFFFFFF;
-
-struct Character {
-  char32_t code = kInvalid;
-  std::size_t length = 1;
-};
-
-std::size_t sequenceLength(unsigned char lead) {
-  if (lead < 0x80) return 1;
-  if (lead >= 0xC2 && lead < 0xE0) return 2;
-  if (lead >= 0xE0 && lead < 0xF0) return 3;
-  return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
-}
-
-// The first character of a text that is not empty; one byte without a code where it is no valid UTF-8.
-Character firstCharacter(std::string_view text) {
-  constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
-  const auto lead = static_cast<unsigned char>(text[0]);
-  const std::size_t length = sequenceLength(lead);
-  if (length == 1) return {lead, 1};
-  if (length == 0 || length > text.size()) return {};
-  char32_t code = lead & (0xFFU >> (length + 1));
-  for (std::size_t i = 1; i < length; ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    if ((byte & 0xC0) != 0x80) return {};
-    code = code << 6 | (byte & 0x3F);
-  }
-  const bool surrogate = code >= 0xD800 && code < 0xE000;
-  if (code < kSmallest[length] || surrogate || code > 0x10FFFF) return {};
-  return {code, length};
-}
 
 // Bytes that the first `count` characters take.
 std::size_t bytesOf(std::string_view text, std::size_t count) {
@@ -64,7 +33,7 @@ constexpr std::array<std::array<char32_t, 2>, 13> kWide = {{{0x1100, 0x115F},
                                                             {0x1F300, 0x3FFFD}}};
 
 std::size_t widthOf(char32_t code) {
-  if (code == kInvalid) return 1;
+  if (code == kNoCharacter) return 1;
   const bool combining = (code >= 0x0300 && code <= 0x036F) || (code >= 0x200B && code <= 0x200F);
   if (combining) return 0;
   return std::any_of(kWide.begin(), kWide.end(),
@@ -146,7 +115,7 @@ bool equalsIgnoringCase(std::string_view left, std::string_view right) {
 bool isValidUtf8(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
     const Character character = firstCharacter(text.substr(at));
-    if (character.code == kInvalid) return false;
+    if (character.code == kNoCharacter) return false;
     at += character.length;
   }
   return true;

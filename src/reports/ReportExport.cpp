@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <ostream>
 
+#include "base/Characters.h"
 #include "base/Csv.h"
 #include "base/GridSpans.h"
-#include "base/RuntimeError.h"
 #include "base/TextGridPrinter.h"
+#include "reports/WorkbookParts.h"
 
 namespace zelkor {
 namespace {
@@ -40,30 +41,10 @@ void printCsvLine(std::ostream& out, const TextGrid& grid, std::size_t row) {
   const char* separator = "";
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     if (grid.columnHidden(column)) continue;
-    out << separator << csvField(grid.text(row, column));
+    out << separator << spreadsheetField(grid.text(row, column));
     separator = ",";
   }
   out << "\r\n";
-}
-
-std::string escaped(std::string_view text) {
-  std::string html;
-  for (const char letter : text) {
-    switch (letter) {
-      case '&':
-        html += "&amp;";
-        break;
-      case '<':
-        html += "&lt;";
-        break;
-      case '>':
-        html += "&gt;";
-        break;
-      default:
-        html += letter;
-    }
-  }
-  return html;
 }
 
 std::size_t visibleColumns(const TextGrid& grid, const CellSpan& span) {
@@ -80,13 +61,13 @@ void printHeaderCell(std::ostream& out, const TextGrid& grid, std::size_t row, s
   out << "<th";
   if (visibleColumns(grid, span) > 1) out << " colspan=\"" << visibleColumns(grid, span) << '"';
   if (span.lastRow > row) out << " rowspan=\"" << span.lastRow - row + 1 << '"';
-  out << '>' << escaped(grid.text(row, column)) << "</th>";
+  out << '>' << markupText(grid.text(row, column)) << "</th>";
 }
 
 void printBodyCell(std::ostream& out, const TextGrid& grid, std::size_t row, std::size_t column) {
   static constexpr const char* kClasses[] = {"", " class=\"c\"", " class=\"r\""};
-  out << "<td" << kClasses[static_cast<int>(grid.alignment(column))] << '>' << escaped(grid.text(row, column))
-      << "</td>";
+  out << "<td" << kClasses[static_cast<int>(grid.alignment(column))] << '>'
+      << markupText(grid.text(row, column)) << "</td>";
 }
 
 void printHtmlRow(std::ostream& out, const TextGrid& grid, std::size_t row) {
@@ -128,10 +109,6 @@ bool isNumberCell(const TextGrid& grid, std::size_t row, std::size_t column) {
   return row >= grid.headerRows() && holdsNumbers(grid, column) && isPlainNumber(grid.text(row, column));
 }
 
-void cannotWrite(const std::filesystem::path& file, const std::string& reason) {
-  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
-}
-
 void writeText(std::ostream& out, const std::string& title, const ReportView& view) {
   out << title << "\n";
   for (const std::string& line : captionLines(view)) out << line << "\n";
@@ -140,17 +117,17 @@ void writeText(std::ostream& out, const std::string& title, const ReportView& vi
 }
 
 void writeCsv(std::ostream& out, const std::string& title, const ReportView& view) {
-  out << kByteOrderMark << csvField(title) << "\r\n";
-  for (const std::string& line : captionLines(view)) out << csvField(line) << "\r\n";
+  out << kByteOrderMark << spreadsheetField(title) << "\r\n";
+  for (const std::string& line : captionLines(view)) out << spreadsheetField(line) << "\r\n";
   for (std::size_t row = 0; row < view.grid.rows(); ++row) {
     if (!view.grid.rowHidden(row)) printCsvLine(out, view.grid, row);
   }
 }
 
 void writeHtml(std::ostream& out, const std::string& title, const ReportView& view) {
-  out << "<!DOCTYPE html>\n<html lang=\"zh-CN\"><head><meta charset=\"utf-8\"><title>" << escaped(title)
-      << "</title><style>" << kStyle << "</style></head>\n<body><h1>" << escaped(title) << "</h1>\n";
-  for (const std::string& line : captionLines(view)) out << "<p>" << escaped(line) << "</p>\n";
+  out << "<!DOCTYPE html>\n<html lang=\"zh-CN\"><head><meta charset=\"utf-8\"><title>" << markupText(title)
+      << "</title><style>" << kStyle << "</style></head>\n<body><h1>" << markupText(title) << "</h1>\n";
+  for (const std::string& line : captionLines(view)) out << "<p>" << markupText(line) << "</p>\n";
   out << "<table>\n<thead>\n";
   for (std::size_t row = 0; row < view.grid.rows(); ++row) {
     if (row == view.grid.headerRows()) out << "</thead>\n<tbody>\n";
@@ -158,6 +135,20 @@ void writeHtml(std::ostream& out, const std::string& title, const ReportView& vi
   }
   if (view.grid.rows() <= view.grid.headerRows()) out << "</thead>\n<tbody>\n";
   out << "</tbody>\n</table></body></html>\n";
+}
+
+void replaceUnwritable(ReportView& view) {
+  for (std::string* text :
+       {&view.unitLine, &view.periodCaption, &view.conditionLines[0].text, &view.conditionLines[1].text}) {
+    *text = writable(*text);
+  }
+  for (std::string& period : view.periods) period = writable(period);
+  for (std::size_t row = 0; row < view.grid.rows(); ++row) {
+    for (std::size_t column = 0; column < view.grid.columns(); ++column) {
+      const std::string& text = view.grid.text(row, column);
+      if (findUnwritable(text) != std::string_view::npos) view.grid.setText(row, column, writable(text));
+    }
+  }
 }
 
 }  // namespace zelkor

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -22,11 +21,11 @@ void writeText(std::ostream& out, const std::string& title, const ReportView& vi
 void writeCsv(std::ostream& out, const std::string& title, const ReportView& view);
 /// A whole page with the grid as a table.
 void writeHtml(std::ostream& out, const std::string& title, const ReportView& view);
-/// Raises error 57, a file that cannot be written.
-[[noreturn]] void cannotWrite(const std::filesystem::path& file, const std::string& reason);
+/// A workbook with numbers as numbers, all else as text and the header rows frozen. Error 57 for a report
+/// that is larger than a sheet may be.
+void writeXlsx(std::ostream& out, const std::string& title, const ReportView& view);
 
-/// A workbook with numbers as numbers and the header rows frozen, written row by row. Raises
-/// error 57 when the file cannot be written; none is left then.
-void writeXlsx(const std::filesystem::path& file, const std::string& title, const ReportView& view);
+/// Characters that no text may hold give way to the mark for what cannot be shown.
+void replaceUnwritable(ReportView& view);
 
 }  // namespace zelkor

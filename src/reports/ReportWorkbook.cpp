@@ -1,18 +1,14 @@
-#include <xlsxwriter.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <fstream>
-#include <new>
+#include <cmath>
+#include <ostream>
 #include <utility>
 
-#include "base/Conversion.h"
 #include "base/GridSpans.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "reports/ReportExport.h"
+#include "reports/WorkbookParts.h"
+#include "reports/ZipStream.h"
 
 namespace zelkor {
 namespace {
@@ -21,41 +17,11 @@ constexpr double kTwipsPerCharacter = 110;  // of a column's width in the workbo
 constexpr double kNarrowest = 8;
 constexpr double kWidest = 60;
 constexpr double kCellPadding = 2;  // characters; a number that does not fit is shown as a row of hashes
-constexpr std::uint8_t kPaperA4 = 9;
+constexpr std::size_t kMostRows = 1'048'576;  // of a sheet
+constexpr std::size_t kMostColumns = 16'384;
 constexpr std::size_t kSheetNameLimit = 31;
+constexpr std::size_t kTextLimit = 32'767;  // characters of a cell
 constexpr std::string_view kForbiddenInSheetName = "[]:*?/\\'";
-
-/// Formats of a report's cells, one per alignment each; amounts with two decimals.
-struct Formats {
-  explicit Formats(lxw_workbook* workbook)
-      : title(workbook_add_format(workbook)), header(workbook_add_format(workbook)) {
-    format_set_bold(title);
-    format_set_font_size(title, 16);
-    format_set_bold(header);
-    format_set_align(header, LXW_ALIGN_CENTER);
-    format_set_align(header, LXW_ALIGN_VERTICAL_CENTER);
-    format_set_border(header, LXW_BORDER_THIN);
-    static constexpr std::array<lxw_format_alignments, 3> kAlignments{LXW_ALIGN_LEFT, LXW_ALIGN_CENTER,
-                                                                      LXW_ALIGN_RIGHT};
-    for (std::size_t i = 0; i < body.size(); ++i) {
-      body[i] = bodyFormat(workbook, kAlignments[i]);
-      amount[i] = bodyFormat(workbook, kAlignments[i]);
-      format_set_num_format(amount[i], "0.00");
-    }
-  }
-
-  static lxw_format* bodyFormat(lxw_workbook* workbook, lxw_format_alignments alignment) {
-    lxw_format* format = workbook_add_format(workbook);
-    format_set_align(format, static_cast<std::uint8_t>(alignment));
-    format_set_border(format, LXW_BORDER_THIN);
-    return format;
-  }
-
-  lxw_format* title;
-  lxw_format* header;
-  std::array<lxw_format*, 3> body{};
-  std::array<lxw_format*, 3> amount{};
-};
 
 std::string sheetName(const std::string& title) {
   std::string name = Left(title, kSheetNameLimit);
@@ -64,29 +30,73 @@ std::string sheetName(const std::string& title) {
   return name;
 }
 
-/// Writes one sheet from top to bottom, as the library keeps one row in memory.
+bool isBlank(char letter) {
+  return letter == ' ' || letter == '\t' || letter == '\n' || letter == '\r';
+}
+
+/// "A", "B", ... "AA" for columns from 0.
+std::string letters(std::size_t column) {
+  std::string name;
+  for (++column; column > 0; column = (column - 1) / 26) {
+    name.insert(name.begin(), static_cast<char>('A' + (column - 1) % 26));
+  }
+  return name;
+}
+
+/// A width in characters as the file has it, where a column's margins count too: 5 of 7 dots.
+std::string storedWidth(double characters) {
+  constexpr double kDots = 7;
+  constexpr double kMargins = 5;
+  return std::to_string(std::trunc((characters * kDots + kMargins) / kDots * 256) / 256);
+}
+
+/// Writes the sheet of a report from top to bottom.
 class SheetWriter {
  public:
-  SheetWriter(lxw_workbook* workbook, const std::string& title, const ReportView& view)
-      : grid_(view.grid),
-        formats_(workbook),
-        sheet_(workbook_add_worksheet(workbook, sheetName(title).c_str())) {
-    setColumns();
-    writeCaptions(title, view);
-    writeHeader();
+  SheetWriter(ZipStream& out, const std::string& title, const ReportView& view)
+      : out_(out), grid_(view.grid), captions_(captionLines(view)) {
+    captions_.insert(captions_.begin(), title);
+    for (std::size_t column = 0; column < grid_.columns(); ++column) {
+      if (!grid_.columnHidden(column)) columns_.push_back({column, letters(columns_.size())});
+    }
+    const std::size_t rows = captions_.size() + grid_.rows();
+    if (rows > kMostRows || columns_.size() > kMostColumns) {
+      throw RuntimeError(ErrorNumber::DeviceIo, "报表太大，不能写成工作簿：一张工作表最多 1048576 行");
+    }
+  }
+
+  std::size_t firstHeader() const { return captions_.size() + 1; }
+  std::size_t lastHeader() const { return captions_.size() + grid_.headerRows(); }
+
+  void write() {
+    out_.write(sheetBeginning(lastHeader()));
+    writeColumns();
+    out_.write("<sheetData>");
+    for (std::size_t i = 0; i < captions_.size(); ++i) writeCaption(i);
+    for (std::size_t row = 0; row < grid_.headerRows(); ++row) writeHeader(row);
     for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
       if (!grid_.rowHidden(row)) writeRow(row);
     }
-    mergeHeader();
+    out_.write("</sheetData>");
+    writeMerges();
+    out_.write(sheetEnd());
   }
 
  private:
-  void setColumns() {
-    for (std::size_t column = 0; column < grid_.columns(); ++column) {
-      if (grid_.columnHidden(column)) continue;
-      worksheet_set_column(sheet_, columns_, columns_, widthOf(column), nullptr);
-      places_.emplace_back(column, columns_++);
+  struct Column {
+    std::size_t inGrid;
+    std::string letters;  // its name in the sheet
+  };
+
+  void writeColumns() {
+    if (columns_.empty()) return;
+    out_.write("<cols>");
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const std::string place = std::to_string(i + 1);
+      out_.write("<col min=\"" + place + "\" max=\"" + place + "\" width=\"" +
+                 storedWidth(widthOf(columns_[i].inGrid)) + "\" customWidth=\"1\"/>");
     }
+    out_.write("</cols>");
   }
 
   /// In characters: as the grid has it, or wider where its texts need it.
@@ -109,105 +119,115 @@ class SheetWriter {
     return widest;
   }
 
-  void writeCaptions(const std::string& title, const ReportView& view) {
-    worksheet_write_string(sheet_, next_++, 0, title.c_str(), formats_.title);
-    for (const std::string& line : captionLines(view)) {
-      worksheet_write_string(sheet_, next_++, 0, line.c_str(), nullptr);
-    }
+  void writeCaption(std::size_t line) {
+    beginRow();
+    writeText("A", line == 0 ? kTitleStyle : kPlainStyle, captions_[line]);
+    endRow();
   }
 
-  void writeHeader() {
-    firstHeader_ = next_;
-    for (std::size_t row = 0; row < grid_.headerRows(); ++row, ++next_) {
-      for (const auto& [column, place] : places_) {
-        const CellSpan span = spanOf(row, column);
-        const bool begins = span.firstRow == row && span.firstColumn == column;
-        const char* text = begins ? grid_.text(row, column).c_str() : "";
-        worksheet_write_string(sheet_, next_, place, text, formats_.header);
+  void writeHeader(std::size_t row) {
+    beginRow();
+    for (const Column& column : columns_) {
+      const CellSpan span = spanOf(row, column.inGrid);
+      const bool begins = span.firstRow == row && span.firstColumn == column.inGrid;
+      writeText(column.letters, kHeaderStyle, begins ? grid_.text(row, column.inGrid) : std::string());
+    }
+    endRow();
+  }
+
+  void writeRow(std::size_t row) {
+    beginRow();
+    for (const Column& column : columns_) {
+      const std::string& text = grid_.text(row, column.inGrid);
+      const auto alignment = static_cast<std::size_t>(grid_.alignment(column.inGrid));
+      if (isNumberCell(grid_, row, column.inGrid)) {
+        const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
+        writeNumber(column.letters, (amount ? kAmountStyles : kBodyStyles)[alignment], text);
+      } else {
+        writeText(column.letters, kBodyStyles[alignment], text);
       }
     }
-    worksheet_freeze_panes(sheet_, next_, 0);
-    if (next_ > firstHeader_) worksheet_repeat_rows(sheet_, firstHeader_, next_ - 1);
-    worksheet_set_landscape(sheet_);
-    worksheet_set_paper(sheet_, kPaperA4);
-    worksheet_fit_to_pages(sheet_, 1, 0);
+    endRow();
   }
 
-  void mergeHeader() {
+  void beginRow() {
+    number_ = std::to_string(++rows_);
+    line_ = "<row r=\"" + number_ + "\">";
+  }
+  void endRow() {
+    line_ += "</row>";
+    out_.write(line_);
+  }
+
+  void beginCell(const std::string& column, int style) {
+    line_ += "<c r=\"";
+    line_ += column;
+    line_ += number_;
+    line_ += "\" s=\"";
+    line_ += std::to_string(style);
+  }
+  void writeText(const std::string& column, int style, const std::string& text) {
+    beginCell(column, style);
+    if (text.empty()) {
+      line_ += "\"/>";
+      return;
+    }
+    const bool blankEnds = isBlank(text.front()) || isBlank(text.back());
+    line_ += blankEnds ? "\" t=\"inlineStr\"><is><t xml:space=\"preserve\">" : "\" t=\"inlineStr\"><is><t>";
+    line_ += markupText(text.size() > kTextLimit ? Left(text, kTextLimit) : text);
+    line_ += "</t></is></c>";
+  }
+  void writeNumber(const std::string& column, int style, const std::string& text) {
+    beginCell(column, style);
+    line_ += "\"><v>";
+    line_ += text;
+    line_ += "</v></c>";
+  }
+
+  void writeMerges() {
+    std::string cells;
+    std::size_t count = 0;
     for (std::size_t row = 0; row < grid_.headerRows(); ++row) {
-      for (const auto& [column, place] : places_) {
-        const CellSpan span = spanOf(row, column);
-        if (span.isSingle() || span.firstRow != row || span.firstColumn != column) continue;
-        const auto last = std::ranges::find(places_, span.lastColumn, &Place::first);
-        const lxw_col_t lastPlace = last == places_.end() ? place : last->second;
-        merge({firstHeader_ + static_cast<lxw_row_t>(row),
-               firstHeader_ + static_cast<lxw_row_t>(span.lastRow),
-               place,
-               lastPlace,
-               {}});
+      for (const Column& column : columns_) {
+        const CellSpan span = spanOf(row, column.inGrid);
+        if (span.isSingle() || span.firstRow != row || span.firstColumn != column.inGrid) continue;
+        const auto last = std::ranges::find(columns_, span.lastColumn, &Column::inGrid);
+        const Column& right = last == columns_.end() ? column : *last;
+        cells += "<mergeCell ref=\"" + column.letters + std::to_string(firstHeader() + row) + ":" +
+                 right.letters + std::to_string(firstHeader() + span.lastRow) + "\"/>";
+        ++count;
       }
     }
-  }
-
-  /// The library's own merging writes cells of several rows at once, which it refuses while it keeps one row
-  /// in memory. It frees what is in its list.
-  void merge(const lxw_merged_range& cells) {
-    auto* range = static_cast<lxw_merged_range*>(std::calloc(1, sizeof(lxw_merged_range)));
-    if (range == nullptr) throw std::bad_alloc();
-    *range = cells;
-    STAILQ_INSERT_TAIL(sheet_->merged_ranges, range, list_pointers);
-    ++sheet_->merged_range_count;
+    if (count > 0) {
+      out_.write("<mergeCells count=\"" + std::to_string(count) + "\">" + cells + "</mergeCells>");
+    }
   }
 
   CellSpan spanOf(std::size_t row, std::size_t column) const {
     return mergedCells(grid_, row, column, 0, grid_.headerRows() - 1);
   }
 
-  void writeRow(std::size_t row) {
-    for (const auto& [column, place] : places_) {
-      const std::string& text = grid_.text(row, column);
-      const auto alignment = static_cast<std::size_t>(grid_.alignment(column));
-      if (!isNumberCell(grid_, row, column)) {
-        worksheet_write_string(sheet_, next_, place, text.c_str(), formats_.body[alignment]);
-        continue;
-      }
-      const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
-      worksheet_write_number(sheet_, next_, place, Val(text),
-                             (amount ? formats_.amount : formats_.body)[alignment]);
-    }
-    ++next_;
-  }
-
-  using Place = std::pair<std::size_t, lxw_col_t>;  // column of the grid and of the sheet
-
+  ZipStream& out_;
   const TextGrid& grid_;
-  Formats formats_;
-  lxw_worksheet* sheet_;
-  std::vector<Place> places_;
-  lxw_col_t columns_ = 0;
-  lxw_row_t next_ = 0;
-  lxw_row_t firstHeader_ = 0;
+  std::vector<std::string> captions_;  // the title first
+  std::vector<Column> columns_;        // that are shown
+  std::size_t rows_ = 0;               // that are written
+  std::string number_;                 // of the row that is being written
+  std::string line_;
 };
-
-[[noreturn]] void failed(const std::filesystem::path& file, const std::string& reason) {
-  std::error_code ignored;
-  std::filesystem::remove(file, ignored);
-  cannotWrite(file, reason);
-}
 
 }  // namespace
 
-void writeXlsx(const std::filesystem::path& file, const std::string& title, const ReportView& view) {
-  // The library would report this on standard error.
-  if (!std::ofstream(file, std::ios::binary)) failed(file, std::strerror(errno));
-  const std::string name = file.string();
-  lxw_workbook_options options{};
-  options.constant_memory = LXW_TRUE;
-  lxw_workbook* workbook = workbook_new_opt(name.c_str(), &options);
-  if (workbook == nullptr) failed(file, lxw_strerror(LXW_ERROR_MEMORY_MALLOC_FAILED));
-  const SheetWriter sheet(workbook, title, view);
-  const lxw_error error = workbook_close(workbook);
-  if (error != LXW_NO_ERROR) failed(file, lxw_strerror(error));
+void writeXlsx(std::ostream& out, const std::string& title, const ReportView& view) {
+  ZipStream archive(out);
+  SheetWriter sheet(archive, title, view);
+  for (const WorkbookPart& part : workbookParts(sheetName(title), sheet.firstHeader(), sheet.lastHeader())) {
+    archive.begin(std::string(part.name));
+    archive.write(part.content);
+  }
+  archive.begin("xl/worksheets/sheet1.xml");
+  sheet.write();
+  archive.finish();
 }
 
 }  // namespace zelkor

@@ -24,9 +24,9 @@ std::string schemaFor(const std::filesystem::path& file) {
 }
 
 std::unique_ptr<TransferTarget> openTarget(const std::filesystem::path& file, const std::string& conninfo,
-                                           const std::string& schema) {
-  if (conninfo.empty()) return std::make_unique<SqliteTarget>(file);
-  return std::make_unique<ServerTarget>(file,
+                                           const std::string& schema, const FileAccess& access) {
+  if (conninfo.empty()) return std::make_unique<SqliteTarget>(file, access);
+  return std::make_unique<ServerTarget>(file, access,
                                         ServerFile{conninfo, schema.empty() ? schemaFor(file) : schema});
 }
 

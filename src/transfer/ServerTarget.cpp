@@ -60,8 +60,9 @@ const dialect::ColumnInfo& counterOf(const TableDef& table) {
 
 }  // namespace
 
-ServerTarget::ServerTarget(const std::filesystem::path& path, const ServerFile& place)
-    : name_(path), schema_(checked(place).schema), server_(place.conninfo) {
+ServerTarget::ServerTarget(const std::filesystem::path& path, const FileAccess& access,
+                           const ServerFile& place)
+    : name_(path, access), schema_(checked(place).schema), server_(place.conninfo) {
   place.write(name_.temporary());
   server_.run("BEGIN");
   createSchema(server_, schema_);

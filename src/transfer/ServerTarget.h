@@ -11,7 +11,7 @@ namespace zelkor {
 /// before its end.
 class ServerTarget final : public TransferTarget {
  public:
-  ServerTarget(const std::filesystem::path& path, const ServerFile& place);
+  ServerTarget(const std::filesystem::path& path, const FileAccess& access, const ServerFile& place);
   ~ServerTarget() override;
 
   std::int64_t load(const TableDef& table, RowReader& rows) override;

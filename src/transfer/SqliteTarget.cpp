@@ -1,5 +1,6 @@
 #include "transfer/SqliteTarget.h"
 
+#include "store/engine/sqlite/OpenSqliteFile.h"
 #include "transfer/ExactCurrency.h"
 #include "transfer/IndexRefusal.h"
 
@@ -27,7 +28,15 @@ std::vector<std::string> columnNames(const TableDef& table) {
   return names;
 }
 
+const std::filesystem::path& checked(const std::filesystem::path& path) {
+  requireShortPath(path, NewFile::temporaryEnding.size());
+  return path;
+}
+
 }  // namespace
+
+SqliteTarget::SqliteTarget(const std::filesystem::path& path, const FileAccess& access)
+    : name_(checked(path), access), file_(name_.temporary()) {}
 
 std::int64_t SqliteTarget::load(const TableDef& table, RowReader& rows) {
   for (const std::string& statement : createTableStatements(table, sqlite)) file_.run(statement);

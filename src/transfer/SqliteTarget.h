@@ -9,7 +9,7 @@ namespace zelkor {
 /// A new SQLite file.
 class SqliteTarget final : public TransferTarget {
  public:
-  explicit SqliteTarget(const std::filesystem::path& path) : name_(path), file_(name_.temporary()) {}
+  SqliteTarget(const std::filesystem::path& path, const FileAccess& access);
 
   std::int64_t load(const TableDef& table, RowReader& rows) override;
   void continueCounter(const TableDef& table, std::int64_t last) override;

@@ -4,14 +4,14 @@
 #include <cmath>
 #include <memory>
 #include <numeric>
-#include <QFile>
+#include <ostream>
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QIODevice>
 #include <QPainter>
 #include <QPdfWriter>
 
 #include "base/GridSpans.h"
-#include "base/RuntimeError.h"
 #include "ui/Texts.h"
 
 namespace zelkor {
@@ -232,20 +232,30 @@ std::unique_ptr<QGuiApplication> applicationForFonts() {
   return std::make_unique<QGuiApplication>(argc, argv);
 }
 
-bool canBeWritten(const QString& file) {
-  return QFile(file).open(QIODevice::WriteOnly);
-}
+/// What Qt writes, on its way into a stream.
+class StreamDevice final : public QIODevice {
+ public:
+  explicit StreamDevice(std::ostream& out) : out_(out) { open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
+  bool isSequential() const override { return true; }
+
+ protected:
+  qint64 readData(char*, qint64) override { return -1; }
+  qint64 writeData(const char* bytes, qint64 count) override {
+    out_.write(bytes, count);
+    return out_ ? count : -1;
+  }
+
+ private:
+  std::ostream& out_;
+};
 
 }  // namespace
 
-void printPdf(const std::filesystem::path& file, const std::string& title,
-              const std::vector<std::string>& captions, const TextGrid& grid) {
-  const QString name = QString::fromStdString(file.string());
-  if (!canBeWritten(name)) {
-    throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”");
-  }
+void printPdf(std::ostream& out, const std::string& title, const std::vector<std::string>& captions,
+              const TextGrid& grid) {
   const auto application = applicationForFonts();
-  QPdfWriter writer(name);
+  StreamDevice device(out);
+  QPdfWriter writer(&device);
   writer.setResolution(kDotsPerInch);
   writer.setPageSize(QPageSize(QPageSize::A4));
   writer.setPageOrientation(QPageLayout::Landscape);

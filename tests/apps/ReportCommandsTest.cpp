@@ -109,6 +109,7 @@ TEST_F(ReportCommandsTest, WritesEveryForm) {
 
 TEST_F(ReportCommandsTest, LeavesNoHalfWrittenFile) {
   ReportOptions asked = options("固定资产使用状况分析表");
+  asked.force = true;
   execute("update fa_DeprTransactions set dblDeprT1=1000");
   engine.flush();
   writeFile(file("kept"), "before");
@@ -117,11 +118,94 @@ TEST_F(ReportCommandsTest, LeavesNoHalfWrittenFile) {
     asked.file = file("kept").string();
     EXPECT_EQ(errorOf([&] { run(asked); }), 6) << format << ": 0 divided by 0";
     EXPECT_EQ(readFile(file("kept")), "before") << format;
-    EXPECT_FALSE(fs::exists(file("kept.part"))) << format;
     asked.report = "固定资产总账";
     asked.file = (file("missing") / "report").string();
     EXPECT_EQ(errorOf([&] { run(asked); }), 57) << format;
     asked.report = "固定资产使用状况分析表";
+  }
+  for (const auto& entry : fs::directory_iterator(directory.path())) {
+    EXPECT_FALSE(entry.path().filename().string().starts_with(".")) << entry.path();
+  }
+}
+
+/// The account set's own files are never written, by whatever name or link.
+TEST_F(ReportCommandsTest, LeavesTheAccountSetAlone) {
+  fs::create_hard_link(file("ZkData.Mdb"), file("other.txt"));
+  fs::create_symlink(file("ZkSystem.Mdb"), file("link.txt"));
+  fs::create_directory(file("folder"));
+  fs::create_symlink(directory.path(), file("folder/up"));
+  ReportOptions asked = options("固定资产总账");
+  asked.force = true;
+  const std::string before = readFile(file("ZkSystem.Mdb"));
+  for (const char* name :
+       {"ZkData.Mdb", "ZkSystem.Mdb", "ZkData.Mdb-wal", "ZkData.Mdb-shm", "ZkSystem.Mdb-journal", "other.txt",
+        "link.txt", "folder/../ZkData.Mdb", "folder/up/ZkSystem.Mdb-wal"}) {
+    asked.file = file(name).string();
+    EXPECT_EQ(errorOf([&] { run(asked); }), 57) << name;
+  }
+  EXPECT_EQ(readFile(file("ZkSystem.Mdb")), before);
+  EXPECT_FALSE(fs::exists(file("ZkSystem.Mdb-journal")));
+  EXPECT_EQ(row("select count(*) from fa_Cards"), "1");
+}
+
+TEST_F(ReportCommandsTest, ReplacesAFileByForceAlone) {
+  ReportOptions asked = options("固定资产总账");
+  asked.file = file("report").string();
+  writeFile(asked.file, "before");
+  EXPECT_EQ(errorOf([&] { run(asked); }), 57);
+  EXPECT_EQ(readFile(asked.file), "before");
+  asked.force = true;
+  EXPECT_EQ(run(asked).status, 0);
+  EXPECT_TRUE(readFile(asked.file).starts_with("固定资产总账\n"));
+}
+
+/// The permissions of the books, and none that a replaced file did not give.
+TEST_F(ReportCommandsTest, LetsNobodyElseRead) {
+  ReportOptions asked = options("固定资产总账");
+  asked.file = file("report").string();
+  asked.force = true;
+  const std::pair<int, int> modes[] = {{0600, 0600}, {0660, 0600}, {0640, 0600}};
+  for (const auto& [books, report] : modes) {
+    fs::permissions(file("ZkData.Mdb"), static_cast<fs::perms>(books));
+    EXPECT_EQ(run(asked).status, 0);
+    EXPECT_EQ(static_cast<int>(fs::status(asked.file).permissions()), report) << std::oct << books;
+  }
+  fs::remove(asked.file);
+  EXPECT_EQ(run(asked).status, 0);
+  EXPECT_EQ(static_cast<int>(fs::status(asked.file).permissions()), 0640);
+}
+
+/// No format may hold a character that XML has no place for.
+TEST_F(ReportCommandsTest, WritesNoCharacterThatNoTextMayHold) {
+  execute("update fa_Cards set sAssetName='车\xEF\xBF\xBE\x01床'");
+  engine.flush();
+  ReportOptions asked = options("固定资产登记簿");
+  for (const char* format : {"text", "csv", "html"}) {
+    asked.format = format;
+    EXPECT_NE(run(asked).output.find("车\uFFFD\uFFFD床"), std::string::npos) << format << run(asked).output;
+  }
+}
+
+/// A disk that fills up leaves last month's file, a device is written directly, and nobody hears the system
+/// in English alone.
+TEST_F(ReportCommandsTest, TellsOfAFullDisk) {
+  for (const std::string format : {"text", "csv", "html", "xlsx", "pdf"}) {
+    writeFile(file("kept"), "before");
+    const auto written = [&](const std::string& name, unsigned long largest) {
+      return ProgramRun(zelkorctlProgram(),
+                        {"report", arguments(), "固定资产总账", "--format", format, "--out", name, "--force"},
+                        directory.path(), {.display = "", .largestFile = largest})
+          .finish();
+    };
+    const ProgramResult full = written(file("kept").string(), 100);
+    EXPECT_EQ(full.status, 1) << format;
+    EXPECT_EQ(full.errors.find("zelkorctl: 错误 57：不能写文件“" + file("kept").string() + "”"), 0U)
+        << full.errors;
+    EXPECT_EQ(std::count(full.errors.begin(), full.errors.end(), '\n'), 1) << full.errors;
+    EXPECT_EQ(readFile(file("kept")), "before") << format;
+    EXPECT_EQ(written("/dev/full", 0).status, 1) << format;
+    EXPECT_EQ(written("/dev/stdout", 0).status, 0) << format;
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
   }
 }
 

@@ -39,8 +39,14 @@ TEST(CsvReader, NamesThePlaceOfAnErrorAndGoesOn) {
     std::string bad;
     std::size_t line, column;
   } kCases[] = {
-      {"机床,5\" 管", 2, 5}, {"机床,\"管\"x,1", 2, 7}, {"机床,\"管", 2, 4},
-      {"机\r床", 2, 2},      {"机床,\xFF,1", 2, 4},    {"\"机\n床\"x", 3, 3},
+      {std::string("车\0床", 7) + ",1", 2, 2},
+      {"车,\"床\n一\xEF\xBF\xBE\",1", 3, 2},
+      {"机床,5\" 管", 2, 5},
+      {"机床,\"管\"x,1", 2, 7},
+      {"机床,\"管", 2, 4},
+      {"机\r床", 2, 2},
+      {"机床,\xFF,1", 2, 4},
+      {"\"机\n床\"x", 3, 3},
   };
   for (const auto& [bad, line, column] : kCases) {
     CsvReader reader("a,b\n" + bad + "\n末,行");

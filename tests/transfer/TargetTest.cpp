@@ -172,6 +172,76 @@ TEST_F(SourceTest, ReadsAFileThatMayNotBeWritten) {
   EXPECT_THAT(copy(file_, copy_), IsEmpty());
 }
 
+/// Copies the file as somebody who may write nothing but the copy; 0 when all went well.
+int copiedByNobody(const fs::path& from, const fs::path& to) {
+  const pid_t child = fork();
+  if (child == 0) {
+    if (geteuid() == 0 && setuid(65534) != 0) _exit(2);
+    try {
+      const auto source = openSource(from.string());
+      const auto target = openTarget(to);
+      carryTables(*source, *target);
+      target->finish();
+    } catch (const RuntimeError& error) {
+      _exit(std::string(error.what()).find("日志") == std::string::npos ? 1 : 4);
+    }
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WEXITSTATUS(status);
+}
+
+/// A folder without write permission is as a medium that cannot be written: there is no place for the index
+/// of a log. What the log still holds is never left out.
+TEST_F(SourceTest, ReadsAFileInAFolderThatMayNotBeWritten) {
+  const fs::path closed = directory_ / "closed?%41#";
+  const fs::path open = directory_ / "open";
+  for (const fs::path& folder : {directory_.path(), closed, open}) {
+    fs::create_directory(folder);
+    fs::permissions(folder, folder == open ? fs::perms::all : fs::perms(0755));
+  }
+  const fs::path books = closed / "ZkData.Mdb";
+  fs::copy_file(file_, books);
+  RawFile(books).run("PRAGMA journal_mode = wal");
+  if (geteuid() != 0) fs::permissions(closed, fs::perms(0555));
+  EXPECT_EQ(copiedByNobody(books, open / "Copy.Mdb"), 0);
+  EXPECT_THAT(textsOf(compareTables(*openSource(file_.string()), *openSource(open / "Copy.Mdb"))), IsEmpty());
+  if (geteuid() != 0) fs::permissions(closed, fs::perms(0755));
+  writeFile(closed / "ZkData.Mdb-wal", "x");
+  if (geteuid() != 0) fs::permissions(closed, fs::perms(0555));
+  EXPECT_EQ(copiedByNobody(books, open / "Other.Mdb"), 4);
+  fs::permissions(closed, fs::perms(0755));
+}
+
+/// Neither a link that somebody planted nor more than the owner's permissions.
+TEST_F(TargetTest, IsAFileOfItsOwn) {
+  writeFile(directory_ / "private", "kept");
+  fs::create_symlink(directory_ / "private", fs::path(copy_).concat(".new"));
+  const auto source = openSource(file_.string());
+  const auto target = openTarget(copy_, "", "", {.mode = 0640});
+  carryTables(*source, *target);
+  target->finish();
+  EXPECT_EQ(readFile(directory_ / "private"), "kept");
+  EXPECT_EQ(fs::status(copy_).permissions(), fs::perms(0640));
+}
+
+TEST_F(TargetTest, NamesAPathThatIsTooLong) {
+  fs::path deep = directory_.path();
+  while (deep.native().size() < 480) deep /= std::string(40, 'x');
+  fs::create_directories(deep);
+  const fs::path file = deep / "ZkData.Mdb";
+  try {
+    openTarget(file);
+    ADD_FAILURE() << "made";
+  } catch (const RuntimeError& error) {
+    EXPECT_TRUE(error.is(ErrorNumber::CannotOpenReadOnly));
+    EXPECT_THAT(error.what(), testing::HasSubstr("ZkData.Mdb' 的路径太长"));
+  }
+  fs::copy_file(file_, file);
+  EXPECT_EQ(errorOf([&] { openSource(file.string()); }), 3051);
+}
+
 class CompareTest : public TargetTest {};
 
 TEST_F(CompareTest, NamesTheFirstDifferenceOfATable) {

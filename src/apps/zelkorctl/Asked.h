@@ -47,6 +47,7 @@ struct Asked {
   std::vector<std::string> conditions;
   std::string format = "text";
   std::string out;
+  bool force = false;
 };
 
 }  // namespace zelkor

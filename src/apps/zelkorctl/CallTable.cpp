@@ -17,7 +17,11 @@ namespace {
 using Parameters = std::vector<Parameter>;
 
 TransferOptions transferOf(const Asked& asked) {
-  return {.target = asked.target, .server = asked.server, .schema = asked.schema, .check = asked.check};
+  return {.source = asked.file,
+          .target = asked.target,
+          .server = asked.server,
+          .schema = asked.schema,
+          .check = asked.check};
 }
 
 TerminalDialogs::Options dialogsOf(const Asked& asked) {
@@ -82,7 +86,8 @@ int deleteVoucher(const Asked& asked, std::ostream& output, std::ostream& proble
 }
 
 int report(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return reportCommand(jobOf(asked, 25), {asked.report, asked.conditions, asked.format, asked.out}, output,
+  return reportCommand(jobOf(asked, 25),
+                       {asked.report, asked.conditions, asked.format, asked.out, asked.force}, output,
                        problems);
 }
 
@@ -291,10 +296,8 @@ std::vector<Call> jobCalls() {
              .text = "形式",
              .value = "FORMAT",
              .words = {"text", "csv", "html", "xlsx", "pdf"}},
-            {.name = "--out",
-             .field = &Asked::out,
-             .text = "写入的文件；xlsx 和 pdf 必需",
-             .value = "FILE"}}),
+            {.name = "--out", .field = &Asked::out, .text = "写入的文件；xlsx 和 pdf 必需", .value = "FILE"},
+            {.name = "--force", .field = &Asked::force, .text = "替换已有的文件", .needs = "--out"}}),
        .example = "zelkorctl report 固定资产总账 --set books --format pdf --out ledger.pdf",
        .run = report}};
 }

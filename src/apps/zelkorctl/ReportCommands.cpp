@@ -1,15 +1,15 @@
 #include "apps/zelkorctl/ReportCommands.h"
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <optional>
 #include <ostream>
 
 #include "apps/zelkorctl/ReportConditionList.h"
+#include "base/OutputFile.h"
 #include "base/RuntimeError.h"
 #include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
+#include "store/accountset/FilesOfSet.h"
 #ifdef ZELKOR_PAPER
 #include "ui/GridPaper.h"
 #endif
@@ -17,71 +17,36 @@
 namespace zelkor {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr int kWrongUsage = 2;
-
-/// A file beside the wanted one that takes its place when it is whole.
-class PartFile {
- public:
-  explicit PartFile(fs::path file) : file_(std::move(file)), part_(file_.string() + ".part") {
-    if (!std::ofstream(part_, std::ios::binary)) cannotWrite(file_, std::strerror(errno));
-  }
-  PartFile(const PartFile&) = delete;
-  PartFile& operator=(const PartFile&) = delete;
-  ~PartFile() {
-    std::error_code ignored;
-    fs::remove(part_, ignored);
-  }
-
-  const fs::path& part() const { return part_; }
-  void keep() {
-    std::error_code error;
-    fs::rename(part_, file_, error);
-    if (error) cannotWrite(file_, error.message());
-  }
-
- private:
-  fs::path file_;
-  fs::path part_;
-};
 
 using StreamWriter = void (*)(std::ostream& out, const std::string& title, const ReportView& view);
 
-StreamWriter streamWriter(const std::string& format) {
-  if (format == "csv") return writeCsv;
-  if (format == "html") return writeHtml;
-  return writeText;
-}
-
-void writeStream(const fs::path& file, const std::string& format, const std::string& title,
-                 const ReportView& view) {
-  std::ofstream out(file, std::ios::binary);
-  if (!out) cannotWrite(file, std::strerror(errno));
-  streamWriter(format)(out, title, view);
-  if (!out.flush()) cannotWrite(file, std::strerror(errno));
-}
-
-void writePdf([[maybe_unused]] const fs::path& file, [[maybe_unused]] const std::string& title,
+void writePdf([[maybe_unused]] std::ostream& out, [[maybe_unused]] const std::string& title,
               [[maybe_unused]] const ReportView& view) {
 #ifdef ZELKOR_PAPER
-  printPdf(file, title, captionLines(view), view.grid);
+  printPdf(out, title, captionLines(view), view.grid);
 #else
   throw RuntimeError(ErrorNumber::OperationNotSupported, "本程序未含 PDF 输出");
 #endif
 }
 
-void writeFile(const fs::path& file, const std::string& format, const std::string& title,
-               const ReportView& view) {
-  PartFile written(file);
-  if (format == "xlsx") {
-    writeXlsx(written.part(), title, view);
-  } else if (format == "pdf") {
-    writePdf(written.part(), title, view);
-  } else {
-    writeStream(written.part(), format, title, view);
+StreamWriter streamWriter(const std::string& format) {
+  if (format == "csv") return writeCsv;
+  if (format == "html") return writeHtml;
+  if (format == "xlsx") return writeXlsx;
+  if (format == "pdf") return writePdf;
+  return writeText;
+}
+
+/// The file that was asked for, none for the output. A file of the account set is refused under every name.
+std::optional<OutputFile> outputFileOf(const RunContext& context, const ReportOptions& options) {
+  if (options.file.empty()) return std::nullopt;
+  for (const std::string& own : {context.gstrZtFile, context.gstrZkSysFile}) {
+    if (isFileOfSet(options.file, own)) cannotWrite(options.file, "它是账套的数据文件");
   }
-  written.keep();
+  return std::optional<OutputFile>(
+      std::in_place, options.file,
+      OutputFile::Options{.replace = options.force, .access = accessOf(context.gstrZtFile)});
 }
 
 void listReports(std::ostream& problems, const std::string& name) {
@@ -97,13 +62,14 @@ void writeReport(RunContext& context, const ReportKind& kind, const ReportCondit
                  const ReportOptions& options, std::ostream& output, std::ostream& problems) {
   ReportView view;
   const std::string title(kind.name);
+  std::optional<OutputFile> file = outputFileOf(context, options);
   if (runReport(context, kind, conditions, view) == ReportOutcome::NothingToShow) {
     problems << "报表“" << kind.name << "”没有内容\n";
-  } else if (options.file.empty()) {
-    streamWriter(options.format)(output, title, view);
-  } else {
-    writeFile(options.file, options.format, title, view);
+    return;
   }
+  replaceUnwritable(view);
+  streamWriter(options.format)(file ? file->open() : output, title, view);
+  if (file) file->finish();
 }
 
 }  // namespace

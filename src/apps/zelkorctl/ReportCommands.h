@@ -13,9 +13,11 @@ struct ReportOptions {
   std::vector<std::string> conditions;  // "key=value"
   std::string format = "text";          // text, csv, html, xlsx or pdf
   std::string file;                     // empty: the output, which xlsx and pdf do not take
+  bool force = false;                   // replaces a file that is there already
 };
 
-/// Computes a report and writes it. What fails leaves no file; a report of that name that is not there, and a
+/// Computes a report and writes it. What fails leaves what was there, a file of the account set is never
+/// replaced and another one only by force (error 57); a report of that name that is not there, and a
 /// condition that it does not have, is told with those that are, status 2.
 int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream& output,
                   std::ostream& problems);

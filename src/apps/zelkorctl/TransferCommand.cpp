@@ -45,7 +45,7 @@ bool checkTarget(TransferSource& source, const std::filesystem::path& target, st
 }  // namespace
 
 int transferCommand(TransferSource& source, const TransferOptions& options, std::ostream& output) {
-  const auto target = openTarget(options.target, options.server, options.schema);
+  const auto target = openTarget(options.target, options.server, options.schema, accessOf(options.source));
   const TransferReport report = carryTables(source, *target);
   target->finish();
   bool good = print(report, output);

@@ -11,6 +11,7 @@ namespace zelkor {
 /// Where a transfer goes: a new SQLite file, or with `server` (libpq's words) the file that names the new
 /// `schema` there.
 struct TransferOptions {
+  std::string source;  // the file whose permissions the target gets
   std::filesystem::path target;
   std::string server;
   std::string schema;  // empty: schemaFor(target)

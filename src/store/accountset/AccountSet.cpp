@@ -10,6 +10,7 @@
 #include "store/accountset/SampleArchives.h"
 #include "store/accountset/TemplateWriter.h"
 #include "store/catalogue/Catalogue.h"
+#include "store/engine/sqlite/OpenSqliteFile.h"
 
 namespace zelkor {
 namespace {
@@ -82,10 +83,11 @@ void write(const NewFile& file, const AccountSetOptions& options, Content conten
 }
 
 void createBoth(const fs::path& directory, const AccountSetOptions& options) {
-  const bool made = fs::create_directory(directory);
+  const bool made = makeFolder(directory);
   Unfinished folder(made ? directory : fs::path());
-  NewFile data(directory / "ZkData.Mdb");
-  NewFile system(directory / "ZkSystem.Mdb");
+  const FileAccess access = accessWithin(directory);
+  NewFile data(directory / "ZkData.Mdb", access);
+  NewFile system(directory / "ZkSystem.Mdb", access);
   write(data, options, writeDataFile);
   write(system, options, writeSystemFile);
   // Both are complete before either bears its name: what a kill leaves is no half account set.
@@ -97,6 +99,7 @@ void createBoth(const fs::path& directory, const AccountSetOptions& options) {
 
 void createAccountSet(const fs::path& directory, const AccountSetOptions& options) {
   checkOptions(options);
+  requireShortPath(directory / "ZkSystem.Mdb", NewFile::temporaryEnding.size());
   try {
     createBoth(directory, options);
   } catch (const fs::filesystem_error& error) {

@@ -84,6 +84,8 @@ void requireReadable(const fs::path& path) {
   const std::string name = "'" + path.string() + "'";
   if (status.type() == fs::file_type::not_found)
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 " + name + "。");
+  if (failure == std::errc::filename_too_long)
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "文件 " + name + " 的路径太长，无法打开。");
   if (status.type() == fs::file_type::none)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法打开文件 " + name + "：" + failure.message());
   if (status.type() != fs::file_type::regular)

@@ -1,5 +1,8 @@
 #include "store/accountset/NewFile.h"
 
+#include <cerrno>
+#include <system_error>
+
 #include "base/RuntimeError.h"
 
 namespace zelkor {
@@ -18,9 +21,15 @@ Unfinished::~Unfinished() {
   if (!path_.empty()) fs::remove(path_, ignored);
 }
 
-NewFile::NewFile(fs::path file) : path_(std::move(file)), temporary_(fs::path(path_).concat(".new")) {
+NewFile::NewFile(fs::path file, const FileAccess& access)
+    : path_(std::move(file)), temporary_(fs::path(path_).concat(temporaryEnding)) {
   requireAbsent(path_);
   removeTemporary();
+  if (!createFile(temporary_, access)) {
+    const std::error_code failure(errno, std::generic_category());
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
+                       "无法建立文件 '" + path_.string() + "'：" + failure.message());
+  }
 }
 
 NewFile::~NewFile() {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 #include <utility>
+
+#include "base/FileAccess.h"
 
 namespace zelkor {
 
@@ -22,12 +25,15 @@ class Unfinished {
   std::filesystem::path path_;
 };
 
-/// A file that is written under a temporary name beside its own. Unless it was given its name it goes with
-/// the object.
+/// A file that is written under a temporary name beside its own, where it lies empty at first. Unless it was
+/// given its name it goes with the object.
 class NewFile {
  public:
-  /// Error 3204 when the file is there already; what a killed process has left under the temporary name goes.
-  explicit NewFile(std::filesystem::path file);
+  static constexpr std::string_view temporaryEnding = ".new";
+
+  /// Error 3204 when the file is there already, 3051 when it cannot be made; what a killed process has left
+  /// under the temporary name goes.
+  NewFile(std::filesystem::path file, const FileAccess& access);
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
   ~NewFile();

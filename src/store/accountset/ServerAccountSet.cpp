@@ -55,8 +55,9 @@ void createBoth(PostgreSqlLink& server, const Part& data, const Part& system,
                 const AccountSetOptions& options) {
   const Scratch scratch(data.path.parent_path() / ".new");
   createAccountSet(scratch.path(), options);
-  NewFile dataFile(data.path);
-  NewFile systemFile(system.path);
+  const FileAccess access = accessWithin(data.path.parent_path());
+  NewFile dataFile(data.path, access);
+  NewFile systemFile(system.path, access);
   data.place.write(dataFile.temporary());
   system.place.write(systemFile.temporary());
   server.run("BEGIN");
@@ -91,7 +92,7 @@ void createServerAccountSet(const std::string& conninfo, const fs::path& directo
   const ServerFile system{conninfo, schemaName(options.account, "system")};
   PostgreSqlLink server(conninfo);
   try {
-    const bool made = fs::create_directory(directory);
+    const bool made = makeFolder(directory);
     Unfinished folder(made ? directory : fs::path());
     createBoth(server, {directory / dataName, data}, {directory / systemName, system}, options);
     folder.keep();

@@ -115,6 +115,29 @@ TEST(SqliteAccountSet, RefusesExistingFilesAndLeavesThemAlone) {
   }
 }
 
+/// The owner's alone, unless the folder, or the one above that hands its group down, is a group's.
+TEST(SqliteAccountSet, IsForThoseWhomTheFolderNames) {
+  struct Case {
+    int above;
+    int folder;  // 0: is made
+    int made;
+    int files;
+  };
+  const Case cases[] = {{0755, 0, 0700, 0600},   {0755, 0755, 0755, 0600},   {0755, 0770, 0770, 0660},
+                        {02770, 0, 02770, 0660}, {02770, 0750, 02750, 0600}, {0770, 0, 0700, 0600}};
+  for (const Case& c : cases) {
+    const TempDir directory;
+    fs::permissions(directory.path(), fs::perms(c.above));
+    const fs::path folder = directory / "books";
+    if (c.folder != 0) fs::create_directory(folder);
+    if (c.folder != 0) fs::permissions(folder, fs::perms(c.made));
+    createAccountSet(folder, {});
+    const auto mode = [](const fs::path& path) { return static_cast<int>(fs::status(path).permissions()); };
+    EXPECT_EQ(mode(folder), c.made) << std::oct << c.above << ' ' << c.folder;
+    for (const char* name : {"ZkData.Mdb", "ZkSystem.Mdb"}) EXPECT_EQ(mode(folder / name), c.files) << c.made;
+  }
+}
+
 TEST(SqliteAccountSet, LeavesNothingBehindWhenItFails) {
   const TempDir directory;
   // The second file cannot be written: its place is taken by a directory.

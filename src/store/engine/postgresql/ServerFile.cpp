@@ -32,12 +32,17 @@ bool isSchemaName(const std::string& name) {
   return !name.empty() && plain && !name.starts_with("pg_");
 }
 
+bool isPassword(std::string_view keyword) {
+  return keyword == "password" || keyword == "sslpassword";
+}
+
 std::optional<std::string> faultOf(const std::string& conninfo) {
   const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(
       PQconninfoParse(conninfo.c_str(), nullptr), PQconninfoFree);
-  if (!options) return "连接参数 '" + conninfo + "' 不正确。";
+  // The text itself may hold a password.
+  if (!options) return "连接参数不正确：应为以空格分开的“键=值”，如 host=db.example.com dbname=zelkor。";
   for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option)
-    if (std::string_view(option->keyword) == "password" && option->val != nullptr)
+    if (isPassword(option->keyword) && option->val != nullptr)
       return "口令不写入账套文件：请放在 .pgpass 文件或环境变量 PGPASSWORD 中。";
   return std::nullopt;
 }
@@ -52,7 +57,9 @@ std::map<std::string, std::string> settingsOf(const std::filesystem::path& path)
   std::ifstream file(path, std::ios::binary);
   std::map<std::string, std::string> settings;
   bool within = false;
+  int number = 0;
   for (std::string line; std::getline(file, line);) {
+    ++number;
     if (line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
     const std::string text = trimmed(line);
     if (isComment(text)) continue;
@@ -60,7 +67,7 @@ std::map<std::string, std::string> settingsOf(const std::filesystem::path& path)
       within = text == section;
     } else if (within) {
       const std::size_t equals = text.find('=');
-      if (equals == std::string::npos) fail(path, "'" + text + "' 不是“键=值”。");
+      if (equals == std::string::npos) fail(path, "第" + std::to_string(number) + "行不是“键=值”。");
       settings[trimmed(text.substr(0, equals))] = trimmed(text.substr(equals + 1));
     }
   }

@@ -4,18 +4,13 @@
 
 #include "base/RuntimeError.h"
 #include "store/catalogue/Catalogue.h"
+#include "store/engine/sqlite/OpenSqliteFile.h"
 #include "store/engine/sqlite/SqliteErrors.h"
 
 namespace zelkor {
 
-NewSqliteFile::NewSqliteFile(const std::filesystem::path& path) {
-  sqlite3* handle = nullptr;
-  const int code = sqlite3_open_v2(
-      path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE, nullptr);
-  handle_.reset(handle);
-  if (code != SQLITE_OK)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "无法建立文件 '" + path.string() + "'：" + sqlite3_errmsg(handle));
+NewSqliteFile::NewSqliteFile(const std::filesystem::path& path)
+    : handle_(openSqliteFile(path.string(), SqliteEngine::Access::Write)) {
   // A file that is not finished is thrown away: nothing needs to survive a failure of the process. A
   // statement that fails (an index that the rows do not allow) still has to be undone.
   run("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536; BEGIN IMMEDIATE");

@@ -15,7 +15,7 @@ namespace zelkor {
 /// a failure: until then it is not for others to open. Every failure raises RuntimeError.
 class NewSqliteFile {
  public:
-  /// Creates the file; it must not be there.
+  /// `path` is an empty file, which its owner has made.
   explicit NewSqliteFile(const std::filesystem::path& path);
 
   void run(const std::string& sql);

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "base/RuntimeError.h"
+#include "store/engine/sqlite/OpenSqliteFile.h"
 #include "store/engine/sqlite/SqliteErrors.h"
 #include "store/engine/sqlite/SqliteFunctions.h"
 #include "store/engine/sqlite/SqliteStatement.h"
@@ -15,19 +16,6 @@ constexpr int busyTimeoutMilliseconds = 10'000;
 // Nobody at a screen is quicker than this.
 constexpr std::chrono::milliseconds timeBetweenLooks{100};
 
-// Opens a file that may not be written for reading.
-sqlite3* openHandle(const std::string& path) {
-  // The count of its memory, which nobody reads, takes a lock at every allocation.
-  static const int uncounted = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-  (void)uncounted;
-  sqlite3* handle = nullptr;
-  const int code =
-      sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-  if (code == SQLITE_OK) return handle;
-  const SqliteHandle owner(handle);
-  raiseSqliteError(handle, code);
-}
-
 }  // namespace
 
 void SqliteCloser::operator()(sqlite3* handle) const {
@@ -38,7 +26,8 @@ void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
   sqlite3_finalize(handle);
 }
 
-SqliteEngine::SqliteEngine(const std::string& path, Access access) : handle_(openHandle(path)), path_(path) {
+SqliteEngine::SqliteEngine(const std::string& path, Access access)
+    : handle_(openSqliteFile(path, access)), path_(path) {
   sqlite3_extended_result_codes(handle_.get(), 1);
   sqlite3_busy_timeout(handle_.get(), busyTimeoutMilliseconds);
   registerSqliteFunctions(handle_.get());

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// The characters of UTF-8 texts.
+namespace zelkor {
+
+inline constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+struct Character {
+  char32_t code = kNoCharacter;
+  std::size_t length = 1;  // in bytes
+};
+
+/// The first character of a text that is not empty; one byte without a code where it is no valid UTF-8.
+Character firstCharacter(std::string_view text);
+
+/// Where the first character stands that no text may hold: a control character other than tab and line break,
+/// one that Unicode keeps from use, or a byte that is none; npos when there is none.
+std::size_t findUnwritable(std::string_view text);
+
+/// The text with U+FFFD in the place of each of them.
+std::string writable(std::string_view text);
+
+}  // namespace zelkor

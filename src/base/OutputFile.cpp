@@ -1,0 +1,155 @@
+#include "base/OutputFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <ostream>
+#include <streambuf>
+
+#include "base/RuntimeError.h"
+
+namespace zelkor {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Bytes on their way into a descriptor. The first failure is kept, nothing is written after it.
+class DescriptorBuffer final : public std::streambuf {
+ public:
+  explicit DescriptorBuffer(FileDescriptor file) : file_(std::move(file)) {
+    setp(bytes_.data(), bytes_.data() + bytes_.size());
+  }
+
+  const FileDescriptor& file() const { return file_; }
+  int failure() const { return failure_; }
+  void note(bool done) {
+    if (!done && failure_ == 0) failure_ = errno;
+  }
+  void close() { note(file_.close()); }
+
+ protected:
+  int_type overflow(int_type byte) override {
+    if (sync() != 0) return traits_type::eof();
+    if (!traits_type::eq_int_type(byte, traits_type::eof())) sputc(traits_type::to_char_type(byte));
+    return traits_type::not_eof(byte);
+  }
+
+  int sync() override {
+    const char* from = pbase();
+    while (failure_ == 0 && from != pptr()) {
+      const ssize_t written = ::write(file_.get(), from, static_cast<std::size_t>(pptr() - from));
+      if (written >= 0) {
+        from += written;
+      } else if (errno != EINTR) {
+        note(false);
+      }
+    }
+    setp(bytes_.data(), bytes_.data() + bytes_.size());
+    return failure_ == 0 ? 0 : -1;
+  }
+
+ private:
+  FileDescriptor file_;
+  int failure_ = 0;
+  std::array<char, 65536> bytes_{};
+};
+
+bool isPipeOrDevice(const fs::file_status& status) {
+  switch (status.type()) {
+    case fs::file_type::fifo:
+    case fs::file_type::character:
+    case fs::file_type::block:
+      return true;
+    default:
+      return false;
+  }
+}
+
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+}  // namespace
+
+class OutputFile::Stream : public std::ostream {
+ public:
+  explicit Stream(FileDescriptor file) : std::ostream(nullptr), buffer_(std::move(file)) { rdbuf(&buffer_); }
+  DescriptorBuffer& buffer() { return buffer_; }
+
+ private:
+  DescriptorBuffer buffer_;
+};
+
+void cannotWrite(const fs::path& file, const std::string& reason) {
+  throw RuntimeError(ErrorNumber::DeviceIo, "不能写文件“" + file.string() + "”：" + reason);
+}
+
+// A link is followed to a pipe or a device alone: who may plant one must not choose what is overwritten.
+OutputFile::OutputFile(fs::path file, const Options& options) : file_(std::move(file)), options_(options) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(file_, ignored);
+  direct_ = isPipeOrDevice(status);
+  if (direct_) return;
+  if (fs::is_symlink(fs::symlink_status(file_, ignored))) {
+    cannotWrite(file_, "它是一个链接，请指定文件本身");
+  }
+  if (fs::is_directory(status)) cannotWrite(file_, "是一个目录");
+  if (!fs::exists(status)) return;
+  if (!fs::is_regular_file(status)) cannotWrite(file_, "不是普通文件");
+  if (!options_.replace) cannotWrite(file_, "文件已存在；要替换它请用 --force");
+  options_.access.mode &= accessOf(file_).mode;
+}
+
+OutputFile::~OutputFile() {
+  if (!beside_.empty()) ::unlink(beside_.c_str());
+}
+
+std::ostream& OutputFile::open() {
+  FileDescriptor file = direct_ ? openDirectly() : openBeside();
+  if (!file) cannotWrite(file_, std::strerror(errno));
+  stream_ = std::make_unique<Stream>(std::move(file));
+  return *stream_;
+}
+
+FileDescriptor OutputFile::openDirectly() const {
+  FileDescriptor file(::open(file_.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+  struct stat found {};
+  if (file && ::fstat(file.get(), &found) == 0 && S_ISREG(found.st_mode)) {
+    cannotWrite(file_, "它已不是管道或设备");
+  }
+  return file;
+}
+
+FileDescriptor OutputFile::openBeside() {
+  std::string name = folderOf(file_) / ".zelkor-XXXXXX";
+  FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
+  if (!file) return file;
+  beside_ = name;
+  return grant(file, options_.access) ? std::move(file) : FileDescriptor();
+}
+
+void OutputFile::finish() {
+  DescriptorBuffer& buffer = stream_->buffer();
+  stream_->flush();
+  if (!direct_) buffer.note(::fsync(buffer.file().get()) == 0);
+  buffer.close();
+  if (buffer.failure() != 0) cannotWrite(file_, std::strerror(buffer.failure()));
+  if (!direct_) keep();
+}
+
+// A file that has come meanwhile is not replaced unasked; where a file cannot have two names, nothing tells.
+void OutputFile::keep() {
+  if (!options_.replace) {
+    if (::link(beside_.c_str(), file_.c_str()) == 0) return;
+    if (errno == EEXIST) cannotWrite(file_, std::strerror(errno));
+  }
+  if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
+  beside_.clear();
+}
+
+}  // namespace zelkor

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+#include "base/FileAccess.h"
+
+namespace zelkor {
+
+/// Raises error 57, a file that cannot be written.
+[[noreturn]] void cannotWrite(const std::filesystem::path& file, const std::string& reason);
+
+/// A file that the program writes for its user. It is written beside its place and takes it when it is whole,
+/// on disk and closed; otherwise what was there stays. A pipe or a device is written directly. Every failure
+/// raises error 57, which names the file.
+class OutputFile {
+ public:
+  struct Options {
+    bool replace = false;  // a file that is there already
+    FileAccess access{};   // of the new file; one that is replaced lets nobody in whom it kept out
+  };
+
+  /// Nothing is written or opened yet, but what stands in the way is refused.
+  OutputFile(std::filesystem::path file, const Options& options);
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  ~OutputFile();
+
+  /// Opens it; the content is written there.
+  std::ostream& open();
+  /// To be called when all is written: forces it to disk and gives the file its name.
+  void finish();
+
+ private:
+  class Stream;
+
+  FileDescriptor openDirectly() const;
+  FileDescriptor openBeside();
+  void keep();
+
+  std::filesystem::path file_;
+  std::filesystem::path beside_;  // empty for a pipe or a device
+  Options options_;
+  bool direct_ = false;
+  std::unique_ptr<Stream> stream_;
+};
+
+}  // namespace zelkor

@@ -1,0 +1,71 @@
+#include <sys/stat.h>
+
+#include <ostream>
+#include <thread>
+
+#include "base/OutputFile.h"
+#include "support/Support.h"
+
+namespace zelkor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class OutputFileTest : public testing::Test {
+ protected:
+  /// 0, or the number of the error.
+  int write(const fs::path& file, bool replace = false) const {
+    return errorOf([&] {
+      OutputFile output(file, {.replace = replace, .access = {}});
+      output.open() << "new";
+      output.finish();
+    });
+  }
+  int mode(const char* name) const { return static_cast<int>(fs::status(folder / name).permissions()); }
+
+  const TempDir folder;
+};
+
+TEST_F(OutputFileTest, TakesItsPlaceWhenItIsWhole) {
+  EXPECT_EQ(write(folder / "a"), 0);
+  EXPECT_EQ(readFile(folder / "a"), "new");
+  EXPECT_EQ(mode("a"), 0600);
+  {
+    OutputFile output(folder / "b", {});
+    output.open() << std::string(100'000, 'x');
+  }
+  EXPECT_FALSE(fs::exists(folder / "b")) << "was not finished";
+  OutputFile late(folder / "b", {});
+  late.open() << "new";
+  writeFile(folder / "b", "came meanwhile");
+  EXPECT_EQ(errorOf([&] { late.finish(); }), 57);
+  EXPECT_EQ(readFile(folder / "b"), "came meanwhile");
+}
+
+/// Whoever may plant a link does not choose what is overwritten.
+TEST_F(OutputFileTest, ReplacesOnlyWhatItIsTold) {
+  writeFile(folder / "private", "before");
+  fs::create_symlink(folder / "private", folder / "link");
+  fs::create_symlink(folder / "missing", folder / "dangling");
+  fs::create_directory(folder / "folder");
+  for (const char* name : {"link", "dangling", "folder"}) {
+    for (const bool replace : {false, true}) EXPECT_EQ(write(folder / name, replace), 57) << name;
+  }
+  EXPECT_EQ(write(folder / "private"), 57);
+  EXPECT_EQ(readFile(folder / "private"), "before");
+  EXPECT_EQ(write(folder / "private", true), 0);
+  EXPECT_EQ(readFile(folder / "private"), "new");
+}
+
+TEST_F(OutputFileTest, WritesIntoAPipe) {
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  std::string read;
+  std::jthread reader([&] { read = readFile(folder / "pipe"); });
+  EXPECT_EQ(write(folder / "pipe"), 0);
+  reader.join();
+  EXPECT_EQ(read, "new");
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+}  // namespace
+}  // namespace zelkor::test

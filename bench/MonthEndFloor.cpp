@@ -4,8 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "Sqlite.h"
-
 namespace zelkor::bench {
 namespace {
 
@@ -127,8 +125,7 @@ void setOptions(BareFile& file) {
 
 }  // namespace
 
-void monthEndFloor(const std::string& dataFile) {
-  BareFile file(dataFile);
+void monthEndFloor(BareFile& file) {
   file.run("BEGIN IMMEDIATE");
   copyTables(file);
   carryCards(file);

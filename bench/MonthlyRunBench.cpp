@@ -8,7 +8,8 @@ namespace {
 
 double floorSeconds(const LargeAccountSet& original) {
   const LargeAccountSet set(original);
-  return secondsOf([&] { monthlyRunFloor(set.dataFile()); });
+  BareFile file(set.dataFile());
+  return secondsOf([&] { monthlyRunFloor(file); });
 }
 
 }  // namespace

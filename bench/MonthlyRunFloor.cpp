@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "Sqlite.h"
-
 namespace zelkor::bench {
 namespace {
 
@@ -112,8 +110,7 @@ void stageGroups(BareFile& file) {
 
 }  // namespace
 
-void monthlyRunFloor(const std::string& dataFile) {
-  BareFile file(dataFile);
+void monthlyRunFloor(BareFile& file) {
   file.run("BEGIN IMMEDIATE; DELETE FROM fa_DeprVouchers");
   computeCards(file);
   file.run("INSERT INTO fa_DeprVoucherMain(lOptID,sNum,iMaxPeriod,iMinPeriod,iStyle) VALUES(5,'01',1,1,1)");

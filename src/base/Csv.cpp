@@ -127,11 +127,11 @@ std::string CsvReader::readQuoted() {
 
 std::string CsvReader::readPlain() {
   const std::size_t start = at_;
-  while (!atEnd() && text_[at_] != ',' && !atLineBreak()) {
-    if (text_[at_] == '"') fail(at_, "未加引号的字段中有引号");
-    if (text_[at_] == '\r') fail(at_, "字段中有单独的回车符");
-    ++at_;
-  }
+  const auto end = std::find_if(text_.begin() + static_cast<std::ptrdiff_t>(at_), text_.end(),
+                                [](char c) { return c == ',' || c == '\n' || c == '"' || c == '\r'; });
+  at_ = static_cast<std::size_t>(end - text_.begin());
+  if (!atEnd() && text_[at_] == '"') fail(at_, "未加引号的字段中有引号");
+  if (!atEnd() && text_[at_] == '\r' && !atLineBreak()) fail(at_, "字段中有单独的回车符");
   return text_.substr(start, at_ - start);
 }
 

@@ -108,7 +108,9 @@ std::string asciiLower(std::string_view text) {
 }
 
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+  if (left.size() != right.size()) return false;
+  if (left == right) return true;  // as names are mostly written
+  return std::equal(left.begin(), left.end(), right.begin(),
                     [](char a, char b) { return asciiLower(a) == asciiLower(b); });
 }
 

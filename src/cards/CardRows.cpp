@@ -117,6 +117,14 @@ std::string assignments(const CardEntry& card, const ColumnList& list) {
   return text;
 }
 
+/// The months' columns of a department's ledger.
+std::string ledgerDetailColumns() {
+  std::string columns;
+  for (int n = 1; n <= monthsOfYear; ++n) columns += sql(",dblDepr", n, ",dblDeprT", n);
+  for (int n = 1; n <= monthsOfYear + 1; ++n) columns += sql(",dblMonthValue", n);
+  return columns;
+}
+
 }  // namespace
 
 CardEntry::CardEntry(Database& database, const CardValues& cardValues, CardLayout cardLayout,
@@ -161,7 +169,7 @@ void insertDeprTransaction(Database& database, const CardEntry& card) {
   std::string monthValues;
   for (int n = card.month + 1; n <= monthsOfYear; ++n) {
     monthColumns += sql(",dblMonthValue", n);
-    monthValues += sql(",", card[OriginalValue]);
+    monthValues.append(",").append(card[OriginalValue]);
   }
   database.Execute(sql(
       "Insert Into FA_DeprTransactions (sCardNum,sDeprAssetNum,iInputPeriod,dblInputValue,"
@@ -175,15 +183,12 @@ void insertDeprTransaction(Database& database, const CardEntry& card) {
 }
 
 void insertDeprTransactionDetail(Database& database, const CardEntry& card) {
-  std::string columns;
+  static const std::string columns = ledgerDetailColumns();
   std::string values;
-  for (int n = 1; n <= monthsOfYear; ++n) {
-    columns += sql(",dblDepr", n, ",dblDeprT", n);
-    values += ",0,0";
-  }
+  for (int n = 1; n <= monthsOfYear; ++n) values += ",0,0";
   for (int n = 1; n <= monthsOfYear + 1; ++n) {
-    columns += sql(",dblMonthValue", n);
-    values += n <= card.month ? ",0" : "," + card[CardField::OriginalValue];
+    values += ',';
+    values += n <= card.month ? "0" : card[CardField::OriginalValue];
   }
   database.Execute(sql("Insert Into FA_DeprTransactions_detail (sCardNum,sDeptNum", columns,
                        ",dblDeprThisYear) Values ('", card[CardField::CardNumber], "','", card.department,

@@ -36,14 +36,13 @@ DateTime dateOf(const Literal& literal) {
                      "日期的语法错误 在查询表达式 '#" + std::string(literal.content()) + "#' 中。");
 }
 
-template <typename Number>
-bool readWhole(std::string_view text, Number& value) {
+bool readWhole(std::string_view text, std::int64_t& value) {
   const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
   return failure == std::errc() && end == text.data() + text.size();
 }
 
 double realOf(const Literal& literal) {
-  if (double value = 0; readWhole(literal.content(), value)) return value;
+  if (std::int64_t whole = 0; readWhole(literal.content(), whole)) return static_cast<double>(whole);
   if (const auto number = parseNumber(literal.content())) return *number;
   throw RuntimeError(ErrorNumber::SyntaxInQuery,
                      "数字的语法错误 在查询表达式 '" + std::string(literal.content()) + "' 中。");
@@ -94,7 +93,7 @@ bool bindDirectly(EngineStatement& statement, int parameter, const Literal& lite
   switch (literal.kind) {
     case LiteralKind::Text:
       if (!isTextColumn(target)) return false;
-      statement.bindText(parameter, literal.content());
+      statement.bindLastingText(parameter, literal.content());
       return true;
     case LiteralKind::Number:
       return bindNumberDirectly(statement, parameter, literal, target);
@@ -116,15 +115,15 @@ void bindSlot(EngineStatement& statement, int parameter, const ParameterSlot& sl
   switch (slot.bindAs) {
     case BindAs::Text:
     case BindAs::Pattern:
-      return statement.bindText(parameter, literal.content());
+      return statement.bindLastingText(parameter, literal.content());
     case BindAs::TrimmedText:
-      return statement.bindText(parameter, withoutTrailingBlanks(literal.content()));
+      return statement.bindLastingText(parameter, withoutTrailingBlanks(literal.content()));
     case BindAs::Number:
       return bindNumber(statement, parameter, literal);
     case BindAs::Date:
       return statement.bindText(parameter, dateOf(literal).toIso());
     case BindAs::PrefixLow:
-      return statement.bindText(parameter, prefixOf(literal.content()));
+      return statement.bindLastingText(parameter, prefixOf(literal.content()));
     case BindAs::PrefixHigh:
       return statement.bindText(parameter, std::string(prefixOf(literal.content())).append(highest));
     case BindAs::Assigned:

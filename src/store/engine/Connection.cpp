@@ -52,7 +52,6 @@ Connection::~Connection() {
 // Another process may have changed a table since its columns were read: then the names are read anew, once.
 template <typename Use>
 auto Connection::withStatement(std::string_view sql, Use use) {
-  dialect::shapeOf(sql, shape_);
   try {
     return use(*statements_.find(sql, shape_));
   } catch (const RuntimeError& error) {

@@ -27,6 +27,8 @@ class EngineStatement {
   virtual void bindReal(int parameter, double value) = 0;
   /// The text is copied.
   virtual void bindText(int parameter, std::string_view value) = 0;
+  /// The text stays where it is until the statement is reset.
+  virtual void bindLastingText(int parameter, std::string_view value) { bindText(parameter, value); }
   virtual void bindBytes(int parameter, std::string_view value) = 0;
 
   /// Moves to the next row; false at the end. Raises the engine's failure as a RuntimeError.

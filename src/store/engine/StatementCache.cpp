@@ -29,14 +29,37 @@ std::shared_ptr<CachedStatement> StatementCache::translated(std::string_view sql
   return statement;
 }
 
-std::shared_ptr<CachedStatement> StatementCache::find(std::string_view sql, const dialect::Shape& shape) {
+void StatementCache::forget() {
+  samples_.clear();
+  statements_.clear();
+}
+
+std::shared_ptr<CachedStatement> StatementCache::recognised(std::string_view sql,
+                                                            dialect::Shape& shape) const {
+  const auto [first, last] = samples_.equal_range(sql.substr(0, beginning));
+  for (auto known = first; known != last; ++known)
+    if (known->second->sample->matches(sql, shape.literals)) return known->second;
+  return nullptr;
+}
+
+void StatementCache::keepSample(std::string_view sql, const std::shared_ptr<CachedStatement>& statement) {
+  const dialect::ShapeSample& sample = statement->sample.emplace(sql);
+  const std::string_view begin = sample.statement().substr(0, beginning);
+  if (sample.firstLiteral() >= beginning && samples_.count(begin) < mostAlike)
+    samples_.emplace(begin, statement);
+}
+
+std::shared_ptr<CachedStatement> StatementCache::find(std::string_view sql, dialect::Shape& shape) {
+  if (auto known = recognised(sql, shape)) return known;
+  dialect::shapeOf(sql, shape);
   if (const auto known = statements_.find(std::string_view(shape.key)); known != statements_.end())
     return known->second;
   auto statement = translated(sql, shape);
   const dialect::Translation& translation = statement->translation;
   // True only once, or for these literals only.
   if (changesTables(translation.kind) || translation.dependsOnLiterals) return statement;
-  if (statements_.size() >= mostShapes) statements_.clear();
+  if (statements_.size() >= mostShapes) forget();
+  keepSample(sql, statement);
   return statements_.emplace(shape.key, std::move(statement)).first->second;
 }
 

@@ -176,6 +176,23 @@ const Lexeme& Lexer::next() {
   return lexeme_;
 }
 
+// What a lexer has learnt depends on nothing but the text that it has read, as long as its last word ends
+// there.
+bool Lexer::passOver(std::string_view text, const Lexer& other) {
+  if (text.empty()) return true;
+  if (!rest().starts_with(text)) return false;
+  const std::string_view statement = statement_;
+  const char* const place = cursor_ + text.size();
+  const char* const end = end_;
+  *this = other;
+  statement_ = statement;
+  cursor_ = place;
+  end_ = end;
+  const std::size_t length = lexeme_.source.size();
+  lexeme_.source = std::string_view(cursor_ - length, length);
+  return lexeme_.kind != LexemeKind::Word || cursor_ == end_ || !continuesWord(cursor_, end_);
+}
+
 void Lexer::skipBlanks() {
   const char* start = cursor_;
   while (cursor_ != end_ && classOf(*cursor_) == Blank) ++cursor_;

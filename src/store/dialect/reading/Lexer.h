@@ -32,6 +32,12 @@ class Lexer {
 
   /// The next piece; of kind End for ever after the last. Raises the error of a syntax fault.
   const Lexeme& next();
+  /// The text that has not been read.
+  std::string_view rest() const { return {cursor_, static_cast<std::size_t>(end_ - cursor_)}; }
+
+  /// Passes over `text`, the last piece of which `other` has just read; false when the statement goes on
+  /// otherwise.
+  bool passOver(std::string_view text, const Lexer& other);
 
  private:
   enum class Expected : std::uint8_t { Nothing, Pattern, TopCount, Ordinal };

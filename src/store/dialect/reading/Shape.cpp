@@ -32,8 +32,8 @@ std::string decimalOf(std::string_view digits) {
   return std::to_string(static_cast<std::int32_t>(bits));
 }
 
-char liftText(const Lexeme& lexeme, Shape& shape) {
-  Literal& literal = shape.literals.emplace_back();
+char liftText(const Lexeme& lexeme, std::vector<Literal>& literals) {
+  Literal& literal = literals.emplace_back();
   literal.kind = LiteralKind::Text;
   literal.text = lexeme.inner();
   literal.prefixPattern = lexeme.prefixPattern;
@@ -43,19 +43,33 @@ char liftText(const Lexeme& lexeme, Shape& shape) {
   return lexeme.prefixPattern ? kPrefixPattern : kText;
 }
 
-char liftNumber(const Lexeme& lexeme, Shape& shape) {
-  Literal& literal = shape.literals.emplace_back();
+char liftNumber(const Lexeme& lexeme, std::vector<Literal>& literals) {
+  Literal& literal = literals.emplace_back();
   literal.kind = LiteralKind::Number;
   literal.text = lexeme.source;
   if (literal.text.front() == '&') literal.unescaped = decimalOf(literal.text.substr(2));
   return kNumber;
 }
 
-char liftDate(const Lexeme& lexeme, Shape& shape) {
-  Literal& literal = shape.literals.emplace_back();
+char liftDate(const Lexeme& lexeme, std::vector<Literal>& literals) {
+  Literal& literal = literals.emplace_back();
   literal.kind = LiteralKind::Date;
   literal.text = lexeme.inner();
   return kDate;
+}
+
+/// Adds the literal and gives its byte of the key; 0 for what is none.
+char lift(const Lexeme& lexeme, std::vector<Literal>& literals) {
+  switch (lexeme.kind) {
+    case LexemeKind::Text:
+      return liftText(lexeme, literals);
+    case LexemeKind::Number:
+      return liftNumber(lexeme, literals);
+    case LexemeKind::Date:
+      return liftDate(lexeme, literals);
+    default:
+      return '\0';
+  }
 }
 
 /// Writes the key behind the lexer. What stands in the statement as it shall stand in the key is copied in
@@ -118,23 +132,52 @@ void shapeOf(std::string_view statement, Shape& shape) {
   Lexer lexer(statement);
   for (;;) {
     const Lexeme& lexeme = lexer.next();
-    switch (lexeme.kind) {
-      case LexemeKind::Text:
-        key.lift(lexeme, liftText(lexeme, shape));
-        break;
-      case LexemeKind::Number:
-        key.lift(lexeme, liftNumber(lexeme, shape));
-        break;
-      case LexemeKind::Date:
-        key.lift(lexeme, liftDate(lexeme, shape));
-        break;
-      case LexemeKind::End:
-        key.finish();
-        return;
-      default:
-        key.keep(lexeme);
+    if (lexeme.kind == LexemeKind::End) return key.finish();
+    if (const char mark = lift(lexeme, shape.literals)) {
+      key.lift(lexeme, mark);
+    } else {
+      key.keep(lexeme);
     }
   }
+}
+
+struct ShapeSample::Place {
+  std::string_view before;  // the text between the literal before and this one, without the blanks at its end
+  Lexer lexer;              // behind that text
+  bool blankBefore;
+  char mark;
+};
+
+ShapeSample::ShapeSample(std::string_view statement) : statement_(statement), tail_(statement_) {
+  std::vector<Literal> literals;
+  Lexer lexer(statement_);
+  for (;;) {
+    const Lexer before = lexer;
+    const Lexeme& lexeme = lexer.next();
+    if (lexeme.kind == LexemeKind::End) return;
+    const char mark = lift(lexeme, literals);
+    if (mark == '\0') continue;
+    const std::size_t length = tail_.size() - before.rest().size();
+    places_.push_back({tail_.substr(0, length), before, lexeme.blankBefore, mark});
+    tail_ = lexer.rest();
+  }
+}
+
+ShapeSample::~ShapeSample() = default;
+
+std::size_t ShapeSample::firstLiteral() const {
+  return places_.empty() ? statement_.size() : places_.front().before.size();
+}
+
+bool ShapeSample::matches(std::string_view other, std::vector<Literal>& literals) const {
+  literals.clear();
+  Lexer lexer(other);
+  for (const Place& place : places_) {
+    if (!lexer.passOver(place.before, place.lexer)) return false;
+    const Lexeme& lexeme = lexer.next();
+    if (lexeme.blankBefore != place.blankBefore || lift(lexeme, literals) != place.mark) return false;
+  }
+  return lexer.rest() == tail_;
 }
 
 }  // namespace zelkor::dialect

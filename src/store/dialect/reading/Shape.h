@@ -40,4 +40,28 @@ struct Shape {
 /// character that starts no token.
 void shapeOf(std::string_view statement, Shape& shape);  // reuses the buffers of `shape`
 
+/// A statement by which others of its shape are recognised: jobs run the same few statements again and again.
+/// The text around the literals is compared as a whole, and only the literals are read.
+class ShapeSample {
+ public:
+  explicit ShapeSample(std::string_view statement);
+  ShapeSample(const ShapeSample&) = delete;
+  ShapeSample& operator=(const ShapeSample&) = delete;
+  ~ShapeSample();
+
+  std::string_view statement() const { return statement_; }
+  /// Where the text before the first literal ends; the length of a statement without any.
+  std::size_t firstLiteral() const;
+  /// Whether the other statement differs in nothing but its literals, which are then put into `literals`. Of
+  /// a statement that differs in its blanks it may say no.
+  bool matches(std::string_view other, std::vector<Literal>& literals) const;
+
+ private:
+  struct Place;
+
+  std::string statement_;
+  std::vector<Place> places_;  // of the literals
+  std::string_view tail_;      // what follows the last of them
+};
+
 }  // namespace zelkor::dialect

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -40,12 +41,29 @@ int sizeOf(std::string_view declared) {
   return size;
 }
 
-std::string schemaName(EngineStatement& master, std::string_view table) {
-  master.bindText(1, table);
-  std::string name;
-  if (master.step()) name = master.text(0);
-  master.reset();
-  return name;
+/// What the file's list says of one table.
+struct ListedTable {
+  std::string name;  // in the table's own spelling; empty when there is none
+  std::vector<std::string> indexes;
+
+  bool hasIndex(std::string_view index) const {
+    return std::ranges::any_of(indexes,
+                               [&](std::string_view known) { return dialect::sameName(known, index); });
+  }
+};
+
+// One pass for everything: the list has hundreds of rows, and no index.
+ListedTable listedTable(EngineStatement& list, std::string_view table) {
+  list.bindText(1, table);
+  ListedTable found;
+  while (list.step()) {
+    if (list.text(0) == "index") {
+      found.indexes.emplace_back(list.text(1));
+    } else {
+      found.name = list.text(1);
+    }
+  }
+  return found;
 }
 
 }  // namespace
@@ -60,23 +78,25 @@ std::vector<std::string> SqliteEngine::tableNames() {
 }
 
 std::optional<TableInfo> SqliteEngine::tableInfo(std::string_view table) {
-  const auto master =
-      prepare("SELECT name FROM sqlite_master WHERE type IN ('table', 'view') AND name = ?1 COLLATE NOCASE");
-  TableInfo info;
-  info.name = schemaName(*master, table);
-  if (info.name.empty()) return std::nullopt;
+  const auto list = prepare(
+      "SELECT type, name FROM sqlite_master WHERE tbl_name = ?1 COLLATE NOCASE AND type <> 'trigger'");
+  const ListedTable listed = listedTable(*list, table);
+  if (listed.name.empty()) return std::nullopt;
 
-  const auto columns = prepare(
-      "SELECT c.name, c.type, c.pk, EXISTS (SELECT 1 FROM sqlite_master i WHERE i.type = 'index' "
-      "AND i.name = 'zk_number_' || ?1 || '_' || c.name COLLATE NOCASE) FROM pragma_table_info(?1) c");
-  columns->bindText(1, info.name);
+  TableInfo info;
+  info.name = listed.name;
+  constexpr int kName = 1;
+  constexpr int kType = 2;
+  constexpr int kPrimaryKey = 5;
+  const auto columns = prepare("PRAGMA table_info(" + words().quoted(info.name) + ")");
   while (columns->step()) {
     ColumnInfo column;
-    column.name = columns->text(0);
-    column.type = typeOf(columns->text(1));
-    column.size = sizeOf(columns->text(1));
-    if (column.type == ColumnType::Long && columns->integer(2) != 0) column.type = ColumnType::Counter;
-    column.orderedAsNumber = columns->integer(3) != 0;
+    column.name = columns->text(kName);
+    column.type = typeOf(columns->text(kType));
+    column.size = sizeOf(columns->text(kType));
+    if (column.type == ColumnType::Long && columns->integer(kPrimaryKey) != 0)
+      column.type = ColumnType::Counter;
+    column.orderedAsNumber = listed.hasIndex("zk_number_" + info.name + "_" + column.name);
     info.columns.push_back(std::move(column));
   }
   return info;

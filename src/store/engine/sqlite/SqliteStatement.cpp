@@ -41,14 +41,16 @@ void SqliteStatement::bindText(int parameter, std::string_view value) {
                       SQLITE_TRANSIENT);
 }
 
+void SqliteStatement::bindLastingText(int parameter, std::string_view value) {
+  if (parameter <= parameters_)
+    sqlite3_bind_text(handle_.get(), parameter, placeOf(value), static_cast<int>(value.size()),
+                      SQLITE_STATIC);
+}
+
 void SqliteStatement::bindBytes(int parameter, std::string_view value) {
   if (parameter <= parameters_)
     sqlite3_bind_blob(handle_.get(), parameter, placeOf(value), static_cast<int>(value.size()),
                       SQLITE_TRANSIENT);
-}
-
-void SqliteStatement::bindLastingText(int parameter, std::string_view value) {
-  sqlite3_bind_text(handle_.get(), parameter, placeOf(value), static_cast<int>(value.size()), SQLITE_STATIC);
 }
 
 bool SqliteStatement::step() {

@@ -13,9 +13,8 @@ class SqliteStatement final : public EngineStatement {
   void bindInteger(int parameter, std::int64_t value) override;
   void bindReal(int parameter, double value) override;
   void bindText(int parameter, std::string_view value) override;
+  void bindLastingText(int parameter, std::string_view value) override;
   void bindBytes(int parameter, std::string_view value) override;
-  /// Binds a text that stays where it is until the statement has run.
-  void bindLastingText(int parameter, std::string_view value);
   bool step() override;
   void reset() override;
   CellKind kind(int column) const override;

@@ -27,7 +27,7 @@ void Dialogs::showGrid(const std::string& caption, const TextGrid& grid) {
 
 void Dialogs::report(const MessageBox& box) {
   if (!tellsOnStandardError()) std::cerr << box.text << std::endl;
-  MsgBox(box);
+  if (showsReports()) MsgBox(box);
 }
 
 void Dialogs::goOn() const {

@@ -42,7 +42,7 @@ class Dialogs {
   Answer MsgBox(const MessageBox& box);
   /// Shows a table that a batch job ends with, modal, under its caption.
   void showGrid(const std::string& caption, const TextGrid& grid);
-  /// A report that scripts look for: in a box, and once on standard error.
+  /// A report that scripts look for: once on standard error, and in a box where there is a screen.
   void report(const MessageBox& box);
 
   /// Where there is a place for it, shows how a long job comes on; see LongJob. Waits for nobody.
@@ -51,6 +51,8 @@ class Dialogs {
 
   /// Whether boxes that only tell come out on standard error by themselves, for want of a screen.
   virtual bool tellsOnStandardError() const { return false; }
+  /// Whether what stands on standard error is to be shown in a box as well: not to who sees both at once.
+  virtual bool showsReports() const { return true; }
 
   /// Once the program has ended with a status nothing is shown any more, and who asks or waits for an answer
   /// gets EndProgram; until it is taken back.

@@ -32,6 +32,8 @@ class TerminalDialogs final : public Dialogs {
   TerminalDialogs(std::istream& in, std::ostream& out) : TerminalDialogs(in, out, Options{}) {}
   TerminalDialogs(std::istream& in, std::ostream& out, Options options);
 
+  bool showsReports() const override { return false; }
+
  protected:
   Answer ask(const MessageBox& box) override;
   void present(const std::string& caption, const TextGrid& grid) override;

@@ -9,6 +9,9 @@
 
 namespace zelkor {
 
+/// The screen's line for the unit until the account set's is known; no file shows it.
+inline constexpr const char* kUnitLineAsDrawn = "Label1";
+
 struct ConditionLine {
   std::string text;
   bool visible = true;
@@ -16,7 +19,7 @@ struct ConditionLine {
 
 /// A report as it is looked at: caption lines and the grid. Exists only while it is open.
 struct ReportView {
-  std::string unitLine = "Label1";              // Label1(0), as drawn until the account set's unit is known
+  std::string unitLine = kUnitLineAsDrawn;      // Label1(0)
   std::array<ConditionLine, 2> conditionLines;  // Label1(1), Label1(2)
   bool secondLineMovedUp = false;               // Label1(2) stands where Label1(1) is
   std::string periodCaption = "期间：";         // Label3

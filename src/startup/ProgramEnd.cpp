@@ -16,6 +16,7 @@ void report(RunContext& context, const std::string& text) {
   } catch (const std::exception& error) {
     std::cerr << error.what() << std::endl;
   }
+  if (!context.dialogs.showsReports()) return;
   try {
     context.dialogs.setBeforeShowing({});
     context.dialogs.MsgBox(text, Buttons::Ok, Icon::Critical);

@@ -64,6 +64,7 @@ TEST_F(JobCallsTest, DisposalsTellTheirEnd) {
   const ProgramResult failed = dispose("00002,,201,,,\n");
   EXPECT_EQ(failed.status, 1);
   EXPECT_THAT(failed.errors, HasSubstr("实时错误 '3134'"));
+  EXPECT_EQ(failed.output, "") << "told once";
   EXPECT_EQ(disposed(), "sCardNum\n00001\n00002\n") << "what was done before the error stays";
 }
 

@@ -35,7 +35,7 @@ class ReportCommandsTest : public AccountSetTest {
     return asked;
   }
   std::string arguments() const {
-    return context.gstrZtFile + ",陈会计,2020-05-15,25," + context.gstrZkSysFile + ",001";
+    return context.gstrZtFile + ",陈会计,2020-05-15,25," + context.gstrZkSysFile + "," + account;
   }
   Outcome run(const ReportOptions& asked) const {
     std::ostringstream output;
@@ -45,7 +45,21 @@ class ReportCommandsTest : public AccountSetTest {
     return {status, output.str(), problems.str()};
   }
   fs::path file(const char* name) const { return directory / name; }
+
+  std::string account = "001";
 };
+
+TEST_F(ReportCommandsTest, NamesAnAccountSetThatTheSystemFileDoesNotHave) {
+  for (const char* asked : {"001", "009"}) {
+    account = asked;
+    testing::internal::CaptureStderr();
+    const Outcome outcome = run(options("价值结构分析表"));
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(outcome.status, 0) << outcome.problems;
+    EXPECT_EQ(outcome.output.find("Label1"), std::string::npos) << outcome.output;
+    EXPECT_EQ(told, account == "001" ? "" : "系统文件“" + context.gstrZkSysFile + "”中没有账套“009”\n");
+  }
+}
 
 TEST_F(ReportCommandsTest, TellsWhatThereIsInsteadOfWhatIsNot) {
   struct Case {

@@ -177,6 +177,21 @@ TEST_F(TransferTest, TheHighestNumberIsThatOfTheTextIn16Bits) {
   }
 }
 
+TEST_F(TransferTest, OfVersionsThatShareANumberTheLatestIsTheNewest) {
+  execute("update fa_Cards set sCardID='9'");
+  ChangeSheets transfers = sheets(ChangeKind::Transfer);
+  for (const char* department : {"302", "4", "302", "5"}) {
+    ChangeSheet sheet = goodSheet(transfers);
+    sheet.chooseDepartment(department, department);
+    expectSaved(transfers.save(sheet));
+  }
+  EXPECT_EQ(rows("select sCardID,sDeptNum from fa_Cards where iOptType=7"),
+            (Lines{"11|302", "11|4", "11|302", "11|5"}));
+  saveGood(ChangeKind::OriginalValue);
+  EXPECT_EQ(row("select sCardID,sDeptNum,dblValue from fa_Cards where iOptType=1 and sCardID<>'9'"),
+            "12|5|1200");
+}
+
 TEST_F(TransferTest, ATypedCardIsFoundOnlyWithTheHighestNumberOfAll) {
   addCard("00002");
   ChangeSheets transfers = sheets(ChangeKind::Transfer);

@@ -1,3 +1,5 @@
+#include <QTest>
+
 #include "depreciation/frmGZL.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
@@ -38,13 +40,17 @@ TEST_F(DepreciationScreensTest, allocationIsShownByDepartmentOrCategory) {
 
 TEST_F(DepreciationScreensTest, listFollowsPeriodAndTree) {
   addCard("00003", "301", "022", "4");
-  const frmZJQD& form = host.show<frmZJQD>();
+  frmZJQD& form = host.show<frmZJQD>();
   EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00001", "00002", "00003", "合计"}));
   EXPECT_EQ(columnOf(form, "MSFZJQD", 5), (Lines{"7.25", "7.25", "7.25", "21.75"}));
   EXPECT_EQ(control<QComboBox>(form, "cmbDate").currentText(), "2020.5(登陆)");
-  control<QTreeWidget>(form, "trvDepart").setFocus(Qt::TabFocusReason);
+  activate(form);
+  auto& tree = control<QTreeWidget>(form, "trvDepart");
+  control<QComboBox>(form, "cmbDepart").setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_TRUE(tree.hasFocus());
   EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00001", "00002", "00003", "合计"})) << "nothing is chosen";
-  sendKey(control<QTreeWidget>(form, "trvDepart"), Qt::Key_Down);
+  QTest::keyClick(&tree, Qt::Key_Down);
   EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00001", "00002", "合计"}));
   choose(form, "cmbDate", "2020.4");
   EXPECT_EQ(columnOf(form, "MSFZJQD", 0), (Lines{"00003", "合计"}));

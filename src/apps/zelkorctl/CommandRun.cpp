@@ -9,10 +9,29 @@
 
 #include "apps/BatchJobs.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
 
 namespace zelkor {
+namespace {
+
+/// Jobs work for an account set that the system file does not have, but its number may be a slip.
+void tellUnknownAccount(RunContext& context) {
+  if (!context.dbZKSystem.isOpen()) return;
+  try {
+    Recordset accounts = context.dbZKSystem.OpenRecordset("select cAcc_id from za_account");
+    for (; !accounts.Eof(); accounts.MoveNext()) {
+      if (equalsIgnoringCase(accounts.TextOrEmpty("cAcc_id"), context.gstrAccountId)) return;
+    }
+    std::cerr << "系统文件“" << context.gstrZkSysFile << "”中没有账套“" << context.gstrAccountId << "”"
+              << std::endl;
+  } catch (const RuntimeError&) {
+    // the job has had its own say about such a file
+  }
+}
+
+}  // namespace
 
 int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work) {
   const SystemClock system;
@@ -24,6 +43,7 @@ int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunCo
   writeOutBeforeShowing(context);
   const int status = work(context);
   engine.flush();
+  tellUnknownAccount(context);
   return status;
 }
 

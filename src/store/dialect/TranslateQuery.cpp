@@ -119,7 +119,7 @@ std::string BoundQuery::assembled(const bound::Select& select, std::span<const s
   emitter->tail(select, also);
   emitter->orderBy(select);
   if (also.empty() && (keyed() || !select.groupBy.empty())) emitter->tableOrder(select);
-  if (also.empty()) emitter->endOutermost(select);
+  if (also.empty()) emitter->endOutermost(select, keyed() ? sources_.size() : 0);
   return emitter->take();
 }
 

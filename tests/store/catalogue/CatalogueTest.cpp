@@ -114,7 +114,8 @@ std::string askedOfSqlite(std::string_view statement) {
   return translation.query->rows(translation.query->keyed() ? none : first, form);
 }
 
-// With 100,000 cards in the file none of these may read or sort a table from end to end.
+// With 100,000 cards in the file none of these may read or sort a table from end to end; rows that are alike
+// are sorted among each other (the right part of an ORDER BY).
 TEST(SqliteCatalogue, IndexesServeTheStatementsOfEveryCard) {
   struct Case {
     const char* statement;
@@ -159,7 +160,7 @@ TEST(SqliteCatalogue, IndexesServeTheStatementsOfEveryCard) {
        }) {
     const std::string plan = tables.rows("EXPLAIN QUERY PLAN " + askedOfSqlite(statement), 4);
     EXPECT_NE(plan.find(expected), std::string::npos) << statement << "\n" << plan;
-    EXPECT_EQ(plan.find("ORDER BY"), std::string::npos) << statement << "\n" << plan;
+    EXPECT_EQ(plan.find("FOR ORDER BY"), std::string::npos) << statement << "\n" << plan;
   }
 }
 

@@ -56,8 +56,9 @@ TEST_F(SqlitePlanTest, TextsThatHoldNumbersAreReadThroughTheirIndex) {
            PlanCase{"select Max(val(coutid)) as imax from fa_ZWVouchers", "zk_number_fa_ZWVouchers_coutid"},
        }) {
     const std::vector<std::string> steps = plan(fastRows(one.statement));
-    EXPECT_THAT(steps, Each(HasSubstr(one.index))) << one.statement;
-    EXPECT_THAT(steps, Each(Not(HasSubstr("TEMP B-TREE")))) << one.statement;
+    EXPECT_THAT(steps.front(), HasSubstr(one.index)) << one.statement;
+    EXPECT_THAT(steps, Each(Not(HasSubstr("FOR ORDER BY"))))
+        << "but for rows that are alike: " << one.statement;
   }
 }
 

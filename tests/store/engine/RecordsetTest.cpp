@@ -254,9 +254,35 @@ TEST_F(RecordsetTest, JoinsReadOnWhenTheyHaveLetGo) {
 TEST_F(RecordsetTest, TopKeepsTies) {
   db.Execute("update asset set lLife=48 where sNum='A3'");
   EXPECT_THAT(rows("select top 1 sNum from asset order by lLife"), ElementsAre("A2", "A3"));
-  EXPECT_THAT(rows("select top 2 sNum from asset order by lLife desc"), ElementsAre("A1", "A2", "A3"));
+  EXPECT_THAT(rows("select top 2 sNum from asset order by lLife desc"), ElementsAre("A1", "A3", "A2"));
   EXPECT_THAT(rows("select top 9 sNum from asset order by sNum"), ElementsAre("A1", "A2", "A3"));
   EXPECT_THAT(rows("select top 1 sNum from asset where lLife>999 order by lLife"), IsEmpty());
+}
+
+TEST_F(RecordsetTest, RowsThatAreAlikeComeInTheOrderOfAddingAndBackwardsWhereItDescends) {
+  db.Execute("update asset set lLife=48");
+  db.Execute("update asset set dblValue=1 where sNum='A1'");  // moves it on a server
+  db.Execute("create index lLife on asset (lLife)");
+  struct Case {
+    const char* query;
+    std::vector<std::string> rows;
+  };
+  for (const Case& c :
+       {Case{"select sNum from asset order by lLife", {"A1", "A2", "A3"}},
+        {"select sNum from asset order by lLife desc", {"A3", "A2", "A1"}},
+        {"select sNum from asset order by left(sNum,1),lLife desc", {"A3", "A2", "A1"}},
+        {"select sNum from asset order by left(sNum,1) desc,lLife", {"A1", "A2", "A3"}},
+        {"select top 1 sNum from asset order by lLife desc", {"A3", "A2", "A1"}},
+        {"select top 2 sNum from asset order by lLife", {"A1", "A2", "A3"}},
+        {"select a.sNum & b.sNum from asset a,asset b where a.sNum<b.sNum order by b.lLife desc",
+         {"A2A3", "A1A3", "A1A2"}}}) {
+    EXPECT_EQ(rows(c.query), c.rows) << c.query;
+  }
+  for (const char* top : {"", "top 1 "}) {
+    db.Execute(std::string("select ") + top + "sNum into stored from asset order by lLife desc");
+    EXPECT_THAT(rows("select sNum from stored"), ElementsAre("A3", "A2", "A1")) << top;
+    db.Execute("drop table stored");
+  }
 }
 
 TEST_F(RecordsetTest, ASecondRunOfAShapeGivesItsOwnRows) {

@@ -138,7 +138,7 @@ std::string StatementMaker::query() {
       return "select p.id," + risky() + " from p where p.id < " + std::to_string(2 + below(24)) +
              " order by p.id";
     case 2:
-      return "select p.id,p.sT from p" + where + " order by " + any(1) + pick({"", " desc"}) + ",p.id";
+      return "select p.id,p.sT from p" + where + " order by " + any(1) + pick({"", " desc"});
     case 3:
       return "select " + pick({"p.lN", "p.bN", "p.iK", "p.dN", "p.mN"}) +
              ",count(*),sum(p.mN),avg(p.mN),min(p.sT),max(p.dN),sum(p.dblN),avg(p.lN) from p" + where +
@@ -149,9 +149,9 @@ std::string StatementMaker::query() {
     case 5:
       return "select p.id,q.id," + any(1) + ",q.sT from p " +
              pick({"left join", "inner join", "right join"}) + " q on " +
-             pick({"p.id = q.id", "p.sT = q.sT", "p.lN = q.lN"}) + where + " order by p.id,q.id";
+             pick({"p.id = q.id", "p.sT = q.sT", "p.lN = q.lN"}) + where + " order by q.lN desc";
     case 6:
-      return "select top " + std::to_string(1 + below(6)) + " p.lN from p" + where + " order by p.lN" +
+      return "select top " + std::to_string(1 + below(6)) + " p.id,p.lN from p" + where + " order by p.lN" +
              pick({"", " desc"});
     case 7:
       return "select " + pick({"p.lN", "p.mN", "ucase(p.sT)", "p.dN"}) + " as x from p" + where +

@@ -15,6 +15,10 @@ void addTables(const bound::Source& source, std::vector<std::string>& qualifiers
   }
 }
 
+std::string tieName(std::size_t index) {
+  return "zk_row_" + std::to_string(index + 1);
+}
+
 }  // namespace
 
 void Emitter::rowKey(std::string_view qualifier) {
@@ -153,19 +157,50 @@ void Emitter::groupOrder(const bound::Select& select) {
   }
 }
 
+void Emitter::rowKeyDirection(bool descending, bool first) {
+  if (!first) return direction(descending);
+  if (descending) text(" DESC");  // the first table has a row for every one of the result
+}
+
+bool Emitter::ordersTies(const bound::Select& select) const {
+  return storesRows_ && !select.distinct && !select.aggregated && select.groupBy.empty();
+}
+
+void Emitter::tieColumns(const bound::Select& select) {
+  const std::vector<std::string> qualifiers = qualifiersOf(select.from);
+  for (std::size_t i = 0; i < qualifiers.size(); ++i) {
+    text(", ");
+    rowKey(qualifiers[i]);
+    text(" AS ").name(tieName(i));
+  }
+}
+
+void Emitter::tieOrder(const bound::Select& select) {
+  for (std::size_t i = 0; i < qualifiersOf(select.from).size(); ++i) {
+    text(", ").name(tieName(i));
+    rowKeyDirection(latestFirst(select), i == 0);
+  }
+}
+
+bool Emitter::latestFirst(const bound::Select& select) {
+  return !select.orderBy.empty() && select.orderBy.back().descending;
+}
+
 // Joined rows come as an engine nests its tables, and a changed row may move to another place in its table:
-// the row keys tell the order in which rows were added. The ties of a TOP are told by the order keys alone.
+// the row keys tell the order in which rows were added. It is that of rows which are alike in the ORDER BY,
+// too, the latest first where that descends.
 void Emitter::tableOrder(const bound::Select& select) {
-  const bool tied = !select.orderBy.empty() && (select.top || !movesRows());
-  if (tied || select.distinct || !select.unions.empty()) return;
+  const bool ordered = !select.orderBy.empty();
+  if (select.distinct || !select.unions.empty()) return;
+  if (ordered && select.top && movesRows()) return;  // the ties of the TOP are told by the order keys alone
   if (select.aggregated || !select.groupBy.empty()) return groupOrder(select);
   const std::vector<std::string> qualifiers = qualifiersOf(select.from);
-  if (qualifiers.size() == 1 && !movesRows()) return;
-  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
+  if (qualifiers.size() == 1 && !ordered && !movesRows()) return;
+  std::string_view separator = ordered ? ", " : " ORDER BY ";
   for (const std::string& qualifier : qualifiers) {
     text(separator);
     rowKey(qualifier);
-    if (&qualifier != &qualifiers.front()) direction(false);
+    rowKeyDirection(latestFirst(select), &qualifier == &qualifiers.front());
     separator = ", ";
   }
 }

@@ -45,8 +45,9 @@ class Emitter {
   void orderBy(const bound::Select& select);
   /// Behind orderBy: the order in which the tables' rows were added.
   void tableOrder(const bound::Select& select);
-  /// Ends an outermost query that wants the first `top` rows, for engines that can do it.
-  virtual void endOutermost(const bound::Select& select) = 0;
+  /// Ends an outermost query that wants the first `top` rows, for engines that can do it. Its first columns
+  /// are `rowKeys` row keys and, with a top, the keys of its order.
+  virtual void endOutermost(const bound::Select& select, std::size_t rowKeys) = 0;
 
   void insert(const bound::Insert& insert);
   void update(const bound::Update& update);
@@ -84,6 +85,16 @@ class Emitter {
   static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);
   void core(const bound::Select& select, bool named, std::string_view namePrefix = {});
   void orderKeys(const std::vector<bound::OrderKey>& keys);
+  /// Behind the row key of the first table of FROM or of another one.
+  void rowKeyDirection(bool descending, bool first);
+  /// Whether the latest of rows that are alike in the ORDER BY comes first.
+  static bool latestFirst(const bound::Select& select);
+  /// Whether the rows of the SELECT are stored in a table, so that the order of those at the end of a TOP
+  /// counts.
+  bool ordersTies(const bound::Select& select) const;
+  /// The row keys of the tables of FROM as further columns, and the order by them.
+  void tieColumns(const bound::Select& select);
+  void tieOrder(const bound::Select& select);
   void expr(const bound::Node& node, int precedence);
   void list(const std::vector<bound::Node>& nodes);
   virtual void binary(const bound::Binary& node, int precedence);
@@ -122,6 +133,7 @@ class Emitter {
 
   std::span<const ParameterSlot> slots_;
   bool fast_;
+  bool storesRows_ = false;
 };
 
 }  // namespace zelkor::dialect

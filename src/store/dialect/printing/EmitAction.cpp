@@ -23,8 +23,10 @@ void Emitter::insert(const bound::Insert& insert) {
   }
   text(") ");
   if (const auto* rows = std::get_if<bound::Select>(&insert.source)) {
+    storesRows_ = true;
     select(*rows, false);
     if (!rows->top) tableOrder(*rows);
+    storesRows_ = false;
     return;
   }
   text("VALUES (");

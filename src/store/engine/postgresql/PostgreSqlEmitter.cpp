@@ -16,14 +16,36 @@ bool isWhole(const Node& node) {
   return type == ColumnType::Short || type == ColumnType::Long || type == ColumnType::Counter;
 }
 
+std::string numbered(std::string_view name, std::size_t index) {
+  return std::string(name) + std::to_string(index + 1);
+}
+
 }  // namespace
 
-void PostgreSqlEmitter::endOutermost(const bound::Select& select) {
+void PostgreSqlEmitter::firstRows(const bound::Select& select) {
   if (!select.top) return;
   if (select.orderBy.empty()) {
     text(" LIMIT ").text(std::to_string(*select.top));
   } else {
     text(" FETCH FIRST ").text(std::to_string(*select.top)).text(" ROWS WITH TIES");
+  }
+}
+
+// The order that cuts off the rows must not tell ties apart: the few that are left are ordered once more.
+void PostgreSqlEmitter::endOutermost(const bound::Select& select, std::size_t rowKeys) {
+  firstRows(select);
+  if (!select.top || select.orderBy.empty() || rowKeys == 0) return;
+  out_.insert(0, "SELECT * FROM (");
+  text(") AS \"zk_top\"");
+  std::string_view separator = " ORDER BY ";
+  for (std::size_t i = 0; i < select.orderBy.size(); ++i) {
+    text(separator).text(std::to_string(rowKeys + i + 1));
+    direction(select.orderBy[i].descending);
+    separator = ", ";
+  }
+  for (std::size_t i = 0; i < rowKeys; ++i) {
+    text(", ").text(std::to_string(i + 1));
+    rowKeyDirection(latestFirst(select), i == 0);
   }
 }
 
@@ -128,10 +150,36 @@ void PostgreSqlEmitter::numberCast(const bound::NumberOfText& node) {
 }
 
 void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named) {
+  if (ordersTies(select)) return orderedTop(select);
   core(select, named);
   tail(select);
   orderBy(select);
-  endOutermost(select);
+  firstRows(select);
+}
+
+/// As at the end of an outermost query, by names.
+void PostgreSqlEmitter::orderedTop(const bound::Select& select) {
+  text("SELECT ");
+  for (std::size_t i = 0; i < select.items.size(); ++i) text(i > 0 ? ", " : "").name(numbered("zk_", i));
+  text(" FROM (");
+  core(select, false, "zk_");
+  for (std::size_t i = 0; i < select.orderBy.size(); ++i) {
+    text(", ");
+    value(select.orderBy[i].expr);
+    text(" AS ").name(numbered("zk_key_", i));
+  }
+  tieColumns(select);
+  tail(select);
+  orderBy(select);
+  firstRows(select);
+  text(") AS \"zk_top\"");
+  std::string_view separator = " ORDER BY ";
+  for (std::size_t i = 0; i < select.orderBy.size(); ++i) {
+    text(separator).name(numbered("zk_key_", i));
+    direction(select.orderBy[i].descending);
+    separator = ", ";
+  }
+  tieOrder(select);
 }
 
 std::string PostgreSqlEmitter::declaredType(const ColumnInfo& column) const {

@@ -12,7 +12,7 @@ class PostgreSqlEmitter final : public Emitter {
  public:
   using Emitter::Emitter;
 
-  void endOutermost(const bound::Select& select) override;
+  void endOutermost(const bound::Select& select, std::size_t rowKeys) override;
 
  protected:
   void slot(std::size_t number) override;
@@ -34,6 +34,9 @@ class PostgreSqlEmitter final : public Emitter {
   std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
 
  private:
+  void firstRows(const bound::Select& select);
+  void orderedTop(const bound::Select& select);
+
   bool deferred_ = false;  // parameters are told to the plan when it runs
 };
 

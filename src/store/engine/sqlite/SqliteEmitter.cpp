@@ -13,7 +13,7 @@ std::string placeName(std::size_t index) {
 }  // namespace
 
 // Rows come in the wanted order and are read one by one: the reader stops behind the ties of the last row.
-void SqliteEmitter::endOutermost(const bound::Select& select) {
+void SqliteEmitter::endOutermost(const bound::Select& select, std::size_t /*rowKeys*/) {
   if (select.top && select.orderBy.empty()) text(" LIMIT ").text(std::to_string(*select.top));
 }
 
@@ -70,9 +70,11 @@ void SqliteEmitter::topWithTies(const bound::Select& select, bool named) {
     text(", RANK() OVER (");
     orderKeys(select.orderBy);
     text(") AS \"zk_rank\"");
+    if (ordersTies(select)) tieColumns(select);
     tail(select);
   }
   text(") WHERE \"zk_rank\" <= ").text(std::to_string(*select.top)).text(" ORDER BY \"zk_rank\"");
+  if (ordersTies(select)) tieOrder(select);
 }
 
 }  // namespace zelkor::dialect

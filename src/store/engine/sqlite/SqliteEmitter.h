@@ -9,7 +9,7 @@ class SqliteEmitter final : public Emitter {
  public:
   using Emitter::Emitter;
 
-  void endOutermost(const bound::Select& select) override;
+  void endOutermost(const bound::Select& select, std::size_t rowKeys) override;
 
  protected:
   void cast(ColumnType) override {}

@@ -17,6 +17,9 @@ struct ConditionLine {
   bool visible = true;
 };
 
+/// What Label1(0) shows until the account set's unit is known.
+inline constexpr const char* kUnitLineAsDrawn = "Label1";
+
 /// A report as it is looked at: caption lines and the grid. Exists only while it is open.
 struct ReportView {
   std::string unitLine = kUnitLineAsDrawn;      // Label1(0)

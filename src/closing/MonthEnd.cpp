@@ -5,6 +5,7 @@
 #include "closing/MonthEndOptions.h"
 #include "closing/ShowReconciliation.h"
 #include "startup/Logs.h"
+#include "startup/OnlyJob.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -45,11 +46,13 @@ void tellClosing(RunContext& run, DateTime start) {
 void closeMonth(RunContext& run, const MonthEndScreens& screens) {
   try {
     const DateTime start = run.clock.now();
-    screens.backup(kBackupBegun);
-    screens.backupEnded(BackInfo(run, screens.backup));
-    ShowReconciliation(run);
-    carryLedgersForward(run);
-    recordClosing(run);
+    asOnlyJob(run, OnlyJob::Closing, [&] {
+      screens.backup(kBackupBegun);
+      screens.backupEnded(BackInfo(run, screens.backup));
+      ShowReconciliation(run);
+      carryLedgersForward(run);
+      recordClosing(run);
+    });
     tellClosing(run, start);
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "cmdStart_Click");

@@ -8,6 +8,7 @@
 #include "changes/SheetImport.h"
 #include "closing/DisposalImport.h"
 #include "startup/Main.h"
+#include "startup/OnlyJob.h"
 #include "startup/ProgramEnd.h"
 #include "store/engine/Statement.h"
 
@@ -93,8 +94,8 @@ int importCardsCommand(const JobRun& job, const std::string& file, int newType, 
                        std::ostream& problems) {
   const std::string csv = contentOf(file);
   return inPreparedRun(job, output, [&](RunContext& context) {
-    const ImportResult result = importCards(context, csv, newType, problems);
-    context.engine.flush();
+    ImportResult result;
+    asOnlyJob(context, OnlyJob::CardImport, [&] { result = importCards(context, csv, newType, problems); });
     problems.flush();
     return summed({.stored = result.stored, .refused = result.refused}, output);
   });
@@ -112,7 +113,7 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
       });
     };
     try {
-      import();
+      asOnlyJob(context, OnlyJob::SheetImport, import);
     } catch (const RuntimeError&) {
       tellIfPossible(told);
       throw;
@@ -130,7 +131,7 @@ int disposeCommand(const JobRun& job, const std::string& file, std::ostream& out
     context.dialogs.setBeforeShowing([&told] { told.tell(); });
     const auto work = [&] {
       prepareRun(context, job.arguments);
-      dispose(context, rows, sums, told, problems);
+      asOnlyJob(context, OnlyJob::Disposals, [&] { dispose(context, rows, sums, told, problems); });
     };
     const int status = runToEnd(context, work).value_or(0);
     printSums(sums, output);

@@ -6,6 +6,7 @@
 #include "store/engine/sqlite/OpenSqliteFile.h"
 #include "store/engine/sqlite/SqliteErrors.h"
 #include "store/engine/sqlite/SqliteFunctions.h"
+#include "store/engine/sqlite/SqliteJobLock.h"
 #include "store/engine/sqlite/SqliteStatement.h"
 
 namespace zelkor {
@@ -101,6 +102,10 @@ void SqliteEngine::rollback() {
 
 bool SqliteEngine::inTransaction() const {
   return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+JobLockAttempt SqliteEngine::lockForJob(const JobNote& note) {
+  return lockFileForJob(path_, note);
 }
 
 long SqliteEngine::changes() const {

@@ -37,6 +37,7 @@ class SqliteEngine final : public Engine {
   void rollback() override;
   bool inTransaction() const override;
   void makeDurable() override;
+  JobLockAttempt lockForJob(const JobNote& note) override;
   long changes() const override;
   std::int64_t lastRowKey() const override;
   std::vector<std::string> tableNames() override;

@@ -9,15 +9,12 @@
 
 namespace zelkor {
 
-/// The screen's line for the unit until the account set's is known; no file shows it.
-inline constexpr const char* kUnitLineAsDrawn = "Label1";
-
 struct ConditionLine {
   std::string text;
   bool visible = true;
 };
 
-/// What Label1(0) shows until the account set's unit is known.
+/// What Label1(0) shows until the account set's unit is known; no file shows it.
 inline constexpr const char* kUnitLineAsDrawn = "Label1";
 
 /// A report as it is looked at: caption lines and the grid. Exists only while it is open.

@@ -65,6 +65,7 @@ RowEnd SheetImport::save(const SheetRow& row) {
 }
 
 RowEnd SheetImport::saveByKind(const SheetRow& row) {
+  if (auto problem = quoteProblem(row.cardNum)) return refused("列“卡片编号”：" + *problem);
   if (row.kind == balanceCaption) return saveBalanceSheet(row);
   if (const auto kind = changeKindOf(row.kind)) return saveSheet(*kind, row);
   return refused("没有此变动类型");

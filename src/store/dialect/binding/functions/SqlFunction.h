@@ -28,6 +28,8 @@ class RowGathering {
   RowGathering& operator=(const RowGathering&) = delete;
   virtual ~RowGathering() = default;
   virtual void add(const Value& value) = 0;
+  /// The same for a number, without the way through a value.
+  virtual void addNumber(double number) { add(Value(number)); }
   virtual Value result() const = 0;
 };
 

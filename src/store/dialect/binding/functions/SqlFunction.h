@@ -56,8 +56,8 @@ struct SqlFunction {
   Value (*inFile)(Arguments arguments) = nullptr;
 
   /// An expression of a, b, c, or a block of the server's language; empty where the server has the function
-  /// or data/postgresql-*.sql defines it. An aggregate: `?` is the value of a row, and `!` where DISTINCT
-  /// goes.
+  /// or data/postgresql-*.sql defines it. An aggregate: `?` is the value of a row, `!` where DISTINCT
+  /// goes, and `^` the order in which the rows were added.
   std::string_view onServer{};
 
   std::string_view meaning{};

@@ -14,6 +14,9 @@ double benchMonthEnd(const LargeAccountSet& set);
 /// Stand-alone statements of known shapes, through the store and as bare prepared statements.
 void benchStatements(const LargeAccountSet& set);
 
+/// The total of a column over every row beside the engine's own; prints a line for each kind of numbers.
+void benchTotals(const LargeAccountSet& set);
+
 /// Saving a further card into the set, in files against its floor; prints one line and gives the microseconds
 /// per card.
 double benchSaveCard(const LargeAccountSet& set);

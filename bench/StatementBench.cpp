@@ -104,6 +104,27 @@ double bareInsert(const LargeAccountSet& set) {
   return time;
 }
 
+/// A total over a column of every row, beside the engine's own, which counts binary fractions.
+void benchTotal(const LargeAccountSet& set, const char* what, const char* value) {
+  BareFile file(set.dataFile());
+  file.run(std::string("UPDATE fa_DeprTransactions SET dblDepr12=") + value);
+  BareStatement bare(file, "SELECT sum(dblDepr12) FROM fa_DeprTransactions");
+  Session session(set);
+  std::vector<double> bareRounds;
+  std::vector<double> rounds;
+  for (int round = 0; round < 15; ++round) {
+    bareRounds.push_back(secondsOf([&] {
+      bare.step();
+      bare.reset();
+    }));
+    rounds.push_back(secondsOf([&] {
+      session.run().dbZKData.OpenRecordset("select sum(dblDepr12) from fa_DeprTransactions").Fields(0);
+    }));
+  }
+  std::printf("total             %-22s %6.2f ms        bare  %6.2f ms         ratio %5.2f\n", what,
+              best(rounds) * 1e3, best(bareRounds) * 1e3, best(rounds) / best(bareRounds));
+}
+
 }  // namespace
 
 void benchStatements(const LargeAccountSet& original) {
@@ -115,6 +136,12 @@ void benchStatements(const LargeAccountSet& original) {
   print("update by key", storeUpdate(set, session), updateFloor);
   print("query of one field", storeQuery(set, session), queryFloor);
   print("insert", storeInsert(session), insertFloor);
+}
+
+void benchTotals(const LargeAccountSet& original) {
+  const LargeAccountSet set(original);
+  benchTotal(set, "of amounts", "round(rowid*7.13,2)");
+  benchTotal(set, "of 15 digits", "rowid*7.0/3");
 }
 
 }  // namespace zelkor::bench

@@ -36,6 +36,7 @@ void measure(std::string_view what, long largest) {
   const LargeAccountSet large(largest);
   const bool all = what == "all";
   if (all || what == "statements") benchStatements(small);
+  if (all || what == "totals") benchTotals(large);
   if (all || what == "run") {
     const LargeAccountSet middle(largest / 10);
     benchMonthlyRun(small);

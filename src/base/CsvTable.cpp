@@ -66,6 +66,11 @@ std::string csvCellText(std::size_t line, std::string_view column, const std::st
   return "第" + std::to_string(line) + "行，列“" + std::string(column) + "”：" + text;
 }
 
+std::optional<std::string> quoteProblem(std::string_view cell) {
+  if (cell.find('\'') == std::string_view::npos) return std::nullopt;
+  return "值中有单引号（'），会打断保存的语句";
+}
+
 void requireUtf8(std::string_view csv) {
   for (std::size_t line = 1; !csv.empty(); ++line) {
     const std::size_t end = std::min(csv.find('\n'), csv.size() - 1) + 1;

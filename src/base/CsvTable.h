@@ -54,6 +54,10 @@ std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std:
 /// What is to be said of one cell, with its place.
 std::string csvCellText(std::size_t line, std::string_view column, const std::string& text);
 
+/// What is to be said of a cell with a single quote, which would break the statements that it stands in, or
+/// make others of them; nothing of any other.
+std::optional<std::string> quoteProblem(std::string_view cell);
+
 /// Error 3421 with the line when the text is not UTF-8.
 void requireUtf8(std::string_view csv);
 

@@ -1,8 +1,11 @@
 #include "base/DecimalSum.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 
 #include "base/Decimal.h"
@@ -14,6 +17,7 @@ namespace {
 constexpr int kAmountExponent = -4;
 constexpr double kAmountScale = 10000;
 constexpr double kMostDigits = 1e15;
+constexpr double kRounding = 0x1.8p52;  // added, it leaves no room for decimals: half to even
 constexpr std::int64_t kExactInteger = std::int64_t{1} << 53;
 // Digits of a quotient beyond those of the sum: more than a count and a double have together.
 constexpr int kMoreDigits = 40;
@@ -57,13 +61,55 @@ double numberOf(const Digits& digits, int exponent, bool exact) {
   return 0;
 }
 
+constexpr int kMostPower = 27;  // of 5 that 64 bits hold
+constexpr std::array<std::uint64_t, kMostPower + 1> kPowersOfFive = [] {
+  std::array<std::uint64_t, kMostPower + 1> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 5;
+  return powers;
+}();
+
+/// fraction × 2^-shift × 10^power to the nearest whole number, half to even. The product is exact.
+std::uint64_t nearestWhole(std::uint64_t fraction, int shift, int power) {
+  __extension__ using Wide = unsigned __int128;
+  const Wide product = Wide{fraction} * kPowersOfFive[static_cast<std::size_t>(power)];
+  const int places = shift - power;
+  const auto whole = static_cast<std::uint64_t>(product >> places);
+  const Wide rest = product - (Wide{whole} << places);
+  const Wide half = Wide{1} << (places - 1);
+  return whole + (rest > half || (rest == half && (whole & 1) != 0) ? 1 : 0);
+}
+
+/// The 15 digits by one multiplication, for numbers from some 1e-12 to 1e15.
+std::optional<Decimal> quickDecimalOf(double value) {
+  constexpr int kFractionBits = 52;
+  constexpr int kBias = 1023;
+  constexpr std::uint64_t kMost = 1'000'000'000'000'000;
+  constexpr std::uint64_t kHidden = std::uint64_t{1} << kFractionBits;
+  const auto bits = std::bit_cast<std::uint64_t>(value);
+  const int binary = static_cast<int>(bits >> kFractionBits & 0x7FF) - kBias;
+  int power = 14 - (binary * 1233 >> 12);  // 1233/4096: the decimal logarithm of 2
+  if (power < 0 || power > kMostPower - 1) return std::nullopt;
+  const std::uint64_t fraction = (bits & (kHidden - 1)) | kHidden;
+  const int shift = kFractionBits - binary;
+  std::uint64_t digits = nearestWhole(fraction, shift, power);
+  if (digits <= kMost / 10) digits = nearestWhole(fraction, shift, ++power);
+  if (digits > kMost && power == 0) return std::nullopt;
+  if (digits > kMost) digits = nearestWhole(fraction, shift, --power);
+  return Decimal{std::signbit(value), digits, -power};
+}
+
+Decimal nearestDecimalOf(double value) {
+  const auto quick = quickDecimalOf(value);
+  return quick ? *quick : decimalOf(value);
+}
+
 }  // namespace
 
 // A ten-thousandth that divides back to the very double is its decimal text.
 bool DecimalSum::addAmount(double value) {
   const double scaled = value * kAmountScale;
   if (!(std::fabs(scaled) < kMostDigits)) return false;
-  const double whole = std::nearbyint(scaled);
+  const double whole = (scaled + kRounding) - kRounding;
   if (whole / kAmountScale != value) return false;
   amounts_ += static_cast<std::int64_t>(whole);
   return true;
@@ -74,7 +120,7 @@ void DecimalSum::addOther(double value) {
     infinite_ += value;
     return;
   }
-  const Decimal decimal = decimalOf(value);
+  const Decimal decimal = nearestDecimalOf(value);
   auto part = std::find_if(others_.begin(), others_.end(),
                            [&](const Part& other) { return other.exponent == decimal.exponent; });
   if (part == others_.end()) part = others_.insert(part, Part{decimal.exponent, 0});

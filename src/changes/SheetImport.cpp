@@ -130,6 +130,7 @@ void SheetImport::begin(const SheetRow& row, const std::string& sheet) {
 }
 
 RowEnd SheetImport::saveByKind(const SheetRow& row) {
+  if (auto problem = quoteProblem(row.cardNum)) return refused("列“卡片编号”：" + *problem);
   if (row.kind == balanceCaption) return saveBalanceSheet(row);
   if (const auto kind = changeKindOf(row.kind)) return saveSheet(*kind, row);
   return refused(inColumn(kKind, "没有变动类型“" + row.kind + "”，应为 " + kindsText()));

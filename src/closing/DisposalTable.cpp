@@ -40,6 +40,7 @@ class DisposalReader {
 void DisposalReader::check(const CsvTableRow& row) {
   const std::string& card = row.cells[CardNum];
   if (card.empty()) refuse(row, CardNum, "不能为空");
+  if (const auto problem = quoteProblem(card)) refuse(row, CardNum, *problem);
   const auto [earlier, isNew] = linesOfCards_.try_emplace(card, row.line);
   if (!isNew) refuse(row, CardNum, sql("“", card, "”已在第", earlier->second, "行"));
   const auto shown = [&row](Column column) { return "“" + row.cells[column] + "”"; };
@@ -56,6 +57,7 @@ void DisposalReader::check(const CsvTableRow& row) {
 
 void DisposalReader::add(const CsvTableRow& row) {
   check(row);
+  if (quoteProblem(row.cells[CardNum])) return;
   DisposedAsset asset{.sCardNum = row.cells[CardNum],
                       .sAssetNum = "",
                       .sAssetName = "",

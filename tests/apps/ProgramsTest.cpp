@@ -74,6 +74,9 @@ TEST_F(ProgramsTest, SqlPrintsRowsAndCounts) {
             "dDate\tsOperater\tmMemo\n2020-01-31 00:00:00\t\\N\ta\\tb\\\\c\n");
   EXPECT_EQ(sql("update Fa_log set mMemo='账' where 1=0"), "0\n");
   EXPECT_EQ(sql("select * into copied from Fa_log"), "1\n");
+  EXPECT_EQ(sql("create table b (oBytes longbinary)"), "0\n");
+  EXPECT_EQ(sql("insert into b values ('a,\\')"), "1\n");
+  EXPECT_EQ(sql("select * from b"), "oBytes\n612C5C\n");
 
   const auto rows = nlohmann::json::parse(
       ctl({"sql", file(), "select dDate,sOperater,True as yes,1.5 as n,len(mMemo) as l from copied",

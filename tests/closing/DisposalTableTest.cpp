@@ -31,10 +31,11 @@ TEST_F(DisposalTableTest, ListsAssetsAsTheScreenDoes) {
 }
 
 TEST_F(DisposalTableTest, NamesEveryCellThatTheScreenWouldNotTake) {
-  EXPECT_THAT(read("00001,昨天,101,壹,1e,x\n00001,,201,,,\n,,,,,\n").problems,
+  EXPECT_THAT(read("00001,昨天,101,壹,1e,x\n00001,,201,,,\n,,,,,\n0' or '1'='1,,,,,\n").problems,
               ElementsAre("第2行，列“减少日期”：“昨天”不是日期", "第2行，列“减少方式”：减少方式中没有“101”",
                           "第2行，列“清理收入”：“壹”不是数", "第2行，列“清理费用”：“1e”不是数",
-                          "第3行，列“卡片编号”：“00001”已在第2行", "第4行，列“卡片编号”：不能为空"));
+                          "第3行，列“卡片编号”：“00001”已在第2行", "第4行，列“卡片编号”：不能为空",
+                          "第5行，列“卡片编号”：值中有单引号（'），会打断保存的语句"));
 }
 
 }  // namespace

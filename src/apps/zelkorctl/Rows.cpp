@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 namespace zelkor {
 namespace {
@@ -30,6 +31,23 @@ std::string escaped(const std::string& text) {
     }
   }
   return result;
+}
+
+std::string hexadecimal(const std::string& bytes) {
+  static constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    text += kDigits[byte >> 4];
+    text += kDigits[byte & 0xF];
+  }
+  return text;
+}
+
+/// The field as it is printed: bytes as hexadecimal digits.
+Value printed(const Recordset& rows, std::size_t column) {
+  const Value value = rows.Fields(column);
+  return rows.FieldIsBinary(column) && !value.isNull() ? Value(hexadecimal(value.text())) : value;
 }
 
 std::string tabbedField(const Value& value) {
@@ -67,7 +85,7 @@ void printTabbed(Recordset rows, std::ostream& output) {
   const auto separator = [columns](std::size_t column) { return column + 1 == columns ? '\n' : '\t'; };
   for (std::size_t i = 0; i < columns; ++i) output << escaped(rows.FieldName(i)) << separator(i);
   for (; !rows.Eof(); rows.MoveNext()) {
-    for (std::size_t i = 0; i < columns; ++i) output << tabbedField(rows.Fields(i)) << separator(i);
+    for (std::size_t i = 0; i < columns; ++i) output << tabbedField(printed(rows, i)) << separator(i);
   }
 }
 
@@ -77,7 +95,7 @@ void printJson(Recordset rows, std::ostream& output) {
   for (; !rows.Eof(); rows.MoveNext()) {
     Json object = Json::object();
     for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
-      if (!object.contains(rows.FieldName(i))) object[rows.FieldName(i)] = jsonOf(rows.Fields(i));
+      if (!object.contains(rows.FieldName(i))) object[rows.FieldName(i)] = jsonOf(printed(rows, i));
     }
     output << separator << object.dump(-1, ' ', false, Json::error_handler_t::replace);
     separator = ",\n";

@@ -67,6 +67,20 @@ bool isCounter(const std::vector<ColumnInfo>& columns, const std::vector<std::st
          });
 }
 
+/// The columns that hold no Null. A counter needs not be told.
+std::vector<std::string> requiredColumns(const CreateTable& statement, const std::vector<ColumnInfo>& columns,
+                                         const std::vector<std::string>& key) {
+  std::vector<std::string> names = key;
+  for (const ColumnDefinition& column : statement.columns)
+    if (column.notNull) names.push_back(column.name);
+  std::erase_if(names, [&](const std::string& name) { return isCounter(columns, {name}); });
+  return names;
+}
+
+[[noreturn]] void refuse(std::string_view what) {
+  throw RuntimeError(ErrorNumber::OperationNotSupported, "已有的表不支持 " + std::string(what) + "。");
+}
+
 const ColumnInfo& columnNamed(const TableInfo& table, const std::string& name) {
   if (const ColumnInfo* column = table.find(name)) return *column;
   throw unknownColumn(name);
@@ -80,12 +94,12 @@ Translation translateDefinition(const CreateTable& statement, const SchemaView& 
   Translation result = definition(StatementKind::CreateTable, statement.table);
   std::vector<ColumnInfo> columns;
   for (const ColumnDefinition& column : statement.columns) columns.push_back(columnOf(column));
+  const std::vector<std::string> key = primaryKeyOf(statement);
   const auto emitter = engine.emitter();
-  emitter->createTable(statement.table, columns);
+  emitter->createTable(statement.table, columns, requiredColumns(statement, columns, key));
   result.sql.push_back(emitter->take());
   std::ranges::move(engine.describingStatements(statement.table, columns), std::back_inserter(result.sql));
 
-  const std::vector<std::string> key = primaryKeyOf(statement);
   if (!key.empty() && !isCounter(columns, key)) {
     std::vector<OrderKey> keys;
     keys.reserve(key.size());
@@ -101,6 +115,7 @@ Translation translateDefinition(const CreateTable& statement, const SchemaView& 
 Translation translateDefinition(const CreateIndex& statement, const SchemaView& schema,
                                 const EngineWords& engine) {
   const TableInfo& table = existing(schema, statement.table);
+  if (statement.disallowNull) refuse("PRIMARY 和 DISALLOW NULL");
   Translation result = definition(StatementKind::CreateIndex, table.name);
   result.index = statement.name;
   std::vector<OrderKey> columns;
@@ -142,9 +157,12 @@ Translation translateDefinition(const AlterTable& statement, const SchemaView& s
   const auto emitter = engine.emitter();
   emitter->text("ALTER TABLE ").name(table.name);
   if (const auto* column = std::get_if<ColumnDefinition>(&statement.change)) {
+    if (column->notNull || column->primaryKey) refuse("NOT NULL 和 PRIMARY KEY");
     emitter->text(" ADD COLUMN ").columnDefinition(columnOf(*column));
     std::ranges::move(engine.describingStatements(table.name, {columnOf(*column)}),
                       std::back_inserter(result.sql));
+    if (column->unique)
+      result.sql.push_back(indexText(engine, table.name, column->name, true, {keyOf(column->name)}));
   } else {
     emitter->text(" DROP COLUMN ").name(columnNamed(table, std::get<std::string>(statement.change)).name);
   }

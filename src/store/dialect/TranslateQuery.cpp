@@ -44,7 +44,7 @@ BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, const Engi
     : bound_(std::move(bound)), slots_(context.slots), engine_(engine) {
   for (std::size_t i = 0; i < bound_.missing.size(); ++i)
     sources_.push_back({bound_.scope.sources[i].columns.name});
-  if (bound_.select.unions.empty()) top_ = bound_.select.top;
+  if (bound_.select.unions.empty() && !bound_.select.percent) top_ = bound_.select.top;
   if (top_) tieKeys_ = bound_.select.orderBy.size();
   guard_ = guardQuery(context.numberColumns, engine);
   describeColumns();
@@ -75,7 +75,7 @@ void BoundQuery::describeColumns() {
 
 // Distinct and united rows are what they are through all of their columns.
 bool BoundQuery::printsWhole() const {
-  return bound_.select.distinct || !bound_.select.unions.empty();
+  return bound_.select.distinct || bound_.select.percent || !bound_.select.unions.empty();
 }
 
 std::string BoundQuery::rows(std::span<const std::size_t> outputColumns, Form form) const {
@@ -94,10 +94,11 @@ std::string BoundQuery::keysWhere(std::string_view criteria) const {
 std::string BoundQuery::assembled(const bound::Select& select, std::span<const std::size_t> outputColumns,
                                   bool fast, std::string_view also) const {
   const auto emitter = engine_.emitter(slots_, fast);
-  if (!select.unions.empty()) {
+  if (!select.unions.empty() || select.percent) {
     emitter->select(select, false);
     return emitter->take();
   }
+  emitter->gatherFrom(select);
   emitter->text(select.distinct ? "SELECT DISTINCT " : "SELECT ");
   Separator separator(*emitter);
   if (keyed())

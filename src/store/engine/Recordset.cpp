@@ -50,6 +50,10 @@ const std::string& Recordset::FieldName(std::size_t index) const {
   return columns[index].name;
 }
 
+bool Recordset::FieldIsBinary(std::size_t index) const {
+  return state().columns().at(index).type == dialect::ColumnType::Binary;
+}
+
 void Recordset::Collect(std::string_view name, const Value& value) {
   RecordsetState& rows = state();
   rows.set(rows.columnIndex(name), value);

@@ -36,6 +36,8 @@ class Recordset {
   Value Fields(std::size_t index) const;
   std::size_t FieldCount() const;
   const std::string& FieldName(std::size_t index) const;
+  /// Whether the field's value is bytes and no text.
+  bool FieldIsBinary(std::size_t index) const;
   /// The field as text; Null is error 94.
   std::string Text(std::string_view name) const { return Fields(name).text(); }
   std::string TextOrEmpty(std::string_view name) const { return Fields(name).textOrEmpty(); }

@@ -25,7 +25,10 @@ class CatalogueRows {
         otherFile_(column("Database")),
         otherTable_(column("ForeignName")) {}
 
+  static constexpr const char* tableName = "MSysObjects";
+
   bool next() { return walk_.next(); }
+  std::optional<std::string> countProblem() const { return walk_.countProblem(); }
   Object object();
 
  private:
@@ -48,7 +51,7 @@ class CatalogueRows {
   std::string text(const Column* column, bool& whole);
 
   TextDecoder& texts_;
-  const std::string name_ = "MSysObjects";
+  const std::string name_ = tableName;
   const Definition definition_;
   TableWalk walk_;
   const Column& id_;
@@ -115,10 +118,13 @@ Object CatalogueRows::object() {
 
 }  // namespace
 
-std::vector<Object> readObjects(JetFile& file, TextDecoder& texts) {
+std::vector<Object> readObjects(JetFile& file, TextDecoder& texts, Problems& problems) {
   CatalogueRows rows(file, texts);
   std::vector<Object> objects;
   while (rows.next()) objects.push_back(rows.object());
+  if (const auto problem = rows.countProblem())
+    problems.all().push_back(
+        {CatalogueRows::tableName, 0, "", "这是文件的目录，少了的行可能是整张的表。" + *problem});
   return objects;
 }
 

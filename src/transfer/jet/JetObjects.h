@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "transfer/jet/JetFile.h"
+#include "transfer/jet/JetProblems.h"
 #include "transfer/jet/JetText.h"
 
 namespace zelkor::jet {
@@ -33,7 +34,8 @@ struct Object {
 };
 
 /// Everything that the file says it holds, in the order in which it was made. Error 3343 when the catalogue
-/// is damaged. Not left to libmdb, which takes reports for tables that are linked by ODBC.
-std::vector<Object> readObjects(JetFile& file, TextDecoder& texts);
+/// is damaged; one that counts other entries than it has is a problem. Not left to libmdb, which takes
+/// reports for tables that are linked by ODBC.
+std::vector<Object> readObjects(JetFile& file, TextDecoder& texts, Problems& problems);
 
 }  // namespace zelkor::jet

@@ -54,15 +54,12 @@ void JetRowReader::tell(std::size_t column, std::string reason) {
   problems_.addValue(told_, {info.name, walk_.row(), info.columns[column].name, std::move(reason)});
 }
 
-// A file that was not closed properly may count too few rows.
 void JetRowReader::finish() {
   file_.requireUnchanged();
-  if (walk_.row() == plan_.definition.rows || told_.isCountTold) return;
+  const auto problem = walk_.countProblem();
+  if (!problem || told_.isCountTold) return;
   told_.isCountTold = true;
-  problems_.all().push_back({plan_.table.info.name, 0, "",
-                             "表定义记有 " + std::to_string(plan_.definition.rows) + " 行，读出 " +
-                                 std::to_string(walk_.row()) +
-                                 " 行，已全部导入；文件可能没有正常关闭，请在原系统中压缩修复后核对"});
+  problems_.all().push_back({plan_.table.info.name, 0, "", *problem});
 }
 
 }  // namespace zelkor::jet

@@ -39,7 +39,7 @@ std::string joined(const std::vector<std::string>& names) {
 
 JetSource::JetSource(const std::filesystem::path& file, const std::string& charset)
     : file_(file), texts_(decoderFor(file_, charset)) {
-  const std::vector<Object> objects = jet::readObjects(file_, *texts_);
+  const std::vector<Object> objects = jet::readObjects(file_, *texts_, problems_);
   if (file_.endsWithinPage()) notes_.push_back("文件末尾有不完整的一页；那里没有数据");
   noteCharset(charset);
   planTables(objects);

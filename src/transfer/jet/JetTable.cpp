@@ -21,8 +21,6 @@ bool TableWalk::next() {
   while (true) {
     if (nextRow_ >= rowsOnPage_) {
       if (turnPage()) continue;
-      if (row_ < table_.rows)
-        damaged("应有 " + std::to_string(table_.rows) + " 行，只读到 " + std::to_string(row_) + " 行");
       return false;
     }
     const auto row = page_.row(nextRow_++, file_.layout());
@@ -32,6 +30,16 @@ bool TableWalk::next() {
     if (!fields_.open(settled(*row))) damaged("第 " + std::to_string(row_) + " 行不能读出");
     return true;
   }
+}
+
+// A file that was not closed properly may count too few rows or too many.
+std::optional<std::string> TableWalk::countProblem() const {
+  if (row_ == table_.rows) return std::nullopt;
+  const bool fewer = row_ < table_.rows;
+  return "表定义记有 " + std::to_string(table_.rows) + " 行，" + (fewer ? "只" : "") + "读出 " +
+         std::to_string(row_) + " 行，已全部导入；" +
+         (fewer ? "文件可能已损坏或没有正常关闭，请在原系统中压缩修复后重新导入"
+                : "文件可能没有正常关闭，请在原系统中压缩修复后核对");
 }
 
 // The map of a table may name pages of other kinds. Those are passed over.

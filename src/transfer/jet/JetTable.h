@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "transfer/jet/JetDefinition.h"
@@ -9,8 +10,7 @@
 namespace zelkor::jet {
 
 /// Walks the rows of a table in the order of its pages, and follows those that were moved. What it gives
-/// holds until it walks on. Error 3343 where the table is damaged, or ends before all rows were met that it
-/// tells.
+/// holds until it walks on. Error 3343 where the table is damaged.
 class TableWalk {
  public:
   TableWalk(JetFile& file, const Definition& table, const std::string& name);
@@ -20,6 +20,8 @@ class TableWalk {
   bool next();
   /// Of the rows met so far, counted from 1.
   std::int64_t row() const { return row_; }
+  /// At the end: what is to be said of a table that counts other rows than it has.
+  std::optional<std::string> countProblem() const;
   bool isSet(const Column& column) const { return fields_.isSet(column); }
   /// The bytes of a column that has a value.
   std::string_view field(const Column& column);

@@ -182,7 +182,7 @@ class Printer {
   }
   std::string block(const Select& select) const {
     std::string result = select.distinct ? "Select Distinct " : "Select ";
-    if (select.top) result += "Top " + std::to_string(*select.top) + " ";
+    if (select.top) result += "Top " + std::to_string(*select.top) + (select.percent ? " Percent " : " ");
     result += joined(select.items, [this](const SelectItem& i) { return text(i.expr) + alias(i.alias); });
     if (select.into) result += " Into " + (*this)(*select.into);
     if (!select.from.empty()) result += " From " + sources(select.from);

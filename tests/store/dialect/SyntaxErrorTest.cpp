@@ -81,7 +81,6 @@ TEST(SyntaxError, ComesForWhatTheDialectDoesNotKnow) {
                                                  "select * t",
                                                  "select top a b from t",
                                                  "select top 1.5 * from t",
-                                                 "select top 10 percent * from t",
                                                  "select a as from t",
                                                  "select a from t limit 1",
                                                  "select * from t where a!=1",

@@ -88,9 +88,9 @@ class FormComparison {
   }
   bool same(const Part& a, const Part& b) { return a.all == b.all && same(a.select, b.select); }
   bool same(const Select& a, const Select& b) {
-    return a.distinct == b.distinct && a.top == b.top && same(a.items, b.items) && same(a.from, b.from) &&
-           same(a.where, b.where) && same(a.groupBy, b.groupBy) && same(a.having, b.having) &&
-           same(a.unions, b.unions) && same(a.orderBy, b.orderBy);
+    return a.distinct == b.distinct && a.top == b.top && a.percent == b.percent && same(a.items, b.items) &&
+           same(a.from, b.from) && same(a.where, b.where) && same(a.groupBy, b.groupBy) &&
+           same(a.having, b.having) && same(a.unions, b.unions) && same(a.orderBy, b.orderBy);
   }
 
   std::vector<std::pair<std::size_t, std::size_t>> slots_;

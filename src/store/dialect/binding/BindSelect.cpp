@@ -67,6 +67,7 @@ class SelectBinder {
     bound::Select& select = result_.select;
     select.distinct = select_.distinct;
     select.top = select_.top;
+    select.percent = select_.percent;
     bindItems();
     ExprBinder binder(context_, result_.scope);
     if (select_.where && isAggregateCall(*select_.where))
@@ -78,7 +79,7 @@ class SelectBinder {
     select.aggregated = aggregated();
     if (select.aggregated) requireGroupedColumns();
     bindOrder();
-    if (!select.aggregated && !select.distinct && select.unions.empty())
+    if (!select.aggregated && !select.distinct && !select.percent && select.unions.empty())
       result_.missing = missingTables(select.from, result_.scope).value_or(std::vector<bool>());
     if (select.distinct || !select.unions.empty())
       for (bound::Item& item : select.items) item.expr = caseBlind(std::move(item.expr));

@@ -179,6 +179,7 @@ struct Part;
 struct Select {
   bool distinct = false;
   std::optional<int> top;
+  bool percent = false;  // of all rows is `top`
   std::vector<Item> items;
   std::vector<Source> from;
   std::optional<Node> where;

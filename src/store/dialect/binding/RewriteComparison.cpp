@@ -102,6 +102,38 @@ void adapt(BindContext& context, Node& left, Node& right) {
   }
 }
 
+/// Everything that an IN compares, the value first.
+std::vector<Node*> all(Node& value, std::vector<Node>& items) {
+  std::vector<Node*> nodes{&value};
+  for (Node& item : items) nodes.push_back(&item);
+  return nodes;
+}
+
+Node inFamily(Node node, Family family) {
+  if (family == Family::Date && isText(node)) return asDate(std::move(node));
+  return asNumber(std::move(node));
+}
+
+// The first that is no literal tells what the literals are. Where others are of another family, all are taken
+// to one: a value that were compared as a text with some and as a number with others would miss members.
+void bringToOneFamily(BindContext& context, Node& value, std::vector<Node>& items) {
+  std::vector<Node*> nodes = all(value, items);
+  const auto known = std::ranges::find_if(nodes, [](const Node* node) { return !literal(*node); });
+  const Node& other = known == nodes.end() ? value : **known;
+  const bool alike = std::ranges::all_of(
+      nodes, [&](const Node* node) { return literal(*node) || comparable(*node, other); });
+  if (alike) {
+    for (Node* node : nodes) {
+      if (!comparable(*node, other) && !bindAsOther(context, *node, other))
+        *node = asNumber(std::move(*node));
+    }
+    return;
+  }
+  const bool dates = std::ranges::any_of(nodes, [](const Node* node) { return isDate(*node); }) &&
+                     std::ranges::none_of(nodes, [](const Node* node) { return isNumber(*node); });
+  for (Node* node : nodes) *node = inFamily(std::move(*node), dates ? Family::Date : Family::Number);
+}
+
 void trimLiteral(BindContext& context, const Node& node) {
   const bound::Parameter* parameter = literal(node);
   if (!parameter || !isText(node)) return;
@@ -165,10 +197,10 @@ Node between(BindContext& context, Node valueOperand, Node lowOperand, Node high
 
 Node inList(BindContext& context, Node valueOperand, std::vector<Node> items, bool negated) {
   Node value = asValue(std::move(valueOperand));
+  for (Node& item : items) item = asValue(std::move(item));
+  bringToOneFamily(context, value, items);
   std::vector<Node> members;
-  for (Node& item : items) {
-    Node member = asValue(std::move(item));
-    adapt(context, value, member);
+  for (Node& member : items) {
     if (endsInBlank(context, member)) {
       std::ranges::move(bothForms(context, std::move(member)), std::back_inserter(members));
     } else {

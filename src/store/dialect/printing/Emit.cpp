@@ -1,6 +1,9 @@
 #include "store/dialect/printing/Emit.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "store/dialect/binding/functions/SqlFunction.h"
 
 namespace zelkor::dialect {
 
@@ -19,6 +22,24 @@ std::string tieName(std::size_t index) {
   return "zk_row_" + std::to_string(index + 1);
 }
 
+std::string placeName(std::size_t index) {
+  return "zk_" + std::to_string(index + 1);
+}
+
+bool isFirstOrLast(const bound::Item& item) {
+  const auto* aggregate = std::get_if<bound::Aggregate>(&item.expr.node);
+  return aggregate != nullptr &&
+         (aggregate->function->name == "First" || aggregate->function->name == "Last");
+}
+
+/// Whether the order matters in which the only source gives its rows.
+bool takesRowsAsTheyCome(const bound::Select& select) {
+  if (select.from.size() != 1 || !select.orderBy.empty() || select.distinct || !select.unions.empty())
+    return false;
+  const bool one = !select.aggregated && select.groupBy.empty();
+  return one || std::ranges::any_of(select.items, isFirstOrLast);
+}
+
 }  // namespace
 
 void Emitter::rowKey(std::string_view qualifier) {
@@ -31,9 +52,7 @@ void Emitter::source(const bound::Source& source) {
     name(table->name);
     if (!table->alias.empty()) text(" AS ").name(table->alias);
   } else if (const auto* derived = std::get_if<bound::Derived>(&source)) {
-    text("(");
-    select(*derived->select, true);
-    text(") AS ").name(derived->alias);
+    this->derived(*derived);
   } else {
     const bound::Join& join = *std::get<Box<bound::Join>>(source);
     this->source(join.first);
@@ -44,6 +63,25 @@ void Emitter::source(const bound::Source& source) {
     if (nested) text(")");
     text(" ON ");
     value(join.on);
+  }
+}
+
+// The rows of a derived table that stands alone come as they were added, also to First and Last.
+void Emitter::derived(const bound::Derived& table) {
+  const bool ordered = movesRows() && gathered_ != nullptr && takesRowsAsTheyCome(*gathered_);
+  text("(");
+  select(*table.select, true);
+  if (ordered && !table.select->top) tableOrder(*table.select);
+  text(") AS ").name(table.alias);
+}
+
+void Emitter::gatheredOrder() {
+  if (gathered_ == nullptr) return;
+  std::string_view separator = " ORDER BY ";
+  for (const std::string& qualifier : qualifiersOf(gathered_->from)) {
+    text(separator);
+    rowKey(qualifier);
+    separator = ", ";
   }
 }
 
@@ -205,13 +243,75 @@ void Emitter::tableOrder(const bound::Select& select) {
   }
 }
 
+// A window ranks the rows, equal ones alike, and counts them where a part of them is wanted.
+void Emitter::ranked(const bound::Select& select, bool named) {
+  text("SELECT ");
+  for (std::size_t i = 0; i < select.items.size(); ++i) {
+    if (i > 0) text(", ");
+    name(placeName(i));
+    if (named) text(" AS ").name(select.items[i].name);
+  }
+  text(" FROM (");
+  if (select.distinct) {
+    text("SELECT *");
+    rank(select, true);
+    text(" FROM (");
+    core(select, false, "zk_");
+    tail(select);
+    text(select.percent ? ") AS \"zk_rows\"" : ")");
+  } else {
+    core(select, false, "zk_");
+    rank(select, false);
+    if (ordersTies(select)) tieColumns(select);
+    tail(select);
+  }
+  const std::string top = std::to_string(*select.top);
+  if (select.percent) {
+    // A part of a row counts as a row.
+    text(") AS \"zk_ranked\" WHERE \"zk_rank\" * 100 < \"zk_count\" * ").text(top).text(" + 100");
+  } else {
+    text(") WHERE \"zk_rank\" <= ").text(top);
+  }
+  text(" ORDER BY \"zk_rank\"");
+  if (ordersTies(select)) tieOrder(select);
+}
+
+void Emitter::rank(const bound::Select& select, bool byPlaces) {
+  if (select.orderBy.empty()) {
+    text(", ROW_NUMBER() OVER (");
+    if (!byPlaces && !select.aggregated && select.groupBy.empty()) gatheredOrder();
+  } else {
+    text(", RANK() OVER (");
+  }
+  if (!byPlaces) {
+    orderKeys(select.orderBy);
+  } else {
+    std::string_view separator = "ORDER BY ";
+    for (const bound::OrderKey& key : select.orderBy) {
+      text(separator).name(placeName(*key.item));
+      direction(key.descending);
+      separator = ", ";
+    }
+  }
+  text(") AS \"zk_rank\"");
+  if (select.percent) text(", COUNT(*) OVER () AS \"zk_count\"");
+}
+
 void Emitter::select(const bound::Select& select, bool named) {
-  if (!select.unions.empty()) return compound(select, named);
-  if (select.top && !select.orderBy.empty()) return topWithTies(select, named);
-  core(select, named);
-  tail(select);
-  orderBy(select);
-  if (select.top) text(" LIMIT ").text(std::to_string(*select.top));
+  const bound::Select* const around = std::exchange(gathered_, &select);
+  if (!select.unions.empty()) {
+    compound(select, named);
+  } else if (select.percent) {
+    ranked(select, named);
+  } else if (select.top && !select.orderBy.empty()) {
+    topWithTies(select, named);
+  } else {
+    core(select, named);
+    tail(select);
+    orderBy(select);
+    if (select.top) text(" LIMIT ").text(std::to_string(*select.top));
+  }
+  gathered_ = around;
 }
 
 }  // namespace zelkor::dialect

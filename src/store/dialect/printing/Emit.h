@@ -37,6 +37,8 @@ class Emitter {
   /// The parameter of that number (from 1) holds a row key.
   void rowKeyParameter(std::size_t number) { out_ += words_.rowKeyParameter(number); }
 
+  /// Tells whose rows the aggregates that follow gather.
+  void gatherFrom(const bound::Select& select) { gathered_ = &select; }
   /// A whole SELECT as it stands inside another statement; `named` prints the names of the output columns.
   void select(const bound::Select& select, bool named);
   /// FROM, WHERE, GROUP BY and HAVING; `also` is a further condition, printed already.
@@ -52,8 +54,9 @@ class Emitter {
   void insert(const bound::Insert& insert);
   void update(const bound::Update& update);
   void erase(const bound::Delete& statement);
-  void createTable(std::string_view table, const std::vector<ColumnInfo>& columns);
-  void columnDefinition(const ColumnInfo& column);
+  void createTable(std::string_view table, const std::vector<ColumnInfo>& columns,
+                   std::span<const std::string> required = {});
+  void columnDefinition(const ColumnInfo& column, bool required = false);
 
  protected:
   /// How strongly the operators bind, the weakest first.
@@ -63,6 +66,8 @@ class Emitter {
   virtual void cast(ColumnType type) = 0;
   virtual void caseBlind(const bound::Node& operand) = 0;
   virtual void conditionAsValue(const bound::Node& operand) = 0;
+  /// The bounds of a BETWEEN, which come in either order; Null when one of them is.
+  virtual void bounds(const bound::Between& test) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
   /// What stands behind THEN or ELSE.
   virtual void branch(const bound::Node& node) { expr(node, 0); }
@@ -83,6 +88,10 @@ class Emitter {
 
   /// What the tables of FROM are called, in the order in which they stand.
   static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);
+  /// The order in which the rows were added that the aggregates gather; nothing where no table tells.
+  void gatheredOrder();
+  /// The first rows with those that are alike, or a hundredth part of them, picked out by their ranks.
+  void ranked(const bound::Select& select, bool named);
   void core(const bound::Select& select, bool named, std::string_view namePrefix = {});
   void orderKeys(const std::vector<bound::OrderKey>& keys);
   /// Behind the row key of the first table of FROM or of another one.
@@ -107,6 +116,8 @@ class Emitter {
   std::string out_;
 
  private:
+  void derived(const bound::Derived& table);
+  void rank(const bound::Select& select, bool byPlaces);
   void groupOrder(const bound::Select& select);
   void node(const bound::NullValue&, int) { out_ += "NULL"; }
   void node(const bound::IntegerValue& value, int precedence);
@@ -134,6 +145,7 @@ class Emitter {
   std::span<const ParameterSlot> slots_;
   bool fast_;
   bool storesRows_ = false;
+  const bound::Select* gathered_ = nullptr;
 };
 
 }  // namespace zelkor::dialect

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "store/dialect/printing/Emit.h"
 
 namespace zelkor::dialect {
@@ -105,17 +107,21 @@ std::string Emitter::declaredType(const ColumnInfo& column) const {
   return words_.columnType(column) + (column.type == ColumnType::Boolean ? " DEFAULT 0" : "");
 }
 
-void Emitter::columnDefinition(const ColumnInfo& column) {
+void Emitter::columnDefinition(const ColumnInfo& column, bool required) {
   name(column.name).text(" ").text(declaredType(column));
+  if (required) text(" NOT NULL");
 }
 
-void Emitter::createTable(std::string_view table, const std::vector<ColumnInfo>& columns) {
+void Emitter::createTable(std::string_view table, const std::vector<ColumnInfo>& columns,
+                          std::span<const std::string> required) {
   text("CREATE TABLE ").name(table).text(" (");
   bool first = true;
   for (const ColumnInfo& column : columns) {
     if (!first) text(", ");
     first = false;
-    columnDefinition(column);
+    columnDefinition(column, std::ranges::any_of(required, [&](const std::string& one) {
+                       return sameName(one, column.name);
+                     }));
   }
   text(words_.hiddenColumn());
   if (!words_.hiddenColumn().empty()) text(" PRIMARY KEY");

@@ -198,9 +198,7 @@ void Emitter::node(const bound::Between& test, int precedence) {
   const Parentheses parentheses(out_, precedence > Comparison);
   expr(*test.value, Sum);
   out_ += test.negated ? " NOT BETWEEN " : " BETWEEN ";
-  expr(*test.low, Sum);
-  out_ += " AND ";
-  expr(*test.high, Sum);
+  bounds(test);
 }
 
 void Emitter::node(const bound::InList& test, int precedence) {

@@ -159,6 +159,7 @@ struct UnionPart;
 struct Select {
   bool distinct = false;
   std::optional<int> top;
+  bool percent = false;  // of all rows is `top`
   std::vector<SelectItem> items;
   std::optional<TableName> into;
   std::vector<TableSource> from;

@@ -4,6 +4,8 @@
 
 namespace zelkor::dialect {
 
+constexpr int kWhole = 100;  // percent
+
 Select StatementParser::select() {
   const Nesting nesting(*this);
   Select whole = selectBlock();
@@ -60,7 +62,10 @@ void StatementParser::selectQuantity(Select& select) {
   } else if (!accept(Keyword::DistinctRow)) {
     accept(Keyword::All);
   }
-  if (accept(Keyword::Top)) select.top = expectOrdinal();
+  if (!accept(Keyword::Top)) return;
+  select.top = expectOrdinal();
+  select.percent = acceptWord("percent");
+  if (select.percent && *select.top > kWhole) fail();
 }
 
 std::vector<SelectItem> StatementParser::selectItems() {

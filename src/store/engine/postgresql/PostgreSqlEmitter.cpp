@@ -120,6 +120,13 @@ void PostgreSqlEmitter::conditionAsValue(const Node& operand) {
   text(")::integer");
 }
 
+void PostgreSqlEmitter::bounds(const bound::Between& test) {
+  text("SYMMETRIC ");
+  expr(*test.low, Sum);
+  text(" AND ");
+  expr(*test.high, Sum);
+}
+
 void PostgreSqlEmitter::quantified(const bound::Quantified& node) {
   text("(");
   expr(*node.value, Operand);
@@ -132,6 +139,8 @@ void PostgreSqlEmitter::aggregate(const bound::Aggregate& node) {
   for (const char c : node.function->onServer) {
     if (c == '!') {
       text(node.distinct ? "DISTINCT " : "");
+    } else if (c == '^') {
+      gatheredOrder();
     } else if (c != '?') {
       out_ += c;
     } else if (node.arguments.empty()) {

@@ -19,6 +19,7 @@ class PostgreSqlEmitter final : public Emitter {
   void cast(ColumnType type) override;
   void caseBlind(const bound::Node& operand) override;
   void conditionAsValue(const bound::Node& operand) override;
+  void bounds(const bound::Between& test) override;
   void quantified(const bound::Quantified& node) override;
   void branch(const bound::Node& node) override;
   void aggregate(const bound::Aggregate& node) override;

@@ -4,14 +4,6 @@ namespace zelkor::dialect {
 
 using bound::Node;
 
-namespace {
-
-std::string placeName(std::size_t index) {
-  return "zk_" + std::to_string(index + 1);
-}
-
-}  // namespace
-
 // Rows come in the wanted order and are read one by one: the reader stops behind the ties of the last row.
 void SqliteEmitter::endOutermost(const bound::Select& select, std::size_t /*rowKeys*/) {
   if (select.top && select.orderBy.empty()) text(" LIMIT ").text(std::to_string(*select.top));
@@ -30,6 +22,25 @@ void SqliteEmitter::conditionAsValue(const Node& operand) {
   text(")");
 }
 
+// Numbers and texts that depend on no row are ordered once, and an index finds what lies between them.
+void SqliteEmitter::bounds(const bound::Between& test) {
+  const char* call = "min(";
+  for (const char* behind : {" AND ", ""}) {
+    text(call);
+    boundOf(*test.low);
+    text(", ");
+    boundOf(*test.high);
+    text(")").text(behind);
+    call = "max(";
+  }
+}
+
+void SqliteEmitter::boundOf(const Node& node) {
+  const bool literal = std::holds_alternative<bound::Parameter>(node.node);
+  if (literal && node.type.family == bound::Family::Text) return caseBlind(node);
+  expr(node, Whole);
+}
+
 // There is no ALL and ANY: a row of the subquery is looked for that holds, or does not hold, the comparison.
 void SqliteEmitter::quantified(const bound::Quantified& node) {
   text(node.all ? "NOT EXISTS (SELECT 1 FROM (" : "EXISTS (SELECT 1 FROM (");
@@ -44,37 +55,9 @@ void SqliteEmitter::quantified(const bound::Quantified& node) {
   text(")");
 }
 
-// A window ranks the rows, equal ones alike, since LIMIT would cut through them.
+// LIMIT would cut through rows that are alike.
 void SqliteEmitter::topWithTies(const bound::Select& select, bool named) {
-  text("SELECT ");
-  for (std::size_t i = 0; i < select.items.size(); ++i) {
-    if (i > 0) text(", ");
-    name(placeName(i));
-    if (named) text(" AS ").name(select.items[i].name);
-  }
-  text(" FROM (");
-  if (select.distinct) {
-    text("SELECT *, RANK() OVER (");
-    std::string_view separator = "ORDER BY ";
-    for (const bound::OrderKey& key : select.orderBy) {
-      text(separator).name(placeName(*key.item));
-      direction(key.descending);
-      separator = ", ";
-    }
-    text(") AS \"zk_rank\" FROM (");
-    core(select, false, "zk_");
-    tail(select);
-    text(")");
-  } else {
-    core(select, false, "zk_");
-    text(", RANK() OVER (");
-    orderKeys(select.orderBy);
-    text(") AS \"zk_rank\"");
-    if (ordersTies(select)) tieColumns(select);
-    tail(select);
-  }
-  text(") WHERE \"zk_rank\" <= ").text(std::to_string(*select.top)).text(" ORDER BY \"zk_rank\"");
-  if (ordersTies(select)) tieOrder(select);
+  ranked(select, named);
 }
 
 }  // namespace zelkor::dialect

@@ -15,6 +15,8 @@ class SqliteEmitter final : public Emitter {
   void cast(ColumnType) override {}
   void caseBlind(const bound::Node& operand) override;
   void conditionAsValue(const bound::Node& operand) override;
+  void bounds(const bound::Between& test) override;
+  void boundOf(const bound::Node& node);
   void quantified(const bound::Quantified& node) override;
   void topWithTies(const bound::Select& select, bool named) override;
 };

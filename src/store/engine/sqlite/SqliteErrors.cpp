@@ -61,9 +61,15 @@ RuntimeError duplicateKey(std::string_view message) {
           "由于将在索引、主关键字或关系中创建重复的值，请求对表的更改没有成功。（索引：" + index + "）"};
 }
 
+RuntimeError nullInColumn(std::string_view message) {
+  return {ErrorNumber::RequiredField,
+          "字段 '" + behind(message, "failed: ") + "' 不能包含 Null 值，必须在此字段中输入一个值。"};
+}
+
 [[noreturn]] void raiseByPrimaryCode(int code, const std::string& message) {
   switch (code & 0xff) {
     case SQLITE_CONSTRAINT:
+      if (code == SQLITE_CONSTRAINT_NOTNULL) throw nullInColumn(message);
       throw duplicateKey(message);
     case SQLITE_FULL:
       throw RuntimeError(ErrorNumber::DiskFull, "磁盘空间不足，数据文件无法写入。");

@@ -139,7 +139,11 @@ void gather(sqlite3_context* context, int, sqlite3_value** values) {
     if (nullGivesNull(letter) && isNull(values[0])) return;
     RowGathering*& gathered = gathering(context);
     if (!gathered) gathered = function.gatheredInFile().release();
-    gathered->add(argument(letter, values[0]));
+    if (letter == 'n' && sqlite3_value_type(values[0]) == SQLITE_FLOAT) {
+      gathered->addNumber(sqlite3_value_double(values[0]));
+    } else {
+      gathered->add(argument(letter, values[0]));
+    }
   });
 }
 

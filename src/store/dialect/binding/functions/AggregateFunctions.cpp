@@ -15,8 +15,9 @@ using enum ColumnType;
 // Amounts are added as ten-thousandths, so that no binary fraction creeps into a total.
 class AmountTotal : public RowGathering {
  public:
-  void add(const Value& value) override {
-    const double scaled = std::nearbyint(value.as<double>() * 10000);
+  void add(const Value& value) override { addNumber(value.as<double>()); }
+  void addNumber(double number) override {
+    const double scaled = std::nearbyint(number * 10000);
     if (!(std::abs(scaled) < 9.2e18)) throw RuntimeError(ErrorNumber::Overflow);
     total_ += zelkor::Currency::fromScaled(static_cast<std::int64_t>(scaled));
     ++count_;
@@ -39,8 +40,9 @@ class AmountAverage final : public AmountTotal {
 
 class Total : public RowGathering {
  public:
-  void add(const Value& value) override {
-    sum_.add(value.as<double>());
+  void add(const Value& value) override { addNumber(value.as<double>()); }
+  void addNumber(double number) override {
+    sum_.add(number);
     ++count_;
   }
   Value result() const override { return count_ == 0 ? Value() : Value(sum_.total()); }
@@ -94,9 +96,9 @@ constexpr std::array rows{
     aggregate("Avg", "n", Double, "avg", "avg(!?)", "the average"),
     aggregate("Min", "o", Unknown, "min", "min(!?)", "the least value"),
     aggregate("Max", "o", Unknown, "max", "max(!?)", "the greatest value"),
-    aggregate("First", "v", Unknown, "zk_first", "(array_agg(?))[1]", "the value of the first row",
+    aggregate("First", "v", Unknown, "zk_first", "(array_agg(?^))[1]", "the value of the first row",
               gathering<FirstValue>),
-    aggregate("Last", "v", Unknown, "zk_last", "(array_agg(?))[count(*)]", "the value of the last row",
+    aggregate("Last", "v", Unknown, "zk_last", "(array_agg(?^))[count(*)]", "the value of the last row",
               gathering<LastValue>),
     aggregate("", "n", Double, "zk_sum", "zk_total(sum(!zk_amount(?)), sum(!zk_rest(?)))::double precision",
               "", gathering<Total>),

@@ -28,6 +28,8 @@ class RowGathering {
   RowGathering& operator=(const RowGathering&) = delete;
   virtual ~RowGathering() = default;
   virtual void add(const Value& value) = 0;
+  /// The same for a number, without the way through a value.
+  virtual void addNumber(double number) { add(Value(number)); }
   virtual Value result() const = 0;
 };
 
@@ -54,8 +56,8 @@ struct SqlFunction {
   Value (*inFile)(Arguments arguments) = nullptr;
 
   /// An expression of a, b, c, or a block of the server's language; empty where the server has the function
-  /// or data/postgresql-*.sql defines it. An aggregate: `?` is the value of a row, and `!` where DISTINCT
-  /// goes.
+  /// or data/postgresql-*.sql defines it. An aggregate: `?` is the value of a row, `!` where DISTINCT
+  /// goes, and `^` the order in which the rows were added.
   std::string_view onServer{};
 
   std::string_view meaning{};

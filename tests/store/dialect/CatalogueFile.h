@@ -19,11 +19,13 @@ class CatalogueFile {
     engine_->commit();
   }
 
+  const std::string& path() const { return path_; }
   Engine& engine() { return *engine_; }
 
  private:
   zelkor::test::TempDir directory_;
-  std::unique_ptr<Engine> engine_ = openDataFile(zelkor::test::makeEmptyDataFile(directory_.path()));
+  std::string path_ = zelkor::test::makeEmptyDataFile(directory_.path());
+  std::unique_ptr<Engine> engine_ = openDataFile(path_);
 };
 
 }  // namespace zelkor::dialect::test

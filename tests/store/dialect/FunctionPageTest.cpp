@@ -1,68 +1,37 @@
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
+#include <map>
 
 #include "store/dialect/binding/functions/SqlFunction.h"
-#include "support/Paths.h"
+#include "support/Golden.h"
 
-// docs/sql-functions.md tells what the functions' rows say. With ZELKOR_REWRITE_GOLDEN set it is written from
+// docs/sql-functions.md says what the functions' rows say. With ZELKOR_REWRITE_GOLDEN set it is written from
 // them.
 namespace zelkor::dialect::test {
 namespace {
 
-std::string argumentWord(char letter) {
-  switch (letter) {
-    case 't':
-      return "text";
-    case 'n':
-      return "number";
-    case 'd':
-      return "date";
-    default:
-      return "value";
-  }
+const std::map<char, std::string> kArguments{{'t', "text"}, {'n', "number"}, {'d', "date"}};
+const std::map<ColumnType, std::string> kResults{
+    {ColumnType::Text, "text"},    {ColumnType::Boolean, "yes/no"}, {ColumnType::Short, "16 bits"},
+    {ColumnType::Long, "32 bits"}, {ColumnType::Double, "double"},  {ColumnType::Currency, "amount"},
+    {ColumnType::Date, "date"}};
+
+template <typename Key>
+std::string wordOf(const std::map<Key, std::string>& words, Key key, const std::string& otherwise) {
+  const auto word = words.find(key);
+  return word == words.end() ? otherwise : word->second;
 }
 
-std::string callOf(const SqlFunction& function) {
-  std::string text(function.name);
-  std::string separator = "(";
-  for (const char letter : function.arguments) {
-    text += separator + argumentWord(letter);
-    separator = ", ";
-  }
-  return text + (function.arguments.empty() ? "()" : ")");
+std::string lineOf(const SqlFunction& function) {
+  std::string arguments;
+  for (const char letter : function.arguments)
+    arguments += (arguments.empty() ? "" : ", ") + wordOf(kArguments, letter, "value");
+  const std::string called(function.called);
+  return "| `" + std::string(function.name) + "(" + arguments + ")` | " + std::string(function.meaning) +
+         " | " + wordOf(kResults, function.result, "as its argument") + " | " +
+         (called.empty() ? "-" : "`" + called + "`") + " |\n";
 }
 
-std::string resultOf(ColumnType type) {
-  switch (type) {
-    case ColumnType::Text:
-      return "text";
-    case ColumnType::Boolean:
-      return "yes/no";
-    case ColumnType::Short:
-      return "16 bits";
-    case ColumnType::Long:
-      return "32 bits";
-    case ColumnType::Double:
-      return "double";
-    case ColumnType::Currency:
-      return "amount";
-    case ColumnType::Date:
-      return "date";
-    default:
-      return "as its argument";
-  }
-}
-
-std::string inFile(const SqlFunction& function) {
-  if (function.called.empty()) return "-";
-  return "`" + std::string(function.called) + "`";
-}
-
-std::string page() {
-  std::string text =
+TEST(FunctionPageTest, SaysWhatTheRowsSay) {
+  std::string page =
       "# SQL functions\n\n"
       "What a statement may call, in a file and on a server alike; any other name is error 3085. What the "
       "engines\n"
@@ -71,21 +40,8 @@ std::string page() {
       "(`ZELKOR_REWRITE_GOLDEN=1`).\n\n"
       "| call | gives | result | engines call |\n|---|---|---|---|\n";
   for (const SqlFunction* function : sqlFunctions())
-    if (!function->name.empty())
-      text += "| `" + callOf(*function) + "` | " + std::string(function->meaning) + " | " +
-              resultOf(function->result) + " | " + inFile(*function) + " |\n";
-  return text;
-}
-
-TEST(FunctionPageTest, SaysWhatTheRowsSay) {
-  const std::filesystem::path path = zelkor::test::testFolder().parent_path() / "docs" / "sql-functions.md";
-  if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) {
-    std::ofstream(path) << page();
-    return;
-  }
-  std::ostringstream found;
-  found << std::ifstream(path).rdbuf();
-  EXPECT_EQ(page(), found.str());
+    if (!function->name.empty()) page += lineOf(*function);
+  zelkor::test::expectGolden("../docs/sql-functions.md", page);
 }
 
 }  // namespace

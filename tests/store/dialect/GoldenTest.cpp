@@ -1,53 +1,15 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "base/RuntimeError.h"
+#include "store/CaseFiles.h"
 #include "store/dialect/CatalogueFile.h"
 #include "store/dialect/GoldenPrinter.h"
 #include "store/dialect/Translate.h"
 #include "store/engine/Binding.h"
 #include "store/engine/SchemaCache.h"
-#include "support/Paths.h"
 
-// Each <name>.txt lists statements, one a line; <name>.golden keeps their translations. With
-// ZELKOR_REWRITE_GOLDEN set, the translations found are written there instead of being compared. Every
-// translation for SQLite is run on a data file with the catalogue's tables.
+// Each <name>.txt of tests/store/golden lists statements, one a line; <name>.golden keeps their translations.
+// Every translation for the engine at hand is run on a data file with the catalogue's tables.
 namespace zelkor::dialect::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-fs::path goldenDirectory() {
-  return zelkor::test::testFolder() / "store" / "golden";
-}
-
-std::vector<std::string> goldenNames() {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(goldenDirectory()))
-    if (entry.path().extension() == ".txt") names.push_back(entry.path().stem().string());
-  std::ranges::sort(names);
-  return names;
-}
-
-std::vector<std::string> linesOf(const fs::path& path) {
-  std::ifstream file(path);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(file, line);)
-    if (!line.empty()) lines.push_back(line);
-  return lines;
-}
-
-std::string contentOf(const fs::path& path) {
-  std::ifstream file(path);
-  std::ostringstream content;
-  content << file.rdbuf();
-  return content.str();
-}
 
 class GoldenTest : public testing::TestWithParam<std::string> {
  protected:
@@ -94,9 +56,8 @@ class GoldenTest : public testing::TestWithParam<std::string> {
 };
 
 TEST_P(GoldenTest, TranslatesAndRuns) {
-  const fs::path golden = goldenDirectory() / (GetParam() + ".golden");
   std::string found;
-  for (const std::string& line : linesOf(goldenDirectory() / (GetParam() + ".txt"))) {
+  for (const std::string& line : zelkor::test::linesOf("golden", GetParam())) {
     const std::string one = entry(line);
     found += found.empty() ? one : "\n" + one;
     if (one.find("\n  error: ") != std::string::npos) continue;
@@ -106,19 +67,12 @@ TEST_P(GoldenTest, TranslatesAndRuns) {
       ADD_FAILURE() << one << error.number() << " " << error.what();
     }
   }
-  if (zelkor::test::onServer()) return;  // the texts are compared once; here they have run
-  if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr) {
-    std::ofstream(golden) << found;
-  } else {
-    EXPECT_EQ(found, contentOf(golden));
-  }
+  // The texts are compared once; on a server they have run.
+  if (!zelkor::test::onServer()) zelkor::test::expectGolden("store/golden/" + GetParam() + ".golden", found);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(goldenNames()), [](const auto& file) {
-  std::string name = file.param;
-  std::ranges::replace(name, '-', '_');
-  return name;
-});
+INSTANTIATE_TEST_SUITE_P(Files, GoldenTest, testing::ValuesIn(zelkor::test::caseFiles("golden")),
+                         zelkor::test::nameOfFile);
 
 }  // namespace
 }  // namespace zelkor::dialect::test

@@ -1,14 +1,9 @@
-#include <algorithm>
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
-
+#include "store/CaseFiles.h"
+#include "store/dialect/CatalogueFile.h"
 #include "store/engine/BothEngines.h"
-#include "support/Paths.h"
 
 // Each file of tests/store/expressions lists what an engine is asked, and <name>.results keeps what every
-// engine answers. With ZELKOR_REWRITE_GOLDEN set, the answers of a file are written there instead of being
-// compared.
+// engine answers. The tables of the catalogue are there, empty.
 //
 //   [tables]   statements that make ready
 //   [values]   constants and columns of the table `one`
@@ -19,35 +14,14 @@
 namespace zelkor::test {
 namespace {
 
-namespace fs = std::filesystem;
-
-fs::path folder() {
-  return testFolder() / "store" / "expressions";
-}
-
-std::vector<std::string> names() {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(folder()))
-    if (entry.path().extension() == ".txt") names.push_back(entry.path().stem().string());
-  std::ranges::sort(names);
-  return names;
-}
-
-std::string contentOf(const fs::path& path) {
-  std::ostringstream content;
-  content << std::ifstream(path).rdbuf();
-  return content.str();
-}
-
-class ExpressionTest : public StoreTest, public testing::WithParamInterface<std::string> {
+class ExpressionTest : public testing::TestWithParam<std::string> {
  protected:
   void read(const std::string& line) {
-    if (line.empty()) return;
     if (line.starts_with('[') && line.ends_with(']')) {
       section_ = line;
       if (section_ == "[values]") values_.clear();
     } else if (section_ == "[tables]") {
-      db.Execute(line);
+      db_.Execute(line);
     } else if (section_ == "[values]") {
       values_.push_back(line);
     } else if (section_ == "[each]") {
@@ -79,39 +53,32 @@ class ExpressionTest : public StoreTest, public testing::WithParamInterface<std:
       constants += (constants.empty() ? "" : ",") + value;
       reckoned += (reckoned.empty() ? "" : ",") + ("iif(1=1," + value + ",null)");
     }
-    db.Execute("delete from kept");
-    db.Execute("insert into kept (" + columns + ") values (" + constants + ")");
-    db.Execute("insert into kept (" + columns + ") select " + reckoned + " from one");
+    db_.Execute("delete from kept");
+    db_.Execute("insert into kept (" + columns + ") values (" + constants + ")");
+    db_.Execute("insert into kept (" + columns + ") select " + reckoned + " from one");
     tell(value, "select " + columns + " from kept");
   }
 
   void tell(const std::string& question, const std::string& statement) {
-    std::string outcome = BothEngines::outcomeOf(db, statement);
+    std::string outcome = BothEngines::outcomeOf(db_, statement);
     if (outcome.ends_with('\n')) outcome.pop_back();
     std::ranges::replace(outcome, '\n', ';');
     answers += question + '\t' + outcome + '\n';
   }
 
+  dialect::test::CatalogueFile file_;
+  DbEngine engine_;
+  Database db_ = engine_.OpenDatabase(file_.path());
   std::string section_;
   std::vector<std::string> values_;
 };
 
 TEST_P(ExpressionTest, HasTheSameValueOnEveryEngine) {
-  std::ifstream questions(folder() / (GetParam() + ".txt"));
-  for (std::string line; std::getline(questions, line);) read(line);
-  const fs::path results = folder() / (GetParam() + ".results");
-  if (std::getenv("ZELKOR_REWRITE_GOLDEN") != nullptr && !onServer()) {
-    std::ofstream(results) << answers;
-  } else {
-    EXPECT_EQ(answers, contentOf(results));
-  }
+  for (const std::string& line : linesOf("expressions", GetParam())) read(line);
+  expectGolden("store/expressions/" + GetParam() + ".results", answers);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, ExpressionTest, testing::ValuesIn(names()), [](const auto& file) {
-  std::string name = file.param;
-  std::ranges::replace(name, '-', '_');
-  return name;
-});
+INSTANTIATE_TEST_SUITE_P(Files, ExpressionTest, testing::ValuesIn(caseFiles("expressions")), nameOfFile);
 
 }  // namespace
 }  // namespace zelkor::test

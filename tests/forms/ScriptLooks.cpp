@@ -120,8 +120,10 @@ Lines shownRows(const FlexGrid& cells) {
 /// All, or the levels that the option counts.
 void seeNodes(Test& test, const Arguments& a) {
   Lines nodes = nodesOf(test.form(), a.word(0).c_str());
-  const std::size_t deepest = a.option.empty() ? std::string::npos : std::stoul(a.option) * 2;
-  std::erase_if(nodes, [&](const std::string& node) { return node.find_first_not_of(' ') >= deepest; });
+  const auto isDeep = [&](const std::string& node) {
+    return node.find_first_not_of(' ') >= 2 * std::stoul(a.option);
+  };
+  if (!a.option.empty()) std::erase_if(nodes, isDeep);
   expectLines(nodes, a);
 }
 

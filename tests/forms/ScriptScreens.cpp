@@ -10,6 +10,7 @@
 #include "archives/frmType.h"
 #include "archives/frmUseStatus.h"
 #include "archives/FrmZJFFCZ.h"
+#include "archives/SyncDepartments.h"
 #include "cards/CardFixture.h"
 #include "cards/FrmAddCards.h"
 #include "cards/FrmManageCards.h"
@@ -217,6 +218,7 @@ void prepare(ScriptTest& test, const Arguments& a) {
   const std::string what = a.word(0);
   if (what == "card") return enterCard(test, a.word(1), a.word(2).empty() ? "2020-05-15" : a.word(2));
   if (what == "cards") return addVersions(test, std::stoi(a.word(1)), std::stoi(a.word(2)));
+  if (what == "mirror") return SyncDepartments(test.context);
   if (what == "event") return test.stageCard(a.word(1), a.word(2));
   if (what == "depreciation") return test.stageDepreciation();
   if (what == "subjects") return static_cast<void>(test.depreciationVoucher());

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCursor>
 
+#include "forms/ScriptTest.h"
 #include "ui/Theme.h"
 
 int main(int argc, char** argv) {
@@ -12,5 +13,6 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   zelkor::applyTheme(application);
   QCursor::setPos(4000, 4000);  // no button looks touched in a picture
+  zelkor::test::registerScripts();
   return RUN_ALL_TESTS();
 }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <initializer_list>
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -74,26 +73,6 @@ inline std::string textOf(const QWidget& form, const char* name) {
   return control<QWidget>(form, name).property("text").toString().toStdString();
 }
 
-/// Texts of several controls, joined by "|".
-inline std::string textsOf(const QWidget& form, std::initializer_list<const char*> names) {
-  std::string joined;
-  for (const char* name : names) joined += (name == *names.begin() ? "" : "|") + textOf(form, name);
-  return joined;
-}
-
-inline bool isEnabled(const QWidget& form, const char* name) {
-  return control<QWidget>(form, name).isEnabled();
-}
-
-/// Those of the commands that are enabled, a blank behind each.
-inline std::string enabledOf(const QWidget& form, std::initializer_list<const char*> captions) {
-  std::string enabled;
-  for (const char* caption : captions) {
-    if (command(form, caption).isEnabled()) enabled += std::string(caption) + " ";
-  }
-  return enabled;
-}
-
 inline void choose(const QWidget& form, const char* name, const QString& entry) {
   auto& combo = control<QComboBox>(form, name);
   const int index = combo.findText(entry);
@@ -119,12 +98,6 @@ inline Lines nodesOf(const QWidget& form, const char* name) {
     nodes.push_back(indent + (*it)->text(0).toStdString());
   }
   return nodes;
-}
-
-/// Text of the tree's current entry.
-inline std::string selectedNode(const QWidget& form, const char* name) {
-  const QTreeWidgetItem* item = control<QTreeWidget>(form, name).currentItem();
-  return item ? item->text(0).toStdString() : "";
 }
 
 inline FlexGrid& gridOf(const QWidget& form, const char* name) {
@@ -159,12 +132,6 @@ inline void clickCell(FlexGrid& grid, std::size_t row, std::size_t column) {
   emit grid.clicked(grid.cellIndex(row, column));
 }
 
-/// Types over what stands in the field and presses a key there.
-inline void enter(const QWidget& form, const char* field, const QString& text, int key = Qt::Key_Return) {
-  type(form, field, text);
-  sendKey(control<QLineEdit>(form, field), key);
-}
-
 /// Does something in the modal form that the next action opens.
 inline void inModalForm(std::function<void(QWidget&)> action) {
   QTimer::singleShot(0, [action = std::move(action)] {
@@ -179,10 +146,10 @@ inline void inModalForm(std::function<void(QWidget&)> action) {
 }
 
 /// Takes an entry in the picker that the next action opens.
-inline void pickNext(const char* tree, const QString& entry, const char* button) {
+inline void pickNext(const std::string& tree, const QString& entry, const std::string& button) {
   inModalForm([tree, entry, button](QWidget& picker) {
-    selectNode(picker, tree, entry);
-    click(picker, button);
+    selectNode(picker, tree.c_str(), entry);
+    click(picker, button.c_str());
   });
 }
 
@@ -228,11 +195,6 @@ class WithForms : public Fixture {
   void tells(const std::string& text, Icon icon = Icon::Exclamation, const std::string& title = "固定资产") {
     this->dialogs.expectOk(text, icon, title);
   }
-  /// The next box asks this.
-  void asks(const std::string& text, Answer answer, const std::string& title = "固定资产") {
-    this->dialogs.expectYesNo(text, answer, Icon::Question, title);
-  }
-  std::string count(const std::string& table) { return this->row("select count(*) from " + table); }
   /// A parameter of the account set.
   std::string parameter(const std::string& name) {
     return this->row("select cValue from AccInformation where cSysID='FA' and cName='" + name + "'");

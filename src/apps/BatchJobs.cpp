@@ -12,6 +12,7 @@
 #include "depreciation/AllocationTable.h"
 #include "depreciation/DepreciationList.h"
 #include "depreciation/RunMonthDepr.h"
+#include "startup/OnlyJob.h"
 #include "store/accountset/ReinitialiseAccount.h"
 
 namespace zelkor {
@@ -49,7 +50,8 @@ void addBatchJobs(RunTypeJobs& jobs) {
   jobs.add("ShowReconciliation",
            [](RunContext& context, const ScreenProperties&) { ShowReconciliation(context); });
   jobs.add("ReinitialiseAccount", [](RunContext& context, const ScreenProperties&) {
-    ReinitialiseAccount(context.engine, context.gstrZtFile, context.dbZKData);
+    asOnlyJob(context, OnlyJob::Reinitialisation,
+              [&] { ReinitialiseAccount(context.engine, context.gstrZtFile, context.dbZKData); });
   });
 }
 

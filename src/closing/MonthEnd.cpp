@@ -5,6 +5,7 @@
 #include "closing/MonthEndOptions.h"
 #include "closing/ShowReconciliation.h"
 #include "startup/Logs.h"
+#include "startup/OnlyJob.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -45,12 +46,14 @@ void tellClosing(RunContext& run, DateTime start) {
 void closeMonth(RunContext& run, const MonthEndScreens& screens) {
   try {
     const DateTime start = run.clock.now();
-    screens.backup(kBackupBegun);
-    BackInfo(run, screens.backup);
-    screens.backupEnded();
-    ShowReconciliation(run);
-    carryLedgersForward(run);
-    recordClosing(run);
+    asOnlyJob(run, OnlyJob::Closing, [&] {
+      screens.backup(kBackupBegun);
+      BackInfo(run, screens.backup);
+      screens.backupEnded();
+      ShowReconciliation(run);
+      carryLedgersForward(run);
+      recordClosing(run);
+    });
     tellClosing(run, start);
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "cmdStart_Click");

@@ -1,5 +1,6 @@
 #include "depreciation/RunMonthDepr.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "base/RuntimeError.h"
 #include "depreciation/CalcCardDepr.h"
 #include "depreciation/StagedDepr.h"
+#include "startup/OnlyJob.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -85,14 +87,17 @@ void RunMonthDepr(RunContext& run, const MonthDeprScreens& screens) {
       run.dialogs.MsgBox("本操作将计提本月折旧,并花费一定时间,是否继续?", Buttons::YesNo, Icon::None, kTitle);
   if (answer != Answer::Yes) return;
   const DateTime start = run.clock.now();
-  run.dbZKData.Execute("delete from fa_DeprVouchers");
-  if (!computeCards(run)) {
+  std::optional<DateTime> end;
+  asOnlyJob(run, OnlyJob::MonthlyRun, [&] {
+    run.dbZKData.Execute("delete from fa_DeprVouchers");
+    if (computeCards(run)) end = recordAndStage(run);
+  });
+  if (!end) {
     run.dialogs.MsgBox("没有固定资产卡片，不能进行折旧操作", Buttons::Ok, Icon::Exclamation, "计提折旧");
     throw EndProgram{};
   }
-  const DateTime end = recordAndStage(run);
   showResults(run, screens);
-  run.dialogs.MsgBox("计提折旧完成!\n开始时间:" + timeText(start) + "\n结束时间:" + timeText(end),
+  run.dialogs.MsgBox("计提折旧完成!\n开始时间:" + timeText(start) + "\n结束时间:" + timeText(*end),
                      Buttons::Ok, Icon::Exclamation, kTitle);
 }
 

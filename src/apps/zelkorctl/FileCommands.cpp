@@ -7,6 +7,7 @@
 #include "changes/SheetImport.h"
 #include "closing/DisposalTable.h"
 #include "startup/Main.h"
+#include "startup/OnlyJob.h"
 #include "startup/ProgramEnd.h"
 
 namespace zelkor {
@@ -39,8 +40,8 @@ int importCardsCommand(const JobRun& job, const std::string& file, int newType, 
                        std::ostream& problems) {
   const std::string csv = contentOf(file);
   return inPreparedRun(job, output, [&](RunContext& context) {
-    const ImportResult result = importCards(context, csv, newType, problems);
-    context.engine.flush();
+    ImportResult result;
+    asOnlyJob(context, OnlyJob::CardImport, [&] { result = importCards(context, csv, newType, problems); });
     problems.flush();
     return summed(result.stored, result.refused, output);
   });
@@ -51,11 +52,11 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
   return inPreparedRun(job, output, [&](RunContext& context) {
     long saved = 0;
     long refused = 0;
-    importSheets(context, csv, [&](const ImportedSheet& sheet) {
+    const auto tell = [&](const ImportedSheet& sheet) {
       ++(sheet.saved ? saved : refused);
       print(sheet, output);
-    });
-    context.engine.flush();
+    };
+    asOnlyJob(context, OnlyJob::SheetImport, [&] { importSheets(context, csv, tell); });
     return summed(saved, refused, output);
   });
 }
@@ -65,7 +66,7 @@ int disposeCommand(const JobRun& job, const std::string& file, std::ostream& out
   return inRun(job, output, [&](RunContext& context) {
     const auto work = [&] {
       prepareRun(context, job.arguments);
-      dispose(context, rows, problems);
+      asOnlyJob(context, OnlyJob::Disposals, [&] { dispose(context, rows, problems); });
     };
     return runToEnd(context, work).value_or(0);
   });

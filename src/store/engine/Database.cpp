@@ -30,6 +30,14 @@ Recordset Database::OpenRecordset(std::string_view sql) {
   return connection().open(sql);
 }
 
+JobLockAttempt Database::lockForJob(const JobNote& note) {
+  return connection().engine().lockForJob(note);
+}
+
+void Database::lockForWriting() {
+  connection().gathering().beforeWrite();
+}
+
 std::vector<std::string> Database::TableDefs() const {
   return connection().engine().tableNames();
 }

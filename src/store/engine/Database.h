@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "store/engine/JobLock.h"
 #include "store/engine/Recordset.h"
 
 namespace zelkor {
@@ -43,6 +44,11 @@ class Database {
   bool HasTable(std::string_view name) const;
   /// See KeptTogether.
   [[nodiscard]] KeptTogether keepTogether() const { return KeptTogether(connection_); }
+  /// See Engine::lockForJob.
+  JobLockAttempt lockForJob(const JobNote& note);
+  /// Inside a workspace transaction: takes the engine's write lock, where it has one, before the first write;
+  /// waits for other writers. What is read from now on nobody else can change before the transaction ends.
+  void lockForWriting();
   void Close() { connection_.reset(); }
 
  private:

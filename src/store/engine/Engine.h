@@ -9,6 +9,7 @@
 
 #include "store/dialect/binding/Schema.h"
 #include "store/dialect/printing/EngineWords.h"
+#include "store/engine/JobLock.h"
 #include "store/engine/StoredTables.h"
 
 namespace zelkor {
@@ -70,6 +71,10 @@ class Engine {
   /// Outside a transaction: what has been written survives the failure of the machine that keeps it, as far
   /// as the engine can be asked for that.
   virtual void makeDurable() {}
+
+  /// Takes the lock by which an account set has one job at a time, unless somebody else holds it. Waits for
+  /// nobody, and keeps nobody from reading and writing.
+  virtual JobLockAttempt lockForJob(const JobNote& note) = 0;
 
   /// Rows touched by the last statement that wrote.
   virtual long changes() const = 0;

@@ -4,6 +4,7 @@
 #include <ctime>
 
 #include "store/engine/postgresql/PostgreSqlStatement.h"
+#include "store/engine/postgresql/ServerJobLock.h"
 
 namespace zelkor {
 namespace {
@@ -67,6 +68,10 @@ void PostgreSqlEngine::makeDurable() {
   if (inTransaction() || !link_->takeWritten()) return;
   link_->run(
       "BEGIN; SET LOCAL synchronous_commit = on; SELECT pg_logical_emit_message(true, 'zelkor', ''); COMMIT");
+}
+
+JobLockAttempt PostgreSqlEngine::lockForJob(const JobNote& note) {
+  return lockSchemaForJob(link_, schema_, note);
 }
 
 void PostgreSqlEngine::setBooksRevision(int revision) {

@@ -31,6 +31,7 @@ class PostgreSqlEngine final : public Engine {
   void rollback() override;
   bool inTransaction() const override { return link_->inTransaction(); }
   void makeDurable() override;
+  JobLockAttempt lockForJob(const JobNote& note) override;
   long changes() const override { return link_->changes(); }
   std::int64_t lastRowKey() const override { return link_->lastRowKey(); }
   std::vector<std::string> tableNames() override;

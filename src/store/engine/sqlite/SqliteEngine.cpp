@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "store/engine/sqlite/SqliteErrors.h"
 #include "store/engine/sqlite/SqliteFunctions.h"
+#include "store/engine/sqlite/SqliteJobLock.h"
 #include "store/engine/sqlite/SqliteStatement.h"
 
 namespace zelkor {
@@ -97,6 +98,10 @@ void SqliteEngine::rollback() {
 
 bool SqliteEngine::inTransaction() const {
   return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+JobLockAttempt SqliteEngine::lockForJob(const JobNote& note) {
+  return lockFileForJob(path_, note);
 }
 
 long SqliteEngine::changes() const {

@@ -36,6 +36,7 @@ class SqliteEngine final : public Engine {
   void commit() override;
   void rollback() override;
   bool inTransaction() const override;
+  JobLockAttempt lockForJob(const JobNote& note) override;
   long changes() const override;
   std::int64_t lastRowKey() const override;
   std::vector<std::string> tableNames() override;

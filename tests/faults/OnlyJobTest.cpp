@@ -1,0 +1,83 @@
+#include <gtest/gtest.h>
+
+#include <list>
+#include <set>
+
+#include "faults/Desk.h"
+#include "faults/WorkstationsFixture.h"
+#include "startup/Main.h"
+#include "startup/OnlyJob.h"
+#include "store/engine/JobLock.h"
+#include "support/Paths.h"
+
+// The jobs of which an account set has one at a time.
+namespace zelkor::test {
+namespace {
+
+class OnlyJobTest : public WorkstationsFixture {
+ protected:
+  OnlyJobTest() : WorkstationsFixture(3) {}
+
+  /// Stands for a job of another program that works as long as this lives.
+  std::unique_ptr<JobLock> holdFor(OnlyJob job, const std::string& user) {
+    return context.dbZKData
+        .lockForJob({.kind = static_cast<char>(job), .since = day("2020-1-31 9:05:07"), .user = user})
+        .lock;
+  }
+};
+
+TEST_F(OnlyJobTest, TheSecondIsToldAndNothingIsWritten) {
+  done(import());
+  const Lines before = set.content({});
+  const std::string longName = "会计师事务所张三";
+  const struct {
+    OnlyJob held;
+    std::string user;
+    const char* refused;
+    std::string told;
+  } cases[] = {
+      {OnlyJob::Closing, "李四", "8", "“月末结账”（操作员 李四，"},
+      {OnlyJob::MonthlyRun, "", "20", "“计提折旧”（"},
+      {OnlyJob::CardImport, longName, "23",
+       "“导入卡片”（操作员 " + (onServer() ? longName.substr(0, 18) : longName) + "，"},
+  };
+  for (const auto& c : cases) {
+    const auto lock = holdFor(c.held, c.user);
+    ASSERT_NE(lock, nullptr);
+    const ProgramResult second = ctl(run(c.refused));
+    EXPECT_EQ(second.status, 2) << second.errors;
+    const std::string sentence = "本账套正在执行" + c.told + "2020-01-31 09:05:07 开始），请等它结束后再试。";
+    EXPECT_NE(second.output.find("== 固定资产 ==（警告）\n" + sentence), std::string::npos) << second.output;
+    EXPECT_EQ(differenceOf(set.content({}), before), "");
+  }
+  done(run("8"));
+}
+
+// An import waits for a job; single saves, and whoever reads, do not.
+TEST_F(OnlyJobTest, AnImportWaitsAndSingleSavesGoOn) {
+  auto lock = holdFor(OnlyJob::MonthlyRun, "李四");
+  ProgramRun importing(zelkorctlProgram(), import(), home.path());
+  const Workstation::Tell ignore = [](const std::string&) {};
+  prepareRun(context, set.argument("5"));
+  Desk desk(context, 1, ignore);
+  EXPECT_EQ(desk.enterCard(NewCardType::Original), "00001");
+  desk.readLists();
+  engine.flush();
+  lock.reset();
+  EXPECT_EQ(importing.finish().status, 0);
+  EXPECT_EQ(rows("select sCardNum from fa_Cards order by sCardNum"),
+            (Lines{"00001", "00002", "00003", "00004"}));
+}
+
+TEST_F(OnlyJobTest, ImportsAtOnceGiveEachCardANumberOfItsOwn) {
+  constexpr int imports = 8;
+  std::list<ProgramRun> importing;
+  for (int i = 0; i < imports; ++i) importing.emplace_back(zelkorctlProgram(), import(), home.path());
+  for (ProgramRun& one : importing) EXPECT_EQ(one.finish().status, 0);
+  const Lines numbers = rows("select sCardNum from fa_Cards");
+  EXPECT_EQ(numbers.size(), static_cast<std::size_t>(imports * cards));
+  EXPECT_EQ(std::set<std::string>(numbers.begin(), numbers.end()).size(), numbers.size());
+}
+
+}  // namespace
+}  // namespace zelkor::test

@@ -32,7 +32,9 @@ class CardImport {
 
  private:
   std::vector<CellProblem> number(CardValues& card);
-  bool hasNumberOfItsOwn(std::string& cardNumber);
+  std::string problemOfCardNumber(std::string& cardNumber);
+  std::string problemOfAssetNumber(std::string& assetNumber, const std::string& category);
+  void requireNoFailure();
   bool isTaken(const std::string& cardNumber);
 
   RunContext& context_;
@@ -49,40 +51,65 @@ bool CardImport::isTaken(const std::string& cardNumber) {
               .Eof();
 }
 
-/// Fills a blank number in; false when it is that of another card. A workstation may take the next number at
-/// this moment: then there is another next one.
-bool CardImport::hasNumberOfItsOwn(std::string& cardNumber) {
-  if (!cardNumber.empty()) return !isTaken(cardNumber);
-  std::int32_t length = 0;
+/// The number behind 99999. Texts are sorted, so that it would be given to each card that follows.
+bool isBehindTheLast(std::string_view number) {
+  return number == "1" + std::string(kSequenceLength, '0');
+}
+
+constexpr const char* kUsedUp = "编号已用到99999，五位数字没有下一个";
+
+/// Fills a blank number in. A workstation of a server may take the next number at this moment: then there is
+/// another next one.
+std::string CardImport::problemOfCardNumber(std::string& cardNumber) {
+  const auto isThere = [&] { return "“" + cardNumber + "”已存在"; };
+  if (!cardNumber.empty()) return isTaken(cardNumber) ? isThere() : std::string();
+  std::int32_t digits = 0;
   std::string taken;
   do {
-    taken = std::exchange(cardNumber, cards_.GetNewCardNum(length));
-    if (!isTaken(cardNumber)) return true;
+    taken = std::exchange(cardNumber, cards_.GetNewCardNum(digits));
+    if (isBehindTheLast(cardNumber)) return kUsedUp;
+    if (!isTaken(cardNumber)) return {};
   } while (cardNumber != taken);
-  return false;
+  return isThere();
+}
+
+std::string CardImport::problemOfAssetNumber(std::string& assetNumber, const std::string& category) {
+  if (!assetNumber.empty()) return {};
+  assetNumber = cards_.GetNewAssetNum(category);
+  if (assetNumber.empty()) return "不能为空：本账套的固定资产编号由手工输入";
+  const std::string_view sequence = std::string_view(assetNumber).substr(category.size());
+  return isBehindTheLast(sequence) ? kUsedUp : std::string();
 }
 
 /// Gives the card the numbers that its row leaves blank. A number that is taken would make the row another
 /// version of that card.
 std::vector<CellProblem> CardImport::number(CardValues& card) {
-  std::string& cardNumber = card[CardField::CardNumber];
-  if (!hasNumberOfItsOwn(cardNumber))
-    return {{std::string(cardFieldLabel(CardField::CardNumber)), "“" + cardNumber + "”已存在"}};
+  const auto problemsOf = [](CardField field, const std::string& reason) -> std::vector<CellProblem> {
+    if (reason.empty()) return {};
+    return {{std::string(cardFieldLabel(field)), reason}};
+  };
+  const std::string problem = problemOfCardNumber(card[CardField::CardNumber]);
+  if (!problem.empty()) return problemsOf(CardField::CardNumber, problem);
+  return problemsOf(CardField::AssetNumber,
+                    problemOfAssetNumber(card[CardField::AssetNumber], card[CardField::CategoryCode]));
+}
 
-  std::string& assetNumber = card[CardField::AssetNumber];
-  if (assetNumber.empty()) assetNumber = cards_.GetNewAssetNum(card[CardField::CategoryCode]);
-  if (!assetNumber.empty()) return {};
-  return {{std::string(cardFieldLabel(CardField::AssetNumber)), "不能为空：本账套的固定资产编号由手工输入"}};
+/// The business class keeps silent about what fails in it. No row that follows would fare better, and half a
+/// card must not stay.
+void CardImport::requireNoFailure() {
+  if (const auto failure = cards_.takeFailure()) throw *failure;
 }
 
 std::vector<CellProblem> CardImport::save(const CsvRecord& row) {
   CardValues card;
   auto problems = readCardRow(columns_, row.fields, archives_, defaults_, card);
   if (problems.empty()) problems = number(card);
+  requireNoFailure();
   if (!problems.empty()) return problems;
   const CardLayout layout = isWorkloadCard(card) ? CardLayout::Workload : CardLayout::Ordinary;
-  if (cards_.SaveNewCard(card, context_.period(), newType_, layout)) return {};
-  return {{columns_.caption(0), "数据库拒绝保存此卡片"}};
+  cards_.SaveNewCard(card, context_.period(), newType_, layout);
+  requireNoFailure();
+  return {};
 }
 
 /// Undoes everything unless it is committed.
@@ -114,12 +141,22 @@ void print(std::ostream& out, std::size_t line, const std::vector<CellProblem>& 
   out << '\n';
 }
 
+/// Saves a row. A failure of the engine ends the import with its reason and the place.
+std::vector<CellProblem> saved(CardImport& import, const CsvRecord& row) {
+  try {
+    return import.save(row);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(static_cast<ErrorNumber>(error.number()),
+                       "导入停在第" + std::to_string(row.line) + "行，没有保存任何卡片。" + error.what());
+  }
+}
+
 /// Imports the next row; false at the end. A row whose quotes are wrong is refused like any other bad row.
 bool importNext(CsvReader& reader, CardImport& import, ImportResult& result, std::ostream& problems) {
   try {
     const auto row = reader.next();
     if (!row) return false;
-    const auto found = import.save(*row);
+    const auto found = saved(import, *row);
     if (!found.empty()) print(problems, row->line, found);
     ++(found.empty() ? result.stored : result.refused);
   } catch (const CsvError& error) {
@@ -145,9 +182,10 @@ ImportResult importCards(RunContext& context, std::string_view csv, int newType,
   requireUtf8(csv);
   CsvReader reader{std::string(csv)};
   RegisterColumns columns = columnsOf(reader, problems);
-  CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
   ImportResult result;
   OneTransaction transaction(context.engine.workspace());
+  context.dbZKData.lockForWriting();
+  CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
   while (importNext(reader, import, result, problems)) {
   }
   transaction.commit();

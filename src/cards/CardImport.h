@@ -15,8 +15,8 @@ struct ImportResult {
 
 /// Saves each row of a register as a card. A row that cannot be saved is named in `problems` by line, column
 /// and reason and does not stop the others. Raises RuntimeError, with nothing saved, when the text is not
-/// UTF-8 or its header lacks a needed column. The good rows become visible together: an import that is cut
-/// short leaves nothing, and can be run again.
+/// UTF-8, its header lacks a needed column, or the engine fails at a row. The good rows become visible
+/// together: an import that is cut short leaves nothing, and can be run again.
 ///
 /// `newType` is 1 for assets from before the module's first period and 2 for additions of the open month.
 ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems);

@@ -9,8 +9,6 @@ namespace zelkor {
 
 namespace {
 
-constexpr std::int32_t sequenceLength = 5;
-
 /// The number that follows `text`, filled up with zeros to `length`; 1 follows what is no number.
 std::string nextInSequence(const std::string& text, std::int32_t length) {
   const Value last(text);
@@ -51,7 +49,7 @@ std::string ClsBLLFACards::GetNewCardNum(std::int32_t& length) {
     Recordset parameter = zkData().OpenRecordset(
         "Select cValue From AccInformation Where cName='iCardSequenceNumLength' And cSysID='FA'");
     parameter.Close();
-    length = sequenceLength;
+    length = kSequenceLength;
     const Recordset last = zkData().OpenRecordset("Select Top 1 * From FA_Cards Order by sCardNum Desc");
     return nextInSequence(last.Eof() ? "0" : last.TextOrEmpty("sCardNum"), length);
   });

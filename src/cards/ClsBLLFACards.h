@@ -11,6 +11,9 @@
 
 namespace zelkor {
 
+/// Digits of card numbers, and of the running part of asset numbers.
+inline constexpr std::int32_t kSequenceLength = 5;
+
 /// A step through all versions of all cards, in the order of their sCardID.
 enum class CardMove : int { First = 1, Previous = 2, Next = 3, Last = 4 };
 

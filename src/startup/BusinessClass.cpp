@@ -24,7 +24,8 @@ bool BusinessClass::OpenZkData() {
   return true;
 }
 
-void BusinessClass::reportError(std::int32_t level, std::string_view text, std::string_view routine) const {
+void BusinessClass::reportError(std::int32_t level, const std::string& text, std::string_view routine) {
+  if (!failure_) failure_.emplace(static_cast<ErrorNumber>(level), text);
   WriteErrorLog(level, text, std::string(errorPrefix_).append(routine));
 }
 

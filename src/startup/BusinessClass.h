@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,6 +22,8 @@ class BusinessClass {
   /// To be set before anything else is called. A file that is open already stays in use until it is closed.
   void setZkDataPath(std::string path) { zkDataPath_ = std::move(path); }
   void CloseZkData() { zkData_.Close(); }
+  /// The first failure since the last call, for whoever has to tell more than that something failed.
+  std::optional<RuntimeError> takeFailure() { return std::exchange(failure_, std::nullopt); }
 
  protected:
   /// `errorPrefix` stands before the routine names in the error log and ends in a point.
@@ -50,12 +53,13 @@ class BusinessClass {
 
  private:
   bool OpenZkData();
-  void reportError(std::int32_t level, std::string_view text, std::string_view routine) const;
+  void reportError(std::int32_t level, const std::string& text, std::string_view routine);
 
   DbEngine& engine_;
   std::string_view errorPrefix_;
   std::string zkDataPath_;
   Database zkData_;
+  std::optional<RuntimeError> failure_;
 };
 
 }  // namespace zelkor

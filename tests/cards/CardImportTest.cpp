@@ -144,6 +144,33 @@ TEST_F(ImportTest, ARowOfTheWrongLengthOrWithATakenNumberIsRefused) {
             "第5行，列“录入日期”：其后多出列：本行有15列，表头有14列\n");
 }
 
+// Behind 99999 comes a number that sorts before it, and would be given to every card that follows.
+TEST_F(ImportTest, NumbersThatAreUsedUpAreSaidSo) {
+  Rows rows = goodRegister();
+  setCell(rows, "固定资产编号", "02199999");
+  rows.push_back(goodRegister()[1]);
+  setCell(rows, "卡片编号", "99998");
+  rows.insert(rows.end(), 2, goodRegister()[1]);
+  rows[3][1] = "021A";
+  EXPECT_EQ(import(rows).stored, 2);
+  EXPECT_EQ(problems.str(),
+            "第3行，列“固定资产编号”：编号已用到99999，五位数字没有下一个\n"
+            "第5行，列“卡片编号”：编号已用到99999，五位数字没有下一个\n");
+}
+
+// Nor is the half of a card that was written before.
+TEST_F(ImportTest, AFailureOfTheEngineIsToldAndNothingIsSaved) {
+  execute("drop table fa_DeptScale");
+  try {
+    import(goodRegister());
+    FAIL() << "accepted";
+  } catch (const RuntimeError& error) {
+    EXPECT_TRUE(error.is(ErrorNumber::CannotOpenTableOrQuery)) << error.number();
+    EXPECT_EQ(std::string(error.what()).find("导入停在第2行，没有保存任何卡片。"), 0U) << error.what();
+  }
+  EXPECT_EQ(row("select count(*) from fa_Cards"), "0");
+}
+
 TEST_F(ImportTest, NumbersGivenByHandAreNotInvented) {
   execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
   EXPECT_EQ(import(goodRegister()).stored, 0);

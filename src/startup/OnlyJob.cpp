@@ -5,6 +5,7 @@
 #include <string_view>
 #include <thread>
 
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "store/engine/JobLock.h"
 
@@ -60,6 +61,7 @@ std::unique_ptr<JobLock> lockFor(RunContext& run, OnlyJob job) {
       run.dialogs.report({sentenceAbout(attempt.holder), Buttons::Ok, Icon::Exclamation, "固定资产"});
       throw EndProgram{kRefusedStatus};
     }
+    goOnUnlessSignalled();
     std::this_thread::sleep_for(kBetweenAttempts);
   }
 }

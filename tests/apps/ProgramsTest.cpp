@@ -1,4 +1,5 @@
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
@@ -169,6 +170,16 @@ TEST_F(ProgramsTest, AClosedOutputIsReported) {
   const ProgramResult result = run.finish();
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.errors.find("输出已关闭"), std::string::npos) << result.errors;
+}
+
+TEST_F(ProgramsTest, ASignalEndsTheWaitForAnAnswer) {
+  create();
+  for (const auto& [signal, status] : {std::pair(SIGTERM, 143), {SIGHUP, 129}}) {
+    ProgramRun asking(zelkorctlProgram(), {"run", arguments("8")}, home.path());
+    ASSERT_TRUE(asking.waitForOutput("继续?"));
+    asking.signal(signal);
+    EXPECT_EQ(asking.finish().status, status);
+  }
 }
 
 TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {

@@ -110,6 +110,10 @@ void ProgramRun::kill() {
   finish();
 }
 
+void ProgramRun::signal(int number) {
+  ::kill(process_, number);
+}
+
 void ProgramRun::killAfter(std::chrono::microseconds delay) {
   std::this_thread::sleep_for(delay);
   kill();

@@ -36,6 +36,7 @@ class ProgramRun {
   /// Reads what it printed to its end.
   ProgramResult finish();
   void kill();
+  void signal(int number);
   /// Kills it when it has run for this long.
   void killAfter(std::chrono::microseconds delay);
   /// Closes the reading end of its standard output.

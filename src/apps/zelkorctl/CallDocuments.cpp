@@ -41,6 +41,9 @@ constexpr const char* kManualTail = R"(
 *2*
 	用法错误，已有一个程序在运行，或者账套正在执行另一项作业。
 
+*143*、*129*
+	被 TERM 或 HUP 信号终止；已写入的内容保留。
+
 # SEE ALSO
 
 *zelkor*(1))";

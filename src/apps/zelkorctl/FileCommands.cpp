@@ -2,6 +2,7 @@
 
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "cards/CardImport.h"
 #include "changes/SheetImport.h"
@@ -55,6 +56,7 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
     const auto tell = [&](const ImportedSheet& sheet) {
       ++(sheet.saved ? saved : refused);
       print(sheet, output);
+      goOnUnlessSignalled();
     };
     asOnlyJob(context, OnlyJob::SheetImport, [&] { importSheets(context, csv, tell); });
     return summed(saved, refused, output);

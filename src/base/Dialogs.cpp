@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
@@ -32,6 +33,7 @@ void Dialogs::report(const MessageBox& box) {
 
 void Dialogs::goOn() const {
   if (ended_) throw EndProgram{*ended_};
+  goOnUnlessSignalled();
 }
 
 }  // namespace zelkor

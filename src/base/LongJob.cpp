@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/EndSignals.h"
+
 namespace zelkor {
 
 LongJob::LongJob(Dialogs& dialogs, std::string text, std::size_t steps, Milliseconds pause)
@@ -13,6 +15,7 @@ LongJob::~LongJob() {
 
 void LongJob::step() {
   ++progress_.done;
+  goOnUnlessSignalled();
   if (Clock::now() < next_) return;
   shown_ = true;
   dialogs_.showProgress(progress_);

@@ -21,7 +21,7 @@ class LongJob {
   LongJob& operator=(const LongJob&) = delete;
   ~LongJob();
 
-  /// One more of the steps is done.
+  /// One more of the steps is done. Here the job ends when the program is told to end.
   void step();
 
  private:

@@ -5,6 +5,7 @@
 #include <istream>
 #include <ostream>
 
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "base/TextGridPrinter.h"
@@ -149,6 +150,7 @@ Answer TerminalDialogs::readAnswer(const MessageBox& box) {
     if (answer) return *answer;
     out_ << "请输入方括号中的字母。\n" << std::flush;
   }
+  goOnUnlessSignalled();  // what has ended the reading
   fail("没有可读的回答", box);
 }
 

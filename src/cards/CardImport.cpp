@@ -6,6 +6,7 @@
 
 #include "base/Csv.h"
 #include "base/CsvTable.h"
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardRow.h"
@@ -186,8 +187,7 @@ ImportResult importCards(RunContext& context, std::string_view csv, int newType,
   OneTransaction transaction(context.engine.workspace());
   context.dbZKData.lockForWriting();
   CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
-  while (importNext(reader, import, result, problems)) {
-  }
+  while (importNext(reader, import, result, problems)) goOnUnlessSignalled();
   transaction.commit();
   return result;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <thread>
 
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "store/engine/JobLock.h"
 
@@ -43,11 +44,11 @@ std::string sentenceAbout(const std::optional<JobNote>& holder) {
   return "本账套正在执行" + std::string(job) + who + "，请等它结束后再试。";
 }
 
-/// A server takes a moment to notice that the program which held the lock has been killed.
+/// Imports wait as any writer does. A second run or closing is one too many, also behind the first.
 std::chrono::milliseconds patienceOf(OnlyJob job) {
   const bool isImport =
       job == OnlyJob::CardImport || job == OnlyJob::SheetImport || job == OnlyJob::Disposals;
-  return std::chrono::milliseconds(isImport ? 10'000 : 500);
+  return std::chrono::milliseconds(isImport ? 10'000 : 0);
 }
 
 std::unique_ptr<JobLock> lockFor(RunContext& run, OnlyJob job) {
@@ -60,6 +61,7 @@ std::unique_ptr<JobLock> lockFor(RunContext& run, OnlyJob job) {
       run.dialogs.report({sentenceAbout(attempt.holder), Buttons::Ok, Icon::Exclamation, "固定资产"});
       throw EndProgram{kRefusedStatus};
     }
+    goOnUnlessSignalled();
     std::this_thread::sleep_for(kBetweenAttempts);
   }
 }

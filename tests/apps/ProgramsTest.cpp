@@ -1,8 +1,10 @@
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "startup/SingleInstance.h"
 #include "support/Paths.h"
 #include "support/ProgramTest.h"
 
@@ -175,15 +177,45 @@ TEST_F(ProgramsTest, AClosedOutputIsReported) {
   EXPECT_NE(result.errors.find("输出已关闭"), std::string::npos) << result.errors;
 }
 
-TEST_F(ProgramsTest, OneCopyRunsAtATimeAndAKilledOneLeavesNothing) {
+TEST_F(ProgramsTest, ASignalEndsTheWaitForAnAnswer) {
   create();
-  ProgramRun first(zelkorctlProgram(), {"run", arguments("8")}, home.path());
-  ASSERT_TRUE(first.waitForOutput("继续?"));
-  const ProgramResult second = ctl({"run", arguments("21")});
-  EXPECT_EQ(second.status, 2);
-  EXPECT_EQ(second.errors + second.output, std::string(kSecondCopy) + "\n") << "once, whatever shows both";
-  first.kill();
-  EXPECT_EQ(ctl({"run", arguments("21")}).status, 0);
+  for (const auto& [signal, status] : {std::pair(SIGTERM, 143), {SIGHUP, 129}}) {
+    ProgramRun asking(zelkorctlProgram(), {"run", arguments("8")}, home.path());
+    ASSERT_TRUE(asking.waitForOutput("继续?"));
+    asking.signal(signal);
+    EXPECT_EQ(asking.finish().status, status);
+  }
+}
+
+TEST_F(ProgramsTest, EachRunsACallOverManySets) {
+  fs::create_directories(home / "sets/group");
+  for (const char* set : {"sets/a", "sets/group/b", "sets/group/c"}) create(set);
+  writeFile(file("sets/group/b"), std::string(4096, 'x'));
+  const ProgramResult below = ctl({"each", home / "sets", "--jobs", "2", "--", "run", "21", "--yes"});
+  EXPECT_EQ(below.status, 1);
+  for (const char* line : {"/sets/a  状态 0  ", "/sets/group/b  状态 1  ", "/sets/group/c  状态 0  ",
+                           "共 3 个账套：完成 2 个，失败 1 个，用时 "})
+    EXPECT_NE(below.output.find(line), std::string::npos) << line << below.output;
+  EXPECT_NE(below.errors.find("/sets/group/b：\n    zelkorctl: 错误 3343"), std::string::npos)
+      << below.errors;
+
+  writeFile(home / "list", (home / "sets/a").string() + "\r\n\n" + (home / "sets/group/c").string());
+  const ProgramResult listed =
+      ctl({"each", home / "list", "--", "sql", "{}/ZkData.Mdb", "insert into Fa_log (mMemo) values ('{}')"});
+  EXPECT_EQ(listed.status, 0) << listed.errors;
+  EXPECT_EQ(sql("select mMemo from Fa_log", "sets/group/c"),
+            "mMemo\n" + (home / "sets/group/c").string() + "\n");
+
+  const std::pair<Words, const char*> refused[] = {{{home / "none", "--", "run", "8"}, "none"},
+                                                   {{home / "sets", "--", "fly"}, "没有“fly”"},
+                                                   {{home / "sets/group/b", "--", "each", "x"}, "没有“each"}};
+  for (const auto& [words, reason] : refused) {
+    Words call{"each"};
+    call.insert(call.end(), words.begin(), words.end());
+    const ProgramResult result = ctl(call);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find(reason), std::string::npos) << result.errors;
+  }
 }
 
 #ifdef ZELKOR_SCREENS
@@ -205,11 +237,16 @@ TEST_F(ProgramsTest, TheModuleStartsAndEndsWithItsStatus) {
   EXPECT_NE(report, std::string::npos);
   EXPECT_EQ(failed.errors.find("实时错误", report + 1), std::string::npos) << "reported once";
 
-  ProgramRun first(zelkorctlProgram(), {"run", arguments("8")}, home.path());
-  ASSERT_TRUE(first.waitForOutput("继续?"));
+  ::setenv("XDG_RUNTIME_DIR", home.path().c_str(), 1);  // as the programs have it
+  SingleInstance first;
+  EXPECT_TRUE(first.acquire());
+  ::unsetenv("XDG_RUNTIME_DIR");
   const ProgramResult second = module(arguments("4"));
   EXPECT_EQ(second.status, 2);
   EXPECT_NE(second.errors.find(kSecondCopy), std::string::npos);
+  EXPECT_EQ(ctl({"run", arguments("21")}).status, 0) << "no window";
+  first = {};
+  EXPECT_EQ(module(arguments("99")).status, 0) << "held by a file that was left";
 }
 
 TEST_F(ProgramsTest, TheModuleSaysThatItReachesNoScreen) {

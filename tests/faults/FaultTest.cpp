@@ -59,11 +59,20 @@ class InterruptedJobTest : public FaultFixture, public testing::WithParamInterfa
     if (cut == Cut::Kill) return expectTold(program.killAfter(moment));
     std::this_thread::sleep_for(moment);
     const auto begin = steady_clock::now();
-    cutOff(cut, set);
+    if (cut == Cut::Term) {
+      program.signal(SIGTERM);
+    } else {
+      cutOff(cut, set);
+    }
     const ProgramResult result = program.finish();
     EXPECT_LT(steady_clock::now() - begin, soon);
     expectTold(result);
     if (result.status == 0) return;
+    if (cut == Cut::Term) {
+      EXPECT_TRUE(result.status == 143 || result.status == -1)
+          << result.status;  // -1: before it could listen
+      return;
+    }
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.errors.find(GetParam().told) != std::string::npos ||
                 result.errors.find(noConnection) != std::string::npos)
@@ -89,8 +98,9 @@ TEST_P(InterruptedJobTest, LeavesTheSetIntactAndRunsAgainAsEver) {
   const Lines allocated = set.rows("fa_DeprVouchers");
   RandomMoments moments(life, 20);
   SCOPED_TRACE(moments.seed());
-  const std::vector<Cut> cuts = onServer() ? std::vector{Cut::Kill, Cut::Session, Cut::Restart, Cut::Crash}
-                                           : std::vector<Cut>(6, Cut::Kill);
+  const std::vector<Cut> cuts =
+      onServer() ? std::vector{Cut::Kill, Cut::Term, Cut::Session, Cut::Restart, Cut::Crash}
+                 : std::vector{Cut::Kill, Cut::Kill, Cut::Kill, Cut::Kill, Cut::Term, Cut::Term};
   for (const Cut cut : cuts) {
     SCOPED_TRACE(nameOf(cut));
     set.restore();

@@ -8,14 +8,15 @@
 // What happens to a server while somebody works on it.
 namespace zelkor::test {
 
-enum class Cut { Kill, Session, Restart, Crash };
+enum class Cut { Kill, Term, Session, Restart, Crash };
 
 // What a program says of it.
 inline constexpr const char* lostConnection = "实时错误 '57'";
 inline constexpr const char* noConnection = "无法连接数据库服务器";
 
 inline std::string nameOf(Cut cut) {
-  constexpr const char* names[] = {"killed", "session ended", "server restarted", "server crashed"};
+  constexpr const char* names[] = {"killed", "told to end", "session ended", "server restarted",
+                                   "server crashed"};
   return names[static_cast<int>(cut)];
 }
 

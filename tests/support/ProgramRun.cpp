@@ -110,6 +110,10 @@ ProgramResult ProgramRun::kill() {
   return finish();
 }
 
+void ProgramRun::signal(int number) {
+  ::kill(process_, number);
+}
+
 ProgramResult ProgramRun::killAfter(std::chrono::microseconds delay) {
   std::this_thread::sleep_for(delay);
   return kill();

@@ -37,6 +37,7 @@ class ProgramRun {
   ProgramResult finish();
   /// Gives what it has printed until then.
   ProgramResult kill();
+  void signal(int number);
   /// Kills it when it has run for this long.
   ProgramResult killAfter(std::chrono::microseconds delay);
   /// Closes the reading end of its standard output.

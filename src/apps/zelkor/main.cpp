@@ -4,12 +4,14 @@
 #include <cstdlib>
 #include <iostream>
 #include <QApplication>
+#include <QSocketNotifier>
 #include <QStringList>
 #include <QWidget>
 #include <string>
 
 #include "apps/BatchJobs.h"
 #include "apps/zelkor/Screens.h"
+#include "base/EndSignals.h"
 #include "startup/ProgramEnd.h"
 #include "startup/SingleInstance.h"
 #include "ui/FormHost.h"
@@ -68,6 +70,11 @@ int runModule() {
   RunTypeJobs jobs;
   addBatchJobs(jobs);
   addScreens(jobs, host);
+  QSocketNotifier endSignal(endSignalDescriptor(), QSocketNotifier::Read);
+  QObject::connect(&endSignal, &QSocketNotifier::activated, [&] {
+    endSignal.setEnabled(false);
+    host.dispatch(goOnUnlessSignalled);
+  });
   SingleInstance instance;
   host.dispatch([&] { Main(context, argumentString(), jobs, [&instance] { return instance.acquire(); }); });
   if (const auto status = host.endStatus()) return *status;
@@ -78,6 +85,7 @@ int runModule() {
 }  // namespace zelkor
 
 int main(int argc, char** argv) {
+  zelkor::catchEndSignals();
   if (zelkor::displayIsMissing()) {
     zelkor::tellNoWindow("没有显示器（DISPLAY 未设置）");
     return 1;

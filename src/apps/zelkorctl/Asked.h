@@ -17,6 +17,10 @@ struct Asked {
   std::string today;
   int runType = 0;
 
+  std::string place;
+  std::string jobs;
+  std::vector<std::string> words;
+
   std::string directory;
   std::string file;
   std::string statement;

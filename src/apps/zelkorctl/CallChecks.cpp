@@ -42,6 +42,10 @@ std::string yearProblem(const std::string& text) {
   return rangeProblem(text, 1900, 9998);
 }
 
+std::string jobsProblem(const std::string& text) {
+  return rangeProblem(text, 1, 1000);
+}
+
 std::string monthProblem(const std::string& text) {
   return rangeProblem(text, 1, 12);
 }

@@ -12,6 +12,7 @@ std::string answersProblem(const std::string& text);
 /// An empty word would mean a file, where a server was asked for.
 std::string serverProblem(const std::string& text);
 std::string yearProblem(const std::string& text);
+std::string jobsProblem(const std::string& text);
 std::string monthProblem(const std::string& text);
 std::string runTypeProblem(const std::string& text);
 

@@ -5,6 +5,7 @@
 #include "apps/zelkorctl/CallChecks.h"
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/CopyCommand.h"
+#include "apps/zelkorctl/EachCommand.h"
 #include "apps/zelkorctl/ImportCommand.h"
 #include "apps/zelkorctl/JobArguments.h"
 #include "apps/zelkorctl/ReportCommands.h"
@@ -63,6 +64,10 @@ int run(const Asked& asked, std::ostream& output, std::ostream&) {
   JobRun job = jobOf(asked, asked.runType);
   job.dialogs = dialogsOf(asked);
   return runCommand(job, output);
+}
+
+int each(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return eachCommand({.place = asked.place, .jobs = asked.jobs, .words = asked.words}, output, problems);
 }
 
 int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {
@@ -302,8 +307,27 @@ std::vector<Call> jobCalls() {
        .run = report}};
 }
 
+Call eachCall() {
+  return {.name = "each",
+          .text = "对许多账套逐一执行同一个调用，几个同时进行",
+          .parameters = {{.name = "PLACE",
+                          .field = &Asked::place,
+                          .text = "目录：其下的全部账套；或文本文件：每行一个账套所在目录"},
+                         {.name = "CALL",
+                          .field = &Asked::words,
+                          .text = "写在 -- 之后的调用，不写 --set；其中的 {} 换成账套所在目录"},
+                         {.name = "--jobs",
+                          .field = &Asked::jobs,
+                          .text = "同时进行的个数；不给出时为处理器的个数",
+                          .value = "NUMBER",
+                          .check = jobsProblem}},
+          .example = "zelkorctl each /srv/books --jobs 4 -- run 8 --yes",
+          .run = each};
+}
+
 std::vector<Call> allCalls() {
   std::vector<Call> all = setCalls();
+  all.push_back(eachCall());
   for (Call& call : jobCalls()) all.push_back(std::move(call));
   return all;
 }

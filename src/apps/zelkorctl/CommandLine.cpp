@@ -155,8 +155,10 @@ std::string sentenceOf(const CLI::ParseError& error, const std::vector<std::stri
 }  // namespace
 
 ParsedCall parseCall(int argc, const char* const* argv) {
+  // What stands behind a lone "--" belongs to another call.
+  const auto* end = std::find_if(argv, argv + argc, [](std::string_view word) { return word == "--"; });
   const bool bySet = std::any_of(
-      argv, argv + argc, [](std::string_view word) { return word == "--set" || word.starts_with("--set="); });
+      argv, end, [](std::string_view word) { return word == "--set" || word.starts_with("--set="); });
   ParsedCall parsed;
   CommandLine line(bySet, parsed);
   try {

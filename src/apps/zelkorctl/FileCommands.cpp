@@ -3,6 +3,7 @@
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/ToldLines.h"
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "cards/CardImport.h"
 #include "changes/SheetImport.h"
@@ -110,11 +111,12 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
       importSheets(context, csv, [&](const ImportedSheet& sheet) {
         count(sheet.end, sums);
         told.add(lineOf(sheet));
+        goOnUnlessSignalled();
       });
     };
     try {
       asOnlyJob(context, OnlyJob::SheetImport, import);
-    } catch (const RuntimeError&) {
+    } catch (...) {  // an error, or a signal to end
       tellIfPossible(told);
       throw;
     }

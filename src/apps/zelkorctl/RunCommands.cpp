@@ -5,7 +5,6 @@
 #include "apps/zelkorctl/Commands.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
-#include "startup/SingleInstance.h"
 
 namespace zelkor {
 
@@ -14,8 +13,9 @@ int runCommand(const JobRun& job, std::ostream& output) {
     RunTypeJobs jobs;
     addBatchJobs(jobs);
     addMonthEnd(jobs, output);
-    SingleInstance instance;
-    const auto main = [&] { Main(context, job.arguments, jobs, [&] { return instance.acquire(); }); };
+    // One copy at a time is a rule for windows. Here the jobs keep each other out, for each account set by
+    // itself.
+    const auto main = [&] { Main(context, job.arguments, jobs, [] { return true; }); };
     return runToEnd(context, main).value_or(0);
   });
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "apps/zelkorctl/CommandLine.h"
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
@@ -49,7 +50,8 @@ int runProgram(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);  // a closed output is reported as a failed write
-  std::cerr.tie(nullptr);         // an error is reported even when the output is closed
+  zelkor::catchEndSignals();
+  std::cerr.tie(nullptr);  // an error is reported even when the output is closed
   std::cout.exceptions(std::ios::badbit);
   const int status = zelkor::runProgram(argc, argv);
   std::cout.exceptions(std::ios::goodbit);  // what is left is written at exit, where nothing may be thrown

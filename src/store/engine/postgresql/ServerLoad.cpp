@@ -56,6 +56,12 @@ void carryRows(PostgreSqlLink& server, Engine& source, const dialect::TableInfo&
   copy.finish();
 }
 
+// The server itself lets two who create its first account sets at once run into each other.
+constexpr const char* kCreateExtension =
+    "DO $$ BEGIN IF NOT EXISTS (SELECT FROM pg_catalog.pg_extension WHERE extname = 'citext') THEN "
+    "PERFORM pg_advisory_xact_lock(hashtext('zelkor create')); "
+    "CREATE EXTENSION IF NOT EXISTS citext SCHEMA public; END IF; END $$";
+
 }  // namespace
 
 void createSchema(PostgreSqlLink& server, const std::string& schema) {
@@ -64,7 +70,8 @@ void createSchema(PostgreSqlLink& server, const std::string& schema) {
   if (PQntuples(known.get()) > 0)
     throw RuntimeError(ErrorNumber::DatabaseAlreadyExists,
                        "服务器上已有 '" + schema + "'，不能在此处建立账套。");
-  server.run("CREATE EXTENSION IF NOT EXISTS citext SCHEMA public; CREATE SCHEMA \"" + schema + "\"");
+  server.run(kCreateExtension);
+  server.run("CREATE SCHEMA \"" + schema + "\"");
   server.run(sessionSettings(schema));
   layFunctions(server);
   writeServerRevision(server, schema, currentRevision());

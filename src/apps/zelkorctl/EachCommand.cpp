@@ -1,0 +1,167 @@
+#include "apps/zelkorctl/EachCommand.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <iomanip>
+#include <list>
+#include <ostream>
+#include <sstream>
+#include <thread>
+
+#include "apps/zelkorctl/CalledProcess.h"
+#include "apps/zelkorctl/CallTable.h"
+#include "apps/zelkorctl/CommandRun.h"
+#include "base/EndSignals.h"
+#include "base/RuntimeError.h"
+#include "base/Text.h"
+
+namespace zelkor {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kPlaceOfSet = "{}";
+
+[[noreturn]] void refuse(const std::string& reason) {
+  throw RuntimeError(ErrorNumber::InvalidProcedureCall, reason);
+}
+
+const Call& callOf(const std::vector<std::string>& words) {
+  const std::string first = words.front();
+  const std::string both = words.size() > 1 ? first + " " + words[1] : first;
+  const auto found =
+      std::ranges::find_if(calls(), [&](const Call& one) { return one.name == first || one.name == both; });
+  if (found == calls().end() || found->name == "each") refuse("没有“" + both + "”这个可以逐一执行的调用");
+  return *found;
+}
+
+bool takesSet(const Call& call) {
+  return std::ranges::any_of(call.parameters, [](const Parameter& one) { return one.name == "--set"; });
+}
+
+bool isAccountSet(const fs::path& folder) {
+  return fs::exists(folder / "ZkData.Mdb") && fs::exists(folder / "ZkSystem.Mdb");
+}
+
+std::vector<std::string> setsBelow(const fs::path& folder) {
+  std::vector<std::string> sets;
+  if (isAccountSet(folder)) sets.push_back(folder);
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.is_directory() && isAccountSet(entry.path())) sets.push_back(entry.path());
+  }
+  std::ranges::sort(sets);
+  return sets;
+}
+
+std::vector<std::string> setsOf(const std::string& place) {
+  if (fs::is_directory(place)) return setsBelow(place);
+  std::vector<std::string> sets;
+  for (const std::string& line : Split(contentOf(place), '\n')) {
+    if (const std::string set(Trim(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line));
+        !set.empty())
+      sets.push_back(set);
+  }
+  return sets;
+}
+
+std::string withSet(std::string word, const std::string& set) {
+  for (std::size_t at = 0; (at = word.find(kPlaceOfSet, at)) != std::string::npos; at += set.size())
+    word.replace(at, kPlaceOfSet.size(), set);
+  return word;
+}
+
+std::string indented(const std::string& text) {
+  std::string lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines += "    " + line + '\n';
+  return lines;
+}
+
+std::string secondsText(std::chrono::steady_clock::duration time) {
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(1) << std::chrono::duration<double>(time).count() << " 秒";
+  return text.str();
+}
+
+/// The processes that are under way, and what is left to begin.
+class Queue {
+ public:
+  Queue(const EachOptions& options, const Call& call, std::vector<std::string> sets)
+      : words_(options.words),
+        givesSet_(takesSet(call)),
+        sets_(std::move(sets)),
+        atOnce_(options.jobs.empty() ? std::max(1U, std::thread::hardware_concurrency())
+                                     : static_cast<std::size_t>(std::stoi(options.jobs))) {}
+
+  /// Returns how many failed.
+  std::size_t run(std::ostream& output, std::ostream& problems);
+
+ private:
+  struct Running {
+    std::string set;
+    CalledProcess process;
+  };
+
+  void begin();
+  bool tell(const std::string& set, const CalledResult& result, std::ostream& output, std::ostream& problems);
+
+  const std::vector<std::string>& words_;
+  bool givesSet_;
+  std::vector<std::string> sets_;
+  std::size_t atOnce_;
+  std::size_t begun_ = 0;
+  std::size_t ended_ = 0;
+  std::list<Running> running_;
+};
+
+void Queue::begin() {
+  const std::string& set = sets_[begun_++];
+  std::vector<std::string> words;
+  for (const std::string& word : words_) words.push_back(withSet(word, set));
+  if (givesSet_) words.insert(words.end(), {"--set", set});
+  running_.emplace_back(set, CalledProcess(words));
+}
+
+bool Queue::tell(const std::string& set, const CalledResult& result, std::ostream& output,
+                 std::ostream& problems) {
+  output << '[' << ++ended_ << '/' << sets_.size() << "] " << set << "  状态 " << result.status << "  "
+         << secondsText(result.time) << '\n';
+  if (result.status != 0) output << indented(result.output);
+  output.flush();
+  if (!result.errors.empty()) problems << set << "：\n" << indented(result.errors) << std::flush;
+  return result.status == 0;
+}
+
+std::size_t Queue::run(std::ostream& output, std::ostream& problems) {
+  std::size_t failed = 0;
+  while (begun_ < sets_.size() || !running_.empty()) {
+    goOnUnlessSignalled();
+    while (begun_ < sets_.size() && running_.size() < atOnce_) begin();
+    const pid_t ended = waitForAny();
+    const auto one =
+        std::ranges::find_if(running_, [&](const Running& running) { return running.process.id() == ended; });
+    if (one == running_.end()) continue;
+    const CalledResult result = one->process.result();
+    const std::string set = one->set;
+    running_.erase(one);
+    if (!tell(set, result, output, problems)) ++failed;
+  }
+  return failed;
+}
+
+}  // namespace
+
+int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& problems) {
+  const Call& call = callOf(options.words);
+  std::vector<std::string> sets = setsOf(options.place);
+  if (sets.empty()) refuse("“" + options.place + "”中没有账套");
+  const std::size_t all = sets.size();
+  const auto start = std::chrono::steady_clock::now();
+  const std::size_t failed = Queue(options, call, std::move(sets)).run(output, problems);
+  output << "共 " << all << " 个账套：完成 " << all - failed << " 个，失败 " << failed << " 个，用时 "
+         << secondsText(std::chrono::steady_clock::now() - start) << '\n';
+  return failed == 0 ? 0 : 1;
+}
+
+}  // namespace zelkor

@@ -1,0 +1,65 @@
+#include "base/EndSignals.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <utility>
+
+#include "base/RuntimeError.h"
+
+namespace zelkor {
+namespace {
+
+constexpr int kSignalStatus = 128;
+
+/// What a signal handler can reach is a variable of the process.
+struct Noted {
+  std::atomic<int> signal = 0;
+  std::atomic<bool> isTaken = false;
+  std::array<int, 2> pipe{-1, -1};
+};
+Noted noted;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void note(int signal) {
+  if (noted.signal.exchange(signal) != 0) ::_exit(kSignalStatus + signal);
+  const int keptError = errno;
+  const char mark = 0;
+  const ssize_t ignored = ::write(noted.pipe[1], &mark, 1);
+  (void)ignored;
+  errno = keptError;
+}
+
+}  // namespace
+
+void catchEndSignals() {
+  if (::pipe2(noted.pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+  for (const int signal : {SIGTERM, SIGHUP}) {
+    struct sigaction before {};
+    ::sigaction(signal, nullptr, &before);
+    if (before.sa_handler == SIG_IGN) continue;
+    struct sigaction action {};
+    action.sa_handler = note;  // without SA_RESTART: who waits for an answer is woken
+    ::sigaction(signal, &action, nullptr);
+  }
+}
+
+std::optional<int> takeEndSignal() {
+  const int signal = noted.signal;
+  if (signal == 0 || noted.isTaken.exchange(true)) return std::nullopt;
+  return kSignalStatus + signal;
+}
+
+void goOnUnlessSignalled() {
+  if (const auto status = takeEndSignal()) throw EndProgram{*status};
+}
+
+int endSignalDescriptor() {
+  return noted.pipe[0];
+}
+
+}  // namespace zelkor

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+
+namespace zelkor {
+
+// TERM and HUP (the user logs off, the machine goes down) end the program where it stands between two steps,
+// with what it has written kept; a second one ends it at once.
+
+/// From now on these signals are noted, unless whoever started the program has had them ignored.
+void catchEndSignals();
+
+/// Once, after such a signal: the exit status that tells which one it was, 143 or 129.
+std::optional<int> takeEndSignal();
+
+/// Where a step ends: after such a signal, ends the program by EndProgram.
+void goOnUnlessSignalled();
+
+/// Can be read from as soon as such a signal has come; for who waits for events. Nobody reads it.
+int endSignalDescriptor();
+
+}  // namespace zelkor

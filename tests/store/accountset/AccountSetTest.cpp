@@ -10,12 +10,11 @@
 #include <vector>
 
 #include "base/Csv.h"
-#include "base/Text.h"
 #include "store/accountset/AccountSet.h"
 #include "store/accountset/DbEngine.h"
 #include "store/catalogue/Catalogue.h"
 #include "support/AccountSetCopy.h"
-#include "support/Paths.h"
+#include "support/Golden.h"
 #include "support/Rows.h"
 
 namespace zelkor::test {
@@ -57,14 +56,6 @@ class AccountSetContents : public testing::Test {
   Set& sample = *sampleSet;
   Set& empty = *emptySet;
 };
-
-/// The lines of a list beside this file, but for those that begin with "#".
-std::vector<std::string> listed(const char* list) {
-  std::vector<std::string> lines = Split(readFile(testFolder() / "store" / "accountset" / list), '\n');
-  std::erase_if(lines, [](const std::string& line) { return line.empty() || line.starts_with('#'); });
-  EXPECT_GT(lines.size(), 20U) << list;
-  return lines;
-}
 
 std::string pragma(const fs::path& file, const std::string& name) {
   sqlite3* handle = nullptr;
@@ -192,12 +183,12 @@ TEST_F(AccountSetContents, CountsAsInitialisedOnlyWithTheSample) {
 
 // The program only ever updates these rows; what is not there it passes over in silence.
 TEST_F(AccountSetContents, HoldsEveryOptionOnce) {
-  for (const std::string& name : listed("options.txt")) {
+  for (const auto& option : casesIn("store/accountset/options.txt")) {
     for (const char* table : {"AccInformation", "ZKFA_Model_AccInformation_Init"})
       EXPECT_EQ(empty.cell(std::string("select count(*) from ") + table + " where cSysID='fa' and cName='" +
-                           name + "' and cCaption<>'' and cValue is not null"),
+                           option[0] + "' and cCaption<>'' and cValue is not null"),
                 "1")
-          << table << " " << name;
+          << table << " " << option[0];
   }
   EXPECT_EQ(empty.cell("select count(*) from AccInformation where cSysID='FA' and cID in('601','602','603')"),
             "3");
@@ -231,9 +222,9 @@ TEST_F(AccountSetContents, TemplatesHoldWhatANewSetHolds) {
 }
 
 TEST_F(AccountSetContents, FitsTogether) {
-  for (const std::string& query : listed("misfits.txt")) {
-    EXPECT_EQ(empty.rows(query), std::vector<std::string>{}) << query;
-    EXPECT_EQ(sample.rows(query), std::vector<std::string>{}) << query;
+  for (const auto& misfit : casesIn("store/accountset/misfits.txt")) {
+    EXPECT_EQ(empty.rows(misfit[0]), std::vector<std::string>{}) << misfit[0];
+    EXPECT_EQ(sample.rows(misfit[0]), std::vector<std::string>{}) << misfit[0];
   }
   EXPECT_EQ(sample.cell("select count(*) from department"), "14");
   EXPECT_EQ(sample.cell("select count(*) from fa_AssetTypes where iLevel=1"), "6");

@@ -4,6 +4,7 @@
 #include "store/catalogue/Catalogue.h"
 #include "store/engine/Statement.h"
 #include "support/AccountSetCopy.h"
+#include "support/Golden.h"
 #include "support/Rows.h"
 
 namespace zelkor::test {
@@ -28,29 +29,13 @@ class ReinitialiseAccountTest : public testing::Test {
 };
 
 TEST_F(ReinitialiseAccountTest, emptiesTheBusinessTables) {
-  const std::pair<const char*, const char*> inserts[] = {{"fa_Cards", "sCardID"},
-                                                         {"fa_Cards_Detail", "sCardNum"},
-                                                         {"fa_DeptScale", "sCardNum"},
-                                                         {"fa_AssetAttached", "sCardNum"},
-                                                         {"fa_CardsSheets", "sCardNum"},
-                                                         {"fa_DeprTransactions", "sCardNum"},
-                                                         {"fa_DeprTransactions_Detail", "sCardNum"},
-                                                         {"fa_DeprVouchers", "sDeptNum"},
-                                                         {"fa_DeprVouchers_pre", "sDeptNum"},
-                                                         {"fa_DeprVoucherMain", "sNum"},
-                                                         {"fa_DeprList", "iPeriod"},
-                                                         {"fa_Total", "sDeptNum"},
-                                                         {"fa_Vouchers", "sNum"},
-                                                         {"fa_Vouchers_Detail", "sNum"},
-                                                         {"fa_WorkLoad", "sCardNum"},
-                                                         {"fa_WorkLoad_Detail", "sCardNum"},
-                                                         {"fa_ZWVouchers", "coutno_id"}};
-  for (const auto& [table, column] : inserts) {
-    data.Execute(sql("insert into ", table, " (", column, ") values ('7')"));
-    ASSERT_EQ(count(table), "1") << table;
+  const auto tables = casesIn("store/accountset/business-tables.txt");
+  for (const auto& table : tables) {
+    data.Execute(sql("insert into ", table[0], " (", table[1], ") values ('7')"));
+    ASSERT_EQ(count(table[0]), "1") << table[0];
   }
   reinitialise();
-  for (const auto& [table, column] : inserts) EXPECT_EQ(count(table), "0") << table;
+  for (const auto& table : tables) EXPECT_EQ(count(table[0]), "0") << table[0];
 }
 
 TEST_F(ReinitialiseAccountTest, bringsEveryColumnOfEveryTemplateBack) {

@@ -240,6 +240,7 @@ TEST_F(RecordsetTest, CloneAndRequeryAreWalksOfTheirOwn) {
 }
 
 TEST_F(RecordsetTest, JoinsReadOnWhenTheyHaveLetGo) {
+  db.Execute("insert into dept values ('B1','Office')");  // so that the keys of a joined row differ
   db.Execute("insert into dept values ('A1','Workshop')");
   Recordset rs = db.OpenRecordset(
       "select a.*, d.sName as sDept from asset a left join dept d on a.sNum=d.sNum order by a.sNum");

@@ -10,55 +10,23 @@
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/StoreFixture.h"
 #include "support/AccountSetCopy.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
+using testing::StartsWith;
 
-struct BadServerFile {
-  const char* name;
-  const char* content;
-  const char* reason;
-};
-
-class ServerFileTest : public testing::TestWithParam<BadServerFile> {};
-
-TEST_P(ServerFileTest, SaysWhatIsWrong) {
+TEST(ServerFile, SaysWhatIsWrong) {
   const TempDir directory;
-  writeFile(directory / "ZkData.Mdb", GetParam().content);
-  DbEngine engine;
-  try {
-    engine.OpenDatabase((directory / "ZkData.Mdb").string());
-    FAIL();
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 3343);
-    EXPECT_THAT(error.what(), HasSubstr(GetParam().reason));
-    EXPECT_THAT(error.what(), testing::Not(HasSubstr("secret")));
+  for (const auto& one : casesIn("store/engine/postgresql/bad-server-files.txt")) {
+    writeFile(directory / "ZkData.Mdb", one[1]);
+    EXPECT_THAT(refusalOf([&] { DbEngine().OpenDatabase((directory / "ZkData.Mdb").string()); }),
+                AllOf(StartsWith("3343 "), HasSubstr(one[0]), testing::Not(HasSubstr("secret"))));
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, ServerFileTest,
-    testing::Values(
-        BadServerFile{"NoEngine", "[zelkor]\nconninfo=host=x\nschema=a\n", "缺少 engine"},
-        BadServerFile{"OtherEngine", "[zelkor]\nengine=oracle\nconninfo=x\nschema=a\n", "oracle"},
-        BadServerFile{"NoServer", "[zelkor]\nengine=postgresql\nschema=a\n", "缺少 conninfo"},
-        BadServerFile{"NoSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=\n", "缺少 schema"},
-        BadServerFile{"BadSchema", "[zelkor]\nengine=postgresql\nconninfo=host=x\nschema=a\"b\n",
-                      "schema 只能"},
-        BadServerFile{"Password",
-                      "; text\n[zelkor]\nengine=postgresql\n"
-                      "conninfo=host=x password=secret\nschema=a\n",
-                      "口令不写入账套文件"},
-        BadServerFile{"BadWords",
-                      "\n# text\n[zelkor]\nengine=postgresql\nconninfo=host=x pass word=secret\nschema=a\n",
-                      "连接参数不正确"},
-        BadServerFile{"KeyPassword",
-                      "[zelkor]\nengine=postgresql\nconninfo=host=x sslpassword=secret\nschema=a\n",
-                      "口令不写入账套文件"},
-        BadServerFile{"NoPair", "\xEF\xBB\xBF[zelkor]\n# a comment\nengine postgresql\n", "第3行不是"}),
-    [](const auto& tested) { return std::string(tested.param.name); });
 
 TEST(ServerFile, IsReadAsItWasWritten) {
   const TempDir directory;
@@ -172,51 +140,14 @@ TEST_F(ServerTest, ReadsValuesWholeHoweverTheServerIsSet) {
   EXPECT_EQ(isolation->text(0), "read committed");
 }
 
-struct Refused {
-  const char* name;
-  const char* before;  // what the later user does first
-  const char* refused;
-  int number;
-  const char* message;
-};
-
-class RefusedTest : public ServerTest, public testing::WithParamInterface<Refused> {};
-
-TEST_P(RefusedTest, TellsWhatTheServerRefuses) {
-  PostgreSqlEngine first(ServerFile::read(path));
-  PostgreSqlEngine later(ServerFile::read(path));
-  first.run("BEGIN; LOCK TABLE t");
-  later.run(GetParam().before);
-  try {
-    later.run(GetParam().refused);
-    FAIL();
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), GetParam().number);
-    EXPECT_THAT(error.what(), HasSubstr(GetParam().message));
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Statements, RefusedTest,
-    testing::Values(
-        Refused{"NoRight", "SET ROLE pg_monitor", "CREATE SCHEMA forbidden", 3051,
-                "没有数据库服务器上的权限，不能进行该操作。（permission denied for database "},
-        Refused{"ReadOnly", "SET default_transaction_read_only = on", "CREATE TABLE u (x integer)", 3051,
-                "数据库服务器只供读取（例如备用服务器），不能写入。（cannot execute CREATE TABLE in "},
-        Refused{"NoLockInTime", "SET lock_timeout = '20ms'", "DELETE FROM t", 3045,
-                "数据文件正被另一个进程锁定，无法使用。"},
-        Refused{"NoTable", "SELECT 1", "DELETE FROM gone", 3078,
-                "数据库引擎找不到输入表或查询 'gone'。请确定它存在，并且名称拼写正确。"}),
-    [](const auto& tested) { return std::string(tested.param.name); });
-
-TEST_F(ServerTest, NamesTheKeyThatIsThereAlready) {
-  db.Execute("insert into t (sNum) values ('a')");
-  try {
-    db.Execute("insert into t (sNum) values ('A')");
-    FAIL();
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 3022);
-    EXPECT_THAT(error.what(), HasSubstr("（索引：t.sNum）"));
+// What a later session does first, what it is refused while the first one holds the table, and why.
+TEST_F(ServerTest, TellsWhatTheServerRefuses) {
+  for (const auto& one : casesIn("store/engine/postgresql/refusals.txt")) {
+    PostgreSqlEngine first(ServerFile::read(path));
+    PostgreSqlEngine later(ServerFile::read(path));
+    first.run("BEGIN; LOCK TABLE t");
+    later.run(one[0]);
+    EXPECT_THAT(refusalOf([&] { later.run(one[1]); }), StartsWith(one[2]));
   }
 }
 

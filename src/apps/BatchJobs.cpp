@@ -60,7 +60,10 @@ void addMonthEnd(RunTypeJobs& jobs, std::ostream& output) {
     const auto print = [&](int percent) {
       if (percent != std::exchange(shown, percent)) output << percent << '%' << std::endl;
     };
-    closeMonth(context, {.backup = print, .backupEnded = [] {}});
+    const auto warn = [](const std::optional<std::string>& failure) {
+      if (failure) std::cerr << "月末结账前的备份没有完成，结账照常进行：" << *failure << std::endl;
+    };
+    closeMonth(context, {.backup = print, .backupEnded = warn});
     std::cerr << "月末结账没有完成，已做的步骤保留；可再次执行" << std::endl;
     throw EndProgram{1};
   });

@@ -99,7 +99,7 @@ void backUp(Database& data, const Backup& backup, int m) {
 
 }  // namespace
 
-void BackInfo(RunContext& run, const ShowPercent& show) {
+std::optional<std::string> BackInfo(RunContext& run, const ShowPercent& show) {
   try {
     DeleteBak(run.dbZKData);
     int percent = kBackupBegun;
@@ -108,8 +108,10 @@ void BackInfo(RunContext& run, const ShowPercent& show) {
       if (backup.percentDone > 0) percent = backup.percentDone;
       show(percent);
     }
+    return std::nullopt;
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "BackInfo");
+    return error.what();
   }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "startup/RunContext.h"
 
@@ -18,7 +20,8 @@ using ShowPercent = std::function<void(int)>;
 /// Copies the account set into the backup tables of the open month within the same file. The backups of
 /// earlier closings are dropped first, so that only the last one exists. Tells `show` after every table.
 ///
-/// A failure ends the backup and is handed to the error log; what has been copied until then stays.
-void BackInfo(RunContext& run, const ShowPercent& show);
+/// A failure ends the backup and is handed to the error log; what has been copied until then stays. Gives
+/// what failed, nothing when the backup is whole.
+std::optional<std::string> BackInfo(RunContext& run, const ShowPercent& show);
 
 }  // namespace zelkor

@@ -46,8 +46,7 @@ void closeMonth(RunContext& run, const MonthEndScreens& screens) {
   try {
     const DateTime start = run.clock.now();
     screens.backup(kBackupBegun);
-    BackInfo(run, screens.backup);
-    screens.backupEnded();
+    screens.backupEnded(BackInfo(run, screens.backup));
     ShowReconciliation(run);
     carryLedgersForward(run);
     recordClosing(run);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "closing/BackInfo.h"
@@ -10,8 +11,8 @@ namespace zelkor {
 
 /// What month-end shows besides its messages.
 struct MonthEndScreens {
-  ShowPercent backup;                 // called for the first time before the backup begins
-  std::function<void()> backupEnded;  // whether it came to its end or failed
+  ShowPercent backup;  // called for the first time before the backup begins
+  std::function<void(const std::optional<std::string>& failure)> backupEnded;  // as BackInfo gives it
 };
 
 /// Closes the open month: backs the account set up, tells the reconciliation, carries the ledgers and totals

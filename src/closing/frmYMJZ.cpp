@@ -58,7 +58,7 @@ void frmYMJZ::cmdStart_Click() {
   auto waiting = std::make_unique<frmWaiting>(host());
   waiting->show();
   closeMonth(run(), {.backup = [&](int percent) { waiting->setPercent(percent); },
-                     .backupEnded = [&] { waiting.reset(); }});
+                     .backupEnded = [&](const auto& /*failure*/) { waiting.reset(); }});
   // It did not come to its end. A screen that stays hidden would keep the module from being started again.
   waiting.reset();
   show();

@@ -81,7 +81,11 @@ std::vector<std::string> KeptAccountSet::rows(const std::string& table) const {
 }
 
 std::vector<std::string> KeptAccountSet::content(const std::vector<std::string>& without) const {
-  const auto engine = openDataFile(dataFile());
+  return contentOf(dataFile(), without);
+}
+
+std::vector<std::string> contentOf(const std::string& dataFile, const std::vector<std::string>& without) {
+  const auto engine = openDataFile(dataFile);
   std::vector<std::string> lines;
   for (const std::string& table : engine->tableNames()) {
     if (std::ranges::find(without, table) != without.end()) continue;

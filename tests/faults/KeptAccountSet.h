@@ -31,7 +31,7 @@ class KeptAccountSet {
   /// Rows of a table as lines of their cells, in the order in which they were added. Without autonumbers:
   /// they go on counting behind rows that were written before.
   std::vector<std::string> rows(const std::string& table) const;
-  /// Every row of every table of the data file but those named, as sorted lines "table: cells".
+  /// See contentOf.
   std::vector<std::string> content(const std::vector<std::string>& without) const;
 
  private:
@@ -40,6 +40,9 @@ class KeptAccountSet {
   AccountSetCopy files_{home_.path()};
   std::unique_ptr<TestDatabase> keptDatabase_;
 };
+
+/// Every row of every table of a data file but those named, as sorted lines "table: cells".
+std::vector<std::string> contentOf(const std::string& dataFile, const std::vector<std::string>& without);
 
 /// The lines that only one of two sorted contents has, the first few of them.
 std::string differenceOf(const std::vector<std::string>& a, const std::vector<std::string>& b);

@@ -32,7 +32,7 @@ void Workspace::forEachConnection(Action action) {
 
 void Workspace::BeginTrans() {
   if (inTransaction_) return;
-  forEachConnection([](Connection& connection) { connection.flush(); });
+  forEachConnection([](Connection& connection) { connection.writeOut(); });
   forEachConnection([](Connection& connection) { connection.gathering().beginWorkspaceTransaction(); });
   inTransaction_ = true;
 }
@@ -41,7 +41,7 @@ void Workspace::BeginTrans() {
 void Workspace::CommitTrans() {
   leaveTransaction();
   forEachConnection([](Connection& connection) { connection.gathering().endWorkspaceTransaction(); });
-  forEachConnection([](Connection& connection) { connection.flush(); });
+  forEachConnection([](Connection& connection) { connection.writeOut(); });
 }
 
 void Workspace::Rollback() {

@@ -17,6 +17,7 @@ namespace zelkor {
 class Workspace {
  public:
   void BeginTrans();
+  /// What was written stays from here on; the next flush forces it to disk.
   void CommitTrans();
   void Rollback();
   bool inTransaction() const { return inTransaction_; }
@@ -46,7 +47,8 @@ class DbEngine {
   Database OpenDatabase(const std::string& path);
   Workspace& workspace() { return workspace_; }
 
-  /// Writes out what the connections have gathered: before a dialog, before waiting, before the end.
+  /// Writes out what the connections have gathered and forces it to disk: before anybody is told that it is
+  /// saved, before a dialog, before waiting, before the end.
   void flush();
 
   /// Once the program has ended with a status no statement is run any more: who issues one gets EndProgram;

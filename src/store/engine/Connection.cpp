@@ -184,10 +184,19 @@ EngineStatement& Connection::prepared(const std::string& sql) {
 }
 
 // Nobody's rows stay open while a person thinks, but for those that are about to be read.
-void Connection::flush() {
+void Connection::letIdleReadersGo() {
   const auto readers = readers_;
   for (RecordsetState* reader : readers)
     if (!reader->keepsStreaming()) reader->letGo();
+}
+
+void Connection::writeOut() {
+  letIdleReadersGo();
+  gathering_.writeOut();
+}
+
+void Connection::flush() {
+  letIdleReadersGo();
   gathering_.flush();
 }
 

@@ -34,7 +34,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// Runs a query, or opens the table of that name.
   Recordset open(std::string_view sql);
 
-  /// Writes out gathered statements and lets recordsets give up the rows that they are still reading from.
+  /// Commits gathered statements and lets recordsets give up the rows that they are still reading from.
+  void writeOut();
+  /// The same, and forces to disk what has been written.
   void flush();
   WriteGathering& gathering() { return gathering_; }
   /// See DbEngine::setEnded.
@@ -59,6 +61,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   void letReadersGo();
 
  private:
+  void letIdleReadersGo();
   template <typename Use>
   auto withStatement(std::string_view sql, Use use);
   Recordset openTable(std::string_view table);

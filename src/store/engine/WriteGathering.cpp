@@ -25,9 +25,12 @@ void WriteGathering::afterStatement() {
   if (!engine_.gathersWrites() || Clock::now() - since_ >= longestWait) commit();
 }
 
+void WriteGathering::writeOut() {
+  if (!workspaceTransaction_ && engine_.inTransaction()) commit();
+}
+
 void WriteGathering::flush() {
-  if (workspaceTransaction_) return;
-  if (engine_.inTransaction()) commit();
+  writeOut();
   engine_.makeDurable();
 }
 
@@ -41,7 +44,7 @@ void WriteGathering::commit() {
 }
 
 void WriteGathering::beginWorkspaceTransaction() {
-  flush();
+  writeOut();
   workspaceTransaction_ = true;
 }
 

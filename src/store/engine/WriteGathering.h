@@ -6,11 +6,12 @@
 
 namespace zelkor {
 
-/// Decides when what a connection has written becomes durable.
+/// Decides when what a connection has written is committed, and when it is forced to disk.
 ///
 /// Stand-alone statements are gathered into one engine transaction for at most 50 ms, as delayed writes;
 /// inside a workspace transaction everything waits for its commit. No lock is taken before the first write.
-/// An engine whose writers do not shut each other out keeps each stand-alone statement by itself.
+/// An engine whose writers do not shut each other out keeps each stand-alone statement by itself. Commits are
+/// not forced to disk one by one; a flush forces them together.
 class WriteGathering {
  public:
   explicit WriteGathering(Engine& engine) : engine_(engine) {}
@@ -19,9 +20,13 @@ class WriteGathering {
   void beforeWrite();
   /// Before several engine statements that are one: as beforeWrite, on every engine inside a transaction.
   void beforeTableChange();
-  /// After a statement, whether it wrote or failed: makes the gathered ones durable when they are old enough.
+  /// After a statement, whether it wrote or failed: commits the gathered ones when they are old enough.
   void afterStatement();
-  /// Makes the gathered stand-alone statements durable now; a workspace transaction goes on.
+  /// Commits the gathered stand-alone statements: others see them, and a kill does not take them. A workspace
+  /// transaction goes on.
+  void writeOut();
+  /// The same, and has the engine force to disk what was written since the last time: whoever is told that
+  /// something is saved is told behind this.
   void flush();
 
   /// Until as many releases as holds, statements stay gathered however long it takes: a kill leaves all of
@@ -30,7 +35,7 @@ class WriteGathering {
   void release() { --holds_; }
 
   void beginWorkspaceTransaction();
-  /// What it has written is then gathered like any other write, for the next flush.
+  /// What it has written is then gathered like any other write, to be written out next.
   void endWorkspaceTransaction() { workspaceTransaction_ = false; }
   void rollbackWorkspaceTransaction();
 

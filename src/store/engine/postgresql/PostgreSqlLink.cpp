@@ -238,7 +238,9 @@ void PostgreSqlLink::begin() {
 
 void PostgreSqlLink::commit() {
   readInWhatIsLeft();
-  if (!std::exchange(beginOwed_, false)) run("COMMIT");
+  if (std::exchange(beginOwed_, false)) return;
+  run("COMMIT");
+  written_ = true;  // tables that were made or dropped, too
 }
 
 void PostgreSqlLink::rollback() {

@@ -46,8 +46,8 @@ SqliteEngine::SqliteEngine(const std::string& path, Access access) : handle_(ope
     run("PRAGMA query_only = 1");
     return;
   }
-  // A commit in write-ahead mode survives the end of the process without being forced to disk.
-  // It is forced there when the log is copied back: seldom, so that a long job does not wait at every commit.
+  // A commit in write-ahead mode survives the end of the process without being forced to disk. It is forced
+  // there by makeDurable and when the log is copied back, so that a long job does not wait at every commit.
   run("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA cache_size=-65536; "
       "PRAGMA wal_autocheckpoint=32000");
   begin_ = prepare("BEGIN IMMEDIATE");
@@ -89,6 +89,21 @@ void SqliteEngine::commit() {
   commit_->reset();
   commit_->step();
   commit_->reset();
+  unforced_ = true;
+}
+
+// The engine offers this with its next commit only, and only with one that writes something. The log's own
+// handle is asked instead. Without a log every commit has been forced.
+void SqliteEngine::makeDurable() {
+  if (inTransaction() || !unforced_) return;
+  sqlite3_file* log = nullptr;
+  sqlite3_file_control(handle_.get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, static_cast<void*>(&log));
+  if (log != nullptr && log->pMethods != nullptr) {
+    const int code = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
+    if (code != SQLITE_OK)
+      throw RuntimeError(ErrorNumber::DeviceIo, std::string("设备 I/O 错误：") + sqlite3_errstr(code));
+  }
+  unforced_ = false;
 }
 
 void SqliteEngine::rollback() {

@@ -36,6 +36,7 @@ class SqliteEngine final : public Engine {
   void commit() override;
   void rollback() override;
   bool inTransaction() const override;
+  void makeDurable() override;
   long changes() const override;
   std::int64_t lastRowKey() const override;
   std::vector<std::string> tableNames() override;
@@ -52,6 +53,7 @@ class SqliteEngine final : public Engine {
   SqliteHandle handle_;
   std::string path_;
   Clock::time_point nextLook_;
+  bool unforced_ = false;  // something was committed since it was last forced to disk
   std::unique_ptr<EngineStatement> begin_;
   std::unique_ptr<EngineStatement> commit_;
 };

@@ -51,7 +51,7 @@ double amountBefore(const ChangeSheet& sheet) {
   return CDbl(Value(sheet.before.text));
 }
 
-// What follows the commit cannot be undone: a text that is no number must not get that far.
+// The sheet stands when the ledgers cannot be corrected: a text that is no number must not get that far.
 void requireAmounts(const ChangeSheet& sheet) {
   amountBefore(sheet);
   amountAfter(sheet);
@@ -85,7 +85,7 @@ const SheetRules& accumulatedDeprRules() {
                                     .stored = storedText,
                                     .check = check,
                                     .write = write,
-                                    .afterCommit = correctLedgers};
+                                    .afterwards = correctLedgers};
   return rules;
 }
 

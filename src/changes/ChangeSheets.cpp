@@ -1,5 +1,7 @@
 #include "changes/ChangeSheets.h"
 
+#include <exception>
+
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "changes/CardDetailList.h"
@@ -24,6 +26,19 @@ SheetResult failed(const RuntimeError& error) {
 
 MessageBox savedBox() {
   return {"数据成功保存！", Buttons::Ok, Icon::Information, savedTitle};
+}
+
+/// Commits what the sheet has written, and with it what follows from the sheet, so that a cut leaves both or
+/// neither. What follows cannot undo the sheet: it stands when that fails.
+void commit(Workspace& workspace, const SheetRules& rules, const SheetSaving& saving) {
+  std::exception_ptr failure;
+  try {
+    if (rules.afterwards != nullptr) rules.afterwards(saving);
+  } catch (const RuntimeError&) {
+    failure = std::current_exception();
+  }
+  workspace.CommitTrans();
+  if (failure) std::rethrow_exception(failure);
 }
 
 /// Behind the commit of a save there is nothing left to roll back.
@@ -102,8 +117,7 @@ SheetResult ChangeSheets::save(const ChangeSheet& sheet) {
     const SheetSaving saving{context_, database_, sheet, loaded(card_)};
     rules.write(saving);
     result.toolbarAsSaved = true;
-    workspace.CommitTrans();
-    if (rules.afterCommit != nullptr) rules.afterCommit(saving);
+    commit(workspace, rules, saving);
     card_.reset();
     result.box = savedBox();
   } catch (const RuntimeError& error) {

@@ -57,7 +57,7 @@ const SheetRules& originalValueRules() {
                                     .stored = storedText,
                                     .check = check,
                                     .write = write,
-                                    .afterCommit = nullptr};
+                                    .afterwards = nullptr};
   return rules;
 }
 

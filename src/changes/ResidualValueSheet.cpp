@@ -20,7 +20,7 @@ const SheetRules& residualValueRules() {
                                     .stored = storedText,
                                     .check = nullptr,
                                     .write = nullptr,
-                                    .afterCommit = nullptr};
+                                    .afterwards = nullptr};
   return rules;
 }
 

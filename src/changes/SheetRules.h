@@ -42,8 +42,8 @@ struct SheetRules {
   std::optional<MessageBox> (*check)(const ChangeSheet& sheet);
   /// The rows of the save; none: the kind is not saved.
   void (*write)(const SheetSaving& saving);
-  /// What follows the commit, if anything does.
-  void (*afterCommit)(const SheetSaving& saving);
+  /// What follows from the sheet, if anything does; an error in it leaves the sheet standing.
+  void (*afterwards)(const SheetSaving& saving);
 };
 
 const SheetRules& originalValueRules();

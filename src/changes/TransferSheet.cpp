@@ -108,7 +108,7 @@ const SheetRules& transferRules() {
                                     .stored = storedText,
                                     .check = check,
                                     .write = write,
-                                    .afterCommit = nullptr};
+                                    .afterwards = nullptr};
   return rules;
 }
 

@@ -40,7 +40,7 @@ const SheetRules& usageStatusRules() {
                                     .stored = statusOf,
                                     .check = check,
                                     .write = write,
-                                    .afterCommit = nullptr};
+                                    .afterwards = nullptr};
   return rules;
 }
 

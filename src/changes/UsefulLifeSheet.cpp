@@ -49,7 +49,7 @@ const SheetRules& usefulLifeRules() {
                                     .stored = storedText,
                                     .check = check,
                                     .write = write,
-                                    .afterCommit = nullptr};
+                                    .afterwards = nullptr};
   return rules;
 }
 

@@ -1,36 +1,67 @@
 #include "changes/SheetImport.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
 #include "base/CsvTable.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "changes/BalanceSheet.h"
 #include "changes/CardDetailList.h"
 #include "changes/ChangeSheets.h"
 #include "changes/ClsBalanType.h"
+#include "startup/ImportLog.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {
 
 constexpr std::array<std::string_view, 5> kCaptions = {"变动类型", "卡片编号", "变动后内容", "变动后地点",
                                                        "变动原因"};
+enum Column : std::size_t { kKind, kCardNum, kAfter, kSiteAfter, kReason };
 constexpr std::array<std::string_view, 1> kOptional = {"变动后地点"};
 
 /// How a row ended: the number of its sheet, or why there is none.
 struct RowEnd {
-  bool saved = false;
+  SheetEnd end = SheetEnd::Refused;
   std::string text;
 };
 
 RowEnd refused(std::string reason) {
-  return {false, std::move(reason)};
+  return {SheetEnd::Refused, std::move(reason)};
+}
+
+std::string inColumn(std::size_t column, const std::string& problem) {
+  return "列“" + std::string(kCaptions[column]) + "”：" + problem;
+}
+
+/// An error that no check has foreseen says nothing of the row.
+std::string failureText(const SheetRow& row, const std::string& error) {
+  return "变动单未保存，卡片或“" + row.after + "”中有不能用的值：" + error;
+}
+
+std::string kindsText() {
+  std::string text;
+  for (const ChangeKind kind : {ChangeKind::OriginalValue, ChangeKind::UsageStatus,
+                                ChangeKind::AccumulatedDepr, ChangeKind::UsefulLife, ChangeKind::Transfer})
+    text += std::string(captionOf(kind)) + "、";
+  return text + balanceCaption;
+}
+
+/// The row as the log of operations has it.
+std::string textOf(const SheetRow& row) {
+  std::string text = csvField(row.kind);
+  for (const std::string* cell : {&row.cardNum, &row.after, &row.siteAfter, &row.reason})
+    text += "," + csvField(*cell);
+  return text;
 }
 
 /// Saves the rows of one file.
 class SheetImport {
  public:
-  explicit SheetImport(RunContext& context) : context_(context), balance_(context), methods_(context) {
+  explicit SheetImport(RunContext& context)
+      : context_(context), log_(context, "导入变动单"), balance_(context), methods_(context) {
     balance_.setZkDataPath(context.gstrZtFile);
     methods_.setZkDataPath(context.gstrZtFile);
   }
@@ -38,6 +69,8 @@ class SheetImport {
   RowEnd save(const SheetRow& row);
 
  private:
+  std::optional<std::string> savedBefore(const SheetRow& row);
+  void begin(const SheetRow& row, const std::string& sheet);
   RowEnd saveByKind(const SheetRow& row);
   RowEnd saveSheet(ChangeKind kind, const SheetRow& row);
   RowEnd saveBalanceSheet(const SheetRow& row);
@@ -46,28 +79,60 @@ class SheetImport {
   std::string methodIDOf(const std::string& name);
 
   RunContext& context_;
+  ImportLog log_;
   std::map<ChangeKind, ChangeSheets> sheets_;
   ClsBLLBalance balance_;
   ClsBalanType methods_;
 };
 
+/// What no other row could be saved behind: the books are locked, gone, full, or may not be written.
+bool endsImport(const RuntimeError& error) {
+  constexpr std::array kReasons = {ErrorNumber::FileLocked, ErrorNumber::CannotOpenReadOnly,
+                                   ErrorNumber::FileNotFound, ErrorNumber::DiskFull, ErrorNumber::DeviceIo};
+  return std::ranges::any_of(kReasons, [&error](ErrorNumber reason) { return error.is(reason); });
+}
+
+void rollBack(Workspace& workspace) {
+  if (workspace.inTransaction()) workspace.Rollback();
+}
+
 // Each row stands for a run of its own: the transaction that a refused check leaves open ends with it.
 RowEnd SheetImport::save(const SheetRow& row) {
+  if (auto sheet = savedBefore(row)) return {SheetEnd::Before, std::move(*sheet)};
+  Workspace& workspace = context_.engine.workspace();
   RowEnd end;
   try {
     end = saveByKind(row);
   } catch (const RuntimeError& error) {
-    end = refused(error.what());
+    if (endsImport(error)) throw;
+    end = refused(failureText(row, error.what()));
   }
-  Workspace& workspace = context_.engine.workspace();
-  if (workspace.inTransaction()) workspace.Rollback();
+  rollBack(workspace);
   return end;
+}
+
+/// The sheet as which an earlier call has saved the row. One that is not in the books any more went with a
+/// re-initialisation.
+std::optional<std::string> SheetImport::savedBefore(const SheetRow& row) {
+  while (auto number = log_.take(textOf(row))) {
+    Recordset sheets =
+        context_.dbZKData.OpenRecordset(sql("select sCardNum from fa_Vouchers where sNum='", *number, "'"));
+    for (; !sheets.Eof(); sheets.MoveNext())
+      if (equalsIgnoringCase(sheets.TextOrEmpty("sCardNum"), row.cardNum)) return number;
+  }
+  return std::nullopt;
+}
+
+/// Begins the transaction of a sheet, in which the log notes the row.
+void SheetImport::begin(const SheetRow& row, const std::string& sheet) {
+  context_.engine.workspace().BeginTrans();
+  log_.note(textOf(row), sheet);
 }
 
 RowEnd SheetImport::saveByKind(const SheetRow& row) {
   if (row.kind == balanceCaption) return saveBalanceSheet(row);
   if (const auto kind = changeKindOf(row.kind)) return saveSheet(*kind, row);
-  return refused("没有此变动类型");
+  return refused(inColumn(kKind, "没有变动类型“" + row.kind + "”，应为 " + kindsText()));
 }
 
 /// Transfers go by the list of the versions in force, the other kinds by the typed number.
@@ -84,6 +149,7 @@ SheetResult SheetImport::load(ChangeSheets& sheets, const SheetRow& row, ChangeS
 std::optional<std::string> SheetImport::enter(ChangeKind kind, const SheetRow& row, ChangeSheet& sheet) {
   sheet.reason = row.reason;
   sheet.siteAfter = row.siteAfter;
+  if (auto problem = formProblem(kind, row.after)) return problem;
   switch (kind) {
     case ChangeKind::OriginalValue:
       sheet.increase = row.after;
@@ -103,11 +169,13 @@ RowEnd SheetImport::saveSheet(ChangeKind kind, const SheetRow& row) {
   ChangeSheets& sheets = sheets_.try_emplace(kind, context_, kind).first->second;
   ChangeSheet sheet = sheets.newSheet();
   if (const SheetResult loaded = load(sheets, row, sheet); !loaded.done()) return refused(loaded.box->text);
-  if (auto problem = enter(kind, row, sheet)) return refused(std::move(*problem));
+  if (auto problem = enter(kind, row, sheet)) return refused(inColumn(kAfter, *problem));
+  begin(row, sheet.number);
   const SheetResult result = sheets.save(sheet);
-  if (result.done()) return {true, sheet.number};
+  if (result.done()) return {SheetEnd::Saved, sheet.number};
   if (result.outcome == SheetResult::Outcome::Nothing) return refused("此类变动单不保存");
   if (result.toolbarAsSaved) return refused("变动单 " + sheet.number + " 之后出错：" + result.box->text);
+  if (result.outcome == SheetResult::Outcome::Failed) return refused(failureText(row, result.box->text));
   return refused(result.box->text);
 }
 
@@ -126,17 +194,22 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   sheet.methodAfterID = methodIDOf(row.after);
   sheet.reason = row.reason;
   if (const auto refusal = balanceRefusal(sheet)) return refused(refusal->text);
-  if (sheet.methodAfterID.empty()) return refused("折旧方法中没有“" + row.after + "”");
+  if (sheet.methodAfterID.empty()) return refused(inColumn(kAfter, "折旧方法中没有“" + row.after + "”"));
+  begin(row, sheet.number);
   const BalanceSaved result = saveBalance(balance_, sheet);
-  return result.saved ? RowEnd{true, sheet.number} : refused(result.box.text);
+  if (!result.saved) return refused(result.box.text);
+  context_.engine.workspace().CommitTrans();
+  return {SheetEnd::Saved, sheet.number};
 }
 
 ImportedSheet importRow(SheetImport& import, const CsvTableRow& row) {
   const auto& cells = row.cells;
   ImportedSheet imported{
-      .line = row.line, .row = SheetRow{cells[0], cells[1], cells[2], cells[3], cells[4]}, .text = {}};
+      .line = row.line,
+      .row = SheetRow{cells[kKind], cells[kCardNum], cells[kAfter], cells[kSiteAfter], cells[kReason]},
+      .text = {}};
   RowEnd end = import.save(*imported.row);
-  imported.saved = end.saved;
+  imported.end = end.end;
   imported.text = std::move(end.text);
   return imported;
 }

@@ -1,12 +1,34 @@
 #include "changes/SheetRow.h"
 
+#include <cmath>
+
+#include "base/Conversion.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "changes/SplitDeparts.h"
+#include "changes/UsefulLife.h"
 #include "store/engine/Statement.h"
 #include "store/settings/SubjectText.h"
 
 namespace zelkor {
 namespace {
+
+template <typename Read>
+bool canBeRead(Read read) {
+  try {
+    read();
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+bool isAmount(const std::string& text) {
+  constexpr double kLargest = 922337203685477.0;  // what a currency value can hold
+  return canBeRead([&text] {
+    if (std::abs(CDbl(Value(text))) > kLargest) throw RuntimeError(ErrorNumber::Overflow);
+  });
+}
 
 struct Archive {
   std::string_view table;
@@ -48,7 +70,7 @@ std::optional<std::string> SplitReading::read(const std::string& cell) {
 // A department that the picker would not offer leaves its cell empty, which the confirmation refuses.
 std::optional<std::string> SplitReading::add(const std::string& element) {
   auto parts = Split(element, ':');
-  if (parts.size() > 3) return "“" + element + "”不是 部门:比例:科目";
+  if (parts.size() > 3) return "“" + element + "”不是 部门:比例:科目，如 301:60:410502";
   parts.resize(3);
   SplitRow row{.departCode = "",
                .departName = "",
@@ -60,6 +82,8 @@ std::optional<std::string> SplitReading::add(const std::string& element) {
     row.departCode = department->code;
     row.departName = department->name;
   }
+  if (!canBeRead([&row] { CInt(Value(row.scale)); }))
+    return "“" + element + "”的比例不是数，应为 部门:比例:科目，如 301:60:410502/6:40";
   const std::string code = Trim(parts[2]);
   const auto subject = code.empty() ? "" : lookUpSubject(database_, code);
   if (!subject) return "科目中没有“" + code + "”";
@@ -80,6 +104,23 @@ std::optional<std::string> chooseSplit(Database& database, const std::string& ce
 }
 
 }  // namespace
+
+std::optional<std::string> formProblem(ChangeKind kind, const std::string& after) {
+  const std::string shown = after.empty() ? "空白" : "“" + after + "”";
+  switch (kind) {
+    case ChangeKind::OriginalValue:
+      if (Trim(after).empty() || isAmount(after)) return std::nullopt;  // the screen says that of a blank
+      return shown + "不是金额，应为增加的原值，如 1000.00";
+    case ChangeKind::AccumulatedDepr:
+      if (isAmount(after)) return std::nullopt;
+      return shown + "不是金额，应为变动后的累计折旧，如 1000.00";
+    case ChangeKind::UsefulLife:
+      if (canBeRead([&after] { monthsOnSheet(after); })) return std::nullopt;
+      return shown + "不是年限，应为几年几月，如 6年0月";
+    default:
+      return std::nullopt;
+  }
+}
 
 std::optional<std::string> chooseStatus(Database& database, const std::string& statusID, ChangeSheet& sheet) {
   const auto status = entryOf(database, {"fa_Status", "sID", "sName"}, statusID);

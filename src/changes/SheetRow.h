@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "changes/ChangeKind.h"
 #include "changes/ChangeSheet.h"
 #include "store/engine/Database.h"
 
@@ -16,6 +17,9 @@ struct SheetRow {
   std::string siteAfter;
   std::string reason;
 };
+
+/// Which form a value after has to have that is typed on the screen, and has not; nothing when it may be saved.
+std::optional<std::string> formProblem(ChangeKind kind, const std::string& after);
 
 // What the pickers of the screens would give for a cell. An answer is why they would not.
 

@@ -20,14 +20,16 @@ class SheetImportTest : public CardTest {
     execute("update fa_Cards set dDisposeDate=#2020-5-1#,dTransDate=#2020-5-1# where sCardNum='00003'");
   }
 
-  /// How the rows end, one line each: the sheet's number or the reason of the refusal.
+  /// How the rows end, one line each: the sheet's number, "+" saved or "=" before, or the reason of the
+  /// refusal.
   Lines import(const std::string& rows,
                const char* header = "变动类型,卡片编号,变动后内容,变动后地点,变动原因") {
     Lines lines;
     saved = 0;
     importSheets(context, std::string(header) + "\n" + rows, [&](const ImportedSheet& sheet) {
-      saved += sheet.saved ? 1 : 0;
-      lines.push_back(std::to_string(sheet.line) + " " + (sheet.saved ? "+" : "") + sheet.text);
+      saved += sheet.end == SheetEnd::Saved ? 1 : 0;
+      constexpr const char* signs[] = {"+", "=", ""};
+      lines.push_back(std::to_string(sheet.line) + " " + signs[static_cast<int>(sheet.end)] + sheet.text);
     });
     return lines;
   }
@@ -67,36 +69,43 @@ TEST_F(SheetImportTest, ABadRowIsToldAsTheScreenTellsItAndLeavesNothing) {
       {"原值增加,99999,1,,x", "当前卡片已不存在！"},
       {"原值增加,00001,0,,x", "未增加原值！"},
       {"原值增加,00001,,,x", "未增加原值！"},
-      {"原值增加,00001,二百,,x", "类型不匹配"},
+      {"原值增加,00001,二百,,x", "列“变动后内容”：“二百”不是金额，应为增加的原值，如 1000.00"},
+      {"原值增加,00001,1e400,,x", "列“变动后内容”：“1e400”不是金额，应为增加的原值，如 1000.00"},
       {"原值增加,00001,1,,", "变动原因不能为空！"},
       {"使用状况调整,00001,11,,x", "变动后内容不应和变动前内容相同！"},
-      {"使用状况调整,00001,99,,x", "使用状况中没有“99”"},
-      {"使用状况调整,00001,0,,x", "使用状况中没有“0”"},
+      {"使用状况调整,00001,99,,x", "列“变动后内容”：使用状况中没有“99”"},
+      {"使用状况调整,00001,0,,x", "列“变动后内容”：使用状况中没有“0”"},
       {"累计折旧调整,00001,1,,", "变动原因不能为空"},
-      {"累计折旧调整,00001,一百,,x", "类型不匹配"},
-      {"使用年限调整,00001,72,,x", "无效的过程调用或参数"},
-      {"使用年限调整,00001,六年0月,,x", "类型不匹配"},
+      {"累计折旧调整,00001,一百,,x", "列“变动后内容”：“一百”不是金额，应为变动后的累计折旧，如 1000.00"},
+      {"累计折旧调整,00001,,,x", "列“变动后内容”：空白不是金额，应为变动后的累计折旧，如 1000.00"},
+      {"使用年限调整,00001,72,,x", "列“变动后内容”：“72”不是年限，应为几年几月，如 6年0月"},
+      {"使用年限调整,00001,9999年0月,,x", "列“变动后内容”：“9999年0月”不是年限，应为几年几月，如 6年0月"},
+      {"使用年限调整,00001,六年0月,,x", "列“变动后内容”：“六年0月”不是年限，应为几年几月，如 6年0月"},
       {"使用年限调整,00001,6年0月,,", "变动原因不能为空"},
       {"净残值调整,00001,1,,x", "此类变动单不保存"},
       {"部门转移,00003,302,,x", "当前卡片已不存在！"},
       {"部门转移,99999,302,,x", "当前卡片已不存在！"},
       {"部门转移,00001,301,,x", "变动后内容不应和变动前内容相同！"},
       {"部门转移,00001,,,x", "变动原因不能为空！"},
-      {"部门转移,00001,&,,x", "使用部门非末级部门或不存在，请重新录入或参照选择"},
-      {"部门转移,00001,9999,,x", "使用部门非末级部门或不存在，请重新录入或参照选择"},
-      {"部门转移,00001,301:50/302:49,,x", "使用部门比例总和不等于100%，请调整使用比例数值！"},
-      {"部门转移,00001,302:100,,x", "资产多部门使用模式下，使用部门至少为两个"},
-      {"部门转移,00001,302:50/302:50,,x", "使用部门不允许重复，请重新录入或参照选择"},
-      {"部门转移,00001,3:50/302:50,,x", "使用部门非末级部门或不存在，请重新录入或参照选择"},
-      {"部门转移,00001,301:半/302:50,,x", "类型不匹配"},
-      {"部门转移,00001,301:50:9/302:50,,x", "科目中没有“9”"},
-      {"部门转移,00001,301:50:4105:1/302:50,,x", "“301:50:4105:1”不是 部门:比例:科目"},
+      {"部门转移,00001,&,,x", "列“变动后内容”：使用部门非末级部门或不存在，请重新录入或参照选择"},
+      {"部门转移,00001,9999,,x", "列“变动后内容”：使用部门非末级部门或不存在，请重新录入或参照选择"},
+      {"部门转移,00001,301:50/302:49,,x", "列“变动后内容”：使用部门比例总和不等于100%，请调整使用比例数值！"},
+      {"部门转移,00001,302:100,,x", "列“变动后内容”：资产多部门使用模式下，使用部门至少为两个"},
+      {"部门转移,00001,302:50/302:50,,x", "列“变动后内容”：使用部门不允许重复，请重新录入或参照选择"},
+      {"部门转移,00001,3:50/302:50,,x", "列“变动后内容”：使用部门非末级部门或不存在，请重新录入或参照选择"},
+      {"部门转移,00001,301:半/302:50,,x",
+       "列“变动后内容”：“301:半”的比例不是数，应为 部门:比例:科目，如 301:60:410502/6:40"},
+      {"部门转移,00001,301:50:9/302:50,,x", "列“变动后内容”：科目中没有“9”"},
+      {"部门转移,00001,301:50:4105:1/302:50,,x",
+       "列“变动后内容”：“301:50:4105:1”不是 部门:比例:科目，如 301:60:410502"},
       {"折旧方法调整,00001,,,x", "数据填写不完整!"},
       {"折旧方法调整,00001,平均年限法(一),,x", "变动后内容不应和变动前内容相同"},
-      {"折旧方法调整,00001,加速法,,x", "折旧方法中没有“加速法”"},
+      {"折旧方法调整,00001,加速法,,x", "列“变动后内容”：折旧方法中没有“加速法”"},
       {"折旧方法调整,99999,年数总和法,,x", "当前卡片已不存在！"},
       {"折旧方法调整,00003,年数总和法,,x", "当前卡片已不存在！"},
-      {"资产评估,00001,1,,x", "没有此变动类型"},
+      {"资产评估,00001,1,,x",
+       "列“变动类型”：没有变动类型“资产评估”，应为 "
+       "原值增加、使用状况调整、累计折旧调整、使用年限调整、部门转移、折旧方法调整"},
       {"原值增加,00001,1", "有3列，表头有5列"},
   };
   for (const BadRow& c : cases) {
@@ -115,7 +124,8 @@ TEST_F(SheetImportTest, TwentyOneDepartmentsAreTooMany) {
     execute("insert into fa_departments (sNum,sName,lChilds) values ('" + std::to_string(code) + "','d',0)");
     split += (split.empty() ? "" : "/") + std::to_string(code) + ":5";
   }
-  EXPECT_EQ(import("部门转移,00001," + split + ",,x"), Lines{"2 使用部门有效数量范围：2~20个"});
+  EXPECT_EQ(import("部门转移,00001," + split + ",,x"),
+            Lines{"2 列“变动后内容”：使用部门有效数量范围：2~20个"});
   split.erase(split.rfind('/'));
   EXPECT_EQ(import("部门转移,00001," + split + ",,x"), Lines{"2 +00001"});
   EXPECT_EQ(row("select count(*) from fa_DeptScale where dblScale=5"), "20");
@@ -139,6 +149,28 @@ TEST_F(SheetImportTest, ARefusedRowStopsNoOther) {
       Lines{"2"});
 }
 
+// A file is given again whose import was cut short, or whose refused rows were corrected.
+TEST_F(SheetImportTest, WhatTheFilesOfTheMonthHaveSavedIsNotSavedTwice) {
+  const std::string twice = "原值增加,00001,100,,\"盘盈, 两次\"\n";
+  EXPECT_EQ(import(twice + "使用年限调整,00002,六年,,复核\n"),
+            (Lines{"2 +00001", "3 列“变动后内容”：“六年”不是年限，应为几年几月，如 6年0月"}));
+  EXPECT_EQ(import(twice + twice + "使用年限调整,00002,6年0月,,复核\n折旧方法调整,00001,年数总和法,,it's\n"),
+            (Lines{"2 =00001", "3 +00002", "4 +00003", "5 +00004"}))
+      << "of rows that are alike each counts";
+  EXPECT_EQ(import("折旧方法调整,00001,年数总和法,,it's\n原值增加,00001,100,,两次\n" + twice),
+            (Lines{"2 =00004", "3 +00005", "4 =00001"}));
+  EXPECT_EQ(count("fa_Vouchers") + "|" + count("fa_Cards"), "5|8");
+  EXPECT_EQ(rows("select dDate,sOperater,mMemo from Fa_log where mMemo like '*00001：*'"),
+            Lines{"2020-5-15|陈会计|导入变动单 00001：原值增加,00001,100,,\"盘盈, 两次\""});
+
+  context.gdOpDate = day("2020-5-31");
+  EXPECT_EQ(import(twice), Lines{"2 =00001"}) << "the open month";
+  context.gdOpDate = day("2020-6-1");
+  EXPECT_EQ(import(twice), Lines{"2 +00006"});
+  execute("delete from fa_Vouchers");
+  EXPECT_EQ(import(twice), Lines{"2 +00001"}) << "the sheets of before are gone with the books of before";
+}
+
 TEST_F(SheetImportTest, ACardOfTheMonthIsNotTransferred) {
   clock.set(day("2020-4-30"));
   EXPECT_EQ(import("部门转移,00001,302,,x"), Lines{"2 当月原始录入或新增的资产不允许做此种变动业务"});
@@ -147,7 +179,7 @@ TEST_F(SheetImportTest, ACardOfTheMonthIsNotTransferred) {
 TEST_F(SheetImportTest, ACodeIsThatOfTheArchiveHoweverItIsSpelled) {
   execute("insert into fa_departments (sNum,sName,lChilds) values ('A1','试制组',0)");
   EXPECT_EQ(import("部门转移,00001,a1,,x"), Lines{"2 +00001"});
-  EXPECT_EQ(import("部门转移,00001,a1,,x"), Lines{"2 变动后内容不应和变动前内容相同！"});
+  EXPECT_EQ(import("部门转移,00001,a1,,y"), Lines{"2 变动后内容不应和变动前内容相同！"});
   EXPECT_EQ(row("select sDeptNum from fa_Cards where iOptType=7"), "A1");
 }
 

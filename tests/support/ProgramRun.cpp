@@ -105,14 +105,14 @@ ProgramResult ProgramRun::finish() {
   return result_;
 }
 
-void ProgramRun::kill() {
+ProgramResult ProgramRun::kill() {
   ::kill(process_, SIGKILL);
-  finish();
+  return finish();
 }
 
-void ProgramRun::killAfter(std::chrono::microseconds delay) {
+ProgramResult ProgramRun::killAfter(std::chrono::microseconds delay) {
   std::this_thread::sleep_for(delay);
-  kill();
+  return kill();
 }
 
 void ProgramRun::closeInput() {

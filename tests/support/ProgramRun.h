@@ -35,9 +35,10 @@ class ProgramRun {
   bool waitForOutput(const std::string& text);
   /// Reads what it printed to its end.
   ProgramResult finish();
-  void kill();
+  /// Gives what it has printed until then.
+  ProgramResult kill();
   /// Kills it when it has run for this long.
-  void killAfter(std::chrono::microseconds delay);
+  ProgramResult killAfter(std::chrono::microseconds delay);
   /// Closes the reading end of its standard output.
   void closeOutput();
 

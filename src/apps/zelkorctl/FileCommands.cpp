@@ -2,35 +2,89 @@
 
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
+#include "apps/zelkorctl/ToldLines.h"
 #include "base/RuntimeError.h"
 #include "cards/CardImport.h"
 #include "changes/SheetImport.h"
-#include "closing/DisposalTable.h"
+#include "closing/DisposalImport.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {
 
-/// Prints how many rows of a file were stored; returns the status.
-int summed(long stored, long refused, std::ostream& output) {
-  output << "共 " << stored + refused << " 行：已保存 " << stored << " 行，拒绝 " << refused << " 行\n";
-  return refused == 0 ? 0 : 1;
+/// How many rows of a file ended in which way.
+struct Sums {
+  long stored = 0;
+  long before = 0;
+  long refused = 0;
+};
+
+/// Prints them; returns the status.
+int summed(const Sums& sums, std::ostream& output) {
+  output << "共 " << sums.stored + sums.before + sums.refused << " 行：已保存 " << sums.stored << " 行，";
+  if (sums.before > 0) output << "以前已保存 " << sums.before << " 行，";
+  output << "拒绝 " << sums.refused << " 行\n";
+  return sums.refused == 0 ? 0 : 1;
 }
 
-void print(const ImportedSheet& sheet, std::ostream& output) {
-  if (sheet.line > 0) output << "第" << sheet.line << "行";
-  if (sheet.row) output << " 卡片 " << sheet.row->cardNum << " " << sheet.row->kind;
-  output << (sheet.line > 0 ? "：" : "") << (sheet.saved ? "变动单 " : "") << sheet.text << '\n';
+void count(SheetEnd end, Sums& sums) {
+  ++(end == SheetEnd::Saved ? sums.stored : end == SheetEnd::Before ? sums.before : sums.refused);
 }
 
-void dispose(RunContext& context, std::span<const CsvTableRow> rows, std::ostream& problems) {
-  const DisposalTable list = listDisposals(context.dbZKData, rows);
-  for (const std::string& problem : list.problems) problems << problem << '\n';
-  if (!list.problems.empty()) throw EndProgram{1};
+std::string lineOf(const ImportedSheet& sheet) {
+  std::string line = sheet.line > 0 ? sql("第", sheet.line, "行") : "";
+  if (sheet.row) line += " 卡片 " + sheet.row->cardNum + " " + sheet.row->kind;
+  line +=
+      (line.empty() ? "" : "：") + std::string(sheet.end == SheetEnd::Refused ? "" : "变动单 ") + sheet.text;
+  return line + (sheet.end == SheetEnd::Before ? "，以前已保存，不再保存" : "");
+}
+
+/// The error on the way is the one to report.
+void tellIfPossible(ToldLines& told) {
+  try {
+    told.tell();
+  } catch (const RuntimeError&) {
+    // what was not told is told as saved before when the file is given again
+  }
+}
+
+/// How far a file of disposals has come.
+struct Disposals {
+  std::size_t rows = 0;
+  long disposed = 0;
+  long before = 0;
+};
+
+std::string lineOf(const ImportedDisposal& disposal) {
+  const std::string line = sql("第", disposal.line, "行 卡片 ", disposal.cardNum, "：");
+  if (disposal.end == DisposalEnd::Disposed) return line + "已减少";
+  if (disposal.end == DisposalEnd::Before) return line + "以前已减少，不再减少";
+  return line + (disposal.offTheBooks ? "已减少，但" : "未减少，") + "在此因错误中断";
+}
+
+void dispose(RunContext& context, std::span<const CsvTableRow> rows, Disposals& sums, ToldLines& told,
+             std::ostream& problems) {
+  DisposalImport import(context, rows);
+  for (const std::string& problem : import.problems()) problems << problem << '\n';
+  if (!import.problems().empty()) throw EndProgram{1};
   if (refusedBeforeDepreciation(context)) throw EndProgram{1};
-  if (!disposeOfAssets(context, list.assets)) throw EndProgram{1};
+  sums.rows = rows.size();
+  const bool whole = import.dispose([&](const ImportedDisposal& disposal) {
+    if (disposal.offTheBooks) ++(disposal.end == DisposalEnd::Before ? sums.before : sums.disposed);
+    told.add(lineOf(disposal));
+    if (disposal.end == DisposalEnd::Broken) told.tell();
+  });
+  if (!whole) throw EndProgram{1};
   tellDisposed(context);
+}
+
+void printSums(const Disposals& sums, std::ostream& output) {
+  if (sums.rows == 0) return;
+  output << "共 " << sums.rows << " 行：已减少 " << sums.disposed << " 行，";
+  if (sums.before > 0) output << "以前已减少 " << sums.before << " 行，";
+  output << "未减少 " << static_cast<long>(sums.rows) - sums.disposed - sums.before << " 行\n";
 }
 
 }  // namespace
@@ -42,32 +96,45 @@ int importCardsCommand(const JobRun& job, const std::string& file, int newType, 
     const ImportResult result = importCards(context, csv, newType, problems);
     context.engine.flush();
     problems.flush();
-    return summed(result.stored, result.refused, output);
+    return summed({.stored = result.stored, .refused = result.refused}, output);
   });
 }
 
 int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output) {
   const std::string csv = contentOf(file);
   return inPreparedRun(job, output, [&](RunContext& context) {
-    long saved = 0;
-    long refused = 0;
-    importSheets(context, csv, [&](const ImportedSheet& sheet) {
-      ++(sheet.saved ? saved : refused);
-      print(sheet, output);
-    });
-    context.engine.flush();
-    return summed(saved, refused, output);
+    Sums sums;
+    ToldLines told(context.engine, output);
+    const auto import = [&] {
+      importSheets(context, csv, [&](const ImportedSheet& sheet) {
+        count(sheet.end, sums);
+        told.add(lineOf(sheet));
+      });
+    };
+    try {
+      import();
+    } catch (const RuntimeError&) {
+      tellIfPossible(told);
+      throw;
+    }
+    told.tell();
+    return summed(sums, output);
   });
 }
 
 int disposeCommand(const JobRun& job, const std::string& file, std::ostream& output, std::ostream& problems) {
   const auto rows = readDisposalRows(contentOf(file));
   return inRun(job, output, [&](RunContext& context) {
+    Disposals sums;
+    ToldLines told(context.engine, output);
+    context.dialogs.setBeforeShowing([&told] { told.tell(); });
     const auto work = [&] {
       prepareRun(context, job.arguments);
-      dispose(context, rows, problems);
+      dispose(context, rows, sums, told, problems);
     };
-    return runToEnd(context, work).value_or(0);
+    const int status = runToEnd(context, work).value_or(0);
+    printSums(sums, output);
+    return status;
   });
 }
 

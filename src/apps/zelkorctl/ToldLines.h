@@ -1,0 +1,40 @@
+#pragma once
+
+#include <chrono>
+#include <ostream>
+#include <string>
+#include <utility>
+
+#include "store/accountset/DbEngine.h"
+
+namespace zelkor {
+
+/// Lines that tell of rows that are saved, one by one. Each is printed when what it tells is on disk, those
+/// of a moment together, so that a long file does not wait for the disk at every row.
+class ToldLines {
+ public:
+  ToldLines(DbEngine& engine, std::ostream& output) : engine_(engine), output_(output) {}
+
+  /// Takes a line, without its end.
+  void add(const std::string& line) {
+    lines_ += line + '\n';
+    if (Clock::now() - told_ >= kLongestWait) tell();
+  }
+  /// Forces to disk what was written and prints the lines that wait. Before anything else is printed.
+  void tell() {
+    engine_.flush();
+    output_ << std::exchange(lines_, {}) << std::flush;
+    told_ = Clock::now();
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::milliseconds kLongestWait{50};
+
+  DbEngine& engine_;
+  std::ostream& output_;
+  std::string lines_;
+  Clock::time_point told_ = Clock::now();
+};
+
+}  // namespace zelkor

@@ -1,5 +1,6 @@
 #include "apps/zelkorctl/VoucherCommands.h"
 
+#include <optional>
 #include <ostream>
 
 #include "base/TextGridPrinter.h"
@@ -14,6 +15,13 @@ TextGrid vouchersOfMonth(RunContext& run, ClsQueryPZ& query) {
   return queriedVouchers(query.rstGetCards(run.period(), run.period()));
 }
 
+std::optional<QueriedVoucher> voucherOfMonth(RunContext& run, ClsQueryPZ& query, const std::string& number) {
+  const TextGrid vouchers = vouchersOfMonth(run, query);
+  for (std::size_t row = vouchers.headerRows(); row < vouchers.rows(); ++row)
+    if (vouchers.text(row, query_column::VoucherNumber) == number) return queriedVoucher(vouchers, row);
+  return std::nullopt;
+}
+
 void print(const BilledEvent& billed, std::ostream& output, std::ostream& problems) {
   if (!billed.saved) {
     problems << "未生成凭证：" << billed.event << '\n';
@@ -21,7 +29,7 @@ void print(const BilledEvent& billed, std::ostream& output, std::ostream& proble
   }
   output << billed.voucherNumber << "  " << billed.voucherKey << "  " << billed.lines << " 条分录，借方 "
          << voucherAmountText(billed.totals.debit) << "，贷方 " << voucherAmountText(billed.totals.credit)
-         << (billed.totals.balanced() ? "" : "，借贷不平") << '\n';
+         << (billed.totals.balanced() ? "" : "，借贷不平") << std::endl;
 }
 
 }  // namespace
@@ -49,6 +57,7 @@ int makeVouchersCommand(const JobRun& job, const MakeVouchersOptions& options, s
     long refused = 0;
     maker.makeAll([&](const BilledEvent& billed) {
       ++(billed.saved ? made : refused);
+      run.engine.flush();  // what is told stays
       print(billed, output, problems);
     });
     output << "共 " << made + refused << " 张凭证：已保存 " << made << " 张，未保存 " << refused << " 张\n";
@@ -68,12 +77,15 @@ int deleteVoucherCommand(const JobRun& job, const std::string& number, std::ostr
                          std::ostream& problems) {
   return inPreparedRun(job, output, [&](RunContext& run) {
     ClsQueryPZ query(run);
-    const TextGrid vouchers = vouchersOfMonth(run, query);
-    for (std::size_t row = vouchers.headerRows(); row < vouchers.rows(); ++row) {
-      if (vouchers.text(row, query_column::VoucherNumber) != number) continue;
-      return deleteQueriedVoucher(run, query, queriedVoucher(vouchers, row)) ? 0 : 1;
+    const auto voucher = voucherOfMonth(run, query, number);
+    if (!voucher) {
+      problems << queryPeriodText(run.gdOpDate) << " 没有凭证“" << number << "”\n";
+      return 1;
     }
-    problems << queryPeriodText(run.gdOpDate) << " 没有凭证“" << number << "”\n";
+    if (!deleteQueriedVoucher(run, query, *voucher)) return 1;
+    // The deletion goes by event and day, and says that it succeeded when it meets no row.
+    if (!voucherOfMonth(run, query, number)) return 0;
+    problems << "凭证“" << number << "”仍在账中，没有删除\n";
     return 1;
   });
 }

@@ -112,7 +112,8 @@ constexpr std::string_view kStyle =
 }  // namespace
 
 std::vector<std::string> captionLines(const ReportView& view) {
-  std::vector<std::string> lines{view.unitLine};
+  std::vector<std::string> lines;
+  if (view.unitLine != kUnitLineAsDrawn) lines.push_back(view.unitLine);
   std::string period = view.periodCaption;
   if (view.periodListVisible && view.selectedPeriod < view.periods.size()) {
     period += view.periods[view.selectedPeriod];

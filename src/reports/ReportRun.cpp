@@ -27,11 +27,18 @@ std::size_t positionOf(const std::string& period, const ReportConditions& condit
   return position;
 }
 
+Recordset accountRow(RunContext& run) {
+  return run.dbZKSystem.OpenRecordset(sql("select * from za_account where cAcc_id='", run.gstrAccountId, "'"));
+}
+
 }  // namespace
 
+bool isAccountKnown(RunContext& run) {
+  return !accountRow(run).Eof();
+}
+
 void fillViewHeader(RunContext& run, const ReportConditions& conditions, ReportView& view) {
-  const Recordset account =
-      run.dbZKSystem.OpenRecordset(sql("select * from za_account where cAcc_id='", run.gstrAccountId, "'"));
+  const Recordset account = accountRow(run);
   if (account.Eof()) return;
   view.unitLine = "使用单位：" + account.TextOrEmpty("cUnitName");
   view.periods.insert(view.periods.end(), conditions.months.begin(), conditions.months.end());

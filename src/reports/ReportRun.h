@@ -15,6 +15,9 @@ namespace zelkor {
 /// view stays as it is. Periods that are there already stay there too.
 void fillViewHeader(RunContext& run, const ReportConditions& conditions, ReportView& view);
 
+/// Whether the system file has the account set's row.
+bool isAccountKnown(RunContext& run);
+
 /// The memo that the operation log gets before the report is computed; none for some kinds.
 std::optional<std::string> reportMemo(const ReportKind& kind, const ReportConditions& conditions);
 

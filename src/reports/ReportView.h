@@ -14,9 +14,12 @@ struct ConditionLine {
   bool visible = true;
 };
 
+/// What Label1(0) shows until the account set's unit is known.
+inline constexpr const char* kUnitLineAsDrawn = "Label1";
+
 /// A report as it is looked at: caption lines and the grid. Exists only while it is open.
 struct ReportView {
-  std::string unitLine = "Label1";              // Label1(0), as drawn until the account set's unit is known
+  std::string unitLine = kUnitLineAsDrawn;      // Label1(0)
   std::array<ConditionLine, 2> conditionLines;  // Label1(1), Label1(2)
   bool secondLineMovedUp = false;               // Label1(2) stands where Label1(1) is
   std::string periodCaption = "期间：";         // Label3

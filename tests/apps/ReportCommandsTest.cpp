@@ -91,6 +91,15 @@ TEST_F(ReportCommandsTest, SetsTheConditionsThatThePageHas) {
   EXPECT_NE(run(asked).output.find("汇总部门：2---2"), std::string::npos) << run(asked).output;
 }
 
+TEST_F(ReportCommandsTest, NamesAnAccountThatTheSystemFileDoesNotHave) {
+  context.dbZKSystem.Execute("delete from za_account");
+  engine.flush();
+  const Outcome outcome = run(options("固定资产总账"));
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.problems, "系统文件的 za_account 中没有账套“001”，报表不含使用单位\n");
+  EXPECT_EQ(outcome.output.find("Label1"), std::string::npos);
+}
+
 TEST_F(ReportCommandsTest, WritesEveryForm) {
   const std::pair<const char*, const char*> forms[] = {{"text", "固定资产总账\n"},
                                                        {"csv", "\xEF\xBB\xBF"},

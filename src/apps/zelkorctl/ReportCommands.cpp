@@ -106,6 +106,12 @@ void writeReport(RunContext& context, const ReportKind& kind, const ReportCondit
   }
 }
 
+/// Without its row the report does not tell whose it is.
+void nameUnknownAccount(RunContext& context, std::ostream& problems) {
+  if (isAccountKnown(context)) return;
+  problems << "系统文件的 za_account 中没有账套“" << context.gstrAccountId << "”，报表不含使用单位\n";
+}
+
 }  // namespace
 
 int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream& output,
@@ -119,6 +125,7 @@ int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream&
   return inPreparedRun(job, output, [&](RunContext& context) {
     try {
       const ReportConditions conditions = readConditions(context, *kind, options.conditions);
+      nameUnknownAccount(context, problems);
       writeReport(context, *kind, conditions, options, output, problems);
       return 0;
     } catch (const ConditionRefused& refused) {

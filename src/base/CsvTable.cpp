@@ -69,7 +69,9 @@ std::string csvCellText(std::size_t line, std::string_view column, const std::st
 void requireUtf8(std::string_view csv) {
   for (std::size_t line = 1; !csv.empty(); ++line) {
     const std::size_t end = std::min(csv.find('\n'), csv.size() - 1) + 1;
-    if (!isValidUtf8(csv.substr(0, end))) refuse("文件不是 UTF-8 编码（第" + std::to_string(line) + "行）");
+    if (!isValidUtf8(csv.substr(0, end)))
+      refuse("文件不是 UTF-8 编码（第" + std::to_string(line) +
+             "行）：请在电子表格中另存为“CSV UTF-8（逗号分隔）”");
     csv.remove_prefix(end);
   }
 }

@@ -34,7 +34,7 @@ TEST(CsvTableTest, SaysWhatIsWrongWithATable) {
       {"卡片\n", "表头中列“原因”缺少"},
       {"卡片,原因,卡片\n", "表头中列“卡片”出现了不止一次"},
       {"卡片,原因\n1\n", "第2行有1列，表头有2列"},
-      {"卡片,原因\n1,\xFF\n", "文件不是 UTF-8 编码（第2行）"},
+      {"卡片,原因\n1,\xFF\n", "文件不是 UTF-8 编码（第2行）：请在电子表格中另存为“CSV UTF-8（逗号分隔）”"},
       {"卡片,原因\n1,\"open\n", "第 2 行第 3 列：引号没有结束"}};
   for (const auto& [csv, reason] : cases) {
     try {

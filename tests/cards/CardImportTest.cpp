@@ -160,7 +160,8 @@ TEST_F(ImportTest, AFileThatCannotBeReadAsARegisterSavesNothing) {
     }
   };
   EXPECT_EQ(refused(""), "文件是空的：没有表头");
-  EXPECT_EQ(refused("固定资产名称\n\xB9\xCC\n"), "文件不是 UTF-8 编码（第2行）");
+  EXPECT_EQ(refused("固定资产名称\n\xB9\xCC\n"),
+            "文件不是 UTF-8 编码（第2行）：请在电子表格中另存为“CSV UTF-8（逗号分隔）”");
   Rows rows = goodRegister();
   rows[0][10] = "原价";
   rows[0][8] = "方法";

@@ -85,7 +85,7 @@ using Job = std::function<void(RunContext&)>;
 
 void closeTheMonth(RunContext& run) {
   try {
-    closeMonth(run, {[](int) {}, [] {}});
+    closeMonth(run, {[](int) {}, [](const auto&) {}});
   } catch (const EndProgram&) {
     return;
   }

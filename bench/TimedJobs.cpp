@@ -24,7 +24,7 @@ double secondsOfMonthEnd(const LargeAccountSet& original) {
   bool closed = false;
   const double seconds = secondsOf([&] {
     try {
-      closeMonth(session.run(), {[](int) {}, [] {}});
+      closeMonth(session.run(), {[](int) {}, [](const auto&) {}});
     } catch (const EndProgram&) {
       closed = true;
     }

@@ -18,7 +18,8 @@ struct SheetRow {
   std::string reason;
 };
 
-/// Which form a value after has to have that is typed on the screen, and has not; nothing when it may be saved.
+/// Which form a value after has to have that is typed on the screen, and has not; nothing when it may be
+/// saved.
 std::optional<std::string> formProblem(ChangeKind kind, const std::string& after);
 
 // What the pickers of the screens would give for a cell. An answer is why they would not.

@@ -28,7 +28,8 @@ std::size_t positionOf(const std::string& period, const ReportConditions& condit
 }
 
 Recordset accountRow(RunContext& run) {
-  return run.dbZKSystem.OpenRecordset(sql("select * from za_account where cAcc_id='", run.gstrAccountId, "'"));
+  return run.dbZKSystem.OpenRecordset(
+      sql("select * from za_account where cAcc_id='", run.gstrAccountId, "'"));
 }
 
 }  // namespace

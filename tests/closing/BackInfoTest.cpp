@@ -63,7 +63,7 @@ TEST_F(BackInfoTest, TellsHowFarTheBackupIs) {
                                       if (steps.empty() || steps.back().first != percent)
                                         steps.emplace_back(percent, backups().size());
                                     },
-                                    [&] { steps.emplace_back(-1, dialogs.boxes().size()); }}),
+                                    [&](const auto&) { steps.emplace_back(-1, dialogs.boxes().size()); }}),
                EndProgram);
   const std::vector<std::pair<int, std::size_t>> wanted = {{1, 0},   {30, 7},   {50, 13},
                                                            {89, 23}, {100, 30}, {-1, 0}};

@@ -36,7 +36,7 @@ class MonthEndTest : public ClosingTest {
   /// True when the program was ended, as it is after a closing.
   bool close() {
     try {
-      closeMonth(context, {[](int) {}, [] {}});
+      closeMonth(context, {[](int) {}, [](const auto&) {}});
       return false;
     } catch (const EndProgram& end) {
       return end.status == 0;

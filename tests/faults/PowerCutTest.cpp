@@ -100,7 +100,8 @@ TEST_F(PowerCutTest, TakesNothingThatWasTold) {
            EXPECT_TRUE(billed.saved);
          });
        }},
-      {"closing", [](RunContext& run) { closeMonth(run, {.backup = [](int) {}, .backupEnded = [](const auto&) {}}); }},
+      {"closing",
+       [](RunContext& run) { closeMonth(run, {.backup = [](int) {}, .backupEnded = [](const auto&) {}}); }},
       {"initialisation",
        [](RunContext& run) { ReinitialiseAccount(run.engine, run.gstrZtFile, run.dbZKData); }},
   };

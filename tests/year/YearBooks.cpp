@@ -132,7 +132,7 @@ void YearBooks::runMonth() {
 
 void YearBooks::closeMonth() {
   try {
-    zelkor::closeMonth(context_, {[](int) {}, [] {}});
+    zelkor::closeMonth(context_, {[](int) {}, [](const auto&) {}});
     dialogs_.note("the month is not closed");
   } catch (const EndProgram& end) {
     dialogs_.note(sql("end of the program, status ", end.status));

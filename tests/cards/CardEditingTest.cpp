@@ -1,9 +1,8 @@
-#include <cstdlib>
 #include <sstream>
 
 #include "cards/CardEditing.h"
 #include "cards/CardFixture.h"
-#include "support/Paths.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -56,18 +55,15 @@ std::string entered(const std::string& line) {
 }
 
 // Each line gives a card and, last, what is entered into one field; behind the arrow stands what the card
-// shows otherwise then. Set ZELKOR_REWRITE_GOLDEN to write the file anew.
+// shows otherwise then.
 TEST(CardEditingTest, takesWhatIsEnteredAndCalculatesFromIt) {
-  const auto file = testFolder() / "cards/golden/entries.txt";
-  std::istringstream lines(readFile(file));
-  std::string expected;
+  const std::string file = "cards/golden/entries.txt";
+  std::istringstream lines(readFile(testFolder() / file));
   std::string actual;
   for (std::string line; std::getline(lines, line);) {
-    expected += line + "\n";
     actual += (line.empty() || line[0] == '#' ? line : entered(line)) + "\n";
   }
-  if (std::getenv("ZELKOR_REWRITE_GOLDEN")) writeFile(file, actual);
-  EXPECT_EQ(actual, expected);
+  expectGolden(file, actual);
 }
 
 class CardSavingByEditorTest : public CardTest {

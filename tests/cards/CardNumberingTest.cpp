@@ -1,4 +1,7 @@
+#include <map>
+
 #include "cards/CardFixture.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -16,41 +19,23 @@ class CardNumberingTest : public CardTest {
 };
 
 TEST_F(CardNumberingTest, countsOnFromTheHighestCardNumberAsText) {
-  const struct {
-    std::vector<std::string> numbers;
-    const char* next;
-  } cases[] = {
-      {{}, "00001"},
-      {{"00001", "00012", "00003"}, "00013"},
-      {{"00012", "9"}, "00010"},
-      {{"00012", "K-7"}, "00001"},
-      {{"99999"}, "100000"},
-      {{"99999", "100000"}, "100000"},
-  };
   setParameter("iCardSequenceNumLength", "8");
-  for (const auto& c : cases) {
+  for (const auto& one : casesIn("cards/card-numbers.txt")) {
     execute("delete from fa_Cards");
-    for (const std::string& number : c.numbers) addVersion("1", number);
+    for (std::size_t i = 1; i < one.size(); ++i) addVersion("1", one[i]);
     std::int32_t length = 0;
-    EXPECT_EQ(cards.GetNewCardNum(length), c.next);
+    EXPECT_EQ(cards.GetNewCardNum(length), one[0]);
     EXPECT_EQ(length, 5);
   }
 }
 
 TEST_F(CardNumberingTest, countsAssetNumbersWithinTheCategory) {
-  const struct {
-    const char* highest;
-    const char* next;
-  } cases[] = {
-      {"02100007", "02100008"}, {"021X7", "02100001"}, {"021", "02100001"},
-      {"00041", "02100042"},    {"", "02100001"},      {"02199999", "021100000"},
-  };
   EXPECT_EQ(cards.GetNewAssetNum("021"), "02100001");
   addVersion("1", "00001", "04100099", "041");
-  for (const auto& c : cases) {
+  for (const auto& one : casesIn("cards/asset-numbers.txt")) {
     execute("delete from fa_Cards where sTypeNum='021'");
-    addVersion("2", "00002", c.highest);
-    EXPECT_EQ(cards.GetNewAssetNum("021"), c.next) << c.highest;
+    addVersion("2", "00002", one[1]);
+    EXPECT_EQ(cards.GetNewAssetNum("021"), one[0]) << one[1];
   }
   EXPECT_EQ(cards.GetNewAssetNum1("041"), "00100");
 }
@@ -82,20 +67,14 @@ TEST_F(CardNumberingTest, walksAllVersionsOfAllCards) {
   EXPECT_EQ(method, "kept");
   for (const char* cardID : {"2", "9", "10", "11"}) addVersion(cardID, "00001");
   execute("update fa_Cards set sDeprMethodID=sCardID");
-  const struct {
-    const char* current;
-    CardMove move;
-    const char* reached;
-  } cases[] = {
-      {"9", CardMove::First, "2"},    {"9", CardMove::Last, "11"}, {"10", CardMove::Previous, "9"},
-      {"2", CardMove::Previous, "2"}, {"9", CardMove::Next, "10"}, {"11", CardMove::Next, "11"},
-      {"5", CardMove::Previous, "2"}, {"3", CardMove::Next, "10"}, {"1", CardMove::Previous, ""},
-      {"abc", CardMove::Next, ""},
-  };
-  for (const auto& c : cases) {
+  const std::map<std::string, CardMove> moves = {{"first", CardMove::First},
+                                                 {"last", CardMove::Last},
+                                                 {"previous", CardMove::Previous},
+                                                 {"next", CardMove::Next}};
+  for (const auto& one : casesIn("cards/moves.txt")) {
     method = "";
-    EXPECT_EQ(cards.GetAssetCard(c.current, c.move, method), c.reached) << c.current;
-    EXPECT_EQ(method, c.reached) << c.current;
+    EXPECT_EQ(cards.GetAssetCard(one[0], moves.at(one[1]), method), one[2]) << one[0];
+    EXPECT_EQ(method, one[2]) << one[0];
   }
 }
 

@@ -1,7 +1,5 @@
-#include <cstdlib>
-
 #include "cards/CardFixture.h"
-#include "support/Paths.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -39,7 +37,6 @@ class CardSavingTest : public CardTest {
   }
 };
 
-// Set ZELKOR_REWRITE_GOLDEN to write the file anew.
 TEST_F(CardSavingTest, writesTheRowsOfNewAndChangedCards) {
   using enum CardField;
   for (const char* key : {"00000000000000000100", "99"}) {
@@ -74,9 +71,7 @@ TEST_F(CardSavingTest, writesTheRowsOfNewAndChangedCards) {
   EXPECT_TRUE(cards.UpdateCard(workload, 5, "00005", CardLayout::Workload));
   content += "Changed cards\n" + allRows();
 
-  const auto file = testFolder() / "cards/golden/saved.txt";
-  if (std::getenv("ZELKOR_REWRITE_GOLDEN")) writeFile(file, content);
-  EXPECT_EQ(content, readFile(file));
+  expectGolden("cards/golden/saved.txt", content);
 }
 
 TEST_F(CardSavingTest, deletesTheCardAndLeavesItsRowsByDepartment) {
@@ -92,20 +87,10 @@ TEST_F(CardSavingTest, deletesTheCardAndLeavesItsRowsByDepartment) {
 }
 
 TEST_F(CardSavingTest, writesNothingWhenTheCardItselfIsRefused) {
-  using enum CardField;
-  const struct {
-    CardField field;
-    const char* text;
-  } cases[] = {
-      {AssetName, "10' container"}, {OriginalValue, ""},        {OriginalValue, "1,200"},
-      {UsefulLife, "5年0月"},       {MonthsDepreciated, ""},    {StartDate, ""},
-      {EntryDate, "soon"},          {DepreciationMethod, "o'"}, {DepreciationSubject, "41'"},
-      {ResidualRate, "5%"},
-  };
-  for (const auto& c : cases) {
+  for (const auto& one : casesIn("cards/refused.txt")) {
     CardValues values = card("00001");
-    values[c.field] = c.text;
-    EXPECT_FALSE(save(values)) << cardFieldLabel(c.field) << " " << c.text;
+    values[cardFieldOfLabel(one[0]).value()] = one[1];
+    EXPECT_FALSE(save(values)) << one[0] << " " << one[1];
   }
   for (const char* table : {"fa_Cards", "fa_DeptScale", "fa_Cards_Detail", "fa_DeprTransactions"}) {
     EXPECT_EQ(count(table), "0") << table;

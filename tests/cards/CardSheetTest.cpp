@@ -1,5 +1,7 @@
+#include "base/Conversion.h"
 #include "cards/CardFixture.h"
 #include "cards/CardSheet.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -16,25 +18,21 @@ class CardSheetTest : public CardTest {
   CardSheet fresh(const std::string& category) {
     return newCard(cards, opArgs, CardMode::Original, category);
   }
-  /// The texts of all fields, joined by "|".
-  static std::string all(const CardValues& values) {
-    std::string line;
+  /// The fields that show something.
+  static std::string shownText(const CardSheet& sheet) {
+    std::string text = sheet.layout == CardLayout::Workload ? "card by workload\n" : "ordinary card\n";
     for (const CardFieldRow& field : cardFields()) {
-      line += (field.field == CardNumber ? "" : "|") + values[field.field];
+      const std::string& shown = sheet.texts[field.field];
+      if (!shown.empty()) text += "  " + std::string(field.label) + ": " + shown + "\n";
     }
-    return line;
+    return text;
   }
 
   ClsOpArgs opArgs;
 };
 
 TEST_F(CardSheetTest, fillsANewCardFromItsCategory) {
-  EXPECT_EQ(all(fresh("021").texts),
-            "00001|2020-05-15|02100001||021|生产设备||||||10年0月|平均年限法(一)||0|人民币|0.00|0.05|0.00|"
-            "0.00|0|0.00|0.00|||陈会计|2020-05-15||||");
-  const CardSheet workload = fresh("032");
-  EXPECT_EQ(workload.layout, CardLayout::Workload);
-  EXPECT_EQ(workload.texts[UsefulLife] + workload.texts[DepreciationMethod], "4年0月工作量法");
+  expectGolden("cards/golden/new-cards.txt", shownText(fresh("021")) + shownText(fresh("032")));
 }
 
 TEST_F(CardSheetTest, takesWhatTheCategoryLacksFromElsewhere) {
@@ -59,16 +57,9 @@ TEST_F(CardSheetTest, takesWhatTheCategoryLacksFromElsewhere) {
 
 TEST_F(CardSheetTest, showsAStoredCard) {
   ASSERT_TRUE(save(card("00001")));
-  EXPECT_EQ(all(storedCard(cards, "1")->texts),
-            "00001|2020-05-15|02100001|车床|021|生产设备||一车间|直接购入|东区|在用|10年0月|平均年限法(一)|"
-            "2020-04-01|1|人民币|12000.50|5%|600.03|95.00|0||11905.50|410502,折旧费||李录入|2020-05-15||||");
   ASSERT_TRUE(save(workloadCard("00002"), NewCardType::Original, CardLayout::Workload));
-  const CardSheet workload = *storedCard(cards, "2");
-  EXPECT_EQ(workload.layout, CardLayout::Workload);
-  EXPECT_EQ(workload.texts[MonthlyRate] + "|" + workload.texts[TotalWorkload] + "|" +
-                workload.texts[WorkloadDone] + "|" + workload.texts[WorkloadUnit] + "|" +
-                workload.texts[DeductibleTax],
-            "1.25|9600||小时|1560.07");
+  expectGolden("cards/golden/stored-cards.txt",
+               shownText(*storedCard(cards, "1")) + shownText(*storedCard(cards, "2")));
 }
 
 TEST_F(CardSheetTest, savesAStoredCardAsItFoundIt) {
@@ -131,10 +122,10 @@ TEST_F(CardSheetTest, turnsWhatIsShownIntoWhatIsStored) {
 
 TEST(CardLifeTest, readsAndWritesYearsAndMonths) {
   EXPECT_EQ(lifeText(0) + lifeText(66) + lifeText(120), "0年0月5年6月10年0月");
-  const std::pair<const char*, std::optional<double>> cases[] = {
-      {"5年6月", 66}, {"10年0月", 120},     {"年6月", 6},          {"5年月", 60},         {"1.5年0月", 18},
-      {"月5年", 0},   {"66", std::nullopt}, {"5年", std::nullopt}, {"6月", std::nullopt}, {"", std::nullopt}};
-  for (const auto& [text, months] : cases) EXPECT_EQ(monthsOfLife(text), months) << text;
+  for (const auto& one : casesIn("cards/lives.txt")) {
+    const auto months = monthsOfLife(one[0]);
+    EXPECT_EQ(months ? textOfDouble(*months) : "none", one[1]) << one[0];
+  }
 }
 
 }  // namespace

@@ -16,14 +16,14 @@ class CardListsTest : public SheetTest {
     execute("update fa_Cards set dblTransInDeprTCard=0 where sCardNum='00002'");
     execute("update fa_Cards set dDisposeDate=#2020-5-1#,dTransDate=#2020-5-1# where sCardNum='00003'");
   }
-  /// The rows without heading, of the columns from `first` on, behind the card number.
-  Rows list(ChangeKind kind, std::size_t first = 5) {
+  /// The rows without heading, of the columns from the sixth on, behind the card number.
+  Rows list(ChangeKind kind) {
     Rows rows;
     const TextGrid grid = cardDetailList(db(), kind, context.gdOpDate);
     EXPECT_EQ(grid.headerRows(), 1U);
     for (std::size_t row = 1; row < grid.rows(); ++row) {
       rows.push_back({grid.text(row, 0)});
-      for (std::size_t column = first; column < grid.columns(); ++column)
+      for (std::size_t column = 5; column < grid.columns(); ++column)
         rows.back().push_back(grid.text(row, column));
     }
     return rows;
@@ -31,17 +31,12 @@ class CardListsTest : public SheetTest {
 };
 
 TEST_F(CardListsTest, EachKindHasItsCardsAndColumns) {
-  EXPECT_EQ(
-      list(ChangeKind::OriginalValue, 1),
-      (Rows{{"00001", "021000001", "车床"}, {"00002", "021000002", "车床"}, {"00003", "021000003", "车床"}}));
-  EXPECT_EQ(list(ChangeKind::UsageStatus),
-            (Rows{{"00001", "在用", "11"}, {"00002", "在用", "11"}, {"00003", "在用", "11"}}));
-  EXPECT_EQ(list(ChangeKind::AccumulatedDepr), (Rows{{"00001", "95"}, {"00003", "95"}}));
-  EXPECT_EQ(list(ChangeKind::UsefulLife), (Rows{{"00001", "60"}, {"00002", "60"}, {"00003", "60"}}));
-  EXPECT_EQ(list(ChangeKind::ResidualValue), (Rows{{"00001", "0.05", "50"}, {"00003", "0.05", "50"}}));
-  EXPECT_EQ(list(ChangeKind::Transfer, 1),
-            (Rows{{"00001", "021000001", "车床", "2020-04-01", "C6140", "一车间", "301", "2020-05-15"},
-                  {"00002", "021000002", "车床", "2020-04-01", "", "一车间", "301", "2020-04-15"}}));
+  std::string lists;
+  for (int kind = 0; kind <= static_cast<int>(ChangeKind::Transfer); ++kind) {
+    const TextGrid grid = cardDetailList(db(), static_cast<ChangeKind>(kind), context.gdOpDate);
+    lists += std::string(captionOf(static_cast<ChangeKind>(kind))) + "\n" + gridText(grid) + "\n";
+  }
+  expectGolden("changes/golden/card-lists.txt", lists);
 }
 
 TEST_F(CardListsTest, NewestVersionsAndSheetsComeFirst) {
@@ -93,27 +88,16 @@ TEST_F(CardListsTest, AnEmptyListHasItsHeadingAlone) {
 }
 
 TEST(DepartSplitTest, IsConfirmedOrRefused) {
-  const auto row = [](const char* code, const char* scale) {
+  const auto row = [](const std::string& code, const std::string& scale) {
     return SplitRow{code, code, scale, "", "", ""};
   };
-  const struct {
-    std::vector<SplitRow> rows;
-    const char* message;
-  } cases[] = {{{row("1", "50"), row("2", "50")}, ""},
-               {{row("1", "33.4"), row("2", "33.3"), row("4", "33.3")},
-                "使用部门比例总和不等于100%，请调整使用比例数值！"},
-               {{row("1", "50"), row("2", "49")}, "使用部门比例总和不等于100%，请调整使用比例数值！"},
-               {{row("1", "100")}, "资产多部门使用模式下，使用部门至少为两个"},
-               {{}, "资产多部门使用模式下，使用部门至少为两个"},
-               {{row("", "50"), row("2", "50")}, "使用部门非末级部门或不存在，请重新录入或参照选择"},
-               {{row("1", "50"), row("2", " ")}, "请填写使用部门“2”的使用比例！"},
-               {{row("1", "50"), row("2", "一半")}, "类型不匹配"},
-               {{row("1", "20000"), row("2", "20000")}, "溢出"}};
-  for (const auto& c : cases) {
+  for (const auto& one : casesIn("changes/splits.txt")) {
+    std::vector<SplitRow> shares;
+    for (std::size_t i = 1; i + 1 < one.size(); i += 2) shares.push_back(row(one[i], one[i + 1]));
     DepartSplit split;
     split.codes = "old/";
-    const auto refusal = confirmSplit(c.rows, split);
-    EXPECT_EQ(refusal ? refusal->text : "", c.message);
+    const auto refusal = confirmSplit(shares, split);
+    EXPECT_EQ(refusal ? refusal->text : "", one[0]);
     if (refusal) {
       EXPECT_EQ(refusal->title, "固定资产");
       EXPECT_EQ(refusal->icon, Icon::Information);

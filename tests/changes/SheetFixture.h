@@ -1,44 +1,13 @@
 #pragma once
 
-#include <algorithm>
-#include <map>
-
 #include "cards/CardFixture.h"
 #include "cards/CardVersions.h"
 #include "changes/ChangeSheets.h"
 #include "store/engine/Statement.h"
+#include "support/BookChanges.h"
 #include "support/Stranger.h"
 
 namespace zelkor::test {
-
-/// All rows of all tables, for the question what a save has touched.
-using Snapshot = std::map<std::string, std::vector<std::string>>;
-
-inline Snapshot snapshotOf(Database& database) {
-  Snapshot snapshot;
-  for (const std::string& table : database.TableDefs()) {
-    if (table.starts_with("zk_")) continue;
-    auto& rows = snapshot[table] = rowsOf(database.OpenRecordset(table));
-    std::ranges::sort(rows);
-  }
-  return snapshot;
-}
-
-/// Per table the rows that came and went: "fa_Cards +1", "fa_Total +2 -2".
-inline std::vector<std::string> touchedTables(const Snapshot& before, const Snapshot& after) {
-  const auto missing = [](const auto& from, const auto& in) {
-    std::vector<std::string> rows;
-    std::ranges::set_difference(from, in, std::back_inserter(rows));
-    return rows.size();
-  };
-  std::vector<std::string> touched;
-  for (const auto& [table, rows] : after) {
-    const auto came = missing(rows, before.at(table));
-    const auto went = missing(before.at(table), rows);
-    if (came + went > 0) touched.push_back(table + sql(" +", came) + (went > 0 ? sql(" -", went) : ""));
-  }
-  return touched;
-}
 
 /// A fresh account set in May 2020 (system date 2020-6-1) with the card 00001 of 1000.00, residual 50.00,
 /// life 60 months, in department 301, whose every column has something to be copied.
@@ -142,39 +111,14 @@ class SheetTest : public CardTest {
     expectSaved(kindOfSheets.save(goodSheet(kindOfSheets, cardNum)));
   }
 
-  /// Saves what touches only the tables named, each with its rows.
-  void expectTouched(ChangeSheets& kindOfSheets, const ChangeSheet& sheet,
-                     const std::vector<std::string>& tables) {
-    const Snapshot before = snapshotOf(db());
-    expectSaved(kindOfSheets.save(sheet));
-    EXPECT_EQ(touchedTables(before, snapshotOf(db())), tables);
+  /// Saves, and compares what that wrote with the file of that name.
+  void expectWrites(const std::string& name, ChangeSheets& kindOfSheets, const ChangeSheet& sheet) {
+    expectWritten(db(), "changes/golden/" + name + ".txt", [&] { expectSaved(kindOfSheets.save(sheet)); });
   }
-
-  /// Columns in which a version differs from another, as "column: before > after"; the versions by sCardID
-  /// and iOptType.
-  std::vector<std::string> differences(const std::string& from, const std::string& to) {
-    const Recordset a = db().OpenRecordset("select * from fa_Cards where " + from);
-    const Recordset b = db().OpenRecordset("select * from fa_Cards where " + to);
-    std::vector<std::string> found;
-    for (std::size_t i = 0; i < a.FieldCount(); ++i) {
-      const auto text = [i](const Recordset& rows) {
-        return rows.Fields(i).isNull() ? "~" : rows.Fields(i).text();
-      };
-      if (text(a) != text(b)) found.push_back(a.FieldName(i) + ": " + text(a) + " > " + text(b));
-    }
-    return found;
-  }
-
-  std::vector<std::string> sheetRows() {
-    return rows(
-        "select sNum,sCardNum,lOptID,sVoucherName,sVoucherEngName,iVoucherType,lPreOptID,sBeforeVoucher,"
-        "sAfterVoucher,memReason,dTransDate,sOperatorVou,sSiteAfter,iTransPeriod from fa_Vouchers order by "
-        "sNum");
-  }
-  std::vector<std::string> registerRows() {
-    return rows(
-        "select sID,sCardNum,sNum,sVoucherNum,dStartDate,memReason,lSheetNum,dTransDate "
-        "from fa_CardsSheets");
+  /// A good sheet of the kind.
+  void expectWrites(const std::string& name, ChangeKind kind) {
+    ChangeSheets kindOfSheets = sheets(kind);
+    expectWrites(name, kindOfSheets, goodSheet(kindOfSheets));
   }
 
   /// The bare engine on the data file, as a foreign tool has it.

@@ -30,12 +30,6 @@ class ClosingTest : public CardTest {
     }
     return row;
   }
-  RowByColumn ledger(const std::string& cardNum) {
-    return columns(sql("select * from fa_DeprTransactions where sCardNum='", cardNum, "'"));
-  }
-  RowByColumn departmentLedger(const std::string& cardNum) {
-    return columns(sql("select * from fa_DeprTransactions_Detail where sCardNum='", cardNum, "'"));
-  }
   std::string option(const std::string& name) {
     return row(sql("select cValue from AccInformation where cSysID='FA' and cName='", name, "'"));
   }

@@ -1,7 +1,7 @@
 #include "changes/BalanceSheet.h"
 #include "changes/ChangeSheets.h"
-#include "depreciation/RunMonthDepr.h"
 #include "DepreciationFixture.h"
+#include "support/MonthlyRun.h"
 
 // What a change sheet does to the depreciation of the month.
 namespace zelkor::test {
@@ -16,13 +16,6 @@ class ChangedCardsTest : public DepreciationTest {
         "dblNetValueAct=100000");
   }
 
-  void runMonth() {
-    dialogs.expectYesNo("本操作将计提本月折旧,并花费一定时间,是否继续?", Answer::Yes, Icon::None, "固定资产");
-    dialogs.expectYesNo("是否要查看折旧清单?", Answer::No, Icon::Information, "固定资产");
-    const std::string time = "2020年06月01日 08时30分00秒";
-    dialogs.expectOk("计提折旧完成!\n开始时间:" + time + "\n结束时间:" + time, Icon::Exclamation, "固定资产");
-    RunMonthDepr(context, {[] {}, [] {}});
-  }
   /// Amount and accumulated depreciation of May, and the department that bears it.
   std::string month() { return ledger("00001", "dblDepr5,dblDeprT5") + " " + allocationRows().front(); }
 
@@ -64,34 +57,34 @@ TEST_F(ChangedCardsTest, ASheetBehindTheRunChangesNothingUntilTheNext) {
   for (const auto& c : cases) {
     execute("delete from fa_Cards where sCardID<>'1'");
     execute("delete from fa_Vouchers");
-    runMonth();
+    runMonth(context, dialogs);
     EXPECT_EQ(month(), unchanged);
     change(c.kind);
     EXPECT_EQ(month(), unchanged) << captionOf(c.kind);
-    runMonth();
+    runMonth(context, dialogs);
     EXPECT_EQ(month(), c.after) << captionOf(c.kind);
   }
 }
 
 TEST_F(ChangedCardsTest, CorrectedDepreciationStandsInTheMonthOfTheSystemDate) {
-  runMonth();
+  runMonth(context, dialogs);
   change(ChangeKind::AccumulatedDepr);
   EXPECT_EQ(ledger("00001", "dblDeprT5,dblDeprT6"), "1290|700") << "the system's month is June";
-  runMonth();
+  runMonth(context, dialogs);
   EXPECT_EQ(month(), unchanged);
   clock.set(day("2020-5-20"));
   change(ChangeKind::AccumulatedDepr);
   EXPECT_EQ(ledger("00001", "dblDeprT5,dblDeprT6"), "700|700");
   clock.set(day("2020-6-1 8:30:00"));
-  runMonth();
+  runMonth(context, dialogs);
   EXPECT_EQ(month(), unchanged) << "the opening total of the month is what a run goes from";
 }
 
 TEST_F(ChangedCardsTest, ANewMethodCountsInTheNextRun) {
-  runMonth();
+  runMonth(context, dialogs);
   changeMethod();
   EXPECT_EQ(month(), unchanged);
-  runMonth();
+  runMonth(context, dialogs);
   // 10 years, 55 in their sum: 120 / (55 * 120) is 0.0182 of 95000.
   EXPECT_EQ(month(), "1729|2229 301|021|1729");
 }
@@ -105,7 +98,7 @@ TEST_F(ChangedCardsTest, ASplitCardGetsNoAllocationSinceNoDepartmentHasItsCodes)
       confirmSplit({{"301", "一车间", "60", "", "", ""}, {"302", "二车间", "40", "", "", ""}}, split));
   sheet.chooseSplit(split);
   ASSERT_TRUE(sheets.save(sheet).done());
-  runMonth();
+  runMonth(context, dialogs);
   EXPECT_EQ(month(), unchanged) << "the row left behind is the newest whose department is known";
 }
 

@@ -1,11 +1,9 @@
-#include "depreciation/RunMonthDepr.h"
 #include "DepreciationFixture.h"
+#include "support/Golden.h"
+#include "support/MonthlyRun.h"
 
 namespace zelkor::test {
 namespace {
-
-constexpr const char* kStart = "本操作将计提本月折旧,并花费一定时间,是否继续?";
-constexpr const char* kList = "是否要查看折旧清单?";
 
 /// Each look at it takes a minute.
 class TickingClock final : public Clock {
@@ -21,25 +19,11 @@ class TickingClock final : public Clock {
 
 class RunMonthDeprTest : public DepreciationTest {
  protected:
-  void expectWholeRun(Answer list = Answer::No) {
-    dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
-    dialogs.expectYesNo(kList, list, Icon::Information, "固定资产");
-    const std::string time = "2020年06月01日 08时30分00秒";
-    dialogs.expectOk("计提折旧完成!\n开始时间:" + time + "\n结束时间:" + time, Icon::Exclamation, "固定资产");
-  }
-  void runMonth() {
-    RunMonthDepr(context, {[&] { shown.push_back("list"); }, [&] { shown.push_back("table"); }});
-  }
-  void wholeRun() {
-    expectWholeRun();
-    runMonth();
-  }
+  void wholeRun() { runMonth(context, dialogs); }
   std::vector<std::string> staged(const std::string& columns) {
     return rows("select " + columns + " from fa_ZWVouchers where coutsign='折旧计提' order by inid");
   }
   std::string needDepr() { return row("select cValue from AccInformation where cName='bNeedDepr'"); }
-
-  std::vector<std::string> shown;
 };
 
 TEST_F(RunMonthDeprTest, computesEachCardOnce) {
@@ -73,17 +57,8 @@ TEST_F(RunMonthDeprTest, stagesADebitPerDepartmentAndSubjectAndOneCredit) {
   add({.cardNum = "00003", .value = "300", .subject = ""});
   add({.cardNum = "00004", .method = "'1'", .depart = "4"});
   wholeRun();
-  EXPECT_EQ(staged("inid,ccode,cdept_id,md,mc,cDefine5"),
-            (std::vector<std::string>{"1|~|301|2.37|0|1", "2|410502|301|9.48|0|2", "3|~|~|0|11.85|3"}));
-  const std::string common =
-      "001|2020|FA|8.10|2020-5-15|5|折旧计提|01|2020-5-15|折旧计提|00000000000000000100|0|陈会计|"
-      "计提第[5]期间折旧|FA,#|True|True|True|True|True|True|True|True|True|折旧计提|~|~|~|~|~|~|~|~";
-  EXPECT_EQ(
-      staged("coutaccset,ioutyear,coutsysname,coutsysver,doutbilldate,ioutperiod,coutsign,coutno_id,doutdate,"
-             "coutbillsign,coutid,idoc,cbill,cdigest,ccodecontrol,bvouchedit,bvouchAddordele,bvouchmoneyhold,"
-             "bvalueedit,bcodeedit,bPCSedit,bDeptedit,bItemedit,bCusSupInput,cDefine10,cDefine1,cDefine2,"
-             "cDefine9,citem_id,citem_class,md_f,mc_f,nfrat"),
-      std::vector<std::string>(3, common));
+  expectGolden("depreciation/golden/staged.txt",
+               namedRowsOf(db().OpenRecordset("select * from fa_ZWVouchers order by inid")));
 }
 
 TEST_F(RunMonthDeprTest, replacesWhatAnEarlierRunLeft) {
@@ -121,11 +96,8 @@ TEST_F(RunMonthDeprTest, showsListAndTableBetweenItsMessages) {
   RunContext slow(engine, dialogs, ticking);
   slow.dbZKData = context.dbZKData;
   slow.gdOpDate = context.gdOpDate;
-  dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
-  dialogs.expectYesNo(kList, Answer::Yes, Icon::Information, "固定资产");
-  dialogs.expectOk(
-      "计提折旧完成!\n开始时间:2020年06月01日 09时00分07秒\n结束时间:2020年06月01日 09时01分07秒",
-      Icon::Exclamation, "固定资产");
+  expectWholeRun(dialogs, Answer::Yes, "2020年06月01日 09时00分07秒", "2020年06月01日 09时01分07秒");
+  std::vector<std::string> shown;
   const auto show = [&](const char* what) {
     shown.push_back(sql(what, " after box ", dialogs.boxes().size()));
   };
@@ -135,15 +107,14 @@ TEST_F(RunMonthDeprTest, showsListAndTableBetweenItsMessages) {
 
 TEST_F(RunMonthDeprTest, showsTheTableAlsoWithoutTheList) {
   add({.cardNum = "00001"});
-  wholeRun();
-  EXPECT_EQ(shown, std::vector<std::string>{"table"});
+  EXPECT_EQ(runMonth(context, dialogs), std::vector<std::string>{"table"});
 }
 
 TEST_F(RunMonthDeprTest, changesNothingUnlessToldToGoOn) {
   add({.cardNum = "00001"});
   execute("insert into fa_DeprVouchers (sDeptNum) values ('1')");
-  dialogs.expectYesNo(kStart, Answer::No, Icon::None, "固定资产");
-  runMonth();
+  expectRunQuestion(dialogs, Answer::No);
+  RunMonthDepr(context, {});
   EXPECT_EQ(row("select Count(*) from fa_DeprVouchers"), "1");
   EXPECT_EQ(ledger("00001", "dblDepr5"), "0");
 }
@@ -152,9 +123,9 @@ TEST_F(RunMonthDeprTest, endsTheProgramWithoutACard) {
   add({.cardNum = "00001", .start = "2020-5-1"});
   execute("insert into fa_DeprVouchers (sDeptNum) values ('1')");
   const std::string before = needDepr();
-  dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
+  expectRunQuestion(dialogs, Answer::Yes);
   dialogs.expectOk("没有固定资产卡片，不能进行折旧操作", Icon::Exclamation, "计提折旧");
-  EXPECT_THROW(runMonth(), EndProgram);
+  EXPECT_THROW(RunMonthDepr(context, {}), EndProgram);
   EXPECT_EQ(row("select Count(*) from fa_DeprVouchers"), "0");
   EXPECT_EQ(row("select Count(*) from fa_ZWVouchers"), "0");
   EXPECT_EQ(row("select Count(*) from fa_DeprVoucherMain"), "0");
@@ -166,8 +137,8 @@ TEST_F(RunMonthDeprTest, leavesWhatWentBeforeAFailure) {
   add({.cardNum = "00002", .method = "'5'", .life = "5"});
   add({.cardNum = "00003"});
   execute("insert into fa_ZWVouchers (ioutperiod,coutsign,inid) values (5,'折旧计提',77)");
-  dialogs.expectYesNo(kStart, Answer::Yes, Icon::None, "固定资产");
-  EXPECT_EQ(errorOf([&] { runMonth(); }), 11);
+  expectRunQuestion(dialogs, Answer::Yes);
+  EXPECT_EQ(errorOf([&] { RunMonthDepr(context, {}); }), 11);
   EXPECT_EQ(rows("select dblDepr5,dblDeprThisYear from fa_DeprTransactions order by sCardNum"),
             (std::vector<std::string>{"7.9|7.9", "0|7.9", "0|7.9"}));
   EXPECT_EQ(allocationRows(), std::vector<std::string>{"301|021|7.9"});

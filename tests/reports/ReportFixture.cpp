@@ -6,8 +6,8 @@
 #include "base/GridSpans.h"
 #include "base/TextGridPrinter.h"
 #include "cards/CardImport.h"
-#include "depreciation/RunMonthDepr.h"
 #include "store/engine/Statement.h"
+#include "support/MonthlyRun.h"
 #include "support/Paths.h"
 
 namespace zelkor::test {
@@ -81,11 +81,7 @@ void ReportTest::importCards() {
 
 void ReportTest::runJanuary() {
   const DateTime opDate = std::exchange(context.gdOpDate, day("2020-1-31"));
-  const std::string time = "2020年06月01日 08时30分00秒";
-  dialogs.expectYesNo("本操作将计提本月折旧,并花费一定时间,是否继续?", Answer::Yes, Icon::None, "固定资产");
-  dialogs.expectYesNo("是否要查看折旧清单?", Answer::No, Icon::Information, "固定资产");
-  dialogs.expectOk("计提折旧完成!\n开始时间:" + time + "\n结束时间:" + time, Icon::Exclamation, "固定资产");
-  RunMonthDepr(context, {.depreciationList = [] {}, .allocationTable = [] {}});
+  runMonth(context, dialogs);
   context.gdOpDate = opDate;
 }
 

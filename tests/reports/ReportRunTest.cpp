@@ -1,5 +1,6 @@
 #include "reports/ConditionPages.h"
 #include "reports/ReportFixture.h"
+#include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
@@ -17,32 +18,11 @@ TEST_F(ReportRunTest, NotesWhatWasAsked) {
     periods.from = "p" + std::to_string(list++);
     if (conditionsOf(page).range) periods.to = "p" + std::to_string(list++);
   }
-  struct Case {
-    const char* report;
-    std::vector<std::string> memo;
-  };
-  const Case cases[] = {
-      {"部门构成分析表", {}},
-      {"固定资产使用状况分析表", {"固定资产：固定资产使用状况分析表,p1"}},
-      {"(部门)折旧计提汇总表", {"固定资产：(部门)折旧计提汇总表,p2"}},
-      {"固定资产统计表", {"固定资产：固定资产统计表,p3"}},
-      {"盘盈盘亏报告表", {}},
-      {"评估变动表", {}},
-      {"评估汇总表", {}},
-      {"役龄资产统计表", {}},
-      {"固定资产总账", {"固定资产：固定资产总账,p8,机器设备,生产部"}},
-      {"(单个)固定资产明细账", {"固定资产：(单个)固定资产明细账,p9,机器设备,生产部"}},
-      {"(部门、类别)明细账", {"固定资产：(部门、类别)明细账,p10,机器设备,生产部"}},
-      {"固定资产登记簿", {"固定资产：固定资产登记簿,p10,机器设备,生产部"}},
-      {"固定资产及累计折旧表(二)", {"固定资产：固定资产及累计折旧表(二),p11,机器设备"}},
-      {"固定资产折旧计算明细表", {"固定资产：固定资产折旧计算明细表,p12,生产部"}},
-      {"固定资产折旧期间统计表", {}},
-  };
-  for (const Case& c : cases) {
+  for (const auto& one : casesIn("reports/memos.txt")) {
     execute("delete from Fa_log");
-    const bool nothing = report(c.report) == "(nothing)\n";
-    EXPECT_EQ(nothing, findReport(c.report)->build == nullptr) << c.report;
-    EXPECT_EQ(memos(), c.memo) << c.report;
+    const bool nothing = report(one[0]) == "(nothing)\n";
+    EXPECT_EQ(nothing, findReport(one[0])->build == nullptr) << one[0];
+    EXPECT_EQ(memos(), std::vector(one.begin() + 1, one.end())) << one[0];
   }
   EXPECT_NE(report("固定资产登记簿").find("[期间：p10 --- p11]"), std::string::npos);
 }

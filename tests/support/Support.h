@@ -76,6 +76,17 @@ int errorOf(Action&& action) {
   }
 }
 
+/// A grid as text: a line for each row, hidden ones included, its cells joined by "|".
+inline std::string gridText(const TextGrid& grid) {
+  std::string text;
+  for (std::size_t row = 0; row < grid.rows(); ++row) {
+    for (std::size_t column = 0; column < grid.columns(); ++column)
+      text += (column == 0 ? "" : "|") + grid.text(row, column);
+    text += "\n";
+  }
+  return text;
+}
+
 /// A grid's texts, row by row, hidden rows and columns included: short to compare with a table.
 inline std::vector<std::vector<std::string>> textsOf(const TextGrid& grid) {
   std::vector<std::vector<std::string>> rows(grid.rows());

@@ -11,6 +11,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+using Lines = std::vector<std::string>;
+
 constexpr const char* kTitle = "固定资产";
 
 class VoucherFillTest : public VoucherTest {
@@ -93,12 +95,7 @@ TEST_F(VoucherFillTest, WithoutVoucherTypesNoneIsChosen) {
 TEST_F(VoucherFillTest, SavesTheEntriesAndMarksTheStagedRows) {
   stageCard("00009", "1");
   EXPECT_TRUE(saveVoucher(cardVoucher("00001", "12345.67")));
-  EXPECT_THAT(
-      ledger("iperiod,csign,isignseq,ino_id,inid,doutbilldate,idoc,cbill,ccheck,cbook,ccashier,cdigest,"
-             "ccode,md,mc,dbill_date,coutsign,coutno_id,ccodecontrol,ibook,ioutperiod,iflag"),
-      ElementsAre(
-          "5|记|1|1|1|2020-5-15|0|陈会计|~|~|~|直接购入|1501|12345.67|0|2020-5-15|卡片|00001|FA,#|0|~|~",
-          "5|记|1|1|2|2020-5-15|0|陈会计|~|~|~|直接购入|1502|0|12345.67|2020-5-15|卡片|00001|FA,#|0|~|~"));
+  expectLedger("an-entered-voucher");
   EXPECT_THAT(staged("coutno_id,cDefine1"), ElementsAre("00009|~", "00009|~", "00001|1", "00001|1"));
   EXPECT_EQ(BatchBilling(context).selection().rows(), 2U);
 }
@@ -195,9 +192,7 @@ TEST_F(VoucherFillTest, WritesSignaturesAndAttachments) {
   voucher.Cashier = "李";
   voucher.Bookkeeper = "赵";
   EXPECT_TRUE(window->Save());
-  EXPECT_EQ(row("select iperiod,csign,isignseq,idoc,ccheck,ccashier,cbook,doutbilldate,dbill_date from "
-                "GL_accvouch"),
-            "5|转|3|4|王|李|赵|2020-6-2|2020-6-2");
+  expectLedger("signatures");
 }
 
 TEST_F(VoucherFillTest, AVoucherInTheLedgerIsReplacedUnderItsNumber) {
@@ -236,23 +231,16 @@ TEST_F(VoucherFillTest, ReportsALedgerVoucherThatIsNotThere) {
 }
 
 TEST_F(VoucherFillTest, AnswersTheRequestToEdit) {
-  struct Case {
-    std::int16_t state;
-    const char* checker;
-    const char* cashier;
-    const char* refusal;
-  };
-  for (const Case& one : {Case{1, "王", "李", "已作废的凭证不能修改，取消作废后方可修改"},
-                          Case{0, "王", "李", "已复核的凭证不能修改，取消复核后方可修改"},
-                          Case{3, " ", "李", "出纳签字凭证不能修改，取消签字后方可修改"}}) {
+  for (const auto& one : casesIn("vouchers/locked.txt")) {
     open({});
     voucher.BillMaker = "王会计";
-    voucher.VoucherState = one.state;
-    voucher.Checker = one.checker;
-    voucher.Cashier = one.cashier;
-    dialogs.expectOk(one.refusal, Icon::Critical, "凭证");
+    const auto state = static_cast<std::int16_t>(std::stoi(one[0]));
+    voucher.VoucherState = state;
+    voucher.Checker = one[1];
+    voucher.Cashier = one[2];
+    dialogs.expectOk(one[3], Icon::Critical, "凭证");
     EXPECT_FALSE(window->EditRequest());
-    EXPECT_EQ(voucher.VoucherState, one.state);
+    EXPECT_EQ(voucher.VoucherState, state);
   }
 }
 
@@ -296,19 +284,12 @@ TEST(VoucherValueTest, MovesOnlyAmongSeveral) {
 }
 
 TEST(VoucherValueTest, TakesAmountsAsTyped) {
-  struct Case {
-    const char* typed;
-    bool taken;
-    const char* debit;
-  };
-  for (const Case& one : {Case{"1,234.5", true, "1234.5"}, Case{" ", true, "0"}, Case{"-3", true, "-3"},
-                          Case{"三", false, "7"}, Case{"1E300", false, "7"}}) {
+  for (const auto& one : casesIn("vouchers/amounts.txt")) {
     VoucherLine line;
     line.Debit = Currency::fromDouble(7);
     line.Credit = Currency::fromDouble(1);
-    EXPECT_EQ(enterAmount(line, VoucherSide::Debit, one.typed), one.taken) << one.typed;
-    EXPECT_EQ(line.Debit.toText(), one.debit) << one.typed;
-    EXPECT_EQ(line.Credit.toText(), one.taken ? "0" : "1") << one.typed;
+    const std::string taken = enterAmount(line, VoucherSide::Debit, one[0]) ? "taken" : "refused";
+    EXPECT_EQ(Lines({one[0], taken, line.Debit.toText(), line.Credit.toText()}), one);
   }
 }
 

@@ -6,6 +6,7 @@
 #include "cards/VoucherStaging.h"
 #include "depreciation/StagedDepr.h"
 #include "support/AccountSetFixture.h"
+#include "support/Golden.h"
 #include "vouchers/BatchBilling.h"
 #include "vouchers/VoucherFill.h"
 
@@ -66,6 +67,11 @@ class VoucherTest : public AccountSetTest {
 
   std::vector<std::string> staged(const std::string& columns) {
     return rows("select " + columns + " from fa_ZWVouchers order by i_id");
+  }
+  /// The ledger's entries, what they hold but Null, are those of the file.
+  void expectLedger(const std::string& name) {
+    expectGolden("vouchers/golden/" + name + ".txt",
+                 namedRowsOf(db().OpenRecordset("select * from GL_accvouch order by ino_id,inid")));
   }
   std::vector<std::string> ledger(const std::string& columns) {
     return rows("select " + columns + " from GL_accvouch order by ino_id,inid");

@@ -12,18 +12,11 @@ namespace zelkor::test {
 /// The depreciation ledgers, one paragraph per card, and those by department.
 std::string ledgersText(YearBooks& books);
 std::string workloadsText(YearBooks& books);
-/// What the last run has allocated, and all runs.
-std::string runText(YearBooks& books);
-/// The card versions and the sheets that made them.
-std::string cardsText(YearBooks& books);
-std::string totalsText(YearBooks& books);
-std::string optionsText(YearBooks& books);
-/// The entries handed over to the ledger in that month.
-std::string stagedText(YearBooks& books, int month);
-/// Those of the months before, with what batch billing writes: a voucher of depreciation numbers and names
-/// them anew, since the entries of all months bear one key.
-std::string earlierStagedText(YearBooks& books, int month);
-/// The ledger's entries of that month.
-std::string vouchersText(YearBooks& books, int month);
+/// The tables of a part of tables.txt, those of a month for that one: "run" is what the last run has
+/// allocated and all runs, "cards" the versions and the sheets that made them, "staged" the entries handed
+/// over to the ledger in that month, "staged before" what batch billing wrote into those of the months before
+/// (a voucher of depreciation numbers and names them anew, since the entries of all months bear one key),
+/// "vouchers" the ledger's entries of the month.
+std::string tablesText(YearBooks& books, const std::string& part, int month = 0);
 
 }  // namespace zelkor::test

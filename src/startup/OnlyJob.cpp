@@ -66,12 +66,26 @@ std::unique_ptr<JobLock> lockFor(RunContext& run, OnlyJob job) {
   }
 }
 
+/// What a job had gathered when it failed is written while it still holds the lock. The failure of the job is
+/// the one that is reported.
+void flushAfterFailure(DbEngine& engine) {
+  try {
+    engine.flush();
+  } catch (const RuntimeError&) {  // the connection may be what failed
+  }
+}
+
 }  // namespace
 
 void asOnlyJob(RunContext& run, OnlyJob job, const std::function<void()>& work) {
   run.engine.flush();  // others must not wait for us while we wait for them
   const auto lock = lockFor(run, job);
-  work();
+  try {
+    work();
+  } catch (...) {
+    flushAfterFailure(run.engine);
+    throw;
+  }
   run.engine.flush();
 }
 

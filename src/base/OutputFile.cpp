@@ -102,7 +102,11 @@ OutputFile::OutputFile(fs::path file, const Options& options) : file_(std::move(
   if (!fs::exists(status)) return;
   if (!fs::is_regular_file(status)) cannotWrite(file_, "不是普通文件");
   if (!options_.replace) cannotWrite(file_, "文件已存在；要替换它请用 --force");
-  options_.access.mode &= accessOf(file_).mode;
+  const FileAccess before = accessOf(file_);
+  options_.access.mode &= before.mode;
+  // Another group gets what everybody had.
+  if (before.group != options_.access.group)
+    options_.access.mode &= ~static_cast<mode_t>(S_IRWXG) | (before.mode & S_IRWXO) << 3U;
 }
 
 OutputFile::~OutputFile() {

@@ -96,6 +96,14 @@ void rollBack(Workspace& workspace) {
   if (workspace.inTransaction()) workspace.Rollback();
 }
 
+/// The failure that ends the import is the one to report.
+void rollBackIfPossible(Workspace& workspace) {
+  try {
+    rollBack(workspace);
+  } catch (const RuntimeError&) {  // the connection may be what failed
+  }
+}
+
 // Each row stands for a run of its own: the transaction that a refused check leaves open ends with it.
 RowEnd SheetImport::save(const SheetRow& row) {
   if (auto sheet = savedBefore(row)) return {SheetEnd::Before, std::move(*sheet)};
@@ -104,7 +112,10 @@ RowEnd SheetImport::save(const SheetRow& row) {
   try {
     end = saveByKind(row);
   } catch (const RuntimeError& error) {
-    if (endsImport(error)) throw;
+    if (endsImport(error)) {
+      rollBackIfPossible(workspace);
+      throw;
+    }
     end = refused(failureText(row, error.what()));
   }
   rollBack(workspace);

@@ -124,7 +124,7 @@ TEST(ReportExportTest, LeavesNothingToCompute) {
     view.grid.addRow({text});
     std::ostringstream out;
     writeCsv(out, text, view);
-    EXPECT_EQ(out.str(), "\xEF\xBB\xBF" + std::string(field) + "\r\nLabel1\r\n期间：\r\n" + field + "\r\n");
+    EXPECT_EQ(out.str(), "\xEF\xBB\xBF" + std::string(field) + "\r\n期间：\r\n" + field + "\r\n");
   }
 }
 

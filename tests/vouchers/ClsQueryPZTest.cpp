@@ -54,7 +54,7 @@ TEST_F(ClsQueryPZTest, ListsTheModulesUncancelledVouchersOfThePeriods) {
   }
   EXPECT_THAT(numbers(4, 6), ElementsAre("记--11", "记--12", "记--15"));
   EXPECT_THAT(numbers(6, 12), ElementsAre("记--15"));
-  EXPECT_THAT(numbers(7, 6), IsEmpty());
+  EXPECT_THAT(numbers(7, 6), ElementsAre("记--15")) << "in either order";
 }
 
 TEST_F(ClsQueryPZTest, DeletingFreesTheStagedRows) {

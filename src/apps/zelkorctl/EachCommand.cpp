@@ -41,14 +41,17 @@ bool takesSet(const Call& call) {
 }
 
 bool isAccountSet(const fs::path& folder) {
-  return fs::exists(folder / "ZkData.Mdb") && fs::exists(folder / "ZkSystem.Mdb");
+  std::error_code hidden;
+  return fs::exists(folder / "ZkData.Mdb", hidden) && fs::exists(folder / "ZkSystem.Mdb", hidden);
 }
 
 std::vector<std::string> setsBelow(const fs::path& folder) {
   std::vector<std::string> sets;
   if (isAccountSet(folder)) sets.push_back(folder);
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-    if (entry.is_directory() && isAccountSet(entry.path())) sets.push_back(entry.path());
+  constexpr auto kReadable = fs::directory_options::skip_permission_denied;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, kReadable)) {
+    std::error_code hidden;
+    if (entry.is_directory(hidden) && isAccountSet(entry.path())) sets.push_back(entry.path());
   }
   std::ranges::sort(sets);
   return sets;
@@ -153,6 +156,7 @@ std::size_t Queue::run(std::ostream& output, std::ostream& problems) {
 }  // namespace
 
 int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& problems) {
+  catchEndSignals();
   const Call& call = callOf(options.words);
   std::vector<std::string> sets = setsOf(options.place);
   if (sets.empty()) refuse("“" + options.place + "”中没有账套");

@@ -76,7 +76,11 @@ void dispose(RunContext& context, std::span<const CsvTableRow> rows, Disposals& 
   const bool whole = import.dispose([&](const ImportedDisposal& disposal) {
     if (disposal.offTheBooks) ++(disposal.end == DisposalEnd::Before ? sums.before : sums.disposed);
     told.add(lineOf(disposal));
-    if (disposal.end == DisposalEnd::Broken) told.tell();
+    if (disposal.end == DisposalEnd::Broken) {
+      told.tell();
+    } else {
+      goOnUnlessSignalled();
+    }
   });
   if (!whole) throw EndProgram{1};
   tellDisposed(context);
@@ -94,6 +98,7 @@ void printSums(const Disposals& sums, std::ostream& output) {
 int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
                        std::ostream& problems) {
   const std::string csv = contentOf(file);
+  catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
     ImportResult result;
     asOnlyJob(context, OnlyJob::CardImport, [&] { result = importCards(context, csv, newType, problems); });
@@ -104,6 +109,7 @@ int importCardsCommand(const JobRun& job, const std::string& file, int newType, 
 
 int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output) {
   const std::string csv = contentOf(file);
+  catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
     Sums sums;
     ToldLines told(context.engine, output);
@@ -127,6 +133,7 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
 
 int disposeCommand(const JobRun& job, const std::string& file, std::ostream& output, std::ostream& problems) {
   const auto rows = readDisposalRows(contentOf(file));
+  catchEndSignals();
   return inRun(job, output, [&](RunContext& context) {
     Disposals sums;
     ToldLines told(context.engine, output);
@@ -136,6 +143,7 @@ int disposeCommand(const JobRun& job, const std::string& file, std::ostream& out
       asOnlyJob(context, OnlyJob::Disposals, [&] { dispose(context, rows, sums, told, problems); });
     };
     const int status = runToEnd(context, work).value_or(0);
+    tellIfPossible(told);
     printSums(sums, output);
     return status;
   });

@@ -3,12 +3,14 @@
 #include "apps/BatchJobs.h"
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
+#include "base/EndSignals.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
 
 namespace zelkor {
 
 int runCommand(const JobRun& job, std::ostream& output) {
+  catchEndSignals();
   return inRun(job, output, [&](RunContext& context) {
     RunTypeJobs jobs;
     addBatchJobs(jobs);

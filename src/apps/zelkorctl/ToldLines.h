@@ -22,6 +22,7 @@ class ToldLines {
   }
   /// Forces to disk what was written and prints the lines that wait. Before anything else is printed.
   void tell() {
+    if (engine_.workspace().inTransaction()) return;  // nothing can be forced to disk inside one
     engine_.flush();
     output_ << std::exchange(lines_, {}) << std::flush;
     told_ = Clock::now();

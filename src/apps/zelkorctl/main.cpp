@@ -50,8 +50,7 @@ int runProgram(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);  // a closed output is reported as a failed write
-  zelkor::catchEndSignals();
-  std::cerr.tie(nullptr);  // an error is reported even when the output is closed
+  std::cerr.tie(nullptr);         // an error is reported even when the output is closed
   std::cout.exceptions(std::ios::badbit);
   const int status = zelkor::runProgram(argc, argv);
   std::cout.exceptions(std::ios::goodbit);  // what is left is written at exit, where nothing may be thrown

@@ -187,12 +187,12 @@ Node comparison(BindContext& context, BinaryOp op, Node leftOperand, Node rightO
 
 Node between(BindContext& context, Node valueOperand, Node lowOperand, Node highOperand, bool negated) {
   Node value = asValue(std::move(valueOperand));
-  Node low = asValue(std::move(lowOperand));
-  Node high = asValue(std::move(highOperand));
-  adapt(context, value, low);
-  adapt(context, value, high);
-  return truth(bound::Between{caseBlind(std::move(value)), operand(std::move(low)), operand(std::move(high)),
-                              negated});
+  std::vector<Node> bounds;
+  bounds.push_back(asValue(std::move(lowOperand)));
+  bounds.push_back(asValue(std::move(highOperand)));
+  bringToOneFamily(context, value, bounds);
+  return truth(bound::Between{caseBlind(std::move(value)), operand(std::move(bounds[0])),
+                              operand(std::move(bounds[1])), negated});
 }
 
 Node inList(BindContext& context, Node valueOperand, std::vector<Node> items, bool negated) {

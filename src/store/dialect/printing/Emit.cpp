@@ -201,7 +201,7 @@ void Emitter::rowKeyDirection(bool descending, bool first) {
 }
 
 bool Emitter::ordersTies(const bound::Select& select) const {
-  return storesRows_ && !select.distinct && !select.aggregated && select.groupBy.empty();
+  return (storesRows_ || select.percent) && !select.distinct && !select.aggregated && select.groupBy.empty();
 }
 
 void Emitter::tieColumns(const bound::Select& select) {

@@ -159,7 +159,7 @@ void PostgreSqlEmitter::numberCast(const bound::NumberOfText& node) {
 }
 
 void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named) {
-  if (ordersTies(select)) return orderedTop(select);
+  if (ordersTies(select)) return orderedTop(select, named);
   core(select, named);
   tail(select);
   orderBy(select);
@@ -167,9 +167,12 @@ void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named) {
 }
 
 /// As at the end of an outermost query, by names.
-void PostgreSqlEmitter::orderedTop(const bound::Select& select) {
+void PostgreSqlEmitter::orderedTop(const bound::Select& select, bool named) {
   text("SELECT ");
-  for (std::size_t i = 0; i < select.items.size(); ++i) text(i > 0 ? ", " : "").name(numbered("zk_", i));
+  for (std::size_t i = 0; i < select.items.size(); ++i) {
+    text(i > 0 ? ", " : "").name(numbered("zk_", i));
+    if (named) text(" AS ").name(select.items[i].name);
+  }
   text(" FROM (");
   core(select, false, "zk_");
   for (std::size_t i = 0; i < select.orderBy.size(); ++i) {

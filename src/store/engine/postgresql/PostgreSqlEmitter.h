@@ -36,7 +36,7 @@ class PostgreSqlEmitter final : public Emitter {
 
  private:
   void firstRows(const bound::Select& select);
-  void orderedTop(const bound::Select& select);
+  void orderedTop(const bound::Select& select, bool named);
 
   bool deferred_ = false;  // parameters are told to the plan when it runs
 };

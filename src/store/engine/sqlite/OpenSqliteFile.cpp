@@ -21,15 +21,17 @@ fs::path wholePath(const fs::path& file) {
   return failure ? file : whole;
 }
 
-/// Where nothing can be written there is no place for the index of the log; without a log the file alone is
-/// all there is, and nobody can change it there.
+/// Where nothing can be written there is no place for the index of the log; without a log, and
+/// with nobody who has it open, the file alone is all there is.
 enum class Surroundings : std::uint8_t { Writable, FileAlone, LogToo };
 
 Surroundings surroundingsOf(const fs::path& file) {
   if (::access(file.parent_path().c_str(), W_OK) == 0) return Surroundings::Writable;
   std::error_code missing;
   const auto log = fs::file_size(fs::path(file).concat("-wal"), missing);
-  return missing || log == 0 ? Surroundings::FileAlone : Surroundings::LogToo;
+  std::error_code ignored;
+  const bool open = fs::exists(fs::path(file).concat("-shm"), ignored);
+  return open || (!missing && log != 0) ? Surroundings::LogToo : Surroundings::FileAlone;
 }
 
 std::string unchangingUri(const fs::path& file) {

@@ -1,3 +1,4 @@
+#include <functional>
 #include <ostream>
 
 #include "apps/zelkorctl/CommandRun.h"
@@ -43,12 +44,14 @@ std::string lineOf(const ImportedSheet& sheet) {
   return line + (sheet.end == SheetEnd::Before ? "，以前已保存，不再保存" : "");
 }
 
-/// The error on the way is the one to report.
-void tellIfPossible(ToldLines& told) {
+/// Does the work, and prints the lines that wait where the program is to end in it. After an error nobody
+/// knows which of them are on disk; when the file is given again they are told as saved before.
+void tellAtEnd(ToldLines& told, const std::function<void()>& work) {
   try {
+    work();
+  } catch (const EndProgram&) {
     told.tell();
-  } catch (const RuntimeError&) {
-    // what was not told is told as saved before when the file is given again
+    throw;
   }
 }
 
@@ -120,12 +123,7 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
         goOnUnlessSignalled();
       });
     };
-    try {
-      asOnlyJob(context, OnlyJob::SheetImport, import);
-    } catch (...) {  // an error, or a signal to end
-      tellIfPossible(told);
-      throw;
-    }
+    asOnlyJob(context, OnlyJob::SheetImport, [&] { tellAtEnd(told, import); });
     told.tell();
     return summed(sums, output);
   });
@@ -140,10 +138,10 @@ int disposeCommand(const JobRun& job, const std::string& file, std::ostream& out
     context.dialogs.setBeforeShowing([&told] { told.tell(); });
     const auto work = [&] {
       prepareRun(context, job.arguments);
-      asOnlyJob(context, OnlyJob::Disposals, [&] { dispose(context, rows, sums, told, problems); });
+      asOnlyJob(context, OnlyJob::Disposals,
+                [&] { tellAtEnd(told, [&] { dispose(context, rows, sums, told, problems); }); });
     };
     const int status = runToEnd(context, work).value_or(0);
-    tellIfPossible(told);
     printSums(sums, output);
     return status;
   });

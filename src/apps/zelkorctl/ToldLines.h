@@ -20,11 +20,13 @@ class ToldLines {
     lines_ += line + '\n';
     if (Clock::now() - told_ >= kLongestWait) tell();
   }
-  /// Forces to disk what was written and prints the lines that wait. Before anything else is printed.
+  /// Forces to disk what was written and prints the lines that wait, or never prints them where that fails.
+  /// Before anything else is printed.
   void tell() {
     if (engine_.workspace().inTransaction()) return;  // nothing can be forced to disk inside one
+    const std::string lines = std::exchange(lines_, {});
     engine_.flush();
-    output_ << std::exchange(lines_, {}) << std::flush;
+    output_ << lines << std::flush;
     told_ = Clock::now();
   }
 

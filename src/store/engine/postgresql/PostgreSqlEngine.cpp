@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "base/RuntimeError.h"
 #include "store/engine/postgresql/PostgreSqlStatement.h"
 #include "store/engine/postgresql/ServerJobLock.h"
 
@@ -66,8 +67,14 @@ void PostgreSqlEngine::rollback() {
 // has written something to its log: a message, which nobody reads.
 void PostgreSqlEngine::makeDurable() {
   if (inTransaction() || !link_->takeWritten()) return;
-  link_->run(
-      "BEGIN; SET LOCAL synchronous_commit = on; SELECT pg_logical_emit_message(true, 'zelkor', ''); COMMIT");
+  try {
+    link_->run(
+        "BEGIN; SET LOCAL synchronous_commit = on; SELECT pg_logical_emit_message(true, 'zelkor', ''); "
+        "COMMIT");
+  } catch (const RuntimeError&) {
+    link_->noteWritten();  // it still has to be forced
+    throw;
+  }
 }
 
 JobLockAttempt PostgreSqlEngine::lockForJob(const JobNote& note) {

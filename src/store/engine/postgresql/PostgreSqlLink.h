@@ -68,6 +68,7 @@ class PostgreSqlLink {
   std::int64_t lastRowKey() const { return lastRowKey_; }
   /// Whether something has been written since the last call.
   bool takeWritten();
+  void noteWritten() { written_ = true; }
 
   /// The tables whose columns have been read, by lower-case name: for the names in messages.
   std::map<std::string, dialect::TableInfo> tables;

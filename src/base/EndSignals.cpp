@@ -7,6 +7,8 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
+#include <ctime>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -19,6 +21,7 @@ constexpr int kSignalStatus = 128;
 /// What a signal handler can reach is a variable of the process.
 struct Noted {
   std::atomic<int> signal = 0;
+  std::atomic<std::int64_t> since = 0;  // in seconds of a clock that runs on
   std::atomic<bool> isTaken = false;
   std::array<int, 2> pipe{-1, -1};
 };
@@ -26,8 +29,17 @@ Noted noted;
 static_assert(std::atomic<int>::is_always_lock_free);
 
 void note(int signal) {
-  if (noted.signal.exchange(signal) != 0) ::_exit(kSignalStatus + signal);
   const int keptError = errno;
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC, &now);
+  int none = 0;
+  if (!noted.signal.compare_exchange_strong(none, signal)) {
+    // A log-off, or the end of a group of processes, sends several at once: those are one.
+    if (now.tv_sec - noted.since > 1) ::_exit(kSignalStatus + signal);
+    errno = keptError;
+    return;
+  }
+  noted.since = now.tv_sec;
   const char mark = 0;
   const ssize_t ignored = ::write(noted.pipe[1], &mark, 1);
   (void)ignored;

@@ -5,7 +5,7 @@
 namespace zelkor {
 
 // TERM and HUP (the user logs off, the machine goes down) end the program where it stands between two steps,
-// with what it has written kept; a second one ends it at once.
+// with what it has written kept; another one, more than a second later, ends it at once.
 
 /// From now on these signals are noted, unless whoever started the program has had them ignored.
 void catchEndSignals();

@@ -49,7 +49,8 @@ std::unique_ptr<LockedFile> LockedFile::take(const std::string& path, mode_t mod
 }
 
 LockedFile::~LockedFile() {
-  if (afterwards_ == Afterwards::Goes) ::unlink(path_.c_str());
+  // Where somebody has removed it, another holder may have made one of this name.
+  if (afterwards_ == Afterwards::Goes && isStillThere(descriptor_, path_)) ::unlink(path_.c_str());
   ::close(descriptor_);
 }
 

@@ -7,6 +7,7 @@
 #include "base/CsvTable.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cards/CardVersions.h"
 #include "changes/BalanceSheet.h"
 #include "changes/CardDetailList.h"
 #include "changes/ChangeSheets.h"
@@ -151,7 +152,8 @@ RowEnd SheetImport::saveByKind(const SheetRow& row) {
 SheetResult SheetImport::load(ChangeSheets& sheets, const SheetRow& row, ChangeSheet& sheet) {
   if (sheets.kind() != ChangeKind::Transfer) return sheets.loadCard(CardKey::CardNumber, row.cardNum, sheet);
   const auto version = versionInForce(context_.dbZKData, row.cardNum, context_.gdOpDate);
-  if (version) return sheets.pickCard(transferListRow(context_.dbZKData, *version), sheet);
+  if (version && isCardInForce(context_.dbZKData, row.cardNum, context_.gdOpDate))
+    return sheets.pickCard(transferListRow(context_.dbZKData, *version), sheet);
   MessageBox missing;
   missing.text = cardMissing;
   return {SheetResult::Outcome::Refused, missing};

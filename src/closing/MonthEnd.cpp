@@ -41,20 +41,27 @@ void tellClosing(RunContext& run, DateTime start) {
                      Buttons::Ok, Icon::Information);
 }
 
+void takeSteps(RunContext& run, const MonthEndScreens& screens) {
+  screens.backup(kBackupBegun);
+  screens.backupEnded(BackInfo(run, screens.backup));
+  ShowReconciliation(run);
+  carryLedgersForward(run);
+  recordClosing(run);
+}
+
 }  // namespace
 
 void closeMonth(RunContext& run, const MonthEndScreens& screens) {
+  bool begun = false;
   try {
     const DateTime start = run.clock.now();
     asOnlyJob(run, OnlyJob::Closing, [&] {
-      screens.backup(kBackupBegun);
-      screens.backupEnded(BackInfo(run, screens.backup));
-      ShowReconciliation(run);
-      carryLedgersForward(run);
-      recordClosing(run);
+      begun = true;
+      takeSteps(run, screens);
     });
     tellClosing(run, start);
   } catch (const RuntimeError& error) {
+    if (!begun) throw;  // the lock could not be taken
     WriteErrorLog(error.number(), error.what(), "cmdStart_Click");
     return;
   }

@@ -9,8 +9,8 @@
 
 namespace zelkor {
 
-/// What was saved from files in the open month, as the log of operations keeps it: rows of a file that was
-/// cut short are known again when it is given once more, also when it was edited meanwhile.
+/// What was saved from files in the month of the operating date, as the log of operations keeps it: rows of a
+/// file that was cut short are known again when it is given once more, also when it was edited meanwhile.
 ///
 /// A row is known by its text. Each of several that are alike counts: the second is known when two were
 /// saved.

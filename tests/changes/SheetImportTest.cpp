@@ -119,6 +119,17 @@ TEST_F(SheetImportTest, ABadRowIsToldAsTheScreenTellsItAndLeavesNothing) {
   EXPECT_FALSE(engine.workspace().inTransaction());
 }
 
+// As a text, 9 is the highest number: the list of transfers offers the version before the disposal.
+TEST_F(SheetImportTest, ATransferDoesNotBringADisposedCardBack) {
+  execute("update fa_Cards set sCardID='9' where sCardNum='00001'");
+  execute(
+      "insert into fa_Cards (sCardID,sCardNum,sAssetNum,iOptType,dInputDate,dTransDate,dDisposeDate) "
+      "select '10',sCardNum,sAssetNum,1,dInputDate,#2020-5-1#,#2020-5-1# from fa_Cards where "
+      "sCardNum='00001'");
+  EXPECT_EQ(import("部门转移,00001,302,,x"), Lines{"2 当前卡片已不存在！"});
+  EXPECT_EQ(count("fa_Vouchers"), "0");
+}
+
 TEST_F(SheetImportTest, TwentyOneDepartmentsAreTooMany) {
   execute("delete from fa_departments");
   std::string split;

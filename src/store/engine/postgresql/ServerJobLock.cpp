@@ -2,7 +2,9 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "store/engine/postgresql/ByteaText.h"
 
@@ -26,11 +28,12 @@ constexpr std::size_t kLongestName = 63;
 std::string sessionName(JobNote note) {
   std::string user = std::exchange(note.user, {});
   const std::string head = std::string(kMark) + textOfNote(note);
-  while (head.size() + 2 * user.size() > kLongestName) {
-    // up to the first byte of a character
-    while ((static_cast<unsigned char>(user.back()) & 0xc0U) == 0x80U) user.pop_back();
-    user.pop_back();
-  }
+  const std::size_t most = (kLongestName - std::min(head.size(), kLongestName)) / 2;
+  std::size_t length = std::min(user.size(), most);
+  // Not within a character.
+  while (length > 0 && length < user.size() && (static_cast<unsigned char>(user[length]) & 0xc0U) == 0x80U)
+    --length;
+  user.resize(length);
   return head + byteaText(user).substr(2);
 }
 

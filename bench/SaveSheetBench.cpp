@@ -109,7 +109,7 @@ void keepNumbersSmall(const LargeAccountSet& set) {
     const std::string small =
         "UPDATE " + table + " SET sCardID=CAST(CAST(CAST(sCardID AS TEXT) AS INTEGER)%30000+1 AS TEXT)";
     if (set.onServer())
-      BareServer(set.conninfo(), dataSchema).run(small);
+      BareServer(set.conninfo(), kDataSchema).run(small);
     else
       BareFile(set.dataFile()).run(small);
   }

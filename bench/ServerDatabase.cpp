@@ -52,16 +52,16 @@ ServerDatabase::~ServerDatabase() {
 void ServerDatabase::carry(const fs::path& from, const fs::path& to) const {
   PostgreSqlLink link(conninfo());
   link.run("BEGIN");
-  carryFile(link, from / "ZkData.Mdb", dataSchema, dataTables());
-  carryFile(link, from / "ZkSystem.Mdb", systemSchema, systemTables());
+  carryFile(link, from / "ZkData.Mdb", kDataSchema, dataTables());
+  carryFile(link, from / "ZkSystem.Mdb", kSystemSchema, systemTables());
   link.run("COMMIT");
   link.run("VACUUM ANALYZE");
   writeFiles(to);
 }
 
 void ServerDatabase::writeFiles(const fs::path& directory) const {
-  ServerFile{conninfo(), dataSchema}.write(directory / "ZkData.Mdb");
-  ServerFile{conninfo(), systemSchema}.write(directory / "ZkSystem.Mdb");
+  ServerFile{conninfo(), kDataSchema}.write(directory / "ZkData.Mdb");
+  ServerFile{conninfo(), kSystemSchema}.write(directory / "ZkSystem.Mdb");
 }
 
 }  // namespace zelkor::bench

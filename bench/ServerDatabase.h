@@ -5,8 +5,8 @@
 
 namespace zelkor::bench {
 
-inline constexpr const char* dataSchema = "zk001_data";
-inline constexpr const char* systemSchema = "zk001_system";
+inline constexpr const char* kDataSchema = "zk001_data";
+inline constexpr const char* kSystemSchema = "zk001_system";
 
 /// How the server is reached beside which the benchmark runs (tests/support/with-server), empty without one.
 std::string benchServer();

@@ -108,7 +108,7 @@ void stageGroups(const BareServer& server) {
 }  // namespace
 
 void serverMonthlyRunFloor(const std::string& conninfo) {
-  BareServer server(conninfo, dataSchema);
+  BareServer server(conninfo, kDataSchema);
   server.run("BEGIN; SET LOCAL synchronous_commit = on; DELETE FROM fa_DeprVouchers");
   computeCards(server);
   server.run("INSERT INTO fa_DeprVoucherMain(lOptID,sNum,iMaxPeriod,iMinPeriod,iStyle) VALUES(5,'01',1,1,1)");

@@ -40,7 +40,7 @@ constexpr const char* kDearest =
 /// Another session on the set's database, which reads the server's counts before and after a job.
 class Counts {
  public:
-  explicit Counts(const LargeAccountSet& set) : server_(set.conninfo(), dataSchema) {
+  explicit Counts(const LargeAccountSet& set) : server_(set.conninfo(), kDataSchema) {
     if (rows("SELECT 1 FROM pg_settings WHERE name='pg_stat_statements.max'") > 0)
       server_.run("CREATE EXTENSION IF NOT EXISTS pg_stat_statements SCHEMA public");
   }

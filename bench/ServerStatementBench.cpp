@@ -45,7 +45,7 @@ class Statements {
   Statements(const LargeAccountSet& set, Database data)
       : set_(set),
         data_(std::move(data)),
-        server_(set.conninfo(), dataSchema),
+        server_(set.conninfo(), kDataSchema),
         update_(server_, "UPDATE fa_DeprTransactions SET dblDepr1=$1,dblDeprRate1=$2 WHERE sCardNum=$3"),
         query_(server_, "SELECT dblMonthDeprTotal FROM fa_DeprTransactions WHERE sCardNum=$1"),
         insert_(server_,

@@ -34,7 +34,7 @@ AssetTypeCodingRule readAssetTypeCodingRule(Database& database) {
       database.OpenRecordset("select * from AccInformation where cSysID ='FA' And cName ='sTypeNumType'");
   if (row.Eof()) return rule;
   const std::string digits = row.TextOrEmpty("cValue");
-  for (std::size_t i = 0; i < assetTypeLevels && i < digits.size(); ++i) {
+  for (std::size_t i = 0; i < kAssetTypeLevels && i < digits.size(); ++i) {
     rule.lengths[i] = static_cast<int>(Val(digits.substr(i, 1)));
   }
   return rule;
@@ -45,7 +45,7 @@ NewAssetTypeCode proposeAssetTypeCode(Database& database, const AssetTypeParent&
   proposal.rule = readAssetTypeCodingRule(database);
   proposal.level = parent.level + 1;
   const auto above = static_cast<std::size_t>(parent.level);
-  if (above >= assetTypeLevels) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+  if (above >= kAssetTypeLevels) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
   for (std::size_t i = 0; i < above; ++i) proposal.parts[i] = parent.parts[i];
   const auto length = static_cast<std::size_t>(proposal.rule.lengths[above]);
   proposal.parts[above] = nextPart(database, parent.code, proposal.level, length);

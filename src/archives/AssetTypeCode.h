@@ -9,15 +9,15 @@
 
 namespace zelkor {
 
-inline constexpr std::size_t assetTypeLevels = 4;
+inline constexpr std::size_t kAssetTypeLevels = 4;
 
 /// A category's code cut into the parts of its levels; the parts of deeper levels are empty.
-using AssetTypeCodeParts = std::array<std::string, assetTypeLevels>;
+using AssetTypeCodeParts = std::array<std::string, kAssetTypeLevels>;
 
 /// The coding rule of the categories: how many characters each level's part has. A level without characters
 /// ends the tree.
 struct AssetTypeCodingRule {
-  std::array<int, assetTypeLevels> lengths{};
+  std::array<int, kAssetTypeLevels> lengths{};
 
   /// Deepest level that can hold a category, from 1; 0 when none can.
   int deepestLevel() const;

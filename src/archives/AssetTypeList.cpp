@@ -8,13 +8,13 @@ namespace zelkor {
 
 namespace {
 
-constexpr std::string_view rootCode = "&";
+constexpr std::string_view kRootCode = "&";
 
 std::string listStatement(std::string_view selectedCode) {
   const std::string_view columns =
       "select a.*,b.sName as sZJFFMC from fa_AssetTypes a left join fa_Depreciations b on "
       "a.sDeprMethodNum=b.sID ";
-  if (selectedCode == rootCode) return sql(columns, "where iLevel<=1 order by a.sNum");
+  if (selectedCode == kRootCode) return sql(columns, "where iLevel<=1 order by a.sNum");
   return sql(columns, "where a.sNum like '", selectedCode, "*' order by a.sNum");
 }
 
@@ -36,7 +36,7 @@ TextGrid assetTypeList(Database& database, std::string_view selectedCode,
   grid.setHeader("类别编码|类别名称|使用年限|净残值率|计量单位|计提属性|折旧方法|卡片样式");
   Recordset types = database.OpenRecordset(listStatement(selectedCode));
   for (; !types.Eof(); types.MoveNext()) {
-    if (types.TextOrEmpty("sNum") == rootCode) continue;
+    if (types.TextOrEmpty("sNum") == kRootCode) continue;
     grid.addRow({indentedCode(types), types.TextOrEmpty("sName"),
                  textOfDouble(types.Fields("iLife").numberOrZero() / 12),
                  Format(types.Fields("dblBVRate").numberOrZero() * 100, "0.00") + "%",

@@ -6,10 +6,10 @@ namespace zelkor {
 
 namespace {
 
-constexpr int defaultLifeMonths = 60;
+constexpr int kDefaultLifeMonths = 60;
 
 std::string lifeInMonths(const AssetTypeEntry& entry) {
-  return entry.lifeYears.empty() ? sql(defaultLifeMonths) : sql(Val(entry.lifeYears) * 12);
+  return entry.lifeYears.empty() ? sql(kDefaultLifeMonths) : sql(Val(entry.lifeYears) * 12);
 }
 
 std::string residualRate(const AssetTypeEntry& entry) {

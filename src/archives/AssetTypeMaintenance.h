@@ -22,17 +22,17 @@ struct AssetTypeEntry {
   std::string code() const;
 };
 
-inline constexpr std::string_view assetTypeBoxTitle = "固定资产";
-inline constexpr std::string_view assetTypeCodeTakenText =
+inline constexpr std::string_view kAssetTypeBoxTitle = "固定资产";
+inline constexpr std::string_view kAssetTypeCodeTakenText =
     "已存在相同编码或名称\n请试着修改编码或名称后再保存。";
-inline constexpr std::string_view assetTypeMethodUnknownText = "折旧方法名称错误！";
-inline constexpr std::string_view assetTypeDeleteQuestion = "确定要删除当前所选记录吗?";
-inline constexpr std::string_view assetTypeCancelQuestion = "是否取消本次操作?";
+inline constexpr std::string_view kAssetTypeMethodUnknownText = "折旧方法名称错误！";
+inline constexpr std::string_view kAssetTypeDeleteQuestion = "确定要删除当前所选记录吗?";
+inline constexpr std::string_view kAssetTypeCancelQuestion = "是否取消本次操作?";
 
 enum class AssetTypeSaved { Stored, CodeTaken };
 
 /// Rewrites the category whose code was `oldCode`. The level, the parts of the code and the categories below
-/// stay as they were, also when the code changes. CodeTaken: refused with assetTypeCodeTakenText.
+/// stay as they were, also when the code changes. CodeTaken: refused with kAssetTypeCodeTakenText.
 AssetTypeSaved updateAssetType(Database& database, const AssetTypeEntry& entry, std::string_view oldCode);
 
 /// Adds a category at `level`, counts it with its parent and numbers it behind the highest sID. Without a
@@ -43,7 +43,7 @@ void addAssetType(Database& database, const AssetTypeEntry& entry, int level);
 void deleteAssetType(Database& database, std::string_view code);
 
 /// sID of the depreciation method with this name; empty when there is none, which the screen refuses with
-/// assetTypeMethodUnknownText.
+/// kAssetTypeMethodUnknownText.
 std::string depreciationMethodID(Database& database, std::string_view name);
 
 }  // namespace zelkor

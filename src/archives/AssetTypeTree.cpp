@@ -28,7 +28,7 @@ void LoadSubClass(Database& database, const std::string& parentCode, int level, 
     const std::string statement =
         sql("select * from fa_AssetTypes where iLevel=", level, " and sNum like '", parentCode, "*'");
     loadTypes(database.OpenRecordset(statement), "D" + parentCode, tree, [&](const std::string& code) {
-      if (level < static_cast<int>(assetTypeLevels)) LoadSubClass(database, code, level + 1, tree);
+      if (level < static_cast<int>(kAssetTypeLevels)) LoadSubClass(database, code, level + 1, tree);
     });
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "LoadSubClass");
@@ -38,7 +38,7 @@ void LoadSubClass(Database& database, const std::string& parentCode, int level, 
 void LoadAllClass(Database& database, std::vector<TreeRow>& tree) {
   try {
     const Recordset root = database.OpenRecordset("select * from fa_AssetTypes where sNum='&'");
-    const std::string rootKey(assetTypeRootKey);
+    const std::string rootKey(kAssetTypeRootKey);
     tree.push_back({rootKey, "", root.Eof() ? std::string() : root.TextOrEmpty("sName")});
     loadTypes(database.OpenRecordset("select * from fa_AssetTypes where iLevel=1"), rootKey, tree,
               [&](const std::string& code) { LoadSubClass(database, code, 2, tree); });
@@ -52,7 +52,7 @@ void LoadAllClass(Database& database, std::vector<TreeRow>& tree) {
 AssetTypeCodeParts partsOf(const std::string& code, int level, const AssetTypeCodeParts& stored) {
   AssetTypeCodeParts parts;
   std::string rest = code;
-  const auto own = static_cast<std::size_t>(std::clamp<int>(level, 1, assetTypeLevels) - 1);
+  const auto own = static_cast<std::size_t>(std::clamp<int>(level, 1, kAssetTypeLevels) - 1);
   for (std::size_t i = 0; i < own; ++i) {
     parts[i] = Left(rest, Len(stored[i]));
     rest = Mid(rest, Len(stored[i]) + 1);
@@ -75,7 +75,7 @@ std::vector<TreeRow> assetTypeTree(Database& database) {
 }
 
 std::vector<TreeRow> depreciationMethodTree(Database& database) {
-  const std::string rootKey(assetTypeRootKey);
+  const std::string rootKey(kAssetTypeRootKey);
   std::vector<TreeRow> tree{{rootKey, "", "折旧方法"}};
   Recordset methods = database.OpenRecordset("select * from fa_Depreciations order by sID");
   for (; !methods.Eof(); methods.MoveNext()) {

@@ -11,7 +11,7 @@
 
 namespace zelkor {
 
-inline constexpr std::string_view assetTypeRootKey = "R";
+inline constexpr std::string_view kAssetTypeRootKey = "R";
 
 /// The tree of categories: the root with key "R", every category with key "D" and its code, its code as tag.
 /// A failure on the way ends the loading silently; what has been read is given.

@@ -6,12 +6,12 @@ namespace zelkor {
 
 DepartCheck checkDepart(const DepartRecord& depart, DepartSaving saving, std::string_view pattern,
                         const std::function<bool(const std::string&)>& treeHolds) {
-  if (depart.name.empty()) return {departNameEmptyText};
-  if (saving == DepartSaving::New && treeHolds(depart.code)) return {departCodeTakenText};
+  if (depart.name.empty()) return {kDepartNameEmptyText};
+  if (saving == DepartSaving::New && treeHolds(depart.code)) return {kDepartCodeTakenText};
   const auto level = ChkIsCodingRule(depart.code, pattern);
-  if (!level) return {departCodeUnfitText};
+  if (!level) return {kDepartCodeUnfitText};
   if (!ChkParentDept(depart.code, level->parentLength, treeHolds))
-    return {departParentMissingText, level->level};
+    return {kDepartParentMissingText, level->level};
   return {{}, level->level};
 }
 

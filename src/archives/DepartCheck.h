@@ -8,11 +8,11 @@
 
 namespace zelkor {
 
-inline constexpr std::string_view departBoxTitle = "提示";
-inline constexpr std::string_view departNameEmptyText = "名称不能为空，请填写！";
-inline constexpr std::string_view departCodeTakenText = "已存在此分类编码，请重新输入！";
-inline constexpr std::string_view departCodeUnfitText = "此编码不符合分类编码规则，请重新编码！";
-inline constexpr std::string_view departParentMissingText = "不存在上级部门，请重新输入！";
+inline constexpr std::string_view kDepartBoxTitle = "提示";
+inline constexpr std::string_view kDepartNameEmptyText = "名称不能为空，请填写！";
+inline constexpr std::string_view kDepartCodeTakenText = "已存在此分类编码，请重新输入！";
+inline constexpr std::string_view kDepartCodeUnfitText = "此编码不符合分类编码规则，请重新编码！";
+inline constexpr std::string_view kDepartParentMissingText = "不存在上级部门，请重新输入！";
 
 struct DepartCheck {
   std::string_view refusal = {};  // the text to show; empty when the department may be stored

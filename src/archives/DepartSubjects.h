@@ -9,7 +9,7 @@
 
 namespace zelkor {
 
-inline constexpr std::string_view departSubjectUnknownText = "录入科目错误！\n科目不存在或科目非明细级！";
+inline constexpr std::string_view kDepartSubjectUnknownText = "录入科目错误！\n科目不存在或科目非明细级！";
 
 /// A department of the mirror with its depreciation subject.
 struct DepartSubject {

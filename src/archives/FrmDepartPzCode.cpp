@@ -139,7 +139,7 @@ void FrmDepartPzCode::save(SavedBy way) {
   }
   const auto subject = findDetailSubject(data(), subjectCodeOf(text));
   if (!subject) {
-    run().dialogs.MsgBox(std::string(departSubjectUnknownText), Buttons::Ok, Icon::Critical, kTitle);
+    run().dialogs.MsgBox(std::string(kDepartSubjectUnknownText), Buttons::Ok, Icon::Critical, kTitle);
     return;
   }
   SubjectReach reach = SubjectReach::DepartAlone;

@@ -178,7 +178,7 @@ void FrmDepartment::save() {
   });
   if (!check.refusal.empty()) {
     run().dialogs.MsgBox(std::string(check.refusal), Buttons::Ok, Icon::Exclamation,
-                         std::string(departBoxTitle));
+                         std::string(kDepartBoxTitle));
     TxtEdit[depart.name.empty() ? Name : Code]->setFocus();
     return;
   }
@@ -208,7 +208,7 @@ void FrmDepartment::UpdateTvLeft(const DepartRecord& depart) {
 void FrmDepartment::remove() {
   QTreeWidgetItem* item = TvLeft->currentItem();
   if (!item) return;
-  const std::string title(departBoxTitle);
+  const std::string title(kDepartBoxTitle);
   if (item->childCount() > 0) {
     run().dialogs.MsgBox("不能删除存在有下级部门的部门！", Buttons::Ok, Icon::Exclamation, title);
     return;

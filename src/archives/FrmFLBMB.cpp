@@ -103,7 +103,7 @@ void FrmFLBMB::showDetails(const std::string& code) {
 /// that the coding rule gives it. A part from the time of another rule is not cut to it.
 void FrmFLBMB::showParts(const AssetTypeCodeParts& parts, int openLevel) {
   const AssetTypeCodingRule rule = readAssetTypeCodingRule(data());
-  for (std::size_t i = 0; i < assetTypeLevels; ++i) {
+  for (std::size_t i = 0; i < kAssetTypeLevels; ++i) {
     const QString part = toQt(parts[i]);
     const int limit = std::max(rule.lengths[i], static_cast<int>(part.size()));
     TxtBM[i]->setMaxLength(browsing() ? kCodePartLimit : limit);
@@ -147,7 +147,7 @@ void FrmFLBMB::edit() {
 
 AssetTypeEntry FrmFLBMB::entered() const {
   AssetTypeEntry entry;
-  for (std::size_t i = 0; i < assetTypeLevels; ++i) entry.parts[i] = fromQt(TxtBM[i]->text());
+  for (std::size_t i = 0; i < kAssetTypeLevels; ++i) entry.parts[i] = fromQt(TxtBM[i]->text());
   entry.name = fromQt(TxtLBMC->text());
   entry.lifeYears = fromQt(TxtSYNX->text());
   entry.residualRatePercent = fromQt(TxtJCZL->text());
@@ -163,22 +163,22 @@ void FrmFLBMB::save() {
   if (mode_ == Mode::Add) {
     addAssetType(data(), entered(), newLevel_);
   } else if (updateAssetType(data(), entered(), current_.code) == AssetTypeSaved::CodeTaken) {
-    run().dialogs.MsgBox(std::string(assetTypeCodeTakenText), Buttons::Ok, Icon::Exclamation,
-                         std::string(assetTypeBoxTitle));
+    run().dialogs.MsgBox(std::string(kAssetTypeCodeTakenText), Buttons::Ok, Icon::Exclamation,
+                         std::string(kAssetTypeBoxTitle));
     return;
   }
   reload();
 }
 
 void FrmFLBMB::cancel() {
-  const Answer answer = run().dialogs.MsgBox(std::string(assetTypeCancelQuestion), Buttons::YesNo,
-                                             Icon::Question, std::string(assetTypeBoxTitle));
+  const Answer answer = run().dialogs.MsgBox(std::string(kAssetTypeCancelQuestion), Buttons::YesNo,
+                                             Icon::Question, std::string(kAssetTypeBoxTitle));
   if (answer == Answer::Yes) reload();
 }
 
 void FrmFLBMB::remove() {
-  const Answer answer = run().dialogs.MsgBox(std::string(assetTypeDeleteQuestion), Buttons::YesNo,
-                                             Icon::Question, std::string(assetTypeBoxTitle));
+  const Answer answer = run().dialogs.MsgBox(std::string(kAssetTypeDeleteQuestion), Buttons::YesNo,
+                                             Icon::Question, std::string(kAssetTypeBoxTitle));
   if (answer != Answer::Yes) return;
   deleteAssetType(data(), current_.code);
   reload();
@@ -187,8 +187,8 @@ void FrmFLBMB::remove() {
 /// True when the method in the field is one of the archive's.
 bool FrmFLBMB::TxtZJFF_Validate() {
   if (browsing() || !depreciationMethodID(data(), fromQt(TxtZJFF->text())).empty()) return true;
-  run().dialogs.MsgBox(std::string(assetTypeMethodUnknownText), Buttons::Ok, Icon::Exclamation,
-                       std::string(assetTypeBoxTitle));
+  run().dialogs.MsgBox(std::string(kAssetTypeMethodUnknownText), Buttons::Ok, Icon::Exclamation,
+                       std::string(kAssetTypeBoxTitle));
   TxtZJFF->setFocus();
   return false;
 }

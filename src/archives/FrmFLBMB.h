@@ -29,7 +29,7 @@ class FrmFLBMB final : public Form {
   QTabWidget* SSTab1 = make<QTabWidget>("SSTab1");
   FlexGrid* MSFlexGrid1 = make<FlexGrid>("MSFlexGrid1");
   QWidget* Picture1 = make<QWidget>("Picture1");
-  std::array<QLineEdit*, assetTypeLevels> TxtBM = makeArray<QLineEdit, assetTypeLevels>("TxtBM");
+  std::array<QLineEdit*, kAssetTypeLevels> TxtBM = makeArray<QLineEdit, kAssetTypeLevels>("TxtBM");
   QLineEdit* TxtLBMC = make<QLineEdit>("TxtLBMC");
   QLineEdit* TxtSYNX = make<QLineEdit>("TxtSYNX");
   QLineEdit* TxtJCZL = make<QLineEdit>("TxtJCZL");

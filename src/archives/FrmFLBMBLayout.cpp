@@ -64,7 +64,7 @@ void FrmFLBMB::arrangeDetails() {
                                          {"卡片样式：", TxtKPYS}}),
                                  stretch()}),
                             stretch()}));
-  setTabOrder(TxtBM[assetTypeLevels - 1], TxtLBMC);
+  setTabOrder(TxtBM[kAssetTypeLevels - 1], TxtLBMC);
 }
 
 }  // namespace zelkor

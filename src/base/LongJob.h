@@ -13,10 +13,10 @@ namespace zelkor {
 class LongJob {
  public:
   using Milliseconds = std::chrono::milliseconds;
-  static constexpr Milliseconds usualPause{250};
+  static constexpr Milliseconds kUsualPause{250};
 
   /// `pause` lies between two looks at the job, and before the first.
-  LongJob(Dialogs& dialogs, std::string text, std::size_t steps, Milliseconds pause = usualPause);
+  LongJob(Dialogs& dialogs, std::string text, std::size_t steps, Milliseconds pause = kUsualPause);
   LongJob(const LongJob&) = delete;
   LongJob& operator=(const LongJob&) = delete;
   ~LongJob();

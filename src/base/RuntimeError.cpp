@@ -8,7 +8,7 @@ struct StandingText {
   const char* text;
 };
 
-constexpr StandingText standingTexts[] = {
+constexpr StandingText kStandingTexts[] = {
     {ErrorNumber::InvalidProcedureCall, "无效的过程调用或参数"},
     {ErrorNumber::Overflow, "溢出"},
     {ErrorNumber::SubscriptOutOfRange, "下标越界"},
@@ -55,7 +55,7 @@ constexpr StandingText standingTexts[] = {
 };
 
 const char* standingText(ErrorNumber number) {
-  for (const StandingText& entry : standingTexts)
+  for (const StandingText& entry : kStandingTexts)
     if (entry.number == number) return entry.text;
   return "应用程序定义或对象定义错误";
 }

@@ -11,14 +11,14 @@ using enum ArchiveKind;
 using enum CardDataType;
 using enum CardInput;
 
-constexpr std::array<CardFieldRow, cardFieldCount> kRows = {{
+constexpr std::array<CardFieldRow, kCardFieldCount> kRows = {{
 #define CARD_FIELD(name, ...) {.field = CardField::name, __VA_ARGS__},
 #include "cards/CardFields.def"
 #undef CARD_FIELD
 }};
 
-std::array<std::size_t, cardFieldCount> columnSizes() {
-  std::array<std::size_t, cardFieldCount> sizes{};
+std::array<std::size_t, kCardFieldCount> columnSizes() {
+  std::array<std::size_t, kCardFieldCount> sizes{};
   const auto& table = catalogueTable("fa_Cards")->info;
   std::ranges::transform(kRows, sizes.begin(), [&](const CardFieldRow& row) -> std::size_t {
     const auto* column = table.find(row.columns[0]);
@@ -34,7 +34,7 @@ std::size_t CardFieldRow::size() const {
   return sizes[static_cast<std::size_t>(field) - 1];
 }
 
-std::span<const CardFieldRow, cardFieldCount> cardFields() {
+std::span<const CardFieldRow, kCardFieldCount> cardFields() {
   return kRows;
 }
 

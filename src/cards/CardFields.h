@@ -20,7 +20,7 @@ enum class CardField : std::size_t {
 };
 
 #define CARD_FIELD(...) +1
-inline constexpr std::size_t cardFieldCount = 0
+inline constexpr std::size_t kCardFieldCount = 0
 #include "cards/CardFields.def"
     ;
 #undef CARD_FIELD
@@ -62,7 +62,7 @@ struct CardFieldRow {
 };
 
 /// The rows of all fields in the order of their numbers.
-std::span<const CardFieldRow, cardFieldCount> cardFields();
+std::span<const CardFieldRow, kCardFieldCount> cardFields();
 const CardFieldRow& cardField(CardField field);
 
 /// Caption of the field on the card.

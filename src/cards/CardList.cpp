@@ -89,7 +89,7 @@ TextGrid CardList::next(std::size_t limit) {
 void CardList::addCard(TextGrid& grid) {
   const Value amount = rows_.Fields("原值");
   const std::size_t row = grid.addRow();
-  grid.setText(row, cardNumColumn, rows_.TextOrEmpty("卡片编号"));
+  grid.setText(row, kCardNumColumn, rows_.TextOrEmpty("卡片编号"));
   grid.setText(row, kStartColumn, rows_.TextOrEmpty("开始使用日期"));
   grid.setText(row, kLifeColumn, rows_.TextOrEmpty("使用年限") + "年" + "0月");
   grid.setText(row, kAmountColumn, Format(amount, kAmountPicture));
@@ -104,9 +104,9 @@ void CardList::addTotal(TextGrid& grid) {
   if (complete_) return;
   complete_ = true;
   const std::size_t row = grid.addRow();
-  grid.setText(row, cardNumColumn, "合计：");
+  grid.setText(row, kCardNumColumn, "合计：");
   grid.setText(row, kAmountColumn, Format(static_cast<double>(total_), kAmountPicture));
-  for (const std::size_t column : {cardNumColumn, kAmountColumn}) grid.setBold(row, column, true);
+  for (const std::size_t column : {kCardNumColumn, kAmountColumn}) grid.setBold(row, column, true);
 }
 
 }  // namespace zelkor

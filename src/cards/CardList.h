@@ -26,7 +26,7 @@ std::string cardListCaption(std::string_view nodeName, CardFilter filter, std::s
 class CardList {
  public:
   /// Column of the card number; column 0 stays empty.
-  static constexpr std::size_t cardNumColumn = 1;
+  static constexpr std::size_t kCardNumColumn = 1;
 
   /// `rows` are those of ClsBLLManageCards::rstGetCards. Of each card the first row counts.
   explicit CardList(Recordset rows);

@@ -47,7 +47,7 @@ class RowCheck {
 
   CardValues& card_;
   std::vector<CellProblem>& problems_;
-  std::bitset<cardFieldCount + 1> checked_;  // the fields with a check of their own
+  std::bitset<kCardFieldCount + 1> checked_;  // the fields with a check of their own
 };
 
 void RowCheck::needed() {

@@ -12,7 +12,7 @@ namespace zelkor {
 
 namespace {
 
-constexpr int monthsOfYear = 12;
+constexpr int kMonthsOfYear = 12;
 
 /// What stands before and behind the first comma; without one, all of it stands before.
 std::pair<std::string, std::string> splitAtComma(std::string_view text) {
@@ -120,8 +120,8 @@ std::string assignments(const CardEntry& card, const ColumnList& list) {
 /// The months' columns of a department's ledger.
 std::string ledgerDetailColumns() {
   std::string columns;
-  for (int n = 1; n <= monthsOfYear; ++n) columns += sql(",dblDepr", n, ",dblDeprT", n);
-  for (int n = 1; n <= monthsOfYear + 1; ++n) columns += sql(",dblMonthValue", n);
+  for (int n = 1; n <= kMonthsOfYear; ++n) columns += sql(",dblDepr", n, ",dblDeprT", n);
+  for (int n = 1; n <= kMonthsOfYear + 1; ++n) columns += sql(",dblMonthValue", n);
   return columns;
 }
 
@@ -167,7 +167,7 @@ void insertDeprTransaction(Database& database, const CardEntry& card) {
   using enum CardField;
   std::string monthColumns;
   std::string monthValues;
-  for (int n = card.month + 1; n <= monthsOfYear; ++n) {
+  for (int n = card.month + 1; n <= kMonthsOfYear; ++n) {
     monthColumns += sql(",dblMonthValue", n);
     monthValues.append(",").append(card[OriginalValue]);
   }
@@ -185,8 +185,8 @@ void insertDeprTransaction(Database& database, const CardEntry& card) {
 void insertDeprTransactionDetail(Database& database, const CardEntry& card) {
   static const std::string columns = ledgerDetailColumns();
   std::string values;
-  for (int n = 1; n <= monthsOfYear; ++n) values += ",0,0";
-  for (int n = 1; n <= monthsOfYear + 1; ++n) {
+  for (int n = 1; n <= kMonthsOfYear; ++n) values += ",0,0";
+  for (int n = 1; n <= kMonthsOfYear + 1; ++n) {
     values += ',';
     values += n <= card.month ? "0" : card[CardField::OriginalValue];
   }
@@ -205,7 +205,7 @@ void updateCardRows(Database& database, const CardEntry& card, std::string_view 
 void updateDeprTransaction(Database& database, const CardEntry& card, std::string_view cardNum) {
   using enum CardField;
   std::string monthAssignments;
-  for (int n = card.month + 1; n <= monthsOfYear; ++n) {
+  for (int n = card.month + 1; n <= kMonthsOfYear; ++n) {
     monthAssignments += sql(",dblMonthValue", n, "=", card[AccumulatedDepreciation]);
   }
   database.Execute(

@@ -17,7 +17,7 @@ class CardValues {
   }
 
  private:
-  std::array<std::string, cardFieldCount> values_;
+  std::array<std::string, kCardFieldCount> values_;
 };
 
 }  // namespace zelkor

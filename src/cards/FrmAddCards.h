@@ -31,7 +31,7 @@ class FrmAddCards final : public Form {
   /// How a field came to be edited. One that the keyboard only passes stays as it is.
   enum class Arrival { ByClick, ByKeyboard };
   /// Control arrays count the fields from 1; the first of each is the pattern and stays hidden.
-  static constexpr std::size_t kArraySize = cardFieldCount + 1;
+  static constexpr std::size_t kArraySize = kCardFieldCount + 1;
 
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");
   QMenu* mnuPop = make<QMenu>("mnuPop");

@@ -191,7 +191,7 @@ std::optional<std::string> FrmManageCards::selectedCard() const {
   const auto row = mshFA->currentGridRow();
   const bool sumIsThere = !reading_;
   if (!row || (sumIsThere && *row + 1 == mshFA->grid().rows())) return std::nullopt;
-  return mshFA->grid().text(*row, CardList::cardNumColumn);
+  return mshFA->grid().text(*row, CardList::kCardNumColumn);
 }
 
 void FrmManageCards::edit() {

@@ -36,7 +36,7 @@ std::optional<CardVersion> findPicked(Database& database, const CardSearch& sear
 
 // The list has a row for each sheet of a card: the one that was chosen gives the value before.
 void showPicked(Database& /*database*/, const CardVersion& /*card*/, const ListRow& row, ChangeSheet& sheet) {
-  sheet.before.text = row.at(listedValueColumn);
+  sheet.before.text = row.at(kListedValueColumn);
 }
 
 std::optional<MessageBox> check(const ChangeSheet& sheet) {
@@ -78,15 +78,15 @@ void correctLedgers(const SheetSaving& saving) {
 }  // namespace
 
 const SheetRules& accumulatedDeprRules() {
-  static constexpr PickRules pick{.check = nullptr, .find = findPicked, .show = showPicked};
-  static constexpr SheetRules rules{.find = find,
-                                    .show = show,
-                                    .pick = &pick,
-                                    .stored = storedText,
-                                    .check = check,
-                                    .write = write,
-                                    .afterwards = correctLedgers};
-  return rules;
+  static constexpr PickRules kPick{.check = nullptr, .find = findPicked, .show = showPicked};
+  static constexpr SheetRules kRules{.find = find,
+                                     .show = show,
+                                     .pick = &kPick,
+                                     .stored = storedText,
+                                     .check = check,
+                                     .write = write,
+                                     .afterwards = correctLedgers};
+  return kRules;
 }
 
 }  // namespace zelkor

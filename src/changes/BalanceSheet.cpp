@@ -8,7 +8,7 @@
 namespace zelkor {
 namespace {
 
-constexpr const char* workloadMethod = "工作量法";
+constexpr const char* kWorkloadMethod = "工作量法";
 
 MessageBox warning(std::string text) {
   return {std::move(text), Buttons::Ok, Icon::Exclamation, "固定资产"};
@@ -70,13 +70,13 @@ std::optional<MessageBox> balanceRefusal(const BalanceSheet& sheet) {
 }
 
 std::optional<MessageBox> balanceQuestion(const BalanceSheet& sheet) {
-  if (sheet.methodBefore != workloadMethod) return std::nullopt;
+  if (sheet.methodBefore != kWorkloadMethod) return std::nullopt;
   return MessageBox{"由于本资产折旧方法已不再和工作量有关，所以本月工作量将被清空.\n确实要进行此变动吗？",
                     Buttons::YesNo, Icon::Question, "资产变动"};
 }
 
 BalanceSaved saveBalance(ClsBLLBalance& balance, const BalanceSheet& sheet) {
-  const MethodLeft left = sheet.methodBefore == workloadMethod ? MethodLeft::Workload : MethodLeft::Other;
+  const MethodLeft left = sheet.methodBefore == kWorkloadMethod ? MethodLeft::Workload : MethodLeft::Other;
   const bool saved = balance.AddCards(changeOf(sheet), left);
   return {saved, warning(saved ? "数据保存成功!" : "数据保存失败!")};
 }

@@ -28,7 +28,7 @@ struct BalanceSheet {
   std::string operationNumber;  // txtTemp
 };
 
-inline constexpr const char* balanceCaption = "折旧方法调整";
+inline constexpr const char* kBalanceCaption = "折旧方法调整";
 
 /// An empty sheet with the next numbers, the operating date and the operator.
 BalanceSheet newBalanceSheet(ClsBLLBalance& balance, DateTime operatingDate, const std::string& operatorName);

@@ -10,10 +10,10 @@
 namespace zelkor {
 namespace {
 
-constexpr const char* newestOfCard =
+constexpr const char* kNewestOfCard =
     " Where a.sCardID in ( Select  Top 1 sCardID From fa_cards Where fa_cards.sCardNum = a.sCardNum"
     " Order By sCardID Desc)";
-constexpr const char* newestDepreciatedOfCard =
+constexpr const char* kNewestDepreciatedOfCard =
     " Where a.sCardID in ( Select  Top 1 sCardID From fa_cards Where fa_cards.sCardNum = a.sCardNum"
     " And  fa_cards.dblTransInDeprTCard<>0 Order By sCardID Desc)";
 
@@ -55,7 +55,7 @@ TextGrid allCards(Database& database) {
 TextGrid cardsWithStatus(Database& database) {
   TextGrid grid = gridWith("|使用状况|使用状况编号");
   addRows(grid,
-          database.OpenRecordset(sql("select a.*,fa_status.sName from fa_cards a,fa_status", newestOfCard,
+          database.OpenRecordset(sql("select a.*,fa_status.sName from fa_cards a,fa_status", kNewestOfCard,
                                      " And  a.sStatusID=fa_status.sID order by a.sCardNum")),
           [](const Recordset& row) {
             return std::vector{row.TextOrEmpty("sName"), row.TextOrEmpty("sStatusID")};
@@ -67,7 +67,7 @@ TextGrid cardsWithResidualValue(Database& database) {
   TextGrid grid = gridWith("|净残值率|净残值");
   addRows(grid,
           database.OpenRecordset(
-              sql("select a.* from fa_cards a", newestDepreciatedOfCard, " order by a.sCardNum")),
+              sql("select a.* from fa_cards a", kNewestDepreciatedOfCard, " order by a.sCardNum")),
           [](const Recordset& row) {
             return std::vector{row.TextOrEmpty("dblBVRate"), row.TextOrEmpty("dblBV")};
           });
@@ -94,12 +94,12 @@ TextGrid cardsBySheet(Database& database, int voucherType, const char* caption, 
 
 TextGrid cardsWithDepreciation(Database& database) {
   return cardsBySheet(
-      database, voucherTypeOf(ChangeKind::AccumulatedDepr), "|累计折旧", newestDepreciatedOfCard,
+      database, voucherTypeOf(ChangeKind::AccumulatedDepr), "|累计折旧", kNewestDepreciatedOfCard,
       [](const Recordset& row) { return std::vector{row.TextOrEmpty("dblTransInDeprTCard")}; });
 }
 
 TextGrid cardsWithLife(Database& database) {
-  return cardsBySheet(database, voucherTypeOf(ChangeKind::UsefulLife), "|使用年限", newestOfCard,
+  return cardsBySheet(database, voucherTypeOf(ChangeKind::UsefulLife), "|使用年限", kNewestOfCard,
                       [](const Recordset& row) { return std::vector{row.TextOrEmpty("lLife")}; });
 }
 

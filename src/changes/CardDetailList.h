@@ -25,9 +25,9 @@ namespace zelkor {
 TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingDate);
 
 /// Column of the value that the next sheet finds in the list of 累计折旧调整.
-inline constexpr std::size_t listedValueColumn = 5;
+inline constexpr std::size_t kListedValueColumn = 5;
 /// Column of dInputDate in the list of 部门转移.
-inline constexpr std::size_t transferEntryDateColumn = 7;
+inline constexpr std::size_t kTransferEntryDateColumn = 7;
 
 /// The card's version in force on the date, which the list of 部门转移 shows.
 std::optional<CardVersion> versionInForce(Database& database, std::string_view cardNum, DateTime date);

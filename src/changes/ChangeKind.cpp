@@ -14,7 +14,7 @@ struct KindName {
 };
 
 // The change of the depreciation method, which is not in this list, bears type 7 as the transfer does.
-constexpr std::array<KindName, 6> kinds = {{
+constexpr std::array<KindName, 6> kKinds = {{
     {ChangeKind::OriginalValue, "原值增加", 1},
     {ChangeKind::UsageStatus, "使用状况调整", 4},
     {ChangeKind::AccumulatedDepr, "累计折旧调整", 5},
@@ -24,7 +24,7 @@ constexpr std::array<KindName, 6> kinds = {{
 }};
 
 const KindName& nameOf(ChangeKind kind) {
-  return *std::ranges::find(kinds, kind, &KindName::kind);
+  return *std::ranges::find(kKinds, kind, &KindName::kind);
 }
 
 }  // namespace
@@ -34,8 +34,8 @@ std::string_view captionOf(ChangeKind kind) {
 }
 
 std::optional<ChangeKind> changeKindOf(std::string_view caption) {
-  const auto* const found = std::ranges::find(kinds, caption, &KindName::caption);
-  if (found == kinds.end()) return std::nullopt;
+  const auto* const found = std::ranges::find(kKinds, caption, &KindName::caption);
+  if (found == kKinds.end()) return std::nullopt;
   return found->kind;
 }
 

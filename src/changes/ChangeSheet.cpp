@@ -10,7 +10,7 @@
 namespace zelkor {
 namespace {
 
-constexpr const char* amountPicture = "0.00";
+constexpr const char* kAmountPicture = "0.00";
 
 /// Nothing where the increase is no number.
 std::optional<double> increaseOf(const std::string& typed) {
@@ -41,9 +41,9 @@ void ChangeSheet::recomputeValues() {
     after.text = residualAfter = residualIncrease = "";
     return;
   }
-  after.text = Format(Val(before.text) + *amount, amountPicture);
-  residualAfter = Format(Val(after.text) * Val(residualRate) / 100, amountPicture);
-  residualIncrease = Format(Val(residualAfter) - Val(residualBefore), amountPicture);
+  after.text = Format(Val(before.text) + *amount, kAmountPicture);
+  residualAfter = Format(Val(after.text) * Val(residualRate) / 100, kAmountPicture);
+  residualIncrease = Format(Val(residualAfter) - Val(residualBefore), kAmountPicture);
 }
 
 }  // namespace zelkor

@@ -9,7 +9,7 @@
 namespace zelkor {
 
 /// What is told of a card that is asked for and not there.
-inline constexpr const char* cardMissing = "当前卡片已不存在！";
+inline constexpr const char* kCardMissing = "当前卡片已不存在！";
 
 /// A value of a sheet: what its label shows and what stands beside it in the label's Tag.
 struct ShownValue {

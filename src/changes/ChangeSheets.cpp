@@ -14,7 +14,7 @@ namespace {
 using Outcome = SheetResult::Outcome;
 
 // One title for every kind.
-constexpr const char* savedTitle = "变动单－－使用状况调整";
+constexpr const char* kSavedTitle = "变动单－－使用状况调整";
 
 SheetResult refused(MessageBox box) {
   return {Outcome::Refused, std::move(box)};
@@ -25,7 +25,7 @@ SheetResult failed(const RuntimeError& error) {
 }
 
 MessageBox savedBox() {
-  return {"数据成功保存！", Buttons::Ok, Icon::Information, savedTitle};
+  return {"数据成功保存！", Buttons::Ok, Icon::Information, kSavedTitle};
 }
 
 /// Commits what the sheet has written, and with it what follows from the sheet, so that a cut leaves both or
@@ -92,7 +92,7 @@ SheetResult ChangeSheets::pickCard(const std::vector<std::string>& row, ChangeSh
 SheetResult ChangeSheets::load(const FindVersion& find, const ShowVersion& show, ChangeSheet& sheet) {
   try {
     auto found = find();
-    if (!found) return refused(refusal(cardMissing));
+    if (!found) return refused(refusal(kCardMissing));
     ChangeSheet filled = sheet;
     showCard(*found, filled);
     show(*found, filled);

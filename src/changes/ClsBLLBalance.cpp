@@ -9,13 +9,13 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t firstCopiedColumn = 2;
-constexpr int voucherTypeOfMethodChange = 7;
-constexpr int periodOfSheet = 5;  // whatever the month
+constexpr std::size_t kFirstCopiedColumn = 2;
+constexpr int kVoucherTypeOfMethodChange = 7;
+constexpr int kPeriodOfSheet = 5;  // whatever the month
 
 /// A new version of the source: its columns by position, the first two left out.
 void copyByPosition(Recordset& cards, const CardVersion& source) {
-  for (std::size_t i = firstCopiedColumn; i < cards.FieldCount(); ++i) {
+  for (std::size_t i = kFirstCopiedColumn; i < cards.FieldCount(); ++i) {
     cards.Collect(cards.FieldName(i), source[cards.FieldName(i)]);
   }
 }
@@ -68,14 +68,14 @@ void ClsBLLBalance::addSheet(const MethodChange& change) {
   sheets.Collect("sNum", change.sheetNumber);
   sheets.Collect("sCardNum", change.cardNum);
   sheets.Collect("lOptID", change.operationNumber);
-  sheets.Collect("iVoucherType", voucherTypeOfMethodChange);
-  sheets.Collect("sVoucherName", balanceCaption);
-  sheets.Collect("sVoucherEngName", balanceCaption);
+  sheets.Collect("iVoucherType", kVoucherTypeOfMethodChange);
+  sheets.Collect("sVoucherName", kBalanceCaption);
+  sheets.Collect("sVoucherEngName", kBalanceCaption);
   sheets.Collect("sBeforeVoucher", change.methodBefore);
   sheets.Collect("sAfterVoucher", change.methodAfter);
   sheets.Collect("memReason", change.reason);
   sheets.Collect("dTransdate", change.date);
-  sheets.Collect("iTransPeriod", periodOfSheet);
+  sheets.Collect("iTransPeriod", kPeriodOfSheet);
   sheets.Collect("sOperatorVou", change.operatorName);
   sheets.Update();
 }

@@ -7,8 +7,8 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t fewestSplitDeparts = 2;
-constexpr int wholeAsset = 100;
+constexpr std::size_t kFewestSplitDeparts = 2;
+constexpr int kWholeAsset = 100;
 
 MessageBox information(std::string text) {
   return {std::move(text), Buttons::Ok, Icon::Information, "固定资产"};
@@ -31,7 +31,7 @@ std::optional<MessageBox> fillSplit(const std::vector<SplitRow>& rows, DepartSpl
     append(split, row);
     total = CInt(total + static_cast<double>(CInt(Value(row.scale))));
   }
-  if (total != wholeAsset) return information("使用部门比例总和不等于100%，请调整使用比例数值！");
+  if (total != kWholeAsset) return information("使用部门比例总和不等于100%，请调整使用比例数值！");
   return std::nullopt;
 }
 
@@ -39,7 +39,7 @@ std::optional<MessageBox> fillSplit(const std::vector<SplitRow>& rows, DepartSpl
 
 std::optional<MessageBox> confirmSplit(const std::vector<SplitRow>& rows, DepartSplit& split) {
   split = {};
-  if (rows.size() < fewestSplitDeparts) {
+  if (rows.size() < kFewestSplitDeparts) {
     return information("资产多部门使用模式下，使用部门至少为两个");
   }
   try {

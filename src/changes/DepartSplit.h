@@ -33,7 +33,7 @@ struct SplitRow {
   std::string project;  // "code,name"
 };
 
-inline constexpr std::size_t mostSplitDeparts = 20;
+inline constexpr std::size_t kMostSplitDeparts = 20;
 
 /// What cmdOK does: nothing is told and `split` is filled when the rows make up a split, else the message to
 /// show. `split` is emptied first; it is of use only when nothing is told.

@@ -27,7 +27,7 @@ FrmFABalance::FrmFABalance(FormHost& host, const std::string& zkDataPath)
 void FrmFABalance::arrangeControls() {
   for (std::size_t i = 0; i < FieldCount; ++i) Text[i] = placeValue("Text" + std::to_string(i + 1));
   for (QLineEdit* hidden : {txtBFID, txtAFID, txtTemp}) hidden->hide();
-  cmbType->addItem(balanceCaption);
+  cmbType->addItem(kBalanceCaption);
   tbToolBar->addSeparator();
   tbToolBar->addWidget(cmbType);
   const std::array head{SheetCell{"变动单编号：", Text[Number]}, SheetCell{"变动日期：", Text[Date]}};
@@ -40,7 +40,7 @@ void FrmFABalance::arrangeControls() {
                          SheetCell{"变动后折旧方法", Text[MethodAfter]},
                          SheetCell{"变动原因", Text[Reason], true}};
   const std::array foot{SheetCell{"经手人：", Text[Operator]}};
-  arrangeSheet(balanceCaption, head, table, foot);
+  arrangeSheet(kBalanceCaption, head, table, foot);
 }
 
 void FrmFABalance::addEntries() {
@@ -85,7 +85,7 @@ void FrmFABalance::txtMobile_Commit(const QLabel* value, const QString& text) {
 
 /// True when the card is there.
 bool FrmFABalance::loadTyped(const std::string& cardNum) {
-  std::string refusal = cardMissing;
+  std::string refusal = kCardMissing;
   try {
     if (loadBalanceCard(data(), cardNum, sheet_)) return true;
   } catch (const RuntimeError& error) {

@@ -51,14 +51,14 @@ void write(const SheetSaving& saving) {
 }  // namespace
 
 const SheetRules& originalValueRules() {
-  static constexpr SheetRules rules{.find = find,
-                                    .show = show,
-                                    .pick = nullptr,
-                                    .stored = storedText,
-                                    .check = check,
-                                    .write = write,
-                                    .afterwards = nullptr};
-  return rules;
+  static constexpr SheetRules kRules{.find = find,
+                                     .show = show,
+                                     .pick = nullptr,
+                                     .stored = storedText,
+                                     .check = check,
+                                     .write = write,
+                                     .afterwards = nullptr};
+  return kRules;
 }
 
 }  // namespace zelkor

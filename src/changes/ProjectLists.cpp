@@ -12,7 +12,7 @@ constexpr std::size_t kDirectionColumn = 4;
 constexpr int kWidths[] = {1500, 3600, 1100, 1400, 900};
 
 std::string rootKey() {
-  return std::string(kKeyBeginning).append(projectRootMark);
+  return std::string(kKeyBeginning).append(kProjectRootMark);
 }
 
 std::string classKey(std::string_view classNumber) {
@@ -51,7 +51,7 @@ bool meets(const std::string& cell, const std::string& sought, ProjectMatch matc
 }  // namespace
 
 std::vector<TreeRow> projectClassTree(Database& data) {
-  std::vector<TreeRow> tree{{rootKey(), "", "项目大类", std::string(projectRootMark)}};
+  std::vector<TreeRow> tree{{rootKey(), "", "项目大类", std::string(kProjectRootMark)}};
   Recordset classes = data.OpenRecordset("select * from fitem order by citem_class  ");
   for (; !classes.Eof(); classes.MoveNext()) {
     const std::string number = classes.TextOrEmpty("citem_class");
@@ -67,7 +67,7 @@ std::vector<TreeRow> projectGroups(Database& data, std::string_view classNumber)
   Recordset rows = data.OpenRecordset(sql("select * from ", table, " order by cItemCcode"));
   for (; !rows.Eof(); rows.MoveNext()) {
     groups.push_back({classKey(classNumber) + "." + rows.TextOrEmpty("cItemCcode"), classKey(classNumber),
-                      rows.TextOrEmpty("cItemCname"), std::string(projectGroupMark)});
+                      rows.TextOrEmpty("cItemCname"), std::string(kProjectGroupMark)});
   }
   return groups;
 }
@@ -102,8 +102,8 @@ std::size_t nextProject(const TextGrid& list, std::size_t row, std::string_view 
   for (std::size_t step = 0; step < count; ++step) {
     const std::size_t at = first + (start + step) % count;
     if (list.rowHidden(at)) continue;
-    if (meets(list.text(at, projectCodeColumn), sought, match) ||
-        meets(list.text(at, projectNameColumn), sought, match))
+    if (meets(list.text(at, kProjectCodeColumn), sought, match) ||
+        meets(list.text(at, kProjectNameColumn), sought, match))
       return at;
   }
   return 0;

@@ -12,13 +12,13 @@ namespace zelkor {
 
 // The suite's projects, for the picker: classes, the groups of a class, the projects of a class. A class has
 // its number as its tree row's tag, a group and the root have the marks below.
-inline constexpr std::string_view projectRootMark = "R";
-inline constexpr std::string_view projectGroupMark = "T";
+inline constexpr std::string_view kProjectRootMark = "R";
+inline constexpr std::string_view kProjectGroupMark = "T";
 
 /// Columns of `projectList`.
-inline constexpr std::size_t projectCodeColumn = 0;
-inline constexpr std::size_t projectNameColumn = 1;
-inline constexpr std::size_t projectGroupColumn = 3;
+inline constexpr std::size_t kProjectCodeColumn = 0;
+inline constexpr std::size_t kProjectNameColumn = 1;
+inline constexpr std::size_t kProjectGroupColumn = 3;
 
 /// The root and the classes below it.
 std::vector<TreeRow> projectClassTree(Database& data);

@@ -14,14 +14,14 @@ void show(Database& /*database*/, const CardVersion& card, ChangeSheet& sheet) {
 }  // namespace
 
 const SheetRules& residualValueRules() {
-  static constexpr SheetRules rules{.find = newestDepreciated,
-                                    .show = show,
-                                    .pick = nullptr,
-                                    .stored = storedText,
-                                    .check = nullptr,
-                                    .write = nullptr,
-                                    .afterwards = nullptr};
-  return rules;
+  static constexpr SheetRules kRules{.find = newestDepreciated,
+                                     .show = show,
+                                     .pick = nullptr,
+                                     .stored = storedText,
+                                     .check = nullptr,
+                                     .write = nullptr,
+                                     .afterwards = nullptr};
+  return kRules;
 }
 
 }  // namespace zelkor

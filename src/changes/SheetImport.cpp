@@ -47,7 +47,7 @@ std::string kindsText() {
   for (const ChangeKind kind : {ChangeKind::OriginalValue, ChangeKind::UsageStatus,
                                 ChangeKind::AccumulatedDepr, ChangeKind::UsefulLife, ChangeKind::Transfer})
     text += std::string(captionOf(kind)) + "、";
-  return text + balanceCaption;
+  return text + kBalanceCaption;
 }
 
 /// The row as the log of operations has it.
@@ -143,7 +143,7 @@ void SheetImport::begin(const SheetRow& row, const std::string& sheet) {
 
 RowEnd SheetImport::saveByKind(const SheetRow& row) {
   if (auto problem = quoteProblem(row.cardNum)) return refused("列“卡片编号”：" + *problem);
-  if (row.kind == balanceCaption) return saveBalanceSheet(row);
+  if (row.kind == kBalanceCaption) return saveBalanceSheet(row);
   if (const auto kind = changeKindOf(row.kind)) return saveSheet(*kind, row);
   return refused(inColumn(kKind, "没有变动类型“" + row.kind + "”，应为 " + kindsText()));
 }
@@ -155,7 +155,7 @@ SheetResult SheetImport::load(ChangeSheets& sheets, const SheetRow& row, ChangeS
   if (version && isCardInForce(context_.dbZKData, row.cardNum, context_.gdOpDate))
     return sheets.pickCard(transferListRow(context_.dbZKData, *version), sheet);
   MessageBox missing;
-  missing.text = cardMissing;
+  missing.text = kCardMissing;
   return {SheetResult::Outcome::Refused, missing};
 }
 
@@ -203,7 +203,7 @@ std::string SheetImport::methodIDOf(const std::string& name) {
 
 RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   BalanceSheet sheet = newBalanceSheet(balance_, context_.gdOpDate, context_.gstrUser);
-  if (!loadBalanceCard(context_.dbZKData, row.cardNum, sheet)) return refused(cardMissing);
+  if (!loadBalanceCard(context_.dbZKData, row.cardNum, sheet)) return refused(kCardMissing);
   sheet.methodAfter = row.after;
   sheet.methodAfterID = methodIDOf(row.after);
   sheet.reason = row.reason;

@@ -61,7 +61,7 @@ class SplitReading {
 
 std::optional<std::string> SplitReading::read(const std::string& cell) {
   for (const std::string& element : Split(cell, '/')) {
-    if (rows_.size() == mostSplitDeparts) return "使用部门有效数量范围：2~20个";
+    if (rows_.size() == kMostSplitDeparts) return "使用部门有效数量范围：2~20个";
     if (auto problem = add(element)) return problem;
   }
   return std::nullopt;

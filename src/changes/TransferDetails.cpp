@@ -6,20 +6,20 @@
 namespace zelkor {
 namespace {
 
-constexpr const char* scaledFigures[] = {
+constexpr const char* kScaledFigures[] = {
     "dblValue",     "dblBV",     "dblCanWork", "dblTransInDeprTCard", "dblTransOutDeprTCard",
     "dblBuildArea", "lBuildNum", "lMachinNum", "dblMachinW"};
-constexpr const char* wholeFigures[] = {"dblDecDeprT", "dblDecPreValueT", "dblRetDecPreValueT"};
-constexpr double wholeAsset = 100;
+constexpr const char* kWholeFigures[] = {"dblDecDeprT", "dblDecPreValueT", "dblRetDecPreValueT"};
+constexpr double kWholeAsset = 100;
 
 struct Receiver {
   std::string department;
-  double scale = wholeAsset;  // percent
+  double scale = kWholeAsset;  // percent
 };
 
 std::vector<Receiver> receivers(const ChangeSheet& sheet) {
   const auto departments = Split(sheet.after.tag, '/');
-  if (departments.size() < 2) return {{sheet.after.tag, wholeAsset}};
+  if (departments.size() < 2) return {{sheet.after.tag, kWholeAsset}};
   const auto scales = Split(withoutLastSlash(sheet.split.scales), '/');
   std::vector<Receiver> found;
   for (std::size_t i = 0; i < departments.size(); ++i) {
@@ -45,7 +45,7 @@ void copyEarlier(const SheetSaving& saving, const VersionKeys& keys) {
 }
 
 Value scaled(const Value& figure, double scale) {
-  return figure.isNull() ? Value() : Value(CDbl(figure) * scale / wholeAsset);
+  return figure.isNull() ? Value() : Value(CDbl(figure) * scale / kWholeAsset);
 }
 
 void addReceiver(const SheetSaving& saving, const VersionKeys& keys, const Receiver& receiver) {
@@ -58,8 +58,8 @@ void addReceiver(const SheetSaving& saving, const VersionKeys& keys, const Recei
   details.Collect("sDeptNum", receiver.department);
   details.Collect("dDisposeDate", card["dDisposeDate"]);
   details.Collect("iDisposePeriod", card["iDisposePeriod"]);
-  for (const char* column : scaledFigures) details.Collect(column, scaled(card[column], receiver.scale));
-  for (const char* column : wholeFigures) details.Collect(column, card[column]);
+  for (const char* column : kScaledFigures) details.Collect(column, scaled(card[column], receiver.scale));
+  for (const char* column : kWholeFigures) details.Collect(column, card[column]);
   details.Update();
 }
 

@@ -11,8 +11,8 @@
 namespace zelkor {
 namespace {
 
-constexpr int rowLeftBehind = 6;
-constexpr int rowReceiving = 7;
+constexpr int kRowLeftBehind = 6;
+constexpr int kRowReceiving = 7;
 
 // The sub-select is not grouped: over all cards together it has one number, so that a typed card is found
 // only where it holds the highest one.
@@ -53,7 +53,7 @@ void showPicked(Database& database, const CardVersion& card, const ListRow& /*ro
 
 // The months alone are compared, without their years.
 std::optional<MessageBox> checkPick(const ListRow& row, DateTime systemDate) {
-  const Value entered(row.at(transferEntryDateColumn));
+  const Value entered(row.at(kTransferEntryDateColumn));
   if (!IsDate(entered) || entered.date().month() != systemDate.month()) return std::nullopt;
   return refusal("当月原始录入或新增的资产不允许做此种变动业务");
 }
@@ -70,8 +70,8 @@ TransferKeys nextKeys(const SheetSaving& saving) {
   const Recordset highest = saving.database.OpenRecordset("select max(sCardID) from fa_cards");
   const std::int16_t cardID = CInt(highest.Fields(std::size_t{0}));
   const double lOptID = CDbl(saving.card["lOptID"]);
-  return {.left = {sql(CInt(cardID + 1.0)), CLng(lOptID + 1), rowLeftBehind},
-          .receiving = {sql(CInt(cardID + 2.0)), CLng(lOptID + 2), rowReceiving}};
+  return {.left = {sql(CInt(cardID + 1.0)), CLng(lOptID + 1), kRowLeftBehind},
+          .receiving = {sql(CInt(cardID + 2.0)), CLng(lOptID + 2), kRowReceiving}};
 }
 
 void addVersions(const SheetSaving& saving, const TransferKeys& keys) {
@@ -101,15 +101,15 @@ void write(const SheetSaving& saving) {
 }  // namespace
 
 const SheetRules& transferRules() {
-  static constexpr PickRules pick{.check = checkPick, .find = findPicked, .show = showPicked};
-  static constexpr SheetRules rules{.find = findTyped,
-                                    .show = show,
-                                    .pick = &pick,
-                                    .stored = storedText,
-                                    .check = check,
-                                    .write = write,
-                                    .afterwards = nullptr};
-  return rules;
+  static constexpr PickRules kPick{.check = checkPick, .find = findPicked, .show = showPicked};
+  static constexpr SheetRules kRules{.find = findTyped,
+                                     .show = show,
+                                     .pick = &kPick,
+                                     .stored = storedText,
+                                     .check = check,
+                                     .write = write,
+                                     .afterwards = nullptr};
+  return kRules;
 }
 
 }  // namespace zelkor

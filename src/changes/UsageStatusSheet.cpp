@@ -34,14 +34,14 @@ void write(const SheetSaving& saving) {
 }  // namespace
 
 const SheetRules& usageStatusRules() {
-  static constexpr SheetRules rules{.find = newestVersion,
-                                    .show = show,
-                                    .pick = nullptr,
-                                    .stored = statusOf,
-                                    .check = check,
-                                    .write = write,
-                                    .afterwards = nullptr};
-  return rules;
+  static constexpr SheetRules kRules{.find = newestVersion,
+                                     .show = show,
+                                     .pick = nullptr,
+                                     .stored = statusOf,
+                                     .check = check,
+                                     .write = write,
+                                     .afterwards = nullptr};
+  return kRules;
 }
 
 }  // namespace zelkor

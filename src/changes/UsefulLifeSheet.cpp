@@ -9,9 +9,9 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view yearSign = "年";
-constexpr std::string_view monthSign = "月";
-constexpr int monthsOfYear = 12;
+constexpr std::string_view kYearSign = "年";
+constexpr std::string_view kMonthSign = "月";
+constexpr int kMonthsOfYear = 12;
 
 void show(Database& /*database*/, const CardVersion& card, ChangeSheet& sheet) {
   sheet.before.text = lifeText(CLng(card["lLife"].numberOrZero()));
@@ -34,23 +34,23 @@ void write(const SheetSaving& saving) {
 }  // namespace
 
 std::int16_t monthsOnSheet(std::string_view text) {
-  const std::size_t years = text.find(yearSign);
-  const std::size_t months = years == std::string_view::npos ? years : text.find(monthSign, years);
+  const std::size_t years = text.find(kYearSign);
+  const std::size_t months = years == std::string_view::npos ? years : text.find(kMonthSign, years);
   if (months == std::string_view::npos) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-  const std::size_t between = years + yearSign.size();
-  return CInt(CDbl(Value(text.substr(0, years))) * monthsOfYear +
+  const std::size_t between = years + kYearSign.size();
+  return CInt(CDbl(Value(text.substr(0, years))) * kMonthsOfYear +
               CDbl(Value(text.substr(between, months - between))));
 }
 
 const SheetRules& usefulLifeRules() {
-  static constexpr SheetRules rules{.find = newestVersion,
-                                    .show = show,
-                                    .pick = nullptr,
-                                    .stored = storedText,
-                                    .check = check,
-                                    .write = write,
-                                    .afterwards = nullptr};
-  return rules;
+  static constexpr SheetRules kRules{.find = newestVersion,
+                                     .show = show,
+                                     .pick = nullptr,
+                                     .stored = storedText,
+                                     .check = check,
+                                     .write = write,
+                                     .afterwards = nullptr};
+  return kRules;
 }
 
 }  // namespace zelkor

@@ -145,7 +145,7 @@ void frmDepart::cmdScanf_Click(std::size_t row, std::size_t column) {
 
 void frmDepart::cmdAdd_Click() {
   editor_->commit();
-  if (rows_.size() >= mostSplitDeparts) return;
+  if (rows_.size() >= kMostSplitDeparts) return;
   rows_.emplace_back();
   showRows();
   edit(rows_.size() - 1 + kHeaderRows, Depart);

@@ -54,8 +54,8 @@ void frmProject::load() {
 
 void frmProject::TreeView1_NodeClick() {
   QTreeWidgetItem* item = TreeView1->currentItem();
-  if (!item || hasMark(*item, projectRootMark)) return;
-  if (hasMark(*item, projectGroupMark)) {
+  if (!item || hasMark(*item, kProjectRootMark)) return;
+  if (hasMark(*item, kProjectGroupMark)) {
     showClass(*item->parent());
     showOnlyGroup(projectGroupCode(fromQt(keyOf(*item)), fromQt(keyOf(*item->parent()))));
   } else {
@@ -76,7 +76,7 @@ void frmProject::showClass(QTreeWidgetItem& projectClass) {
 void frmProject::showOnlyGroup(std::string_view code) {
   TextGrid list = MSFG1->grid();
   for (std::size_t row = list.headerRows(); row < list.rows(); ++row) {
-    list.setRowHidden(row, list.text(row, projectGroupColumn) != code);
+    list.setRowHidden(row, list.text(row, kProjectGroupColumn) != code);
   }
   MSFG1->setGrid(std::move(list));
 }
@@ -105,7 +105,7 @@ void frmProject::pickCurrent() {
 
 void frmProject::pick(std::size_t row) {
   const TextGrid& list = MSFG1->grid();
-  picked_ = {classNumber_, list.text(row, projectCodeColumn), list.text(row, projectNameColumn)};
+  picked_ = {classNumber_, list.text(row, kProjectCodeColumn), list.text(row, kProjectNameColumn)};
   close();
 }
 

@@ -15,17 +15,17 @@ struct ModeWords {
 };
 
 const ModeWords& wordsOf(AllocationMode mode) {
-  static constexpr ModeWords department = {
+  static constexpr ModeWords kDepartment = {
       "select sum(dblCredit) as dblJZE,sDeptNum,sSubjectNum from fa_DeprVouchers group by "
       "sDeptNum,sSubjectNum",
       "select sDeptName,sSubjectName from fa_DeprVouchers where sDeptNum='", "sDeptNum", "sDeptName",
       "部门编号|部门名称|项目编号|项目名称|科目编号|科目名称|金额"};
-  static constexpr ModeWords assetType = {
+  static constexpr ModeWords kAssetType = {
       "select sum(dblCredit) as dblJZE,sTypeNum,sSubjectNum from fa_DeprVouchers group by "
       "sTypeNum,sSubjectNum",
       "select sTypeName,sSubjectName from fa_DeprVouchers where sTypeNum='", "sTypeNum", "sTypeName",
       "类别编号|类别名称|项目编号|项目名称|科目编号|科目名称|金额"};
-  return mode == AllocationMode::Department ? department : assetType;
+  return mode == AllocationMode::Department ? kDepartment : kAssetType;
 }
 
 TextGrid emptyTable(const ModeWords& words) {

@@ -27,7 +27,7 @@ struct PageConditions {
 };
 
 /// One row for each page.
-inline constexpr std::array<PageConditions, 14> conditionPages{{
+inline constexpr std::array<PageConditions, 14> kConditionPages{{
     {.frame = "Frame21", .size = {3900, 3840}},
     {.frame = "Frame22", .size = {2760, 5190}},
     {.frame = "Frame1",
@@ -63,7 +63,7 @@ inline constexpr std::array<PageConditions, 14> conditionPages{{
 }};
 
 constexpr const PageConditions& conditionsOf(ConditionPage page) {
-  return conditionPages[numberOf(page)];
+  return kConditionPages[numberOf(page)];
 }
 
 /// What is chosen in the period list of that number, counted over the lists of all pages.

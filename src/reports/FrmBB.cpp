@@ -21,9 +21,9 @@ constexpr int kKeyRole = Qt::UserRole;
 constexpr int kIconSize = 16;
 
 std::vector<TreeRow> catalogueTree() {
-  const std::string root(catalogueRootKey);
-  std::vector<TreeRow> tree{{root, "", std::string(catalogueRootName)}};
-  for (const ReportFolder& folder : reportFolders) {
+  const std::string root(kCatalogueRootKey);
+  std::vector<TreeRow> tree{{root, "", std::string(kCatalogueRootName)}};
+  for (const ReportFolder& folder : kReportFolders) {
     tree.push_back({std::string(folder.key), root, std::string(folder.name)});
   }
   for (const ReportKind& kind : reportKinds()) {

@@ -41,9 +41,9 @@ FrmBBTJ::FrmBBTJ(FormHost& host, const ReportKind& kind, ReportView& view)
 
 void FrmBBTJ::fillLists() {
   for (QComboBox* list : Combo1) fill(list, chosen_.months);
-  for (QComboBox* list : Combo2) fill(list, offeredLevels);
-  fill(ComboBMJC, offeredDepartmentLevels);
-  fill(ComboLBJC, offeredTypeLevels);
+  for (QComboBox* list : Combo2) fill(list, kOfferedLevels);
+  fill(ComboBMJC, kOfferedDepartmentLevels);
+  fill(ComboLBJC, kOfferedTypeLevels);
   Option1->setChecked(true);
   Option3.front()->setChecked(true);
 }
@@ -103,7 +103,7 @@ ReportConditions FrmBBTJ::conditions() const {
   for (std::size_t page = 0; page < kPageCount; ++page) {
     const Lists periods = periodLists(page);
     all.periods[static_cast<ConditionPage>(page)] = {textOf(periods.front()), textOf(periods.back())};
-    if (const auto levels = conditionPages[page].levels) {
+    if (const auto levels = kConditionPages[page].levels) {
       const Lists lists = levelLists(page);
       all.*levels = {textOf(lists.front()), textOf(lists.back())};
     }

@@ -26,7 +26,7 @@ class FrmBBTJ final : public Form {
   FrmBBTJ(FormHost& host, const ReportKind& kind, ReportView& view);
 
  private:
-  static constexpr std::size_t kPageCount = conditionPages.size();
+  static constexpr std::size_t kPageCount = kConditionPages.size();
   using Lists = std::span<QComboBox* const>;
 
   std::array<QWidget*, kPageCount> Picture1 = makeArray<QWidget, kPageCount>("Picture1");

@@ -33,7 +33,7 @@ void FrmBBTJ::arrangePages() {
   std::size_t type = 0;
   std::size_t department = 0;
   for (std::size_t page = 0; page < kPageCount; ++page) {
-    const PageConditions& asked = conditionPages[page];
+    const PageConditions& asked = kConditionPages[page];
     std::vector<Field> list{choices("期间：", periodLists(page), asked.between)};
     if (asked.type) {
       list.push_back(picked("类别名称：", LblLBMC[type], CmdCXLBMC[type]));
@@ -53,13 +53,13 @@ void FrmBBTJ::arrangePages() {
 FrmBBTJ::Lists FrmBBTJ::periodLists(std::size_t page) const {
   const auto listsOf = [](const PageConditions& asked) -> std::size_t { return asked.range ? 2 : 1; };
   std::size_t first = 0;
-  for (std::size_t before = 0; before < page; ++before) first += listsOf(conditionPages[before]);
-  return Lists(Combo1).subspan(first, listsOf(conditionPages[page]));
+  for (std::size_t before = 0; before < page; ++before) first += listsOf(kConditionPages[before]);
+  return Lists(Combo1).subspan(first, listsOf(kConditionPages[page]));
 }
 
 FrmBBTJ::Lists FrmBBTJ::levelLists(std::size_t page) const {
   const auto asksForLevels = [](const PageConditions& asked) { return asked.levels != nullptr; };
-  const auto before = std::span(conditionPages).first(page);
+  const auto before = std::span(kConditionPages).first(page);
   return Lists(Combo2).subspan(2 * static_cast<std::size_t>(std::ranges::count_if(before, asksForLevels)), 2);
 }
 
@@ -85,7 +85,7 @@ std::vector<Field> FrmBBTJ::furtherFields(ConditionPage page) {
 }
 
 void FrmBBTJ::arrangePage(std::size_t page, const std::vector<Field>& asked) {
-  QWidget* conditions = frame("", column({fields(asked), stretch()}), conditionPages[page].frame);
+  QWidget* conditions = frame("", column({fields(asked), stretch()}), kConditionPages[page].frame);
   Picture1[page]->setLayout(column({wide(conditions), row({stretch(), CmdYes[page], CmdCancel[page]})}));
 }
 
@@ -93,7 +93,7 @@ void FrmBBTJ::arrangePage(std::size_t page, const std::vector<Field>& asked) {
 void FrmBBTJ::bringToFront(std::size_t page) {
   for (std::size_t i = 0; i < kPageCount; ++i) Picture1[i]->setVisible(i == page);
   arrange(this, column({Picture1[page]}));
-  const auto& [height, width] = conditionPages[page].size;
+  const auto& [height, width] = kConditionPages[page].size;
   const QSize told(pixelsOf(width, *this), pixelsOf(height, *this));
   setFixedSize(told.expandedTo(sizeHint()));
   Picture1[page]->findChild<QComboBox*>()->setFocus();

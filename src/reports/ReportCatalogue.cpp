@@ -38,7 +38,7 @@ std::span<const ReportKind> reportKinds() {
 
 std::span<const ReportKind> reportsOf(std::string_view key) {
   const auto inFolder = [key](const ReportKind& kind) {
-    return kind.folder() == key.substr(0, folderKeyLength);
+    return kind.folder() == key.substr(0, kFolderKeyLength);
   };
   const auto* first = std::ranges::find_if(kKinds, inFolder);
   return {first, std::find_if_not(first, std::end(kKinds), inFolder)};

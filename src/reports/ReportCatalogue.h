@@ -14,7 +14,7 @@ struct ReportView;
 /// What computes a report: reads the conditions, fills the view.
 using ReportRoutine = void (*)(RunContext& run, const ReportConditions& conditions, ReportView& view);
 
-inline constexpr std::size_t folderKeyLength = 2;
+inline constexpr std::size_t kFolderKeyLength = 2;
 
 /// A kind of report, told from the others by its name.
 struct ReportKind {
@@ -23,7 +23,7 @@ struct ReportKind {
   ConditionPage page;
   ReportRoutine build;  // none for a kind that nothing computes
 
-  std::string_view folder() const { return key.substr(0, folderKeyLength); }
+  std::string_view folder() const { return key.substr(0, kFolderKeyLength); }
 };
 
 struct ReportFolder {
@@ -31,10 +31,10 @@ struct ReportFolder {
   std::string_view name;
 };
 
-inline constexpr std::string_view catalogueRootKey = "Nroot";
-inline constexpr std::string_view catalogueRootName = "账簿";
+inline constexpr std::string_view kCatalogueRootKey = "Nroot";
+inline constexpr std::string_view kCatalogueRootName = "账簿";
 
-inline constexpr std::array<ReportFolder, 5> reportFolders{
+inline constexpr std::array<ReportFolder, 5> kReportFolders{
     {{"N1", "自定义账夹"}, {"N2", "分析表"}, {"N3", "统计表"}, {"N4", "账簿"}, {"N5", "折旧表"}}};
 
 /// All kinds, folder by folder.

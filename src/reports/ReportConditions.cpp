@@ -20,7 +20,7 @@ ReportConditions::ReportConditions(int year) {
   for (std::size_t i = 0; i < months.size(); ++i) {
     months[i] = sql(year, ".", Format(static_cast<std::int32_t>(i + 1), "00"));
   }
-  for (std::size_t page = 0; page < conditionPages.size(); ++page) {
+  for (std::size_t page = 0; page < kConditionPages.size(); ++page) {
     periods[static_cast<ConditionPage>(page)] = {months.front(), months.front()};
   }
 }

@@ -57,10 +57,10 @@ enum class CompositionLevel { First, Detail };
 enum class StatisticsLayout { ByDepartmentAndType, ByDepartment, ByType };
 
 /// What the lists of a range of levels, ComboBMJC and ComboLBJC offer.
-inline constexpr std::array<std::string_view, 2> offeredLevels{"1", "2"};
-inline constexpr std::array<std::string_view, 3> offeredDepartmentLevels{"第 1 级", "第 2 级", "明细级"};
-inline constexpr std::array<std::string_view, 5> offeredTypeLevels{"第 1 级", "第 2 级", "第 3 级", "第 4 级",
-                                                                   "明细级"};
+inline constexpr std::array<std::string_view, 2> kOfferedLevels{"1", "2"};
+inline constexpr std::array<std::string_view, 3> kOfferedDepartmentLevels{"第 1 级", "第 2 级", "明细级"};
+inline constexpr std::array<std::string_view, 5> kOfferedTypeLevels{"第 1 级", "第 2 级", "第 3 级",
+                                                                    "第 4 级", "明细级"};
 
 /// What the condition dialog holds when it is confirmed: reports read conditions of other pages than their
 /// own.
@@ -77,8 +77,8 @@ struct ReportConditions {
   LevelRange periodTypeRange;                    // 汇总类别 of the page of DeprPeriods
   CompositionLevel compositionLevel = CompositionLevel::First;
   StatisticsLayout statisticsLayout = StatisticsLayout::ByDepartmentAndType;
-  std::string departmentLevel{offeredDepartmentLevels.front()};
-  std::string typeLevel{offeredTypeLevels.front()};
+  std::string departmentLevel{kOfferedDepartmentLevels.front()};
+  std::string typeLevel{kOfferedTypeLevels.front()};
 };
 
 }  // namespace zelkor

@@ -9,7 +9,7 @@ namespace zelkor {
 
 namespace {
 
-constexpr std::int32_t fileMissingLevel = 3;
+constexpr std::int32_t kFileMissingLevel = 3;
 
 }  // namespace
 
@@ -17,7 +17,7 @@ bool BusinessClass::OpenZkData() {
   if (zkData_.isOpen()) return true;
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(zkDataPath_, ignored)) {
-    reportError(fileMissingLevel, "文件[" + zkDataPath_ + "]不存在！", "OpenZkData");
+    reportError(kFileMissingLevel, "文件[" + zkDataPath_ + "]不存在！", "OpenZkData");
     return false;
   }
   zkData_ = engine_.OpenDatabase(zkDataPath_);

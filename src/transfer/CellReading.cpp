@@ -15,8 +15,8 @@ namespace {
 
 using dialect::ColumnType;
 
-constexpr std::string_view replacement = "\xEF\xBF\xBD";
-constexpr std::size_t longestQuotation = 40;
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+constexpr std::size_t kLongestQuotation = 40;
 
 bool isPlain(std::string_view text) {
   for (const char c : text)
@@ -28,7 +28,7 @@ std::string repaired(std::string_view text) {
   std::string result;
   while (!text.empty()) {
     const std::string character = Left(text, 1);
-    result += isValidUtf8(character) ? std::string_view(character) : replacement;
+    result += isValidUtf8(character) ? std::string_view(character) : kReplacement;
     text.remove_prefix(character.size());
   }
   return result;
@@ -36,7 +36,7 @@ std::string repaired(std::string_view text) {
 
 std::string quotation(const std::string& text) {
   const std::string plain = repaired(text);
-  return "“" + (Len(plain) > longestQuotation ? Left(plain, longestQuotation) + "…" : plain) + "”";
+  return "“" + (Len(plain) > kLongestQuotation ? Left(plain, kLongestQuotation) + "…" : plain) + "”";
 }
 
 bool fits(ColumnType type, std::int64_t value) {

@@ -12,7 +12,7 @@
 namespace zelkor {
 namespace {
 
-const dialect::EngineWords& server = postgreSqlWords();
+const dialect::EngineWords& kServer = postgreSqlWords();
 
 std::string withoutNul(std::string_view text) {
   std::string plain(text);
@@ -47,11 +47,11 @@ const ServerFile& checked(const ServerFile& place) {
 /// values of a column for that, which costs more than to load them; the rest it does by itself later on.
 std::string analysedColumns(const TableDef& table) {
   std::set<std::string> columns;
-  for (const IndexDef& index : table.indexes) columns.insert(server.quoted(index.columns.front()));
-  if (columns.empty()) columns.insert(server.quoted(table.info.columns.front().name));
+  for (const IndexDef& index : table.indexes) columns.insert(kServer.quoted(index.columns.front()));
+  if (columns.empty()) columns.insert(kServer.quoted(table.info.columns.front().name));
   std::string list;
   for (const std::string& column : columns) list += (list.empty() ? "" : ", ") + column;
-  return server.quoted(table.info.name) + " (" + list + ")";
+  return kServer.quoted(table.info.name) + " (" + list + ")";
 }
 
 const dialect::ColumnInfo& counterOf(const TableDef& table) {
@@ -71,7 +71,7 @@ ServerTarget::ServerTarget(const std::filesystem::path& path, const FileAccess& 
 ServerTarget::~ServerTarget() = default;
 
 std::int64_t ServerTarget::load(const TableDef& table, RowReader& rows) {
-  for (const std::string& statement : createTableStatements(table, server)) server_.run(statement);
+  for (const std::string& statement : createTableStatements(table, kServer)) server_.run(statement);
   tables_.push_back(analysedColumns(table));
   ServerCopy copy(server_, table.info);
   const std::size_t columns = table.info.columns.size();
@@ -86,13 +86,13 @@ std::int64_t ServerTarget::load(const TableDef& table, RowReader& rows) {
     copy.endRow();
   }
   const std::int64_t stored = copy.finish();
-  for (const std::string& statement : server.keyStatements(table.info)) server_.run(statement);
+  for (const std::string& statement : kServer.keyStatements(table.info)) server_.run(statement);
   return stored;
 }
 
 void ServerTarget::continueCounter(const TableDef& table, std::int64_t last) {
-  const std::string name = server.quoted(table.info.name);
-  const std::string counter = server.quoted(counterOf(table).name);
+  const std::string name = kServer.quoted(table.info.name);
+  const std::string counter = kServer.quoted(counterOf(table).name);
   server_.query(
       "SELECT setval(pg_get_serial_sequence($1, $2), given) FROM (SELECT greatest($3::bigint, (SELECT "
       "max(" +
@@ -101,11 +101,11 @@ void ServerTarget::continueCounter(const TableDef& table, std::int64_t last) {
 }
 
 std::optional<std::string> ServerTarget::createIndex(const TableDef& table, const IndexDef& index) {
-  return refusalOf([&] { server_.query(createIndexStatement(table, index, server), {}); });
+  return refusalOf([&] { server_.query(createIndexStatement(table, index, kServer), {}); });
 }
 
 void ServerTarget::completeTable(const TableDef& table) {
-  for (const std::string& statement : createNumberIndexStatements(table, server)) server_.run(statement);
+  for (const std::string& statement : createNumberIndexStatements(table, kServer)) server_.run(statement);
 }
 
 void ServerTarget::setBooksRevision(int revision) {

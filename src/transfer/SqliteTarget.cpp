@@ -7,7 +7,7 @@
 namespace zelkor {
 namespace {
 
-const dialect::EngineWords& sqlite = sqliteWords();
+const dialect::EngineWords& kSqlite = sqliteWords();
 
 struct Binding {
   SqliteStatement& statement;
@@ -29,7 +29,7 @@ std::vector<std::string> columnNames(const TableDef& table) {
 }
 
 const std::filesystem::path& checked(const std::filesystem::path& path) {
-  requireShortPath(path, NewFile::temporaryEnding.size());
+  requireShortPath(path, NewFile::kTemporaryEnding.size());
   return path;
 }
 
@@ -39,7 +39,7 @@ SqliteTarget::SqliteTarget(const std::filesystem::path& path, const FileAccess& 
     : name_(checked(path), access), file_(name_.temporary()) {}
 
 std::int64_t SqliteTarget::load(const TableDef& table, RowReader& rows) {
-  for (const std::string& statement : createTableStatements(table, sqlite)) file_.run(statement);
+  for (const std::string& statement : createTableStatements(table, kSqlite)) file_.run(statement);
   SqliteStatement insert = file_.prepareInsert(table.info.name, columnNames(table));
   const std::size_t columns = table.info.columns.size();
   std::int64_t stored = 0;
@@ -78,11 +78,11 @@ void SqliteTarget::continueCounter(const TableDef& table, std::int64_t last) {
 }
 
 std::optional<std::string> SqliteTarget::createIndex(const TableDef& table, const IndexDef& index) {
-  return refusalOf([&] { file_.run(createIndexStatement(table, index, sqlite)); });
+  return refusalOf([&] { file_.run(createIndexStatement(table, index, kSqlite)); });
 }
 
 void SqliteTarget::completeTable(const TableDef& table) {
-  for (const std::string& statement : createNumberIndexStatements(table, sqlite)) file_.run(statement);
+  for (const std::string& statement : createNumberIndexStatements(table, kSqlite)) file_.run(statement);
 }
 
 void SqliteTarget::finish() {

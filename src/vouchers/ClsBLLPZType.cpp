@@ -11,7 +11,7 @@ Recordset ClsBLLPZType::GetAllDsign() {
 
 bool ClsBLLPZType::UpdateDsign(std::int32_t& I_ID, const DsignValues& values) {
   return attempt("UpdateDsign", false, [&] {
-    const bool added = I_ID == newDsign;
+    const bool added = I_ID == kNewDsign;
     zkData().Execute(added ? sql("Insert Into Dsign (CSign,ISignSeq,CText,IType) Values('", values.sign, "',",
                                  values.sequence, ",'", values.name, "',", values.type, ")")
                            : sql("Update Dsign Set csign='", values.sign, "',isignseq=", values.sequence,

@@ -10,7 +10,7 @@
 namespace zelkor {
 
 /// Stands for the row id of a voucher type that is not stored yet.
-inline constexpr std::int32_t newDsign = -1;
+inline constexpr std::int32_t kNewDsign = -1;
 
 /// A voucher type without its row id.
 struct DsignValues {
@@ -28,7 +28,7 @@ class ClsBLLPZType : public BusinessClass {
 
   /// All types in their order.
   Recordset GetAllDsign();
-  /// Stores the type; a new one (newDsign) gets its row id into `I_ID`.
+  /// Stores the type; a new one (kNewDsign) gets its row id into `I_ID`.
   bool UpdateDsign(std::int32_t& I_ID, const DsignValues& values);
   /// Row id of the type with that sign; 0 when there is none.
   std::int32_t GetDsignID(std::string_view sign);

@@ -18,7 +18,7 @@ constexpr std::size_t kUp = 1;
 
 QStringList limitEntries() {
   QStringList entries;
-  for (const std::string_view kind : limitKinds) entries << toQt(kind);
+  for (const std::string_view kind : kLimitKinds) entries << toQt(kind);
   return entries;
 }
 

@@ -71,8 +71,8 @@ std::string parentKeyOf(const Recordset& subject, const std::vector<std::size_t>
 std::string subjectFilter(const SubjectFlags& ticked) {
   std::string filter;
   for (std::size_t i = 0; i < ticked.size(); ++i) {
-    if (!ticked[i] || subjectProperties[i].flag.empty()) continue;
-    filter += sql(filter.empty() ? "" : " And ", subjectProperties[i].flag, "=True");
+    if (!ticked[i] || kSubjectProperties[i].flag.empty()) continue;
+    filter += sql(filter.empty() ? "" : " And ", kSubjectProperties[i].flag, "=True");
   }
   return filter;
 }
@@ -104,7 +104,7 @@ SubjectFlags subjectFlags(Database& data, std::string_view nodeText) {
   const Recordset subject = data.OpenRecordset(sql("Select * From Code Where CCode='", code, "'"));
   if (subject.Eof()) return flags;
   for (std::size_t i = 0; i < flags.size(); ++i) {
-    const std::string_view flag = subjectProperties[i].flag;
+    const std::string_view flag = kSubjectProperties[i].flag;
     flags[i] = !flag.empty() && subject.Fields(flag).numberOrZero() != 0;
   }
   return flags;

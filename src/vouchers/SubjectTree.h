@@ -20,7 +20,7 @@ struct SubjectProperty {
   std::string_view flag;
 };
 
-inline constexpr std::array<SubjectProperty, 10> subjectProperties{{
+inline constexpr std::array<SubjectProperty, 10> kSubjectProperties{{
     {"个人往来", "bperson"},
     {"供应商往来", "bsup"},
     {"项目核算", "bitem"},
@@ -33,7 +33,7 @@ inline constexpr std::array<SubjectProperty, 10> subjectProperties{{
     {"银行账", "be"},
 }};
 
-using SubjectFlags = std::array<bool, subjectProperties.size()>;
+using SubjectFlags = std::array<bool, kSubjectProperties.size()>;
 
 /// The condition that the ticked boxes make; empty when none with a flag is ticked.
 std::string subjectFilter(const SubjectFlags& ticked);

@@ -13,8 +13,8 @@ constexpr const char* kLimitMissing = "凭证类别有限制，必须输入限�
 
 std::string limitText(const Value& kind) {
   const double value = kind.numberOrZero();
-  const bool known = value >= 0 && value < static_cast<double>(limitKinds.size());
-  return known ? std::string(limitKinds[static_cast<std::size_t>(value)]) : std::string();
+  const bool known = value >= 0 && value < static_cast<double>(kLimitKinds.size());
+  return known ? std::string(kLimitKinds[static_cast<std::size_t>(value)]) : std::string();
 }
 
 constexpr std::array<std::string_view, 4> kSeparators = {",", "，", "；", ";"};
@@ -87,7 +87,7 @@ void VoucherTypeTable::setText(std::size_t row, std::size_t column, std::string 
 std::optional<std::string> VoucherTypeTable::checkCell(std::size_t row, std::size_t column,
                                                        std::string_view text) const {
   if (column == type_column::Codes) {
-    const bool limited = grid_.text(row, type_column::Limit) != limitKinds.front();
+    const bool limited = grid_.text(row, type_column::Limit) != kLimitKinds.front();
     if (limited && Trim(text).empty()) return kLimitMissing;
     return std::nullopt;
   }
@@ -105,8 +105,8 @@ std::optional<std::string> VoucherTypeTable::checkRow(std::size_t row) const {
 }
 
 std::size_t VoucherTypeTable::add() {
-  ids_.push_back(newDsign);
-  return grid_.addRow({"", "", std::string(limitKinds.front()), ""});
+  ids_.push_back(kNewDsign);
+  return grid_.addRow({"", "", std::string(kLimitKinds.front()), ""});
 }
 
 void VoucherTypeTable::save(std::size_t row) {
@@ -118,7 +118,7 @@ void VoucherTypeTable::save(std::size_t row) {
 }
 
 bool VoucherTypeTable::remove(std::size_t row) {
-  if (ids_.at(row) != newDsign && !types_.DeleteDsign(ids_.at(row))) return false;
+  if (ids_.at(row) != kNewDsign && !types_.DeleteDsign(ids_.at(row))) return false;
   grid_.removeRow(row);
   ids_.erase(ids_.begin() + static_cast<std::ptrdiff_t>(row));
   return true;
@@ -157,7 +157,7 @@ const std::array<VoucherTypePreset, 5>& voucherTypePresets() {
 
 void addPreset(ClsBLLPZType& types, const VoucherTypePreset& preset) {
   for (const DsignValues& values : preset.types) {
-    std::int32_t id = newDsign;
+    std::int32_t id = kNewDsign;
     types.UpdateDsign(id, values);
   }
 }

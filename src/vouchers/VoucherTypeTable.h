@@ -14,8 +14,8 @@
 namespace zelkor {
 
 /// The limits of a voucher type, by their stored values.
-inline constexpr std::array<std::string_view, 5> limitKinds = {"无限制", "借方必有", "贷方必有", "凭证必无",
-                                                               "凭证必有"};
+inline constexpr std::array<std::string_view, 5> kLimitKinds = {"无限制", "借方必有", "贷方必有", "凭证必无",
+                                                                "凭证必有"};
 
 namespace type_column {
 enum : std::size_t { Sign, Name, Limit, Codes };
@@ -58,8 +58,8 @@ class VoucherTypeTable {
   std::vector<std::int32_t> ids_;  // by row; that of the header means nothing
 };
 
-/// Value under which the limit of that text is stored. Not the inverse of limitKinds: "凭证必有" is stored as
-/// 3, which reads as "凭证必无", and "凭证必无" as 0.
+/// Value under which the limit of that text is stored. Not the inverse of kLimitKinds: "凭证必有" is stored
+/// as 3, which reads as "凭证必无", and "凭证必无" as 0.
 int storedLimit(std::string_view text);
 
 /// The codes between commas and semicolons of both widths.

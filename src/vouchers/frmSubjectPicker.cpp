@@ -35,7 +35,7 @@ void frmSubjectPicker::arrangeControls() {
   dressTree(*TvCode);
   auto* boxes = new QGridLayout;
   for (std::size_t i = 0; i < ChkFilter.size(); ++i) {
-    ChkFilter[i]->setText(toQt(subjectProperties[i].caption));
+    ChkFilter[i]->setText(toQt(kSubjectProperties[i].caption));
     boxes->addWidget(ChkFilter[i], static_cast<int>(i % kRowsOfBoxes), static_cast<int>(i / kRowsOfBoxes));
   }
   arrange(this, row({wide(TvCode), column({frame("科目属性", boxes), row({CmdFilter, CmdUsed, Command4}),

@@ -26,8 +26,8 @@ class frmSubjectPicker : public Form {
 
  private:
   QTreeWidget* TvCode = make<QTreeWidget>("TvCode");
-  std::array<QCheckBox*, subjectProperties.size()> ChkFilter =
-      makeArray<QCheckBox, subjectProperties.size()>("ChkFilter");
+  std::array<QCheckBox*, kSubjectProperties.size()> ChkFilter =
+      makeArray<QCheckBox, kSubjectProperties.size()>("ChkFilter");
   QPushButton* CmdFilter = make<QPushButton>("CmdFilter", "过滤");
   QPushButton* CmdUsed = make<QPushButton>("CmdUsed", "常用");
   QPushButton* Command4 = make<QPushButton>("Command4", "编辑");

@@ -29,7 +29,7 @@ class CopyCommandTest : public ProgramTest {
   void copySet(const std::string& from, const std::string& to, std::vector<std::string> more) {
     more.emplace_back("--check");
     std::filesystem::create_directory(home / to);
-    for (const char* name : accountSetFiles) {
+    for (const char* name : kAccountSetFiles) {
       const ProgramResult result = copyFile(file(from, name), file(to, name), more);
       EXPECT_EQ(result.status, 0) << result.output << result.errors;
       EXPECT_THAT(result.output, EndsWith("问题 0 个\n已建立 " + file(to, name) + "\n核对一致\n"));

@@ -26,7 +26,7 @@ TEST_F(ServerMonthTest, LeavesTheSameRowsInEveryTable) {
   const TestDatabase database("template0");
   EXPECT_EQ(runMonth("file", {"--sample"}),
             runMonth("server", {"--sample", "--server", database.conninfo()}));
-  for (const char* name : accountSetFiles) {
+  for (const char* name : kAccountSetFiles) {
     const auto here = openSource(file("file", name));
     const auto there = openSource(file("server", name));
     EXPECT_EQ(here->tables().size(), there->tables().size());

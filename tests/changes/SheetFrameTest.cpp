@@ -7,9 +7,9 @@ namespace {
 using Lines = std::vector<std::string>;
 using Outcome = SheetResult::Outcome;
 
-constexpr ChangeKind savedKinds[] = {ChangeKind::OriginalValue, ChangeKind::UsageStatus,
-                                     ChangeKind::AccumulatedDepr, ChangeKind::UsefulLife,
-                                     ChangeKind::Transfer};
+constexpr ChangeKind kSavedKinds[] = {ChangeKind::OriginalValue, ChangeKind::UsageStatus,
+                                      ChangeKind::AccumulatedDepr, ChangeKind::UsefulLife,
+                                      ChangeKind::Transfer};
 
 class SheetFrameTest : public SheetTest {
  protected:
@@ -59,7 +59,7 @@ TEST_F(SheetFrameTest, AUsageStatusMustChangeButNeedsNoReason) {
 
 TEST_F(SheetFrameTest, AllKindsShareOneNumbering) {
   execute("insert into fa_Vouchers (sNum) values ('00012')");
-  for (const ChangeKind kind : savedKinds) saveGood(kind);
+  for (const ChangeKind kind : kSavedKinds) saveGood(kind);
   EXPECT_EQ(rows("select sNum,iVoucherType,lPreOptID from fa_Vouchers order by sNum"),
             (Lines{"00012|~|~", "00013|1|12", "00014|4|13", "00015|5|14", "00016|6|15", "00017|7|16"}));
 }
@@ -119,7 +119,7 @@ TEST_F(SheetFrameTest, TheVersionShownIsTheOneCopied) {
 }
 
 TEST_F(SheetFrameTest, WithoutACardNothingIsSaved) {
-  for (const ChangeKind kind : savedKinds) {
+  for (const ChangeKind kind : kSavedKinds) {
     ChangeSheets kindOfSheets = sheets(kind);
     ChangeSheet sheet = goodSheet(kindOfSheets);
     kindOfSheets.newSheet();
@@ -129,7 +129,7 @@ TEST_F(SheetFrameTest, WithoutACardNothingIsSaved) {
 }
 
 TEST_F(SheetFrameTest, AnUnknownCardOrAQuoteFindsNothing) {
-  for (const ChangeKind kind : savedKinds) {
+  for (const ChangeKind kind : kSavedKinds) {
     ChangeSheets kindOfSheets = sheets(kind);
     ChangeSheet sheet = kindOfSheets.newSheet();
     expectRefused(kindOfSheets.loadCard(CardKey::CardNumber, "99999", sheet), "当前卡片已不存在！");
@@ -159,12 +159,12 @@ TEST_F(SheetFrameTest, TheVersionInForceFollowsEveryKind) {
 }
 
 TEST_F(SheetFrameTest, TheMostRecentSheetIsShown) {
-  for (const ChangeKind kind : savedKinds) EXPECT_FALSE(sheets(kind).mostRecent()) << captionOf(kind);
+  for (const ChangeKind kind : kSavedKinds) EXPECT_FALSE(sheets(kind).mostRecent()) << captionOf(kind);
   addCard("00002");
-  for (const ChangeKind kind : savedKinds) saveGood(kind);
-  for (const ChangeKind kind : savedKinds) saveGood(kind, "00002");
+  for (const ChangeKind kind : kSavedKinds) saveGood(kind);
+  for (const ChangeKind kind : kSavedKinds) saveGood(kind, "00002");
   std::string shown;
-  for (const ChangeKind kind : savedKinds) shown += sheetText(sheets(kind).mostRecent().value());
+  for (const ChangeKind kind : kSavedKinds) shown += sheetText(sheets(kind).mostRecent().value());
   expectGolden("changes/golden/most-recent-sheets.txt", shown);
   execute("update fa_Cards set sCardID='95' where sCardNum='00001' and iOptType=7");
   const ChangeSheet whole = sheets(ChangeKind::Transfer).mostRecent().value();

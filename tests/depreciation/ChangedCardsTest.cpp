@@ -44,23 +44,23 @@ class ChangedCardsTest : public DepreciationTest {
   }
 };
 
-constexpr const char* unchanged = "790|1290 301|021|790";
+constexpr const char* kUnchanged = "790|1290 301|021|790";
 
 TEST_F(ChangedCardsTest, ASheetBehindTheRunChangesNothingUntilTheNext) {
   const struct {
     ChangeKind kind;
     const char* after;
   } cases[] = {{ChangeKind::OriginalValue, "948|1448 301|021|948"},  // 120000 at 0.0079
-               {ChangeKind::UsageStatus, unchanged},
+               {ChangeKind::UsageStatus, kUnchanged},
                {ChangeKind::UsefulLife, "1580|2080 301|021|1580"},  // 0.0158
                {ChangeKind::Transfer, "790|1290 302|021|790"}};
   for (const auto& c : cases) {
     execute("delete from fa_Cards where sCardID<>'1'");
     execute("delete from fa_Vouchers");
     runMonth(context, dialogs);
-    EXPECT_EQ(month(), unchanged);
+    EXPECT_EQ(month(), kUnchanged);
     change(c.kind);
-    EXPECT_EQ(month(), unchanged) << captionOf(c.kind);
+    EXPECT_EQ(month(), kUnchanged) << captionOf(c.kind);
     runMonth(context, dialogs);
     EXPECT_EQ(month(), c.after) << captionOf(c.kind);
   }
@@ -71,19 +71,19 @@ TEST_F(ChangedCardsTest, CorrectedDepreciationStandsInTheMonthOfTheSystemDate) {
   change(ChangeKind::AccumulatedDepr);
   EXPECT_EQ(ledger("00001", "dblDeprT5,dblDeprT6"), "1290|700") << "the system's month is June";
   runMonth(context, dialogs);
-  EXPECT_EQ(month(), unchanged);
+  EXPECT_EQ(month(), kUnchanged);
   clock.set(day("2020-5-20"));
   change(ChangeKind::AccumulatedDepr);
   EXPECT_EQ(ledger("00001", "dblDeprT5,dblDeprT6"), "700|700");
   clock.set(day("2020-6-1 8:30:00"));
   runMonth(context, dialogs);
-  EXPECT_EQ(month(), unchanged) << "the opening total of the month is what a run goes from";
+  EXPECT_EQ(month(), kUnchanged) << "the opening total of the month is what a run goes from";
 }
 
 TEST_F(ChangedCardsTest, ANewMethodCountsInTheNextRun) {
   runMonth(context, dialogs);
   changeMethod();
-  EXPECT_EQ(month(), unchanged);
+  EXPECT_EQ(month(), kUnchanged);
   runMonth(context, dialogs);
   // 10 years, 55 in their sum: 120 / (55 * 120) is 0.0182 of 95000.
   EXPECT_EQ(month(), "1729|2229 301|021|1729");
@@ -99,7 +99,7 @@ TEST_F(ChangedCardsTest, ASplitCardGetsNoAllocationSinceNoDepartmentHasItsCodes)
   sheet.chooseSplit(split);
   ASSERT_TRUE(sheets.save(sheet).done());
   runMonth(context, dialogs);
-  EXPECT_EQ(month(), unchanged) << "the row left behind is the newest whose department is known";
+  EXPECT_EQ(month(), kUnchanged) << "the row left behind is the newest whose department is known";
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ TEST_F(ConnectionCutTest, WhatTheServerHasTakenStays) {
     Lines lines;
     EXPECT_EQ(station.finish(lines), 1);
     ASSERT_FALSE(lines.empty());
-    EXPECT_TRUE(lines.back().starts_with(std::string("box: ") + lostConnection)) << lines.back();
+    EXPECT_TRUE(lines.back().starts_with(std::string("box: ") + kLostConnection)) << lines.back();
     for (const std::string& line : lines) acknowledged.note(line);
 
     const Lines kept = set.rows("Fa_log");
@@ -73,7 +73,7 @@ TEST_F(ConnectionCutTest, AServerThatIsDownIsToldAtTheStart) {
   for (const auto& job : {run("8"), import()}) {
     const ProgramResult result = ctl(job);
     EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.errors.find(noConnection), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find(kNoConnection), std::string::npos) << result.errors;
   }
   ASSERT_TRUE(controlTestServer("start"));
   done(import());
@@ -92,7 +92,7 @@ TEST_F(ConnectionCutTest, AServerThatHangsIsWaitedFor) {
   std::string line;
   ASSERT_TRUE(station.nextLine(line));
   const pid_t backend =
-      std::stoi(set.ask(std::string("SELECT pid") + otherSessions + " AND query ILIKE '%fa_log%'"));
+      std::stoi(set.ask(std::string("SELECT pid") + kOtherSessions + " AND query ILIKE '%fa_log%'"));
   ASSERT_EQ(::kill(backend, SIGSTOP), 0);
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   ASSERT_EQ(::kill(backend, SIGCONT), 0);

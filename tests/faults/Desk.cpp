@@ -129,8 +129,8 @@ void Desk::changeMethod(const std::string& cardNum) {
     sheet.methodAfterID = "5";
     sheet.reason = nextReason();
     const BalanceSaved result = saveBalance(balance, sheet);
-    tell_(result.saved ? sql("sheet|", sheet.number, "|", cardNum, "|", sheet.reason, "|", balanceCaption)
-                       : sql("unsaved|", balanceCaption, " ", result.box.text));
+    tell_(result.saved ? sql("sheet|", sheet.number, "|", cardNum, "|", sheet.reason, "|", kBalanceCaption)
+                       : sql("unsaved|", kBalanceCaption, " ", result.box.text));
   });
 }
 

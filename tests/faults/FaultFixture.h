@@ -14,7 +14,7 @@ namespace zelkor::test {
 using Lines = std::vector<std::string>;
 
 // Each run of the month leaves its own row here, and each memo its time.
-inline const Lines runRecords{"fa_DeprVoucherMain", "Fa_log"};
+inline const Lines kRunRecords{"fa_DeprVoucherMain", "Fa_log"};
 
 /// Jobs of the real program on an account set, with a register of cards to import, sheets on the cards and a
 /// list of cards to be disposed of.
@@ -46,7 +46,7 @@ class FaultFixture : public ProgramTest {
     return {"dispose", set.argument("22"), home / "disposals.csv", "--today", "2020-02-01"};
   }
   Lines run(const std::string& runType) const { return {"run", set.argument(runType), "--yes"}; }
-  Lines content() const { return set.content(runRecords); }
+  Lines content() const { return set.content(kRunRecords); }
 
   /// Runs the job undisturbed from the state kept; gives what it leaves and how long it took.
   Lines undisturbed(const Lines& job, microseconds& life) {

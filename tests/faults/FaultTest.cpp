@@ -12,7 +12,7 @@
 namespace zelkor::test {
 namespace {
 
-constexpr auto soon = std::chrono::seconds(5);
+constexpr auto kSoon = std::chrono::seconds(5);
 
 /// How many rows there are of each backup, as "table: rows".
 Lines backupSizes(const Lines& lines) {
@@ -65,7 +65,7 @@ class InterruptedJobTest : public FaultFixture, public testing::WithParamInterfa
       cutOff(cut, set);
     }
     const ProgramResult result = program.finish();
-    EXPECT_LT(steady_clock::now() - begin, soon);
+    EXPECT_LT(steady_clock::now() - begin, kSoon);
     expectTold(result);
     // It had ended, maybe with rows that it refused.
     if (result.status == 0 || result.output.find(" 行：已保存 ") != std::string::npos) return;
@@ -76,7 +76,7 @@ class InterruptedJobTest : public FaultFixture, public testing::WithParamInterfa
     }
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.errors.find(GetParam().told) != std::string::npos ||
-                result.errors.find(noConnection) != std::string::npos)
+                result.errors.find(kNoConnection) != std::string::npos)
         << result.errors;
   }
 
@@ -124,12 +124,12 @@ INSTANTIATE_TEST_SUITE_P(
         Job{"Disposals",
             "disposals",
             {"cards", "8", "delete from fa_DeptScale"},
-            lostConnection,
+            kLostConnection,
             "：已减少\n",
             "select count(*) from fa_Cards where dDisposeDate is not null"},
-        Job{"MonthlyRun", "8", {"cards"}, lostConnection},
+        Job{"MonthlyRun", "8", {"cards"}, kLostConnection},
         Job{"Closing", "20", {"cards", "8"}, "月末结账没有完成"},
-        Job{"Reinitialisation", "23", {"cards"}, lostConnection}),
+        Job{"Reinitialisation", "23", {"cards"}, kLostConnection}),
     [](const auto& job) { return job.param.name; });
 
 class FaultTest : public FaultFixture {

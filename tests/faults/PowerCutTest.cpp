@@ -51,7 +51,7 @@ class PowerCutTest : public FaultFixture {
     }
     const TempDir directory;
     cut.leave(set.dataFile(), directory / "ZkData.Mdb");
-    return contentOf(directory / "ZkData.Mdb", runRecords);
+    return contentOf(directory / "ZkData.Mdb", kRunRecords);
   }
 
   void expectOnDisk(const std::string& what) {

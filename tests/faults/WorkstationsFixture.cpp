@@ -11,7 +11,7 @@ namespace zelkor::test {
 namespace {
 
 // The server's log tells who has waited for a lock longer than this.
-constexpr const char* noteWaits =
+constexpr const char* kNoteWaits =
     "DO $$ BEGIN EXECUTE format('ALTER DATABASE %I SET deadlock_timeout = %L', current_database(), '20ms'); "
     "EXECUTE format('ALTER DATABASE %I SET log_lock_waits = on', current_database()); END $$";
 
@@ -48,7 +48,7 @@ void expectShortWaits(const std::string& log) {
 }  // namespace
 
 void WorkstationsFixture::SetUp() {
-  if (onServer()) set.ask(noteWaits);
+  if (onServer()) set.ask(kNoteWaits);
   context.gstrZtFile = set.dataFile();
   context.gdOpDate = day("2020-1-15");
   context.dbZKData = engine.OpenDatabase(set.dataFile());

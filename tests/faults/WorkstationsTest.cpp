@@ -19,12 +19,12 @@
 namespace zelkor::test {
 namespace {
 
-constexpr int rounds = 12;
-constexpr int cardsToImport = 30;
+constexpr int kRounds = 12;
+constexpr int kCardsToImport = 30;
 
 class WorkstationsTest : public WorkstationsFixture {
  protected:
-  WorkstationsTest() : WorkstationsFixture(cardsToImport) {}
+  WorkstationsTest() : WorkstationsFixture(kCardsToImport) {}
 
   /// Six sheets on the first card, as a file.
   std::string sheetsOfTheAdministrator() const {
@@ -55,7 +55,7 @@ TEST_F(WorkstationsTest, FourLoseNothing) {
                                     ChangeKind::Transfer};
     const int number = deskOf(here);
     Desk desk(here, number, tell);
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < kRounds; ++i) {
       const std::string own = desk.enterCard(i % 2 == 0 ? NewCardType::Original : NewCardType::AddedInPeriod);
       const ChangeKind kind = kinds[(i + number) % 5];
       const bool ownOnly = kind == ChangeKind::Transfer;
@@ -97,13 +97,13 @@ TEST_F(LongMonthTest, IsComputedWhileOthersEnterCards) {
   ProgramRun computing(zelkorctlProgram(), month, home.path());
   const Told told = runDesks([](RunContext& here, const Workstation::Tell& tell) {
     Desk desk(here, deskOf(here), tell);
-    for (int i = 0; i < rounds; ++i) desk.enterCard(NewCardType::AddedInPeriod);
+    for (int i = 0; i < kRounds; ++i) desk.enterCard(NewCardType::AddedInPeriod);
     desk.tellLongest();
   });
   const ProgramResult finished = computing.finish();
   EXPECT_EQ(finished.status, 0) << finished.errors;
   EXPECT_EQ(told.unsaved, Lines{});
-  EXPECT_EQ(told.cards.size(), static_cast<std::size_t>(desks * rounds));
+  EXPECT_EQ(told.cards.size(), static_cast<std::size_t>(desks * kRounds));
   const Lines all = content();
   Lines missing;
   std::ranges::set_difference(computed, all, std::back_inserter(missing));
@@ -135,7 +135,7 @@ TEST_F(WorkstationsTest, ANumberThatMustBeUniqueIsGivenOnce) {
     status.name = here.gstrUser;
     ClsBLLDepart departments(here.engine);
     departments.setZkDataPath(here.gstrZtFile);
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < kRounds; ++i) {
       const std::string code = std::to_string(800 + i);
       if (departments.UpdateDepart({.code = code, .name = here.gstrUser}, DepartSaving::New))
         tell("card|" + code + "|" + here.gstrUser);
@@ -148,24 +148,24 @@ TEST_F(WorkstationsTest, ANumberThatMustBeUniqueIsGivenOnce) {
       }
     }
   });
-  EXPECT_EQ(told.cards.size(), static_cast<std::size_t>(rounds));
+  EXPECT_EQ(told.cards.size(), static_cast<std::size_t>(kRounds));
   EXPECT_EQ(std::set<std::string>(told.counters.begin(), told.counters.end()).size(), told.counters.size());
-  EXPECT_EQ(told.counters.size(), static_cast<std::size_t>(desks * rounds));
+  EXPECT_EQ(told.counters.size(), static_cast<std::size_t>(desks * kRounds));
   expectSame("departments", rows("select cDepCode,cDepName from department where cDepCode like '8*'"),
              told.cards);
   expectSame("statuses", rows("select sID,sName from fa_Status where sName like '会计*'"), told.sheets);
 }
 
-constexpr const char* tableExists = "unsaved|3010";
-constexpr const char* tableUnknown = "unsaved|3078";
-constexpr const char* tableGone = "unsaved|3376";
+constexpr const char* kTableExists = "unsaved|3010";
+constexpr const char* kTableUnknown = "unsaved|3078";
+constexpr const char* kTableGone = "unsaved|3376";
 
 // The list is put together in one table of the data file, which each who looks at it makes anew: at once they
 // get in each other's way, and the program that meets that ends with the engine's error.
 TEST_F(WorkstationsTest, DepreciationListsAtOnceDisturbEachOtherOnly) {
   done(import());
   const Told told = runDesks([](RunContext& here, const Workstation::Tell& tell) {
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < kRounds; ++i) {
       try {
         depreciationList(here);
       } catch (const RuntimeError& error) {
@@ -174,8 +174,8 @@ TEST_F(WorkstationsTest, DepreciationListsAtOnceDisturbEachOtherOnly) {
     }
   });
   for (const std::string& error : told.unsaved)
-    EXPECT_TRUE(error == tableExists || error == tableGone || error == tableUnknown) << error;
-  EXPECT_EQ(textsOf(depreciationList(context)).size(), static_cast<std::size_t>(cardsToImport + 2));
+    EXPECT_TRUE(error == kTableExists || error == kTableGone || error == kTableUnknown) << error;
+  EXPECT_EQ(textsOf(depreciationList(context)).size(), static_cast<std::size_t>(kCardsToImport + 2));
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ TEST_F(FrmBBTJTest, bringsThePageOfEachReportToTheFront) {
     FrmBBTJ& form = open(std::string(kind.name));
     keepPicture(form, "FrmBBTJ-" + std::to_string(numberOf(kind.page)));
     EXPECT_EQ(form.windowTitle().toStdString(), "条件 - [" + std::string(kind.name) + "]");
-    for (std::size_t page = 0; page < conditionPages.size(); ++page) {
+    for (std::size_t page = 0; page < kConditionPages.size(); ++page) {
       const auto& panel = control<QWidget>(form, numbered("Picture1", page).c_str());
       EXPECT_EQ(panel.isVisible(), page == numberOf(kind.page)) << page;
       for (const char* button : {"CmdYes", "CmdCancel"}) {

@@ -11,7 +11,7 @@
 
 namespace zelkor::test {
 
-inline constexpr const char* accountSetFiles[] = {"ZkData.Mdb", "ZkSystem.Mdb"};
+inline constexpr const char* kAccountSetFiles[] = {"ZkData.Mdb", "ZkSystem.Mdb"};
 
 /// A database of the test server that goes with the object.
 class TestDatabase {
@@ -75,7 +75,7 @@ class AccountSetCopy {
   explicit AccountSetCopy(const std::filesystem::path& directory) {
     const PreparedAccountSet& prepared = PreparedAccountSet::get();
     if (prepared.database) database_ = std::make_unique<TestDatabase>(prepared.database->name());
-    for (const char* file : accountSetFiles) {
+    for (const char* file : kAccountSetFiles) {
       if (database_) {
         const ServerFile original = ServerFile::read(prepared.directory / file);
         ServerFile{database_->conninfo(), original.schema}.write(directory / file);

@@ -14,7 +14,7 @@ using testing::UnorderedElementsAre;
 class CopyTest : public TransferTest {};
 
 // What a table of the suite can hold at worst. The catalogue knows nothing of it.
-constexpr const char* everyType = R"(
+constexpr const char* kEveryType = R"(
   CREATE TABLE "Suite Table" ("cText" TEXT(20) COLLATE NOCASE, "mMemo" LONGTEXT COLLATE NOCASE,
     "iShort" SMALLINT DEFAULT 7, "lLong" INTEGER, "fDouble" DOUBLE, "mMoney" CURRENCY, "dDate" DATETIME,
     "bYes" BOOLEAN NOT NULL DEFAULT 0, "oBytes" BLOB, "cDefault" TEXT(5) COLLATE NOCASE DEFAULT 'a''b');
@@ -32,7 +32,7 @@ constexpr const char* everyType = R"(
 
 TEST_F(CopyTest, KeepsEveryValueTypeAndIndexOfATableThatNobodyKnows) {
   RawFile source(file_);
-  source.run(everyType);
+  source.run(kEveryType);
   EXPECT_THAT(copyThere(file_, copy_), IsEmpty());
   RawFile copied(copy_);
   EXPECT_EQ(copied.cells("Suite Table"), source.cells("Suite Table"));
@@ -46,7 +46,7 @@ TEST_F(CopyTest, KeepsEveryValueTypeAndIndexOfATableThatNobodyKnows) {
 
 TEST_F(CopyTest, GivesTheServerWhatTheProgramsReadInTheFile) {
   if (!onServer()) GTEST_SKIP() << "needs a server";
-  RawFile(file_).run(everyType);
+  RawFile(file_).run(kEveryType);
   ASSERT_THAT(copy(file_, there_, testServer()), IsEmpty());
   DbEngine engine;
   Recordset here =

@@ -25,7 +25,7 @@ class VoucherTypesTest : public AccountSetTest {
 };
 
 TEST_F(VoucherTypesTest, StoresChangesAndDeletesATypeWithItsSubjects) {
-  std::int32_t id = newDsign;
+  std::int32_t id = kNewDsign;
   EXPECT_TRUE(types.UpdateDsign(id, {"收", 2, "收款凭证", 1}));
   EXPECT_EQ(id, 2);
   EXPECT_EQ(types.GetDsignID("收"), 2);
@@ -44,9 +44,9 @@ TEST_F(VoucherTypesTest, StoresChangesAndDeletesATypeWithItsSubjects) {
 }
 
 TEST_F(VoucherTypesTest, FailsSilently) {
-  std::int32_t id = newDsign;
+  std::int32_t id = kNewDsign;
   EXPECT_FALSE(types.UpdateDsign(id, {"'", 1, "", 0}));
-  EXPECT_EQ(id, newDsign);
+  EXPECT_EQ(id, kNewDsign);
   ClsBLLPZType missing(engine);
   missing.setZkDataPath(missingFile());
   EXPECT_FALSE(missing.GetAllDsign().isOpen());
@@ -82,11 +82,11 @@ TEST_F(VoucherTypesTest, ALimitDoesNotComeBackAsItWasSaved) {
   const std::array<std::string_view, 5> comesBackAs = {"无限制", "借方必有", "贷方必有", "无限制",
                                                        "凭证必无"};
   VoucherTypeTable table(types);
-  for (std::size_t kind = 0; kind < limitKinds.size(); ++kind) {
-    table.setText(1, type_column::Limit, std::string(limitKinds[kind]));
+  for (std::size_t kind = 0; kind < kLimitKinds.size(); ++kind) {
+    table.setText(1, type_column::Limit, std::string(kLimitKinds[kind]));
     table.save(1);
     EXPECT_EQ(VoucherTypeTable(types).grid().text(1, type_column::Limit), comesBackAs[kind])
-        << limitKinds[kind];
+        << kLimitKinds[kind];
   }
   execute("update dsign set itype=4");
   EXPECT_EQ(VoucherTypeTable(types).grid().text(1, type_column::Limit), "凭证必有");
@@ -117,7 +117,7 @@ TEST_F(VoucherTypesTest, ChecksCellsAndRows) {
 TEST_F(VoucherTypesTest, SavesARowUnderItsNumberWithItsSubjects) {
   VoucherTypeTable table(types);
   const std::size_t row = table.add();
-  EXPECT_EQ(table.id(row), newDsign);
+  EXPECT_EQ(table.id(row), kNewDsign);
   for (const auto& [column, text] :
        {std::pair{type_column::Sign, "收"}, std::pair{type_column::Name, "收款凭证"},
         std::pair{type_column::Limit, "借方必有"}, std::pair{type_column::Codes, "1001，1002；1009;1501"}}) {

@@ -102,8 +102,8 @@ void YearBooks::changeMethod(const std::string& number, const std::string& id, c
   sheet.methodAfter = name;
   sheet.methodAfterID = id;
   sheet.reason = "复核";
-  dialogs_.note(sql("sheet ", sheet.number, " ", balanceCaption, " ", number, ": ", sheet.methodBefore, " > ",
-                    sheet.methodAfter));
+  dialogs_.note(sql("sheet ", sheet.number, " ", kBalanceCaption, " ", number, ": ", sheet.methodBefore,
+                    " > ", sheet.methodAfter));
   const auto refusal = balanceRefusal(sheet);
   const auto question = refusal ? refusal : balanceQuestion(sheet);
   if (question && (dialogs_.MsgBox(*question) != Answer::Yes)) return;

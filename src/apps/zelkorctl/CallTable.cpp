@@ -340,9 +340,9 @@ std::span<const Call> calls() {
 }
 
 std::span<const CallGroup> callGroups() {
-  static constexpr CallGroup groups[] = {
+  static constexpr CallGroup kGroups[] = {
       {"cards", "固定资产卡片"}, {"sheets", "变动单"}, {"vouchers", "凭证"}};
-  return groups;
+  return kGroups;
 }
 
 std::string defaultOf(const Parameter& parameter) {

@@ -87,10 +87,10 @@ class ConditionSetter {
   }
   void setType(const std::string& code) { conditions_.type = {code, nameOf("fa_AssetTypes", code, "类别")}; }
   void setFromLevel(const std::string& value) {
-    setListed((conditions_.*asked_.levels).from, offeredLevels, value);
+    setListed((conditions_.*asked_.levels).from, kOfferedLevels, value);
   }
   void setToLevel(const std::string& value) {
-    setListed((conditions_.*asked_.levels).to, offeredLevels, value);
+    setListed((conditions_.*asked_.levels).to, kOfferedLevels, value);
   }
   void setComposition(const std::string& value) {
     static constexpr std::string_view kNames[] = {"first", "detail"};
@@ -101,9 +101,9 @@ class ConditionSetter {
     conditions_.statisticsLayout = static_cast<StatisticsLayout>(choose(kNames, value));
   }
   void setDepartmentLevel(const std::string& value) {
-    setListed(conditions_.departmentLevel, offeredDepartmentLevels, value);
+    setListed(conditions_.departmentLevel, kOfferedDepartmentLevels, value);
   }
-  void setTypeLevel(const std::string& value) { setListed(conditions_.typeLevel, offeredTypeLevels, value); }
+  void setTypeLevel(const std::string& value) { setListed(conditions_.typeLevel, kOfferedTypeLevels, value); }
 
   std::string nameOf(std::string_view table, const std::string& code, std::string_view what) {
     const Recordset entry =

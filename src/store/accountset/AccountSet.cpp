@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int monthsOfYear = 12;
+constexpr int kMonthsOfYear = 12;
 
 bool hasTemplate(const std::string& table) {
   const auto& names = templatedTables();
@@ -53,7 +53,7 @@ TemplateRows accountHeader(const AccountSetOptions& options) {
 
 TemplateRows periods(const AccountSetOptions& options) {
   TemplateRows rows{"ZA_Period", {"cAcc_id", "iyear", "iId", "dBegin", "dEnd"}, {}};
-  for (int month = 1; month <= monthsOfYear; ++month) {
+  for (int month = 1; month <= kMonthsOfYear; ++month) {
     const DateTime begin = DateTime::fromParts(options.year, month, 1).value();
     const DateTime end = DateAdd("d", -1, DateAdd("m", 1, begin));
     rows.rows.push_back(
@@ -70,7 +70,7 @@ void writeSystemFile(TemplateWriter& writer, const AccountSetOptions& options) {
 
 void checkOptions(const AccountSetOptions& options) {
   if (options.account.empty()) throw RuntimeError(ErrorNumber::TypeMismatch, "账套号不能为空。");
-  if (options.month < 1 || options.month > monthsOfYear || options.year < 1900 || options.year > 9999)
+  if (options.month < 1 || options.month > kMonthsOfYear || options.year < 1900 || options.year > 9999)
     throw RuntimeError(ErrorNumber::TypeMismatch, "启用期间 " + std::to_string(options.year) + "." +
                                                       std::to_string(options.month) + " 不正确。");
 }
@@ -99,7 +99,7 @@ void createBoth(const fs::path& directory, const AccountSetOptions& options) {
 
 void createAccountSet(const fs::path& directory, const AccountSetOptions& options) {
   checkOptions(options);
-  requireShortPath(directory / "ZkSystem.Mdb", NewFile::temporaryEnding.size());
+  requireShortPath(directory / "ZkSystem.Mdb", NewFile::kTemporaryEnding.size());
   try {
     createBoth(directory, options);
   } catch (const fs::filesystem_error& error) {

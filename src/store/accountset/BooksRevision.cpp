@@ -8,7 +8,7 @@
 namespace zelkor {
 namespace {
 
-constexpr int firstRevision = 1;
+constexpr int kFirstRevision = 1;
 
 bool holdsBooks(Engine& engine) {
   const std::vector<std::string> names = engine.tableNames();
@@ -25,7 +25,7 @@ bool namesSome(const std::vector<std::string>& names, const std::vector<TableDef
 }
 
 int revisionOf(Engine& books) {
-  return std::max(books.booksRevision(), firstRevision);
+  return std::max(books.booksRevision(), kFirstRevision);
 }
 
 void requireKnownRevision(Engine& books, const std::string& path) {

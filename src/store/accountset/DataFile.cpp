@@ -17,9 +17,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view sqliteMark{"SQLite format 3\0", 16};
-constexpr std::string_view jetMark = "Standard Jet DB";
-constexpr std::size_t jetMarkOffset = 4;
+constexpr std::string_view kSqliteMark{"SQLite format 3\0", 16};
+constexpr std::string_view kJetMark = "Standard Jet DB";
+constexpr std::size_t kJetMarkOffset = 4;
 
 std::string beginningOf(const std::string& path) {
   std::array<char, 4096> buffer{};  // a text file may begin with comments
@@ -51,9 +51,9 @@ void checkIsWritable(const std::string& path) {
 
 void checkFormat(const std::string& path) {
   const std::string beginning = beginningOf(path);
-  if (beginning.starts_with(sqliteMark)) return;
-  if (beginning.size() > jetMarkOffset &&
-      std::string_view(beginning).substr(jetMarkOffset).starts_with(jetMark))
+  if (beginning.starts_with(kSqliteMark)) return;
+  if (beginning.size() > kJetMarkOffset &&
+      std::string_view(beginning).substr(kJetMarkOffset).starts_with(kJetMark))
     throw RuntimeError(
         ErrorNumber::UnrecognizedFormat,
         "'" + path +

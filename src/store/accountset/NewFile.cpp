@@ -22,7 +22,7 @@ Unfinished::~Unfinished() {
 }
 
 NewFile::NewFile(fs::path file, const FileAccess& access)
-    : path_(std::move(file)), temporary_(fs::path(path_).concat(temporaryEnding)) {
+    : path_(std::move(file)), temporary_(fs::path(path_).concat(kTemporaryEnding)) {
   requireAbsent(path_);
   removeTemporary();
   if (!createFile(temporary_, access)) {

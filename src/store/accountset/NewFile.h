@@ -29,7 +29,7 @@ class Unfinished {
 /// given its name it goes with the object.
 class NewFile {
  public:
-  static constexpr std::string_view temporaryEnding = ".new";
+  static constexpr std::string_view kTemporaryEnding = ".new";
 
   /// Error 3204 when the file is there already, 3051 when it cannot be made; what a killed process has left
   /// under the temporary name goes.

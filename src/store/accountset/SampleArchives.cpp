@@ -9,7 +9,7 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t dayTextLength = 10;
+constexpr std::size_t kDayTextLength = 10;
 
 void setParameter(TemplateWriter& writer, const std::string& name, const std::string& value) {
   const std::array parameters{value, name};
@@ -48,7 +48,7 @@ void setWizardParameters(TemplateWriter& writer, const AccountSetOptions& option
 }  // namespace
 
 std::string monthBeginText(int year, int month) {
-  return DateTime::fromParts(year, month, 1).value().toIso().substr(0, dayTextLength);
+  return DateTime::fromParts(year, month, 1).value().toIso().substr(0, kDayTextLength);
 }
 
 void insertSampleArchives(TemplateWriter& writer, const AccountSetOptions& options) {

@@ -11,8 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* dataName = "ZkData.Mdb";
-constexpr const char* systemName = "ZkSystem.Mdb";
+constexpr const char* kDataName = "ZkData.Mdb";
+constexpr const char* kSystemName = "ZkSystem.Mdb";
 
 /// A directory that goes with the object, and what lies in it.
 class Scratch {
@@ -61,8 +61,8 @@ void createBoth(PostgreSqlLink& server, const Part& data, const Part& system,
   data.place.write(dataFile.temporary());
   system.place.write(systemFile.temporary());
   server.run("BEGIN");
-  createPart(server, data.place.schema, scratch.path() / dataName, dataTables());
-  createPart(server, system.place.schema, scratch.path() / systemName, systemTables());
+  createPart(server, data.place.schema, scratch.path() / kDataName, dataTables());
+  createPart(server, system.place.schema, scratch.path() / kSystemName, systemTables());
   server.run("SET synchronous_commit = on; COMMIT");
   try {
     giveNames(dataFile, systemFile);
@@ -86,15 +86,15 @@ void createServerSchema(const std::string& conninfo, const std::string& schema, 
 void createServerAccountSet(const std::string& conninfo, const fs::path& directory,
                             const AccountSetOptions& options) {
   requireNoPassword(conninfo);
-  requireAbsent(directory / dataName);
-  requireAbsent(directory / systemName);
+  requireAbsent(directory / kDataName);
+  requireAbsent(directory / kSystemName);
   const ServerFile data{conninfo, schemaName(options.account, "data")};
   const ServerFile system{conninfo, schemaName(options.account, "system")};
   PostgreSqlLink server(conninfo);
   try {
     const bool made = makeFolder(directory);
     Unfinished folder(made ? directory : fs::path());
-    createBoth(server, {directory / dataName, data}, {directory / systemName, system}, options);
+    createBoth(server, {directory / kDataName, data}, {directory / kSystemName, system}, options);
     folder.keep();
   } catch (const fs::filesystem_error& error) {
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,

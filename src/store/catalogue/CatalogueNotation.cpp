@@ -10,7 +10,7 @@ namespace {
 
 using dialect::ColumnType;
 
-constexpr int defaultTextSize = 60;
+constexpr int kDefaultTextSize = 60;
 
 struct TypeName {
   std::string_view name;
@@ -18,16 +18,16 @@ struct TypeName {
 };
 
 // The longest prefix first: "dbl" begins with the "d" of dates.
-constexpr std::array modulePrefixes{
+constexpr std::array kModulePrefixes{
     TypeName{"dbl", ColumnType::Double}, TypeName{"mem", ColumnType::Memo}, TypeName{"s", ColumnType::Text},
     TypeName{"i", ColumnType::Short},    TypeName{"l", ColumnType::Long},   TypeName{"d", ColumnType::Date},
     TypeName{"b", ColumnType::Boolean},
 };
-constexpr std::array suitePrefixes{
+constexpr std::array kSuitePrefixes{
     TypeName{"c", ColumnType::Text},     TypeName{"i", ColumnType::Short},   TypeName{"d", ColumnType::Date},
     TypeName{"m", ColumnType::Currency}, TypeName{"b", ColumnType::Boolean},
 };
-constexpr std::array typeNames{
+constexpr std::array kTypeNames{
     TypeName{"text", ColumnType::Text},         TypeName{"memo", ColumnType::Memo},
     TypeName{"short", ColumnType::Short},       TypeName{"long", ColumnType::Long},
     TypeName{"counter", ColumnType::Counter},   TypeName{"double", ColumnType::Double},
@@ -74,7 +74,7 @@ ColumnType byPrefix(const Types& prefixes, std::string_view name) {
 }
 
 ColumnType byName(std::string_view type) {
-  for (const TypeName& candidate : typeNames)
+  for (const TypeName& candidate : kTypeNames)
     if (candidate.name == type) return candidate.type;
   malformed(type);
 }
@@ -89,7 +89,7 @@ void addColumns(TableDef& table, std::string_view word, const Types& prefixes) {
   const std::string_view size = cutBehind(word, '(', true);
   std::string_view months = cutBehind(word, '[', true);
   column.type = type.empty() ? byPrefix(prefixes, word) : byName(type);
-  if (column.type == ColumnType::Text) column.size = size.empty() ? defaultTextSize : number(size);
+  if (column.type == ColumnType::Text) column.size = size.empty() ? kDefaultTextSize : number(size);
 
   const auto add = [&](const std::string& name) {
     column.name = name;
@@ -133,12 +133,12 @@ bool isNumber(ColumnType type) {
 
 TableDef moduleTable(std::string_view name, std::string_view columns,
                      std::initializer_list<std::string_view> indexes) {
-  return readTable(name, columns, indexes, modulePrefixes);
+  return readTable(name, columns, indexes, kModulePrefixes);
 }
 
 TableDef suiteTable(std::string_view name, std::string_view columns,
                     std::initializer_list<std::string_view> indexes) {
-  return readTable(name, columns, indexes, suitePrefixes);
+  return readTable(name, columns, indexes, kSuitePrefixes);
 }
 
 TableDef withZeroNumbers(TableDef table) {

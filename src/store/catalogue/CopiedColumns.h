@@ -17,7 +17,7 @@ constexpr std::string_view fa_CardsSheets =
     "sID, sCardNum, lSheetNum, sNum, sVoucherNum, sEvaNum, dStartDate, dEndDate, memReason, memRemark, "
     "dTransDate, sDeptName, lDays, dblAfterValue, dblTransValue, sMark, sLockedBy";
 /// fa_DeprVouchers and fa_DeprVouchers_pre.
-constexpr std::string_view allocationRows =
+constexpr std::string_view kAllocationRows =
     "lOptID, iPeriod, sDeptNum, sDeptName, sTypeNum, sTypeName, sProjectNum, sProjectName, sSubjectNum, "
     "sSubjectName, dblDebit, dblCredit, sLockedBy";
 constexpr std::string_view fa_QueryFilters =

@@ -5,7 +5,7 @@
 namespace zelkor {
 namespace {
 
-constexpr std::array steps{
+constexpr std::array kSteps{
     // In this order: of two indexes that begin alike SQLite takes the one that was made last.
     RevisionStep{2, "CREATE INDEX sCardNum ON fa_Cards (sCardNum)"},
     RevisionStep{2, "CREATE INDEX lOptID ON fa_DeptScale (lOptID)"},
@@ -15,11 +15,11 @@ constexpr std::array steps{
 }  // namespace
 
 std::span<const RevisionStep> revisionSteps() {
-  return steps;
+  return kSteps;
 }
 
 int currentRevision() {
-  return steps.back().revision;
+  return kSteps.back().revision;
 }
 
 }  // namespace zelkor

@@ -10,7 +10,7 @@ namespace zelkor::dialect {
 namespace {
 
 // Above every text that goes on behind a prefix.
-constexpr std::string_view lastCodePoint = "\xF4\x8F\xBF\xBF";
+constexpr std::string_view kLastCodePoint = "\xF4\x8F\xBF\xBF";
 
 std::string dateText(std::string_view text) {
   const auto date = parseDate(text);
@@ -55,7 +55,7 @@ std::string constant(const ParameterSlot& slot, const Literal& literal) {
     case BindAs::PrefixLow:
       return textConstant(text.substr(0, text.size() - 1));
     case BindAs::PrefixHigh:
-      return textConstant(std::string(text.substr(0, text.size() - 1)).append(lastCodePoint));
+      return textConstant(std::string(text.substr(0, text.size() - 1)).append(kLastCodePoint));
     case BindAs::Assigned:
       break;
   }

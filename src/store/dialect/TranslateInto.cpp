@@ -8,7 +8,7 @@
 namespace zelkor::dialect {
 namespace {
 
-constexpr int defaultTextSize = 255;
+constexpr int kDefaultTextSize = 255;
 
 // A counter stays one only where each of its numbers comes once: in the rows of its own table.
 ColumnType storedType(const bound::Node& node, bool singleTable) {
@@ -25,7 +25,7 @@ std::vector<ColumnInfo> columnsOf(const BoundSelect& bound) {
   for (const bound::Item& item : bound.select.items) {
     ColumnInfo column{item.name, storedType(item.expr, singleTable && !counter), item.expr.type.size, false};
     counter = counter || column.type == ColumnType::Counter;
-    if (column.type == ColumnType::Text && column.size == 0) column.size = defaultTextSize;
+    if (column.type == ColumnType::Text && column.size == 0) column.size = kDefaultTextSize;
     for (const ColumnInfo& other : columns)
       if (sameName(other.name, column.name))
         throw RuntimeError(ErrorNumber::DuplicateColumn, "不能多次定义字段 '" + column.name + "'。");

@@ -18,7 +18,7 @@ using dialect::LiteralKind;
 using dialect::ParameterSlot;
 
 // The last code point: above every text that goes on behind a prefix.
-constexpr std::string_view highest = "\xF4\x8F\xBF\xBF";
+constexpr std::string_view kHighest = "\xF4\x8F\xBF\xBF";
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
@@ -125,7 +125,7 @@ void bindSlot(EngineStatement& statement, int parameter, const ParameterSlot& sl
     case BindAs::PrefixLow:
       return statement.bindLastingText(parameter, prefixOf(literal.content()));
     case BindAs::PrefixHigh:
-      return statement.bindText(parameter, std::string(prefixOf(literal.content())).append(highest));
+      return statement.bindText(parameter, std::string(prefixOf(literal.content())).append(kHighest));
     case BindAs::Assigned:
       return bindAssigned(statement, parameter, literal, slot.target);
   }

@@ -59,7 +59,7 @@ PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly) {
   }
   using Form = dialect::Query::Form;
   std::string sql = query_->rows(projection_->columns, run.fast ? Form::Fast : Form::Plain);
-  if (firstRowsOnly) sql += " LIMIT " + std::to_string(firstRows);
+  if (firstRowsOnly) sql += " LIMIT " + std::to_string(kFirstRows);
   run.statement = engine_.prepare(sql);
   return run;
 }

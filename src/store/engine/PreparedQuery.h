@@ -45,7 +45,7 @@ class PreparedQuery {
   Run take();
   /// A statement that gives every row.
   Run takeWhole();
-  static constexpr int firstRows = 50;
+  static constexpr int kFirstRows = 50;
   void giveBack(Run run);
 
   /// Makes later runs and reads by key deliver this column too.

@@ -101,7 +101,7 @@ bool RecordsetState::streamNext() {
 // those. Should others have changed rows meanwhile, none comes twice and none is left out.
 bool RecordsetState::step() {
   bool more = run_.statement->step();
-  if (!more && run_.firstRowsOnly && known_ == PreparedQuery::firstRows) {
+  if (!more && run_.firstRowsOnly && known_ == PreparedQuery::kFirstRows) {
     query_->giveBack(std::exchange(run_, query_->takeWhole()));
     bindSlots(*run_.statement, query_->slots(), literals_);
     passed_ = keys_;

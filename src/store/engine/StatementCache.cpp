@@ -36,7 +36,7 @@ void StatementCache::forget() {
 
 std::shared_ptr<CachedStatement> StatementCache::recognised(std::string_view sql,
                                                             dialect::Shape& shape) const {
-  const auto [first, last] = samples_.equal_range(sql.substr(0, beginning));
+  const auto [first, last] = samples_.equal_range(sql.substr(0, kBeginning));
   for (auto known = first; known != last; ++known)
     if (known->second->sample->matches(sql, shape.literals)) return known->second;
   return nullptr;
@@ -44,8 +44,8 @@ std::shared_ptr<CachedStatement> StatementCache::recognised(std::string_view sql
 
 void StatementCache::keepSample(std::string_view sql, const std::shared_ptr<CachedStatement>& statement) {
   const dialect::ShapeSample& sample = statement->sample.emplace(sql);
-  const std::string_view begin = sample.statement().substr(0, beginning);
-  if (sample.firstLiteral() >= beginning && samples_.count(begin) < mostAlike)
+  const std::string_view begin = sample.statement().substr(0, kBeginning);
+  if (sample.firstLiteral() >= kBeginning && samples_.count(begin) < kMostAlike)
     samples_.emplace(begin, statement);
 }
 
@@ -58,7 +58,7 @@ std::shared_ptr<CachedStatement> StatementCache::find(std::string_view sql, dial
   const dialect::Translation& translation = statement->translation;
   // True only once, or for these literals only.
   if (changesTables(translation.kind) || translation.dependsOnLiterals) return statement;
-  if (statements_.size() >= mostShapes) forget();
+  if (statements_.size() >= kMostShapes) forget();
   keepSample(sql, statement);
   return statements_.emplace(shape.key, std::move(statement)).first->second;
 }

@@ -40,9 +40,9 @@ class StatementCache {
     using is_transparent = void;
     std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
   };
-  static constexpr std::size_t mostShapes = 2000;
-  static constexpr std::size_t beginning = 24;  // characters that tell most statements apart
-  static constexpr std::size_t mostAlike = 8;   // samples that begin alike
+  static constexpr std::size_t kMostShapes = 2000;
+  static constexpr std::size_t kBeginning = 24;  // characters that tell most statements apart
+  static constexpr std::size_t kMostAlike = 8;   // samples that begin alike
 
   std::shared_ptr<CachedStatement> recognised(std::string_view sql, dialect::Shape& shape) const;
   std::shared_ptr<CachedStatement> translated(std::string_view sql, const dialect::Shape& shape) const;

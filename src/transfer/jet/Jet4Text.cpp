@@ -7,7 +7,7 @@
 namespace zelkor::jet {
 namespace {
 
-constexpr std::string_view compressed{"\xFF\xFE", 2};
+constexpr std::string_view kCompressed{"\xFF\xFE", 2};
 
 bool isHighSurrogate(char16_t unit) {
   return unit >= 0xD800 && unit <= 0xDBFF;
@@ -105,8 +105,8 @@ void addCompressed(Utf16Reader& reader, std::string_view bytes) {
 class Jet4Decoder : public TextDecoder {
  public:
   DecodedText value(std::string_view bytes, std::string& buffer) override {
-    if (!bytes.starts_with(compressed)) return name(bytes, buffer);
-    bytes.remove_prefix(compressed.size());
+    if (!bytes.starts_with(kCompressed)) return name(bytes, buffer);
+    bytes.remove_prefix(kCompressed.size());
     if (isPlain(bytes)) return {bytes};
     Utf16Reader reader(buffer);
     addCompressed(reader, bytes);

@@ -15,8 +15,8 @@ namespace {
 using dialect::ColumnType;
 using Converted = std::optional<CarriedCell>;
 
-constexpr std::int64_t currencyUnit = 10000;
-constexpr std::size_t longestShown = 40;
+constexpr std::int64_t kCurrencyUnit = 10000;
+constexpr std::size_t kLongestShown = 40;
 
 template <typename Whole>
 Converted within(std::int64_t value) {
@@ -50,7 +50,7 @@ Converted wholeTo(std::int64_t value, ColumnType type, std::string& buffer) {
     case ColumnType::Double:
       return static_cast<double>(value);
     case ColumnType::Currency:
-      return Currency::fromScaled(value * currencyUnit);  // a whole number of a file has 32 bits
+      return Currency::fromScaled(value * kCurrencyUnit);  // a whole number of a file has 32 bits
     case ColumnType::Date:
       return DateTime::fromSerial(static_cast<double>(value));
     case ColumnType::Text:
@@ -99,8 +99,8 @@ Converted currencyTo(Currency value, ColumnType type, std::string& buffer) {
       if (Currency::fromDouble(value.toDouble()) != value) return std::nullopt;
       return value.toDouble();
     default:
-      if (value.scaled() % currencyUnit != 0) return std::nullopt;
-      return wholeTo(value.scaled() / currencyUnit, type, buffer);
+      if (value.scaled() % kCurrencyUnit != 0) return std::nullopt;
+      return wholeTo(value.scaled() / kCurrencyUnit, type, buffer);
   }
 }
 
@@ -186,7 +186,7 @@ std::string shownText(const CarriedCell& value) {
   std::string buffer;
   const auto text = converted(value, ColumnType::Memo, buffer);
   const std::string whole(std::get<std::string_view>(*text));
-  return Len(whole) <= longestShown ? whole : Left(whole, longestShown) + "…";
+  return Len(whole) <= kLongestShown ? whole : Left(whole, kLongestShown) + "…";
 }
 
 }  // namespace zelkor::jet

@@ -6,12 +6,12 @@
 namespace zelkor::jet {
 namespace {
 
-constexpr std::size_t pageHead = 8;  // of each page of a definition
-constexpr std::size_t mostColumns = 255;
-constexpr std::size_t mostIndexes = 1024;  // far more than Jet allows; keeps nonsense out
-constexpr std::size_t mostPages = 256;
-constexpr std::size_t indexColumns = 10;
-constexpr std::uint16_t none = 0xFFFF;
+constexpr std::size_t kPageHead = 8;  // of each page of a definition
+constexpr std::size_t kMostColumns = 255;
+constexpr std::size_t kMostIndexes = 1024;  // far more than Jet allows; keeps nonsense out
+constexpr std::size_t kMostPages = 256;
+constexpr std::size_t kIndexColumns = 10;
+constexpr std::uint16_t kNone = 0xFFFF;
 
 enum ColumnFlag : unsigned char { fixedFlag = 0x01, counterFlag = 0x04 };
 enum IndexFlag : unsigned char { uniqueFlag = 0x01, ignoresNullFlag = 0x02 };
@@ -24,10 +24,10 @@ std::string contentOf(JetFile& file, PageNumber first) {
   Page page;
   for (PageNumber number = first; number != 0; number = page.link()) {
     file.read(number, page);
-    if (page.kind() != definitionPage || seen.size() == mostPages ||
+    if (page.kind() != kDefinitionPage || seen.size() == kMostPages ||
         std::find(seen.begin(), seen.end(), number) != seen.end())
       file.damaged("第 " + std::to_string(number) + " 页不是表定义");
-    content += page.content().substr(seen.empty() ? 0 : pageHead);
+    content += page.content().substr(seen.empty() ? 0 : kPageHead);
     seen.push_back(number);
   }
   return content;
@@ -96,7 +96,7 @@ void DefinitionReader::readCounts() {
   columns_ = at<std::uint16_t>(layout_.columns);
   logicalIndexes_ = at<std::uint32_t>(layout_.logicalIndexes);
   realIndexes_ = at<std::uint32_t>(layout_.realIndexes);
-  if (columns_ > mostColumns || logicalIndexes_ > mostIndexes || realIndexes_ > mostIndexes) nonsense();
+  if (columns_ > kMostColumns || logicalIndexes_ > kMostIndexes || realIndexes_ > kMostIndexes) nonsense();
 }
 
 void DefinitionReader::readColumns() {
@@ -136,9 +136,9 @@ Index DefinitionReader::index(std::string_view block) {
   constexpr std::size_t columnSize = 3;
   Index index;
   std::size_t place = layout_.beforeIndex;
-  for (std::size_t i = 0; i < indexColumns; ++i, place += columnSize) {
+  for (std::size_t i = 0; i < kIndexColumns; ++i, place += columnSize) {
     const auto number = numberAt<std::uint16_t>(block, place);
-    if (number != none) index.columns.push_back({number, block[place + 2] != 1});
+    if (number != kNone) index.columns.push_back({number, block[place + 2] != 1});
   }
   file_.checkMap({numberAt<std::uint32_t>(block, place)});
   const auto flags = static_cast<unsigned char>(block[place + 8 + layout_.beforeIndexFlags]);
@@ -175,7 +175,7 @@ void DefinitionReader::readIndexes() {
 
 void DefinitionReader::checkLongValues() {
   constexpr std::size_t entrySize = 8;
-  while (content_.size() - place_ >= 2 && numberAt<std::uint16_t>(take(2), 0) != none) {
+  while (content_.size() - place_ >= 2 && numberAt<std::uint16_t>(take(2), 0) != kNone) {
     const std::string_view maps = take(entrySize);
     file_.checkMap({numberAt<std::uint32_t>(maps, 0)});
     file_.checkMap({numberAt<std::uint32_t>(maps, 4)});

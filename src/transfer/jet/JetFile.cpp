@@ -8,10 +8,10 @@
 namespace zelkor::jet {
 namespace {
 
-constexpr PageNumber filePages = 1;  // the page whose first row maps the pages of the whole file
-constexpr char directMap = 0;        // one bit for each page from a first one on
-constexpr char indirectMap = 1;      // numbers of pages that hold such bits
-constexpr std::size_t mapHead = 5;   // the kind, and the first page of a direct map
+constexpr PageNumber kFilePages = 1;  // the page whose first row maps the pages of the whole file
+constexpr char kDirectMap = 0;        // one bit for each page from a first one on
+constexpr char kIndirectMap = 1;      // numbers of pages that hold such bits
+constexpr std::size_t kMapHead = 5;   // the kind, and the first page of a direct map
 
 struct Close {
   void operator()(MdbHandle* handle) const { mdb_close(handle); }
@@ -28,8 +28,8 @@ PageNumber indirectEntry(const std::string& map, std::size_t entry) {
 /// One more than the last page that a direct map of free pages has not among them.
 PageNumber endOfUsed(const std::string& map) {
   const auto first = numberAt<PageNumber>(map, 1);
-  for (std::size_t bit = (map.size() - mapHead) * 8; bit > 0; --bit) {
-    const auto byte = static_cast<unsigned char>(map[mapHead + (bit - 1) / 8]);
+  for (std::size_t bit = (map.size() - kMapHead) * 8; bit > 0; --bit) {
+    const auto byte = static_cast<unsigned char>(map[kMapHead + (bit - 1) / 8]);
     if ((byte >> ((bit - 1) % 8) & 1) == 0) return first + static_cast<PageNumber>(bit);
   }
   return 0;
@@ -92,9 +92,9 @@ void JetFile::read(PageNumber number, Page& page) {
 std::optional<std::string> JetFile::mapAt(RowPointer map) {
   Page page;
   read(map.page(), page);
-  const auto row = page.kind() == rowPage ? page.row(map.row(), layout_) : std::nullopt;
-  if (!row || row->content.size() < mapHead) return std::nullopt;
-  if (row->content[0] != directMap && row->content[0] != indirectMap) return std::nullopt;
+  const auto row = page.kind() == kRowPage ? page.row(map.row(), layout_) : std::nullopt;
+  if (!row || row->content.size() < kMapHead) return std::nullopt;
+  if (row->content[0] != kDirectMap && row->content[0] != kIndirectMap) return std::nullopt;
   return std::string(row->content);
 }
 
@@ -110,7 +110,7 @@ void JetFile::checkMapPages(const std::string& map) {
     const PageNumber number = indirectEntry(map, entry);
     if (number == 0) continue;
     read(number, page);
-    if (page.kind() != mapPage) damaged("第 " + std::to_string(number) + " 页不是页表");
+    if (page.kind() != kMapPage) damaged("第 " + std::to_string(number) + " 页不是页表");
   }
 }
 
@@ -123,7 +123,7 @@ void JetFile::checkMap(RowPointer pointer) {
 }
 
 std::vector<PageNumber> JetFile::pagesOf(std::string map) {
-  if (map[0] == indirectMap) checkMapPages(map);
+  if (map[0] == kIndirectMap) checkMapPages(map);
   std::vector<PageNumber> pages;
   auto* bytes = reinterpret_cast<unsigned char*>(map.data());
   PageNumber last = 0;
@@ -141,8 +141,8 @@ std::vector<PageNumber> JetFile::pagesOf(std::string map) {
 // the last page that is not free is not missed. The maps of the tables tell the rest where a large file has
 // its map on pages of their own.
 void JetFile::checkComplete() {
-  const std::string map = requiredMap({filePages << 8});
-  if (map[0] == indirectMap) return checkMapPages(map);
+  const std::string map = requiredMap({kFilePages << 8});
+  if (map[0] == kIndirectMap) return checkMapPages(map);
   if (const PageNumber end = endOfUsed(map); end > pages_)
     damaged("文件被截断，应有 " + std::to_string(end) + " 页，实有 " + std::to_string(pages_) + " 页");
 }

@@ -53,7 +53,7 @@ struct Layout {
   std::size_t afterIndexFlags;
 };
 
-inline constexpr Layout jet3{
+inline constexpr Layout kJet3{
     .isJet3 = true,
     .pageSize = 2048,
     .rowCount = 8,
@@ -80,7 +80,7 @@ inline constexpr Layout jet3{
     .beforeIndexFlags = 0,
     .afterIndexFlags = 0,
 };
-inline constexpr Layout jet4{
+inline constexpr Layout kJet4{
     .isJet3 = false,
     .pageSize = 4096,
     .rowCount = 12,

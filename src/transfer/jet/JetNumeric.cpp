@@ -12,8 +12,8 @@ namespace {
 
 using Words = std::array<std::uint32_t, 4>;
 
-constexpr int currencyScale = 4;
-constexpr std::size_t doubleDigits = 15;
+constexpr int kCurrencyScale = 4;
+constexpr std::size_t kDoubleDigits = 15;
 
 /// Divides by ten and gives the rest.
 char lastDigit(Words& words) {
@@ -43,8 +43,8 @@ Numeric::Numeric(std::string_view bytes, int scale) : negative_(bytes[0] != 0), 
 
 std::optional<Currency> Numeric::currency() const {
   std::string digits = digits_;
-  for (int i = scale_; i < currencyScale; ++i) digits.push_back('0');
-  for (int i = currencyScale; i < scale_ && !digits.empty(); ++i) {
+  for (int i = scale_; i < kCurrencyScale; ++i) digits.push_back('0');
+  for (int i = kCurrencyScale; i < scale_ && !digits.empty(); ++i) {
     if (digits.back() != '0') return std::nullopt;
     digits.pop_back();
   }
@@ -64,7 +64,7 @@ double Numeric::toDouble() const {
 
 bool Numeric::isExactAsDouble() const {
   const std::size_t last = digits_.find_last_not_of('0');
-  return last == std::string::npos || last < doubleDigits;
+  return last == std::string::npos || last < kDoubleDigits;
 }
 
 std::string Numeric::toText() const {

@@ -7,16 +7,16 @@
 namespace zelkor::jet {
 namespace {
 
-constexpr PageNumber catalogueDefinition = 2;
-constexpr std::uint32_t systemFlags = 0x80000002;
-constexpr std::uint32_t pageMask = 0x00FFFFFF;
+constexpr PageNumber kCatalogueDefinition = 2;
+constexpr std::uint32_t kSystemFlags = 0x80000002;
+constexpr std::uint32_t kPageMask = 0x00FFFFFF;
 
 /// The columns of the catalogue that are read.
 class CatalogueRows {
  public:
   CatalogueRows(JetFile& file, TextDecoder& texts)
       : texts_(texts),
-        definition_(readDefinition(file, catalogueDefinition, texts)),
+        definition_(readDefinition(file, kCatalogueDefinition, texts)),
         walk_(file, definition_, name_),
         id_(required(file, "Id", Type::Long)),
         kind_(required(file, "Type", Type::Short)),
@@ -25,7 +25,7 @@ class CatalogueRows {
         otherFile_(column("Database")),
         otherTable_(column("ForeignName")) {}
 
-  static constexpr const char* tableName = "MSysObjects";
+  static constexpr const char* kTableName = "MSysObjects";
 
   bool next() { return walk_.next(); }
   std::optional<std::string> countProblem() const { return walk_.countProblem(); }
@@ -51,7 +51,7 @@ class CatalogueRows {
   std::string text(const Column* column, bool& whole);
 
   TextDecoder& texts_;
-  const std::string name_ = tableName;
+  const std::string name_ = kTableName;
   const Definition definition_;
   TableWalk walk_;
   const Column& id_;
@@ -74,7 +74,7 @@ std::string CatalogueRows::text(const Column* column, bool& whole) {
 }
 
 ObjectKind kindOf(std::int16_t number, std::uint32_t flags, std::string_view name) {
-  const bool ofSystem = (flags & systemFlags) != 0 || equalsIgnoringCase(name.substr(0, 4), "MSys");
+  const bool ofSystem = (flags & kSystemFlags) != 0 || equalsIgnoringCase(name.substr(0, 4), "MSys");
   switch (number) {
     case 1:
       if (ofSystem) return ObjectKind::SystemTable;
@@ -109,7 +109,7 @@ Object CatalogueRows::object() {
   Object object;
   object.name = text(&objectName_, object.nameWhole);
   object.kind = kindOf(number<std::int16_t>(kind_), number<std::uint32_t>(flags_), object.name);
-  object.definition = number<std::uint32_t>(id_) & pageMask;
+  object.definition = number<std::uint32_t>(id_) & kPageMask;
   bool ignored = true;
   object.otherFile = text(otherFile_, ignored);
   object.otherTable = text(otherTable_, ignored);
@@ -124,7 +124,7 @@ std::vector<Object> readObjects(JetFile& file, TextDecoder& texts, Problems& pro
   while (rows.next()) objects.push_back(rows.object());
   if (const auto problem = rows.countProblem())
     problems.all().push_back(
-        {CatalogueRows::tableName, 0, "", "这是文件的目录，少了的行可能是整张的表。" + *problem});
+        {CatalogueRows::kTableName, 0, "", "这是文件的目录，少了的行可能是整张的表。" + *problem});
   return objects;
 }
 

@@ -4,9 +4,9 @@ namespace zelkor::jet {
 namespace {
 
 // The row behind a pointer is marked as deleted, too, so that nobody meets it without the pointer.
-constexpr std::uint16_t deletedMark = 0x8000;
-constexpr std::uint16_t pointerMark = 0x4000;
-constexpr std::uint16_t placeMask = 0x1FFF;
+constexpr std::uint16_t kDeletedMark = 0x8000;
+constexpr std::uint16_t kPointerMark = 0x4000;
+constexpr std::uint16_t kPlaceMask = 0x1FFF;
 
 }  // namespace
 
@@ -15,12 +15,12 @@ std::optional<PlacedRow> Page::row(std::size_t number, const Layout& layout) con
   const std::size_t place = layout.rowCount + 2 + 2 * number;
   if (place + 2 > size_) return std::nullopt;
   const auto entry = numberAt<std::uint16_t>(content(), place);
-  const std::size_t begin = entry & placeMask;
+  const std::size_t begin = entry & kPlaceMask;
   // Rows are laid down from the end of the page to its front.
-  const std::size_t end = number == 0 ? size_ : numberAt<std::uint16_t>(content(), place - 2) & placeMask;
+  const std::size_t end = number == 0 ? size_ : numberAt<std::uint16_t>(content(), place - 2) & kPlaceMask;
   if (begin > end || end > size_) return std::nullopt;
-  return PlacedRow{content().substr(begin, end - begin), (entry & deletedMark) != 0,
-                   (entry & pointerMark) != 0};
+  return PlacedRow{content().substr(begin, end - begin), (entry & kDeletedMark) != 0,
+                   (entry & kPointerMark) != 0};
 }
 
 }  // namespace zelkor::jet

@@ -8,9 +8,9 @@
 
 namespace zelkor::jet {
 
-inline constexpr char rowPage = 1;
-inline constexpr char definitionPage = 2;
-inline constexpr char mapPage = 5;
+inline constexpr char kRowPage = 1;
+inline constexpr char kDefinitionPage = 2;
+inline constexpr char kMapPage = 5;
 
 /// A row where it lies on its page.
 struct PlacedRow {

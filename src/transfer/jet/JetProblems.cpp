@@ -3,7 +3,7 @@
 namespace zelkor::jet {
 
 void Problems::addValue(ToldOfTable& told, TransferProblem problem) {
-  if (told.listed < listedPerTable) {
+  if (told.listed < kListedPerTable) {
     ++told.listed;
     all_.push_back(std::move(problem));
     return;

@@ -22,7 +22,7 @@ struct ToldOfTable {
 /// beyond a number for each table: with a wrong character set there may be one in every row.
 class Problems {
  public:
-  static constexpr int listedPerTable = 1000;
+  static constexpr int kListedPerTable = 1000;
 
   std::vector<TransferProblem>& all() { return all_; }
   const std::vector<TransferProblem>& all() const { return all_; }

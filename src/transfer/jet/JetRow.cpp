@@ -47,7 +47,7 @@ bool RowFields::findJet4Offsets() {
   if (mask_ < size) return false;
   variables_ = numberAt<std::uint16_t>(row_, mask_ - size);
   const std::size_t room = (variables_ + 2) * size;
-  if (variables_ >= mostOffsets || room + layout_.countSize > mask_) return false;
+  if (variables_ >= kMostOffsets || room + layout_.countSize > mask_) return false;
   for (std::size_t i = 0; i <= variables_; ++i)
     offsets_[i] = numberAt<std::uint16_t>(row_, mask_ - (i + 2) * size);
   return true;

@@ -22,7 +22,7 @@ class RowFields {
   std::optional<std::string_view> field(const Column& column);
 
  private:
-  static constexpr std::size_t mostOffsets = 257;
+  static constexpr std::size_t kMostOffsets = 257;
 
   std::optional<std::string_view> fixedField(const Column& column) const;
   bool findOffsets();
@@ -36,7 +36,7 @@ class RowFields {
   std::size_t mask_ = 0;  // where the bits of the columns with a value begin
   bool offsetsFound_ = false;
   std::size_t variables_ = 0;
-  std::array<std::uint16_t, mostOffsets> offsets_{};  // of the variable fields, and the end of the last
+  std::array<std::uint16_t, kMostOffsets> offsets_{};  // of the variable fields, and the end of the last
 };
 
 }  // namespace zelkor::jet

@@ -14,11 +14,11 @@ using dialect::ColumnType;
 using jet::Object;
 using jet::ObjectKind;
 
-constexpr int usualCodePage = 936;
+constexpr int kUsualCodePage = 936;
 
 std::unique_ptr<jet::TextDecoder> decoderFor(const jet::JetFile& file, const std::string& charset) {
   if (!file.layout().isJet3) return jet::jet4Texts();
-  return jet::jet3Texts(charset.empty() ? JetSource::usualCharset : charset);
+  return jet::jet3Texts(charset.empty() ? JetSource::kUsualCharset : charset);
 }
 
 bool knowsAnyOf(const std::vector<TableDef>& catalogue, const std::vector<TableDef>& tables) {
@@ -93,8 +93,8 @@ void JetSource::noteCharset(const std::string& charset) {
     return;
   }
   const int codePage = file_.codePage();
-  if (charset.empty() && codePage != 0 && codePage != usualCodePage)
-    notes_.push_back("文件头记的代码页是 " + std::to_string(codePage) + "，文字按 " + usualCharset +
+  if (charset.empty() && codePage != 0 && codePage != kUsualCodePage)
+    notes_.push_back("文件头记的代码页是 " + std::to_string(codePage) + "，文字按 " + kUsualCharset +
                      " 解读；如不对，请用 --charset 指明");
 }
 

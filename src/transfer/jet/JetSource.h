@@ -18,7 +18,7 @@ namespace zelkor {
 class JetSource : public TransferSource {
  public:
   /// Code page of the texts in Jet 3 files unless another one is told.
-  static constexpr const char* usualCharset = "GBK";
+  static constexpr const char* kUsualCharset = "GBK";
 
   /// Reads all definitions. An empty `charset` stands for the usual one. Errors as jet::JetFile's, 3343 when
   /// anything that the file's catalogue, definitions and maps refer to is not there, 13 for an unknown

@@ -3,14 +3,14 @@
 namespace zelkor::jet {
 namespace {
 
-constexpr std::size_t pointerSize = 4;
-constexpr int mostMoves = 16;
+constexpr std::size_t kPointerSize = 4;
+constexpr int kMostMoves = 16;
 
 // What a field of a long value begins with: the length, with two flags in its high bits, and the place.
-constexpr std::size_t longValueHead = 12;
-constexpr std::uint32_t inRow = 0x80000000;
-constexpr std::uint32_t inOnePiece = 0x40000000;
-constexpr std::uint32_t lengthMask = 0x3FFFFFFF;
+constexpr std::size_t kLongValueHead = 12;
+constexpr std::uint32_t kInRow = 0x80000000;
+constexpr std::uint32_t kInOnePiece = 0x40000000;
+constexpr std::uint32_t kLengthMask = 0x3FFFFFFF;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ bool TableWalk::turnPage() {
   rowsOnPage_ = 0;
   while (nextPage_ < table_.pages.size()) {
     file_.read(table_.pages[nextPage_++], page_);
-    if (page_.kind() != rowPage || page_.link() != table_.page) continue;
+    if (page_.kind() != kRowPage || page_.link() != table_.page) continue;
     rowsOnPage_ = page_.rows(layout);
     return true;
   }
@@ -58,7 +58,7 @@ bool TableWalk::turnPage() {
 
 std::string_view TableWalk::settled(PlacedRow row) {
   for (int moves = 0; row.moved; ++moves) {
-    if (row.content.size() < pointerSize || moves == mostMoves)
+    if (row.content.size() < kPointerSize || moves == kMostMoves)
       damaged("第 " + std::to_string(row_) + " 行不能读出");
     row = pointedAt({numberAt<std::uint32_t>(row.content, 0)}, movedTo_, movedToNumber_);
   }
@@ -70,7 +70,7 @@ PlacedRow TableWalk::pointedAt(RowPointer pointer, Page& page, PageNumber& held)
     file_.read(pointer.page(), page);
     held = pointer.page();
   }
-  const auto row = page.kind() == rowPage ? page.row(pointer.row(), file_.layout()) : std::nullopt;
+  const auto row = page.kind() == kRowPage ? page.row(pointer.row(), file_.layout()) : std::nullopt;
   if (!row) damaged("第 " + std::to_string(row_) + " 行指向的第 " + std::to_string(held) + " 页不能读出");
   return *row;
 }
@@ -82,16 +82,16 @@ std::string_view TableWalk::field(const Column& column) {
 }
 
 std::string_view TableWalk::longValue(std::string_view field, std::string& buffer) {
-  if (field.size() < longValueHead) {
+  if (field.size() < kLongValueHead) {
     if (field.empty()) return field;
     damaged("第 " + std::to_string(row_) + " 行的长数据不能读出");
   }
   const auto head = numberAt<std::uint32_t>(field, 0);
-  const std::size_t length = head & lengthMask;
-  std::string_view content = field.substr(longValueHead);
-  if ((head & inRow) == 0) {
-    const RowPointer pointer{numberAt<std::uint32_t>(field, pointerSize)};
-    if ((head & inOnePiece) == 0) {
+  const std::size_t length = head & kLengthMask;
+  std::string_view content = field.substr(kLongValueHead);
+  if ((head & kInRow) == 0) {
+    const RowPointer pointer{numberAt<std::uint32_t>(field, kPointerSize)};
+    if ((head & kInOnePiece) == 0) {
       appendChain(pointer, length, buffer);
       return buffer;
     }
@@ -107,8 +107,8 @@ void TableWalk::appendChain(RowPointer pointer, std::size_t length, std::string&
   if (!file_.holds(length)) damaged("第 " + std::to_string(row_) + " 行的长数据不能读出");
   while (buffer.size() < length && pointer.value != 0) {
     const std::string_view piece = pointedAt(pointer, values_, valuesNumber_).content;
-    if (piece.size() <= pointerSize) break;
-    buffer.append(piece.substr(pointerSize));
+    if (piece.size() <= kPointerSize) break;
+    buffer.append(piece.substr(kPointerSize));
     pointer = {numberAt<std::uint32_t>(piece, 0)};
   }
   if (buffer.size() < length) damaged("第 " + std::to_string(row_) + " 行的长数据不完整");

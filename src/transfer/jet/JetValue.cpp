@@ -11,22 +11,22 @@ namespace {
 
 using dialect::ColumnType;
 
-constexpr std::size_t guidSize = 16;
-constexpr int guidText = 38;
-constexpr int wholeDigitsOfCurrency = 14;
-constexpr int decimalsOfCurrency = 4;
+constexpr std::size_t kGuidSize = 16;
+constexpr int kGuidText = 38;
+constexpr int kWholeDigitsOfCurrency = 14;
+constexpr int kDecimalsOfCurrency = 4;
 
 // By what the column may hold, so that all of its values are kept alike.
 bool fitsCurrency(const Column& column) {
-  return column.scale <= decimalsOfCurrency && column.precision - column.scale <= wholeDigitsOfCurrency;
+  return column.scale <= kDecimalsOfCurrency && column.precision - column.scale <= kWholeDigitsOfCurrency;
 }
 
 /// The first three groups are numbers, their low bytes first; the rest is a row of bytes.
 void writeGuid(std::string_view bytes, std::string& text) {
-  constexpr std::array<std::size_t, guidSize> order{3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
+  constexpr std::array<std::size_t, kGuidSize> order{3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
   constexpr std::string_view digits = "0123456789ABCDEF";
   text = "{";
-  for (std::size_t i = 0; i < guidSize; ++i) {
+  for (std::size_t i = 0; i < kGuidSize; ++i) {
     if (i == 4 || i == 6 || i == 8 || i == 10) text.push_back('-');
     const auto byte = static_cast<unsigned char>(bytes[order[i]]);
     text.push_back(digits[byte >> 4]);
@@ -68,7 +68,7 @@ ColumnType nativeType(const Column& column) {
 }
 
 int textSize(const Column& column, const Layout& layout) {
-  if (column.type == Type::Guid) return guidText;
+  if (column.type == Type::Guid) return kGuidText;
   if (column.type != Type::Text) return 0;
   return static_cast<int>(layout.isJet3 ? column.length : column.length / 2);
 }

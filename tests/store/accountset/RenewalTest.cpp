@@ -17,11 +17,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr const char* layoutInFile = R"(
+constexpr const char* kLayoutInFile = R"(
   SELECT m.name || '.' || c.cid || c.name || ' ' || c.type || c."notnull" || coalesce(c.dflt_value, '')
   FROM sqlite_master m, pragma_table_info(m.name) c WHERE m.type = 'table'
   UNION ALL SELECT sql FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL ORDER BY 1)";
-constexpr const char* layoutOnServer = R"(
+constexpr const char* kLayoutOnServer = R"(
   SELECT c.relname || '.' || row_number() OVER (PARTITION BY c.oid ORDER BY a.attnum) || a.attname || ' ' ||
     a.atttypid::regtype || a.attnotnull || coalesce(pg_get_expr(d.adbin, d.adrelid), '') ||
     coalesce(col_description(c.oid, a.attnum), '')
@@ -33,7 +33,7 @@ constexpr const char* layoutOnServer = R"(
 /// Every column and every index of a file as its engine keeps them.
 std::vector<std::string> layoutOf(const std::string& path) {
   const auto engine = openDataFile(path);
-  const auto query = engine->prepare(onServer() ? layoutOnServer : layoutInFile);
+  const auto query = engine->prepare(onServer() ? kLayoutOnServer : kLayoutInFile);
   std::vector<std::string> lines;
   while (query->step()) lines.emplace_back(query->text(0));
   return lines;
@@ -76,7 +76,7 @@ TEST_F(RenewalTest, ASetOfEachRevisionComesToTheLayoutOfANewOne) {
     const TempDir older;
     const AccountSetCopy olderSet(older.path());
     makeOlder(older.path(), step.to);
-    for (const char* file : accountSetFiles) {
+    for (const char* file : kAccountSetFiles) {
       const std::string path = older / file;
       EXPECT_EQ(layoutOf(path) == layoutOf(today / file), file == std::string("ZkSystem.Mdb"));
       const Renewal renewal = renewBooks(path);

@@ -11,11 +11,11 @@
 namespace zelkor::dialect::test {
 namespace {
 
-constexpr std::size_t shownColumns = 12;  // of a wider result only the first is printed
+constexpr std::size_t kShownColumns = 12;  // of a wider result only the first is printed
 
-constexpr std::array bindNames{"text", "trimmed", "number", "date", "low", "high", "pattern", "assigned"};
-constexpr std::array typeNames{"?",      "text",     "memo", "short",   "long",  "counter",
-                               "double", "currency", "date", "boolean", "binary"};
+constexpr std::array kBindNames{"text", "trimmed", "number", "date", "low", "high", "pattern", "assigned"};
+constexpr std::array kTypeNames{"?",      "text",     "memo", "short",   "long",  "counter",
+                                "double", "currency", "date", "boolean", "binary"};
 
 std::string parameters(const Translation& translation, const Shape& shape) {
   std::string text;
@@ -23,14 +23,14 @@ std::string parameters(const Translation& translation, const Shape& shape) {
     text += text.empty() ? "" : ", ";
     text += shape.literals[slot.literal].content();
     text += " ";
-    text += bindNames[static_cast<std::size_t>(slot.bindAs)];
+    text += kBindNames[static_cast<std::size_t>(slot.bindAs)];
     if (slot.bindAs == BindAs::Assigned) text.append(" ").append(nameOf(slot.target));
   }
   return text;
 }
 
 std::string columns(const Query& query) {
-  if (query.columns().size() > shownColumns) return std::to_string(query.columns().size()) + " columns";
+  if (query.columns().size() > kShownColumns) return std::to_string(query.columns().size()) + " columns";
   std::string text;
   for (const OutputColumn& column : query.columns()) {
     text += text.empty() ? "" : ", ";
@@ -53,7 +53,7 @@ std::string joined(const std::vector<std::string>& statements) {
 
 std::string rowsOf(const Query& query, Query::Form form) {
   std::vector<std::size_t> shown = allColumns(query);
-  if (shown.size() > shownColumns && query.keyed()) shown.resize(1);
+  if (shown.size() > kShownColumns && query.keyed()) shown.resize(1);
   return query.rows(shown, form);
 }
 
@@ -87,7 +87,7 @@ void attempt(std::string& text, Describe describe) {
 }  // namespace
 
 std::string_view nameOf(ColumnType type) {
-  return typeNames[static_cast<std::size_t>(type)];
+  return kTypeNames[static_cast<std::size_t>(type)];
 }
 
 std::vector<std::size_t> allColumns(const Query& query) {

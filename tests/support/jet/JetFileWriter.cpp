@@ -12,13 +12,13 @@ namespace zelkor::test {
 namespace jet {
 namespace {
 
-constexpr double created = 38000.5;
-constexpr std::uint32_t headerMask = 0x6B39DAC7;
-constexpr std::int64_t root = 0x0F000000;
-constexpr std::int64_t tablesFolder = root + 1;
-constexpr std::int64_t databasesFolder = root + 2;
-constexpr std::int64_t relationsFolder = root + 3;
-constexpr std::int64_t systemFlags = -2147483647 - 1;
+constexpr double kCreated = 38000.5;
+constexpr std::uint32_t kHeaderMask = 0x6B39DAC7;
+constexpr std::int64_t kRoot = 0x0F000000;
+constexpr std::int64_t kTablesFolder = kRoot + 1;
+constexpr std::int64_t kDatabasesFolder = kRoot + 2;
+constexpr std::int64_t kRelationsFolder = kRoot + 3;
+constexpr std::int64_t kSystemFlags = -2147483647 - 1;
 
 enum class ObjectType : std::int64_t { Table = 1, Database = 2, Folder = 3, Query = 5, Link = 6 };
 
@@ -100,35 +100,35 @@ class File {
     for (SystemTable& table : systemTables())
       system_.push_back(std::make_unique<TableWriter>(pages_, encoder_, maps_, std::move(table.columns),
                                                       std::move(table.indexes), true));
-    addFolder(tablesFolder, "Tables");
-    addFolder(databasesFolder, "Databases");
-    addFolder(relationsFolder, "Relationships");
-    addObject(root + 0x01000000, databasesFolder, "MSysDb", ObjectType::Database, systemFlags);
+    addFolder(kTablesFolder, "Tables");
+    addFolder(kDatabasesFolder, "Databases");
+    addFolder(kRelationsFolder, "Relationships");
+    addObject(kRoot + 0x01000000, kDatabasesFolder, "MSysDb", ObjectType::Database, kSystemFlags);
     std::size_t number = 0;
     for (const SystemTable& table : systemTables())
-      addObject(system_[number++]->page(), tablesFolder, table.name, ObjectType::Table, systemFlags);
+      addObject(system_[number++]->page(), kTablesFolder, table.name, ObjectType::Table, kSystemFlags);
   }
 
   std::unique_ptr<TableWriter> table(std::string_view name, std::vector<JetColumn> columns,
                                      std::vector<JetIndex> indexes) {
     auto writer =
         std::make_unique<TableWriter>(pages_, encoder_, maps_, std::move(columns), std::move(indexes));
-    addObject(writer->page(), tablesFolder, name, ObjectType::Table, 0);
+    addObject(writer->page(), kTablesFolder, name, ObjectType::Table, 0);
     return writer;
   }
   void link(std::string_view name, std::string_view otherFile, std::string_view otherTable) {
-    addObject(freshId(), tablesFolder, name, ObjectType::Link, 0x200000, std::string(otherFile),
+    addObject(freshId(), kTablesFolder, name, ObjectType::Link, 0x200000, std::string(otherFile),
               std::string(otherTable));
   }
-  void query(std::string_view name) { addObject(freshId(), tablesFolder, name, ObjectType::Query, 0); }
+  void query(std::string_view name) { addObject(freshId(), kTablesFolder, name, ObjectType::Query, 0); }
   void close();
 
  private:
   void addFolder(std::int64_t id, const char* name) {
-    addObject(id, root, name, ObjectType::Folder, systemFlags);
+    addObject(id, kRoot, name, ObjectType::Folder, kSystemFlags);
   }
   /// Objects that have no page.
-  std::int64_t freshId() { return systemFlags + objects_++; }
+  std::int64_t freshId() { return kSystemFlags + objects_++; }
   void addObject(std::int64_t id, std::int64_t parent, std::string_view name, ObjectType type,
                  std::int64_t flags, JetCell database = {}, JetCell foreignName = {});
   std::string header() const;
@@ -149,8 +149,8 @@ void File::addObject(std::int64_t id, std::int64_t parent, std::string_view name
   cells[1] = parent;
   cells[2] = std::string(name);
   cells[3] = static_cast<std::int64_t>(type);
-  cells[4] = created;
-  cells[5] = created;
+  cells[4] = kCreated;
+  cells[5] = kCreated;
   cells[6] = JetBytes{"\x02\x03"};
   cells[7] = flags;
   cells[8] = std::move(database);
@@ -174,15 +174,15 @@ std::string File::header() const {
       options_.password.empty() ? "" : TextEncoder(pages_.format(), options_.charset).name(options_.password);
   password.resize(isJet3 ? 20 : 40);
   for (std::size_t i = 0; i < password.size(); ++i) {
-    const auto day = isJet3 ? 0U : static_cast<std::uint32_t>(created);
+    const auto day = isJet3 ? 0U : static_cast<std::uint32_t>(kCreated);
     tell(0x42 + i, static_cast<std::uint8_t>(password[i]) ^ (day >> (8 * (i % 4)) & 0xFF), 1);
   }
-  if (!isJet3) tell(0x72, std::bit_cast<std::uint64_t>(created), 8);
+  if (!isJet3) tell(0x72, std::bit_cast<std::uint64_t>(kCreated), 8);
   std::string page;
   put(page, 0x100, 4);
   page += std::string("Standard Jet DB") + '\0';
   put(page, isJet3 ? 0 : 1, 4);
-  page += encoded(masked, headerMask);
+  page += encoded(masked, kHeaderMask);
   if (!isJet3) page += std::string("\x54\x06\0\0004.0", 7);
   return page;
 }
@@ -225,7 +225,7 @@ void JetTable::setLastCounter(std::int32_t number) {
 }
 
 JetFileWriter::JetFileWriter(const std::filesystem::path& path, JetVersion version, JetOptions options)
-    : file_(std::make_unique<jet::File>(path, version == JetVersion::Jet3 ? jet::jet3 : jet::jet4,
+    : file_(std::make_unique<jet::File>(path, version == JetVersion::Jet3 ? jet::kJet3 : jet::kJet4,
                                         std::move(options))) {}
 JetFileWriter::~JetFileWriter() = default;
 

@@ -20,8 +20,8 @@ struct Format {
   std::size_t rowRoom() const { return pageSize - rowCountPlace - 4; }
 };
 
-inline constexpr Format jet3{JetVersion::Jet3, 2048, 8, 133, 1};
-inline constexpr Format jet4{JetVersion::Jet4, 4096, 12, 69, 2};
+inline constexpr Format kJet3{JetVersion::Jet3, 2048, 8, 133, 1};
+inline constexpr Format kJet4{JetVersion::Jet4, 4096, 12, 69, 2};
 
 /// Appends a number, its low byte first.
 inline void put(std::string& out, std::uint64_t value, std::size_t bytes) {

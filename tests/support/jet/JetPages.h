@@ -38,7 +38,7 @@ class PageFile {
 /// A page that holds rows from its end to its front: of a table, of long values, of usage maps.
 class RowPage {
  public:
-  static constexpr std::uint32_t longValues = 0x4C41564C;  // "LVAL", where others name their table
+  static constexpr std::uint32_t kLongValues = 0x4C41564C;  // "LVAL", where others name their table
   static constexpr std::uint16_t deleted = 0x8000;
   static constexpr std::uint16_t pointer = 0x4000;
 

@@ -9,7 +9,7 @@
 namespace zelkor::test::jet {
 namespace {
 
-constexpr std::size_t longestInRow = 64;
+constexpr std::size_t kLongestInRow = 64;
 
 [[noreturn]] void misfit(const JetColumn& column) {
   throw std::invalid_argument("no value for the column " + column.name);
@@ -132,7 +132,7 @@ struct RowPacker::Parts {
 RowPacker::RowPacker(PageFile& file, TextEncoder& encoder, const std::vector<ColumnPlace>& places)
     : format_(file.format()), encoder_(encoder), places_(places) {
   for (const ColumnPlace& place : places)
-    if (isLong(place.column)) longValues_.emplace_back(file, RowPage::longValues);
+    if (isLong(place.column)) longValues_.emplace_back(file, RowPage::kLongValues);
 }
 
 std::string RowPacker::packed(const std::vector<JetCell>& cells) {
@@ -202,7 +202,7 @@ std::string RowPacker::variable(std::size_t column, const JetCell& cell) {
 
 std::string RowPacker::longValue(RowPages& pages, const std::string& value, JetPlace place) const {
   if (place == JetPlace::ByLength) {
-    place = value.size() <= longestInRow        ? JetPlace::InRow
+    place = value.size() <= kLongestInRow       ? JetPlace::InRow
             : value.size() <= format_.rowRoom() ? JetPlace::SharedPage
                                                 : JetPlace::Pages;
   }

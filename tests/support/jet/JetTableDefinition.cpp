@@ -7,11 +7,11 @@
 namespace zelkor::test::jet {
 namespace {
 
-constexpr std::size_t pageHead = 8;
-constexpr std::size_t indexColumns = 10;
-constexpr std::uint32_t mark = 1625;  // stands at the head of each part of a Jet 4 definition
-constexpr std::uint16_t chinese = 0x0804;
-constexpr std::uint16_t gbk = 936;
+constexpr std::size_t kPageHead = 8;
+constexpr std::size_t kIndexColumns = 10;
+constexpr std::uint32_t kMark = 1625;  // stands at the head of each part of a Jet 4 definition
+constexpr std::uint16_t kChinese = 0x0804;
+constexpr std::uint16_t kGbk = 936;
 
 }  // namespace
 
@@ -26,23 +26,23 @@ TableDefinition::TableDefinition(PageFile& file, TextEncoder& encoder, std::vect
   blank.indexes.resize(indexes_.size());
   for (const ColumnPlace& place : places_)
     if (isLong(place.column)) blank.longColumns.emplace_back();
-  const std::size_t room = file.format().pageSize - pageHead;
+  const std::size_t room = file.format().pageSize - kPageHead;
   const std::size_t size = content(blank).size();
   for (std::size_t i = 0; i < size; i += room) pages_.push_back(file.allocate());
 }
 
 void TableDefinition::write(const TableState& state) const {
   const bool isJet3 = file_.format().isJet3();
-  const std::size_t room = file_.format().pageSize - pageHead;
+  const std::size_t room = file_.format().pageSize - kPageHead;
   std::string rest = content(state);
-  putAt(rest, 0, rest.size() + pageHead, 4);
+  putAt(rest, 0, rest.size() + kPageHead, 4);
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     const std::string part = rest.substr(0, room);
     rest.erase(0, part.size());
     const std::size_t left = room - part.size();
     std::string page;
     put(page, 0x0102, 2);
-    put(page, isJet3 ? 0x4356 : left < pageHead ? 0 : left - pageHead, 2);  // "VC" or the room left
+    put(page, isJet3 ? 0x4356 : left < kPageHead ? 0 : left - kPageHead, 2);  // "VC" or the room left
     put(page, i + 1 < pages_.size() ? pages_[i + 1] : 0, 4);
     file_.write(pages_[i], page + part);
   }
@@ -75,7 +75,7 @@ std::string TableDefinition::content(const TableState& state) const {
 void TableDefinition::addHead(std::string& out, const TableState& state) const {
   const bool isJet3 = file_.format().isJet3();
   put(out, 0, 4);  // the length, told last
-  if (!isJet3) put(out, mark, 4);
+  if (!isJet3) put(out, kMark, 4);
   put(out, state.rows, 4);
   put(out, state.lastCounter, 4);
   if (!isJet3) {
@@ -100,16 +100,16 @@ void TableDefinition::addColumn(std::string& out, std::size_t number) const {
   const std::uint64_t digits =
       static_cast<std::uint64_t>(column.precision) | static_cast<std::uint64_t>(column.scale) << 8;
   put(out, static_cast<std::uint64_t>(column.type), 1);
-  if (!isJet3) put(out, mark, 4);
+  if (!isJet3) put(out, kMark, 4);
   put(out, number, 2);
   put(out, place.variableIndex, 2);
   put(out, isJet3 ? 0 : number, 2);
   if (isJet3) {
     put(out, 0, 2);
-    put(out, isNumeric ? digits : chinese, 2);
-    put(out, gbk, 2);
+    put(out, isNumeric ? digits : kChinese, 2);
+    put(out, kGbk, 2);
   } else {
-    put(out, isNumeric ? digits : chinese, 4);
+    put(out, isNumeric ? digits : kChinese, 4);
   }
   put(out, (isFixed(column) ? 1 : 0) | 2 | (column.counter ? 4 : 0) | (isSystem_ ? 0x10 : 0), 1);
   const bool isText = column.type == JetType::Text || column.type == JetType::Memo;
@@ -127,8 +127,8 @@ void TableDefinition::addName(std::string& out, const std::string& name) const {
 void TableDefinition::addIndexColumns(std::string& out, const JetIndex& index,
                                       const TableState::IndexPages& pages) const {
   const bool isJet3 = file_.format().isJet3();
-  if (index.columns.size() > indexColumns) throw std::invalid_argument("too many columns in " + index.name);
-  if (!isJet3) put(out, mark, 4);
+  if (index.columns.size() > kIndexColumns) throw std::invalid_argument("too many columns in " + index.name);
+  if (!isJet3) put(out, kMark, 4);
   for (const std::string& name : index.columns) {
     const auto place = std::find_if(places_.begin(), places_.end(),
                                     [&](const ColumnPlace& each) { return each.column.name == name; });
@@ -136,7 +136,7 @@ void TableDefinition::addIndexColumns(std::string& out, const JetIndex& index,
     put(out, static_cast<std::uint64_t>(place - places_.begin()), 2);
     put(out, 1, 1);  // ascending
   }
-  for (std::size_t i = index.columns.size(); i < indexColumns; ++i) put(out, 0x00FFFF, 3);
+  for (std::size_t i = index.columns.size(); i < kIndexColumns; ++i) put(out, 0x00FFFF, 3);
   put(out, pages.map, 4);
   put(out, pages.root, 4);
   if (!isJet3) put(out, 0, 4);
@@ -146,7 +146,7 @@ void TableDefinition::addIndexColumns(std::string& out, const JetIndex& index,
 
 void TableDefinition::addIndexHead(std::string& out, std::size_t number) const {
   const bool isJet3 = file_.format().isJet3();
-  if (!isJet3) put(out, mark, 4);
+  if (!isJet3) put(out, kMark, 4);
   put(out, number, 4);
   put(out, number, 4);
   put(out, 0, 1);

@@ -10,7 +10,7 @@
 namespace zelkor::test::jet {
 namespace {
 
-constexpr std::size_t longestCompressed = 1024;  // characters
+constexpr std::size_t kLongestCompressed = 1024;  // characters
 
 /// Between zero bytes the characters stand with both halves, elsewhere with the lower one only.
 std::string compressed(const std::string& utf16) {
@@ -59,7 +59,7 @@ std::string TextEncoder::name(std::string_view text) {
 
 std::string TextEncoder::value(std::string_view text) {
   std::string result = name(text);
-  if (isJet3_ || result.size() > 2 * longestCompressed) return result;
+  if (isJet3_ || result.size() > 2 * kLongestCompressed) return result;
   return compressed(result);
 }
 

@@ -24,7 +24,7 @@ std::string shown(const std::optional<CarriedCell>& cell) {
   return "bytes";
 }
 
-const std::int64_t zero = 0;
+const std::int64_t kZero = 0;
 using std::int64_t;
 using std::string_view_literals::operator""sv;
 
@@ -58,7 +58,7 @@ TEST(JetConversionTest, KeepsTheValueOrGivesNone) {
 TEST(JetConversionTest, ANumberThatIsNotZeroStandsForTrue) {
   for (const CarriedCell& value : {CarriedCell(int64_t{255}), {0.5}, {Currency::fromScaled(-1)}})
     EXPECT_TRUE(zelkor::jet::isNumberBeyondZero(value)) << zelkor::jet::shownText(value);
-  for (const CarriedCell& value : {CarriedCell(zero), {0.0}, {Currency()}, {"5"sv}, {}})
+  for (const CarriedCell& value : {CarriedCell(kZero), {0.0}, {Currency()}, {"5"sv}, {}})
     EXPECT_FALSE(zelkor::jet::isNumberBeyondZero(value)) << zelkor::jet::shownText(value);
 }
 

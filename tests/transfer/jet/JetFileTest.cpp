@@ -83,21 +83,21 @@ void addDigits(JetFileWriter& file) {
 /// Bytes that stand for nothing leave their mark, never a question mark: half a character at the end, in
 /// front of a digit, no character of GB18030, the character 0; half a unit, half a pair.
 void addBrokenTexts(JetFileWriter& file, JetVersion version) {
-  const std::vector<std::string> jet3{"\xB9\xCC\xB6",
-                                      "\xB9"
-                                      "12",
-                                      "\xB9"
-                                      "1\xB9"
-                                      "2",
-                                      "a\xFF"
-                                      "b\xB9\xCC",
-                                      "a\0b"s};
-  const std::vector<std::string> jet4{"\x3A\x57\x41", "\x40\xD8\x41\0"s, "\x41\0\x00\xDC"s,
-                                      "\x41\0\0\0\x42\0"s,
-                                      "\xFF\xFE"
-                                      "ab\0\x3A\x57\0c\0\x3A"s};
+  const std::vector<std::string> kJet3{"\xB9\xCC\xB6",
+                                       "\xB9"
+                                       "12",
+                                       "\xB9"
+                                       "1\xB9"
+                                       "2",
+                                       "a\xFF"
+                                       "b\xB9\xCC",
+                                       "a\0b"s};
+  const std::vector<std::string> kJet4{"\x3A\x57\x41", "\x40\xD8\x41\0"s, "\x41\0\x00\xDC"s,
+                                       "\x41\0\0\0\x42\0"s,
+                                       "\xFF\xFE"
+                                       "ab\0\x3A\x57\0c\0\x3A"s};
   JetTable& table = file.table("Broken", {{"s", JetType::Text, 50}, {"m", JetType::Memo}});
-  for (const std::string& bytes : version == JetVersion::Jet3 ? jet3 : jet4) {
+  for (const std::string& bytes : version == JetVersion::Jet3 ? kJet3 : kJet4) {
     table.add({"good"s, JetBytes{bytes}});
     table.add({JetBytes{bytes}, "good"s});
   }

@@ -58,7 +58,7 @@ class JetFileWriterTest : public testing::TestWithParam<Case> {
 };
 
 // clang-format off
-const std::vector<JetColumn> everyType = {
+const std::vector<JetColumn> kEveryType = {
   {"lID", JetType::Long, 0, true}, {"by", JetType::Byte}, {"i", JetType::Short}, {"m", JetType::Money}, {"f", JetType::Single}, {"d", JetType::Double},
   {"dt", JetType::Date}, {"b", JetType::Boolean}, {"名称", JetType::Text, 100}, {"memo", JetType::Memo}, {"n", JetType::Numeric}, {"late", JetType::Text, 20}};
 
@@ -72,7 +72,7 @@ std::vector<std::string> shown(const std::string& number, const std::string& mem
 
 TEST_P(JetFileWriterTest, ShowsEveryTypeAndPlace) {
   JetFileWriter writer = create();
-  JetTable& table = writer.table("卡片", everyType, {{"PrimaryKey", {"lID"}, true, true}});
+  JetTable& table = writer.table("卡片", kEveryType, {{"PrimaryKey", {"lID"}, true, true}});
   table.add(written(1, "short"));
   table.add(written(2, longText(60)));
   table.add(written(3, "gone"), JetRowState::Deleted);
@@ -80,7 +80,7 @@ TEST_P(JetFileWriterTest, ShowsEveryTypeAndPlace) {
   std::vector<JetCell> early = written(5, JetMemo{longText(20), JetPlace::InRow});
   early.pop_back();
   table.add(early);
-  table.add(std::vector<JetCell>(everyType.size()));
+  table.add(std::vector<JetCell>(kEveryType.size()));
   table.add(written(6, JetMemo{"pages", JetPlace::Pages}));
   writer.close();
   const std::vector<std::string> nulls = {"", "", "", "", "", "", "", "0", "", "", "", ""};

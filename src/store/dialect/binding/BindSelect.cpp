@@ -12,7 +12,7 @@ using bound::Node;
 
 namespace {
 
-constexpr std::size_t firstExpressionNumber = 1000;
+constexpr std::size_t kFirstExpressionNumber = 1000;
 
 bool isAggregateCall(const Expr& expr);
 
@@ -114,7 +114,7 @@ class SelectBinder {
     std::string name = item.alias;
     if (const auto* column = std::get_if<bound::Column>(&node.node); column && name.empty())
       name = column->name;
-    if (name.empty()) name = "Expr" + std::to_string(firstExpressionNumber + result_.select.items.size());
+    if (name.empty()) name = "Expr" + std::to_string(kFirstExpressionNumber + result_.select.items.size());
     add(std::move(node), std::move(name));
     result_.select.items.back().aggregates = isAggregateCall(item.expr);
   }

@@ -3,7 +3,7 @@
 namespace zelkor::dialect {
 namespace {
 
-constexpr int longestText = 255;
+constexpr int kLongestText = 255;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ std::string typeWord(const ColumnInfo& column) {
     case ColumnType::Binary:
       return "BLOB";
     default:
-      return "TEXT(" + std::to_string(column.size > 0 ? column.size : longestText) + ")";
+      return "TEXT(" + std::to_string(column.size > 0 ? column.size : kLongestText) + ")";
   }
 }
 

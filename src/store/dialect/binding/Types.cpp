@@ -120,7 +120,7 @@ std::optional<ColumnType> columnTypeOf(std::string_view typeName) {
     ColumnType type;
   };
   using enum ColumnType;
-  static constexpr std::array names{
+  static constexpr std::array kNames{
       Name{"TEXT", Text},         Name{"CHAR", Text},
       Name{"VARCHAR", Text},      Name{"STRING", Text},
       Name{"ALPHANUMERIC", Text}, Name{"CHARACTER", Text},
@@ -144,7 +144,7 @@ std::optional<ColumnType> columnTypeOf(std::string_view typeName) {
       Name{"VARBINARY", Binary},  Name{"OLEOBJECT", Binary},
       Name{"LONGBINARY", Binary}, Name{"IMAGE", Binary},
   };
-  for (const Name& candidate : names)
+  for (const Name& candidate : kNames)
     if (sameName(candidate.name, typeName)) return candidate.type;
   return std::nullopt;
 }

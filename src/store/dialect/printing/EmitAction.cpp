@@ -6,8 +6,8 @@ namespace zelkor::dialect {
 
 namespace {
 
-constexpr std::string_view rowsAlias = "zk_rows";
-constexpr std::string_view keyName = "zk_key";
+constexpr std::string_view kRowsAlias = "zk_rows";
+constexpr std::string_view kKeyName = "zk_key";
 
 std::string valueName(std::size_t index) {
   return "zk_" + std::to_string(index + 1);
@@ -60,7 +60,7 @@ void Emitter::joinedUpdate(const bound::Update& update) {
     text(separator)
         .name(update.assignments[i].column)
         .text(" = ")
-        .name(rowsAlias)
+        .name(kRowsAlias)
         .text(".")
         .name(valueName(i));
     separator = ", ";
@@ -68,7 +68,7 @@ void Emitter::joinedUpdate(const bound::Update& update) {
   text(" FROM (SELECT ");
   beforeLastMatch(update.target);
   rowKey(update.target.qualifier());
-  text(" AS ").name(keyName);
+  text(" AS ").name(kKeyName);
   for (std::size_t i = 0; i < update.assignments.size(); ++i) {
     text(", ");
     value(update.assignments[i].value);
@@ -80,9 +80,9 @@ void Emitter::joinedUpdate(const bound::Update& update) {
     value(*update.where);
   }
   behindLastMatch(update);
-  text(") AS ").name(rowsAlias).text(" WHERE ");
+  text(") AS ").name(kRowsAlias).text(" WHERE ");
   rowKey(update.target.name);
-  text(" = ").name(rowsAlias).text(".").name(keyName);
+  text(" = ").name(kRowsAlias).text(".").name(kKeyName);
 }
 
 void Emitter::erase(const bound::Delete& statement) {

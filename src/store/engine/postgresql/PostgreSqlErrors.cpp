@@ -13,25 +13,25 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view ownErrorMark = "ZK";
-constexpr std::string_view unsupportedPicture = "ZK001";
-constexpr std::string_view noPrivilege = "42501";
-constexpr std::string_view nullInColumn = "23502";
-constexpr std::string_view readOnlyTransaction = "25006";
+constexpr std::string_view kOwnErrorMark = "ZK";
+constexpr std::string_view kUnsupportedPicture = "ZK001";
+constexpr std::string_view kNoPrivilege = "42501";
+constexpr std::string_view kNullInColumn = "23502";
+constexpr std::string_view kReadOnlyTransaction = "25006";
 
 struct KnownState {
   std::string_view state;
   ErrorNumber number;
 };
 
-constexpr std::array knownStates{
+constexpr std::array kKnownStates{
     KnownState{"22003", ErrorNumber::Overflow},     KnownState{"22012", ErrorNumber::DivisionByZero},
     KnownState{"22P02", ErrorNumber::TypeMismatch}, KnownState{"22007", ErrorNumber::TypeMismatch},
     KnownState{"22008", ErrorNumber::TypeMismatch}, KnownState{"53100", ErrorNumber::DiskFull},
 };
 
 // No lock in time, a deadlock, a transaction that another one has overtaken.
-constexpr std::array<std::string_view, 3> lockedStates{"55P03", "40P01", "40001"};
+constexpr std::array<std::string_view, 3> kLockedStates{"55P03", "40P01", "40001"};
 
 std::string field(const PGresult* result, int code) {
   const char* text = PQresultErrorField(result, code);
@@ -51,11 +51,11 @@ std::string quotedName(std::string_view message) {
 }
 
 void raiseOwnError(const ServerFailure& failure) {
-  if (!failure.state.starts_with(ownErrorMark)) return;
-  if (failure.state == unsupportedPicture)
+  if (!failure.state.starts_with(kOwnErrorMark)) return;
+  if (failure.state == kUnsupportedPicture)
     throw RuntimeError(ErrorNumber::OperationNotSupported, "不支持格式 '" + failure.message + "'。");
   int number = 0;
-  std::from_chars(failure.state.data() + ownErrorMark.size(), failure.state.data() + failure.state.size(),
+  std::from_chars(failure.state.data() + kOwnErrorMark.size(), failure.state.data() + failure.state.size(),
                   number);
   throw RuntimeError(static_cast<ErrorNumber>(number));
 }
@@ -131,20 +131,20 @@ void raiseServerError(const ServerFailure& failure, const std::string& columnsOf
                        "设备 I/O 错误：与数据库服务器的连接已中断。" + failure.message);
   raiseOwnError(failure);
   raiseNameError(failure);
-  if (failure.state == nullInColumn)
+  if (failure.state == kNullInColumn)
     throw RuntimeError(ErrorNumber::RequiredField, "字段 '" + failure.table + '.' + failure.column +
                                                        "' 不能包含 Null 值，必须在此字段中输入一个值。");
   if (failure.state.starts_with("23"))
     throw RuntimeError(
         ErrorNumber::DuplicateKey,
         "由于将在索引、主关键字或关系中创建重复的值，请求对表的更改没有成功。（索引：" + columnsOfKey + "）");
-  if (failure.state == noPrivilege) throw noRight(failure.message);
-  if (failure.state == readOnlyTransaction)
+  if (failure.state == kNoPrivilege) throw noRight(failure.message);
+  if (failure.state == kReadOnlyTransaction)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "数据库服务器只供读取（例如备用服务器），不能写入。（" + failure.message + "）");
-  if (std::ranges::find(lockedStates, failure.state) != lockedStates.end())
+  if (std::ranges::find(kLockedStates, failure.state) != kLockedStates.end())
     throw RuntimeError(ErrorNumber::FileLocked, "数据文件正被另一个进程锁定，无法使用。");
-  for (const KnownState& known : knownStates)
+  for (const KnownState& known : kKnownStates)
     if (known.state == failure.state) throw RuntimeError(known.number);
   throw RuntimeError(ErrorNumber::OperationNotUpdatable, "数据库引擎错误：" + failure.message);
 }

@@ -16,12 +16,12 @@
 namespace zelkor {
 namespace {
 
-constexpr unsigned textType = 25;  // the server's number of the type text
-constexpr const char* setSavepoint = "SAVEPOINT zk_step";
-constexpr const char* leaveSavepoint = "RELEASE zk_step";
-constexpr const char* backToSavepoint = "ROLLBACK TO zk_step";
+constexpr unsigned kTextType = 25;  // the server's number of the type text
+constexpr const char* kSetSavepoint = "SAVEPOINT zk_step";
+constexpr const char* kLeaveSavepoint = "RELEASE zk_step";
+constexpr const char* kBackToSavepoint = "ROLLBACK TO zk_step";
 // Nearly every result is shorter; a longer one is walked through in pieces of this size.
-constexpr std::size_t rowsAtOnce = 1000;
+constexpr std::size_t kRowsAtOnce = 1000;
 
 bool succeeded(const PGresult* result) {
   const ExecStatusType status = PQresultStatus(result);
@@ -123,7 +123,7 @@ PgResult PostgreSqlLink::checked(pg_result* result) {
 void PostgreSqlLink::fail(const pg_result* result) {
   const ServerFailure failure = failureOf(connection_.get(), result);
   if (savepoint_ == Savepoint::Fresh && PQtransactionStatus(connection_.get()) == PQTRANS_INERROR)
-    const PgResult back(PQexec(connection_.get(), backToSavepoint));
+    const PgResult back(PQexec(connection_.get(), kBackToSavepoint));
   raiseServerError(failure, columnsOfKey(failure));
 }
 
@@ -134,8 +134,8 @@ std::vector<std::string> PostgreSqlLink::preamble() const {
   std::vector<std::string> commands;
   if (!inTransaction()) return commands;
   if (beginOwed_) commands.emplace_back("BEGIN");
-  if (savepoint_ == Savepoint::WrittenBehind) commands.emplace_back(leaveSavepoint);
-  if (savepoint_ != Savepoint::Fresh) commands.emplace_back(setSavepoint);
+  if (savepoint_ == Savepoint::WrittenBehind) commands.emplace_back(kLeaveSavepoint);
+  if (savepoint_ != Savepoint::Fresh) commands.emplace_back(kSetSavepoint);
   return commands;
 }
 
@@ -250,7 +250,7 @@ void PostgreSqlLink::rollback() {
 
 PgResult PostgreSqlLink::query(const std::string& sql, const PgValues& values) {
   const auto pointers = pointersTo(values);
-  const std::vector<Oid> types(values.size(), textType);
+  const std::vector<Oid> types(values.size(), kTextType);
   send({}, [&](PGconn* connection) {
     PQsendQueryParams(connection, sql.c_str(), static_cast<int>(values.size()), types.data(), pointers.data(),
                       nullptr, nullptr, 0);
@@ -262,7 +262,7 @@ std::string PostgreSqlLink::prepare(const std::string& sql, int parameters) {
   std::vector<std::string> unused;
   for (const std::string& name : std::exchange(forgotten_, {})) unused.push_back("DEALLOCATE " + name);
   std::string name = "zk_" + std::to_string(++prepared_);
-  const std::vector<Oid> types(static_cast<std::size_t>(parameters), textType);
+  const std::vector<Oid> types(static_cast<std::size_t>(parameters), kTextType);
   send(std::move(unused), [&](PGconn* connection) {
     PQsendPrepare(connection, name.c_str(), sql.c_str(), parameters, types.data());
   });
@@ -281,12 +281,12 @@ void PostgreSqlLink::start(const std::string& name, const PgValues& values, Post
   stream.failure = nullptr;
   stream.open = true;
   reading_ = &stream;
-  read(stream, rowsAtOnce);
+  read(stream, kRowsAtOnce);
 }
 
 void PostgreSqlLink::readOn(PostgreSqlStream& stream) {
   stream.rows.clear();
-  read(stream, rowsAtOnce);
+  read(stream, kRowsAtOnce);
 }
 
 void PostgreSqlLink::drop(PostgreSqlStream& stream) {

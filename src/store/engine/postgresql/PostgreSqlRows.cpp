@@ -5,7 +5,7 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t muchMemory = std::size_t{4} << 20U;
+constexpr std::size_t kMuchMemory = std::size_t{4} << 20U;
 
 }  // namespace
 
@@ -25,8 +25,8 @@ void PostgreSqlRows::take(const pg_result* result) {
 void PostgreSqlRows::clear() {
   cells_.clear();
   texts_.clear();
-  if (cells_.capacity() * sizeof(Cell) > muchMemory) cells_.shrink_to_fit();
-  if (texts_.capacity() > muchMemory) texts_.shrink_to_fit();
+  if (cells_.capacity() * sizeof(Cell) > kMuchMemory) cells_.shrink_to_fit();
+  if (texts_.capacity() > kMuchMemory) texts_.shrink_to_fit();
 }
 
 std::string_view PostgreSqlRows::text(std::size_t row, int column) const {

@@ -19,7 +19,7 @@ struct TypeWord {
 };
 
 // What the comment of a column says; without a comment (a table of somebody else) its type does.
-constexpr std::array typeWords{
+constexpr std::array kTypeWords{
     TypeWord{"TEXT", ColumnType::Text},         TypeWord{"LONGTEXT", ColumnType::Memo},
     TypeWord{"SMALLINT", ColumnType::Short},    TypeWord{"INTEGER", ColumnType::Long},
     TypeWord{"COUNTER", ColumnType::Counter},   TypeWord{"DOUBLE", ColumnType::Double},
@@ -34,7 +34,7 @@ constexpr std::array typeWords{
 
 ColumnType typeOf(std::string_view declared) {
   const std::string_view word = declared.substr(0, declared.find('('));
-  for (const TypeWord& known : typeWords)
+  for (const TypeWord& known : kTypeWords)
     if (known.word == word) return known.type;
   return ColumnType::Unknown;
 }
@@ -51,13 +51,13 @@ std::string_view cell(const PgResult& result, int row, int column) {
   return PQgetvalue(result.get(), row, column);
 }
 
-constexpr const char* tableQuery =
+constexpr const char* kTableQuery =
     "SELECT coalesce(d.description, c.relname), c.oid FROM pg_class c "
     "LEFT JOIN pg_description d ON d.objoid = c.oid AND d.objsubid = 0 AND d.classoid = 'pg_class'::regclass "
     "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p', 'v') AND "
     "c.relname = $1";
 
-constexpr const char* columnQuery =
+constexpr const char* kColumnQuery =
     "SELECT a.attname, t.typname, coalesce(d.description, ''), EXISTS (SELECT 1 FROM pg_class i "
     "WHERE i.relnamespace = current_schema()::regnamespace AND "
     "i.relname = 'zk_number_' || $2 || '_' || a.attname) FROM pg_attribute a "
@@ -93,11 +93,11 @@ std::vector<std::string> PostgreSqlEngine::tableNames() {
 
 std::optional<TableInfo> PostgreSqlEngine::tableInfo(std::string_view table) {
   const std::string key = asciiLower(table);
-  const PgResult found = link_->query(tableQuery, {key});
+  const PgResult found = link_->query(kTableQuery, {key});
   if (PQntuples(found.get()) == 0) return std::nullopt;
   TableInfo info;
   info.name = cell(found, 0, 0);
-  const PgResult columns = link_->query(columnQuery, {std::string(cell(found, 0, 1)), key});
+  const PgResult columns = link_->query(kColumnQuery, {std::string(cell(found, 0, 1)), key});
   for (int row = 0; row < PQntuples(columns.get()); ++row) {
     info.columns.push_back(columnOf(cell(columns, row, 0), cell(columns, row, 1), cell(columns, row, 2)));
     info.columns.back().orderedAsNumber = cell(columns, row, 3) == "t";

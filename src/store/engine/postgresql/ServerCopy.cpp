@@ -10,7 +10,7 @@
 namespace zelkor {
 namespace {
 
-constexpr std::size_t blockSize = std::size_t{1} << 18U;
+constexpr std::size_t kBlockSize = std::size_t{1} << 18U;
 
 // Rows of a table that nobody has seen yet need no marks of who may see them.
 std::string copyStatement(const dialect::TableInfo& table) {
@@ -45,7 +45,7 @@ void append(std::string& text, Number value) {
 }  // namespace
 
 ServerCopy::ServerCopy(PostgreSqlLink& server, const dialect::TableInfo& table) : server_(server) {
-  block_.reserve(blockSize + blockSize / 4);
+  block_.reserve(kBlockSize + kBlockSize / 4);
   server_.beginCopy(copyStatement(table));
 }
 
@@ -91,7 +91,7 @@ void ServerCopy::bytes(std::string_view value) {
 void ServerCopy::endRow() {
   block_ += '\n';
   rowBegun_ = false;
-  if (block_.size() < blockSize) return;
+  if (block_.size() < kBlockSize) return;
   server_.putCopy(block_);
   block_.clear();
 }

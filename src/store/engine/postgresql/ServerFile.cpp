@@ -13,8 +13,8 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view section = "[zelkor]";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kSection = "[zelkor]";
 
 std::string trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\r\n");
@@ -60,11 +60,11 @@ std::map<std::string, std::string> settingsOf(const std::filesystem::path& path)
   int number = 0;
   for (std::string line; std::getline(file, line);) {
     ++number;
-    if (line.starts_with(byteOrderMark)) line.erase(0, byteOrderMark.size());
+    if (line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     const std::string text = trimmed(line);
     if (isComment(text)) continue;
     if (text.front() == '[') {
-      within = text == section;
+      within = text == kSection;
     } else if (within) {
       const std::size_t equals = text.find('=');
       if (equals == std::string::npos) fail(path, "第" + std::to_string(number) + "行不是“键=值”。");
@@ -77,11 +77,11 @@ std::map<std::string, std::string> settingsOf(const std::filesystem::path& path)
 }  // namespace
 
 bool ServerFile::isServerFile(std::string_view text) {
-  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
-    if (const std::string content = trimmed(line); !isComment(content)) return content == section;
+    if (const std::string content = trimmed(line); !isComment(content)) return content == kSection;
   }
   return false;
 }
@@ -102,7 +102,7 @@ ServerFile ServerFile::read(const std::filesystem::path& path) {
 
 void ServerFile::write(const std::filesystem::path& path) const {
   std::ofstream file(path, std::ios::binary);
-  file << section << "\nengine=postgresql\nconninfo=" << conninfo << "\nschema=" << schema << '\n';
+  file << kSection << "\nengine=postgresql\nconninfo=" << conninfo << "\nschema=" << schema << '\n';
   file.close();
   if (!file) throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法写入文件 '" + path.string() + "'。");
 }

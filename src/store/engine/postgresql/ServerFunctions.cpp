@@ -17,7 +17,7 @@ namespace zelkor {
 namespace {
 
 // The comment on a schema is this and a number.
-constexpr std::string_view revisionMark = "zelkor revision ";
+constexpr std::string_view kRevisionMark = "zelkor revision ";
 
 const std::string& definitions() {
   static const std::string all = [] {
@@ -43,8 +43,8 @@ const std::string& ownVersion() {
 
 int revisionIn(std::string_view comment) {
   int revision = 0;
-  if (comment.starts_with(revisionMark))
-    std::from_chars(comment.data() + revisionMark.size(), comment.data() + comment.size(), revision);
+  if (comment.starts_with(kRevisionMark))
+    std::from_chars(comment.data() + kRevisionMark.size(), comment.data() + comment.size(), revision);
   return revision;
 }
 
@@ -84,7 +84,7 @@ void layFunctions(PostgreSqlLink& server, const ServerBooks& before) {
 }
 
 void writeServerRevision(PostgreSqlLink& server, const std::string& schema, int revision) {
-  server.run("COMMENT ON SCHEMA \"" + schema + "\" IS '" + std::string(revisionMark) +
+  server.run("COMMENT ON SCHEMA \"" + schema + "\" IS '" + std::string(kRevisionMark) +
              std::to_string(revision) + "'");
 }
 

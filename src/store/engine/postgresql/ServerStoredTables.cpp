@@ -6,7 +6,7 @@ namespace {
 // The indexes of a table that were made for it: without those over its row key and its counter, and those by
 // which texts are ordered as numbers. One row for each column: the index's name, whether it is unique, its
 // condition, the column (Null for an expression), whether it falls.
-constexpr const char* indexQuery =
+constexpr const char* kIndexQuery =
     "SELECT i.relname::text, x.indisunique, pg_get_expr(x.indpred, x.indrelid)::text, "
     "CASE WHEN x.indexprs IS NULL THEN a.attname::text END, (x.indoption[k.n] & 1) <> 0 "
     "FROM pg_index x JOIN pg_class i ON i.oid = x.indexrelid "
@@ -18,12 +18,12 @@ constexpr const char* indexQuery =
     "AND x.indnkeyatts = 1) OR NOT EXISTS (SELECT 1 FROM pg_constraint c WHERE c.conindid = x.indexrelid)) "
     "ORDER BY i.oid, k.n";
 
-constexpr const char* defaultQuery =
+constexpr const char* kDefaultQuery =
     "SELECT a.attname::text, pg_get_expr(d.adbin, d.adrelid)::text FROM pg_attrdef d JOIN pg_attribute a "
     "ON a.attrelid = d.adrelid AND a.attnum = d.adnum WHERE d.adrelid = $1::text::regclass "
     "AND a.attidentity = ''";
 
-constexpr const char* otherQuery =
+constexpr const char* kOtherQuery =
     "SELECT c.relname::text, c.relname::text, '视图' FROM pg_class c WHERE c.relkind IN ('v', 'm') "
     "AND c.relnamespace = current_schema()::text::regnamespace UNION ALL "
     "SELECT c.relname::text, t.tgname::text, '触发器' FROM pg_trigger t JOIN pg_class c ON c.oid = t.tgrelid "
@@ -112,13 +112,13 @@ class ServerStoredTables final : public StoredTables {
   std::vector<IndexDef> indexes(const dialect::TableInfo& table,
                                 std::vector<TransferProblem>& problems) override {
     IndexReading reading(table, problems);
-    forEachRow(engine_, indexQuery, table.name, [&](const EngineStatement& row) { reading.take(row); });
+    forEachRow(engine_, kIndexQuery, table.name, [&](const EngineStatement& row) { reading.take(row); });
     return reading.finish();
   }
 
   std::map<std::string, std::string> defaults(const dialect::TableInfo& table) override {
     std::map<std::string, std::string> defaults;
-    forEachRow(engine_, defaultQuery, table.name,
+    forEachRow(engine_, kDefaultQuery, table.name,
                [&](const EngineStatement& row) { defaults[spelled(table, row.text(0))] = row.text(1); });
     return defaults;
   }
@@ -147,7 +147,7 @@ class ServerStoredTables final : public StoredTables {
 
   std::vector<TransferProblem> others() override {
     std::vector<TransferProblem> others;
-    forEachRow(engine_, otherQuery, "", [&](const EngineStatement& row) {
+    forEachRow(engine_, kOtherQuery, "", [&](const EngineStatement& row) {
       others.push_back({std::string(row.text(0)), 0, "",
                         std::string(row.text(2)) + " " + std::string(row.text(1)) + " 不转移。"});
     });

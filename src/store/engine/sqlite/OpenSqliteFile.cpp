@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t longestEnding = std::string_view("-journal").size();
+constexpr std::size_t kLongestEnding = std::string_view("-journal").size();
 
 fs::path wholePath(const fs::path& file) {
   std::error_code failure;
@@ -70,7 +70,7 @@ void requireReadableLog(sqlite3* handle, const fs::path& file) {
 }  // namespace
 
 void requireShortPath(const fs::path& file, std::size_t spare) {
-  const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - longestEnding - spare;
+  const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - kLongestEnding - spare;
   const std::size_t length = wholePath(file).native().size();
   if (length > most)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,

@@ -13,9 +13,9 @@ namespace zelkor {
 namespace {
 
 // Long enough for any other process's gathered statements, short enough that a person is told.
-constexpr int busyTimeoutMilliseconds = 10'000;
+constexpr int kBusyTimeoutMilliseconds = 10'000;
 // Nobody at a screen is quicker than this.
-constexpr std::chrono::milliseconds timeBetweenLooks{100};
+constexpr std::chrono::milliseconds kTimeBetweenLooks{100};
 
 }  // namespace
 
@@ -30,7 +30,7 @@ void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
 SqliteEngine::SqliteEngine(const std::string& path, Access access)
     : handle_(openSqliteFile(path, access)), path_(path) {
   sqlite3_extended_result_codes(handle_.get(), 1);
-  sqlite3_busy_timeout(handle_.get(), busyTimeoutMilliseconds);
+  sqlite3_busy_timeout(handle_.get(), kBusyTimeoutMilliseconds);
   registerSqliteFunctions(handle_.get());
   if (access == Access::Read) {
     run("PRAGMA query_only = 1");
@@ -56,7 +56,7 @@ void SqliteEngine::run(const std::string& sql) {
 /// The system lets an open file be removed or replaced, and takes what is written to it all the same: it
 /// would be lost without a word.
 void SqliteEngine::lookForFile() {
-  nextLook_ = Clock::now() + timeBetweenLooks;
+  nextLook_ = Clock::now() + kTimeBetweenLooks;
   int moved = 0;
   if (sqlite3_file_control(handle_.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK || moved == 0)
     return;

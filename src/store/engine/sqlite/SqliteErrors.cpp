@@ -12,15 +12,15 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view ownErrorMark = "ZK";
+constexpr std::string_view kOwnErrorMark = "ZK";
 
 // Functions of the dialect report "ZK<number>:<description>".
 void raiseOwnError(std::string_view message) {
-  if (!message.starts_with(ownErrorMark)) return;
+  if (!message.starts_with(kOwnErrorMark)) return;
   const std::size_t colon = message.find(':');
   if (colon == std::string_view::npos) return;
   int number = 0;
-  std::from_chars(message.data() + ownErrorMark.size(), message.data() + colon, number);
+  std::from_chars(message.data() + kOwnErrorMark.size(), message.data() + colon, number);
   throw RuntimeError(static_cast<ErrorNumber>(number), std::string(message.substr(colon + 1)));
 }
 

@@ -17,7 +17,7 @@ struct DeclaredType {
 };
 
 // The physical types that the catalogue declares, and near relatives that foreign tools create.
-constexpr std::array declaredTypes{
+constexpr std::array kDeclaredTypes{
     DeclaredType{"TEXT", ColumnType::Text},         DeclaredType{"VARCHAR", ColumnType::Text},
     DeclaredType{"LONGTEXT", ColumnType::Memo},     DeclaredType{"SMALLINT", ColumnType::Short},
     DeclaredType{"INTEGER", ColumnType::Long},      DeclaredType{"INT", ColumnType::Long},
@@ -28,7 +28,7 @@ constexpr std::array declaredTypes{
 
 ColumnType typeOf(std::string_view declared) {
   const std::string_view name = declared.substr(0, declared.find('('));
-  for (const DeclaredType& candidate : declaredTypes)
+  for (const DeclaredType& candidate : kDeclaredTypes)
     if (dialect::sameName(candidate.name, name)) return candidate.type;
   return ColumnType::Unknown;
 }

@@ -5,8 +5,8 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view primaryKey = "pk";
-constexpr std::string_view madeByStatement = "c";
+constexpr std::string_view kPrimaryKey = "pk";
+constexpr std::string_view kMadeByStatement = "c";
 
 /// The rows of a query with one text for its parameter.
 template <typename Take>
@@ -25,7 +25,7 @@ bool endsWithCondition(std::string_view statement, const TableDef& table, const 
 
 // Index names of the dialect are per table.
 std::string indexName(const dialect::TableInfo& table, std::string_view physical, std::string_view origin) {
-  if (origin == primaryKey) return "PrimaryKey";
+  if (origin == kPrimaryKey) return "PrimaryKey";
   const std::string prefix = dialect::physicalIndexName(table.name, "");
   const bool ours =
       physical.size() > prefix.size() && dialect::sameName(physical.substr(0, prefix.size()), prefix);
@@ -72,7 +72,7 @@ std::optional<IndexDef> SqliteStoredTables::index(const dialect::TableInfo& tabl
                                                   const EngineStatement& row) {
   IndexDef index{indexName(table, row.text(0), row.text(2)), {}, row.integer(1) != 0, {}, false};
   if (!addColumns(std::string(row.text(0)), index)) return std::nullopt;
-  if (row.text(2) != madeByStatement && row.text(2) != primaryKey) index.name = index.columns.front();
+  if (row.text(2) != kMadeByStatement && row.text(2) != kPrimaryKey) index.name = index.columns.front();
   index.ignoresNull = row.integer(3) != 0;
   if (index.ignoresNull && !endsWithCondition(row.text(4), {table, {}, {}}, index)) return std::nullopt;
   return index;

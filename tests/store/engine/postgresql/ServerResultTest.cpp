@@ -42,14 +42,14 @@ class ServerResultTest : public StoreTest {
         ->step();
   }
 
-  static constexpr const char* keyed = "select lN from n order by lN";
-  static constexpr const char* united = "select lN from n where lN<2 union all select lN from n where lN>=2";
-  static constexpr const char* failing =
+  static constexpr const char* kKeyed = "select lN from n order by lN";
+  static constexpr const char* kUnited = "select lN from n where lN<2 union all select lN from n where lN>=2";
+  static constexpr const char* kFailing =
       "select lN, 1/(lN-3500) from n where lN<2 union all select lN, 1/(lN-3500) from n where lN>=2";
 };
 
 TEST_F(ServerResultTest, ALongWalkSeesEveryRowWhateverRunsMeanwhile) {
-  for (const char* query : {keyed, keyed, united}) {
+  for (const char* query : {kKeyed, kKeyed, kUnited}) {
     Recordset plain = db.OpenRecordset(query);
     EXPECT_EQ(walk(plain, [](int) {}), kRows);
     Recordset read = db.OpenRecordset(query);
@@ -72,7 +72,7 @@ TEST_F(ServerResultTest, ALongWalkSeesEveryRowWhateverRunsMeanwhile) {
 // A walk in an order is begun with its first fifty rows.
 TEST_F(ServerResultTest, WhatOthersChangeMeanwhileNeitherRepeatsNorHidesARow) {
   PostgreSqlEngine other(ServerFile::read(path));
-  Recordset set = db.OpenRecordset(keyed);
+  Recordset set = db.OpenRecordset(kKeyed);
   std::vector<double> seen;
   for (; !set.Eof(); set.MoveNext()) {
     seen.push_back(set.Fields(0).number());
@@ -86,8 +86,8 @@ TEST_F(ServerResultTest, WhatOthersChangeMeanwhileNeitherRepeatsNorHidesARow) {
 }
 
 TEST_F(ServerResultTest, TwoLongWalksGoOnSideBySide) {
-  Recordset first = db.OpenRecordset(keyed);
-  Recordset second = db.OpenRecordset(united);
+  Recordset first = db.OpenRecordset(kKeyed);
+  Recordset second = db.OpenRecordset(kUnited);
   EXPECT_EQ(walk(first,
                  [&](int n) {
                    EXPECT_EQ(second.Fields(0).number(), n);
@@ -100,7 +100,7 @@ TEST_F(ServerResultTest, TwoLongWalksGoOnSideBySide) {
 TEST_F(ServerResultTest, AWalkThatIsLeftLeavesNothingBehind) {
   engine.workspace().BeginTrans();
   db.Execute("update n set sText='3' where lN=7");
-  for (const char* query : {keyed, united}) EXPECT_EQ(db.OpenRecordset(query).Fields(0).number(), 1);
+  for (const char* query : {kKeyed, kUnited}) EXPECT_EQ(db.OpenRecordset(query).Fields(0).number(), 1);
   db.Execute("update n set sText='4' where lN=8");
   engine.workspace().CommitTrans();
   EXPECT_EQ(cell("select count(*) from n where sText<>'1'"), "2");
@@ -108,7 +108,7 @@ TEST_F(ServerResultTest, AWalkThatIsLeftLeavesNothingBehind) {
 
 TEST_F(ServerResultTest, ARowThatCannotBeReadFailsTheMoveThatReachesIt) {
   for (const bool readMeanwhile : {false, true}) {
-    Recordset set = db.OpenRecordset(failing);
+    Recordset set = db.OpenRecordset(kFailing);
     EXPECT_EQ(errorOf([&] {
                 walk(set, [&](int n) {
                   if (readMeanwhile && n == 500) cell("select max(lN) from n");
@@ -123,7 +123,7 @@ TEST_F(ServerResultTest, SuchAFailureUndoesNothingOfATransaction) {
   for (const bool readMeanwhile : {false, true}) {
     engine.workspace().BeginTrans();
     db.Execute("update n set lN=lN where lN=1");
-    Recordset set = db.OpenRecordset(failing);
+    Recordset set = db.OpenRecordset(kFailing);
     EXPECT_EQ(errorOf([&] {
                 walk(set, [&](int n) {
                   if (readMeanwhile && n == 500) cell("select max(lN) from n");

@@ -90,7 +90,7 @@ constexpr SqlFunction aggregate(std::string_view name, std::string_view argument
   return {name, arguments, result, called, nullptr, onServer, meaning, nullptr, inFile};
 }
 
-constexpr std::array rows{
+constexpr std::array kRows{
     aggregate("Count", "v", Long, "count", "count(!?)", "how many rows, or rows where it is not Null"),
     aggregate("Sum", "n", Double, "sum", "sum(!?)", "the total"),
     aggregate("Avg", "n", Double, "avg", "avg(!?)", "the average"),
@@ -113,7 +113,7 @@ constexpr std::array rows{
 }  // namespace
 
 std::span<const SqlFunction> aggregateFunctions() {
-  return rows;
+  return kRows;
 }
 
 }  // namespace zelkor::dialect

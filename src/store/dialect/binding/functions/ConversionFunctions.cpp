@@ -42,7 +42,7 @@ constexpr std::string_view kAssignCurrencyOnServer =
     "CASE WHEN abs(zk_fitting_number(a)::numeric) < 922337203685477.58075 "
     "THEN zk_currency(zk_fitting_number(a)::numeric) END";
 
-constexpr std::array rows{
+constexpr std::array kRows{
     SqlFunction{"Val", "c", Double, "zk_val", leadingNumber, "", "the number that a text begins with, else 0",
                 bindNumberReading},
     SqlFunction{"CInt", "c", Short, "zk_cint", [](Arguments a) -> Value { return CInt(a[0]); },
@@ -98,7 +98,7 @@ constexpr std::array rows{
 }  // namespace
 
 std::span<const SqlFunction> conversionFunctions() {
-  return rows;
+  return kRows;
 }
 
 }  // namespace zelkor::dialect

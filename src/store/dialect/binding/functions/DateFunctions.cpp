@@ -117,7 +117,7 @@ constexpr std::string_view kDateSerialOnServer = R"(BEGIN
   RETURN zk_dateadd('d', round(c) - 1, zk_dateadd('m', round(b) - 1, make_timestamp(round(a)::integer, 1, 1, 0, 0, 0)));
 END)";
 
-constexpr std::array rows{
+constexpr std::array kRows{
     SqlFunction{"Year", "d", Short, "zk_year", partOf<&DateTime::year>, "extract(year FROM a)",
                 "the year of a date"},
     SqlFunction{"Month", "d", Short, "zk_month", partOf<&DateTime::month>, "extract(month FROM a)",
@@ -151,7 +151,7 @@ constexpr std::array rows{
 }  // namespace
 
 std::span<const SqlFunction> dateFunctions() {
-  return rows;
+  return kRows;
 }
 
 }  // namespace zelkor::dialect

@@ -61,7 +61,7 @@ constexpr std::string_view kPowerOnServer = R"(BEGIN
   RETURN CASE WHEN b * ln(abs(a)) < -745.13 THEN 0 ELSE power(a, b) END;
 END)";
 
-constexpr std::array rows{
+constexpr std::array kRows{
     SqlFunction{"Abs", "n", Unknown, "abs", nullptr, "", "without its sign"},
     SqlFunction{"Int", "n", Unknown, "zk_int", [](Arguments a) -> Value { return std::floor(number(a[0])); },
                 "floor(a)", "the greatest whole number that is not greater"},
@@ -91,7 +91,7 @@ constexpr std::array rows{
 }  // namespace
 
 std::span<const SqlFunction> numberFunctions() {
-  return rows;
+  return kRows;
 }
 
 }  // namespace zelkor::dialect

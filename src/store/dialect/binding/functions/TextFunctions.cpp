@@ -56,7 +56,7 @@ Value order(Arguments a) {
 constexpr std::string_view kOrderOnServer =
     "CASE WHEN lower(a) < lower(b) THEN -1 WHEN lower(a) > lower(b) THEN 1 ELSE 0 END";
 
-constexpr std::array rows{
+constexpr std::array kRows{
     SqlFunction{"Len", "t", Long, "length", nullptr, "", "how many characters a text has"},
     SqlFunction{"Left", "tn", Text, "zk_left",
                 [](Arguments a) -> Value { return Left(text(a[0]), count(a[1])); },
@@ -102,7 +102,7 @@ constexpr std::array rows{
 }  // namespace
 
 std::span<const SqlFunction> textFunctions() {
-  return rows;
+  return kRows;
 }
 
 }  // namespace zelkor::dialect

@@ -140,12 +140,12 @@ void benchImport() {
   const ScratchDirectory place;
   const JetAccounts jet4(place / "jet4.mdb", test::JetVersion::Jet4, kTables, kRowsEach);
   const JetAccounts jet3(place / "jet3.mdb", test::JetVersion::Jet3, kTables, kRowsEach);
-  compareInFiles("import, Jet 4", kJet4, place);
-  compareInFiles("import, Jet 3", kJet3, place);
+  compareInFiles("import, Jet 4", jet4, place);
+  compareInFiles("import, Jet 3", jet3, place);
   if (benchServer().empty()) {
     std::printf("import, server    no server: run it by tests/support/with-server\n");
   } else if (areThere({"psql"})) {
-    compareOnServer(kJet4, place, benchServer());
+    compareOnServer(jet4, place, benchServer());
   }
 }
 

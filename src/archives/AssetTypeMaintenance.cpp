@@ -31,7 +31,7 @@ std::string nextAssetTypeID(Database& database) {
   return sql(highest.Fields("iMax").numberOrZero() + 1);
 }
 
-/// Counts a new category with the one above it; gives the parent's sID and sNum as they stand in the INSERT.
+/// Counts a new category with the one above it; gives the parent's sID and sNum as they are in the INSERT.
 std::string countWithParent(Database& database, std::string_view parentCode) {
   const Recordset parent =
       database.OpenRecordset(sql("select * from fa_AssetTypes where sNum='", parentCode, "'"));

@@ -35,7 +35,7 @@ enum class AssetTypeSaved { Stored, CodeTaken };
 /// stay as they were, also when the code changes. CodeTaken: refused with kAssetTypeCodeTakenText.
 AssetTypeSaved updateAssetType(Database& database, const AssetTypeEntry& entry, std::string_view oldCode);
 
-/// Adds a category at `level`, counts it with its parent and numbers it behind the highest sID. Without a
+/// Adds a category at `level`, counts it with its parent and numbers it after the highest sID. Without a
 /// category that bears the code of the level above it hangs below the root.
 void addAssetType(Database& database, const AssetTypeEntry& entry, int level);
 

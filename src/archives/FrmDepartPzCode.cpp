@@ -110,7 +110,7 @@ void FrmDepartPzCode::showDetails(const std::string& code) {
   setEditing(false);
 }
 
-/// The subject is typed into a field that stands in the place of its label.
+/// The subject is typed into a field that is in the place of its label.
 void FrmDepartPzCode::setEditing(bool editing) {
   editing_ = editing;
   TvLeft->setEnabled(!editing);

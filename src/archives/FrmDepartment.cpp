@@ -74,7 +74,7 @@ std::string FrmDepartment::selectedCode() const {
   return item ? fromQt(tagOf(*item)) : std::string();
 }
 
-/// Reads the archive anew; the department that was selected stays so if it is still there.
+/// Reads the archive again; the department that was selected stays selected if it is still there.
 void FrmDepartment::reload() {
   const QString selected = toQt(selectedCode());
   {

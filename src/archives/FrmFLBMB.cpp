@@ -36,7 +36,7 @@ void FrmFLBMB::connectEvents() {
   on(CmdZJFF, &QPushButton::clicked, &FrmFLBMB::CmdZJFF_Click);
 }
 
-/// Reads everything anew; the entry that was selected stays so if it is still there.
+/// Reads everything again; the entry that was selected stays selected if it is still there.
 void FrmFLBMB::reload() {
   const std::string selected = treeCode_.empty() ? kRootCode : treeCode_;
   {

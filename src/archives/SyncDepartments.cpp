@@ -38,7 +38,7 @@ std::string levelColumns(std::size_t level) {
   return columns;
 }
 
-/// The code's parts, each behind "','".
+/// The code's parts, each after "','".
 std::string levelParts(std::string_view code, const LevelLengths& lengths, std::size_t level) {
   std::string parts;
   std::size_t start = 1;

@@ -71,7 +71,7 @@ void UsageStatuses::change(const UsageStatus& status) {
   statuses_.Update();
 }
 
-/// Without a status below the parent the first one gets 1 behind the parent's number.
+/// Without a status below the parent the first one gets 1 after the parent's number.
 std::string UsageStatuses::nextID(const std::string& parentID) {
   statuses_.Requery();
   statuses_.FindLast(sql("sParentID='", parentID, "'"));

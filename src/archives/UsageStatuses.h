@@ -36,7 +36,7 @@ class UsageStatuses {
 
   /// Rewrites names and rule of the status with that sID.
   void change(const UsageStatus& status);
-  /// Adds a status below `parentID`, numbered behind the last one there; gives its sID.
+  /// Adds a status below `parentID`, numbered after the last one there; gives its sID.
   std::string add(const UsageStatus& status, const std::string& parentID);
   /// Cards in the status are not looked for.
   void remove(std::string_view id);

@@ -74,7 +74,7 @@ void frmUseStatus::connectEvents() {
   on(ShowCatalog, &QAction::triggered, &frmUseStatus::showOrHideTree);
 }
 
-/// Reads the archive anew; the entry that was selected stays so if it is still there.
+/// Reads the archive again; the entry that was selected stays selected if it is still there.
 void frmUseStatus::reload() {
   const QTreeWidgetItem* selected = TreeView1->currentItem();
   const QString key = selected ? keyOf(*selected) : QString();

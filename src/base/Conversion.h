@@ -35,7 +35,7 @@ bool IsNumeric(const Value& value);
 /// The longest number that the text begins with, blanks skipped, the point the only separator; else 0.
 double Val(std::string_view text);
 
-/// The whole text read as a number the way CDbl does (blanks around it, sign before or behind, parentheses,
+/// The whole text read as a number the way CDbl does (blanks around it, sign before or after, parentheses,
 /// yuan sign, thousands separators, exponent, &H and &O); nullopt where CDbl would raise error 13. Raises
 /// error 6 beyond the range of a double.
 std::optional<double> parseNumber(std::string_view text);

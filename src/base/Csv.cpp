@@ -83,7 +83,7 @@ std::string CsvReader::readField() {
   return field;
 }
 
-// Reading goes on behind the line on which the field ends.
+// Reading goes on after the line on which the field ends.
 void CsvReader::requireWritable(std::size_t start, std::size_t startLine, std::size_t startOfLine) {
   const std::string_view field = std::string_view(text_).substr(start, at_ - start);
   const std::size_t found = findUnwritable(field);
@@ -119,7 +119,7 @@ std::string CsvReader::readQuoted() {
     if (text_[at_] != '"') fail(at_, "引号之后应为逗号或行尾");
     field.push_back('"');
   }
-  // The quote may be a slip: reading goes on behind the line on which it stands.
+  // The quote may be a slip: reading goes on after the line on which it stands.
   line_ = startLine;
   lineStart_ = startOfLine;
   fail(start, "引号没有结束");

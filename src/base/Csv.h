@@ -26,10 +26,10 @@ class CsvError : public std::runtime_error {
   std::size_t column_;
 };
 
-/// Reads comma-separated values as RFC 4180 tells them, from UTF-8: fields in double quotes may hold commas,
-/// line breaks and doubled quotes; a quote elsewhere is an error, and so is a character that no text may hold
-/// (findUnwritable). Lines end with CR LF or LF; empty lines are passed over, a byte-order mark at the start
-/// is dropped.
+/// Reads comma-separated values as RFC 4180 defines them, from UTF-8: fields in double quotes may hold
+/// commas, line breaks and doubled quotes; a quote elsewhere is an error, and so is a character that no text
+/// may hold (findUnwritable). Lines end with CR LF or LF; empty lines are passed over, a byte-order mark at
+/// the start is dropped.
 class CsvReader {
  public:
   explicit CsvReader(std::string text);

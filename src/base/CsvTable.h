@@ -54,7 +54,7 @@ std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std:
 /// What is to be said of one cell, with its place.
 std::string csvCellText(std::size_t line, std::string_view column, const std::string& text);
 
-/// What is to be said of a cell with a single quote, which would break the statements that it stands in, or
+/// What is to be said of a cell with a single quote, which would break the statements that it is in, or
 /// make others of them; nothing of any other.
 std::optional<std::string> quoteProblem(std::string_view cell);
 

@@ -214,7 +214,7 @@ class DateReader {
     return true;
   }
 
-  // A separator stands between two parts of a date and nowhere else.
+  // A separator comes between two parts of a date and nowhere else.
   bool readSeparator(const Token& token, Kind next) {
     const bool afterPart = partCount_ != 0 && at_ != timeEnd_;
     const bool afterSeparator = at_ != 0 && tokens_[at_ - 1].kind == Kind::DateSeparator;
@@ -256,7 +256,7 @@ class DateReader {
     return true;
   }
 
-  // An hour beyond 12 already tells the half of the day; the word is then passed over.
+  // An hour beyond 12 already decides the half of the day; the word is then passed over.
   bool applyMeridiem() {
     if (meridiem_ == Kind::End) return true;
     if (!timeSeen_) return false;

@@ -59,7 +59,7 @@ std::optional<DateTime> parseDate(std::string_view text);
 std::optional<DateTime> parseIsoDate(std::string_view text);
 
 /// Number of interval boundaries from `from` to `to`: "yyyy", "q", "m", "d", "y", "w", "ww", "h", "n", "s"
-/// (weeks begin on Sunday unless `firstDayOfWeek`, 1 = Sunday .. 7 = Saturday, tells otherwise; "w" counts
+/// (weeks begin on Sunday unless `firstDayOfWeek`, 1 = Sunday .. 7 = Saturday, says otherwise; "w" counts
 /// whole weeks). An unknown interval is TypeMismatch.
 std::int64_t DateDiff(std::string_view interval, DateTime from, DateTime to, int firstDayOfWeek = 1);
 

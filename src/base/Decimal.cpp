@@ -180,7 +180,7 @@ double toDouble(const Numeral& numeral, std::string_view text) {
   double result = 0;
   const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), result);
   if (error != std::errc::result_out_of_range) return result;
-  if (value.isZero() || value.exponent < 0) return 0;  // too small to tell from nothing
+  if (value.isZero() || value.exponent < 0) return 0;  // too small to differ from nothing
   throw RuntimeError(ErrorNumber::Overflow);
 }
 

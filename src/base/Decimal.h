@@ -21,10 +21,10 @@ Decimal decimalOf(double value);
 
 enum class Tie { AwayFromZero, ToEven };
 
-/// The same number without digits beyond `places` decimals; a tie goes as told.
+/// The same number without digits beyond `places` decimals; a tie goes as asked.
 Decimal roundedTo(Decimal value, int places, Tie tie);
 
-/// A decimal numeral as it stands in a text: what was read and where reading stopped.
+/// A decimal numeral as it is in a text: what was read and where reading stopped.
 struct Numeral {
   Decimal value;
   std::size_t length = 0;  // characters read; 0 where there is no digit

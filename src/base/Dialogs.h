@@ -13,7 +13,7 @@ enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Answer { Ok, Cancel, Yes, No };
 
-/// The button that Enter presses; the first unless told otherwise.
+/// The button that Enter presses; the first unless asked otherwise.
 enum class DefaultButton { First, Second };
 
 struct MessageBox {
@@ -49,9 +49,9 @@ class Dialogs {
   virtual void showProgress(const Progress& /*progress*/) {}
   virtual void endProgress() {}
 
-  /// Whether boxes that only tell come out on standard error by themselves, for want of a screen.
+  /// Whether boxes that only inform come out on standard error by themselves, for want of a screen.
   virtual bool tellsOnStandardError() const { return false; }
-  /// Whether what stands on standard error is to be shown in a box as well: not to who sees both at once.
+  /// Whether what is on standard error is to be shown in a box as well: not to who sees both at once.
   virtual bool showsReports() const { return true; }
 
   /// Once the program has ended with a status nothing is shown any more, and who asks or waits for an answer

@@ -4,13 +4,13 @@
 
 namespace zelkor {
 
-// TERM and HUP (the user logs off, the machine goes down) end the program where it stands between two steps,
+// TERM and HUP (the user logs off, the machine goes down) end the program between two steps,
 // with what it has written kept; another one, more than a second later, ends it at once.
 
 /// From now on these signals are noted, unless whoever started the program has had them ignored.
 void catchEndSignals();
 
-/// Once, after such a signal: the exit status that tells which one it was, 143 or 129.
+/// Once, after such a signal: the exit status that says which one it was, 143 or 129.
 std::optional<int> takeEndSignal();
 
 /// Where a step ends: after such a signal, ends the program by EndProgram.

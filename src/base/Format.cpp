@@ -55,7 +55,7 @@ std::string fixedText(const Decimal& value, std::size_t decimals) {
   return text;
 }
 
-/// "#,##0.00": places before and behind the point, of which so many are always shown.
+/// "#,##0.00": places before and after the point, of which so many are always shown.
 struct NumberPicture {
   std::size_t wholeZeros = 0;
   std::size_t decimals = 0;
@@ -121,7 +121,7 @@ bool isLetter(char c) {
   return lower(c) >= 'a' && lower(c) <= 'z';
 }
 
-// How often the character at `at` stands there in a row, in either case.
+// How often the character at `at` occurs there in a row, in either case.
 std::size_t runAt(std::string_view picture, std::size_t at) {
   std::size_t end = at;
   while (end < picture.size() && lower(picture[end]) == lower(picture[at])) ++end;

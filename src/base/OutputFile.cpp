@@ -146,7 +146,7 @@ void OutputFile::finish() {
   if (!direct_) keep();
 }
 
-// A file that has come meanwhile is not replaced unasked; where a file cannot have two names, nothing tells.
+// A file that has come meanwhile is not replaced unasked; where a file cannot have two names, nothing shows.
 void OutputFile::keep() {
   if (!options_.replace) {
     if (::link(beside_.c_str(), file_.c_str()) == 0) return;

@@ -22,7 +22,7 @@ class OutputFile {
     FileAccess access{};   // of the new file; one that is replaced lets nobody in whom it kept out
   };
 
-  /// Nothing is written or opened yet, but what stands in the way is refused.
+  /// Nothing is written or opened yet, but what is in the way is refused.
   OutputFile(std::filesystem::path file, const Options& options);
   OutputFile(const OutputFile&) = delete;
   OutputFile& operator=(const OutputFile&) = delete;

@@ -123,7 +123,7 @@ void TerminalDialogs::print(const MessageBox& box) {
 
 Answer TerminalDialogs::takeAnswer(const MessageBox& box) {
   if (box.buttons == Buttons::Ok) {
-    // A list may tell an "ok" for such a box, or leave it out.
+    // A list may give an "ok" for such a box, or leave it out.
     if (!answers_.empty() && answers_.front() == Answer::Ok) answers_.pop_front();
     return Answer::Ok;
   }

@@ -32,7 +32,7 @@ enum class CardDataType : std::uint8_t { Str, Date, Int, Cur, Per };
 /// the chart of accounts.
 enum class CardInput : std::uint8_t { Locked, Typed, Digits, Picked, Subject };
 
-/// All that is told of one field; CardFields.def explains the columns.
+/// All that is known of one field; CardFields.def explains the columns.
 struct CardFieldRow {
   CardField field = CardField::None;
   std::string_view label = {};

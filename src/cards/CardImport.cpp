@@ -52,7 +52,7 @@ bool CardImport::isTaken(const std::string& cardNumber) {
               .Eof();
 }
 
-/// The number behind 99999. Texts are sorted, so that it would be given to each card that follows.
+/// The number after 99999. Texts are sorted, so that it would be given to each card that follows.
 bool isBehindTheLast(std::string_view number) {
   return number == "1" + std::string(kSequenceLength, '0');
 }

@@ -14,7 +14,7 @@ enum class CardLayout { Ordinary, Workload };
 /// The layout for cards with the depreciation method of that name.
 CardLayout cardLayoutOfMethod(std::string_view methodName);
 
-/// Where a field stands on the card. Left, top and width are in the units of the layout.
+/// Where a field is on the card. Left, top and width are in the units of the layout.
 struct CardFieldPlace {
   CardField field = CardField::None;
   int row = 1;

@@ -19,7 +19,7 @@ TextGrid heading() {
   return grid;
 }
 
-/// The cards of the versions in force. A version also stands among them for the number that it has in common
+/// The cards of the versions in force. A version also is among them for the number that it has in common
 /// with another card's newest one: there its own card's newest version decides.
 std::set<std::string> cardsOnOffer(RunContext& run) {
   const std::string date = dayText(run.gdOpDate);

@@ -39,7 +39,7 @@ class RowCheck {
   std::optional<double> number(CardField field, const char* blank);
   std::optional<double> whole(CardField field, const char* blank);
   void date(CardField field, std::optional<DateTime> blank);
-  /// The fields that are saved as they are told, by their types and the sizes of their columns.
+  /// The fields that are saved as they are given, by their types and the sizes of their columns.
   void others(bool workload);
 
  private:

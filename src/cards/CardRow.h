@@ -36,7 +36,7 @@ struct CellProblem {
 /// The columns of a register: which field of a card each one holds.
 class RegisterColumns {
  public:
-  /// From the header row. Raises RuntimeError when a needed column is missing or one stands there twice.
+  /// From the header row. Raises RuntimeError when a needed column is missing or one is there twice.
   explicit RegisterColumns(const std::vector<std::string>& header);
 
   std::size_t count() const { return captions_.size(); }

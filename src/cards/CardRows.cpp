@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kMonthsOfYear = 12;
 
-/// What stands before and behind the first comma; without one, all of it stands before.
+/// What comes before and after the first comma; without one, all of it comes before.
 std::pair<std::string, std::string> splitAtComma(std::string_view text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string_view::npos) return {std::string(text), {}};

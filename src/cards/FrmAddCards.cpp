@@ -127,7 +127,7 @@ void FrmAddCards::giveUpEdit() {
   showSheet();
 }
 
-/// Goes on to the next field to fill in, behind the last one to the lists below the card.
+/// Goes on to the next field to fill in, after the last one to the lists below the card.
 void FrmAddCards::moveField(int step) {
   if (!leaveField()) return;
   const auto at = current_ ? std::ranges::find(order_, *current_) : order_.end();
@@ -222,7 +222,7 @@ std::optional<FrmAddCards::Reached> FrmAddCards::reach(CardMove move) {
   return std::nullopt;
 }
 
-/// Shows the last card anew, also when it is the current one: what was typed into it is to go.
+/// Shows the last card again, also when it is the current one: what was typed into it is to go.
 void FrmAddCards::showLast() {
   if (const auto last = reach(CardMove::Last)) showCard(last->cardID, last->layout);
 }

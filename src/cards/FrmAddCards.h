@@ -66,7 +66,7 @@ class FrmAddCards final : public Form {
 
   void openField(CardField field, Arrival arrival);
   void openEditor(const CardFieldPlace& place, Arrival arrival);
-  /// Takes what stands in the editor; false when it was refused and the field stays under edit.
+  /// Takes what is in the editor; false when it was refused and the field stays under edit.
   bool leaveField();
   void closeEditor();
   void giveUpEdit();

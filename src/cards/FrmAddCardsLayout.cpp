@@ -20,7 +20,7 @@ constexpr int kCaptionIndent = 8;
 constexpr int kValueIndent = 6;
 constexpr int kButtonWidth = 24;
 constexpr int kWidth = 956;
-constexpr int kHeight = 704;  // both layouts stand in it whole
+constexpr int kHeight = 704;  // both layouts are in it whole
 
 /// What must be filled in before such a card is saved: all that an empty one lacks.
 std::vector<CardField> requiredFields(CardMode mode) {

@@ -13,7 +13,7 @@ namespace {
 constexpr int kTopUnits = 58;
 constexpr int kRowUnits = 19;
 constexpr int kRightUnits = 640;
-constexpr std::array kCaptionLefts = {71, 261, 451};  // behind the values of the column before
+constexpr std::array kCaptionLefts = {71, 261, 451};  // after the values of the column before
 constexpr int kMargin = 28;
 constexpr int kBottomMargin = 18;
 constexpr int kRowPixels = 28;
@@ -113,7 +113,7 @@ void CardPaper::paintNote(QPainter& painter) const {
   painter.drawText(QRect(0, line.top(), width(), line.height()), Qt::AlignCenter, "带 * 的项目必须填写");
 }
 
-/// All rows but the first and the last, which stand free.
+/// All rows but the first and the last, which are free.
 bool CardPaper::inTable(const CardFieldPlace& place) const {
   return place.row > 1 && place.row < lastRow_;
 }

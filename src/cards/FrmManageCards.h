@@ -17,7 +17,7 @@
 namespace zelkor {
 
 /// Lists the cards of a department or category; a card is opened and deleted from here. The first cards are
-/// shown at once, the others as the event loop gets to them; the title tells when all are there.
+/// shown at once, the others as the event loop gets to them; the title shows when all are there.
 class FrmManageCards final : public Form {
  public:
   FrmManageCards(FormHost& host, const std::string& zkDataPath);

@@ -19,7 +19,7 @@ struct StagedAsset {
 /// Leaves a debit and a credit row of the original value for the ledger, under a key of their own.
 void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset);
 
-/// Writes the two rows of a changed card anew, if they bear "02" as the number of their event. Rows that were
+/// Rewrites the two rows of a changed card, if they bear "02" as the number of their event. Rows that were
 /// staged bear the card number there, so that they stay as they are.
 void restageChangedAsset(Database& database, const RunContext& context, const StagedAsset& asset);
 

@@ -10,7 +10,7 @@ namespace zelkor {
 namespace {
 
 /// The version of the card's newest sheet of this kind, if its operation number joins; the sheet's columns
-/// stand behind those of the card.
+/// come after those of the card.
 std::optional<CardVersion> findBySheet(Database& database, const CardSearch& search) {
   return firstVersion(
       database,
@@ -51,7 +51,7 @@ double amountBefore(const ChangeSheet& sheet) {
   return CDbl(Value(sheet.before.text));
 }
 
-// The sheet stands when the ledgers cannot be corrected: a text that is no number must not get that far.
+// The sheet is kept when the ledgers cannot be corrected: a text that is no number must not get that far.
 void requireAmounts(const ChangeSheet& sheet) {
   amountBefore(sheet);
   amountAfter(sheet);

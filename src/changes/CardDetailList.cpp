@@ -17,7 +17,7 @@ constexpr const char* kNewestDepreciatedOfCard =
     " Where a.sCardID in ( Select  Top 1 sCardID From fa_cards Where fa_cards.sCardNum = a.sCardNum"
     " And  fa_cards.dblTransInDeprTCard<>0 Order By sCardID Desc)";
 
-/// Columns of a list behind the common ones: how each row ends.
+/// Columns of a list after the common ones: how each row ends.
 using RowEnd = std::vector<std::string> (*)(const Recordset& row);
 
 std::vector<std::string> commonCells(const Recordset& row) {

@@ -16,7 +16,7 @@ namespace zelkor {
 
 /// The cards that frmCardDetail offers for a sheet of the kind, below one header row: sCardNum, sAssetNum,
 /// sAssetName, dStartdate, sStyle, then
-/// - 原值增加: ends behind sAssetName;
+/// - 原值增加: ends after sAssetName;
 /// - 使用状况调整: name of the status, sStatusID;
 /// - 累计折旧调整: the value that the next sheet finds;
 /// - 使用年限调整: what the sheet has left, for a card without one lLife;

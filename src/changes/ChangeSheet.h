@@ -8,10 +8,10 @@
 
 namespace zelkor {
 
-/// What is told of a card that is asked for and not there.
+/// What is said of a card that is asked for and not there.
 inline constexpr const char* kCardMissing = "当前卡片已不存在！";
 
-/// A value of a sheet: what its label shows and what stands beside it in the label's Tag.
+/// A value of a sheet: what its label shows and what is beside it in the label's Tag.
 struct ShownValue {
   std::string text;
   std::string tag;  // 使用状况调整: the sStatusID; 部门转移: department codes joined by "/"; else empty
@@ -64,7 +64,7 @@ struct SheetResult {
   };
   Outcome outcome = Outcome::Done;
   std::optional<MessageBox> box;  // what the screen shows, if anything
-  /// Of a save: all rows were written, so that the toolbar stands as after a save, also when the commit or
+  /// Of a save: all rows were written, so that the toolbar is as after a save, also when the commit or
   /// what follows it has failed.
   bool toolbarAsSaved = false;
 

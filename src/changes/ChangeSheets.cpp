@@ -29,7 +29,7 @@ MessageBox savedBox() {
 }
 
 /// Commits what the sheet has written, and with it what follows from the sheet, so that a cut leaves both or
-/// neither. What follows cannot undo the sheet: it stands when that fails.
+/// neither. What follows cannot undo the sheet: it is kept when that fails.
 void commit(Workspace& workspace, const SheetRules& rules, const SheetSaving& saving) {
   std::exception_ptr failure;
   try {

@@ -39,7 +39,7 @@ class ChangeSheets {
   /// The same for a row of cardList, its cells from column 0 on.
   SheetResult pickCard(const std::vector<std::string>& row, ChangeSheet& sheet);
 
-  /// Saves the sheet with the card that was loaded last. The box tells of success too.
+  /// Saves the sheet with the card that was loaded last. The box reports success too.
   SheetResult save(const ChangeSheet& sheet);
 
   /// The most recent stored sheet of this kind, for the key "取消"; nothing when there is none. Raises what

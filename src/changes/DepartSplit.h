@@ -36,7 +36,7 @@ struct SplitRow {
 inline constexpr std::size_t kMostSplitDeparts = 20;
 
 /// What cmdOK does: nothing is told and `split` is filled when the rows make up a split, else the message to
-/// show. `split` is emptied first; it is of use only when nothing is told.
+/// show. `split` is emptied first; it is of use only when nothing is reported.
 std::optional<MessageBox> confirmSplit(const std::vector<SplitRow>& rows, DepartSplit& split);
 
 /// The message for a department that another row than `row` has already; nothing when it may be taken.

@@ -23,7 +23,7 @@ void FrmBalanType::take() {
   const QTreeWidgetItem* item = selectedEntry();
   if (!item) return;
   const std::string caption = fromQt(item->text(0));
-  // The id stands behind the name in brackets, which the name may hold too.
+  // The id comes after the name in brackets, which the name may hold too.
   picked_ = ArchiveEntry{fromQt(tagOf(*item)), caption.substr(0, caption.rfind('['))};
   close();
 }

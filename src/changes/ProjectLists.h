@@ -33,7 +33,7 @@ TextGrid projectList(Database& data, std::string_view classNumber);
 
 /// Where a text is looked for in a project's code and name.
 enum class ProjectMatch { Whole, Content, Right, Left };
-/// Row of the first project behind `row`, going round at the end, whose code or name meets the text without
+/// Row of the first project after `row`, going round at the end, whose code or name meets the text without
 /// regard to case; 0 when none does.
 std::size_t nextProject(const TextGrid& list, std::size_t row, std::string_view text, ProjectMatch match);
 

@@ -86,7 +86,7 @@ class SheetImport {
   ClsBalanType methods_;
 };
 
-/// What no other row could be saved behind: the books are locked, gone, full, or may not be written.
+/// What no other row could be saved after: the books are locked, gone, full, or may not be written.
 bool endsImport(const RuntimeError& error) {
   constexpr std::array kReasons = {ErrorNumber::FileLocked, ErrorNumber::CannotOpenReadOnly,
                                    ErrorNumber::FileNotFound, ErrorNumber::DiskFull, ErrorNumber::DeviceIo};

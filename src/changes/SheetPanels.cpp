@@ -32,7 +32,7 @@ enum EntryLabel : int {
   Lbl62 = 62,
 };
 
-/// Where the values stand that every kind has.
+/// Where the values are that every kind has.
 struct CommonLabels {
   int number;
   int date;
@@ -50,7 +50,7 @@ SheetLabel amount(int number, const char* caption, std::string& (*value)(ChangeS
   return {.number = number, .caption = caption, .text = value, .entry = entry, .isAmount = true};
 }
 
-/// The panel of a kind: `own` stands between the card and the reason, `besideStart` beside the start date.
+/// The panel of a kind: `own` comes between the card and the reason, `besideStart` beside the start date.
 SheetPanel panel(int picture, const CommonLabels& at, std::vector<SheetLabel> besideStart,
                  std::vector<SheetLabel> own) {
   SheetPanel panel{picture, {}, {}, {}};

@@ -28,7 +28,7 @@ struct SheetLabel {
   bool wholeLine = false;
 };
 
-/// What stands where on the sheet of a kind.
+/// What is where on the sheet of a kind.
 struct SheetPanel {
   int picture;  // member of the control array Picture1
   std::vector<SheetLabel> head;

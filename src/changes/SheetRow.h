@@ -9,7 +9,7 @@
 
 namespace zelkor {
 
-/// One change as a row of the file tells it.
+/// One change as a row of the file gives it.
 struct SheetRow {
   std::string kind;
   std::string cardNum;

@@ -83,7 +83,7 @@ void addSheet(const SheetSaving& saving, ChangeKind kind, std::int32_t lOptID, c
   sheets.Update();
 }
 
-// The last number in the order of text: behind ten rows the same number comes again and again.
+// The last number in the order of text: after ten rows the same number comes again and again.
 void addRegisterRow(const SheetSaving& saving) {
   Recordset rows = saving.database.OpenRecordset("Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ");
   const std::string number = rows.Eof() ? "1" : textOfDouble(Val(rows.TextOrEmpty("sID")) + 1);

@@ -37,12 +37,12 @@ struct VersionKeys {
   int optType = 0;
 };
 
-/// The keys behind those of the version shown, as 原值增加 and 使用状况调整 number theirs.
+/// The keys after those of the version shown, as 原值增加 and 使用状况调整 number theirs.
 VersionKeys keysBehind(const CardVersion& card, int optType);
-/// The keys behind the highest sCardID of the table, lOptID being the same number.
+/// The keys after the highest sCardID of the table, lOptID being the same number.
 VersionKeys keysBehindAll(Database& database, int optType);
 
-/// The operation number behind the highest one, which the statement asks for; Null counts as 0.
+/// The operation number after the highest one, which the statement asks for; Null counts as 0.
 std::int32_t operationBehind(Database& database, std::string_view statement);
 
 /// Adds a copy of the version shown that differs in its keys, in what every sheet sets, and in `values`.

@@ -10,7 +10,7 @@ struct TransferKeys {
   VersionKeys receiving;
 };
 
-/// Carries the shares of the departments into fa_DeptScale. The rows are numbered behind the highest
+/// Carries the shares of the departments into fa_DeptScale. The rows are numbered after the highest
 /// operation of that table, which need not be those of the two versions.
 void carryShares(const SheetSaving& saving);
 

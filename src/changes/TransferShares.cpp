@@ -8,7 +8,7 @@
 namespace zelkor {
 namespace {
 
-/// What stands before and behind the first comma.
+/// What comes before and after the first comma.
 std::pair<std::string, std::string> codeAndName(const std::string& text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string::npos) return {text, ""};

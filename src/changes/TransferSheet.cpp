@@ -22,7 +22,7 @@ std::optional<CardVersion> findTyped(Database& database, const CardSearch& searc
                     "='", search.number, "'", " Order By val(fa_Cards.sCardID) Desc"));
 }
 
-// A card can stand twice in the list, by versions whose number it has in common with another card's newest.
+// A card can be twice in the list, by versions whose number it has in common with another card's newest.
 std::optional<CardVersion> findPicked(Database& database, const CardSearch& search, const ListRow& row) {
   if (auto version = versionInForce(database, search.number, search.operatingDate);
       version && transferListRow(database, *version) == row) {

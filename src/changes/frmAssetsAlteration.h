@@ -9,7 +9,7 @@
 
 namespace zelkor {
 
-/// The change sheet of one kind. Its values stand on labels of the array Label1; those that are filled in are
+/// The change sheet of one kind. Its values are on labels of the array Label1; those that are filled in are
 /// covered by txtContent while they are, and have a button cmdMobile where there is something to pick.
 class frmAssetsAlteration final : public SheetForm {
  public:

@@ -8,7 +8,7 @@
 
 namespace zelkor {
 
-/// The texts that stand beside the percentage.
+/// The texts that are beside the percentage.
 constexpr const char* kBackupText = "正在备份 固定资产 帐套月末结账前状态,请稍后";
 constexpr const char* kProcessingText = "正在处理 系统信息";
 /// What is shown before the first table is copied.

@@ -15,7 +15,7 @@ struct CarriedCard {
   std::string monthsUsed;  // at the end of the month; nothing when the card holds Null
 };
 
-/// Null plus one is Null, which stands in a statement as nothing.
+/// Null plus one is Null, which is in a statement as nothing.
 std::string oneMore(const Value& number) {
   return number.isNull() ? std::string() : textOfDouble(number.number() + 1);
 }

@@ -5,7 +5,7 @@
 namespace zelkor {
 
 /// Carries the depreciation ledgers of every card version that no change sheet made into the columns of the
-/// month behind the open one; December goes into column 13. A ledger row's opening total comes from the
+/// month after the open one; December goes into column 13. A ledger row's opening total comes from the
 /// ledgers by department.
 ///
 /// Error 3075 or 3144 where a figure to be carried is Null; the cards before it stay carried.

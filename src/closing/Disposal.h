@@ -7,7 +7,7 @@
 
 namespace zelkor {
 
-/// An asset that is to leave the books, as it stands in the list of disposals.
+/// An asset that is to leave the books, as it is in the list of disposals.
 struct DisposedAsset {
   std::string sCardNum;
   std::string sAssetNum;
@@ -26,7 +26,7 @@ bool refusedBeforeDepreciation(RunContext& run);
 /// ledger's remaining columns cleared, voucher rows staged, a sheet registered. Stops with a message at an
 /// asset whose way is not filled in; false then. What is done stays done.
 ///
-/// Errors: 3021 for a card that has no version in force or lacks a row that the disposal reads, 3134 behind
+/// Errors: 3021 for a card that has no version in force or lacks a row that the disposal reads, 3134 after
 /// the credit row of an asset with a department share, 6 where a figure leaves its range.
 bool disposeOfAssets(RunContext& run, std::span<const DisposedAsset> assets);
 

@@ -40,7 +40,7 @@ void DisposalImport::add(const CsvTableRow& row, const DisposedAsset& asset) {
   rows_.push_back(std::move(added));
 }
 
-// The log's note is written behind the disposal, which may end in an error before the asset has left.
+// The log's note is written after the disposal, which may end in an error before the asset has left.
 bool DisposalImport::dispose(const Row& row, ImportedDisposal& told) {
   const KeptTogether together = context_.dbZKData.keepTogether();
   const auto note = [&] {

@@ -11,13 +11,13 @@ namespace zelkor {
 enum class Counter : int { CardVersion = 1, Operation = 2, SheetEntry = 8, DepartmentShare = 11 };
 
 void raiseCounter(Database& data, Counter counter);
-/// The counter as it stands. It is read behind a raise, although nothing is numbered by it.
+/// The counter as it is. It is read after a raise, although nothing is numbered by it.
 Value readCounter(Database& data, Counter counter);
 
-/// The number behind the highest `sID` of a table, 1 in an empty one.
+/// The number after the highest `sID` of a table, 1 in an empty one.
 std::string nextNumber(Database& data, const char* table);
 
-/// The card version that a disposal adds, as its numbers stand in statements.
+/// The card version that a disposal adds, as its numbers are in statements.
 struct DisposalVersion {
   std::string sCardNum;
   std::string replacedID;  // sCardID of the version in force

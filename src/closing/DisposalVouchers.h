@@ -18,7 +18,7 @@ struct StagedDisposal {
 };
 
 /// Stages the voucher rows of a disposal, numbered from 1: a debit row and a credit row. The statement of the
-/// row behind them is one that the engine rejects, error 3134, and the two stay.
+/// row after them is one that the engine rejects, error 3134, and the two stay.
 void stageDisposal(RunContext& run, const StagedDisposal& disposal);
 
 }  // namespace zelkor

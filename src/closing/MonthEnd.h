@@ -15,9 +15,9 @@ struct MonthEndScreens {
   std::function<void(const std::optional<std::string>& failure)> backupEnded;  // as BackInfo gives it
 };
 
-/// Closes the open month: backs the account set up, tells the reconciliation, carries the ledgers and totals
-/// into the next month, puts options back and tells the person to log in anew. Goes through whatever state
-/// the month is in. No transaction: what was done before a failure stays.
+/// Closes the open month: backs the account set up, reports the reconciliation, carries the ledgers and
+/// totals into the next month, puts options back and asks the person to log in again. Goes through whatever
+/// state the month is in. No transaction: what was done before a failure stays.
 ///
 /// Throws EndProgram when the month is closed; returns when a step failed, which only the error log is told.
 void closeMonth(RunContext& run, const MonthEndScreens& screens);

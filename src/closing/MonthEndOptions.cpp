@@ -13,7 +13,7 @@ struct Option {
   std::string_view cValue;
 };
 
-/// What every closing sets whatever stands there, in this order.
+/// What every closing sets whatever is there, in this order.
 constexpr std::array kStandardValues = {
     Option{"sDeprMethodNum", "2"},
     Option{"bAutoZW", "True"},

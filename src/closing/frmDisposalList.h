@@ -26,7 +26,7 @@ class frmDisposalList : public Form {
   /// The way that was picked last; it counts for every asset of the list.
   const std::string& pickedWay() const { return pickedWay_; }
 
-  /// What is being typed stands in the list by then.
+  /// What is being typed is in the list by then.
   virtual void cmdOK_Click() = 0;
 
  private:

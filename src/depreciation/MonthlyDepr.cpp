@@ -12,7 +12,7 @@ namespace {
 /// operation.
 class Operand {
  public:
-  // NOLINTNEXTLINE(google-explicit-constructor): numbers stand bare in the formulas
+  // NOLINTNEXTLINE(google-explicit-constructor): numbers appear bare in the formulas
   Operand(double number) : number_(number) {}
   explicit Operand(const Value& value) {
     if (!value.isNull()) number_ = value.number();

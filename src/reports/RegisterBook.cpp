@@ -23,7 +23,7 @@ using Grid = ReportGrid<Columns>;
 constexpr int kEntered = 1;  // iOptType of a card as it was entered
 
 /// Digest and running quantity, which only a card as it was entered raises. A version without a digest has no
-/// quantity either, so that the count begins anew below it.
+/// quantity either, so that the count begins again below it.
 void writeQuantity(Grid& grid, std::size_t row, int iOptType) {
   const std::string_view digest = digestOf(iOptType);
   if (digest.empty()) return;

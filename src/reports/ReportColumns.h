@@ -35,7 +35,7 @@ struct ReportColumn {
 ///   };
 ///   constexpr Columns kColumns;
 ///
-/// They stand in the grid in the order of the members.
+/// They are in the grid in the order of the members.
 template <typename Report>
 class ReportColumns {
  public:

@@ -32,7 +32,7 @@ Recordset chosenDepartments(Database& data, const ReportConditions& conditions) 
       " where sParentNum is not null and sParentNum<>'' and  sNum<>'&' order by sNum");
 }
 
-/// The amounts go so many columns behind those of the sum of all categories.
+/// The amounts go so many columns after those of the sum of all categories.
 void writeAmounts(Grid& grid, std::size_t row, std::size_t distance, const LedgerSums& sums) {
   grid.putAmount(row, kColumns.value.behind(distance), sums.value);
   grid.putAmount(row, kColumns.depreciation.behind(distance), sums.depreciation);

@@ -20,12 +20,12 @@ struct WorkbookPart {
   std::string content;
 };
 
-/// All parts but the sheet. The rows from `firstHeader` to `lastHeader`, counted from 1, stand on every page.
+/// All parts but the sheet. The rows from `firstHeader` to `lastHeader`, counted from 1, are on every page.
 std::vector<WorkbookPart> workbookParts(const std::string& sheet, std::size_t firstHeader,
                                         std::size_t lastHeader);
-/// What stands in a sheet before its columns; the rows up to `lastHeader` stay in sight.
+/// The content of a sheet before its columns; the rows up to `lastHeader` stay in sight.
 std::string sheetBeginning(std::size_t lastHeader);
-/// What stands in a sheet behind its rows and merged cells: landscape on A4, as wide as the page.
+/// The content of a sheet after its rows and merged cells: landscape on A4, as wide as the page.
 std::string sheetEnd();
 
 /// A text for HTML and XML, in an attribute in double quotes too.

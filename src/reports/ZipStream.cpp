@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::size_t kPieceSize = 65536;
 constexpr std::uint16_t kVersion = 20;             // of the form, that it takes to read the archive
-constexpr std::uint16_t kSizesFollow = 1U << 3;    // checksum and sizes stand behind the content
+constexpr std::uint16_t kSizesFollow = 1U << 3;    // checksum and sizes come after the content
 constexpr std::uint16_t kFirstOfJanuary1980 = 33;  // archives of one content are alike
 
-/// Little-endian numbers, one behind the other.
+/// Little-endian numbers, one after the other.
 class Bytes {
  public:
   Bytes& two(std::uint64_t number) { return add(number, 2); }

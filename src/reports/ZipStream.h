@@ -9,8 +9,8 @@
 
 namespace zelkor {
 
-/// A zip archive that is written from front to end, into pipes too. What the stream refuses is told by the
-/// stream; error 57 for an archive that is too large for its form (4 GB).
+/// A zip archive that is written from front to end, into pipes too. What the stream refuses is reported by
+/// the stream; error 57 for an archive that is too large for its form (4 GB).
 class ZipStream {
  public:
   explicit ZipStream(std::ostream& out);

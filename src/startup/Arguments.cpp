@@ -12,7 +12,7 @@
 namespace zelkor {
 namespace {
 
-/// Converts a field; the error keeps its number and tells which field it was.
+/// Converts a field; the error keeps its number and says which field it was.
 template <typename Convert>
 auto converted(const std::string& field, const char* caption, Convert convert) {
   try {

@@ -22,11 +22,11 @@ class BusinessClass {
   /// To be set before anything else is called. A file that is open already stays in use until it is closed.
   void setZkDataPath(std::string path) { zkDataPath_ = std::move(path); }
   void CloseZkData() { zkData_.Close(); }
-  /// The first failure since the last call, for whoever has to tell more than that something failed.
+  /// The first failure since the last call, for whoever has to report more than that something failed.
   std::optional<RuntimeError> takeFailure() { return std::exchange(failure_, std::nullopt); }
 
  protected:
-  /// `errorPrefix` stands before the routine names in the error log and ends in a point.
+  /// `errorPrefix` comes before the routine names in the error log and ends in a point.
   BusinessClass(DbEngine& engine, std::string_view errorPrefix)
       : engine_(engine), errorPrefix_(errorPrefix) {}
   ~BusinessClass() = default;

@@ -17,7 +17,7 @@ void startIgnoringFailure(RunContext& context, const RunTypeRow& row, const RunT
   try {
     startRunType(context, row, jobs);
   } catch (const RuntimeError&) {
-    // the statement behind the showing is simply the next one
+    // the statement after the showing is simply the next one
   }
 }
 

@@ -44,7 +44,7 @@ std::string sentenceAbout(const std::optional<JobNote>& holder) {
   return "本账套正在执行" + std::string(job) + who + "，请等它结束后再试。";
 }
 
-/// Imports wait as any writer does. A second run or closing is one too many, also behind the first.
+/// Imports wait as any writer does. A second run or closing is one too many, also after the first.
 std::chrono::milliseconds patienceOf(OnlyJob job) {
   const bool isImport =
       job == OnlyJob::CardImport || job == OnlyJob::SheetImport || job == OnlyJob::Disposals;

@@ -19,7 +19,7 @@ enum class OnlyJob : char {
 /// Does the work while it holds the job lock of the account set, and writes out what it has gathered before
 /// it lets go. Reading and single saves of others go on.
 ///
-/// Where another job holds it, a sentence tells which, whose and since when, and the program ends with status
+/// Where another job holds it, a sentence says which, whose and since when, and the program ends with status
 /// 2 and nothing done. Imports wait for it first, as any writer waits for another one.
 void asOnlyJob(RunContext& run, OnlyJob job, const std::function<void()>& work);
 

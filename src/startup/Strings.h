@@ -9,7 +9,7 @@
 namespace zelkor {
 
 /// Splits `text` into `array`, whose elements start at index 1 (index 0 stays empty). Every field is trimmed
-/// of blanks; the rest behind the last delimiter counts as a field, also when it is empty. The delimiter is
+/// of blanks; the rest after the last delimiter counts as a field, also when it is empty. The delimiter is
 /// found without regard to case.
 ///
 /// With `exact` the upper bound is the number of fields; without it the upper bound is at least 8.
@@ -19,7 +19,7 @@ void SplitString(std::string_view text, std::vector<std::string>& array, std::st
 /// Element of an array filled by SplitString; error 9 outside its bounds.
 const std::string& element(const std::vector<std::string>& array, std::size_t index);
 
-/// Replaces every occurrence of `find`, going on behind the inserted text. "^p" as either argument stands for
+/// Replaces every occurrence of `find`, going on after the inserted text. "^p" as either argument stands for
 /// a carriage return and a line feed. `compare` 0 regards case, 1 does not. Positions are 16-bit numbers:
 /// error 6 beyond 32,767 characters.
 std::string ReplaceString(std::string text, std::string find, std::string replacement, std::int16_t compare);

@@ -23,7 +23,7 @@ std::size_t endOfQuoted(std::string_view text) {
   return 0;
 }
 
-// A server says the type behind a literal: 'x'::citext, '-1'::integer.
+// A server says the type after a literal: 'x'::citext, '-1'::integer.
 std::string_view withoutType(std::string_view text) {
   const std::size_t quoted = endOfQuoted(text);
   const std::size_t colons = text.find("::", quoted);

@@ -10,7 +10,7 @@
 namespace zelkor {
 
 /// Begins a new target under the path: an SQLite file, or, where `conninfo` is not empty, a schema on the
-/// server that it tells how to reach, with the text file that names it. An empty `schema` stands for
+/// server that it describes, with the text file that names it. An empty `schema` stands for
 /// `schemaFor(file)`, `access` is the file's. Errors: 3204 when the file or the schema is there already, 3051
 /// when the file cannot be written, 57 when the server cannot be reached, 13 for a password in `conninfo` or
 /// a name that is none.

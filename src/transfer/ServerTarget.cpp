@@ -20,7 +20,7 @@ std::string withoutNul(std::string_view text) {
   return plain;
 }
 
-/// Hands cells to the server; `cut` tells whether the last one was a text that could not be kept whole.
+/// Hands cells to the server; `cut` says whether the last one was a text that could not be kept whole.
 struct Sending {
   ServerCopy& copy;
   bool cut = false;

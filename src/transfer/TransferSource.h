@@ -15,7 +15,7 @@ namespace zelkor {
 class RowReader {
  public:
   virtual ~RowReader() = default;
-  /// Moves to the next row; false behind the last.
+  /// Moves to the next row; false after the last.
   virtual bool next() = 0;
   /// The cell of the current row in that column of the table, counted from 0.
   virtual CarriedCell cell(std::size_t column) = 0;
@@ -34,7 +34,7 @@ class TransferSource {
   virtual std::int64_t lastCounter(const TableDef& table) = 0;
   /// The revision of the books that the tables are of; 0 where they keep none.
   virtual int booksRevision() = 0;
-  /// What was met so far that cannot be carried as it is; each is told once, however often it is read.
+  /// What was met so far that cannot be carried as it is; each is reported once, however often it is read.
   virtual const std::vector<TransferProblem>& problems() const = 0;
 };
 

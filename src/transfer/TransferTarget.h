@@ -17,7 +17,7 @@ class TransferTarget {
   virtual ~TransferTarget() = default;
   /// Creates the table without its indexes and stores all rows of the reader, in order; gives their number.
   virtual std::int64_t load(const TableDef& table, RowReader& rows) = 0;
-  /// The table's counter goes on behind this number and behind the greatest one that is stored.
+  /// The table's counter goes on after this number and after the greatest one that is stored.
   virtual void continueCounter(const TableDef& table, std::int64_t last) = 0;
   /// Creates an index; gives the engine's reason when the rows do not allow it (a key that comes twice).
   virtual std::optional<std::string> createIndex(const TableDef& table, const IndexDef& index) = 0;
@@ -27,7 +27,7 @@ class TransferTarget {
   virtual void setBooksRevision(int revision) = 0;
   /// Makes everything durable and gives it its name.
   virtual void finish() = 0;
-  /// The values that the engine cannot keep as they came; what it keeps instead is told.
+  /// The values that the engine cannot keep as they came; what it keeps instead is reported.
   virtual const std::vector<TransferProblem>& problems() const = 0;
 };
 

@@ -28,10 +28,10 @@ class CellEditor final : public QWidget {
   void editWithButton(std::size_t row, std::size_t column);
   void editChoice(std::size_t row, std::size_t column, const QStringList& entries);
   bool isOpen() const { return open_; }
-  /// Ends the editing with the text that stands there.
+  /// Ends the editing with the present text.
   void commit();
   void cancel();
-  /// What stands in the editor, for a pick button's routine to read or to replace.
+  /// What is in the editor, for a pick button's routine to read or to replace.
   QString text() const;
   void setText(const QString& text);
 
@@ -41,7 +41,7 @@ class CellEditor final : public QWidget {
   /// The editing has ended with that text, another one or not. Comes before `committed`.
   void ended(std::size_t row, std::size_t column, const QString& text);
   void buttonPressed(std::size_t row, std::size_t column);
-  /// Enter has ended the editing, whether the text is another or not. Comes behind `committed`.
+  /// Enter has ended the editing, whether the text is another or not. Comes after `committed`.
   void entered(std::size_t row, std::size_t column);
 
  protected:

@@ -14,7 +14,7 @@ class Form;
 
 /// What a command is called on the screen, and its name as a control, which is the same unless given.
 struct CommandCaption {
-  // NOLINTNEXTLINE(google-explicit-constructor): captions stand bare in the rows
+  // NOLINTNEXTLINE(google-explicit-constructor): captions appear bare in the rows
   CommandCaption(const char* itsText) : text(itsText), name(itsText) {}
   CommandCaption(const char* itsText, const char* itsName) : text(itsText), name(itsName) {}
 
@@ -31,7 +31,7 @@ struct CommandCaption {
 class Command {
  public:
   Command() = default;
-  // NOLINTNEXTLINE(google-explicit-constructor): rows stand bare in their table
+  // NOLINTNEXTLINE(google-explicit-constructor): rows appear bare in their table
   Command(CommandCaption caption) : caption_(std::move(caption)) {}
   template <typename Routine, typename Condition = std::nullptr_t>
   requires(!std::same_as<Routine, const char*>)

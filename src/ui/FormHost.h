@@ -35,7 +35,7 @@ void callRoutine(Owner& /*owner*/, const Routine& routine, const Arguments&... a
   }
 }
 
-/// What the forms of a process stand on: the run context, the guard around every event routine, and the forms
+/// What the forms of a process need: the run context, the guard around every event routine, and the forms
 /// that are shown.
 class FormHost {
  public:

@@ -22,7 +22,7 @@ namespace zelkor::layout {
 /// A control, a layout within the layout, or empty space.
 class Item {
  public:
-  // NOLINTBEGIN(google-explicit-constructor): items stand bare in the expression
+  // NOLINTBEGIN(google-explicit-constructor): items appear bare in the expression
   Item(QWidget* widget, int stretch = 0) : widget_(widget), stretch_(stretch) {}
   Item(QLayout* inner, int stretch = 0) : layout_(inner), stretch_(stretch) {}
   // NOLINTEND(google-explicit-constructor)

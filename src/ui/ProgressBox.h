@@ -9,7 +9,7 @@ class QProgressBar;
 
 namespace zelkor {
 
-/// The small window that tells how far a long job has come. It cannot be closed by hand.
+/// The small window that shows how far a long job has come. It cannot be closed by hand.
 class ProgressBox final : public QWidget {
  public:
   ProgressBox();

@@ -100,7 +100,7 @@ QString titleOf(const std::string& title) {
 QtDialogs::QtDialogs() = default;
 QtDialogs::~QtDialogs() = default;
 
-/// Where there is no screen nobody can press a button: a box that only tells must not wait for one.
+/// Where there is no screen nobody can press a button: a box that only informs must not wait for one.
 bool QtDialogs::tellsOnStandardError() const {
   const QString platform = QGuiApplication::platformName();
   return platform == "offscreen" || platform == "minimal";

@@ -106,7 +106,7 @@ void SheetEditor::moveBy(int step) {
   openBeside(step);
 }
 
-/// Opens the value `step` places behind the last one that was open, if there is one.
+/// Opens the value `step` places after the last one that was open, if there is one.
 void SheetEditor::openBeside(int step) {
   const auto next = static_cast<std::ptrdiff_t>(at_) + step;
   if (next >= 0 && next < std::ssize(places_)) openAt(static_cast<std::size_t>(next));

@@ -21,7 +21,7 @@ class SheetEditor final : public QObject {
   /// The box is a sibling of what holds the values.
   explicit SheetEditor(QLineEdit* box);
 
-  /// Adds a value behind those that are there. `button` may be nullptr.
+  /// Adds a value after those that are there. `button` may be nullptr.
   void add(QLabel* value, QPushButton* button, Entry entry);
   /// Whether the sheet is being filled in: locked values look printed and cannot be opened.
   void setActive(bool active);
@@ -32,7 +32,7 @@ class SheetEditor final : public QObject {
   void open(const QLabel* value);
   /// Opens the value again that was open last.
   void resume();
-  /// Ends the open value with the text that stands there.
+  /// Ends the open value with the present text.
   void commit();
   void cancel();
   /// Called by who takes a committed text: Enter and Tab go on at this value, not at the next one.

@@ -10,8 +10,8 @@ class QTreeWidgetItem;
 
 namespace zelkor {
 
-/// Fills the tree anew. A row whose parent is not there hangs below the first row, a first row without one is
-/// the root. The order of the rows is kept; a parent may come behind its children.
+/// Fills the tree again. A row whose parent is not there hangs below the first row, a first row without one
+/// is the root. The order of the rows is kept; a parent may come after its children.
 void loadTree(QTreeWidget& tree, std::span<const TreeRow> rows);
 
 /// Adds one more entry below `parent`.

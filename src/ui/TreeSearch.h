@@ -19,7 +19,7 @@ struct TreeSearch {
 
 QTreeWidgetItem* firstMatch(const QTreeWidget& tree, const TreeSearch& search);
 
-/// The match behind the current entry (before it for a negative direction), going round at the ends; nullptr
+/// The match after the current entry (before it for a negative direction), going round at the ends; nullptr
 /// when nothing matches.
 QTreeWidgetItem* nextMatch(const QTreeWidget& tree, const TreeSearch& search, int direction);
 

@@ -29,7 +29,7 @@ QIcon turnIcon(Turn turn) {
   return pixmap;
 }
 
-/// The year stands before the month, and the arrows can be seen.
+/// The year comes before the month, and the arrows can be seen.
 void dressNavigation(QCalendarWidget& calendar) {
   auto* month = calendar.findChild<QToolButton*>("qt_calendar_monthbutton");
   auto* bar = calendar.findChild<QWidget*>("qt_calendar_navigationbar");

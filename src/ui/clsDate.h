@@ -11,7 +11,7 @@ namespace zelkor {
 /// A month calendar inside a form, in Chinese.
 class clsDate {
  public:
-  /// The calendar itself, whose `selectionChanged` tells of another date; nullptr before `Create`.
+  /// The calendar itself, whose `selectionChanged` signals another date; nullptr before `Create`.
   QCalendarWidget* hwnd() const { return hwnd_; }
   void setHwnd(QCalendarWidget* calendar) { hwnd_ = calendar; }
   /// Makes the calendar inside `Parent` unless there is one; gives the width and height that it needs.

@@ -27,7 +27,7 @@ class BatchBilling {
   /// Fills the selection list: one row per staged credit line of the login month that is on no voucher.
   explicit BatchBilling(RunContext& run);
 
-  /// Reads the selection list anew: what is on a voucher now is gone. Rows that are still there keep their
+  /// Reads the selection list again: what is on a voucher now is gone. Rows that are still there keep their
   /// mark and merge number; no lines are loaded then.
   void refresh();
 

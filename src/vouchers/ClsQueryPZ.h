@@ -27,7 +27,7 @@ class ClsQueryPZ {
 
   const std::string& ZkDataPath() const { return zkDataPath_; }
   void setZkDataPath(std::string path) { zkDataPath_ = std::move(path); }
-  /// Opens the data file if it is not open; a missing one is told in a box and gives false.
+  /// Opens the data file if it is not open; a missing one is reported in a box and gives false.
   bool OpenZkData();
   void CloseZkData() { zkData_.Close(); }
 
@@ -53,7 +53,7 @@ int queryPeriodMonth(const std::string& text);
 TextGrid queriedVouchers(Recordset vouchers);
 QueriedVoucher queriedVoucher(const TextGrid& grid, std::size_t row);
 
-/// Deletes the voucher and tells the result; true when the list is to be filled again.
+/// Deletes the voucher and reports the result; true when the list is to be filled again.
 bool deleteQueriedVoucher(RunContext& run, ClsQueryPZ& vouchers, const QueriedVoucher& voucher);
 
 }  // namespace zelkor

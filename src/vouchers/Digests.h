@@ -22,7 +22,7 @@ struct Digest {
 /// Why a digest is not stored.
 enum class DigestRefusal { NewWithoutCode, NewCodeTaken, CodeTaken, WithoutText, UnknownSubject };
 
-/// What a person is told of it.
+/// What a person reads of it.
 std::string_view messageOf(DigestRefusal refusal);
 
 /// The common digests of a database, on a recordset that stays open.

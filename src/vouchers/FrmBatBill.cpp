@@ -128,7 +128,7 @@ void FrmBatBill::ToolPZ() {
   trapped(run(), "FrmBatBill ToolPZ", [this] { showVoucherWindow(host(), billing_.request()); });
 }
 
-/// Shows anew what is staged and not on a voucher.
+/// Shows again what is staged and not on a voucher.
 void FrmBatBill::refresh() {
   mergeInput_->cancel();
   billing_.refresh();

@@ -129,7 +129,7 @@ void FrmEditPZType::leaveCell(std::size_t row, std::size_t column, const QString
   changed_ = true;
 }
 
-/// A choice counts as a change even when it is what stands there: the row is stored again, and "凭证必无"
+/// A choice counts as a change even when it is what is there: the row is stored again, and "凭证必无"
 /// reads as another kind then.
 void FrmEditPZType::ComboDsignType_Click() {
   changed_ = true;
@@ -150,7 +150,7 @@ void FrmEditPZType::moveOn(std::size_t row, std::size_t column) {
   editCell(row, column + 1);
 }
 
-/// True when no editor is open any more. What was refused once is not told again as long as it stands there.
+/// True when no editor is open any more. What was refused once is not reported again as long as it is there.
 bool FrmEditPZType::leaveEditor() {
   if (editor_->isOpen() && refused_ != editor_->text()) editor_->commit();
   return !editor_->isOpen();

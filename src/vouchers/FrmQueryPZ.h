@@ -11,7 +11,7 @@
 
 namespace zelkor {
 
-/// Lists the vouchers of this module that stand in the ledger and deletes one on request.
+/// Lists the vouchers of this module that are in the ledger and deletes one on request.
 class FrmQueryPZ final : public Form {
  public:
   FrmQueryPZ(FormHost& host, const std::string& zkDataPath);

@@ -49,7 +49,7 @@ SubjectFlags subjectFlags(Database& data, std::string_view nodeText);
 /// What is picked with a node: its text is split at the first blank. A text without one picks nothing.
 PickedSubject pickedSubject(std::string_view nodeText);
 
-/// Keeps a subject among the operator's frequently used ones; true when it has come in anew.
+/// Keeps a subject among the operator's frequently used ones; true when it is new among them.
 bool keepSubjectAsUsed(Database& data, std::string_view user, std::string_view code);
 
 }  // namespace zelkor

@@ -12,7 +12,7 @@
 
 namespace zelkor {
 
-/// One entry of a voucher. An entry stands on one side: the other amount is 0.
+/// One entry of a voucher. An entry is on one side: the other amount is 0.
 struct VoucherLine {
   std::string Digest;
   std::string SubjectCode;
@@ -75,7 +75,7 @@ VoucherTotals totalsOf(const Voucher& voucher);
 
 enum class VoucherSide { Debit, Credit };
 
-/// Takes an amount as typed: the line then stands on that side alone; nothing typed is 0. False, with the
+/// Takes an amount as typed: the line then is on that side alone; nothing typed is 0. False, with the
 /// line left as it was, for text that is no amount.
 bool enterAmount(VoucherLine& line, VoucherSide side, std::string_view typed);
 

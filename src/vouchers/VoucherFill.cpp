@@ -64,7 +64,7 @@ void VoucherFill::ShowPZ() {
   if (rows.TextOrEmpty("cDefine1") == "1") {
     bPZmodify_ = true;
     period_ = shortOrZero(rows.Fields("ioutperiod"));
-    // The number of the event is taken for the number of the voucher, as it stands.
+    // The number of the event is taken for the number of the voucher, as it is.
     rows = run_.dbZKData.OpenRecordset(
         sql("select a.*,b.ccode_name from gl_accvouch a left join code b on a.ccode=b.ccode where ino_id=",
             rows.TextOrEmpty("coutno_id"), " and iperiod=", run_.period(), " order by inid"));

@@ -27,9 +27,9 @@ struct WindowVoucher {
 };
 
 /// The work behind the voucher window: fills the voucher of its editor from the staged entries (or from the
-/// ledger, where they stand on a voucher already), answers the editor's requests and saves.
+/// ledger, where they are on a voucher already), answers the editor's requests and saves.
 ///
-/// `localPZ` is the editor's voucher; the editor shows it anew after LoadVouch, EditRequest and Save.
+/// `localPZ` is the editor's voucher; the editor shows it again after LoadVouch, EditRequest and Save.
 class VoucherFill {
  public:
   VoucherFill(RunContext& run, VoucherRequest request, Voucher& localPZ);
@@ -50,7 +50,7 @@ class VoucherFill {
   /// Before a person changes anything: false, after a message, when that is refused. Where it is granted the
   /// voucher is open again and the operator its maker.
   bool EditRequest();
-  /// Writes an entered subject and its name into the line; an unknown one is reported and stands without a
+  /// Writes an entered subject and its name into the line; an unknown one is reported and stays without a
   /// name.
   void SubjectEntered(std::size_t line, const std::string& code);
   /// What every button does before its own work: walks the year's unbooked entries, without effect.

@@ -38,7 +38,7 @@ std::string voucherBalanceText(const VoucherTotals& totals) {
   if (totals.balanced()) return "借贷平衡";
   const bool debitMore = totals.debit > totals.credit;
   const Currency more = debitMore ? totals.difference() : -totals.difference();
-  // With all its decimals: staged amounts have four, and "0.00 more" would tell nothing.
+  // With all its decimals: staged amounts have four, and "0.00 more" would say nothing.
   return (debitMore ? "借贷不平，借方多 " : "借贷不平，贷方多 ") + Format(more, "#,##0.00##");
 }
 

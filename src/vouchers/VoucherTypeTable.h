@@ -44,7 +44,7 @@ class VoucherTypeTable {
   /// Deletes the row, from the archive too when it is stored there; false, with nothing done, when that
   /// fails.
   bool remove(std::size_t row);
-  /// Changes places with the next (previous) row and numbers all rows anew; false at the end of the list.
+  /// Changes places with the next (previous) row and renumbers all rows; false at the end of the list.
   bool moveDown(std::size_t row) { return swapWith(row, row + 1); }
   bool moveUp(std::size_t row) { return swapWith(row, row - 1); }
 
@@ -65,7 +65,7 @@ int storedLimit(std::string_view text);
 /// The codes between commas and semicolons of both widths.
 std::vector<std::string> splitLimitCodes(std::string_view text);
 
-/// The limit's text with a picked code behind it.
+/// The limit's text with a picked code after it.
 std::string withLimitCode(std::string text, std::string_view code);
 
 /// A ready-made set of voucher types, as the preset screen offers it.

@@ -31,7 +31,7 @@ class LocalPZ final : public QFrame, public Voucher {
  public:
   LocalPZ(FormHost& host, QWidget* parent);
 
-  /// Shows the voucher as it stands; what was being typed is given up.
+  /// Shows the voucher as it is; what was being typed is given up.
   void showVoucher();
   /// Ends what is being typed as if the cell had been left.
   void endTyping();

@@ -50,7 +50,7 @@ bool LocalPZ::amountKey(const QKeyEvent& key, Cell cell) {
   return true;
 }
 
-/// A letter opens the cell and is the first that stands there.
+/// A letter opens the cell and is the first that is there.
 bool LocalPZ::gridKey(const QKeyEvent& key) {
   if (lineKey(key) || amountKey(key, currentCell())) return true;
   if (key.key() == Qt::Key_F2) {

@@ -13,7 +13,7 @@
 namespace zelkor {
 
 /// Keeps the common digests of vouchers and gives one back. A cell is edited where it is clicked. A new row
-/// is stored once it has a code and a text; until then it stands in the grid alone.
+/// is stored once it has a code and a text; until then it is in the grid alone.
 class frmPZDigest final : public Form {
  public:
   explicit frmPZDigest(FormHost& host);

@@ -54,7 +54,7 @@ std::string entered(const std::string& line) {
   return given + " ->" + differences(before, sheet.texts) + refusal;
 }
 
-// Each line gives a card and, last, what is entered into one field; behind the arrow stands what the card
+// Each line gives a card and, last, what is entered into one field; after the arrow stands what the card
 // shows otherwise then.
 TEST(CardEditingTest, takesWhatIsEnteredAndCalculatesFromIt) {
   const std::string file = "cards/golden/entries.txt";

@@ -16,7 +16,7 @@ class CardListsTest : public SheetTest {
     execute("update fa_Cards set dblTransInDeprTCard=0 where sCardNum='00002'");
     execute("update fa_Cards set dDisposeDate=#2020-5-1#,dTransDate=#2020-5-1# where sCardNum='00003'");
   }
-  /// The rows without heading, of the columns from the sixth on, behind the card number.
+  /// The rows without heading, of the columns from the sixth on, after the card number.
   Rows list(ChangeKind kind) {
     Rows rows;
     const TextGrid grid = cardDetailList(db(), kind, context.gdOpDate);

@@ -8,7 +8,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// Login in May 2020, on a machine whose clock stands in June.
+/// Login in May 2020, on a machine whose clock is in June.
 class DisposalTest : public ClosingTest {
  protected:
   DisposalTest() {
@@ -65,7 +65,7 @@ TEST_F(DisposalTest, RoundsTiesOfTheLedgersFiguresToTheEvenNumber) {
 TEST_F(DisposalTest, ComesToItsEndWithoutADepartmentShare) {
   dropShares();
   execute("insert into fa_CardsSheets (sID,sCardNum) values ('9','00007')");
-  execute("insert into fa_CardsSheets (sID,sCardNum) values ('10','00007')");  // behind 9 only as a number
+  execute("insert into fa_CardsSheets (sID,sCardNum) values ('10','00007')");  // after 9 only as a number
   execute("update fa_DeprTransactions_Detail set dblDeprT4=3,dblDeprT5=9,dblMonthValue5=7");
   expectDisposal("without-a-share");
 }

@@ -8,7 +8,7 @@
 
 namespace zelkor::test {
 
-/// A card version with what the depreciation looks at; texts go into the statement as they stand.
+/// A card version with what the depreciation looks at; texts go into the statement as they are.
 struct Asset {
   std::string cardNum;
   std::string cardID = cardNum;

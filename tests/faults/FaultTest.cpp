@@ -29,7 +29,7 @@ struct Job {
   std::string job;                   // a run type, or what jobOf calls it
   std::vector<std::string> earlier;  // likewise, those that are done before it; or statements
   const char* told;                  // when its server goes
-  const char* line = nullptr;        // stands in each line that tells of something saved
+  const char* line = nullptr;        // is in each line that reports something saved
   const char* saved = nullptr;       // counts what was saved
 };
 

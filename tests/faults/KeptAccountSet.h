@@ -29,7 +29,7 @@ class KeptAccountSet {
   /// The first cell of a query in the engine's own language.
   std::string ask(const std::string& query) const;
   /// Rows of a table as lines of their cells, in the order in which they were added. Without autonumbers:
-  /// they go on counting behind rows that were written before.
+  /// they go on counting after rows that were written before.
   std::vector<std::string> rows(const std::string& table) const;
   /// See contentOf.
   std::vector<std::string> content(const std::vector<std::string>& without) const;

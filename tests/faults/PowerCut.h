@@ -7,7 +7,7 @@ namespace zelkor::test {
 
 /// What a failure of the power would leave of data files: while it lives, files are opened through a layer
 /// that keeps aside what each held when it was last forced to disk. Make it before a file is opened, and let
-/// it go behind the last one.
+/// it go after the last one.
 class PowerCut {
  public:
   PowerCut();

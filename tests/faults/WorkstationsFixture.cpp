@@ -15,7 +15,7 @@ constexpr const char* kNoteWaits =
     "DO $$ BEGIN EXECUTE format('ALTER DATABASE %I SET deadlock_timeout = %L', current_database(), '20ms'); "
     "EXECUTE format('ALTER DATABASE %I SET log_lock_waits = on', current_database()); END $$";
 
-/// The numbers are all those from 1 on: each was given behind the highest that was there.
+/// The numbers are all those from 1 on: each was given after the highest that was there.
 void expectNoGap(const Lines& numbers, const char* what) {
   std::set<int> given;
   for (const std::string& number : numbers) given.insert(std::stoi(number));

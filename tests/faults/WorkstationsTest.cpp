@@ -160,8 +160,8 @@ constexpr const char* kTableExists = "unsaved|3010";
 constexpr const char* kTableUnknown = "unsaved|3078";
 constexpr const char* kTableGone = "unsaved|3376";
 
-// The list is put together in one table of the data file, which each who looks at it makes anew: at once they
-// get in each other's way, and the program that meets that ends with the engine's error.
+// The list is put together in one table of the data file, which each who looks at it makes again: at once
+// they get in each other's way, and the program that meets that ends with the engine's error.
 TEST_F(WorkstationsTest, DepreciationListsAtOnceDisturbEachOtherOnly) {
   done(import());
   const Told told = runDesks([](RunContext& here, const Workstation::Tell& tell) {

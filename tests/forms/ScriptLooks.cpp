@@ -32,7 +32,7 @@ std::string joined(const Lines& lines, const char* between) {
   return lines.empty() ? "(none)" : text;
 }
 
-/// The lines are those below, or in one line behind the arrow, parted by " / ".
+/// The lines are those below, or in one line after the arrow, parted by " / ".
 void expectLines(const Lines& seen, const Arguments& a) {
   if (a.below.empty()) return expectText(joined(seen, " / "), a.parts.back());
   Lines expected;

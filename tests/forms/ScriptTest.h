@@ -73,9 +73,9 @@ class ScriptTest : public WithForms<VoucherTest> {
   bool acted_ = false;
 };
 
-/// What stands behind a verb.
+/// What follows a verb.
 struct Arguments {
-  std::string option;              // behind a colon in the verb
+  std::string option;              // after a colon in the verb
   std::vector<std::string> parts;  // the rest, parted by arrows
   const std::vector<ScriptLine>& below;
 
@@ -85,7 +85,7 @@ struct Arguments {
   std::vector<std::string> words() const;
   std::string word(std::size_t index) const;
   std::size_t number(std::size_t index) const { return std::stoul(word(index)); }
-  /// The first part behind this many words.
+  /// The first part after this many words.
   std::string behind(std::size_t words) const;
 };
 

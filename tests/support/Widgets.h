@@ -43,7 +43,7 @@ inline void sendKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = 
   QApplication::sendEvent(&widget, &release);
 }
 
-/// Gives the field the focus and types over what stands there, key by key, so that the field's limits count.
+/// Gives the field the focus and types over what is there, key by key, so that the field's limits count.
 inline void type(const QWidget& form, const char* name, const QString& text) {
   auto& field = control<QLineEdit>(form, name);
   field.setFocus();

@@ -63,7 +63,7 @@ TEST_F(CopyTest, GivesTheServerWhatTheProgramsReadInTheFile) {
   EXPECT_TRUE(there.Eof());
 }
 
-// Rows of a table with a counter stand in the order of its numbers, all others as they were added.
+// Rows of a table with a counter are in the order of its numbers, all others as they were added.
 TEST_F(CopyTest, KeepsRowOrderAndLetsCountersGoOn) {
   RawFile source(file_);
   source.run(R"(

@@ -9,7 +9,7 @@ namespace {
 
 using Routine = std::function<void(FormHost&)>;
 
-/// Presses its second button in the course of the routine behind the first one.
+/// Presses its second button in the course of the routine after the first one.
 class NestingForm final : public Form {
  public:
   NestingForm(FormHost& host, Routine inside, Routine afterwards)

@@ -8,7 +8,7 @@
 
 // A company keeps its assets in the module for the whole of 2020, month by month: cards, sheets, the run, the
 // vouchers, disposals and the closing. After each closing the books are compared with those that were
-// reckoned by hand. Set ZELKOR_REWRITE_GOLDEN to write them anew.
+// reckoned by hand. Set ZELKOR_REWRITE_GOLDEN to write them again.
 //
 // What decides most figures: the run takes a card's version with the highest number in the order of text, so
 // that a change of asset 00001 or of one numbered from 10 on counts, and one of 00002 to 00009 counts only
@@ -97,7 +97,7 @@ void april(YearBooks& books) {
   books.makeVoucher("卡片00010", kAssets, kProjects);
 }
 
-// The accumulated depreciation is corrected behind the run and stands until the next one.
+// The accumulated depreciation is corrected after the run and stands until the next one.
 void may(YearBooks& books) {
   books.logIn("2020-05-31");
   books.changeStatus("00010", "12", "季节性停用");
@@ -136,7 +136,7 @@ void july(YearBooks& books) {
 }
 
 // August is worked on in September: the correction goes into that month's column, which the closing fills
-// anew. A voucher of depreciation has no event number, by which the query could delete it.
+// again. A voucher of depreciation has no event number, by which the query could delete it.
 void august(YearBooks& books) {
   books.logIn("2020-08-31", "2020-09-02 09:00:00");
   books.enterWorkload("00012", 95);
@@ -146,7 +146,7 @@ void august(YearBooks& books) {
   books.deleteVoucher("折旧计提", "");
 }
 
-// The run is repeated for the stacker's new method; the vouchers of both runs stand in the ledger.
+// The run is repeated for the stacker's new method; the vouchers of both runs are in the ledger.
 void september(YearBooks& books) {
   books.logIn("2020-09-30");
   books.runMonth();

@@ -132,7 +132,7 @@ void writeValues(std::ostream& out, const Call& call) {
   }
 }
 
-/// The words that may come first, or behind a group's word.
+/// The words that may come first, or after a group's word.
 std::string wordsBehind(std::string_view group) {
   std::string words;
   const auto add = [&words](std::string_view word) { words += std::string(word) + " "; };

@@ -37,7 +37,7 @@ std::string wordProblem(const Parameter& parameter, const std::string& word) {
 class CommandLine {
  public:
   /// With `bySet` the jobs name their account set by --set, otherwise by an argument string: which word
-  /// stands in which place depends on it.
+  /// is in which place depends on it.
   CommandLine(bool bySet, ParsedCall& parsed) : bySet_(bySet), parsed_(parsed) {
     app_.formatter(chineseFormatter());
     app_.option_defaults()->group("选项");
@@ -155,7 +155,7 @@ std::string sentenceOf(const CLI::ParseError& error, const std::vector<std::stri
 }  // namespace
 
 ParsedCall parseCall(int argc, const char* const* argv) {
-  // What stands behind a lone "--" belongs to another call.
+  // What follows a lone "--" belongs to another call.
   const auto* end = std::find_if(argv, argv + argc, [](std::string_view word) { return word == "--"; });
   const bool bySet = std::any_of(
       argv, end, [](std::string_view word) { return word == "--set" || word.starts_with("--set="); });

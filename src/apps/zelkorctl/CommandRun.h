@@ -15,7 +15,7 @@ namespace zelkor {
 /// The run that a job works in.
 struct JobRun {
   std::string arguments;          // the argument string
-  std::optional<DateTime> today;  // where the clock stands; nothing: the system's
+  std::optional<DateTime> today;  // the time of the clock; nothing: the system's
   TerminalDialogs::Options dialogs = {};
 };
 
@@ -26,7 +26,7 @@ int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunCo
 /// The same with the argument string read and both data files open.
 int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work);
 
-/// The file's bytes. Error 3024 tells why it cannot be read.
+/// The file's bytes. Error 3024 says why it cannot be read.
 std::string contentOf(const std::string& path);
 
 }  // namespace zelkor

@@ -11,7 +11,7 @@
 // as RuntimeError.
 namespace zelkor {
 
-/// Creates the account set in files, or on the server that `server` tells how to reach.
+/// Creates the account set in files, or on the server that `server` describes.
 int createCommand(const std::filesystem::path& directory, const std::string& server,
                   const AccountSetOptions& options, std::ostream& output);
 

@@ -45,7 +45,7 @@ std::string lineOf(const ImportedSheet& sheet) {
 }
 
 /// Does the work, and prints the lines that wait where the program is to end in it. After an error nobody
-/// knows which of them are on disk; when the file is given again they are told as saved before.
+/// knows which of them are on disk; when the file is given again they are reported as saved before.
 void tellAtEnd(ToldLines& told, const std::function<void()>& work) {
   try {
     work();

@@ -72,7 +72,7 @@ void writeReport(RunContext& context, const ReportKind& kind, const ReportCondit
   if (file) file->finish();
 }
 
-/// Without its row the report does not tell whose it is.
+/// Without its row the report does not say whose it is.
 void nameUnknownAccount(RunContext& context, std::ostream& problems) {
   if (isAccountKnown(context)) return;
   problems << "系统文件的 za_account 中没有账套“" << context.gstrAccountId << "”，报表不含使用单位\n";

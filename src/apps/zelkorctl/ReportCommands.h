@@ -18,7 +18,7 @@ struct ReportOptions {
 
 /// Computes a report and writes it. What fails leaves what was there, a file of the account set is never
 /// replaced and another one only by force (error 57); a report of that name that is not there, and a
-/// condition that it does not have, is told with those that are, status 2.
+/// condition that it does not have, is named with those that are, status 2.
 int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream& output,
                   std::ostream& problems);
 

@@ -10,7 +10,7 @@
 
 namespace zelkor {
 
-/// A key that the report does not have, or a value that its list or archive does not hold; the text tells
+/// A key that the report does not have, or a value that its list or archive does not hold; the text says
 /// which there are.
 class ConditionRefused : public std::runtime_error {
  public:

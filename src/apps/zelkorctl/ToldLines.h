@@ -9,7 +9,7 @@
 
 namespace zelkor {
 
-/// Lines that tell of rows that are saved, one by one. Each is printed when what it tells is on disk, those
+/// Lines that report saved rows, one by one. Each is printed when what it reports is on disk, those
 /// of a moment together, so that a long file does not wait for the disk at every row.
 class ToldLines {
  public:

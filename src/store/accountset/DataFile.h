@@ -13,7 +13,7 @@ void requireReadable(const std::filesystem::path& path);
 
 /// Opens the engine that the path names: an SQLite file, or a text file that names a schema on a server.
 /// Errors: 3024 missing, 3051 read-only or not a file, 3343 no database, books that a newer program has
-/// renewed, or a real Jet file, for which the text tells how to import it; 57 when the server cannot be
+/// renewed, or a real Jet file, for which the text says how to import it; 57 when the server cannot be
 /// reached. Older books are opened as they are.
 std::unique_ptr<Engine> openDataFile(const std::string& path);
 

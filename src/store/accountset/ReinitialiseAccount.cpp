@@ -77,7 +77,7 @@ void resetTable(Database& data, const ResetTable& table) {
   }
 }
 
-/// Rows 601 to 603 stand outside both statements and so keep their values.
+/// Rows 601 to 603 are outside both statements and so keep their values.
 void resetOptions(Database& data) {
   data.Execute("delete * from AccInformation where cSysID='fa' and cID NOT IN('601','602','603')");
   data.Execute(

@@ -16,7 +16,7 @@ void setParameter(TemplateWriter& writer, const std::string& name, const std::st
   writer.run("UPDATE AccInformation SET cValue = ? WHERE cSysID = 'FA' AND cName = ?", parameters);
 }
 
-/// The wizard's rows with its own choices left as they stand: depreciation on, straight line, automatic
+/// The wizard's rows with its own choices left as they are: depreciation on, straight line, automatic
 /// numbers.
 void setWizardParameters(TemplateWriter& writer, const AccountSetOptions& options) {
   const std::string start = monthBeginText(options.year, options.month);

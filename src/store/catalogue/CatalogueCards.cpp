@@ -7,7 +7,7 @@ namespace zelkor::catalogue {
 std::vector<TableDef> cardTables() {
   return {
       // A version's number is text that counts over all cards. It is no key: a sheet numbers its version
-      // behind the card's own newest one, and a later card can hold that number already. The second column
+      // after the card's own newest one, and a later card can hold that number already. The second column
       // is one that no version needs, since the method-change sheet copies the columns from the third on.
       // Of the indexes that begin alike the last one made is taken: by sCardNum alone the versions of a
       // card come in the order in which they were written, by sCardNum and sCardID in that of the text,

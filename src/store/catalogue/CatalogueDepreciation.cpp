@@ -1,7 +1,7 @@
 #include "store/catalogue/CatalogueNotation.h"
 
 // The depreciation ledgers, the rows of a run, and the monthly totals. A month is a column; month-end writes
-// the month behind the closed one, so that December reaches column 13.
+// the month after the closed one, so that December reaches column 13.
 
 namespace zelkor::catalogue {
 

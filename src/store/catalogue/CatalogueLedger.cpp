@@ -47,7 +47,7 @@ std::vector<TableDef> suiteArchiveTables() {
       suiteTable("ForeignCurrency", "I_Id:counter cExch_Name(20) cExch_Code(10) bcal idec nerror:double"),
       suiteTable("Exch", "I_Id:counter cExch_Name(20) iperiod nflat:double"),
       suiteTable("SettleStyle", "cSSCode(20) cSSName(60) bSSFlag iSSGrade bSSEnd"),
-      // A class of projects names the table of its groups; its projects stand in a table whose name ends in
+      // A class of projects names the table of its groups; its projects are in a table whose name ends in
       // the number of the class.
       suiteTable("fitem", "I_ID:counter citem_class(20) citem_name(60) cClasstable(60)"),
       suiteTable("fitemss", "citem_class(20) " + std::string(projects)),

@@ -57,7 +57,7 @@ std::vector<std::string_view> words(std::string_view text) {
   return result;
 }
 
-/// Cuts the part behind the last `open` off `word`, without a closing character; empty when there is none.
+/// Cuts the part after the last `open` off `word`, without a closing character; empty when there is none.
 std::string_view cutBehind(std::string_view& word, char open, bool closed) {
   const std::size_t at = word.rfind(open);
   if (at == std::string_view::npos) return {};

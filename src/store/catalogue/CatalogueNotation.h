@@ -10,13 +10,13 @@ namespace zelkor::catalogue {
 /// Reads a table from the catalogue's notation: columns between blanks, in table order.
 ///
 /// A column is `name[from..to](size):type=default#`, all but the name optional:
-/// - `[1..12]` stands for one column per month, the number behind the name;
+/// - `[1..12]` stands for one column per month, the number after the name;
 /// - `(20)` is the size of a text, 60 when it is not said;
 /// - `:type` is one of text, memo, short, long, counter, double, currency, date, boolean, binary where the
-///   name's prefix does not tell the type;
+///   name's prefix does not say the type;
 /// - `#` keeps the indexes by which a text that holds a number is ordered as one.
 ///
-/// An index is its columns between blanks, behind `unique` where it is a key.
+/// An index is its columns between blanks, after `unique` where it is a key.
 ///
 /// Prefixes of the module's own tables: s text, i short, l long, dbl double, d date, b boolean, mem memo.
 TableDef moduleTable(std::string_view name, std::string_view columns,

@@ -14,7 +14,7 @@ namespace zelkor {
 /// To change a table, change the catalogue and add a row with the next number; a row that books have been
 /// renewed by stays as it is. `change` is one of
 /// - `table.column`: the column as the catalogue has it, in the table and in its template. An older table
-///   gets it last, so it stands last in the catalogue, too. Existing rows get its default.
+///   gets it last, so it comes last in the catalogue, too. Existing rows get its default.
 /// - `table`: a new table with its indexes, as the catalogue has it.
 /// - any other change to one of the catalogue's tables, as a statement of the dialect: an index, values to be
 ///   filled in.

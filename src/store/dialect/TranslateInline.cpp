@@ -9,7 +9,7 @@
 namespace zelkor::dialect {
 namespace {
 
-// Above every text that goes on behind a prefix.
+// Above every text that goes on after a prefix.
 constexpr std::string_view kLastCodePoint = "\xF4\x8F\xBF\xBF";
 
 std::string dateText(std::string_view text) {

@@ -33,7 +33,7 @@ class BoundQuery final : public Query {
   const EngineWords& engine_;
 };
 
-/// The query that tells whether a text that is read as a number is none; nullopt where no such text is read.
+/// The query that says whether a text that is read as a number is none; nullopt where no such text is read.
 std::optional<std::string> guardQuery(const std::vector<NumberColumn>& columns, const EngineWords& engine);
 
 /// Statements with the constants of `shape` in the places of their parameters.

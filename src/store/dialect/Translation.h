@@ -75,7 +75,7 @@ class Query {
   /// The query, giving first one row key per source (keyed only), then the tie keys, then the output columns
   /// whose indexes are listed. Without TOP in the text where the engine has no ties.
   virtual std::string rows(std::span<const std::size_t> outputColumns, Form form) const = 0;
-  /// For a keyed query: the listed output columns of the one row whose keys are bound behind the slots
+  /// For a keyed query: the listed output columns of the one row whose keys are bound after the slots
   /// (parameter slots.size() + 1 for the first source, and so on; a Null key is an unmatched outer row).
   virtual std::string rowByKey(std::span<const std::size_t> outputColumns) const = 0;
   /// For a keyed query: as `rows` with no output columns, restricted to rows that meet `criteria`, an
@@ -109,7 +109,7 @@ struct Translation {
   /// For messages: the dialect's name of a created index.
   std::string index;
   /// The text holds for these literals only, not for all statements of the shape: whether a column repeats a
-  /// group key or an order key was told by literals in both.
+  /// group key or an order key was given by literals in both.
   bool dependsOnLiterals = false;
 };
 

@@ -17,7 +17,7 @@ using dialect::Literal;
 using dialect::LiteralKind;
 using dialect::ParameterSlot;
 
-// The last code point: above every text that goes on behind a prefix.
+// The last code point: above every text that goes on after a prefix.
 constexpr std::string_view kHighest = "\xF4\x8F\xBF\xBF";
 
 std::string_view withoutTrailingBlanks(std::string_view text) {

@@ -11,7 +11,7 @@ ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns) {
   for (std::size_t i = 0; i < columns.size(); ++i) places_.try_emplace(columns[i].name, i);
 }
 
-// The first and the last letters, without their case: they tell the columns of a table apart.
+// The first and the last letters, without their case: they distinguish the columns of a table.
 std::size_t ColumnNames::Hash::operator()(std::string_view name) const {
   constexpr std::uint64_t kSmallLetters = 0x2020202020202020U;
   constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15U;

@@ -45,11 +45,11 @@ Connection::~Connection() {
   try {
     flush();
   } catch (const RuntimeError&) {
-    // Whoever needs to know has flushed before; a destructor cannot tell.
+    // Whoever needs to know has flushed before; a destructor cannot report.
   }
 }
 
-// Another process may have changed a table since its columns were read: then the names are read anew, once.
+// Another process may have changed a table since its columns were read: then the names are read again, once.
 template <typename Use>
 auto Connection::withStatement(std::string_view sql, Use use) {
   try {

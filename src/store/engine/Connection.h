@@ -20,10 +20,10 @@ namespace zelkor {
 class RecordsetState;
 
 /// The one connection of a process to a data file: runs statements of the dialect, keeps their prepared
-/// forms, gathers writes, and tells recordsets that are still reading to let go before a write.
+/// forms, gathers writes, and makes recordsets that are still reading let go before a write.
 class Connection : public std::enable_shared_from_this<Connection> {
  public:
-  /// `advice` goes behind the text of an error that a table or a column is not there.
+  /// `advice` follows the text of an error that a table or a column is not there.
   explicit Connection(std::unique_ptr<Engine> engine, std::string advice = {});
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -47,7 +47,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
 
   /// Runs a prepared statement that writes, as one statement of its own; gives the rows touched.
   long write(EngineStatement& statement);
-  /// How many statements have written so far: tells a reader that what it has read may be old.
+  /// How many statements have written so far: shows a reader that what it has read may be old.
   std::uint64_t writes() const { return writes_; }
   /// A prepared statement of the engine's own SQL, kept by its text.
   EngineStatement& prepared(const std::string& sql);

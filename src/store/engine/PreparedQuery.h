@@ -22,7 +22,7 @@ struct Projection {
 
 /// The prepared statements of one query shape.
 ///
-/// Recordsets of a keyed query tell which columns are asked for; later runs of the shape deliver just these
+/// Recordsets of a keyed query record which columns are asked for; later runs of the shape deliver just these
 /// along with the row keys, and what else is asked for is read by row key. So a walk over wide rows decodes
 /// what it needs. Other queries deliver every column.
 class PreparedQuery {
@@ -33,7 +33,7 @@ class PreparedQuery {
   const ColumnNames& columnNames() const { return columnNames_; }
   std::span<const dialect::ParameterSlot> slots() const { return slots_; }
 
-  /// A statement on its way through a result, and what it delivers behind the row keys and tie keys.
+  /// A statement on its way through a result, and what it delivers after the row keys and tie keys.
   struct Run {
     std::unique_ptr<EngineStatement> statement;
     std::shared_ptr<const Projection> projection;

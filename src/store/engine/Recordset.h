@@ -50,7 +50,8 @@ class Recordset {
   void CancelUpdate();
   void Delete();
 
-  /// Moves to the first (last) row that meets the criteria, an expression of the dialect; NoMatch tells.
+  /// Moves to the first (last) row that meets the criteria, an expression of the dialect; NoMatch says
+  /// whether.
   void FindFirst(std::string_view criteria);
   void FindLast(std::string_view criteria);
   bool NoMatch() const;

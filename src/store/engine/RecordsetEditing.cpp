@@ -38,7 +38,7 @@ void RecordsetState::update() {
   edit_.reset();
   cachedRow_ = -1;
   if (untouched_ || !newKey || sources() != 1) return;
-  // A new row stands behind the others, and the current row stays current.
+  // A new row comes after the others, and the current row stays current.
   keys_.emplace_back(*newKey);
   ++known_;
   if (atEnd_) current_ = known_;

@@ -170,7 +170,7 @@ void RecordsetState::widenStream() {
     bindSlots(*wider.statement, query_->slots(), literals_);
     if (wider.statement->step() && keysOf(*wider.statement) == keys_) std::swap(run_, wider);
   } catch (const RuntimeError&) {
-    // The statement that goes on meets the same failure and tells of it.
+    // The statement that goes on meets the same failure and reports it.
   }
   query_->giveBack(std::move(wider));
 }

@@ -17,7 +17,7 @@ namespace zelkor {
 
 class Connection;
 
-/// What stands behind a Recordset: a walk over a query's rows.
+/// The state behind a Recordset: a walk over a query's rows.
 ///
 /// It begins by streaming from a statement. When something is about to be written through the connection it
 /// lets go of the statement: of a keyed query it keeps the keys of the remaining rows and reads on by key, of
@@ -31,7 +31,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   RecordsetState& operator=(const RecordsetState&) = delete;
   ~RecordsetState();
 
-  /// Runs the query (again) and stands on its first row.
+  /// Runs the query (again) and moves to its first row.
   void start();
   /// Gives up the statement; see the class.
   void letGo();
@@ -121,7 +121,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   bool currentDeleted_ = false;  // by this recordset: current_ is then the row before it
   bool noMatch_ = false;
   bool keepsStreaming_ = false;
-  std::exception_ptr failure_;  // of the row behind the known ones
+  std::exception_ptr failure_;  // of the row after the known ones
 
   // The columns of the current row that have been read so far, of a keyed query.
   std::vector<Value> cache_;

@@ -18,7 +18,7 @@ namespace zelkor {
 /// One piece of a statement: text that lives elsewhere, or a number in the platform's text form.
 class StatementPiece {
  public:
-  // NOLINTBEGIN(google-explicit-constructor): pieces stand bare between the others
+  // NOLINTBEGIN(google-explicit-constructor): pieces appear bare between the others
   StatementPiece(std::string_view text) : text_(text) {}
   StatementPiece(const std::string& text) : text_(text) {}
   StatementPiece(const char* text) : text_(text) {}
@@ -60,7 +60,7 @@ std::string sql(const Pieces&... pieces) {
   return statement;
 }
 
-/// The day as it stands between the hash signs of a date literal: "2004-4-1", without leading zeros.
+/// The day as it is between the hash signs of a date literal: "2004-4-1", without leading zeros.
 inline std::string dayText(DateTime date) {
   return sql(date.year(), "-", date.month(), "-", date.day());
 }

@@ -41,7 +41,7 @@ class StatementCache {
     std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
   };
   static constexpr std::size_t kMostShapes = 2000;
-  static constexpr std::size_t kBeginning = 24;  // characters that tell most statements apart
+  static constexpr std::size_t kBeginning = 24;  // characters that distinguish most statements
   static constexpr std::size_t kMostAlike = 8;   // samples that begin alike
 
   std::shared_ptr<CachedStatement> recognised(std::string_view sql, dialect::Shape& shape) const;

@@ -35,7 +35,7 @@ class StoredTables {
                                         std::vector<TransferProblem>& problems) = 0;
   /// The default expressions of columns, in the engine's words.
   virtual std::map<std::string, std::string> defaults(const dialect::TableInfo& table) = 0;
-  /// What follows ORDER BY so that rows come as they were added; empty where nothing tells.
+  /// What follows ORDER BY so that rows come as they were added; empty where nothing says.
   virtual std::string rowOrder(const dialect::TableInfo& table) = 0;
   virtual std::int64_t lastCounter(const dialect::TableInfo& table, const std::string& column) = 0;
   /// Views, triggers and the like, which are not carried.

@@ -26,7 +26,7 @@ class WriteGathering {
   /// transaction goes on.
   void writeOut();
   /// The same, and has the engine force to disk what was written since the last time: whoever is told that
-  /// something is saved is told behind this.
+  /// something is saved is told after this.
   void flush();
 
   /// Until as many releases as holds, statements stay gathered however long it takes: a kill leaves all of

@@ -15,7 +15,7 @@ struct AccountHeader {
   std::string unit;  // the company
   std::string currency;
   std::string manager;
-  Value year;  // in which the suite was started; Null where the system file does not tell
+  Value year;  // in which the suite was started; Null where the system file does not say
   Value month;
 };
 

@@ -8,7 +8,7 @@
 
 namespace zelkor {
 
-/// The code in a subject field, which holds "code,name" or a code alone: what stands before the first comma.
+/// The code in a subject field, which holds "code,name" or a code alone: what comes before the first comma.
 /// A comma in the first place does not count.
 std::string subjectCodeOf(std::string_view text);
 

@@ -47,7 +47,7 @@ class Converter {
 
 /// Code page 936 as Windows has it, which is what its users call GBK: the system's GBK lacks the Euro sign
 /// and the places for characters of one's own. GB18030 has the latter where Windows puts them, but would also
-/// take a digit behind half a character for the beginning of a longer one, so it is asked for pairs only.
+/// take a digit after half a character for the beginning of a longer one, so it is asked for pairs only.
 class Gbk {
  public:
   static bool isName(const std::string& charset) {
@@ -114,7 +114,7 @@ class Jet3Decoder : public TextDecoder {
     }
   }
 
-  // Bytes that are ASCII are taken as they stand.
+  // Bytes that are ASCII are taken as they are.
   void requireAscii(const std::string& charset) {
     std::string ascii;
     for (char c = ' '; c < '\x7F'; ++c) ascii.push_back(c);

@@ -73,7 +73,7 @@ Converted realTo(double value, ColumnType type, std::string& buffer) {
     case ColumnType::Double:
       return value;
     case ColumnType::Currency: {
-      // The platform takes 15 digits of a double for its value; what lies behind them is no loss.
+      // The platform takes 15 digits of a double for its value; what lies after them is no loss.
       const Currency currency = Currency::fromDouble(value);
       if (textOfDouble(currency.toDouble()) != textOfDouble(value)) return std::nullopt;
       return currency;

@@ -16,7 +16,7 @@ std::optional<CarriedCell> converted(const CarriedCell& value, dialect::ColumnTy
 /// Whether the value is a number other than 0, which the platform takes for True.
 bool isNumberBeyondZero(const CarriedCell& value);
 
-/// Whether every value of the one type is a value of the other as it stands.
+/// Whether every value of the one type is a value of the other as it is.
 bool holdsAll(dialect::ColumnType type, dialect::ColumnType other);
 
 /// The value as it is shown to people, not too long.

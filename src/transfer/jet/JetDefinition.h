@@ -8,7 +8,7 @@
 
 namespace zelkor::jet {
 
-/// The types of columns by the numbers that stand in the file.
+/// The types of columns by the numbers that are in the file.
 enum class Type : unsigned char {
   Boolean = 1,
   Byte = 2,

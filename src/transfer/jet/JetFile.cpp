@@ -138,7 +138,7 @@ std::vector<PageNumber> JetFile::pagesOf(std::string map) {
 }
 
 // The file's own map marks the free pages; those that it might still grow by are marked, too. What follows
-// the last page that is not free is not missed. The maps of the tables tell the rest where a large file has
+// the last page that is not free is not missed. The maps of the tables give the rest where a large file has
 // its map on pages of their own.
 void JetFile::checkComplete() {
   const std::string map = requiredMap({kFilePages << 8});

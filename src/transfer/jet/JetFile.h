@@ -23,10 +23,10 @@ class JetFile {
   ~JetFile();
 
   const Layout& layout() const { return layout_; }
-  /// The code page that the header tells, which need not be that of the texts.
+  /// The code page that the header gives, which need not be that of the texts.
   int codePage() const;
 
-  /// Whether the file ends within a page; nothing that it tells of lies there.
+  /// Whether the file ends within a page; nothing that it mentions lies there.
   bool endsWithinPage() const { return size_ % layout_.pageSize != 0; }
   /// Whether so many bytes can lie in the file.
   bool holds(std::size_t bytes) const { return bytes <= size_; }

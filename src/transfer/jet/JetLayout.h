@@ -47,7 +47,7 @@ struct Layout {
   std::size_t fixedOffset;
   std::size_t length;
 
-  // Within the entry of an index: what Jet 4 has in front of it, and in front of and behind its flags.
+  // Within the entry of an index: what Jet 4 has in front of it, and in front of and after its flags.
   std::size_t beforeIndex;
   std::size_t beforeIndexFlags;
   std::size_t afterIndexFlags;

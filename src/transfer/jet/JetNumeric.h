@@ -8,7 +8,7 @@
 
 namespace zelkor::jet {
 
-/// A decimal of up to 38 digits as it stands in a row: a sign and four words, the highest first.
+/// A decimal of up to 38 digits as it is in a row: a sign and four words, the highest first.
 class Numeric {
  public:
   static constexpr std::size_t size = 17;

@@ -9,13 +9,13 @@
 
 namespace zelkor::jet {
 
-/// How far the values of a table have been told.
+/// How far the values of a table have been reported.
 struct ToldOfTable {
-  std::int64_t rows = 0;  // that have been read; a second reading tells nothing of them
+  std::int64_t rows = 0;  // that have been read; a second reading reports nothing of them
   bool isCountTold = false;
   int listed = 0;
   std::int64_t unlisted = 0;
-  std::size_t countedAt = 0;  // the problem that tells how many more there are
+  std::size_t countedAt = 0;  // the problem that says how many more there are
 };
 
 /// Keeps what was met. Values are told once, though a table may be read more than once, and are only counted

@@ -54,7 +54,7 @@ bool RowFields::findJet4Offsets() {
 }
 
 // The same with one byte each. A row of more than 256 bytes has jumps between the count and the offsets: for
-// each further 256 bytes the first field that begins behind them. Their number follows from the length of the
+// each further 256 bytes the first field that begins after them. Their number follows from the length of the
 // row, so that the last one may stand for nothing.
 bool RowFields::findJet3Offsets() {
   constexpr std::size_t reach = 256;

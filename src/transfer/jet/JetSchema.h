@@ -26,7 +26,7 @@ struct PlannedTable {
   std::vector<PlannedColumn> columns;  // as in `table`
 };
 
-/// What is told besides: to `problems` what cannot be carried, to `notes` what was added.
+/// What is reported besides: to `problems` what cannot be carried, to `notes` what was added.
 struct PlanNews {
   std::vector<TransferProblem>& problems;
   std::vector<std::string>& notes;

@@ -17,7 +17,7 @@ namespace zelkor {
 /// The tables of a Jet file, laid out as an account set has them.
 class JetSource : public TransferSource {
  public:
-  /// Code page of the texts in Jet 3 files unless another one is told.
+  /// Code page of the texts in Jet 3 files unless another one is given.
   static constexpr const char* kUsualCharset = "GBK";
 
   /// Reads all definitions. An empty `charset` stands for the usual one. Errors as jet::JetFile's, 3343 when

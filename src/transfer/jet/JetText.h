@@ -12,8 +12,8 @@ struct DecodedText {
   bool whole = true;
 };
 
-/// Reads the texts of one file: those of Jet 4 are UTF-16 or its compressed form, those of Jet 3 stand in the
-/// code page of whoever wrote them, which the file does not tell reliably.
+/// Reads the texts of one file: those of Jet 4 are UTF-16 or its compressed form, those of Jet 3 are in the
+/// code page of whoever wrote them, which the file does not say reliably.
 class TextDecoder {
  public:
   virtual ~TextDecoder() = default;

@@ -21,7 +21,7 @@ class ValueReader {
   explicit ValueReader(TextDecoder& texts) : texts_(texts) {}
 
   /// The value in the current row. It may lie in `buffer`, or in the row. What had to be changed or left out
-  /// is told by `complaint` afterwards.
+  /// is reported by `complaint` afterwards.
   CarriedCell read(TableWalk& walk, const Column& column, std::string& buffer);
   /// A sentence about the value that was read last; empty when it is carried as it is.
   const std::string& complaint() const { return complaint_; }

@@ -13,7 +13,7 @@ namespace zelkor::test {
 
 enum class JetVersion : std::uint8_t { Jet3, Jet4 };
 
-/// The column types by the numbers that stand in the file.
+/// The column types by the numbers that are in the file.
 enum class JetType : std::uint8_t {
   Boolean = 1,
   Byte = 2,
@@ -48,7 +48,7 @@ struct JetIndex {
   bool primary = false;
 };
 
-/// Bytes as they are to stand in the file: also for a Text or Memo whose encoding is broken.
+/// Bytes as they are to be in the file: also for a Text or Memo whose encoding is broken.
 struct JetBytes {
   std::string content;
 };

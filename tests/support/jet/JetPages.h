@@ -90,7 +90,7 @@ class UsageMaps {
   /// Stores a map of these pages, in ascending order, and gives the pointer to it.
   std::uint32_t store(const std::vector<std::uint32_t>& pages);
   void finish() { rows_.finish(); }
-  /// The map of the whole file's free pages, those behind its end among them, for page 1.
+  /// The map of the whole file's free pages, those after its end among them, for page 1.
   std::string freePages();
 
  private:

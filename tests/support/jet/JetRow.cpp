@@ -222,7 +222,7 @@ std::string RowPacker::longValue(RowPages& pages, const std::string& value, JetP
   }
 }
 
-/// The parts are written from the last to the first, since each names the one behind it.
+/// The parts are written from the last to the first, since each names the one after it.
 std::string RowPacker::reference(RowPages& pages, const std::string& value) const {
   const std::size_t room = format_.rowRoom() - 4;
   std::uint32_t next = 0;
@@ -247,7 +247,7 @@ void RowPacker::addOffsets(std::string& row, const std::vector<std::size_t>& off
   put(row, offsets.size() - 1, format_.countSize);
 }
 
-/// One byte does not tell how often 256 went by: for each time stands the first offset behind it, or 255
+/// One byte does not say how often 256 went by: for each time stands the first offset after it, or 255
 /// when only the row's own end lies there.
 void RowPacker::addJumps(std::string& row, const std::vector<std::size_t>& offsets,
                          std::size_t maskSize) const {

@@ -14,17 +14,17 @@ bool isLong(const JetColumn& column);   // lies on pages of its own when it is l
 bool isFixed(const JetColumn& column);  // takes the same room in each row
 std::size_t bytesOf(const JetColumn& column, const Format& format);
 
-/// A column and where its values stand in a row.
+/// A column and where its values are in a row.
 struct ColumnPlace {
   JetColumn column;
-  std::size_t fixedOffset = 0;    // behind the count of columns
+  std::size_t fixedOffset = 0;    // after the count of columns
   std::size_t variableIndex = 0;  // variable columns in front of it
 };
 
 std::vector<ColumnPlace> placesOf(std::vector<JetColumn> columns, const Format& format);
 std::size_t variableColumns(const std::vector<ColumnPlace>& places, std::size_t count);
 
-/// Packs the cells of rows as they stand on their page; long values go to pages of their columns.
+/// Packs the cells of rows as they are on their page; long values go to pages of their columns.
 class RowPacker {
  public:
   RowPacker(PageFile& file, TextEncoder& encoder, const std::vector<ColumnPlace>& places);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kPageHead = 8;
 constexpr std::size_t kIndexColumns = 10;
-constexpr std::uint32_t kMark = 1625;  // stands at the head of each part of a Jet 4 definition
+constexpr std::uint32_t kMark = 1625;  // is at the head of each part of a Jet 4 definition
 constexpr std::uint16_t kChinese = 0x0804;
 constexpr std::uint16_t kGbk = 936;
 

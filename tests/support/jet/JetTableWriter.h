@@ -11,7 +11,7 @@
 
 namespace zelkor::test::jet {
 
-/// What stands in front of a table's columns and is known only when its last row is.
+/// What is in front of a table's columns and is known only when its last row is.
 struct TableState {
   std::uint32_t rows = 0;
   std::uint32_t lastCounter = 0;
@@ -29,7 +29,7 @@ struct TableState {
   std::vector<LongMaps> longColumns;
 };
 
-/// A table's definition, which stands on one page or a chain of them.
+/// A table's definition, which is on one page or a chain of them.
 class TableDefinition {
  public:
   TableDefinition(PageFile& file, TextEncoder& encoder, std::vector<JetColumn> columns,

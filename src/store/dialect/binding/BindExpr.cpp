@@ -182,7 +182,7 @@ bound::Select ExprBinder::oneColumn(const Select& select) {
 
 bound::Select ExprBinder::comparedColumn(const Select& select) {
   bound::Select result = oneColumn(select);
-  // A value is among rows or it is not, however often they stand there; engines would sort for nothing.
+  // A value is among rows or it is not, however often they are there; engines would sort for nothing.
   if (!result.top) result.distinct = false;
   bound::Node& column = result.items.front().expr;
   column = caseBlind(std::move(column));

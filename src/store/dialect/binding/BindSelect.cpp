@@ -183,7 +183,7 @@ class SelectBinder {
     }
     const bool ofRows = !result_.select.distinct && !result_.select.aggregated;
     const auto* name = std::get_if<ColumnRef>(&expr.node);
-    // The columns behind a total or behind distinct rows can no longer be named.
+    // The columns after a total or after distinct rows can no longer be named.
     if (!ofRows && name) key.item = itemNamed(*name, items);
     if (key.item) {
       key.expr = caseBlind(items[*key.item].expr);

@@ -20,7 +20,7 @@ namespace zelkor::dialect::bound {
 
 enum class Family : std::uint8_t { Unknown, Text, Number, Date, Boolean, Binary };
 
-/// What is known of a value: Unknown as `type` within the family Number means that the value itself tells.
+/// What is known of a value: Unknown as `type` within the family Number means that the value itself decides.
 struct ValueType {
   ColumnType type = ColumnType::Unknown;
   int size = 0;

@@ -114,8 +114,9 @@ Node inFamily(Node node, Family family) {
   return asNumber(std::move(node));
 }
 
-// The first that is no literal tells what the literals are. Where others are of another family, all are taken
-// to one: a value that were compared as a text with some and as a number with others would miss members.
+// The first that is no literal decides what the literals are. Where others are of another family, all are
+// taken to one: a value that were compared as a text with some and as a number with others would miss
+// members.
 void bringToOneFamily(BindContext& context, Node& value, std::vector<Node>& items) {
   std::vector<Node*> nodes = all(value, items);
   const auto known = std::ranges::find_if(nodes, [](const Node* node) { return !literal(*node); });

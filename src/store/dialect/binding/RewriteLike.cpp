@@ -12,7 +12,7 @@ Node condition(bound::Binary node) {
   return {std::move(node), valueType(ColumnType::Boolean), true};
 }
 
-// The literal behind LIKE when it is a plain prefix followed by one "*". The shape's key tells such literals
+// The literal after LIKE when it is a plain prefix followed by one "*". The shape's key tells such literals
 // from others, so the decision holds for every statement of the shape.
 const bound::Parameter* prefixPattern(const BindContext& context, const Node& pattern) {
   const auto* parameter = std::get_if<bound::Parameter>(&pattern.node);

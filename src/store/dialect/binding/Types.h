@@ -11,7 +11,7 @@ namespace zelkor::dialect {
 bound::Family familyOf(ColumnType type);
 bound::ValueType valueType(ColumnType type, int size = 0);
 bound::ValueType valueType(const ColumnInfo& column);
-/// A number of which only the value tells whether it is whole.
+/// A number of which only the value shows whether it is whole.
 bound::ValueType someNumber();
 
 bool isText(const bound::Node& node);

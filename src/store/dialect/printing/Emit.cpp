@@ -66,7 +66,7 @@ void Emitter::source(const bound::Source& source) {
   }
 }
 
-// The rows of a derived table that stands alone come as they were added, also to First and Last.
+// The rows of a derived table that is alone come as they were added, also to First and Last.
 void Emitter::derived(const bound::Derived& table) {
   const bool ordered = movesRows() && gathered_ != nullptr && takesRowsAsTheyCome(*gathered_);
   text("(");
@@ -148,7 +148,7 @@ void Emitter::orderBy(const bound::Select& select) {
   }
 }
 
-// A part that takes the first rows stands in a query of its own: its order and limit must not reach the
+// A part that takes the first rows is in a query of its own: its order and limit must not reach the
 // whole.
 void Emitter::part(const bound::Select& select, bool named) {
   if (!select.top) return this->select(select, named);
@@ -225,12 +225,13 @@ bool Emitter::latestFirst(const bound::Select& select) {
 }
 
 // Joined rows come as an engine nests its tables, and a changed row may move to another place in its table:
-// the row keys tell the order in which rows were added. It is that of rows which are alike in the ORDER BY,
+// the row keys give the order in which rows were added. It is that of rows which are alike in the ORDER BY,
 // too, the latest first where that descends.
 void Emitter::tableOrder(const bound::Select& select) {
   const bool ordered = !select.orderBy.empty();
   if (select.distinct || !select.unions.empty()) return;
-  if (ordered && select.top && movesRows()) return;  // the ties of the TOP are told by the order keys alone
+  if (ordered && select.top && movesRows())
+    return;  // the ties of the TOP are defined by the order keys alone
   if (select.aggregated || !select.groupBy.empty()) return groupOrder(select);
   const std::vector<std::string> qualifiers = qualifiersOf(select.from);
   if (qualifiers.size() == 1 && !ordered && !movesRows()) return;

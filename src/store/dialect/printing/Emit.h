@@ -14,7 +14,7 @@
 
 namespace zelkor::dialect {
 
-/// Prints bound statements for one engine. What engines share stands here; each override in a derived class
+/// Prints bound statements for one engine. What engines share is here; each override in a derived class
 /// is a real difference of its engine.
 class Emitter {
  public:
@@ -39,7 +39,7 @@ class Emitter {
 
   /// Tells whose rows the aggregates that follow gather.
   void gatherFrom(const bound::Select& select) { gathered_ = &select; }
-  /// A whole SELECT as it stands inside another statement; `named` prints the names of the output columns.
+  /// A whole SELECT as it is inside another statement; `named` prints the names of the output columns.
   void select(const bound::Select& select, bool named);
   /// FROM, WHERE, GROUP BY and HAVING; `also` is a further condition, printed already.
   void tail(const bound::Select& select, std::string_view also = {});
@@ -69,7 +69,7 @@ class Emitter {
   /// The bounds of a BETWEEN, which come in either order; Null when one of them is.
   virtual void bounds(const bound::Between& test) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
-  /// What stands behind THEN or ELSE.
+  /// What follows THEN or ELSE.
   virtual void branch(const bound::Node& node) { expr(node, 0); }
   virtual void aggregate(const bound::Aggregate& node);
   virtual void numberCast(const bound::NumberOfText& node);
@@ -88,7 +88,7 @@ class Emitter {
 
   /// What the tables of FROM are called, in the order in which they stand.
   static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);
-  /// The order in which the rows were added that the aggregates gather; nothing where no table tells.
+  /// The order in which the rows were added that the aggregates gather; nothing where no table says.
   void gatheredOrder();
   /// The first rows with those that are alike, or a hundredth part of them, picked out by their ranks.
   void ranked(const bound::Select& select, bool named);

@@ -69,7 +69,7 @@ bool isWidePunctuation(const char* p, const char* end) {
           (code >= 0xFF3B && code <= 0xFF40 && code != 0xFF3F) || (code >= 0xFF5B && code <= 0xFF65));
 }
 
-/// The lead bytes of wide characters need a closer look; other letters and digits stand in a table.
+/// The lead bytes of wide characters need a closer look; other letters and digits are in a table.
 constexpr std::array<bool, 256> plainWordTable() {
   std::array<bool, 256> table{};
   for (int c = 0; c < 256; ++c) {
@@ -99,7 +99,7 @@ bool isPrefixPattern(std::string_view pattern) {
                       [](char c) { return c == '*' || c == '?' || c == '#' || c == '['; });
 }
 
-/// A keyword behind which an expression or a list of them begins.
+/// A keyword after which an expression or a list of them begins.
 bool opensExpression(const Lexeme& lexeme) {
   if (lexeme.kind != LexemeKind::Word) return false;
   switch (keywordOf(lexeme.source)) {
@@ -117,7 +117,7 @@ bool opensExpression(const Lexeme& lexeme) {
   }
 }
 
-/// A keyword that can stand behind a whole item of an ORDER BY or GROUP BY list.
+/// A keyword that can follow a whole item of an ORDER BY or GROUP BY list.
 bool followsListItem(Keyword keyword) {
   switch (keyword) {
     case Keyword::Asc:

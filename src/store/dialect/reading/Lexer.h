@@ -19,7 +19,7 @@ struct Lexeme {
   bool prefixPattern = false;  // see Literal
   std::string_view source;     // with quotes, hashes or brackets
 
-  /// What stands between the quotes, hashes or brackets.
+  /// What comes between the quotes, hashes or brackets.
   std::string_view inner() const { return source.substr(1, source.size() - 2); }
 };
 
@@ -69,7 +69,7 @@ class Lexer {
   int listDepth_ = -1;  // depth of the parentheses around the ORDER BY or GROUP BY list that is being read
 };
 
-/// The whole statement as tokens, with one of kind End behind the last.
+/// The whole statement as tokens, with one of kind End after the last.
 std::vector<Token> tokenize(std::string_view statement);
 
 }  // namespace zelkor::dialect

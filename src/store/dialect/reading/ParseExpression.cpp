@@ -8,7 +8,7 @@
 namespace zelkor::dialect {
 namespace {
 
-// From the weakest to the strongest. NOT stands between AND and the comparisons, the sign between ^ and *.
+// From the weakest to the strongest. NOT comes between AND and the comparisons, the sign between ^ and *.
 enum Strength : int {
   kImp = 1,
   kEqv,

@@ -62,7 +62,7 @@ class ParserBase {
   /// Counts an operator: a long chain of operators is a deep tree.
   void countOperator();
   std::size_t operators() const { return operators_; }
-  /// Goes on counting from there, for an expression that stands beside the one counted last.
+  /// Goes on counting from there, for an expression that is beside the one counted last.
   void returnToOperators(std::size_t operators) { operators_ = operators; }
   /// The next token begins the piece that an error names.
   void beginPiece() { pieceBegin_ = position_; }

@@ -8,7 +8,7 @@
 
 namespace zelkor::dialect {
 
-/// Recursive descent over one statement. The topics stand in ParseExpression, ParseSelect, ParseFrom,
+/// Recursive descent over one statement. The topics are in ParseExpression, ParseSelect, ParseFrom,
 /// ParseDml and ParseDdl.
 class StatementParser : private ParserBase {
  public:
@@ -20,7 +20,7 @@ class StatementParser : private ParserBase {
   using ParserBase::literals;
 
  private:
-  // Expressions. `minimum` is the weakest operator that may stand at this place, see ParseExpression.
+  // Expressions. `minimum` is the weakest operator that may be at this place, see ParseExpression.
   Expr expression();
   Expr expression(int minimum);
   Expr prefixed();

@@ -72,7 +72,7 @@ char lift(const Lexeme& lexeme, std::vector<Literal>& literals) {
   }
 }
 
-/// Writes the key behind the lexer. What stands in the statement as it shall stand in the key is copied in
+/// Writes the key after the lexer. What is in the statement as it shall be in the key is copied in
 /// runs.
 class KeyWriter {
  public:
@@ -143,7 +143,7 @@ void shapeOf(std::string_view statement, Shape& shape) {
 
 struct ShapeSample::Place {
   std::string_view before;  // the text between the literal before and this one, without the blanks at its end
-  Lexer lexer;              // behind that text
+  Lexer lexer;              // after that text
   bool blankBefore;
   char mark;
 };

@@ -14,7 +14,7 @@ enum class LiteralKind : unsigned char { Text, Number, Date };
 /// hexadecimal number its decimal digits. The sign of a number is an operator and not part of it.
 struct Literal {
   LiteralKind kind{};
-  /// A text directly behind LIKE that is a plain prefix followed by one "*": part of the shape.
+  /// A text directly after LIKE that is a plain prefix followed by one "*": part of the shape.
   bool prefixPattern = false;
   /// A text that ends in a blank: part of the shape.
   bool blankAtEnd = false;
@@ -27,9 +27,9 @@ struct Literal {
 /// A statement without its constants. Two statements with equal keys have one translation and one prepared
 /// statement; they differ only in `literals`.
 ///
-/// The key keeps what translation depends on: the kind of each literal, whether a text literal behind LIKE is
+/// The key keeps what translation depends on: the kind of each literal, whether a text literal after LIKE is
 /// a plain prefix followed by one "*" (such a pattern can use an index), whether a text ends in a blank (such
-/// a text is compared in two forms), the number behind TOP, ordinals, and the numbers of CREATE and ALTER. It
+/// a text is compared in two forms), the number after TOP, ordinals, and the numbers of CREATE and ALTER. It
 /// keeps the spelling of names, since result columns bear it.
 struct Shape {
   std::string key;

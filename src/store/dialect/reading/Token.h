@@ -6,7 +6,7 @@
 
 namespace zelkor::dialect {
 
-/// Words that cannot stand as a name without brackets. Other words of the grammar (PRIMARY, COLUMN, OPTION,
+/// Words that cannot serve as a name without brackets. Other words of the grammar (PRIMARY, COLUMN, OPTION,
 /// ...) mean something only in their places and are names elsewhere.
 enum class Keyword : std::uint8_t {
   None,

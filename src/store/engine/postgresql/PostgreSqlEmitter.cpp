@@ -31,7 +31,7 @@ void PostgreSqlEmitter::firstRows(const bound::Select& select) {
   }
 }
 
-// The order that cuts off the rows must not tell ties apart: the few that are left are ordered once more.
+// The order that cuts off the rows must not separate ties: the few that are left are ordered once more.
 void PostgreSqlEmitter::endOutermost(const bound::Select& select, std::size_t rowKeys) {
   firstRows(select);
   if (!select.top || select.orderBy.empty() || rowKeys == 0) return;
@@ -95,7 +95,7 @@ void PostgreSqlEmitter::cast(ColumnType type) {
 }
 
 // What is constant is computed when a statement is planned, also where it is not wanted, and may fail there:
-// its parameters are hidden from the planner. Only names stand in quotes.
+// its parameters are hidden from the planner. Only names are in quotes.
 void PostgreSqlEmitter::branch(const Node& node) {
   const std::size_t start = out_.size();
   expr(node, 0);

@@ -38,7 +38,7 @@ std::string field(const PGresult* result, int code) {
   return text == nullptr ? std::string() : text;
 }
 
-// Messages come in the server's language; names stand in quotes in all of them.
+// Messages come in the server's language; names are in quotes in all of them.
 std::string quotedName(std::string_view message) {
   const std::size_t open = message.find('"');
   const std::size_t close = message.find('"', open + 1);
@@ -61,7 +61,7 @@ void raiseOwnError(const ServerFailure& failure) {
 }
 
 // "Key (typname, typnamespace)=(yxkp, 16402) already exists.": two sessions make a table of that name at
-// once, and an index over the server's own tables tells the later one.
+// once, and an index over the server's own tables identifies the later one.
 std::string nameMadeAtOnce(const ServerFailure& failure) {
   if (failure.state != "23505" || !failure.table.starts_with("pg_")) return {};
   constexpr std::string_view mark = ")=(";

@@ -94,7 +94,7 @@ bool PostgreSqlLink::takeWritten() {
   return std::exchange(written_, false);
 }
 
-// "Key (snum, lid)=(A1, 2) already exists.": the columns stand in the first parentheses in every language.
+// "Key (snum, lid)=(A1, 2) already exists.": the columns are in the first parentheses in every language.
 std::string PostgreSqlLink::columnsOfKey(const ServerFailure& failure) const {
   const std::size_t open = failure.detail.find('(');
   const std::size_t close = failure.detail.find(")=(");
@@ -127,7 +127,7 @@ void PostgreSqlLink::fail(const pg_result* result) {
   raiseServerError(failure, columnsOfKey(failure));
 }
 
-// The server gives up a whole transaction for one failure; a savepoint keeps what went before. One behind
+// The server gives up a whole transaction for one failure; a savepoint keeps what went before. One after
 // which nothing has been written serves the next statement as well. (A query that writes by a function is
 // part of a change of tables, which is undone as a whole.)
 std::vector<std::string> PostgreSqlLink::preamble() const {
@@ -186,7 +186,7 @@ PgResult PostgreSqlLink::collect() {
   return result;
 }
 
-// Rows that come one by one stand in results of their own; the last result has none.
+// Rows that come one by one are in results of their own; the last result has none.
 void PostgreSqlLink::read(PostgreSqlStream& stream, std::size_t upTo) {
   PgResult result;
   while (PgResult next{PQgetResult(connection_.get())}) {
@@ -299,7 +299,7 @@ void PostgreSqlLink::beginCopy(const std::string& sql) {
   run(sql);
 }
 
-// The server tells of a wrong row at the end only.
+// The server reports a wrong row at the end only.
 void PostgreSqlLink::putCopy(std::string_view rows) {
   if (PQputCopyData(connection_.get(), rows.data(), static_cast<int>(rows.size())) == 1) return;
   fail(nullptr);

@@ -43,7 +43,7 @@ class PostgreSqlRows {
 struct PostgreSqlStream {
   PostgreSqlRows rows;
   bool open = false;           // the server has more to say
-  std::exception_ptr failure;  // of the row behind them
+  std::exception_ptr failure;  // of the row after them
 };
 
 }  // namespace zelkor

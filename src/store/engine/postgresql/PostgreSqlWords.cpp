@@ -23,7 +23,7 @@ class PostgreSqlWords final : public dialect::EngineWords {
   std::string kept(std::string_view name) const override { return asciiLower(name); }
   // Rows have no lasting address of their own, so every table carries a key column.
   std::string_view rowKey() const override { return "\"zk_row\""; }
-  // Without the key among its results the statement would not tell which row it has made.
+  // Without the key among its results the statement would not say which row it has made.
   std::string_view returningRowKey() const override { return " RETURNING \"zk_row\""; }
   std::string_view hiddenColumn() const override {
     return ", \"zk_row\" bigint GENERATED ALWAYS AS IDENTITY";

@@ -20,7 +20,7 @@ std::string copyStatement(const dialect::TableInfo& table) {
   return "COPY " + postgreSqlWords().quoted(table.name) + " (" + columns + ") FROM STDIN (FREEZE)";
 }
 
-// The letter that stands behind a backslash for a character that COPY takes for its own; 0 for others.
+// The letter that comes after a backslash for a character that COPY takes for its own; 0 for others.
 char letterFor(char c) {
   switch (c) {
     case '\\':

@@ -18,7 +18,7 @@ struct ServerFile {
   void write(const std::filesystem::path& path) const;
 };
 
-/// Error 13 for a password in what stands in such a file, or words that libpq does not read: passwords belong
+/// Error 13 for a password in such a file, or words that libpq does not read: passwords belong
 /// where the server's programs look for them.
 void requireNoPassword(const std::string& conninfo);
 

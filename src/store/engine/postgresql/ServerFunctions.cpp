@@ -59,7 +59,7 @@ std::vector<std::string> versionsIn(const std::string& comment) {
 
 }  // namespace
 
-// What was laid down over functions like ours is newer.
+// What was installed over functions like ours is newer.
 bool ServerBooks::hasOwnFunctions() const {
   return std::ranges::find(functions, ownVersion()) != functions.end();
 }

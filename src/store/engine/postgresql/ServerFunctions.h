@@ -10,7 +10,7 @@ namespace zelkor {
 /// What a schema says of the books in it.
 struct ServerBooks {
   int revision = 0;  // 0 where none was written
-  /// The versions of the functions that were laid down there, the present one first.
+  /// The versions of the functions that were installed there, the present one first.
   std::vector<std::string> functions;
 
   /// Whether the functions are this program's, or have come after them.
@@ -21,7 +21,7 @@ struct ServerBooks {
 ServerBooks readServerBooks(PostgreSqlLink& server, const std::string& schema);
 
 /// Lays the functions that translated statements call down in the session's schema, in place of older ones,
-/// whose versions it keeps as told by `before`.
+/// whose versions it keeps as given by `before`.
 void layFunctions(PostgreSqlLink& server, const ServerBooks& before = {});
 
 /// Writes the revision of the books beside the schema.

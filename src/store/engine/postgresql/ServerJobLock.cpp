@@ -11,8 +11,8 @@
 namespace zelkor {
 namespace {
 
-// The upper half of the key tells our locks from those of other programs; the lower one is the schema's
-// number.
+// The upper half of the key distinguishes our locks from those of other programs; the lower one is the
+// schema's number.
 constexpr const char* kKey = "(1516980834::bigint << 32 | oid::bigint)";
 constexpr const char* kOfSchema = " FROM pg_catalog.pg_namespace WHERE nspname = $1";
 constexpr const char* kHolder =

@@ -4,7 +4,7 @@ namespace zelkor::dialect {
 
 using bound::Node;
 
-// Rows come in the wanted order and are read one by one: the reader stops behind the ties of the last row.
+// Rows come in the wanted order and are read one by one: the reader stops after the ties of the last row.
 void SqliteEmitter::endOutermost(const bound::Select& select, std::size_t /*rowKeys*/) {
   if (select.top && select.orderBy.empty()) text(" LIMIT ").text(std::to_string(*select.top));
 }

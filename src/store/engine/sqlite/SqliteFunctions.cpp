@@ -154,7 +154,7 @@ void giveGathered(sqlite3_context* context) {
 
 }  // namespace
 
-// A function of no arguments tells the time; any other gives the same for the same.
+// A function of no arguments returns the time; any other gives the same for the same.
 void registerSqliteFunctions(sqlite3* connection) {
   for (const SqlFunction* function : dialect::sqlFunctions()) {
     const bool gathers = function->gatheredInFile != nullptr;

@@ -32,7 +32,7 @@ std::string indexName(const dialect::TableInfo& table, std::string_view physical
   return std::string(ours ? physical.substr(prefix.size()) : physical);
 }
 
-// Made with the table from what its columns tell.
+// Made with the table from what its columns say.
 bool belongsToColumns(std::string_view name) {
   return name.starts_with("zk_number_") || name.starts_with("zk_odd_");
 }

@@ -65,7 +65,7 @@ TEST_F(ServerTest, KeepsTheSpellingOfNames) {
   EXPECT_EQ(cell("select i_id from thecopy where sNum='2'"), "2") << "the counter goes on in the copy";
 }
 
-// Two sessions give numbers of their own while a third draws them: the counter never goes back behind one of
+// Two sessions give numbers of their own while a third draws them: the counter never goes back after one of
 // them.
 TEST_F(ServerTest, ACounterGoesOnBehindTheGreatestNumberOfAllSessions) {
   std::atomic<int> given = 0;

@@ -25,7 +25,7 @@ bool isDigit(Character character) {
   return character >= '0' && character <= '9';
 }
 
-// `members` stands between the brackets, without the "!".
+// `members` comes between the brackets, without the "!".
 bool contains(std::string_view members, Character character) {
   while (!members.empty()) {
     const Character low = takeCharacter(members);

@@ -51,7 +51,7 @@ constexpr std::string_view kDivideOnServer = R"(BEGIN
   RAISE EXCEPTION USING ERRCODE = 'ZK011';
 END)";
 
-// What is too small to tell from nothing is nothing.
+// What is too small to differ from nothing is nothing.
 constexpr std::string_view kPowerOnServer = R"(BEGIN
   IF a < 0 AND b <> trunc(b) THEN RAISE EXCEPTION USING ERRCODE = 'ZK005'; END IF;
   IF a = 0 THEN

@@ -53,7 +53,7 @@ std::string bodyOf(const SqlFunction& function, std::string_view result) {
   return "sql AS $body$ SELECT (" + body + ")::" + std::string(result) + " $body$";
 }
 
-// A function of no arguments tells the time; any other gives the same for the same.
+// A function of no arguments returns the time; any other gives the same for the same.
 std::string definition(const SqlFunction& function, const std::string& parameters) {
   const std::string_view result = resultType(function.result);
   return "CREATE OR REPLACE FUNCTION " + serverName(function) + "(" + parameters + ") RETURNS " +

@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "forms/Keyboard.h"
 #include "forms/ScriptTest.h"
 #include "ui/UpDown.h"
 
@@ -42,6 +43,11 @@ void fillCell(Test& test, const Arguments& a) {
   box->selectAll();
   typeOn(*box, QString::fromStdString(a.behind(2)));
   sendKeyTo(*box, a.word(1));
+}
+
+/// Key after key on whatever has the focus by then; a window that one of them opens takes the next.
+void strikeAll(Test& test, const Arguments& a) {
+  for (const std::string& keys : Split(a.line, ' ')) strike(test.windowInFront(), keys);
 }
 
 /// Selects several rows.
@@ -144,7 +150,11 @@ const std::map<std::string, Verb>& actionVerbs() {
   static const std::map<std::string, Verb> verbs{
       {"open", [](Test& test, const Arguments& a) { test.enter(openScreen(test, a)); }},
       {"run", startByRunType},
-      {"activate", [](Test& test, const Arguments&) { Test::activate(test.form()); }},
+      {"activate",
+       [](Test& test, const Arguments&) {
+         Test::activate(test.form());
+         awaitKeyboard(test.form());
+       }},
       {"settle",
        [](Test&, const Arguments& a) {
          for (int turn = a.option.empty() ? 1 : std::stoi(a.option); turn > 0; --turn) Test::settle();
@@ -170,6 +180,7 @@ const std::map<std::string, Verb>& actionVerbs() {
          const Key key(a.word(1));
          QTest::keyClick(&test.at(a.word(0)), key.pressed.key(), key.pressed.keyboardModifiers());
        }},
+      {"strike", strikeAll},
       {"fill", fillCell},
       {"mark", markRows},
       {"date", setDate},

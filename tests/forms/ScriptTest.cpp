@@ -3,6 +3,7 @@
 #include <deque>
 
 #include "base/Text.h"
+#include "forms/Keyboard.h"
 #include "support/Paths.h"
 
 namespace zelkor::test {
@@ -11,6 +12,7 @@ ScriptTest::ScriptTest(const Script& script, const ScriptLine& scene) : script_(
   context.gOpArgs.setZkDataPath(context.gstrZtFile);
   context.gOpArgs.setOpDate(context.gdOpDate);
   context.gOpArgs.setUser(context.gstrUser);
+  if (inRealWindow()) dialogs.onShown(answerOnScreen);
 }
 
 void ScriptTest::TestBody() {
@@ -26,6 +28,7 @@ void ScriptTest::play(const std::vector<ScriptLine>& lines) {
     play(line);
     // What was announced before an action has to come by it.
     if (--depth_ == 0 && std::exchange(acted_, false)) {
+      while (inRealWindow() && modalFormsToCome() > 0) settle();
       EXPECT_TRUE(dialogs.allShown()) << "a box is still to come";
     }
   }
@@ -39,7 +42,7 @@ void ScriptTest::play(const ScriptLine& line) {
   const std::size_t colon = std::min(verb.find(':'), verb.size());
   const std::string option = verb.substr(std::min(colon + 1, verb.size()));
   verb.resize(colon);
-  const Arguments arguments{option, partsOf(rest), line.below};
+  const Arguments arguments{option, rest, partsOf(rest), line.below};
   for (const auto* verbs : {&actionVerbs(), &preparingVerbs(), &lookingVerbs()}) {
     const auto found = verbs->find(verb);
     if (found == verbs->end()) continue;
@@ -63,6 +66,11 @@ void ScriptTest::playOn(QWidget& modal, const std::vector<ScriptLine>& lines) {
 QWidget& ScriptTest::form() const {
   if (!forms_.back()) throw std::runtime_error("no screen has been opened");
   return *forms_.back();
+}
+
+QWidget& ScriptTest::windowInFront() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? *modal : form();
 }
 
 std::vector<std::string> Arguments::words() const {

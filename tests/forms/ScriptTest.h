@@ -23,6 +23,8 @@ class ScriptTest : public WithForms<VoucherTest> {
   /// The screen that the lines are about.
   QWidget& form() const;
   void enter(QWidget& screen) { forms_.back() = &screen; }
+  /// The window that a keyboard would write to.
+  QWidget& windowInFront() const;
 
   /// The control of that name, or in that control: "MSFlexGridXZ/TxtInput"; "." is the screen itself, "here"
   /// is what has the focus.
@@ -75,8 +77,9 @@ class ScriptTest : public WithForms<VoucherTest> {
 
 /// What follows a verb.
 struct Arguments {
-  std::string option;              // after a colon in the verb
-  std::vector<std::string> parts;  // the rest, parted by arrows
+  std::string option;              // behind a colon in the verb
+  std::string line;                // the rest
+  std::vector<std::string> parts;  // it, parted by arrows
   const std::vector<ScriptLine>& below;
 
   /// A part, empty where it is left out.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -59,6 +60,9 @@ class ScriptedDialogs final : public Dialogs {
     return *this;
   }
 
+  /// Called with each box that was expected, before it is answered.
+  void onShown(std::function<void(const MessageBox&, Answer)> listener) { shown_ = std::move(listener); }
+
   const std::vector<ShownGrid>& grids() const { return grids_; }
   const std::vector<MessageBox>& boxes() const { return boxes_; }
   bool allShown() const { return expected_.empty() && expectedGrids_ == 0; }
@@ -79,6 +83,7 @@ class ScriptedDialogs final : public Dialogs {
     EXPECT_EQ(box.buttons, expected.box.buttons) << "buttons of: " << box.text;
     EXPECT_EQ(box.icon, expected.box.icon) << "icon of: " << box.text;
     EXPECT_TRUE(box.defaultButton == expected.box.defaultButton) << "default button of: " << box.text;
+    if (shown_) shown_(box, expected.answer);
     return expected.answer;
   }
 
@@ -100,6 +105,7 @@ class ScriptedDialogs final : public Dialogs {
   std::vector<MessageBox> boxes_;
   std::vector<ShownGrid> grids_;
   std::size_t expectedGrids_ = 0;
+  std::function<void(const MessageBox&, Answer)> shown_;
 };
 
 }  // namespace test

@@ -132,17 +132,40 @@ inline void clickCell(FlexGrid& grid, std::size_t row, std::size_t column) {
   emit grid.clicked(grid.cellIndex(row, column));
 }
 
+/// Whether windows come up on a display, in their own time, and keys come from there
+/// (tests/support/with-screen).
+inline bool inRealWindow() {
+  return QGuiApplication::platformName() == "xcb";
+}
+
+/// The modal forms that are still to be opened.
+inline int& modalFormsToCome() {
+  static int count = 0;
+  return count;
+}
+
 /// Does something in the modal form that the next action opens.
 inline void inModalForm(std::function<void(QWidget&)> action) {
-  QTimer::singleShot(0, [action = std::move(action)] {
+  constexpr int kPatience = 2000;
+  auto* look = new QTimer;
+  look->setInterval(inRealWindow() ? 5 : 0);
+  ++modalFormsToCome();
+  const auto act = [look, action = std::move(action), before = QApplication::activeModalWidget(),
+                    tries = inRealWindow() ? kPatience : 1]() mutable {
     QWidget* form = QApplication::activeModalWidget();
+    if (--tries > 0 && (!form || form == before || !form->isActiveWindow())) return;
+    look->stop();
+    look->deleteLater();
+    --modalFormsToCome();
     if (!form) return ADD_FAILURE() << "no modal form is open", void();
     action(*form);
     if (QApplication::activeModalWidget() == form) {
       ADD_FAILURE() << form->objectName().toStdString() << " stays open";
       form->close();
     }
-  });
+  };
+  QObject::connect(look, &QTimer::timeout, act);
+  look->start();
 }
 
 /// Takes an entry in the picker that the next action opens.

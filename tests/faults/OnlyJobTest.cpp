@@ -1,7 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 
+#include <chrono>
+#include <csignal>
 #include <list>
 #include <set>
+#include <thread>
 
 #include "faults/Desk.h"
 #include "faults/WorkstationsFixture.h"
@@ -13,6 +18,8 @@
 // The jobs of which an account set has one at a time.
 namespace zelkor::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 class OnlyJobTest : public WorkstationsFixture {
  protected:
@@ -52,6 +59,44 @@ TEST_F(OnlyJobTest, TheSecondIsToldAndNothingIsWritten) {
     EXPECT_EQ(differenceOf(set.content({}), before), "");
   }
   done(run("8"));
+}
+
+std::set<pid_t> childrenOf(pid_t process) {
+  const std::string name = std::to_string(process);
+  std::ifstream list("/proc/" + name + "/task/" + name + "/children");
+  return {std::istream_iterator<pid_t>(list), {}};
+}
+
+template <typename Condition>
+bool soon(Condition condition) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::yield();
+  }
+  return true;
+}
+
+// A signal reaches all calls at once, those too that are only being begun. Told one by one, all others would
+// wait for one that does not end, and each for the lock in turn.
+TEST_F(OnlyJobTest, ManyCallsEndTogether) {
+  constexpr int calls = 16;
+  ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1), 0);  // an orphan would come to this process
+  const auto lock = holdFor(OnlyJob::MonthlyRun, "");
+  std::string list;
+  for (int i = 0; i < calls; ++i) list += fs::path(set.dataFile()).parent_path().string() + "\n";
+  writeFile(home / "list", list);
+  ProgramRun each(zelkorctlProgram(),
+                  {"each", home / "list", "--jobs", "16", "--", "cards", "import", home / "cards.csv"},
+                  home.path());
+  ASSERT_TRUE(soon([&] { return !childrenOf(each.id()).empty(); }));
+  const pid_t stopped = *childrenOf(each.id()).begin();
+  ::kill(stopped, SIGSTOP);
+  each.signal(SIGTERM);
+  EXPECT_TRUE(soon([&] { return childrenOf(each.id()) == std::set{stopped}; }));
+  ::kill(stopped, SIGCONT);
+  EXPECT_EQ(each.finish().status, 143);
+  EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "an orphan";
 }
 
 // An import waits for a job; single saves, and whoever reads, do not.

@@ -8,6 +8,7 @@
 #include <set>
 #include <thread>
 
+#include "base/LockedFile.h"
 #include "faults/Desk.h"
 #include "faults/WorkstationsFixture.h"
 #include "startup/Main.h"
@@ -59,6 +60,35 @@ TEST_F(OnlyJobTest, TheSecondIsToldAndNothingIsWritten) {
     EXPECT_EQ(differenceOf(set.content({}), before), "");
   }
   done(run("8"));
+}
+
+/// "2020-01-31 09:05:07" of "…，2020-01-31 09:05:07 开始）…".
+std::string sinceOf(const std::string& told) {
+  constexpr std::size_t kLength = 19;
+  const std::size_t end = told.find(" 开始）");
+  return end == std::string::npos || end < kLength ? told : told.substr(end - kLength, kLength);
+}
+
+// Whatever day the job works for, it is told since when others wait.
+TEST_F(OnlyJobTest, TellsTheTimeThatItIs) {
+  prepareRun(context, set.argument("8"));
+  const std::string before = SystemClock().now().toIso();
+  std::string told;
+  asOnlyJob(context, OnlyJob::MonthlyRun, [&] { told = ctl(run("20")).errors; });
+  EXPECT_LE(before, sinceOf(told)) << told;
+  EXPECT_LE(sinceOf(told), SystemClock().now().toIso()) << told;
+}
+
+// What a killed job has left beside the data file is not told of the one that holds it now.
+TEST_F(OnlyJobTest, DoesNotTellOfTheJobBefore) {
+  if (onServer()) GTEST_SKIP() << "a server knows its sessions";
+  const std::string file = set.dataFile() + "-job";
+  writeFile(file, "m 20200131090507 李四");
+  const auto holder = LockedFile::take(file, 0600, LockedFile::Afterwards::Goes);
+  const ProgramResult second = ctl(run("20"));
+  EXPECT_EQ(second.status, 2);
+  EXPECT_NE(second.errors.find("本账套正在执行另一项作业，请等它结束后再试。"), std::string::npos)
+      << second.errors;
 }
 
 std::set<pid_t> childrenOf(pid_t process) {

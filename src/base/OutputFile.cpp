@@ -71,10 +71,6 @@ bool isPipeOrDevice(const fs::file_status& status) {
   }
 }
 
-fs::path folderOf(const fs::path& file) {
-  return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
 /// The number of an open file that the program was started with, where the path is the system's name for it:
 /// its own descriptor is written then, in its place and way (behind the end, into a socket).
 std::optional<int> descriptorOf(const fs::path& file) {
@@ -167,12 +163,14 @@ void OutputFile::finish() {
 
 // A file that has come meanwhile is not replaced unasked; where a file cannot have two names, nothing tells.
 void OutputFile::keep() {
-  if (!options_.replace) {
-    if (::link(beside_.c_str(), file_.c_str()) == 0) return;
-    if (errno == EEXIST) cannotWrite(file_, std::strerror(errno));
+  if (!options_.replace && ::link(beside_.c_str(), file_.c_str()) == 0) {
+    ::unlink(beside_.c_str());
+  } else {
+    if (!options_.replace && errno == EEXIST) cannotWrite(file_, std::strerror(errno));
+    if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
   }
-  if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
   beside_.clear();
+  if (!forceToDisk(folderOf(file_))) cannotWrite(file_, std::strerror(errno));
 }
 
 }  // namespace zelkor

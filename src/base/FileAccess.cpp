@@ -42,19 +42,31 @@ FileAccess accessWithin(const std::filesystem::path& folder) {
   return {kOwner | kGroup, found.st_gid};
 }
 
+std::filesystem::path folderOf(const std::filesystem::path& path) {
+  std::filesystem::path whole = std::filesystem::absolute(path);
+  if (!whole.has_filename()) whole = whole.parent_path();  // "books/"
+  return whole.parent_path();
+}
+
 bool makeFolder(const std::filesystem::path& folder) {
-  const std::filesystem::path above = std::filesystem::absolute(folder).parent_path();
+  const std::filesystem::path above = folderOf(folder);
   struct stat found {};
   const bool shared =
       ::stat(above.c_str(), &found) == 0 && (found.st_mode & S_ISGID) != 0 && (found.st_mode & S_IWGRP) != 0;
   if (::mkdir(folder.c_str(), S_IRWXU) == 0) {
     using std::filesystem::perms;
     if (shared) std::filesystem::permissions(folder, perms::set_gid | perms::owner_all | perms::group_all);
+    forceToDisk(above);
     return true;
   }
   const std::error_code failure(errno, std::generic_category());
   if (std::filesystem::is_directory(folder)) return false;
   throw std::filesystem::filesystem_error("mkdir", folder, failure);
+}
+
+bool forceToDisk(const std::filesystem::path& path) {
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  return !file || ::fsync(file.get()) == 0 || errno == EINVAL;  // a file system that cannot be asked
 }
 
 bool grant(const FileDescriptor& file, const FileAccess& access) {

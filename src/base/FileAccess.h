@@ -36,9 +36,16 @@ FileAccess accessOf(const std::filesystem::path& file);
 /// That of a new file in a folder: the owner's alone unless the folder's group may write there.
 FileAccess accessWithin(const std::filesystem::path& folder);
 
-/// Makes a folder for its owner, or for the group that the folder above hands down (setgid, writable); false
-/// when it is there already. Raises filesystem_error.
+/// The folder that a file or a folder of that path lies in.
+std::filesystem::path folderOf(const std::filesystem::path& path);
+
+/// Makes a folder for its owner, or for the group that the folder above hands down (setgid, writable), and
+/// forces its name to disk; false when it is there already. Raises filesystem_error.
 bool makeFolder(const std::filesystem::path& folder);
+
+/// Forces a file to disk, or the names in a folder; false with `errno` when the disk fails. What may not be
+/// read is left to the system.
+bool forceToDisk(const std::filesystem::path& path);
 
 /// Gives the file that access. A group that cannot be given keeps what strangers have: nobody gets more.
 bool grant(const FileDescriptor& file, const FileAccess& access);

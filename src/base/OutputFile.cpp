@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <ostream>
@@ -70,8 +71,20 @@ bool isPipeOrDevice(const fs::file_status& status) {
   }
 }
 
-fs::path folderOf(const fs::path& file) {
-  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+/// The number of an open file that the program was started with, where the path is the system's name for it:
+/// its own descriptor is written then, in its place and way (behind the end, into a socket).
+std::optional<int> descriptorOf(const fs::path& file) {
+  const std::string name = file.lexically_normal();
+  if (name == "/dev/stdout") return STDOUT_FILENO;
+  if (name == "/dev/stderr") return STDERR_FILENO;
+  for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+    if (!name.starts_with(folder)) continue;
+    int number = -1;
+    const auto [end, failure] =
+        std::from_chars(name.data() + folder.size(), name.data() + name.size(), number);
+    if (failure == std::errc() && end == name.data() + name.size()) return number;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -90,10 +103,11 @@ void cannotWrite(const fs::path& file, const std::string& reason) {
 }
 
 // A link is followed to a pipe or a device alone: who may plant one must not choose what is overwritten.
-OutputFile::OutputFile(fs::path file, const Options& options) : file_(std::move(file)), options_(options) {
+OutputFile::OutputFile(fs::path file, const Options& options)
+    : file_(std::move(file)), descriptor_(descriptorOf(file_)), options_(options) {
   std::error_code ignored;
   const fs::file_status status = fs::status(file_, ignored);
-  direct_ = isPipeOrDevice(status);
+  direct_ = descriptor_ || isPipeOrDevice(status);
   if (direct_) return;
   if (fs::is_symlink(fs::symlink_status(file_, ignored))) {
     cannotWrite(file_, "它是一个链接，请指定文件本身");
@@ -121,6 +135,7 @@ std::ostream& OutputFile::open() {
 }
 
 FileDescriptor OutputFile::openDirectly() const {
+  if (descriptor_) return FileDescriptor(::fcntl(*descriptor_, F_DUPFD_CLOEXEC, 0));
   FileDescriptor file(::open(file_.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
   struct stat found {};
   if (file && ::fstat(file.get(), &found) == 0 && S_ISREG(found.st_mode)) {
@@ -148,12 +163,14 @@ void OutputFile::finish() {
 
 // A file that has come meanwhile is not replaced unasked; where a file cannot have two names, nothing shows.
 void OutputFile::keep() {
-  if (!options_.replace) {
-    if (::link(beside_.c_str(), file_.c_str()) == 0) return;
-    if (errno == EEXIST) cannotWrite(file_, std::strerror(errno));
+  if (!options_.replace && ::link(beside_.c_str(), file_.c_str()) == 0) {
+    ::unlink(beside_.c_str());
+  } else {
+    if (!options_.replace && errno == EEXIST) cannotWrite(file_, std::strerror(errno));
+    if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
   }
-  if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
   beside_.clear();
+  if (!forceToDisk(folderOf(file_))) cannotWrite(file_, std::strerror(errno));
 }
 
 }  // namespace zelkor

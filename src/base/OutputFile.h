@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/FileAccess.h"
@@ -13,7 +14,8 @@ namespace zelkor {
 [[noreturn]] void cannotWrite(const std::filesystem::path& file, const std::string& reason);
 
 /// A file that the program writes for its user. It is written beside its place and takes it when it is whole,
-/// on disk and closed; otherwise what was there stays. A pipe or a device is written directly. Every failure
+/// on disk and closed; otherwise what was there stays. A pipe or a device is written directly, and so is an
+/// open file that the program was given, by the system's name for it (/dev/stdout, /dev/fd/3). Every failure
 /// raises error 57, which names the file.
 class OutputFile {
  public:
@@ -41,7 +43,8 @@ class OutputFile {
   void keep();
 
   std::filesystem::path file_;
-  std::filesystem::path beside_;  // empty for a pipe or a device
+  std::filesystem::path beside_;  // empty where it is written directly
+  std::optional<int> descriptor_;
   Options options_;
   bool direct_ = false;
   std::unique_ptr<Stream> stream_;

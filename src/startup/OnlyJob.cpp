@@ -52,7 +52,8 @@ std::chrono::milliseconds patienceOf(OnlyJob job) {
 }
 
 std::unique_ptr<JobLock> lockFor(RunContext& run, OnlyJob job) {
-  const JobNote note{.kind = static_cast<char>(job), .since = run.clock.now(), .user = run.gstrUser};
+  // Others wait by the time that it is, whatever day the run works for.
+  const JobNote note{.kind = static_cast<char>(job), .since = SystemClock().now(), .user = run.gstrUser};
   const auto end = std::chrono::steady_clock::now() + patienceOf(job);
   while (true) {
     JobLockAttempt attempt = run.dbZKData.lockForJob(note);

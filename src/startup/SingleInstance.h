@@ -11,7 +11,8 @@ namespace zelkor {
 /// The lock by which one user runs one copy of the module on a machine at a time. It goes with the process.
 class SingleInstance {
  public:
-  /// Takes the lock; false when another process holds it. Error 57 when there is no place for it.
+  /// Takes the lock; false when another process holds it. Errors as `LockedFile::take`, and 57 when there is
+  /// no place for it.
   bool acquire();
 
  private:

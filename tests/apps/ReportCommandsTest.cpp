@@ -171,6 +171,29 @@ TEST_F(ReportCommandsTest, LeavesTheAccountSetAlone) {
   EXPECT_EQ(row("select count(*) from fa_Cards"), "1");
 }
 
+/// Redirected by the shell, the output is written as the shell has opened it, unless it is the books.
+TEST_F(ReportCommandsTest, WritesToWhereTheOutputWasRedirected) {
+  const auto redirected = [&](const std::string& out, const std::string& to) {
+    const std::string call = std::string("\"$0\" report \"$1\" 固定资产总账 --out ") + out + " " + to;
+    return ProgramRun("/bin/sh", {"-c", call, zelkorctlProgram(), arguments()}, directory.path()).finish();
+  };
+  const std::string report = run(options("固定资产总账")).output;
+  const std::string log = file("log").string();
+  const std::pair<std::string, std::string> calls[] = {{"/dev/stdout", ">>" + log},
+                                                       {"/dev/stderr", "2>>" + log},
+                                                       {"/dev/fd/3", "3>>" + log},
+                                                       {"/dev/fd/3", "3>&1 | cat >>" + log}};
+  std::string written;
+  for (const auto& [out, to] : calls) {
+    EXPECT_EQ(redirected(out, to).status, 0) << out;
+    EXPECT_EQ(readFile(log), written += report) << out << to;
+  }
+  const std::string own = file("ZkSystem.Mdb").string();
+  const std::string before = readFile(own);
+  EXPECT_EQ(redirected("/dev/stdout", ">>" + own).status, 1);
+  EXPECT_EQ(readFile(own), before);
+}
+
 TEST_F(ReportCommandsTest, ReplacesAFileByForceAlone) {
   ReportOptions asked = options("固定资产总账");
   asked.file = file("report").string();

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <ostream>
@@ -65,6 +66,20 @@ TEST_F(OutputFileTest, WritesIntoAPipe) {
   reader.join();
   EXPECT_EQ(read, "new");
   EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+/// An open file that the program was given is written where it stands, not replaced and not from its
+/// beginning.
+TEST_F(OutputFileTest, WritesIntoWhatIsOpen) {
+  writeFile(folder / "log", "before, ");
+  const FileDescriptor log(::open((folder / "log").c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
+  const std::string number = std::to_string(log.get());
+  EXPECT_EQ(write("/dev/fd/" + number), 0);
+  EXPECT_EQ(write("/proc/self/fd/" + number), 0);
+  EXPECT_EQ(readFile(folder / "log"), "before, newnew");
+  EXPECT_EQ(write("/dev/fd/987"), 57);
+  fs::create_symlink("/dev/fd/" + number, folder / "planted");
+  EXPECT_EQ(write(folder / "planted"), 57);
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ class ProgramRun {
   /// Gives what it has printed until then.
   ProgramResult kill();
   void signal(int number);
+  pid_t id() const { return process_; }
   /// Kills it when it has run for this long.
   ProgramResult killAfter(std::chrono::microseconds delay);
   /// Closes the reading end of its standard output.

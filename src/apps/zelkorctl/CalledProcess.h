@@ -1,47 +1,45 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <chrono>
+#include <cstddef>
+#include <memory>
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace zelkor {
 
 struct CalledResult {
-  int status = 0;  // 128 and the signal's number where one has ended it
+  std::string name;  // that the process was given
+  int status = 0;    // 128 and the signal's number where one has ended it
   std::string output;
   std::string errors;
   std::chrono::steady_clock::duration time{};
 };
 
-/// This program once more, in a process of its own with other words and no input. It is told to end when this
-/// object, or the whole program, goes before it.
-class CalledProcess {
+/// Runs of this program with other words, under way at once, each a process of its own with no input. They
+/// are told to end when the whole program goes before them.
+class CalledProcesses {
  public:
-  /// Error 57 when the system gives none.
-  explicit CalledProcess(const std::vector<std::string>& words);
-  CalledProcess(CalledProcess&& other) noexcept
-      : process_(std::exchange(other.process_, -1)),
-        output_(std::exchange(other.output_, -1)),
-        errors_(std::exchange(other.errors_, -1)),
-        start_(other.start_) {}
-  CalledProcess& operator=(CalledProcess&&) = delete;
-  ~CalledProcess();
+  CalledProcesses();
+  CalledProcesses(const CalledProcesses&) = delete;
+  CalledProcesses& operator=(const CalledProcesses&) = delete;
+  /// Tells all that are left to end, and waits for them; after 15 s they are killed.
+  ~CalledProcesses();
 
-  pid_t id() const { return process_; }
-  /// Once the process has ended; see waitForAny.
-  CalledResult result();
+  std::size_t count() const { return processes_.size(); }
+  /// Error 57 when the system gives no process.
+  void begin(const std::string& name, const std::vector<std::string>& words);
+  /// Waits until one of them has ended and takes it out; nullopt when a signal has come first.
+  std::optional<CalledResult> next();
 
  private:
-  pid_t process_ = -1;
-  int output_ = -1;
-  int errors_ = -1;
-  std::chrono::steady_clock::time_point start_;
-};
+  struct Process;
+  using Processes = std::vector<std::unique_ptr<Process>>;
 
-/// Waits until one of the processes has ended, without taking its result; -1 when a signal came first.
-pid_t waitForAny();
+  Processes::iterator waitForOne(int orFor, std::chrono::milliseconds atMost);
+
+  Processes processes_;
+};
 
 }  // namespace zelkor

@@ -4,7 +4,6 @@
 #include <chrono>
 #include <filesystem>
 #include <iomanip>
-#include <list>
 #include <ostream>
 #include <sstream>
 #include <thread>
@@ -101,13 +100,8 @@ class Queue {
   std::size_t run(std::ostream& output, std::ostream& problems);
 
  private:
-  struct Running {
-    std::string set;
-    CalledProcess process;
-  };
-
   void begin();
-  bool tell(const std::string& set, const CalledResult& result, std::ostream& output, std::ostream& problems);
+  bool tell(const CalledResult& result, std::ostream& output, std::ostream& problems);
 
   const std::vector<std::string>& words_;
   bool givesSet_;
@@ -115,7 +109,7 @@ class Queue {
   std::size_t atOnce_;
   std::size_t begun_ = 0;
   std::size_t ended_ = 0;
-  std::list<Running> running_;
+  CalledProcesses running_;
 };
 
 void Queue::begin() {
@@ -123,32 +117,27 @@ void Queue::begin() {
   std::vector<std::string> words;
   for (const std::string& word : words_) words.push_back(withSet(word, set));
   if (givesSet_) words.insert(words.end(), {"--set", set});
-  running_.emplace_back(set, CalledProcess(words));
+  running_.begin(set, words);
 }
 
-bool Queue::tell(const std::string& set, const CalledResult& result, std::ostream& output,
-                 std::ostream& problems) {
-  output << '[' << ++ended_ << '/' << sets_.size() << "] " << set << "  状态 " << result.status << "  "
-         << secondsText(result.time) << '\n';
+bool Queue::tell(const CalledResult& result, std::ostream& output, std::ostream& problems) {
+  output << '[' << ++ended_ << '/' << sets_.size() << "] " << result.name << "  状态 " << result.status
+         << "  " << secondsText(result.time) << '\n';
   if (result.status != 0) output << indented(result.output);
   output.flush();
-  if (!result.errors.empty()) problems << set << "：\n" << indented(result.errors) << std::flush;
+  if (!result.errors.empty()) problems << result.name << "：\n" << indented(result.errors) << std::flush;
   return result.status == 0;
 }
 
 std::size_t Queue::run(std::ostream& output, std::ostream& problems) {
   std::size_t failed = 0;
-  while (begun_ < sets_.size() || !running_.empty()) {
+  while (begun_ < sets_.size() || running_.count() > 0) {
     goOnUnlessSignalled();
-    while (begun_ < sets_.size() && running_.size() < atOnce_) begin();
-    const pid_t ended = waitForAny();
-    const auto one =
-        std::ranges::find_if(running_, [&](const Running& running) { return running.process.id() == ended; });
-    if (one == running_.end()) continue;
-    const CalledResult result = one->process.result();
-    const std::string set = one->set;
-    running_.erase(one);
-    if (!tell(set, result, output, problems)) ++failed;
+    if (begun_ < sets_.size() && running_.count() < atOnce_) {
+      begin();
+    } else if (const auto result = running_.next()) {
+      if (!tell(*result, output, problems)) ++failed;
+    }
   }
   return failed;
 }

@@ -39,7 +39,11 @@ NewFile::~NewFile() {
 void NewFile::giveName() {
   requireAbsent(path_);
   std::error_code failure;
-  fs::rename(temporary_, path_, failure);
+  if (forceToDisk(temporary_))
+    fs::rename(temporary_, path_, failure);
+  else
+    failure.assign(errno, std::generic_category());
+  if (!failure && !forceToDisk(folderOf(path_))) failure.assign(errno, std::generic_category());
   if (failure)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "无法写入文件 '" + path_.string() + "'：" + failure.message());

@@ -5,8 +5,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "base/LockedFile.h"
 
@@ -31,24 +29,14 @@ std::string lockPathOf(const std::string& dataFile) {
 }
 
 /// Who may write the data file may lock it, and nobody else. Needed where the process may not: no matter.
-void shareAmongWriters(int lock, const struct stat& data, mode_t mode) {
+void shareAmongWriters(const FileDescriptor& lock, const struct stat& data, mode_t mode) {
   const bool isRoot = ::geteuid() == 0;
-  if (isRoot && ::fchown(lock, data.st_uid, data.st_gid) != 0) return;
-  if (::fchmod(lock, mode) != 0) return;
+  if (isRoot && ::fchown(lock.get(), data.st_uid, data.st_gid) != 0) return;
+  grant(lock, {.mode = mode, .group = data.st_gid});
 }
 
-void write(const LockedFile& file, const std::string& text) {
-  // The lock counts, not the words: what does not fit on a full disk is left out.
-  if (::ftruncate(file.descriptor(), 0) != 0) return;
-  if (::pwrite(file.descriptor(), text.data(), text.size(), 0) < 0) return;
-}
-
-std::optional<JobNote> readNote(const std::string& path) {
-  constexpr std::size_t kLongest = 200;
-  std::ifstream file(path, std::ios::binary);
-  std::string text(kLongest, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(file.gcount()));
+std::optional<JobNote> noteOfHolder(const std::string& path) {
+  std::string text = LockedFile::toldBy(path);
   std::ranges::replace_if(
       text, [](unsigned char c) { return c < ' '; }, '?');
   return noteOfText(text);
@@ -62,9 +50,9 @@ JobLockAttempt lockFileForJob(const std::string& dataFile, const JobNote& note) 
   ::stat(dataFile.c_str(), &data);
   const mode_t mode = (data.st_mode & kWriters) | (data.st_mode & kWriters) << 1U | S_IRUSR | S_IWUSR;
   auto file = LockedFile::take(path, mode, LockedFile::Afterwards::Goes);
-  if (file == nullptr) return {.lock = nullptr, .holder = readNote(path)};
+  if (file == nullptr) return {.lock = nullptr, .holder = noteOfHolder(path)};
   shareAmongWriters(file->descriptor(), data, mode);
-  write(*file, textOfNote(note));
+  file->tell(textOfNote(note));
   return {.lock = std::make_unique<FileJobLock>(std::move(file)), .holder = std::nullopt};
 }
 

@@ -8,7 +8,8 @@ namespace zelkor {
 
 /// Takes the job lock of a data file: a locked file beside it, which says who has it and goes with the lock.
 /// (A lock on the data file itself would be lost, and lose those of the engine, with the first descriptor of
-/// it that the process closes.) Error 57 where no file can be made.
+/// it that the process closes.) Where no file can be made, the error says why: disk full, read-only, no
+/// right.
 JobLockAttempt lockFileForJob(const std::string& dataFile, const JobNote& note);
 
 }  // namespace zelkor

@@ -77,7 +77,7 @@ class ScriptTest : public WithForms<VoucherTest> {
 
 /// What follows a verb.
 struct Arguments {
-  std::string option;              // behind a colon in the verb
+  std::string option;              // after a colon in the verb
   std::string line;                // the rest
   std::vector<std::string> parts;  // it, parted by arrows
   const std::vector<ScriptLine>& below;

@@ -21,7 +21,8 @@ void benchTotals(const LargeAccountSet& set);
 /// per card.
 double benchSaveCard(const LargeAccountSet& set);
 
-/// The import of a register of that many cards into the set against its floor; prints one line.
+/// The import of a register of that many cards, or of as many as find a number, into the set against its
+/// floor; prints one line.
 void benchCardImport(const LargeAccountSet& set, long cards);
 
 /// Saving change sheets of every kind, from the card's loading to the commit, in a small and a large set;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <sstream>
 #include <stdexcept>
@@ -15,6 +16,7 @@ namespace {
 constexpr int kCards = 200;
 constexpr int kFirst = 900000;
 constexpr int kRounds = 7;
+constexpr long kLastNumber = 99999;  // numbers of cards have five digits
 
 /// Saves cards with numbers from `first` on; false when one was refused.
 bool saveCards(ClsBLLFACards& store, int first) {
@@ -113,7 +115,10 @@ double benchSaveCard(const LargeAccountSet& set) {
   return perCard;
 }
 
-void benchCardImport(const LargeAccountSet& set, long cards) {
+void benchCardImport(const LargeAccountSet& set, long wanted) {
+  const long cards = std::min(wanted, kLastNumber - set.cards());
+  if (cards < wanted)
+    std::printf("import of cards   %7ld cards at most: their numbers have five digits\n", cards);
   const std::string csv = sampleRegister(cards);
   std::vector<double> rounds;
   std::vector<double> floors;

@@ -1,5 +1,6 @@
 #include "store/accountset/DbEngine.h"
 
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <utility>
@@ -21,13 +22,20 @@ std::string identityOf(const std::string& path) {
 
 }  // namespace
 
+// What fails for one connection is done for the others all the same; the first failure is reported.
 template <typename Action>
 void Workspace::forEachConnection(Action action) {
+  std::exception_ptr failure;
   for (auto entry = connections_.begin(); entry != connections_.end();) {
     const std::shared_ptr<Connection> connection = entry->second.lock();
-    if (connection) action(*connection);
+    try {
+      if (connection) action(*connection);
+    } catch (const RuntimeError&) {
+      if (!failure) failure = std::current_exception();
+    }
     entry = connection ? std::next(entry) : connections_.erase(entry);
   }
+  if (failure) std::rethrow_exception(failure);
 }
 
 void Workspace::BeginTrans() {

@@ -44,7 +44,7 @@ BoundQuery::BoundQuery(BoundSelect bound, const BindContext& context, const Engi
     : bound_(std::move(bound)), slots_(context.slots), engine_(engine) {
   for (std::size_t i = 0; i < bound_.missing.size(); ++i)
     sources_.push_back({bound_.scope.sources[i].columns.name});
-  if (bound_.select.unions.empty() && !bound_.select.percent) top_ = bound_.select.top;
+  if (keyed()) top_ = bound_.select.top;
   if (top_) tieKeys_ = bound_.select.orderBy.size();
   guard_ = guardQuery(context.numberColumns, engine);
   describeColumns();
@@ -73,11 +73,6 @@ void BoundQuery::describeColumns() {
   }
 }
 
-// Distinct and united rows are what they are through all of their columns.
-bool BoundQuery::printsWhole() const {
-  return bound_.select.distinct || bound_.select.percent || !bound_.select.unions.empty();
-}
-
 std::string BoundQuery::rows(std::span<const std::size_t> outputColumns, Form form) const {
   return assembled(bound_.select, outputColumns, form == Form::Fast, {});
 }
@@ -94,33 +89,21 @@ std::string BoundQuery::keysWhere(std::string_view criteria) const {
 std::string BoundQuery::assembled(const bound::Select& select, std::span<const std::size_t> outputColumns,
                                   bool fast, std::string_view also) const {
   const auto emitter = engine_.emitter(slots_, fast);
-  if (!select.unions.empty() || select.percent) {
-    emitter->select(select, false);
+  if (!keyed()) {
+    emitter->select(select, false, true);
     return emitter->take();
   }
-  emitter->gatherFrom(select);
-  emitter->text(select.distinct ? "SELECT DISTINCT " : "SELECT ");
+  emitter->text("SELECT ");
   Separator separator(*emitter);
-  if (keyed())
-    for (const ScopeSource& source : bound_.scope.sources) separator.next().rowKey(source.name);
+  for (const ScopeSource& source : bound_.scope.sources) separator.next().rowKey(source.name);
   for (std::size_t i = 0; i < tieKeys_; ++i) separator.next().value(select.orderBy[i].expr);
-  bool aggregated = false;
-  const auto column = [&](std::size_t index) {
-    separator.next().value(select.items[index].expr);
-    aggregated = aggregated || select.items[index].aggregates;
-  };
-  if (printsWhole()) {
-    for (std::size_t i = 0; i < select.items.size(); ++i) column(i);
-  } else {
-    std::for_each(outputColumns.begin(), outputColumns.end(), column);
-  }
-  // What makes one row of all rows must not be left out with the columns.
-  if (select.aggregated && select.groupBy.empty() && !aggregated) separator.next().text("count(*)");
-  if (!separator.used()) emitter->text("1");
+  for (const std::size_t index : outputColumns) separator.next().value(select.items[index].expr);
   emitter->tail(select, also);
   emitter->orderBy(select);
-  if (also.empty() && (keyed() || !select.groupBy.empty())) emitter->tableOrder(select);
-  if (also.empty()) emitter->endOutermost(select, keyed() ? sources_.size() : 0);
+  if (also.empty()) {
+    emitter->tableOrder(select);
+    emitter->endOutermost(select, sources_.size());
+  }
   return emitter->take();
 }
 

@@ -21,7 +21,6 @@ class BoundQuery final : public Query {
 
  private:
   void describeColumns();
-  bool printsWhole() const;
   bool readsWholeTable() const;
   std::string assembled(const bound::Select& select, std::span<const std::size_t> outputColumns, bool fast,
                         std::string_view also) const;

@@ -139,13 +139,16 @@ long Connection::write(EngineStatement& statement) {
   letReadersGo();
   gathering_.beforeWrite();
   ++writes_;
-  {
+  try {
     const ResetAtEnd reset(statement);
     while (statement.step()) {
     }
+  } catch (const RuntimeError& reason) {
+    gathering_.afterFailure(reason);
+    throw;
   }
   const long touched = engine_->changes();
-  gathering_.afterStatement();
+  gathering_.afterWrite();
   return touched;
 }
 
@@ -165,14 +168,15 @@ long Connection::runTableChange(const CachedStatement& statement, const dialect:
       }
     }
     if (statement.translation.kind == dialect::StatementKind::SelectInto) touched = engine_->changes();
-  } catch (...) {
+  } catch (const RuntimeError& reason) {
     if (engine_->inTransaction()) engine_->run("ROLLBACK TO zk_statement; RELEASE zk_statement");
+    gathering_.afterFailure(reason);
     forgetTables();
     throw;
   }
   engine_->run("RELEASE zk_statement");
   forgetTables();
-  gathering_.afterStatement();
+  gathering_.afterWrite();
   return touched;
 }
 

@@ -14,6 +14,14 @@ Projection startingProjection(const dialect::Query& query) {
   return Projection::of(std::move(columns), query.columns().size());
 }
 
+// What is computed may fail, and is computed when it is asked for.
+Projection plainColumns(const dialect::Query& query) {
+  std::vector<std::size_t> columns;
+  for (std::size_t i = 0; i < query.columns().size(); ++i)
+    if (query.columns()[i].source) columns.push_back(i);
+  return Projection::of(std::move(columns), query.columns().size());
+}
+
 }  // namespace
 
 Projection Projection::of(std::vector<std::size_t> columns, std::size_t outputColumns) {
@@ -77,12 +85,15 @@ void PreparedQuery::learn(std::size_t column) {
   projection_ =
       std::make_shared<const Projection>(Projection::of(std::move(columns), projection_->placeOf.size()));
   idle_ = {};
-  rowByKey_.reset();
+  learnedByKey_ = {};
 }
 
-EngineStatement& PreparedQuery::rowByKey() {
-  if (!rowByKey_) rowByKey_ = engine_.prepare(query_->rowByKey(projection_->columns));
-  return *rowByKey_;
+const PreparedQuery::RowByKey& PreparedQuery::rowByKey(bool everyPlainColumn) {
+  RowByKey& row = everyPlainColumn ? plainByKey_ : learnedByKey_;
+  if (row.statement) return row;
+  row.projection = everyPlainColumn ? std::make_shared<const Projection>(plainColumns(*query_)) : projection_;
+  row.statement = engine_.prepare(query_->rowByKey(row.projection->columns));
+  return row;
 }
 
 }  // namespace zelkor

@@ -51,8 +51,14 @@ class PreparedQuery {
   /// Makes later runs and reads by key deliver this column too.
   void learn(std::size_t column);
 
-  /// The statement that reads the learned columns of one row by its keys; shared, to be reset after each use.
-  EngineStatement& rowByKey();
+  /// A statement that reads one row by its keys; shared, to be reset after each use.
+  struct RowByKey {
+    std::unique_ptr<EngineStatement> statement;
+    std::shared_ptr<const Projection> projection;
+  };
+  /// With the columns that have been learned, or with every plain one: a row that is asked for one new column
+  /// is soon asked for others.
+  const RowByKey& rowByKey(bool everyPlainColumn);
   const Projection& projection() const { return *projection_; }
   std::shared_ptr<const Projection> sharedProjection() const { return projection_; }
 
@@ -71,7 +77,8 @@ class PreparedQuery {
   std::shared_ptr<const Projection> projection_;
   std::array<std::array<Idle, 2>, 2> idle_;
   std::unique_ptr<EngineStatement> guard_;
-  std::unique_ptr<EngineStatement> rowByKey_;
+  RowByKey learnedByKey_;
+  RowByKey plainByKey_;
 };
 
 }  // namespace zelkor

@@ -273,10 +273,9 @@ Value RecordsetState::keyedValue(std::size_t column) {
       return readCell(*run_.statement, first + place, columns()[column].type);
     }
   }
-  if (!cacheHolds(column)) {
-    query_->learn(column);
-    readCurrentByKey();
-  }
+  const bool isNew = query_->projection().placeOf[column] < 0 && columns()[column].source;
+  query_->learn(column);
+  if (!cacheHolds(column)) readCurrentByKey(query_->rowByKey(isNew));
   return cache_[static_cast<std::size_t>(cacheProjection_->placeOf[column])];
 }
 
@@ -296,11 +295,11 @@ void RecordsetState::bindKeys(EngineStatement& statement) {
   }
 }
 
-void RecordsetState::readCurrentByKey() {
-  EngineStatement& statement = query_->rowByKey();
+void RecordsetState::readCurrentByKey(const PreparedQuery::RowByKey& byKey) {
+  EngineStatement& statement = *byKey.statement;
   bindSlots(statement, query_->slots(), literals_);
   bindKeys(statement);
-  const Projection& projection = query_->projection();
+  const Projection& projection = *byKey.projection;
   cachedRow_ = -1;
   cache_.clear();
   const bool found = statement.step();
@@ -308,7 +307,7 @@ void RecordsetState::readCurrentByKey() {
     cache_.push_back(readCell(statement, static_cast<int>(i), columns()[projection.columns[i]].type));
   statement.reset();
   if (!found) throw RuntimeError(ErrorNumber::RecordDeleted);
-  cacheProjection_ = query_->sharedProjection();
+  cacheProjection_ = byKey.projection;
   cachedRow_ = current_;
   cachedAtWrite_ = connection_->writes();
 }

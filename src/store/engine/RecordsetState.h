@@ -98,7 +98,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void requireCurrentRow() const;
   Value keyedValue(std::size_t column);
   bool cacheHolds(std::size_t column) const;
-  void readCurrentByKey();
+  void readCurrentByKey(const PreparedQuery::RowByKey& byKey);
   void bindKeys(EngineStatement& statement);
   RowEdit::Target editTarget() const;
 

@@ -15,9 +15,32 @@ void WriteGathering::beforeTableChange() {
 
 void WriteGathering::begin() {
   afterStatement();  // an earlier statement may have failed before it could look at the time
+  requireNothingLost();
   if (engine_.inTransaction()) return;
   engine_.begin();
   since_ = Clock::now();
+}
+
+void WriteGathering::afterWrite() {
+  unsaved_ = engine_.inTransaction();
+  afterStatement();
+}
+
+void WriteGathering::afterFailure(const RuntimeError& reason) {
+  if (unsaved_ && !engine_.inTransaction() && !reason_) reason_ = reason;
+}
+
+void WriteGathering::requireNothingLost() const {
+  if (!unsaved_ || engine_.inTransaction()) return;
+  constexpr const char* kLost = "先前写入而尚未保存的内容已被撤销。";
+  if (!reason_) throw RuntimeError(ErrorNumber::DeviceIo, kLost);
+  throw RuntimeError(static_cast<ErrorNumber>(reason_->number()),
+                     kLost + std::string("（") + reason_->what() + "）");
+}
+
+void WriteGathering::forgetLoss() {
+  unsaved_ = false;
+  reason_.reset();
 }
 
 void WriteGathering::afterStatement() {
@@ -26,19 +49,27 @@ void WriteGathering::afterStatement() {
 }
 
 void WriteGathering::writeOut() {
+  requireNothingLost();
   if (!workspaceTransaction_ && engine_.inTransaction()) commit();
 }
 
 void WriteGathering::flush() {
-  writeOut();
+  try {
+    writeOut();
+  } catch (const RuntimeError&) {
+    if (!workspaceTransaction_) forgetLoss();
+    throw;
+  }
   engine_.makeDurable();
 }
 
 void WriteGathering::commit() {
   try {
     engine_.commit();
-  } catch (const RuntimeError&) {
+    unsaved_ = false;
+  } catch (const RuntimeError& reason) {
     if (engine_.inTransaction()) engine_.rollback();
+    afterFailure(reason);
     throw;
   }
 }
@@ -50,6 +81,7 @@ void WriteGathering::beginWorkspaceTransaction() {
 
 void WriteGathering::rollbackWorkspaceTransaction() {
   workspaceTransaction_ = false;
+  forgetLoss();
   if (engine_.inTransaction()) engine_.rollback();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 
+#include "base/RuntimeError.h"
 #include "store/engine/Engine.h"
 
 namespace zelkor {
@@ -12,6 +14,10 @@ namespace zelkor {
 /// inside a workspace transaction everything waits for its commit. No lock is taken before the first write.
 /// An engine whose writers do not shut each other out keeps each stand-alone statement by itself. Commits are
 /// not forced to disk one by one; a flush forces them together.
+///
+/// An engine can give up a whole transaction for one failure (a full disk, a broken connection). Whoever
+/// wrote before has been told that it was done, so every further write fails, and the next flush, which
+/// reports it.
 class WriteGathering {
  public:
   explicit WriteGathering(Engine& engine) : engine_(engine) {}
@@ -20,7 +26,11 @@ class WriteGathering {
   void beforeWrite();
   /// Before several engine statements that are one: as beforeWrite, on every engine inside a transaction.
   void beforeTableChange();
-  /// After a statement, whether it wrote or failed: commits the gathered ones when they are old enough.
+  /// After a statement has written.
+  void afterWrite();
+  /// After a write has failed: what is lost with it is lost for this reason.
+  void afterFailure(const RuntimeError& reason);
+  /// After any statement: commits the gathered ones when they are old enough.
   void afterStatement();
   /// Commits the gathered stand-alone statements: others see them, and a kill does not take them. A workspace
   /// transaction goes on.
@@ -45,9 +55,14 @@ class WriteGathering {
 
   void begin();
   void commit();
+  /// Fails if the engine no longer has what statements have written.
+  void requireNothingLost() const;
+  void forgetLoss();
 
   Engine& engine_;
   Clock::time_point since_;
+  bool unsaved_ = false;  // the transaction that was begun last has written and has not been committed
+  std::optional<RuntimeError> reason_;
   bool workspaceTransaction_ = false;
   int holds_ = 0;
 };

@@ -35,7 +35,7 @@ TEST(TranslateTest, ANarrowedQueryKeepsItsParametersAndItsRows) {
       Translated("select 'a' as x, sName, sID & 'b' as y from fa_Status where iLevel=3").rows({1}),
       R"(SELECT "fa_Status".rowid, "fa_Status"."sName" FROM "fa_Status" WHERE "fa_Status"."iLevel" = ?3)");
   EXPECT_EQ(Translated("select 1 as x,max(sID) as y from fa_Status").rows({0}),
-            R"(SELECT ?1, count(*) FROM "fa_Status")");
+            R"(SELECT ?1, max("fa_Status"."sID") FROM "fa_Status")");
   EXPECT_EQ(Translated("select distinct sID,sName from fa_Status").rows({}),
             R"(SELECT DISTINCT "fa_Status"."sID", "fa_Status"."sName" FROM "fa_Status")");
 }

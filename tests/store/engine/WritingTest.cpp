@@ -4,6 +4,7 @@
 
 #include "store/accountset/DataFile.h"
 #include "store/dialect/printing/Emit.h"
+#include "store/engine/Connection.h"
 #include "store/StoreFixture.h"
 #include "support/Stranger.h"
 
@@ -66,6 +67,43 @@ TEST_F(WritingTest, NothingIsWrittenPastAFileThatIsGone) {
   std::filesystem::rename(path, path + ".away");
   EXPECT_EQ(errorOf([&] { engine.flush(); }), 3024) << "said, not lost without a word";
   std::filesystem::rename(path + ".away", path);
+}
+
+TEST_F(WritingTest, AFlushThatFailsForOneFileWritesOutTheOthers) {
+  if (writesWithoutItsFile()) GTEST_SKIP();
+  const std::string first = makeEmptyDataFile(directory.path(), "First.Mdb");
+  Database other = engine.OpenDatabase(first);
+  other.Execute("create table t (sNum text(20))");
+  engine.flush();
+  other.Execute("insert into t values ('1')");
+  insert("1");
+  std::filesystem::rename(first, first + ".away");
+  EXPECT_EQ(errorOf([&] { engine.flush(); }), 3024);
+  EXPECT_EQ(stranger.count("t"), 1);
+}
+
+// A file that may not grow: the engine gives up the transaction for the statement that needs room.
+TEST_F(WritingTest, WhatAnEngineGivesUpByItselfIsNeverSaidToBeSaved) {
+  if (onServer()) GTEST_SKIP() << "a server undoes the statement alone";
+  const std::string file = makeEmptyDataFile(directory.path(), "Full.Mdb");
+  std::unique_ptr<Engine> bare = openDataFile(file);
+  bare->run("CREATE TABLE t (sNum TEXT); PRAGMA max_page_count=2");
+  const auto full = std::make_shared<Connection>(std::move(bare));
+  const std::string much = "insert into t (sNum) values ('" + std::string(10000, 'x') + "')";
+  const char* const little = "insert into t (sNum) values ('1')";
+  for (const bool transaction : {false, true}) {
+    if (transaction) full->gathering().beginWorkspaceTransaction();
+    full->execute(little);
+    EXPECT_EQ(errorOf([&] { full->execute(much); }), 3183);
+    EXPECT_EQ(errorOf([&] { full->execute(little); }), 3183) << "would be half of what was wanted";
+    if (transaction) full->gathering().endWorkspaceTransaction();
+    EXPECT_EQ(errorOf([&] { full->flush(); }), 3183);
+    EXPECT_NO_THROW(full->flush()) << "it has been said";
+    EXPECT_EQ(errorOf([&] { full->execute(much); }), 3183) << "nothing was lost before it";
+    EXPECT_NO_THROW(full->execute(little));
+    EXPECT_NO_THROW(full->flush());
+  }
+  EXPECT_EQ(strangerAt(file)->count("t"), 2);
 }
 
 TEST_F(WritingTest, AFailureUndoesItsStatementAndNothingBefore) {

@@ -35,7 +35,6 @@ std::vector<ColumnInfo> targets(const TableInfo& table, const Insert& insert, co
 void assignItems(BindContext& context, bound::Select& select, const std::vector<ColumnInfo>& columns) {
   for (std::size_t i = 0; i < columns.size(); ++i)
     select.items[i].expr = assigned(context, std::move(select.items[i].expr), columns[i]);
-  for (bound::Part& part : select.unions) assignItems(context, part.select, columns);
 }
 
 // A boolean column is never Null in its own table, so it can be copied as it is.
@@ -78,9 +77,24 @@ bool isScalarSelect(const Expr& expr) {
   return std::holds_alternative<ScalarSelect>(expr.node);
 }
 
+// What is stored is made of the rows that DISTINCT and UNION have left, in their order.
+BoundSelect behind(BoundSelect rows) {
+  constexpr const char* kName = "zk_from";
+  BoundSelect outer;
+  for (std::size_t i = 0; i < rows.select.items.size(); ++i) {
+    bound::Item& item = rows.select.items[i];
+    item.name = "zk_" + std::to_string(i + 1);
+    outer.select.items.push_back(
+        {{bound::Column{kName, item.name, {}, {}, false}, item.expr.type}, item.name});
+  }
+  outer.select.from.emplace_back(bound::Derived{std::move(rows.select), kName});
+  return outer;
+}
+
 }  // namespace
 
 bound::Select storedRows(BindContext& context, BoundSelect rows, const std::vector<ColumnInfo>& columns) {
+  if (rows.select.distinct || !rows.select.unions.empty()) rows = behind(std::move(rows));
   std::vector<bound::Item> copied = rows.select.items;
   assignItems(context, rows.select, columns);
   for (std::size_t i = 0; i < columns.size(); ++i)

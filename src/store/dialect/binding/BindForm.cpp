@@ -46,6 +46,8 @@ class FormComparison {
   bool same(const NumberOfText& a, const NumberOfText& b) {
     return a.function == b.function && same(a.column, b.column);
   }
+  bool same(const RowKey& a, const RowKey& b) { return a.qualifier == b.qualifier; }
+  bool same(const RowNumber& a, const RowNumber& b) { return same(a.order, b.order); }
   bool same(const Unary& a, const Unary& b) { return a.kind == b.kind && same(a.operand, b.operand); }
   bool same(const Binary& a, const Binary& b) {
     return a.kind == b.kind && same(a.left, b.left) && same(a.right, b.right);

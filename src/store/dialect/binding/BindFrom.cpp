@@ -1,4 +1,6 @@
 #include "store/dialect/binding/Bind.h"
+#include "store/dialect/binding/Rewrite.h"
+#include "store/dialect/binding/Types.h"
 
 namespace zelkor::dialect {
 namespace {
@@ -10,7 +12,10 @@ class FromBinder {
 
   BoundFrom bind(const std::vector<TableSource>& from) {
     for (const TableSource& source : from) from_.sources.push_back(collect(source));
-    for (std::size_t i = 0; i < from.size(); ++i) bindConditions(from[i], from_.sources[i]);
+    for (std::size_t i = 0; i < from.size(); ++i) {
+      bindConditions(from[i], from_.sources[i]);
+      straighten(from_.sources[i]);
+    }
     return std::move(from_);
   }
 
@@ -61,6 +66,27 @@ class FromBinder {
     bindConditions((*join)->left, swapped ? result.second : result.first);
     bindConditions((*join)->right, swapped ? result.first : result.second);
     result.on = ExprBinder(context_, from_.scope).condition((*join)->on);
+  }
+
+  // a JOIN (b JOIN c) is the same as (a JOIN b) JOIN c, where every engine gives the keys of all rows.
+  void straighten(bound::Source& source) {
+    auto* join = std::get_if<Box<bound::Join>>(&source);
+    if (!join) return;
+    bound::Join& outer = **join;
+    straighten(outer.first);
+    straighten(outer.second);
+    auto* nested = std::get_if<Box<bound::Join>>(&outer.second);
+    if (outer.left || !nested || (*nested)->left) return;
+    bound::Join inner = std::move(**nested);
+    outer.on = logical(BinaryOp::And, std::move(inner.on), std::move(outer.on));
+    outer.second = std::move(inner.second);
+    outer.first = Box<bound::Join>({false, std::move(outer.first), std::move(inner.first), always()});
+    straighten(outer.first);
+  }
+
+  static bound::Node always() {
+    const bound::Node one{bound::IntegerValue{1}, valueType(ColumnType::Long)};
+    return {bound::Binary{bound::BinaryKind::Equal, one, one}, valueType(ColumnType::Boolean), true};
   }
 
   BindContext& context_;

@@ -26,6 +26,7 @@ struct BindContext {
   std::vector<ParameterSlot> slots;
   std::vector<NumberColumn> numberColumns;
   bool dependsOnLiterals = false;  // see Translation
+  bool inOrder = false;            // the SELECT that is being bound gathers the first or the last row
 
   const TableInfo& table(std::string_view name) const;  // 3078 when there is none
   std::size_t addSlot(std::size_t literal, BindAs bindAs, ColumnType target = ColumnType::Unknown);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "store/dialect/binding/Bind.h"
@@ -65,6 +66,7 @@ class SelectBinder {
 
   BoundSelect bind() {
     bound::Select& select = result_.select;
+    const bool around = std::exchange(context_.inOrder, false);
     select.distinct = select_.distinct;
     select.top = select_.top;
     select.percent = select_.percent;
@@ -79,6 +81,7 @@ class SelectBinder {
     select.aggregated = aggregated();
     if (select.aggregated) requireGroupedColumns();
     bindOrder();
+    select.inOrder = std::exchange(context_.inOrder, around);
     if (!select.aggregated && !select.distinct && !select.percent && select.unions.empty())
       result_.missing = missingTables(select.from, result_.scope).value_or(std::vector<bool>());
     if (select.distinct || !select.unions.empty())

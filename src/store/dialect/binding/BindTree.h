@@ -57,6 +57,16 @@ struct NumberOfText {
   Column column;
 };
 
+/// The key of a row, which tells when it was added.
+struct RowKey {
+  std::string qualifier;
+};
+struct OrderKey;
+/// The number of a row among all of its SELECT in that order, before a TOP takes the first of them.
+struct RowNumber {
+  std::vector<OrderKey> order;
+};
+
 enum class UnaryKind : std::uint8_t {
   Negate,
   Not,
@@ -137,8 +147,9 @@ struct Choice {
 };
 
 struct Node {
-  std::variant<NullValue, IntegerValue, TextValue, Parameter, Column, NumberOfText, Unary, Binary, IsNull,
-               Between, InList, InSelect, Exists, ScalarSelect, Quantified, Call, Aggregate, Choice>
+  std::variant<NullValue, IntegerValue, TextValue, Parameter, Column, NumberOfText, RowKey, RowNumber, Unary,
+               Binary, IsNull, Between, InList, InSelect, Exists, ScalarSelect, Quantified, Call, Aggregate,
+               Choice>
       node;
   ValueType type;
   bool condition = false;  // true, false or unknown, and no value yet
@@ -146,15 +157,16 @@ struct Node {
 
 struct Item {
   Node expr;
-  std::string name;                   // of the output column
-  bool aggregates = false;            // holds an aggregate
-  std::optional<std::size_t> source;  // index of the base table in the FROM clause, for a plain column
-  std::string sourceColumn;
+  std::string name;                     // of the output column
+  bool aggregates = false;              // holds an aggregate
+  std::optional<std::size_t> source{};  // index of the base table in the FROM clause, for a plain column
+  std::string sourceColumn{};
 };
 struct OrderKey {
   Node expr;
   bool descending = false;
-  std::optional<std::size_t> item;  // the output column that it repeats
+  std::optional<std::size_t> item{};  // the output column that it repeats
+  bool present = false;               // never Null
 };
 
 struct Table {
@@ -188,6 +200,9 @@ struct Select {
   std::vector<Part> unions;
   std::vector<OrderKey> orderBy;
   bool aggregated = false;
+  bool inOrder = false;  // gathers the first or the last row
+  std::vector<OrderKey>
+      ties{};  // the order of rows that are alike, where it is not that of FROM or of groups
 };
 struct Part {
   bool all = false;

@@ -60,11 +60,13 @@ const SqlFunction& totalOf(const SqlFunction& function, const Node& argument) {
   }
 }
 
-Node aggregateCall(const SqlFunction& function, std::vector<Node> arguments, bool distinct) {
+Node aggregateCall(BindContext& context, const SqlFunction& function, std::vector<Node> arguments,
+                   bool distinct) {
+  context.inOrder = context.inOrder || function.gathersInOrder();
   std::vector<Node> gathered = converted(function, std::move(arguments));
   const SqlFunction& called = totalOf(function, gathered.front());
   const bound::ValueType type = resultOf(called, gathered);
-  return {bound::Aggregate{&called, std::move(gathered), distinct}, type};
+  return {bound::Aggregate{&called, std::move(gathered), distinct && !function.gathersInOrder()}, type};
 }
 
 }  // namespace
@@ -121,7 +123,8 @@ Node functionCall(BindContext& context, const FunctionCall& expression, std::vec
   if (function->arguments.size() != arguments.size())
     throw RuntimeError(ErrorNumber::SyntaxInQuery, "用于函数参数的个数不对 在查询表达式 '" + name + "' 中。");
   for (Node& argument : arguments) argument = asValue(std::move(argument));
-  if (function->isAggregate()) return aggregateCall(*function, std::move(arguments), expression.distinct);
+  if (function->isAggregate())
+    return aggregateCall(context, *function, std::move(arguments), expression.distinct);
   if (function->binding) return function->binding(context, *function, std::move(arguments));
   arguments = converted(*function, std::move(arguments));
   const bound::ValueType type = resultOf(*function, arguments);

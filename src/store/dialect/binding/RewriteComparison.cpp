@@ -119,7 +119,8 @@ Node inFamily(Node node, Family family) {
 // members.
 void bringToOneFamily(BindContext& context, Node& value, std::vector<Node>& items) {
   std::vector<Node*> nodes = all(value, items);
-  const auto known = std::ranges::find_if(nodes, [](const Node* node) { return !literal(*node); });
+  const auto known = std::ranges::find_if(
+      nodes, [](const Node* node) { return !literal(*node) && node->type.family != Family::Unknown; });
   const Node& other = known == nodes.end() ? value : **known;
   const bool alike = std::ranges::all_of(
       nodes, [&](const Node* node) { return literal(*node) || comparable(*node, other); });

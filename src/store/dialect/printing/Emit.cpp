@@ -1,46 +1,9 @@
 #include "store/dialect/printing/Emit.h"
 
-#include <algorithm>
+#include <set>
 #include <utility>
 
-#include "store/dialect/binding/functions/SqlFunction.h"
-
 namespace zelkor::dialect {
-
-namespace {
-
-void addTables(const bound::Source& source, std::vector<std::string>& qualifiers) {
-  if (const auto* table = std::get_if<bound::Table>(&source)) {
-    qualifiers.push_back(table->qualifier());
-  } else if (const auto* join = std::get_if<Box<bound::Join>>(&source)) {
-    addTables((*join)->first, qualifiers);
-    addTables((*join)->second, qualifiers);
-  }
-}
-
-std::string tieName(std::size_t index) {
-  return "zk_row_" + std::to_string(index + 1);
-}
-
-std::string placeName(std::size_t index) {
-  return "zk_" + std::to_string(index + 1);
-}
-
-bool isFirstOrLast(const bound::Item& item) {
-  const auto* aggregate = std::get_if<bound::Aggregate>(&item.expr.node);
-  return aggregate != nullptr &&
-         (aggregate->function->name == "First" || aggregate->function->name == "Last");
-}
-
-/// Whether the order matters in which the only source gives its rows.
-bool takesRowsAsTheyCome(const bound::Select& select) {
-  if (select.from.size() != 1 || !select.orderBy.empty() || select.distinct || !select.unions.empty())
-    return false;
-  const bool one = !select.aggregated && select.groupBy.empty();
-  return one || std::ranges::any_of(select.items, isFirstOrLast);
-}
-
-}  // namespace
 
 void Emitter::rowKey(std::string_view qualifier) {
   if (!qualifier.empty()) name(qualifier).text(".");
@@ -52,7 +15,9 @@ void Emitter::source(const bound::Source& source) {
     name(table->name);
     if (!table->alias.empty()) text(" AS ").name(table->alias);
   } else if (const auto* derived = std::get_if<bound::Derived>(&source)) {
-    this->derived(*derived);
+    text("(");
+    select(*derived->select, true);
+    text(") AS ").name(derived->alias);
   } else {
     const bound::Join& join = *std::get<Box<bound::Join>>(source);
     this->source(join.first);
@@ -66,23 +31,8 @@ void Emitter::source(const bound::Source& source) {
   }
 }
 
-// The rows of a derived table that is alone come as they were added, also to First and Last.
-void Emitter::derived(const bound::Derived& table) {
-  const bool ordered = movesRows() && gathered_ != nullptr && takesRowsAsTheyCome(*gathered_);
-  text("(");
-  select(*table.select, true);
-  if (ordered && !table.select->top) tableOrder(*table.select);
-  text(") AS ").name(table.alias);
-}
-
-void Emitter::gatheredOrder() {
-  if (gathered_ == nullptr) return;
-  std::string_view separator = " ORDER BY ";
-  for (const std::string& qualifier : qualifiersOf(gathered_->from)) {
-    text(separator);
-    rowKey(qualifier);
-    separator = ", ";
-  }
+std::vector<bound::OrderKey> Emitter::gatheredOrder() const {
+  return gathered_ ? orderOfSources(gathered_->from, false, order()) : std::vector<bound::OrderKey>();
 }
 
 void Emitter::fromClause(const std::vector<bound::Source>& sources) {
@@ -111,27 +61,37 @@ void Emitter::tail(const bound::Select& select, std::string_view also) {
   }
 }
 
-void Emitter::core(const bound::Select& select, bool named, std::string_view namePrefix) {
+void Emitter::core(const bound::Select& select, bool named, bool numbered) {
   text(select.distinct ? "SELECT DISTINCT " : "SELECT ");
   std::size_t number = 0;
   for (const bound::Item& item : select.items) {
     if (number++ > 0) text(", ");
     value(item.expr);
-    if (!namePrefix.empty()) {
-      text(" AS ").name(std::string(namePrefix) + std::to_string(number));
+    if (numbered) {
+      text(" AS ").name(columnName(number - 1));
     } else if (named) {
       text(" AS ").name(item.name);
     }
   }
 }
 
-void Emitter::orderKeys(const std::vector<bound::OrderKey>& keys) {
-  std::string_view separator = "ORDER BY ";
+void Emitter::keyDirection(const bound::OrderKey& key) {
+  if (!key.present) return direction(key.descending);
+  if (key.descending) text(" DESC");
+}
+
+void Emitter::orderKeys(const std::vector<bound::OrderKey>& keys, std::string_view before) {
+  std::set<std::string> printed;
   for (const bound::OrderKey& key : keys) {
-    text(separator);
+    const std::size_t start = out_.size();
+    text(before);
     value(key.expr);
-    direction(key.descending);
-    separator = ", ";
+    if (printed.insert(out_.substr(start + before.size())).second) {
+      keyDirection(key);
+      before = ", ";
+    } else {
+      out_.resize(start);
+    }
   }
 }
 
@@ -148,7 +108,7 @@ void Emitter::orderBy(const bound::Select& select) {
   }
 }
 
-// A part that takes the first rows is in a query of its own: its order and limit must not reach the
+// A part that takes the first rows stands in a query of its own: its order and limit must not reach the
 // whole.
 void Emitter::part(const bound::Select& select, bool named) {
   if (!select.top) return this->select(select, named);
@@ -167,145 +127,54 @@ void Emitter::compound(const bound::Select& whole, bool named) {
     part(other.select, false);
   }
   orderBy(whole);
-  const bool sorted = std::ranges::any_of(whole.unions, [](const bound::Part& one) { return !one.all; });
-  if (!sorted || !whole.orderBy.empty() || !movesRows()) return;
-  std::string_view separator = " ORDER BY ";
-  for (std::size_t i = 1; i <= whole.items.size(); ++i) {
-    text(separator).text(std::to_string(i));
-    direction(false);
-    separator = ", ";
-  }
 }
 
-std::vector<std::string> Emitter::qualifiersOf(const std::vector<bound::Source>& sources) {
-  std::vector<std::string> qualifiers;
-  for (const bound::Source& source : sources) addTables(source, qualifiers);
-  return qualifiers;
-}
-
-// Groups come in the order of their keys, Null first.
-void Emitter::groupOrder(const bound::Select& select) {
-  if (!movesRows()) return;
-  std::string_view separator = select.orderBy.empty() ? " ORDER BY " : ", ";
-  for (const bound::Node& key : select.groupBy) {
-    text(separator);
-    value(key);
-    direction(false);
-    separator = ", ";
-  }
-}
-
-void Emitter::rowKeyDirection(bool descending, bool first) {
-  if (!first) return direction(descending);
-  if (descending) text(" DESC");  // the first table has a row for every one of the result
-}
-
-bool Emitter::ordersTies(const bound::Select& select) const {
-  return (storesRows_ || select.percent) && !select.distinct && !select.aggregated && select.groupBy.empty();
-}
-
-void Emitter::tieColumns(const bound::Select& select) {
-  const std::vector<std::string> qualifiers = qualifiersOf(select.from);
-  for (std::size_t i = 0; i < qualifiers.size(); ++i) {
-    text(", ");
-    rowKey(qualifiers[i]);
-    text(" AS ").name(tieName(i));
-  }
-}
-
-void Emitter::tieOrder(const bound::Select& select) {
-  for (std::size_t i = 0; i < qualifiersOf(select.from).size(); ++i) {
-    text(", ").name(tieName(i));
-    rowKeyDirection(latestFirst(select), i == 0);
-  }
-}
-
-bool Emitter::latestFirst(const bound::Select& select) {
-  return !select.orderBy.empty() && select.orderBy.back().descending;
-}
-
-// Joined rows come as an engine nests its tables, and a changed row may move to another place in its table:
-// the row keys give the order in which rows were added. It is that of rows which are alike in the ORDER BY,
-// too, the latest first where that descends.
+// Joined rows come as an engine nests its tables, a changed row may move to another place in its table, and
+// the first rows of a table must not depend on the index that finds them.
 void Emitter::tableOrder(const bound::Select& select) {
   const bool ordered = !select.orderBy.empty();
-  if (select.distinct || !select.unions.empty()) return;
-  if (ordered && select.top && movesRows())
-    return;  // the ties of the TOP are defined by the order keys alone
-  if (select.aggregated || !select.groupBy.empty()) return groupOrder(select);
-  const std::vector<std::string> qualifiers = qualifiersOf(select.from);
-  if (qualifiers.size() == 1 && !ordered && !movesRows()) return;
-  std::string_view separator = ordered ? ", " : " ORDER BY ";
-  for (const std::string& qualifier : qualifiers) {
-    text(separator);
-    rowKey(qualifier);
-    rowKeyDirection(latestFirst(select), &qualifier == &qualifiers.front());
-    separator = ", ";
-  }
+  if (ordered && select.top && movesRows()) return;  // the ties of the TOP are told by the order keys alone
+  if (!ordered && !select.top && comesInOrder(select, order())) return;
+  orderKeys(tiesOf(select, order()), ordered ? ", " : " ORDER BY ");
 }
 
 // A window ranks the rows, equal ones alike, and counts them where a part of them is wanted.
-void Emitter::ranked(const bound::Select& select, bool named) {
+void Emitter::ranked(const bound::Select& select, bool named, bool ordered) {
+  const std::size_t columns = select.items.size() - (ordered ? 1 : 0);
   text("SELECT ");
-  for (std::size_t i = 0; i < select.items.size(); ++i) {
+  for (std::size_t i = 0; i < columns; ++i) {
     if (i > 0) text(", ");
-    name(placeName(i));
+    name(columnName(i));
     if (named) text(" AS ").name(select.items[i].name);
   }
   text(" FROM (");
-  if (select.distinct) {
-    text("SELECT *");
-    rank(select, true);
-    text(" FROM (");
-    core(select, false, "zk_");
-    tail(select);
-    text(select.percent ? ") AS \"zk_rows\"" : ")");
-  } else {
-    core(select, false, "zk_");
-    rank(select, false);
-    if (ordersTies(select)) tieColumns(select);
-    tail(select);
-  }
+  core(select, false, true);
+  text(", RANK() OVER (");
+  orderKeys(select.orderBy);
+  text(") AS \"zk_rank\"");
+  if (select.percent) text(", COUNT(*) OVER () AS \"zk_count\"");
+  tail(select);
+  text(") AS \"zk_ranked\" WHERE ");
   const std::string top = std::to_string(*select.top);
   if (select.percent) {
     // A part of a row counts as a row.
-    text(") AS \"zk_ranked\" WHERE \"zk_rank\" * 100 < \"zk_count\" * ").text(top).text(" + 100");
+    text("\"zk_rank\" * 100 < \"zk_count\" * ").text(top).text(" + 100");
   } else {
-    text(") WHERE \"zk_rank\" <= ").text(top);
+    text("\"zk_rank\" <= ").text(top);
   }
-  text(" ORDER BY \"zk_rank\"");
-  if (ordersTies(select)) tieOrder(select);
+  if (ordered) text(" ORDER BY ").name(columnName(columns));
 }
 
-void Emitter::rank(const bound::Select& select, bool byPlaces) {
-  if (select.orderBy.empty()) {
-    text(", ROW_NUMBER() OVER (");
-    if (!byPlaces && !select.aggregated && select.groupBy.empty()) gatheredOrder();
-  } else {
-    text(", RANK() OVER (");
-  }
-  if (!byPlaces) {
-    orderKeys(select.orderBy);
-  } else {
-    std::string_view separator = "ORDER BY ";
-    for (const bound::OrderKey& key : select.orderBy) {
-      text(separator).name(placeName(*key.item));
-      direction(key.descending);
-      separator = ", ";
-    }
-  }
-  text(") AS \"zk_rank\"");
-  if (select.percent) text(", COUNT(*) OVER () AS \"zk_count\"");
-}
-
-void Emitter::select(const bound::Select& select, bool named) {
+void Emitter::select(const bound::Select& wanted, bool named, bool ordered) {
+  const bool takesFirst = isRanked(wanted);
+  const bound::Select select = withOrder(wanted, ordered, order());
   const bound::Select* const around = std::exchange(gathered_, &select);
   if (!select.unions.empty()) {
     compound(select, named);
   } else if (select.percent) {
-    ranked(select, named);
-  } else if (select.top && !select.orderBy.empty()) {
-    topWithTies(select, named);
+    ranked(select, named, ordered);
+  } else if (takesFirst) {
+    topWithTies(select, named, ordered);
   } else {
     core(select, named);
     tail(select);

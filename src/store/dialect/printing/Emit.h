@@ -11,10 +11,11 @@
 #include "store/dialect/binding/ParameterSlot.h"
 #include "store/dialect/binding/Schema.h"
 #include "store/dialect/printing/EngineWords.h"
+#include "store/dialect/printing/RowOrder.h"
 
 namespace zelkor::dialect {
 
-/// Prints bound statements for one engine. What engines share is here; each override in a derived class
+/// Prints bound statements for one engine. What engines share stands here; each override in a derived class
 /// is a real difference of its engine.
 class Emitter {
  public:
@@ -37,15 +38,14 @@ class Emitter {
   /// The parameter of that number (from 1) holds a row key.
   void rowKeyParameter(std::size_t number) { out_ += words_.rowKeyParameter(number); }
 
-  /// Tells whose rows the aggregates that follow gather.
-  void gatherFrom(const bound::Select& select) { gathered_ = &select; }
-  /// A whole SELECT as it is inside another statement; `named` prints the names of the output columns.
-  void select(const bound::Select& select, bool named);
+  /// A whole SELECT as it stands inside another statement; `named` prints the names of the output columns,
+  /// `ordered` an order that leaves no rows alike.
+  void select(const bound::Select& select, bool named, bool ordered = false);
   /// FROM, WHERE, GROUP BY and HAVING; `also` is a further condition, printed already.
   void tail(const bound::Select& select, std::string_view also = {});
   void fromClause(const std::vector<bound::Source>& sources);
   void orderBy(const bound::Select& select);
-  /// Behind orderBy: the order in which the tables' rows were added.
+  /// Behind orderBy in a SELECT of tables: the order in which their rows were added.
   void tableOrder(const bound::Select& select);
   /// Ends an outermost query that wants the first `top` rows, for engines that can do it. Its first columns
   /// are `rowKeys` row keys and, with a top, the keys of its order.
@@ -69,12 +69,12 @@ class Emitter {
   /// The bounds of a BETWEEN, which come in either order; Null when one of them is.
   virtual void bounds(const bound::Between& test) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
-  /// What follows THEN or ELSE.
+  /// What stands behind THEN or ELSE.
   virtual void branch(const bound::Node& node) { expr(node, 0); }
   virtual void aggregate(const bound::Aggregate& node);
   virtual void numberCast(const bound::NumberOfText& node);
   void direction(bool descending) { out_ += words_.direction(descending); }
-  virtual void topWithTies(const bound::Select& select, bool named) = 0;
+  virtual void topWithTies(const bound::Select& select, bool named, bool ordered) = 0;
   virtual std::string declaredType(const ColumnInfo& column) const;
   /// Around the rows of a joined update, for engines that take any of those that meet one row: of them the
   /// last counts.
@@ -83,27 +83,20 @@ class Emitter {
   /// Whether an engine has to be told the order of one table's rows, and of those that are alike in the ORDER
   /// BY, too.
   virtual bool movesRows() const { return false; }
+  /// Whether the rows of tables have their keys also where the tables are joined in parentheses behind JOIN.
+  virtual bool keysNestedRows() const { return false; }
   virtual std::string_view betweenSources(const std::vector<bound::Source>&) const { return ", "; }
   virtual void callName(const SqlFunction& function);
 
-  /// What the tables of FROM are called, in the order in which they stand.
-  static std::vector<std::string> qualifiersOf(const std::vector<bound::Source>& sources);
-  /// The order in which the rows were added that the aggregates gather; nothing where no table says.
-  void gatheredOrder();
+  /// The order in which the rows were added that the aggregates gather; empty where no table tells.
+  std::vector<bound::OrderKey> gatheredOrder() const;
   /// The first rows with those that are alike, or a hundredth part of them, picked out by their ranks.
-  void ranked(const bound::Select& select, bool named);
-  void core(const bound::Select& select, bool named, std::string_view namePrefix = {});
-  void orderKeys(const std::vector<bound::OrderKey>& keys);
-  /// Behind the row key of the first table of FROM or of another one.
-  void rowKeyDirection(bool descending, bool first);
-  /// Whether the latest of rows that are alike in the ORDER BY comes first.
-  static bool latestFirst(const bound::Select& select);
-  /// Whether the rows of the SELECT are stored in a table, so that the order of those at the end of a TOP
-  /// counts.
-  bool ordersTies(const bound::Select& select) const;
-  /// The row keys of the tables of FROM as further columns, and the order by them.
-  void tieColumns(const bound::Select& select);
-  void tieOrder(const bound::Select& select);
+  /// `ordered`: they come in the order of the last item, which is none of their columns.
+  void ranked(const bound::Select& select, bool named, bool ordered);
+  /// SELECT and its columns: as they are, by their names, or numbered as in columnName.
+  void core(const bound::Select& select, bool named, bool numbered = false);
+  void orderKeys(const std::vector<bound::OrderKey>& keys, std::string_view before = "ORDER BY ");
+  void keyDirection(const bound::OrderKey& key);
   void expr(const bound::Node& node, int precedence);
   void list(const std::vector<bound::Node>& nodes);
   virtual void binary(const bound::Binary& node, int precedence);
@@ -116,15 +109,15 @@ class Emitter {
   std::string out_;
 
  private:
-  void derived(const bound::Derived& table);
-  void rank(const bound::Select& select, bool byPlaces);
-  void groupOrder(const bound::Select& select);
+  EngineOrder order() const { return {movesRows(), keysNestedRows()}; }
   void node(const bound::NullValue&, int) { out_ += "NULL"; }
   void node(const bound::IntegerValue& value, int precedence);
   void node(const bound::TextValue& value, int precedence);
   void node(const bound::Parameter& parameter, int precedence);
   void node(const bound::Column& column, int precedence);
   void node(const bound::NumberOfText& reading, int precedence);
+  void node(const bound::RowKey& key, int) { rowKey(key.qualifier); }
+  void node(const bound::RowNumber& number, int);
   void node(const bound::Unary& unary, int precedence);
   void node(const bound::Binary& operation, int precedence) { binary(operation, precedence); }
   void node(const bound::IsNull& test, int precedence);
@@ -144,7 +137,6 @@ class Emitter {
 
   std::span<const ParameterSlot> slots_;
   bool fast_;
-  bool storesRows_ = false;
   const bound::Select* gathered_ = nullptr;
 };
 

@@ -24,13 +24,7 @@ void Emitter::insert(const bound::Insert& insert) {
     name(column);
   }
   text(") ");
-  if (const auto* rows = std::get_if<bound::Select>(&insert.source)) {
-    storesRows_ = true;
-    select(*rows, false);
-    if (!rows->top) tableOrder(*rows);
-    storesRows_ = false;
-    return;
-  }
+  if (const auto* rows = std::get_if<bound::Select>(&insert.source)) return select(*rows, false, true);
   text("VALUES (");
   list(std::get<std::vector<bound::Node>>(insert.source));
   text(")");

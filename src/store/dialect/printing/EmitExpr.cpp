@@ -221,8 +221,10 @@ void Emitter::node(const bound::Exists& test, int) {
   subselect(*test.select);
 }
 
-void Emitter::node(const bound::ScalarSelect& select, int) {
-  subselect(*select.select);
+void Emitter::node(const bound::ScalarSelect& node, int) {
+  text("(");
+  select(*node.select, false, true);
+  text(")");
 }
 
 void Emitter::node(const bound::Call& call, int) {
@@ -241,7 +243,15 @@ void Emitter::aggregate(const bound::Aggregate& node) {
   out_ += node.distinct ? "(DISTINCT " : "(";
   if (node.arguments.empty()) out_ += '*';
   list(node.arguments);
+  if (node.function->gathersInOrder())
+    for (const bound::OrderKey& key : gatheredOrder()) text(", ").value(key.expr);
   out_ += ')';
+}
+
+void Emitter::node(const bound::RowNumber& number, int) {
+  text("ROW_NUMBER() OVER (");
+  orderKeys(number.order);
+  text(")");
 }
 
 void Emitter::node(const bound::Choice& choice, int) {

@@ -16,10 +16,6 @@ bool isWhole(const Node& node) {
   return type == ColumnType::Short || type == ColumnType::Long || type == ColumnType::Counter;
 }
 
-std::string numbered(std::string_view name, std::size_t index) {
-  return std::string(name) + std::to_string(index + 1);
-}
-
 }  // namespace
 
 void PostgreSqlEmitter::firstRows(const bound::Select& select) {
@@ -45,7 +41,7 @@ void PostgreSqlEmitter::endOutermost(const bound::Select& select, std::size_t ro
   }
   for (std::size_t i = 0; i < rowKeys; ++i) {
     text(", ").text(std::to_string(i + 1));
-    rowKeyDirection(latestFirst(select), i == 0);
+    keyDirection({{}, select.orderBy.back().descending, {}, i == 0});
   }
 }
 
@@ -76,10 +72,11 @@ void PostgreSqlEmitter::beforeLastMatch(const bound::Table& target) {
 void PostgreSqlEmitter::behindLastMatch(const bound::Update& update) {
   text(" ORDER BY ");
   rowKey(update.target.qualifier());
-  for (const std::string& qualifier : qualifiersOf(update.from)) {
-    if (qualifier == update.target.qualifier()) continue;
+  for (const bound::OrderKey& key : orderOfSources(update.from, true, {true, true})) {
+    const auto* row = std::get_if<bound::RowKey>(&key.expr.node);
+    if (!row || row->qualifier == update.target.qualifier()) continue;
     text(", ");
-    rowKey(qualifier);
+    rowKey(row->qualifier);
     direction(true);
   }
 }
@@ -140,7 +137,7 @@ void PostgreSqlEmitter::aggregate(const bound::Aggregate& node) {
     if (c == '!') {
       text(node.distinct ? "DISTINCT " : "");
     } else if (c == '^') {
-      gatheredOrder();
+      orderKeys(gatheredOrder(), " ORDER BY ");
     } else if (c != '?') {
       out_ += c;
     } else if (node.arguments.empty()) {
@@ -158,40 +155,12 @@ void PostgreSqlEmitter::numberCast(const bound::NumberOfText& node) {
   text(")");
 }
 
-void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named) {
-  if (ordersTies(select)) return orderedTop(select, named);
+void PostgreSqlEmitter::topWithTies(const bound::Select& select, bool named, bool ordered) {
+  if (ordered) return ranked(select, named, ordered);
   core(select, named);
   tail(select);
   orderBy(select);
   firstRows(select);
-}
-
-/// As at the end of an outermost query, by names.
-void PostgreSqlEmitter::orderedTop(const bound::Select& select, bool named) {
-  text("SELECT ");
-  for (std::size_t i = 0; i < select.items.size(); ++i) {
-    text(i > 0 ? ", " : "").name(numbered("zk_", i));
-    if (named) text(" AS ").name(select.items[i].name);
-  }
-  text(" FROM (");
-  core(select, false, "zk_");
-  for (std::size_t i = 0; i < select.orderBy.size(); ++i) {
-    text(", ");
-    value(select.orderBy[i].expr);
-    text(" AS ").name(numbered("zk_key_", i));
-  }
-  tieColumns(select);
-  tail(select);
-  orderBy(select);
-  firstRows(select);
-  text(") AS \"zk_top\"");
-  std::string_view separator = " ORDER BY ";
-  for (std::size_t i = 0; i < select.orderBy.size(); ++i) {
-    text(separator).name(numbered("zk_key_", i));
-    direction(select.orderBy[i].descending);
-    separator = ", ";
-  }
-  tieOrder(select);
 }
 
 std::string PostgreSqlEmitter::declaredType(const ColumnInfo& column) const {

@@ -26,17 +26,17 @@ class PostgreSqlEmitter final : public Emitter {
   void binary(const bound::Binary& node, int precedence) override;
   void negative(const bound::Node& operand) override;
   void numberCast(const bound::NumberOfText& node) override;
-  void topWithTies(const bound::Select& select, bool named) override;
+  void topWithTies(const bound::Select& select, bool named, bool ordered) override;
   std::string declaredType(const ColumnInfo& column) const override;
   void callName(const SqlFunction& function) override;
   void beforeLastMatch(const bound::Table& target) override;
   void behindLastMatch(const bound::Update& update) override;
   bool movesRows() const override { return true; }
+  bool keysNestedRows() const override { return true; }
   std::string_view betweenSources(const std::vector<bound::Source>& sources) const override;
 
  private:
   void firstRows(const bound::Select& select);
-  void orderedTop(const bound::Select& select, bool named);
 
   bool deferred_ = false;  // parameters are told to the plan when it runs
 };

@@ -239,7 +239,9 @@ void PostgreSqlLink::begin() {
 void PostgreSqlLink::commit() {
   readInWhatIsLeft();
   if (std::exchange(beginOwed_, false)) return;
-  run("COMMIT");
+  // The server answers the commit of a transaction that has failed with its rollback.
+  if (tagOf(run("COMMIT").get()) != "COMMIT")
+    throw RuntimeError(ErrorNumber::DeviceIo, "设备 I/O 错误：数据库服务器没有接受写入。");
   written_ = true;  // tables that were made or dropped, too
 }
 

@@ -56,8 +56,8 @@ void SqliteEmitter::quantified(const bound::Quantified& node) {
 }
 
 // LIMIT would cut through rows that are alike.
-void SqliteEmitter::topWithTies(const bound::Select& select, bool named) {
-  ranked(select, named);
+void SqliteEmitter::topWithTies(const bound::Select& select, bool named, bool ordered) {
+  ranked(select, named, ordered);
 }
 
 }  // namespace zelkor::dialect

@@ -18,7 +18,7 @@ class SqliteEmitter final : public Emitter {
   void bounds(const bound::Between& test) override;
   void boundOf(const bound::Node& node);
   void quantified(const bound::Quantified& node) override;
-  void topWithTies(const bound::Select& select, bool named) override;
+  void topWithTies(const bound::Select& select, bool named, bool ordered) override;
 };
 
 }  // namespace zelkor::dialect

@@ -132,13 +132,22 @@ RowGathering*& gathering(sqlite3_context* context) {
   return *static_cast<RowGathering**>(sqlite3_aggregate_context(context, sizeof(RowGathering*)));
 }
 
-void gather(sqlite3_context* context, int, sqlite3_value** values) {
+// A table that an outer join leaves out has no place: it comes first.
+std::vector<std::int64_t> placeIn(std::span<sqlite3_value*> values) {
+  std::vector<std::int64_t> place;
+  for (sqlite3_value* value : values)
+    place.push_back(isNull(value) ? std::numeric_limits<std::int64_t>::min() : sqlite3_value_int64(value));
+  return place;
+}
+
+void gather(sqlite3_context* context, int count, sqlite3_value** values) {
   guarded(context, [&] {
     const SqlFunction& function = functionOf(context);
     const char letter = function.arguments.front();
     if (nullGivesNull(letter) && isNull(values[0])) return;
     RowGathering*& gathered = gathering(context);
     if (!gathered) gathered = function.gatheredInFile().release();
+    if (count > 1) gathered->standAt(placeIn({values + 1, static_cast<std::size_t>(count - 1)}));
     if (letter == 'n' && sqlite3_value_type(values[0]) == SQLITE_FLOAT) {
       gathered->addNumber(sqlite3_value_double(values[0]));
     } else {
@@ -161,8 +170,8 @@ void registerSqliteFunctions(sqlite3* connection) {
     if (!gathers && !function->inFile) continue;
     const bool constant = !function->arguments.empty();
     const int flags = SQLITE_UTF8 | SQLITE_INNOCUOUS | (constant ? SQLITE_DETERMINISTIC : 0);
-    sqlite3_create_function_v2(connection, std::string(function->called).c_str(),
-                               static_cast<int>(function->arguments.size()), flags,
+    const int count = function->gathersInOrder() ? -1 : static_cast<int>(function->arguments.size());
+    sqlite3_create_function_v2(connection, std::string(function->called).c_str(), count, flags,
                                const_cast<SqlFunction*>(function), gathers ? nullptr : invoke,
                                gathers ? gather : nullptr, gathers ? giveGathered : nullptr, nullptr);
   }

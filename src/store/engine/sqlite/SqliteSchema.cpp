@@ -26,6 +26,9 @@ constexpr std::array kDeclaredTypes{
     DeclaredType{"BOOLEAN", ColumnType::Boolean},   DeclaredType{"BLOB", ColumnType::Binary},
 };
 
+// What the engine calls the file's own list, which is no table of the books.
+constexpr std::string_view kListOfTables = "sqlite_schema";
+
 ColumnType typeOf(std::string_view declared) {
   const std::string_view name = declared.substr(0, declared.find('('));
   for (const DeclaredType& candidate : kDeclaredTypes)
@@ -41,29 +44,15 @@ int sizeOf(std::string_view declared) {
   return size;
 }
 
-/// What the file's list says of one table.
-struct ListedTable {
-  std::string name;  // in the table's own spelling; empty when there is none
-  std::vector<std::string> indexes;
+/// The texts of one column of what a pragma tells.
+std::vector<std::string> textsOf(EngineStatement& pragma, int column) {
+  std::vector<std::string> texts;
+  while (pragma.step()) texts.emplace_back(pragma.text(column));
+  return texts;
+}
 
-  bool hasIndex(std::string_view index) const {
-    return std::ranges::any_of(indexes,
-                               [&](std::string_view known) { return dialect::sameName(known, index); });
-  }
-};
-
-// One pass for everything: the list has hundreds of rows, and no index.
-ListedTable listedTable(EngineStatement& list, std::string_view table) {
-  list.bindText(1, table);
-  ListedTable found;
-  while (list.step()) {
-    if (list.text(0) == "index") {
-      found.indexes.emplace_back(list.text(1));
-    } else {
-      found.name = list.text(1);
-    }
-  }
-  return found;
+bool isListed(const std::vector<std::string>& names, std::string_view name) {
+  return std::ranges::any_of(names, [&](std::string_view listed) { return dialect::sameName(listed, name); });
 }
 
 }  // namespace
@@ -77,18 +66,21 @@ std::vector<std::string> SqliteEngine::tableNames() {
   return names;
 }
 
+// The engine knows its tables by heart; to look into the file's own list is to read all of it.
 std::optional<TableInfo> SqliteEngine::tableInfo(std::string_view table) {
-  const auto list = prepare(
-      "SELECT type, name FROM sqlite_master WHERE tbl_name = ?1 COLLATE NOCASE AND type <> 'trigger'");
-  const ListedTable listed = listedTable(*list, table);
-  if (listed.name.empty()) return std::nullopt;
+  const auto pragma = [this](const char* what, std::string_view name) {
+    return prepare("PRAGMA main." + std::string(what) + "(" + words().quoted(name) + ")");
+  };
+  const auto names = textsOf(*pragma("table_list", table), 1);
+  if (names.empty() || names.front() == kListOfTables) return std::nullopt;
 
   TableInfo info;
-  info.name = listed.name;
+  info.name = names.front();
+  const auto indexes = textsOf(*pragma("index_list", info.name), 1);
   constexpr int kName = 1;
   constexpr int kType = 2;
   constexpr int kPrimaryKey = 5;
-  const auto columns = prepare("PRAGMA table_info(" + words().quoted(info.name) + ")");
+  const auto columns = pragma("table_info", info.name);
   while (columns->step()) {
     ColumnInfo column;
     column.name = columns->text(kName);
@@ -96,7 +88,7 @@ std::optional<TableInfo> SqliteEngine::tableInfo(std::string_view table) {
     column.size = sizeOf(columns->text(kType));
     if (column.type == ColumnType::Long && columns->integer(kPrimaryKey) != 0)
       column.type = ColumnType::Counter;
-    column.orderedAsNumber = listed.hasIndex("zk_number_" + info.name + "_" + column.name);
+    column.orderedAsNumber = isListed(indexes, "zk_number_" + info.name + "_" + column.name);
     info.columns.push_back(std::move(column));
   }
   return info;

@@ -1,6 +1,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "base/Currency.h"
 #include "base/DecimalSum.h"
@@ -57,10 +58,15 @@ class Average final : public Total {
   Value result() const override { return count_ == 0 ? Value() : Value(sum_.dividedBy(count_)); }
 };
 
-class FirstValue final : public RowGathering {
+// Rows come to a file's functions as its engine finds them.
+template <bool isLast>
+class OutermostValue final : public RowGathering {
  public:
+  void standAt(std::vector<std::int64_t> place) override { next_ = std::move(place); }
   void add(const Value& value) override {
-    if (!given_) value_ = value;
+    if (given_ && (isLast ? next_ < place_ : place_ <= next_)) return;
+    value_ = value;
+    place_ = next_;
     given_ = true;
   }
   Value result() const override { return value_; }
@@ -68,15 +74,8 @@ class FirstValue final : public RowGathering {
  private:
   Value value_;
   bool given_ = false;
-};
-
-class LastValue final : public RowGathering {
- public:
-  void add(const Value& value) override { value_ = value; }
-  Value result() const override { return value_; }
-
- private:
-  Value value_;
+  std::vector<std::int64_t> place_;
+  std::vector<std::int64_t> next_;
 };
 
 template <typename Gathering>
@@ -97,9 +96,9 @@ constexpr std::array kRows{
     aggregate("Min", "o", Unknown, "min", "min(!?)", "the least value"),
     aggregate("Max", "o", Unknown, "max", "max(!?)", "the greatest value"),
     aggregate("First", "v", Unknown, "zk_first", "(array_agg(?^))[1]", "the value of the first row",
-              gathering<FirstValue>),
+              gathering<OutermostValue<false>>),
     aggregate("Last", "v", Unknown, "zk_last", "(array_agg(?^))[count(*)]", "the value of the last row",
-              gathering<LastValue>),
+              gathering<OutermostValue<true>>),
     aggregate("", "n", Double, "zk_sum", "zk_total(sum(!zk_amount(?)), sum(!zk_rest(?)))::double precision",
               "", gathering<Total>),
     aggregate("", "n", Double, "zk_avg",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -30,6 +31,8 @@ class RowGathering {
   virtual void add(const Value& value) = 0;
   /// The same for a number, without the way through a value.
   virtual void addNumber(double number) { add(Value(number)); }
+  /// Before `add`: where the row stands in the order of adding, for what depends on it.
+  virtual void standAt(std::vector<std::int64_t> /*place*/) {}
   virtual Value result() const = 0;
 };
 
@@ -66,6 +69,8 @@ struct SqlFunction {
 
   /// Whether it gathers rows (Sum, Count, ...).
   bool isAggregate() const { return onServer.find('?') != std::string_view::npos; }
+  /// Whether what it gathers depends on the order of the rows; a file hands it their places, too.
+  bool gathersInOrder() const { return onServer.find('^') != std::string_view::npos; }
 };
 
 /// The rows, those of a topic together.

@@ -13,6 +13,7 @@
 #include "changes/ChangeSheets.h"
 #include "changes/ClsBalanType.h"
 #include "startup/ImportLog.h"
+#include "store/accountset/OneTransaction.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -93,14 +94,10 @@ bool endsImport(const RuntimeError& error) {
   return std::ranges::any_of(kReasons, [&error](ErrorNumber reason) { return error.is(reason); });
 }
 
-void rollBack(Workspace& workspace) {
-  if (workspace.inTransaction()) workspace.Rollback();
-}
-
 /// The failure that ends the import is the one to report.
 void rollBackIfPossible(Workspace& workspace) {
   try {
-    rollBack(workspace);
+    rollBackIfOpen(workspace);
   } catch (const RuntimeError&) {  // the connection may be what failed
   }
 }
@@ -119,7 +116,7 @@ RowEnd SheetImport::save(const SheetRow& row) {
     }
     end = refused(failureText(row, error.what()));
   }
-  rollBack(workspace);
+  rollBackIfOpen(workspace);
   return end;
 }
 

@@ -23,8 +23,8 @@ class CardImport {
       : context_(context),
         columns_(std::move(columns)),
         newType_(newType),
-        archives_(CardArchives::read(context.dbZKData)),
-        defaults_{context.gstrUser, context.gdOpDate},
+        archives_(CardArchives::read(context)),
+        defaults_{context.gstrUser, context.gdOpDate, static_cast<CardMode>(newType)},
         cards_(context) {
     cards_.setZkDataPath(context.gstrZtFile);
   }

@@ -18,7 +18,9 @@ struct ImportResult {
 /// UTF-8, its header lacks a needed column, or the engine fails at a row. The good rows become visible
 /// together: an import that is cut short leaves nothing, and can be run again.
 ///
-/// `newType` is 1 for assets from before the module's first period and 2 for additions of the open month.
+/// A row is refused for what the card's screen refuses; but a value of 0, which registers of old assets hold,
+/// is taken. `newType` is 1 for assets from before the module's first period and 2 for additions of the open
+/// month.
 ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems);
 
 }  // namespace zelkor

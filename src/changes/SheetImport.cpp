@@ -213,13 +213,23 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   return {SheetEnd::Saved, sheet.number};
 }
 
+/// Saves a row. A failure of the engine ends the import with its reason and the place.
+RowEnd saved(SheetImport& import, const SheetRow& row, std::size_t line) {
+  try {
+    return import.save(row);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(static_cast<ErrorNumber>(error.number()),
+                       sql("导入停在第", line, "行。", error.what()));
+  }
+}
+
 ImportedSheet importRow(SheetImport& import, const CsvTableRow& row) {
   const auto& cells = row.cells;
   ImportedSheet imported{
       .line = row.line,
       .row = SheetRow{cells[kKind], cells[kCardNum], cells[kAfter], cells[kSiteAfter], cells[kReason]},
       .text = {}};
-  RowEnd end = import.save(*imported.row);
+  RowEnd end = saved(import, *imported.row, row.line);
   imported.end = end.end;
   imported.text = std::move(end.text);
   return imported;

@@ -24,11 +24,18 @@ struct Sums {
   long refused = 0;
 };
 
+long rowsOf(const Sums& sums) {
+  return sums.stored + sums.before + sums.refused;
+}
+
+std::string textOf(const Sums& sums) {
+  const std::string before = sums.before > 0 ? sql("以前已保存 ", sums.before, " 行，") : "";
+  return sql("已保存 ", sums.stored, " 行，", before, "拒绝 ", sums.refused, " 行");
+}
+
 /// Prints them; returns the status.
 int summed(const Sums& sums, std::ostream& output) {
-  output << "共 " << sums.stored + sums.before + sums.refused << " 行：已保存 " << sums.stored << " 行，";
-  if (sums.before > 0) output << "以前已保存 " << sums.before << " 行，";
-  output << "拒绝 " << sums.refused << " 行\n";
+  output << "共 " << rowsOf(sums) << " 行：" << textOf(sums) << '\n';
   return sums.refused == 0 ? 0 : 1;
 }
 
@@ -42,6 +49,18 @@ std::string lineOf(const ImportedSheet& sheet) {
   line +=
       (line.empty() ? "" : "：") + std::string(sheet.end == SheetEnd::Refused ? "" : "变动单 ") + sheet.text;
   return line + (sheet.end == SheetEnd::Before ? "，以前已保存，不再保存" : "");
+}
+
+/// Tells how far a file came that the program does not go on with. Where it cannot be made sure that what was
+/// saved is on disk nothing is told; when the file is given again those rows are told as saved before.
+void tellHowFar(Workspace& workspace, ToldLines& told, const Sums& sums, std::ostream& output) {
+  if (rowsOf(sums) == 0 || workspace.inTransaction()) return;
+  try {
+    told.tell();
+  } catch (const RuntimeError&) {
+    return;
+  }
+  output << "中断：" << textOf(sums) << "，其余未处理\n" << std::flush;
 }
 
 /// Does the work, and prints the lines that wait where the program is to end in it. After an error nobody
@@ -116,14 +135,19 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
   return inPreparedRun(job, output, [&](RunContext& context) {
     Sums sums;
     ToldLines told(context.engine, output);
-    const auto import = [&] {
-      importSheets(context, csv, [&](const ImportedSheet& sheet) {
-        count(sheet.end, sums);
-        told.add(lineOf(sheet));
-        goOnUnlessSignalled();
-      });
+    const auto ended = [&](const ImportedSheet& sheet) {
+      count(sheet.end, sums);
+      told.add(lineOf(sheet));
+      goOnUnlessSignalled();
     };
-    asOnlyJob(context, OnlyJob::SheetImport, [&] { tellAtEnd(told, import); });
+    asOnlyJob(context, OnlyJob::SheetImport, [&] {
+      try {
+        importSheets(context, csv, ended);
+      } catch (...) {
+        tellHowFar(context.engine.workspace(), told, sums, output);
+        throw;
+      }
+    });
     told.tell();
     return summed(sums, output);
   });

@@ -199,12 +199,17 @@ TEST_F(ProgramsTest, EachRunsACallOverManySets) {
   EXPECT_NE(below.errors.find("/sets/group/b：\n    zelkorctl: 错误 3343"), std::string::npos)
       << below.errors;
 
-  writeFile(home / "list", (home / "sets/a").string() + "\r\n\n" + (home / "sets/group/c").string());
+  fs::create_directory_symlink(home / "sets/a", home / "link");
+  writeFile(home / "list", "\xEF\xBB\xBF" + (home / "sets/a").string() + "\r\n\n# 停用\n" +
+                               (home / "sets/group/c").string() + "\n" + (home / "link").string() + "\n");
   const ProgramResult listed =
       ctl({"each", home / "list", "--", "sql", "{}/ZkData.Mdb", "insert into Fa_log (mMemo) values ('{}')"});
   EXPECT_EQ(listed.status, 0) << listed.errors;
-  EXPECT_EQ(sql("select mMemo from Fa_log", "sets/group/c"),
-            "mMemo\n" + (home / "sets/group/c").string() + "\n");
+  EXPECT_NE(listed.output.find("共 2 个账套："), std::string::npos) << listed.output;
+  EXPECT_EQ(listed.errors,
+            (home / "link").string() + "：与 " + (home / "sets/a").string() + " 是同一账套，只执行一次\n");
+  for (const char* set : {"sets/a", "sets/group/c"})
+    EXPECT_EQ(sql("select mMemo from Fa_log", set), "mMemo\n" + (home / set).string() + "\n");
 
   const std::pair<Words, const char*> refused[] = {{{home / "none", "--", "run", "8"}, "none"},
                                                    {{home / "sets", "--", "fly"}, "没有“fly”"},

@@ -11,12 +11,12 @@
 #include <csignal>
 #include <cstring>
 
+#include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
 
-constexpr int kSignalStatus = 128;
 constexpr const char* kThisProgram = "/proc/self/exe";
 
 [[noreturn]] void raise() {

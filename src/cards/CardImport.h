@@ -4,14 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "startup/ImportResult.h"
 #include "startup/RunContext.h"
 
 namespace zelkor {
-
-struct ImportResult {
-  long stored = 0;
-  long refused = 0;
-};
 
 /// Saves each row of a register as a card. A row that cannot be saved is named in `problems` by line, column
 /// and reason and does not stop the others. Raises RuntimeError, with nothing saved, when the text is not

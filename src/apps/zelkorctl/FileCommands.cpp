@@ -9,6 +9,7 @@
 #include "cards/CardImport.h"
 #include "changes/SheetImport.h"
 #include "closing/DisposalImport.h"
+#include "depreciation/WorkloadImport.h"
 #include "startup/Main.h"
 #include "startup/OnlyJob.h"
 #include "startup/ProgramEnd.h"
@@ -115,18 +116,38 @@ void printSums(const Disposals& sums, std::ostream& output) {
   output << "未减少 " << static_cast<long>(sums.rows) - sums.disposed - sums.before << " 行\n";
 }
 
-}  // namespace
-
-int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
-                       std::ostream& problems) {
+/// Imports a file whose good rows are stored together.
+int importTogether(const JobRun& job, const std::string& file, OnlyJob kind,
+                   const std::function<ImportResult(RunContext&, const std::string& csv)>& import,
+                   std::ostream& output, std::ostream& problems) {
   const std::string csv = contentOf(file);
   catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
     ImportResult result;
-    asOnlyJob(context, OnlyJob::CardImport, [&] { result = importCards(context, csv, newType, problems); });
+    asOnlyJob(context, kind, [&] { result = import(context, csv); });
     problems.flush();
     return summed({.stored = result.stored, .refused = result.refused}, output);
   });
+}
+
+}  // namespace
+
+int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
+                       std::ostream& problems) {
+  return importTogether(
+      job, file, OnlyJob::CardImport,
+      [&](RunContext& context, const std::string& csv) {
+        return importCards(context, csv, newType, problems);
+      },
+      output, problems);
+}
+
+int importWorkloadCommand(const JobRun& job, const std::string& file, std::ostream& output,
+                          std::ostream& problems) {
+  return importTogether(
+      job, file, OnlyJob::WorkloadImport,
+      [&](RunContext& context, const std::string& csv) { return importWorkload(context, csv, problems); },
+      output, problems);
 }
 
 int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output) {

@@ -28,7 +28,10 @@ class ProgramsTest : public ProgramTest {
 };
 
 TEST_F(ProgramsTest, AMonthFromAnEmptyDirectory) {
-  create();
+  create("set", {"--sample", "--name", "东厂", "--unit", "甲公司", "--manager", "李四"});
+  EXPECT_EQ(
+      done({"sql", file("set", "ZkSystem.Mdb"), "select cAcc_Name,cUnitName,cAcc_Master from za_account"}),
+      "cAcc_Name\tcUnitName\tcAcc_Master\n东厂\t甲公司\t李四\n");
   const ProgramResult imported =
       import(std::string(kHeader) +
              "车床,021,301,101,11,120,平均年限法(一),2018-03-05,12000,0.05,410502\n"

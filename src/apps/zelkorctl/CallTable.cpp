@@ -35,7 +35,14 @@ TerminalDialogs::Options dialogsOf(const Asked& asked) {
 }
 
 int create(const Asked& asked, std::ostream& output, std::ostream&) {
-  return createCommand(asked.directory, asked.server, {asked.account, asked.year, asked.month, asked.sample},
+  return createCommand(asked.directory, asked.server,
+                       {.account = asked.account,
+                        .year = asked.year,
+                        .month = asked.month,
+                        .sample = asked.sample,
+                        .name = asked.name,
+                        .unit = asked.unit,
+                        .manager = asked.manager},
                        output);
 }
 
@@ -165,6 +172,9 @@ std::vector<Call> setCalls() {
            .parameters =
                {{.name = "DIR", .field = &Asked::directory, .text = "目录：写入 ZkData.Mdb 和 ZkSystem.Mdb"},
                 {.name = "--account", .field = &Asked::account, .text = "账套号", .value = "NUMBER"},
+                {.name = "--name", .field = &Asked::name, .text = "账套名称", .value = "TEXT"},
+                {.name = "--unit", .field = &Asked::unit, .text = "使用单位", .value = "TEXT"},
+                {.name = "--manager", .field = &Asked::manager, .text = "账套主管", .value = "TEXT"},
                 {.name = "--year",
                  .field = &Asked::year,
                  .text = "启用年",

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Text.h"
+
 namespace zelkor {
 namespace {
 
@@ -50,6 +52,22 @@ std::vector<TreeRow> archiveTree(ClsBLLAssentTypes& types, ArchiveKind kind) {
     if (tree[i].parentKey.empty()) tree[i].parentKey = tree.front().key;
   }
   return tree;
+}
+
+std::set<std::string> codesOfHeads(std::span<const TreeRow> tree) {
+  std::set<std::string> keys;
+  std::set<std::string> parents;
+  for (const TreeRow& row : tree) keys.insert(asciiLower(row.key));
+  for (const TreeRow& row : tree) {
+    const std::string parent = asciiLower(row.parentKey);
+    // A row whose parent is not there hangs below the first one.
+    if (!parent.empty()) parents.insert(keys.contains(parent) ? parent : asciiLower(tree.front().key));
+  }
+  std::set<std::string> heads;
+  for (const TreeRow& row : tree) {
+    if (parents.contains(asciiLower(row.key))) heads.insert(row.tag);
+  }
+  return heads;
 }
 
 std::vector<TreeRow> departPickTree(Database& data) {

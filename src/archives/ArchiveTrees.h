@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,9 @@ namespace zelkor {
 /// entry without a parent hangs below the row with the code "&"; it is a head where the archive has no such
 /// row. Empty when the archive cannot be read.
 std::vector<TreeRow> archiveTree(ClsBLLAssentTypes& types, ArchiveKind kind);
+
+/// Codes of the entries that have others below them, which no card may bear.
+std::set<std::string> codesOfHeads(std::span<const TreeRow> tree);
 
 /// What a selection dialog gives back: the entry's code (sNum or sID) and its name.
 struct ArchiveEntry {

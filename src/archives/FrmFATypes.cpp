@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "archives/ArchiveTrees.h"
 #include "ui/TreeLoader.h"
 
 namespace zelkor {
@@ -49,7 +48,9 @@ void FrmFATypes::load() {
   types_.CloseZkData();
   types_.setZkDataPath(opArgs_.ZkDataPath());
   setWindowTitle(captionOf(dispType_));
-  fill(archiveTree(types_, dispType_));
+  const std::vector<TreeRow> entries = archiveTree(types_, dispType_);
+  heads_ = codesOfHeads(entries);
+  fill(entries);
   preselect(toQt(assetTypeID_));
 }
 
@@ -71,8 +72,9 @@ void FrmFATypes::setAssetTypeID(const std::string& code) {
 void FrmFATypes::CmdOK_Click() {
   const QTreeWidgetItem* item = tree->currentItem();
   if (!item) return;
-  if (dispType_ != ArchiveKind::Methods && item->childCount() > 0) return;
-  retValue_ = fromQt(tagOf(*item));
+  const std::string code = fromQt(tagOf(*item));
+  if (dispType_ != ArchiveKind::Methods && heads_.contains(code)) return;
+  retValue_ = code;
   retName_ = fromQt(item->text(0));
   assetTypeID_ = retValue_;
   taken_ = true;

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 
-#include "archives/ClsBLLAssentTypes.h"
+#include "archives/ArchiveTrees.h"
 #include "startup/ClsOpArgs.h"
 #include "ui/TreePicker.h"
 
@@ -41,6 +42,7 @@ class FrmFATypes final : public TreePicker {
   ClsBLLAssentTypes types_;
   ClsOpArgs opArgs_;
   ArchiveKind dispType_;
+  std::set<std::string> heads_;
   std::string retName_;
   std::string retValue_;
   std::string assetTypeID_;

@@ -9,6 +9,9 @@ namespace zelkor {
 
 inline constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 
+/// What some programs put before a text.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 struct Character {
   char32_t code = kNoCharacter;
   std::size_t length = 1;  // in bytes

@@ -34,7 +34,7 @@ CsvError::CsvError(std::size_t line, std::size_t column, const std::string& reas
       column_(column) {}
 
 CsvReader::CsvReader(std::string text) : text_(std::move(text)) {
-  if (text_.starts_with("\xEF\xBB\xBF")) at_ = lineStart_ = 3;
+  if (text_.starts_with(kByteOrderMark)) at_ = lineStart_ = kByteOrderMark.size();
 }
 
 bool CsvReader::atLineBreak() const {

@@ -16,8 +16,6 @@
 namespace zelkor {
 namespace {
 
-constexpr int kSignalStatus = 128;
-
 /// What a signal handler can reach is a variable of the process.
 struct Noted {
   std::atomic<int> signal = 0;

@@ -4,6 +4,9 @@
 
 namespace zelkor {
 
+/// The exit status of who ends by a signal is this and the signal's number.
+inline constexpr int kSignalStatus = 128;
+
 // TERM and HUP (the user logs off, the machine goes down) end the program between two steps,
 // with what it has written kept; another one, more than a second later, ends it at once.
 

@@ -5,6 +5,7 @@
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "base/NumberText.h"
+#include "cards/CardChecks.h"
 #include "cards/CardFigures.h"
 #include "store/engine/Statement.h"
 
@@ -14,11 +15,6 @@ namespace {
 using enum CardField;
 
 constexpr double kPercent = 100;
-
-/// The number in a box or label; of a text that is none, the number that it begins with.
-double numberOf(const std::string& text) {
-  return parseNumber(text).value_or(Val(text));
-}
 
 void replaceEmpty(std::string& text) {
   if (text.empty()) text = "0";
@@ -56,26 +52,6 @@ class Figures {
   CardValues& texts_;
 };
 
-/// What is wrong with a start date; empty when nothing is.
-std::string startDateFault(CardMode mode, const std::string& text, DateTime operatingDate) {
-  const auto date = parseDate(text);
-  if (!date) return "所填写的日期型数据不正确!";
-  const auto months = DateDiff("m", *date, operatingDate);
-  if (mode == CardMode::Original && months <= 0) return "原始卡片的开始日期不能在本月或本月之后！";
-  if (mode == CardMode::NewAsset && months != 0) return "新资产的开始使用日期必须在本月！";
-  return {};
-}
-
-/// The same for the figures.
-std::string valueFault(const CardSheet& sheet) {
-  const auto number = [&](CardField of) { return numberOf(sheet.texts[of]); };
-  if (number(NetValue) > number(OriginalValue)) return "净值不能大于原值!";
-  if (number(AccumulatedDepreciation) > number(OriginalValue)) return "累计折旧不能大于原值!";
-  if (number(ResidualValue) > number(OriginalValue)) return "净残值不能大于原值!";
-  if (number(ResidualValue) > number(NetValue)) return "净残值不能大于净值!";
-  return {};
-}
-
 FieldEntry refused(std::string message, std::string boxText) {
   return {false, std::move(message), std::move(boxText)};
 }
@@ -96,10 +72,10 @@ FieldEntry enterFigure(CardSheet& sheet, CardField field, std::string text) {
   std::string before = std::exchange(sheet.texts[field], text);
   if (field == ResidualValue) Figures(sheet).residualRate();
   if (field == AccumulatedDepreciation) Figures(sheet).netValue();
-  std::string fault = valueFault(sheet);
-  if (fault.empty()) return {};
+  auto fault = valueFault(sheet.texts);
+  if (!fault) return {};
   sheet.texts[field] = std::move(before);
-  return refused(std::move(fault), std::move(text));
+  return refused(std::move(fault->message), std::move(text));
 }
 
 FieldEntry enterOriginalValue(CardSheet& sheet, std::string text) {
@@ -137,15 +113,6 @@ FieldEntry enterField(CardSheet& sheet, CardField field, std::string text, DateT
   }
   sheet.texts[field] = std::move(text);
   return {};
-}
-
-bool isDetailSubject(Database& data, std::string_view subject) {
-  const Recordset row = data.OpenRecordset(sql("select * from code where ccode='", subject, "'"));
-  return !row.Eof() && CBool(row.Fields("bend"));
-}
-
-std::string subjectRefusal(std::string_view subject) {
-  return sql("此", subject, "在科目表中不存在，或非明细级！");
 }
 
 std::vector<CardField> missingFields(const CardSheet& sheet) {

@@ -21,10 +21,6 @@ struct FieldEntry {
 /// given up.
 FieldEntry enterField(CardSheet& sheet, CardField field, std::string text, DateTime operatingDate);
 
-/// True for a subject of the chart that has none below it. `subject` is its code.
-bool isDetailSubject(Database& data, std::string_view subject);
-std::string subjectRefusal(std::string_view subject);
-
 /// The fields without which the card is not saved, of those that are empty or 0.
 std::vector<CardField> missingFields(const CardSheet& sheet);
 std::string missingFieldsText(const std::vector<CardField>& fields);

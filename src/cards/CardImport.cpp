@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "cards/CardRow.h"
 #include "cards/ClsBLLFACards.h"
+#include "store/accountset/OneTransaction.h"
 
 namespace zelkor {
 namespace {
@@ -22,8 +23,8 @@ class CardImport {
       : context_(context),
         columns_(std::move(columns)),
         newType_(newType),
-        archives_(CardArchives::read(context.dbZKData)),
-        defaults_{context.gstrUser, context.gdOpDate},
+        archives_(CardArchives::read(context)),
+        defaults_{context.gstrUser, context.gdOpDate, static_cast<CardMode>(newType)},
         cards_(context) {
     cards_.setZkDataPath(context.gstrZtFile);
   }
@@ -112,25 +113,6 @@ std::vector<CellProblem> CardImport::save(const CsvRecord& row) {
   requireNoFailure();
   return {};
 }
-
-/// Undoes everything unless it is committed.
-class OneTransaction {
- public:
-  explicit OneTransaction(Workspace& workspace) : workspace_(workspace) { workspace_.BeginTrans(); }
-  OneTransaction(const OneTransaction&) = delete;
-  OneTransaction& operator=(const OneTransaction&) = delete;
-  ~OneTransaction() {
-    try {
-      if (workspace_.inTransaction()) workspace_.Rollback();
-    } catch (const RuntimeError&) {
-      // the error that led here is the one to report
-    }
-  }
-  void commit() { workspace_.CommitTrans(); }
-
- private:
-  Workspace& workspace_;
-};
 
 void print(std::ostream& out, std::size_t line, const std::vector<CellProblem>& problems) {
   out << "第" << line << "行";

@@ -4,21 +4,19 @@
 #include <string>
 #include <string_view>
 
+#include "startup/ImportResult.h"
 #include "startup/RunContext.h"
 
 namespace zelkor {
-
-struct ImportResult {
-  long stored = 0;
-  long refused = 0;
-};
 
 /// Saves each row of a register as a card. A row that cannot be saved is named in `problems` by line, column
 /// and reason and does not stop the others. Raises RuntimeError, with nothing saved, when the text is not
 /// UTF-8, its header lacks a needed column, or the engine fails at a row. The good rows become visible
 /// together: an import that is cut short leaves nothing, and can be run again.
 ///
-/// `newType` is 1 for assets from before the module's first period and 2 for additions of the open month.
+/// A row is refused for what the card's screen refuses; but a value of 0, which registers of old assets hold,
+/// is taken. `newType` is 1 for assets from before the module's first period and 2 for additions of the open
+/// month.
 ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems);
 
 }  // namespace zelkor

@@ -4,23 +4,37 @@
 #include <bitset>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <optional>
+#include <utility>
 
+#include "archives/ArchiveTrees.h"
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "cards/CardChecks.h"
 #include "cards/CardFigures.h"
 #include "cards/CardLayout.h"
 
 namespace zelkor {
 namespace {
 
-std::set<std::string> codes(Database& data, std::string_view statement) {
-  std::set<std::string> found;
-  for (Recordset rows = data.OpenRecordset(statement); !rows.Eof(); rows.MoveNext()) {
-    found.insert(rows.Fields(std::size_t{0}).textOrEmpty());
-  }
-  return found;
+/// The entries of an archive; without its root, of which `root` is the code.
+CardArchive archiveOf(ClsBLLAssentTypes& types, ArchiveKind kind, const std::string& root) {
+  const std::vector<TreeRow> tree = archiveTree(types, kind);
+  if (const auto failure = types.takeFailure()) throw *failure;
+  CardArchive archive{.codes = {}, .heads = codesOfHeads(tree)};
+  for (const TreeRow& row : tree) archive.codes.insert(row.tag);
+  archive.codes.erase(root);
+  return archive;
+}
+
+/// The methods by their names.
+CardArchive methodsOf(ClsBLLAssentTypes& types) {
+  CardArchive methods;
+  for (const TreeRow& row : archiveTree(types, ArchiveKind::Methods)) methods.codes.insert(row.text);
+  if (const auto failure = types.takeFailure()) throw *failure;
+  return methods;
 }
 
 /// Collects what is wrong with the cells of one row.
@@ -32,11 +46,11 @@ class RowCheck {
     problems_.push_back({std::string(cardFieldLabel(field)), std::move(reason)});
   }
   void needed();
-  void known(CardField field, const std::set<std::string>& codes, const char* archive) {
-    const std::string& code = card_[field];
-    if (!code.empty() && !codes.contains(code)) refuse(field, std::string(archive) + "中没有“" + code + "”");
-  }
+  /// That the archive holds the code, and nothing below it.
+  void known(CardField field, const std::string& code, const CardArchive& archive, const char* name);
   std::optional<double> number(CardField field, const char* blank);
+  /// A number of 0 or more; blank is 0.
+  std::optional<double> amount(CardField field);
   std::optional<double> whole(CardField field, const char* blank);
   void date(CardField field, std::optional<DateTime> blank);
   /// The fields that are saved as they are given, by their types and the sizes of their columns.
@@ -49,6 +63,14 @@ class RowCheck {
   std::vector<CellProblem>& problems_;
   std::bitset<kCardFieldCount + 1> checked_;  // the fields with a check of their own
 };
+
+void RowCheck::known(CardField field, const std::string& code, const CardArchive& archive, const char* name) {
+  if (!archive.codes.contains(code)) {
+    refuse(field, std::string(name) + "中没有“" + code + "”");
+  } else if (archive.heads.contains(code)) {
+    refuse(field, std::string(name) + "“" + code + "”不是末级，应填其下级的编码");
+  }
+}
 
 void RowCheck::needed() {
   for (const CardFieldRow& field : cardFields()) {
@@ -102,6 +124,13 @@ std::optional<double> RowCheck::number(CardField field, const char* blank) {
   return value;
 }
 
+std::optional<double> RowCheck::amount(CardField field) {
+  const auto value = number(field, "0");
+  if (!value || *value >= 0) return value;
+  refuse(field, "不能为负数");
+  return std::nullopt;
+}
+
 std::optional<double> RowCheck::whole(CardField field, const char* blank) {
   const auto value = number(field, blank);
   if (!value) return std::nullopt;
@@ -138,31 +167,52 @@ void refuseQuotes(const RegisterColumns& columns, const std::vector<std::string>
   }
 }
 
-void checkArchives(RowCheck& check, CardValues& card, const CardArchives& archives) {
-  check.known(CardField::CategoryCode, archives.categories, "固定资产类别");
-  check.known(CardField::AdditionWay, archives.additionWays, "增加方式");
-  check.known(CardField::UsageStatus, archives.statuses, "使用状况");
-  check.known(CardField::DepreciationMethod, archives.methodNames, "折旧方法");
+void checkArchives(RowCheck& check, const CardValues& card, const CardArchives& archives) {
+  const auto known = [&](CardField field, const CardArchive& archive, const char* name) {
+    if (!card[field].empty()) check.known(field, card[field], archive, name);
+  };
+  known(CardField::CategoryCode, archives.categories, "固定资产类别");
+  known(CardField::AdditionWay, archives.additionWays, "增加方式");
+  known(CardField::UsageStatus, archives.statuses, "使用状况");
+  known(CardField::DepreciationMethod, archives.methods, "折旧方法");
   const std::string& department = card[CardField::Department];
-  const std::string code = Trim(std::string_view(department).substr(0, department.find(',')));
-  if (!department.empty() && !archives.departments.contains(code)) {
-    check.refuse(CardField::Department, "部门中没有“" + code + "”");
+  if (!department.empty()) {
+    check.known(CardField::Department, Trim(std::string_view(department).substr(0, department.find(','))),
+                archives.departments, "部门");
+  }
+  const std::string& subject = card[CardField::DepreciationSubject];
+  const std::string code = subject.substr(0, subject.find(','));
+  if (!subject.empty() && !archives.isDetailSubject(code)) {
+    check.refuse(CardField::DepreciationSubject, subjectRefusal(code));
   }
 }
 
+/// The column in which a register has the figure that is too large: it may leave out what follows from the
+/// others.
+CardField columnOf(const ValueFault& fault, bool residualGiven, bool isDepreciated) {
+  if (fault.field == CardField::ResidualValue && residualGiven) return CardField::ResidualValue;
+  return isDepreciated ? CardField::AccumulatedDepreciation : CardField::ResidualRate;
+}
+
 void checkFigures(RowCheck& check, CardValues& card) {
-  const bool rateGiven = !card[CardField::ResidualRate].empty();
-  const auto value = check.number(CardField::OriginalValue, "0");
+  const bool valueGiven = !card[CardField::OriginalValue].empty();
+  const bool residualGiven = !card[CardField::ResidualValue].empty();
+  const auto value = check.amount(CardField::OriginalValue);
   const auto rate = check.number(CardField::ResidualRate, "0");
-  if (rateGiven && rate && (*rate < 0 || *rate > 1)) {
-    check.refuse(CardField::ResidualRate, "应为 0 到 1 之间的小数，如 0.05");
-  }
-  if (card[CardField::ResidualValue].empty() && value && rate) {
+  const bool isFraction = rate && *rate >= 0 && *rate <= 1;
+  if (rate && !isFraction) check.refuse(CardField::ResidualRate, "应为 0 到 1 之间的小数，如 0.05");
+  if (!residualGiven && value && isFraction) {
     card[CardField::ResidualValue] = residualValueText(*rate, *value);
   }
-  check.number(CardField::ResidualValue, "0");
-  const auto depreciated = check.number(CardField::AccumulatedDepreciation, "0");
-  if (value && depreciated) card[CardField::NetValue] = netValueText(*value, *depreciated);
+  const auto residual = check.amount(CardField::ResidualValue);
+  const auto depreciated = check.amount(CardField::AccumulatedDepreciation);
+  if (!value || !residual || !depreciated) return;
+  card[CardField::NetValue] = netValueText(*value, *depreciated);
+  // The screen looks at the figures when one of these two is entered.
+  if (!valueGiven || (!residualGiven && *depreciated == 0)) return;
+  if (const auto fault = valueFault(card)) {
+    check.refuse(columnOf(*fault, residualGiven, *depreciated > 0), fault->message);
+  }
 }
 
 /// Workload cards carry what one unit of work costs; it follows from the figures where it is not given.
@@ -176,11 +226,16 @@ void checkWorkload(RowCheck& check, CardValues& card) {
   check.number(CardField::MonthlyRate, "0");
 }
 
-void checkDates(RowCheck& check, CardValues& card, DateTime operatingDate) {
+void checkDates(RowCheck& check, CardValues& card, const CardDefaults& defaults) {
+  const DateTime operatingDate = defaults.operatingDate;
   check.date(CardField::StartDate, std::nullopt);
   check.date(CardField::CardDate, operatingDate);
   check.date(CardField::EntryDate, operatingDate);
   const auto start = parseDate(card[CardField::StartDate]);
+  if (start) {
+    std::string fault = startDateFault(defaults.mode, card[CardField::StartDate], operatingDate);
+    if (!fault.empty()) check.refuse(CardField::StartDate, std::move(fault));
+  }
   if (card[CardField::MonthsDepreciated].empty() && start) {
     const auto months = std::max<std::int64_t>(0, DateDiff("m", *start, operatingDate));
     card[CardField::MonthsDepreciated] = std::to_string(months);
@@ -190,12 +245,22 @@ void checkDates(RowCheck& check, CardValues& card, DateTime operatingDate) {
 
 }  // namespace
 
-CardArchives CardArchives::read(Database& data) {
-  return {.categories = codes(data, "select sNum from fa_AssetTypes where sNum<>'&'"),
-          .departments = codes(data, "select sNum from fa_Departments where sNum<>'&'"),
-          .additionWays = codes(data, "select sID from fa_Origins where iType=1"),
-          .statuses = codes(data, "select sID from fa_Status where sID<>'0'"),
-          .methodNames = codes(data, "select sName from fa_Depreciations")};
+CardArchives CardArchives::read(RunContext& context) {
+  ClsBLLAssentTypes types(context.engine);
+  types.setZkDataPath(context.gstrZtFile);
+  CardArchives archives{.categories = archiveOf(types, ArchiveKind::AssetTypes, "&"),
+                        .departments = archiveOf(types, ArchiveKind::Departments, "&"),
+                        .additionWays = archiveOf(types, ArchiveKind::Origins, "0"),
+                        .statuses = archiveOf(types, ArchiveKind::Statuses, "0"),
+                        .methods = methodsOf(types),
+                        .isDetailSubject = {}};
+  archives.isDetailSubject = [&data = context.dbZKData,
+                              known = std::map<std::string, bool>()](const std::string& code) mutable {
+    const auto found = known.find(code);
+    return found != known.end() ? found->second
+                                : known.emplace(code, zelkor::isDetailSubject(data, code)).first->second;
+  };
+  return archives;
 }
 
 RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
@@ -243,7 +308,7 @@ std::vector<CellProblem> readCardRow(const RegisterColumns& columns, const std::
   checkArchives(check, card, archives);
   check.whole(CardField::UsefulLife, "0");
   checkFigures(check, card);
-  checkDates(check, card, defaults.operatingDate);
+  checkDates(check, card, defaults);
   if (isWorkloadCard(card)) checkWorkload(check, card);
   check.others(isWorkloadCard(card));
   if (card[CardField::EnteredBy].empty()) card[CardField::EnteredBy] = defaults.operatorName;

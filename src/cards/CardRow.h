@@ -1,31 +1,42 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "base/DateTime.h"
-#include "cards/CardValues.h"
-#include "store/engine/Database.h"
+#include "cards/CardSheet.h"
+#include "startup/RunContext.h"
 
 namespace zelkor {
 
-/// The codes and names of an account set that a register refers to.
-struct CardArchives {
-  std::set<std::string> categories;
-  std::set<std::string> departments;
-  std::set<std::string> additionWays;
-  std::set<std::string> statuses;
-  std::set<std::string> methodNames;
-
-  static CardArchives read(Database& data);
+/// The codes of an archive, and which of them have others below them.
+struct CardArchive {
+  std::set<std::string> codes;
+  std::set<std::string> heads;
 };
 
-/// What a blank cell stands for.
+/// The codes and names of an account set that a register refers to.
+struct CardArchives {
+  CardArchive categories;
+  CardArchive departments;
+  CardArchive additionWays;
+  CardArchive statuses;
+  CardArchive methods;  // by their names
+  /// Asks the chart of accounts once for each code.
+  std::function<bool(const std::string& code)> isDetailSubject;
+
+  /// `context` must outlive the object.
+  static CardArchives read(RunContext& context);
+};
+
+/// What a blank cell stands for, and as what the cards are entered.
 struct CardDefaults {
   std::string operatorName;
   DateTime operatingDate;
+  CardMode mode = CardMode::Original;
 };
 
 struct CellProblem {

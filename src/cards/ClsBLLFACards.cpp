@@ -76,11 +76,6 @@ std::string ClsBLLFACards::GetNewAssetNum1(std::string_view typeCode) {
   });
 }
 
-std::string ClsBLLFACards::GetAccInformation(std::string_view name) {
-  return firstText("GetAccInformation",
-                   sql("Select * From AccInformation Where cName='", name, "' And cSysID='FA'"), "cValue");
-}
-
 std::string ClsBLLFACards::GetDeprMethodName(std::string_view methodID) {
   return firstText("GetDeprMethodName", sql("Select * From FA_Depreciations Where sID='", methodID, "'"),
                    "sName");
@@ -158,11 +153,6 @@ std::string ClsBLLFACards::GetOrgAddName(std::string_view originID) {
 
 std::string ClsBLLFACards::GetStatusName(std::string_view statusID) {
   return firstText("GetStatusName", sql("Select * From FA_Status Where sID='", statusID, "'"), "sName");
-}
-
-std::string ClsBLLFACards::GetAssetTypeName(std::string_view typeCode) {
-  return firstText("GetAssetTypeName", sql("Select * From FA_AssetTypes Where snum='", typeCode, "'"),
-                   "sName");
 }
 
 std::string ClsBLLFACards::GetAssetCard(std::string_view currentID, CardMove move, std::string& methodID) {

@@ -34,8 +34,6 @@ class ClsBLLFACards : public BusinessClass {
   std::string GetNewAssetNum(std::string_view typeCode);
   /// Sequence part of the next asset number within the category.
   std::string GetNewAssetNum1(std::string_view typeCode);
-  /// Value of the module's parameter with this name.
-  std::string GetAccInformation(std::string_view name);
   std::string GetDeprMethodName(std::string_view methodID);
 
   /// Rewrites all versions of the card and its ledger row in place. DepreciationMethod holds the sID.
@@ -50,7 +48,6 @@ class ClsBLLFACards : public BusinessClass {
   std::string GetDeptName(std::string_view code);
   std::string GetOrgAddName(std::string_view originID);
   std::string GetStatusName(std::string_view statusID);
-  std::string GetAssetTypeName(std::string_view typeCode);
 
   /// sCardID that the step leads to from `currentID`, itself at either end; empty without cards.
   /// `methodID` becomes the depreciation method of the version reached.

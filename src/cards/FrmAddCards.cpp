@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 
 #include "archives/FrmFATypes.h"
+#include "cards/CardChecks.h"
 #include "cards/CardEditing.h"
 #include "vouchers/frmPZCode1.h"
 

@@ -7,6 +7,7 @@
 #include "changes/CardDetailList.h"
 #include "changes/RecentSheet.h"
 #include "changes/SheetRules.h"
+#include "store/accountset/OneTransaction.h"
 
 namespace zelkor {
 namespace {
@@ -39,11 +40,6 @@ void commit(Workspace& workspace, const SheetRules& rules, const SheetSaving& sa
   }
   workspace.CommitTrans();
   if (failure) std::rethrow_exception(failure);
-}
-
-/// Behind the commit of a save there is nothing left to roll back.
-void rollBack(Workspace& workspace) {
-  if (workspace.inTransaction()) workspace.Rollback();
 }
 
 const CardVersion& loaded(const std::optional<CardVersion>& card) {
@@ -121,7 +117,7 @@ SheetResult ChangeSheets::save(const ChangeSheet& sheet) {
     card_.reset();
     result.box = savedBox();
   } catch (const RuntimeError& error) {
-    rollBack(workspace);
+    rollBackIfOpen(workspace);  // behind the commit there is nothing left to undo
     result.outcome = Outcome::Failed;
     result.box = refusal(error.what());
   }

@@ -13,6 +13,7 @@
 #include "changes/ChangeSheets.h"
 #include "changes/ClsBalanType.h"
 #include "startup/ImportLog.h"
+#include "store/accountset/OneTransaction.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -93,14 +94,10 @@ bool endsImport(const RuntimeError& error) {
   return std::ranges::any_of(kReasons, [&error](ErrorNumber reason) { return error.is(reason); });
 }
 
-void rollBack(Workspace& workspace) {
-  if (workspace.inTransaction()) workspace.Rollback();
-}
-
 /// The failure that ends the import is the one to report.
 void rollBackIfPossible(Workspace& workspace) {
   try {
-    rollBack(workspace);
+    rollBackIfOpen(workspace);
   } catch (const RuntimeError&) {  // the connection may be what failed
   }
 }
@@ -119,7 +116,7 @@ RowEnd SheetImport::save(const SheetRow& row) {
     }
     end = refused(failureText(row, error.what()));
   }
-  rollBack(workspace);
+  rollBackIfOpen(workspace);
   return end;
 }
 
@@ -216,13 +213,23 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   return {SheetEnd::Saved, sheet.number};
 }
 
+/// Saves a row. A failure of the engine ends the import with its reason and the place.
+RowEnd saved(SheetImport& import, const SheetRow& row, std::size_t line) {
+  try {
+    return import.save(row);
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(static_cast<ErrorNumber>(error.number()),
+                       sql("导入停在第", line, "行。", error.what()));
+  }
+}
+
 ImportedSheet importRow(SheetImport& import, const CsvTableRow& row) {
   const auto& cells = row.cells;
   ImportedSheet imported{
       .line = row.line,
       .row = SheetRow{cells[kKind], cells[kCardNum], cells[kAfter], cells[kSiteAfter], cells[kReason]},
       .text = {}};
-  RowEnd end = import.save(*imported.row);
+  RowEnd end = saved(import, *imported.row, row.line);
   imported.end = end.end;
   imported.text = std::move(end.text);
   return imported;

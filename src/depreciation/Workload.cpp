@@ -1,5 +1,9 @@
 #include "depreciation/Workload.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "base/Conversion.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -15,7 +19,23 @@ void readMonth(Database& data, CardWorkload& card, int month) {
   }
 }
 
+bool isDigits(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+}
+
 }  // namespace
+
+std::optional<double> workOf(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  const std::size_t point = std::min(text.find('.'), text.size());
+  const std::string_view whole = text.substr(0, point);
+  const std::string_view decimals = text.substr(std::min(point + 1, text.size()));
+  if (whole.empty() && decimals.empty()) return std::nullopt;
+  if (!isDigits(whole) || !isDigits(decimals) || std::cmp_greater(decimals.size(), kWorkDecimals))
+    return std::nullopt;
+  const double work = Val(text);
+  return work <= kMostWork ? std::optional(work) : std::nullopt;
+}
 
 std::vector<CardWorkload> workloadCards(Database& data, int month) {
   std::vector<CardWorkload> cards;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +8,13 @@
 #include "store/engine/Database.h"
 
 namespace zelkor {
+
+inline constexpr double kMostWork = 1e12;  // in one month
+inline constexpr int kWorkDecimals = 4;
+
+/// The month's work that a text gives: digits, with a point where there are decimals. Nothing for a
+/// text that is no such number up to kMostWork, or has more than kWorkDecimals of them.
+std::optional<double> workOf(std::string_view text);
 
 /// The work of a card in one month, for cards that depreciate by workload.
 struct CardWorkload {

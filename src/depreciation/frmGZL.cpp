@@ -4,7 +4,6 @@
 #include <QHeaderView>
 #include <QLocale>
 
-#include "base/Conversion.h"
 #include "base/Format.h"
 #include "ui/Layout.h"
 
@@ -85,8 +84,10 @@ void frmGZL::beginEdit(std::size_t row) {
 }
 
 void frmGZL::takeWork(std::size_t row, const QString& text) {
+  const auto work = workOf(fromQt(text));
+  if (!work) return;
   CardWorkload& card = cards_.at(row - kHeaderRows);
-  card.work = Val(fromQt(text));
+  card.work = *work;
   changed_.insert(row - kHeaderRows);
   grdGZL->setText(row, kWorkColumn, amount(card.work));
   grdGZL->setText(row, kAccumulatedColumn, amount(card.before + card.work));

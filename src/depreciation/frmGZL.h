@@ -28,9 +28,6 @@ class frmGZL final : public Form {
   QPushButton* cmdOK = make<QPushButton>("cmdOK", "确定");
   QPushButton* cmdCancel = make<QPushButton>("cmdCancel", "取消");
 
-  static constexpr double kMostWork = 1e12;
-  static constexpr int kDecimals = 4;
-
   void arrangeControls();
   void load();
   void showCard(std::size_t row);
@@ -40,7 +37,7 @@ class frmGZL final : public Form {
   void escapePressed() override { close(); }
 
   CellEditor* editor_ = new CellEditor(grdGZL);
-  QDoubleValidator* positive_ = new QDoubleValidator(0, kMostWork, kDecimals, this);
+  QDoubleValidator* positive_ = new QDoubleValidator(0, kMostWork, kWorkDecimals, this);
   std::vector<CardWorkload> cards_;
   std::set<std::size_t> changed_;  // places in cards_
 };

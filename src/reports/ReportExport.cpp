@@ -12,7 +12,6 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kCountCaption = "数量";
 constexpr std::size_t kMostDigits = 15;  // that a spreadsheet's number keeps
 

@@ -1,5 +1,7 @@
 #include "startup/OnlyJob.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <string>
 #include <string_view>
@@ -29,6 +31,8 @@ std::string_view nameOf(OnlyJob job) {
       return "“导入变动单”";
     case OnlyJob::Disposals:
       return "“成批减少资产”";
+    case OnlyJob::WorkloadImport:
+      return "“导入工作量”";
   }
   return "另一项作业";  // of a newer program
 }
@@ -46,8 +50,9 @@ std::string sentenceAbout(const std::optional<JobNote>& holder) {
 
 /// Imports wait as any writer does. A second run or closing is one too many, also after the first.
 std::chrono::milliseconds patienceOf(OnlyJob job) {
-  const bool isImport =
-      job == OnlyJob::CardImport || job == OnlyJob::SheetImport || job == OnlyJob::Disposals;
+  constexpr std::array kImports = {OnlyJob::CardImport, OnlyJob::SheetImport, OnlyJob::Disposals,
+                                   OnlyJob::WorkloadImport};
+  const bool isImport = std::ranges::find(kImports, job) != kImports.end();
   return std::chrono::milliseconds(isImport ? 10'000 : 0);
 }
 

@@ -14,6 +14,7 @@ enum class OnlyJob : char {
   CardImport = 'c',
   SheetImport = 's',
   Disposals = 'd',
+  WorkloadImport = 'w',
 };
 
 /// Does the work while it holds the job lock of the account set, and writes out what it has gathered before

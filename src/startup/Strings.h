@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,10 +17,5 @@ void SplitString(std::string_view text, std::vector<std::string>& array, std::st
 
 /// Element of an array filled by SplitString; error 9 outside its bounds.
 const std::string& element(const std::vector<std::string>& array, std::size_t index);
-
-/// Replaces every occurrence of `find`, going on after the inserted text. "^p" as either argument stands for
-/// a carriage return and a line feed. `compare` 0 regards case, 1 does not. Positions are 16-bit numbers:
-/// error 6 beyond 32,767 characters.
-std::string ReplaceString(std::string text, std::string find, std::string replacement, std::int16_t compare);
 
 }  // namespace zelkor

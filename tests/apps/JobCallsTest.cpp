@@ -53,6 +53,17 @@ TEST_F(JobCallsTest, SheetsTellEveryRow) {
             "使用年限调整：变动单 00002\n共 2 行：已保存 1 行，以前已保存 1 行，拒绝 0 行\n");
 }
 
+TEST_F(JobCallsTest, WorkIsTakenInFromAFile) {
+  sql("update fa_Cards set sDeprMethodID='4' where sCardNum='00002'");
+  const std::string file = fileOf("work.csv", "卡片编号,本月工作量\n00002,160.5\n00001,1\n");
+  const ProgramResult partly = ctl({"workload", "import", "--set", home / "set", file});
+  EXPECT_EQ(partly.status, 1);
+  EXPECT_EQ(partly.output, "共 2 行：已保存 1 行，拒绝 1 行\n");
+  EXPECT_EQ(partly.errors, "第3行，列“卡片编号”：没有折旧方法为工作量法的卡片“00001”\n");
+  EXPECT_EQ(sql("select sCardNum,dblWork1,dblWorkT1 from fa_WorkLoad"),
+            "sCardNum\tdblWork1\tdblWorkT1\n00002\t160.5\t160.5\n");
+}
+
 TEST_F(JobCallsTest, DisposalsTellTheirEnd) {
   sql("delete from fa_DeptScale where sCardNum='00001'");
   sql("insert into fa_Total (sDeptNum,sTypeNum,iPeriod) values ('301','021',1)");

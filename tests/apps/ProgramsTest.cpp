@@ -28,7 +28,10 @@ class ProgramsTest : public ProgramTest {
 };
 
 TEST_F(ProgramsTest, AMonthFromAnEmptyDirectory) {
-  create();
+  create("set", {"--sample", "--name", "东厂", "--unit", "甲公司", "--manager", "李四"});
+  EXPECT_EQ(
+      done({"sql", file("set", "ZkSystem.Mdb"), "select cAcc_Name,cUnitName,cAcc_Master from za_account"}),
+      "cAcc_Name\tcUnitName\tcAcc_Master\n东厂\t甲公司\t李四\n");
   const ProgramResult imported =
       import(std::string(kHeader) +
              "车床,021,301,101,11,120,平均年限法(一),2018-03-05,12000,0.05,410502\n"
@@ -199,12 +202,17 @@ TEST_F(ProgramsTest, EachRunsACallOverManySets) {
   EXPECT_NE(below.errors.find("/sets/group/b：\n    zelkorctl: 错误 3343"), std::string::npos)
       << below.errors;
 
-  writeFile(home / "list", (home / "sets/a").string() + "\r\n\n" + (home / "sets/group/c").string());
+  fs::create_directory_symlink(home / "sets/a", home / "link");
+  writeFile(home / "list", "\xEF\xBB\xBF" + (home / "sets/a").string() + "\r\n\n# 停用\n" +
+                               (home / "sets/group/c").string() + "\n" + (home / "link").string() + "\n");
   const ProgramResult listed =
       ctl({"each", home / "list", "--", "sql", "{}/ZkData.Mdb", "insert into Fa_log (mMemo) values ('{}')"});
   EXPECT_EQ(listed.status, 0) << listed.errors;
-  EXPECT_EQ(sql("select mMemo from Fa_log", "sets/group/c"),
-            "mMemo\n" + (home / "sets/group/c").string() + "\n");
+  EXPECT_NE(listed.output.find("共 2 个账套："), std::string::npos) << listed.output;
+  EXPECT_EQ(listed.errors,
+            (home / "link").string() + "：与 " + (home / "sets/a").string() + " 是同一账套，只执行一次\n");
+  for (const char* set : {"sets/a", "sets/group/c"})
+    EXPECT_EQ(sql("select mMemo from Fa_log", set), "mMemo\n" + (home / set).string() + "\n");
 
   const std::pair<Words, const char*> refused[] = {{{home / "none", "--", "run", "8"}, "none"},
                                                    {{home / "sets", "--", "fly"}, "没有“fly”"},

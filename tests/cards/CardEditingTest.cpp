@@ -1,5 +1,6 @@
 #include <sstream>
 
+#include "cards/CardChecks.h"
 #include "cards/CardEditing.h"
 #include "cards/CardFixture.h"
 #include "support/Golden.h"

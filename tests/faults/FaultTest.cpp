@@ -152,6 +152,19 @@ TEST_F(FaultTest, AFullDiskEndsTheJobAndLeavesTheFileIntact) {
   EXPECT_EQ(differenceOf(content(), after), "");
 }
 
+TEST_F(FaultTest, AFullDiskTellsHowManySheetsWereSaved) {
+  if (writesWithoutItsFile()) GTEST_SKIP() << "the disk is the server's";
+  done(import());
+  const auto size = std::filesystem::file_size(set.dataFile());
+  ProgramRun full(zelkorctlProgram(), changeCards(), home.path(), {.largestFile = size / 8});
+  const ProgramResult result = full.finish();
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.errors.find("：导入停在第"), std::string::npos) << result.errors;
+  const std::string saved = set.ask("select count(*) from fa_Vouchers");
+  EXPECT_GT(std::stol(saved), 0);
+  EXPECT_NE(result.output.find("\n中断：已保存 " + saved + " 行，"), std::string::npos) << result.output;
+}
+
 TEST_F(FaultTest, TwoProcessesLoseNothing) {
   ProgramRun importing(zelkorctlProgram(), import(), home.path());
   constexpr std::size_t memos = 40;

@@ -120,24 +120,5 @@ TEST(SplitString, KeepsAnUpperBoundOfAtLeastEightUnlessExact) {
   EXPECT_EQ(errorOf([&] { element(array, 10); }), 9);
 }
 
-TEST(ReplaceString, GoesOnBehindTheInsertedText) {
-  for (const Fields& one : casesIn("startup/replace.txt"))
-    EXPECT_EQ(ReplaceString(one[0], one[1], one[2], one[3] == "1" ? 1 : 0), one[4])
-        << one[0] << " / " << one[1];
-}
-
-TEST(ReplaceString, CountsPositionsInSixteenBits) {
-  const auto replaced = [](std::size_t length) {
-    return errorOf([length] { ReplaceString(std::string(length, 'a') + "x", "x", "y", 0); });
-  };
-  EXPECT_EQ(replaced(32'000), 0);
-  EXPECT_EQ(replaced(32'767), 6);
-  // Characters count, not bytes; inserted text counts too.
-  std::string wide;
-  for (int i = 0; i < 20'000; ++i) wide += "账";
-  EXPECT_EQ(ReplaceString(wide + "x", "x", "y", 0), wide + "y");
-  EXPECT_EQ(errorOf([&] { ReplaceString(wide, "账", "账套", 0); }), 6);
-}
-
 }  // namespace
 }  // namespace zelkor::test

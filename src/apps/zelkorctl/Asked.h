@@ -31,6 +31,9 @@ struct Asked {
   int year = AccountSetOptions().year;
   int month = AccountSetOptions().month;
   bool sample = false;
+  std::string name;
+  std::string unit;
+  std::string manager;
   std::string server;
 
   std::string target;

@@ -35,7 +35,14 @@ TerminalDialogs::Options dialogsOf(const Asked& asked) {
 }
 
 int create(const Asked& asked, std::ostream& output, std::ostream&) {
-  return createCommand(asked.directory, asked.server, {asked.account, asked.year, asked.month, asked.sample},
+  return createCommand(asked.directory, asked.server,
+                       {.account = asked.account,
+                        .year = asked.year,
+                        .month = asked.month,
+                        .sample = asked.sample,
+                        .name = asked.name,
+                        .unit = asked.unit,
+                        .manager = asked.manager},
                        output);
 }
 
@@ -58,6 +65,10 @@ int importRegister(const Asked& asked, std::ostream& output, std::ostream& probl
 
 int importChanges(const Asked& asked, std::ostream& output, std::ostream&) {
   return importSheetsCommand(jobOf(asked, 24), asked.file, output);
+}
+
+int importWork(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return importWorkloadCommand(jobOf(asked, 8), asked.file, output, problems);
 }
 
 int run(const Asked& asked, std::ostream& output, std::ostream&) {
@@ -161,6 +172,9 @@ std::vector<Call> setCalls() {
            .parameters =
                {{.name = "DIR", .field = &Asked::directory, .text = "目录：写入 ZkData.Mdb 和 ZkSystem.Mdb"},
                 {.name = "--account", .field = &Asked::account, .text = "账套号", .value = "NUMBER"},
+                {.name = "--name", .field = &Asked::name, .text = "账套名称", .value = "TEXT"},
+                {.name = "--unit", .field = &Asked::unit, .text = "使用单位", .value = "TEXT"},
+                {.name = "--manager", .field = &Asked::manager, .text = "账套主管", .value = "TEXT"},
                 {.name = "--year",
                  .field = &Asked::year,
                  .text = "启用年",
@@ -239,6 +253,12 @@ std::vector<Call> jobCalls() {
                  .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
        .example = "zelkorctl sheets import changes.csv --set books",
        .run = importChanges},
+      {.name = "workload import",
+       .text = "录入工作量法资产的本月工作量",
+       .parameters = job(
+           {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件：卡片编号,本月工作量"}}),
+       .example = "zelkorctl workload import work.csv --set books",
+       .run = importWork},
       {.name = "run",
        .text = "在终端中执行批处理运行类型：8 计提折旧，20 月末结账，21 对账，23 重新初始化",
        .parameters = job({{.name = "RUNTYPE",
@@ -341,7 +361,7 @@ std::span<const Call> calls() {
 
 std::span<const CallGroup> callGroups() {
   static constexpr CallGroup kGroups[] = {
-      {"cards", "固定资产卡片"}, {"sheets", "变动单"}, {"vouchers", "凭证"}};
+      {"cards", "固定资产卡片"}, {"sheets", "变动单"}, {"workload", "工作量"}, {"vouchers", "凭证"}};
   return kGroups;
 }
 

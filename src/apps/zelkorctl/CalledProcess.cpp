@@ -27,7 +27,6 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr int kSignalStatus = 128;
 constexpr const char* kThisProgram = "/proc/self/exe";
 constexpr milliseconds kWithoutEnd{-1};
 // A program that is told to end may wait 10 s for a lock before it has written what it holds.

@@ -38,6 +38,10 @@ int importCardsCommand(const JobRun& job, const std::string& file, int newType, 
 /// Saves the rows as change sheets; see importSheets.
 int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output);
 
+/// Stores the rows as the month's work of cards; see importWorkload.
+int importWorkloadCommand(const JobRun& job, const std::string& file, std::ostream& output,
+                          std::ostream& problems);
+
 /// Takes the assets of the rows off the books as the screen's list does. Rows that the screen would not have
 /// let in are named in `problems` by line and column, and nothing is done then. The status is 1 too when the
 /// job ended in the runtime's report.

@@ -1,9 +1,13 @@
 #include "apps/zelkorctl/EachCommand.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <iomanip>
+#include <list>
+#include <map>
 #include <ostream>
 #include <sstream>
 #include <thread>
@@ -11,9 +15,11 @@
 #include "apps/zelkorctl/CalledProcess.h"
 #include "apps/zelkorctl/CallTable.h"
 #include "apps/zelkorctl/CommandRun.h"
+#include "base/Characters.h"
 #include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
+#include "store/engine/Statement.h"
 
 namespace zelkor {
 namespace {
@@ -21,6 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kPlaceOfSet = "{}";
+constexpr char kComment = '#';
 
 [[noreturn]] void refuse(const std::string& reason) {
   throw RuntimeError(ErrorNumber::InvalidProcedureCall, reason);
@@ -56,15 +63,42 @@ std::vector<std::string> setsBelow(const fs::path& folder) {
   return sets;
 }
 
-std::vector<std::string> setsOf(const std::string& place) {
-  if (fs::is_directory(place)) return setsBelow(place);
+std::vector<std::string> setsInList(std::string_view list) {
+  if (list.starts_with(kByteOrderMark)) list.remove_prefix(kByteOrderMark.size());
   std::vector<std::string> sets;
-  for (const std::string& line : Split(contentOf(place), '\n')) {
-    if (const std::string set(Trim(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line));
-        !set.empty())
-      sets.push_back(set);
+  for (const std::string& line : Split(list, '\n')) {
+    std::string set = Trim(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line);
+    if (!set.empty() && !set.starts_with(kComment)) sets.push_back(std::move(set));
   }
   return sets;
+}
+
+/// What tells a set from others, under whatever names and links: its data file.
+std::string identityOf(const std::string& set) {
+  struct stat file {};
+  const fs::path data = fs::path(set) / "ZkData.Mdb";
+  const bool isThere = ::stat(data.c_str(), &file) == 0 || ::stat(set.c_str(), &file) == 0;
+  return isThere ? sql(file.st_dev, ":", file.st_ino) : set;
+}
+
+/// Leaves out, and tells, what is there a second time.
+std::vector<std::string> eachOnce(const std::vector<std::string>& sets, std::ostream& problems) {
+  std::map<std::string, std::string> firstNames;
+  std::vector<std::string> once;
+  for (const std::string& set : sets) {
+    const auto [first, isNew] = firstNames.emplace(identityOf(set), set);
+    if (isNew) {
+      once.push_back(set);
+    } else {
+      problems << set << "：与 " << first->second << " 是同一账套，只执行一次\n";
+    }
+  }
+  problems.flush();
+  return once;
+}
+
+std::vector<std::string> setsOf(const std::string& place, std::ostream& problems) {
+  return eachOnce(fs::is_directory(place) ? setsBelow(place) : setsInList(contentOf(place)), problems);
 }
 
 std::string withSet(std::string word, const std::string& set) {
@@ -147,7 +181,7 @@ std::size_t Queue::run(std::ostream& output, std::ostream& problems) {
 int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& problems) {
   catchEndSignals();
   const Call& call = callOf(options.words);
-  std::vector<std::string> sets = setsOf(options.place);
+  std::vector<std::string> sets = setsOf(options.place, problems);
   if (sets.empty()) refuse("“" + options.place + "”中没有账套");
   const std::size_t all = sets.size();
   const auto start = std::chrono::steady_clock::now();

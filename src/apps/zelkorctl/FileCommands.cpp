@@ -9,6 +9,7 @@
 #include "cards/CardImport.h"
 #include "changes/SheetImport.h"
 #include "closing/DisposalImport.h"
+#include "depreciation/WorkloadImport.h"
 #include "startup/Main.h"
 #include "startup/OnlyJob.h"
 #include "startup/ProgramEnd.h"
@@ -24,11 +25,18 @@ struct Sums {
   long refused = 0;
 };
 
+long rowsOf(const Sums& sums) {
+  return sums.stored + sums.before + sums.refused;
+}
+
+std::string textOf(const Sums& sums) {
+  const std::string before = sums.before > 0 ? sql("以前已保存 ", sums.before, " 行，") : "";
+  return sql("已保存 ", sums.stored, " 行，", before, "拒绝 ", sums.refused, " 行");
+}
+
 /// Prints them; returns the status.
 int summed(const Sums& sums, std::ostream& output) {
-  output << "共 " << sums.stored + sums.before + sums.refused << " 行：已保存 " << sums.stored << " 行，";
-  if (sums.before > 0) output << "以前已保存 " << sums.before << " 行，";
-  output << "拒绝 " << sums.refused << " 行\n";
+  output << "共 " << rowsOf(sums) << " 行：" << textOf(sums) << '\n';
   return sums.refused == 0 ? 0 : 1;
 }
 
@@ -42,6 +50,18 @@ std::string lineOf(const ImportedSheet& sheet) {
   line +=
       (line.empty() ? "" : "：") + std::string(sheet.end == SheetEnd::Refused ? "" : "变动单 ") + sheet.text;
   return line + (sheet.end == SheetEnd::Before ? "，以前已保存，不再保存" : "");
+}
+
+/// Tells how far a file came that the program does not go on with. Where it cannot be made sure that what was
+/// saved is on disk nothing is told; when the file is given again those rows are told as saved before.
+void tellHowFar(Workspace& workspace, ToldLines& told, const Sums& sums, std::ostream& output) {
+  if (rowsOf(sums) == 0 || workspace.inTransaction()) return;
+  try {
+    told.tell();
+  } catch (const RuntimeError&) {
+    return;
+  }
+  output << "中断：" << textOf(sums) << "，其余未处理\n" << std::flush;
 }
 
 /// Does the work, and prints the lines that wait where the program is to end in it. After an error nobody
@@ -96,18 +116,38 @@ void printSums(const Disposals& sums, std::ostream& output) {
   output << "未减少 " << static_cast<long>(sums.rows) - sums.disposed - sums.before << " 行\n";
 }
 
-}  // namespace
-
-int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
-                       std::ostream& problems) {
+/// Imports a file whose good rows are stored together.
+int importTogether(const JobRun& job, const std::string& file, OnlyJob kind,
+                   const std::function<ImportResult(RunContext&, const std::string& csv)>& import,
+                   std::ostream& output, std::ostream& problems) {
   const std::string csv = contentOf(file);
   catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
     ImportResult result;
-    asOnlyJob(context, OnlyJob::CardImport, [&] { result = importCards(context, csv, newType, problems); });
+    asOnlyJob(context, kind, [&] { result = import(context, csv); });
     problems.flush();
     return summed({.stored = result.stored, .refused = result.refused}, output);
   });
+}
+
+}  // namespace
+
+int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
+                       std::ostream& problems) {
+  return importTogether(
+      job, file, OnlyJob::CardImport,
+      [&](RunContext& context, const std::string& csv) {
+        return importCards(context, csv, newType, problems);
+      },
+      output, problems);
+}
+
+int importWorkloadCommand(const JobRun& job, const std::string& file, std::ostream& output,
+                          std::ostream& problems) {
+  return importTogether(
+      job, file, OnlyJob::WorkloadImport,
+      [&](RunContext& context, const std::string& csv) { return importWorkload(context, csv, problems); },
+      output, problems);
 }
 
 int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output) {
@@ -116,14 +156,19 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
   return inPreparedRun(job, output, [&](RunContext& context) {
     Sums sums;
     ToldLines told(context.engine, output);
-    const auto import = [&] {
-      importSheets(context, csv, [&](const ImportedSheet& sheet) {
-        count(sheet.end, sums);
-        told.add(lineOf(sheet));
-        goOnUnlessSignalled();
-      });
+    const auto ended = [&](const ImportedSheet& sheet) {
+      count(sheet.end, sums);
+      told.add(lineOf(sheet));
+      goOnUnlessSignalled();
     };
-    asOnlyJob(context, OnlyJob::SheetImport, [&] { tellAtEnd(told, import); });
+    asOnlyJob(context, OnlyJob::SheetImport, [&] {
+      try {
+        importSheets(context, csv, ended);
+      } catch (...) {
+        tellHowFar(context.engine.workspace(), told, sums, output);
+        throw;
+      }
+    });
     told.tell();
     return summed(sums, output);
   });

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
+#include "base/Characters.h"
 #include "base/DateTime.h"
 #include "base/EmbeddedText.h"
 #include "base/RuntimeError.h"
+#include "base/Text.h"
 #include "store/accountset/NewFile.h"
 #include "store/accountset/SampleArchives.h"
 #include "store/accountset/TemplateWriter.h"
@@ -43,12 +46,15 @@ void writeDataFile(TemplateWriter& writer, const AccountSetOptions& options) {
 }
 
 TemplateRows accountHeader(const AccountSetOptions& options) {
-  const bool sample = options.sample;
+  const auto given = [&](const std::string& text, const std::string& plain, const char* sample) {
+    return !text.empty() ? text : options.sample ? sample : plain;
+  };
   return {"za_account",
           {"cAcc_id", "cAcc_Name", "cUnitName", "cCurName", "cAcc_Master", "iYear", "iMonth"},
-          {{options.account, sample ? "示例账套" : "账套" + options.account,
-            sample ? "示例机械制造有限公司" : "本单位", "人民币", sample ? "郑丽华" : "账套主管",
-            std::to_string(options.year), std::to_string(options.month)}}};
+          {{options.account, given(options.name, "账套" + options.account, "示例账套"),
+            given(options.unit, "本单位", "示例机械制造有限公司"), "人民币",
+            given(options.manager, "账套主管", "郑丽华"), std::to_string(options.year),
+            std::to_string(options.month)}}};
 }
 
 TemplateRows periods(const AccountSetOptions& options) {
@@ -68,8 +74,22 @@ void writeSystemFile(TemplateWriter& writer, const AccountSetOptions& options) {
   writer.insert(periods(options));
 }
 
+/// That the column of the header can hold the text.
+void checkText(std::string_view column, const std::string& text, const char* caption) {
+  const auto refuse = [&](const std::string& reason) {
+    throw RuntimeError(ErrorNumber::TypeMismatch, caption + reason);
+  };
+  const int size = catalogueTable("za_account")->info.find(column)->size;
+  if (std::cmp_greater(Len(text), size)) refuse("超过" + std::to_string(size) + "个字符。");
+  if (findUnwritable(text) != std::string::npos) refuse("中有文本不能含有的字符。");
+}
+
 void checkOptions(const AccountSetOptions& options) {
   if (options.account.empty()) throw RuntimeError(ErrorNumber::TypeMismatch, "账套号不能为空。");
+  checkText("cAcc_id", options.account, "账套号");
+  checkText("cAcc_Name", options.name, "账套名称");
+  checkText("cUnitName", options.unit, "使用单位");
+  checkText("cAcc_Master", options.manager, "账套主管");
   if (options.month < 1 || options.month > kMonthsOfYear || options.year < 1900 || options.year > 9999)
     throw RuntimeError(ErrorNumber::TypeMismatch, "启用期间 " + std::to_string(options.year) + "." +
                                                       std::to_string(options.month) + " 不正确。");

@@ -10,6 +10,10 @@ struct AccountSetOptions {
   int year = 2020;
   int month = 1;        // opening month
   bool sample = false;  // sample archives; the set then counts as initialised
+  // What screens and reports call the set, whose it is, and who is in charge; empty for words that say so.
+  std::string name = {};
+  std::string unit = {};
+  std::string manager = {};
 };
 
 /// Writes `directory`/ZkData.Mdb and `directory`/ZkSystem.Mdb: schema, template rows, account header. Raises

@@ -1,11 +1,23 @@
 #include "store/settings/FrmXUANXIANG.h"
 
+#include <cmath>
+
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "store/settings/InitWizard.h"
 #include "store/settings/Parameters.h"
 
 namespace zelkor {
+namespace {
+
+/// Chooses the entry with that number, from 1; none where the list does not offer it.
+void chooseByNumber(QComboBox& list, const std::string& number) {
+  const double place = Val(number);
+  const bool isOffered = place >= 1 && place <= list.count() && place == std::floor(place);
+  list.setCurrentIndex(isOffered ? static_cast<int>(place) - 1 : -1);
+}
+
+}  // namespace
 
 FrmXUANXIANG::FrmXUANXIANG(FormHost& host) : FrmAccountSettings(host, "FrmXUANXIANG", "选项") {
   arrangeControls();
@@ -48,9 +60,7 @@ void FrmXUANXIANG::loadAccount() {
 
 void FrmXUANXIANG::loadDepreciation() {
   if (const auto word = readParameter(data(), "bCalcDepr")) LblJTZJ->setText(isYes(*word) ? "是" : "否");
-  if (const auto number = readParameter(data(), "sDeprMethodNum")) {
-    ComboZJFF->setCurrentIndex(static_cast<int>(Val(*number)) - 1);
-  }
+  chooseByNumber(*ComboZJFF, readParameter(data(), "sDeprMethodNum").value_or(std::string()));
   if (const auto months = readParameter(data(), "iDeprSendPeriod")) {
     ComboHZFPZQ->setCurrentIndex(ComboHZFPZQ->findText(toQt(*months)));
   }
@@ -76,8 +86,7 @@ void FrmXUANXIANG::loadCodes() {
       CodingRuleLengths::fromDigits(readParameter(data(), "sTypeNumType").value_or(std::string())));
   const bool byHand = readParameter(data(), "iCardNumAutoType") == "0";
   (byHand ? OptionBMFSSD : OptionBMFSZD)->setChecked(true);
-  const auto way = readParameter(data(), "iCardNumType");
-  ComboBMFS->setCurrentIndex(way ? static_cast<int>(Val(*way)) - 1 : -1);
+  chooseByNumber(*ComboBMFS, readParameter(data(), "iCardNumType").value_or(std::string()));
   if (const auto length = readParameter(data(), "iCardSequenceNumLength")) TxtXHCD->setText(toQt(*length));
   loadTick(*CheckLXZJ, "bAddSuccession");
   if (const auto years = readParameter(data(), "iYearsToDel")) TxtSCSX->setText(toQt(*years));

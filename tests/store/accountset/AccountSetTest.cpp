@@ -144,8 +144,10 @@ TEST(SqliteAccountSet, LeavesNothingBehindWhenItFails) {
 
 TEST(SqliteAccountSet, RefusesPeriodsAndAccountsThatAreNone) {
   const TempDir directory;
-  for (const AccountSetOptions& options : {AccountSetOptions{.month = 13}, AccountSetOptions{.month = 0},
-                                           AccountSetOptions{.year = 20}, AccountSetOptions{.account = ""}}) {
+  for (const AccountSetOptions& options :
+       {AccountSetOptions{.month = 13}, AccountSetOptions{.month = 0}, AccountSetOptions{.year = 20},
+        AccountSetOptions{.account = ""}, AccountSetOptions{.name = std::string(101, 'x')},
+        AccountSetOptions{.unit = "甲\x01"}}) {
     EXPECT_NE(errorOf([&] { createAccountSet(directory / "account", options); }), 0);
     EXPECT_FALSE(fs::exists(directory / "account"));
   }

@@ -8,12 +8,12 @@
 #include <memory>
 #include <optional>
 
+#include "base/Characters.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kSection = "[zelkor]";
 
 std::string trimmed(std::string_view text) {

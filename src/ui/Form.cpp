@@ -12,7 +12,9 @@
 #include <QRegularExpressionValidator>
 
 #include "base/RuntimeError.h"
+#include "ui/Reading.h"
 #include "ui/Toolbar.h"
+#include "ui/WindowPlace.h"
 
 namespace zelkor {
 namespace {
@@ -88,6 +90,12 @@ void Form::enableCommands() {
   for (const auto& [action, command] : conditional_) action->setEnabled(command.isEnabled(*this));
 }
 
+/// A box that is laid over one value after the other gets the name of each.
+void Form::focusEntered(QWidget& control) {
+  nameControl(control);
+  bringIntoView(control);
+}
+
 void Form::adopt(QWidget& control) {
   control.installEventFilter(this);
   if (auto* button = qobject_cast<QPushButton*>(&control)) button->setAutoDefault(false);
@@ -111,6 +119,12 @@ bool Form::eventFilter(QObject* control, QEvent* event) {
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
+}
+
+void Form::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  nameControls(*this);
+  if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -103,16 +103,19 @@ class Form : public QWidget {
 
   bool eventFilter(QObject* control, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void adopt(QWidget& control);
+  static void focusEntered(QWidget& control);
   void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;
   Unload unload_;
   std::vector<std::pair<QAction*, Command>> conditional_;  // the commands that are not always enabled
   std::function<void()> closed_;
+  bool shownBefore_ = false;
   QObject events_;  // goes first: controls that die with the window still have things to tell
 };
 

@@ -12,6 +12,7 @@
 #include <QRegularExpressionValidator>
 
 #include "base/RuntimeError.h"
+#include "ui/Guide.h"
 #include "ui/Reading.h"
 #include "ui/Toolbar.h"
 #include "ui/WindowPlace.h"
@@ -117,6 +118,7 @@ bool Form::eventFilter(QObject* control, QEvent* event) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
 }

@@ -29,7 +29,8 @@ enum class Unload { Plain, EndsProgram };
 /// A screen or dialog of the system. Its controls are members that bear the system's names, made through
 /// `make` in their declaration; events are connected through `on`, which guards them.
 ///
-/// Keyboard: Enter moves on from a field and presses a button, Esc leaves an editor or cancels a dialog.
+/// Keyboard: Enter moves on from a field and presses a button, Esc leaves an editor or cancels a dialog, F1
+/// opens the guide.
 class Form : public QWidget {
  public:
   ~Form() override = default;

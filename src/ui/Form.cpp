@@ -12,6 +12,7 @@
 #include <QRegularExpressionValidator>
 
 #include "base/RuntimeError.h"
+#include "ui/CommandKeys.h"
 #include "ui/Guide.h"
 #include "ui/Reading.h"
 #include "ui/Toolbar.h"
@@ -44,7 +45,7 @@ Form::Form(FormHost& host, const char* name, const char* caption, Unload unload)
 }
 
 void Form::acceptNumbersOnly(QLineEdit* field) {
-  accept(field, "[0-9.]*");
+  accept(field, "([0-9]+[.]?[0-9]*)?");
 }
 
 void Form::acceptDigitsOnly(QLineEdit* field) {
@@ -54,6 +55,11 @@ void Form::acceptDigitsOnly(QLineEdit* field) {
 void Form::dressPick(QPushButton* button) {
   button->setProperty("pick", true);
   button->setFocusPolicy(Qt::TabFocus);
+}
+
+void Form::lockIdle(QPushButton* button) {
+  button->setEnabled(false);
+  button->setToolTip(idleTip(button->text()));
 }
 
 void Form::setCommands(Toolbar* toolbar, const std::vector<Command>& commands,
@@ -74,6 +80,7 @@ void Form::addCommands(QMenu* menu, const std::vector<Command>& commands,
     QAction* entry = menu->addAction(command.text());
     entry->setObjectName(command.name());
     entry->setShortcut(command.key());
+    entry->setEnabled(command.hasRoutine());
     if (!command.key().isEmpty()) addAction(entry);
     connectCommand(entry, command, before);
   }
@@ -103,6 +110,11 @@ void Form::adopt(QWidget& control) {
 }
 
 bool Form::eventFilter(QObject* control, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* field = qobject_cast<QLineEdit*>(control);
+    return field && leavesKeyToCommand(*field, *static_cast<QKeyEvent*>(event));
+  }
+  if (event->type() == QEvent::FocusIn) focusEntered(*static_cast<QWidget*>(control));
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(control, event);
   if (!isEnter(*static_cast<QKeyEvent*>(event))) return QWidget::eventFilter(control, event);
   bool taken = false;
@@ -115,6 +127,15 @@ bool Form::eventFilter(QObject* control, QEvent* event) {
   if (!entersNext(control)) return QWidget::eventFilter(control, event);
   focusNextChild();
   return true;
+}
+
+bool Form::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride &&
+      belongsToTyping(focusWidget(), *static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
+  return QWidget::event(event);
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

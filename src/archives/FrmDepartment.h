@@ -17,12 +17,14 @@ namespace zelkor {
 class FrmDepartment final : public Form {
  public:
   explicit FrmDepartment(FormHost& host);
+  bool isScreen() const override { return true; }
 
  private:
   enum Field : std::size_t { Code, Name, Person, Property, Phone, Address, Memo, Fields };
 
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");
   QTreeWidget* TvLeft = make<QTreeWidget>("TvLeft");
+  QLabel* LblState = make<QLabel>("LblState");
   QLabel* LblCodeSet = make<QLabel>("LblCodeSet");
   std::array<QLineEdit*, Fields> TxtEdit = makeArray<QLineEdit, Fields>("TxtEdit");
   QPushButton* CmdFindPerson = make<QPushButton>("CmdFindPerson", "…");

@@ -8,6 +8,7 @@
 #include "changes/frmCardDetail.h"
 #include "changes/frmDepart.h"
 #include "changes/frmMoreDep.h"
+#include "changes/UsefulLife.h"
 
 namespace zelkor {
 namespace {
@@ -22,7 +23,7 @@ bool hasPicker(SheetEntry entry) {
 
 frmAssetsAlteration::frmAssetsAlteration(FormHost& host, ChangeKind kind)
     : SheetForm(host, "frmAssetsAlteration", "txtContent"), sheets_(host.run(), kind), panel_(panelOf(kind)) {
-  setCommands(tbToolBar, {{"增加", &frmAssetsAlteration::add, &frmAssetsAlteration::stored, kAddKey},
+  setCommands(tbToolBar, {{"增加", &frmAssetsAlteration::add, &frmAssetsAlteration::stored},
                           {},
                           {"取消", &frmAssetsAlteration::cancel, &frmAssetsAlteration::entering},
                           {"保存", &frmAssetsAlteration::save, &frmAssetsAlteration::entering},
@@ -53,7 +54,19 @@ void frmAssetsAlteration::addEntry(const SheetLabel& spec, QLabel* label) {
                          [this, &spec, label] { cmdMobile_Click(spec, label); });
   }
   editor->add(label, button,
-              spec.entry == SheetEntry::Picked ? SheetEditor::Entry::Picked : SheetEditor::Entry::Typed);
+              spec.entry == SheetEntry::Picked ? SheetEditor::Entry::Picked : SheetEditor::Entry::Typed,
+              inputOf(spec));
+}
+
+/// What the runtime would refuse cannot be typed. A new life begins with the one before.
+SheetInput frmAssetsAlteration::inputOf(const SheetLabel& spec) {
+  if (spec.entry == SheetEntry::Life) {
+    const auto before = [this] {
+      return toQt(completedLife(sheet_.before.text.empty() ? "0" : sheet_.before.text));
+    };
+    return {.limit = life_, .offered = before, .unit = "年"};
+  }
+  return {.limit = spec.isAmount ? amount_ : nullptr};
 }
 
 void frmAssetsAlteration::arrangeControls() {
@@ -114,7 +127,7 @@ void frmAssetsAlteration::txtContent_Commit(const QLabel* value, const QString& 
   const std::string typed = fromQt(text);
   if (spec->entry == SheetEntry::CardNumber) return loadTyped(label, CardKey::CardNumber, typed);
   if (spec->entry == SheetEntry::AssetNumber) return loadTyped(label, CardKey::AssetNumber, typed);
-  spec->text(sheet_) = typed;
+  spec->text(sheet_) = spec->entry == SheetEntry::Life ? completedLife(typed) : typed;
   if (spec->entry == SheetEntry::Increase) sheet_.recomputeValues();
   showSheet();
 }

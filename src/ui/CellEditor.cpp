@@ -69,6 +69,7 @@ void CellEditor::open(std::size_t row, std::size_t column, QWidget* editor) {
   column_ = column;
   choosing_ = editor == combo_;
   before_ = toQt(grid_->grid().text(row, column));
+  editor->setAccessibleName(toQt(grid_->grid().text(0, column)));
   box_->setVisible(!choosing_);
   combo_->setVisible(choosing_);
   setText(before_);

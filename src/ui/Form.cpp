@@ -12,7 +12,11 @@
 #include <QRegularExpressionValidator>
 
 #include "base/RuntimeError.h"
+#include "ui/CommandKeys.h"
+#include "ui/Guide.h"
+#include "ui/Reading.h"
 #include "ui/Toolbar.h"
+#include "ui/WindowPlace.h"
 
 namespace zelkor {
 namespace {
@@ -41,7 +45,7 @@ Form::Form(FormHost& host, const char* name, const char* caption, Unload unload)
 }
 
 void Form::acceptNumbersOnly(QLineEdit* field) {
-  accept(field, "[0-9.]*");
+  accept(field, "([0-9]+[.]?[0-9]*)?");
 }
 
 void Form::acceptDigitsOnly(QLineEdit* field) {
@@ -51,6 +55,11 @@ void Form::acceptDigitsOnly(QLineEdit* field) {
 void Form::dressPick(QPushButton* button) {
   button->setProperty("pick", true);
   button->setFocusPolicy(Qt::TabFocus);
+}
+
+void Form::lockIdle(QPushButton* button) {
+  button->setEnabled(false);
+  button->setToolTip(idleTip(button->text()));
 }
 
 void Form::setCommands(Toolbar* toolbar, const std::vector<Command>& commands,
@@ -71,6 +80,7 @@ void Form::addCommands(QMenu* menu, const std::vector<Command>& commands,
     QAction* entry = menu->addAction(command.text());
     entry->setObjectName(command.name());
     entry->setShortcut(command.key());
+    entry->setEnabled(command.hasRoutine());
     if (!command.key().isEmpty()) addAction(entry);
     connectCommand(entry, command, before);
   }
@@ -88,12 +98,23 @@ void Form::enableCommands() {
   for (const auto& [action, command] : conditional_) action->setEnabled(command.isEnabled(*this));
 }
 
+/// A box that is laid over one value after the other gets the name of each.
+void Form::focusEntered(QWidget& control) {
+  nameControl(control);
+  bringIntoView(control);
+}
+
 void Form::adopt(QWidget& control) {
   control.installEventFilter(this);
   if (auto* button = qobject_cast<QPushButton*>(&control)) button->setAutoDefault(false);
 }
 
 bool Form::eventFilter(QObject* control, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* field = qobject_cast<QLineEdit*>(control);
+    return field && leavesKeyToCommand(*field, *static_cast<QKeyEvent*>(event));
+  }
+  if (event->type() == QEvent::FocusIn) focusEntered(*static_cast<QWidget*>(control));
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(control, event);
   if (!isEnter(*static_cast<QKeyEvent*>(event))) return QWidget::eventFilter(control, event);
   bool taken = false;
@@ -108,9 +129,25 @@ bool Form::eventFilter(QObject* control, QEvent* event) {
   return true;
 }
 
+bool Form::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride &&
+      belongsToTyping(focusWidget(), *static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
+}
+
+void Form::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  nameControls(*this);
+  if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -29,13 +29,16 @@ enum class Unload { Plain, EndsProgram };
 /// A screen or dialog of the system. Its controls are members that bear the system's names, made through
 /// `make` in their declaration; events are connected through `on`, which guards them.
 ///
-/// Keyboard: Enter moves on from a field and presses a button, Esc leaves an editor or cancels a dialog.
+/// Keyboard: Enter moves on from a field and presses a button, Esc leaves an editor or cancels a dialog, F1
+/// opens the guide.
 class Form : public QWidget {
  public:
   ~Form() override = default;
 
   /// Called when the form has been closed; one listener.
   void onClosed(std::function<void()> listener) { closed_ = std::move(listener); }
+  /// Whether it is a screen and not a dialog where it is shown modal: it can fill the whole display then.
+  virtual bool isScreen() const { return false; }
 
  protected:
   /// `name` is the form's name in the system, `caption` its title.
@@ -88,7 +91,10 @@ class Form : public QWidget {
   /// Dresses the button beside a field that opens a picker. A click on it does not leave the field.
   static void dressPick(QPushButton* button);
 
-  /// The field takes digits and the point only.
+  /// Locks a button that does nothing on this screen; its tip says so.
+  static void lockIdle(QPushButton* button);
+
+  /// The field takes a number without a sign only.
   static void acceptNumbersOnly(QLineEdit* field);
   static void acceptDigitsOnly(QLineEdit* field);
 
@@ -100,18 +106,22 @@ class Form : public QWidget {
   virtual void Form_Unload() {}
 
   bool eventFilter(QObject* control, QEvent* event) override;
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void adopt(QWidget& control);
+  static void focusEntered(QWidget& control);
   void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;
   Unload unload_;
   std::vector<std::pair<QAction*, Command>> conditional_;  // the commands that are not always enabled
   std::function<void()> closed_;
-  QObject events_;  // goes first: controls that die with the window still have events to send
+  bool shownBefore_ = false;
+  QObject events_;  // goes first: controls that die with the window still have things to tell
 };
 
 }  // namespace zelkor

@@ -72,11 +72,13 @@ class FormHost {
     keepAndShow(std::move(form));
     return shown;
   }
-  /// Shows a form modal and returns when it is closed; throws EndProgram when the program ended meanwhile.
+  /// Shows a form modal, in front of the window from which it is opened, and returns when it is closed;
+  /// throws EndProgram when the program ended meanwhile.
   void showModal(Form& form);
 
  private:
   void keepAndShow(std::unique_ptr<Form> form);
+  static void openInFront(Form& form);
   void end(int status);
   void endServices(std::optional<int> status);
 

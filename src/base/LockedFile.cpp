@@ -19,7 +19,7 @@ constexpr std::size_t kLongestTold = 200;
   throw systemError("不能锁定文件“" + path + "”", errno);
 }
 
-/// Of the lock that says that what stands in the file is its holder's: a killed one leaves the words, not
+/// Of the lock that says that what is in the file is its holder's: a killed one leaves the words, not
 /// this.
 struct flock markOfWords() {
   struct flock mark {};

@@ -72,7 +72,7 @@ bool isPipeOrDevice(const fs::file_status& status) {
 }
 
 /// The number of an open file that the program was started with, where the path is the system's name for it:
-/// its own descriptor is written then, in its place and way (behind the end, into a socket).
+/// its own descriptor is written then, in its place and way (after the end, into a socket).
 std::optional<int> descriptorOf(const fs::path& file) {
   const std::string name = file.lexically_normal();
   if (name == "/dev/stdout") return STDOUT_FILENO;

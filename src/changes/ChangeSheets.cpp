@@ -117,7 +117,7 @@ SheetResult ChangeSheets::save(const ChangeSheet& sheet) {
     card_.reset();
     result.box = savedBox();
   } catch (const RuntimeError& error) {
-    rollBackIfOpen(workspace);  // behind the commit there is nothing left to undo
+    rollBackIfOpen(workspace);  // after the commit there is nothing left to undo
     result.outcome = Outcome::Failed;
     result.box = refusal(error.what());
   }

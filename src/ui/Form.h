@@ -121,7 +121,7 @@ class Form : public QWidget {
   std::vector<std::pair<QAction*, Command>> conditional_;  // the commands that are not always enabled
   std::function<void()> closed_;
   bool shownBefore_ = false;
-  QObject events_;  // goes first: controls that die with the window still have things to tell
+  QObject events_;  // goes first: controls that die with the window still have events to send
 };
 
 }  // namespace zelkor

@@ -31,7 +31,7 @@ QRect placeOf(const QWidget& widget) {
   return {widget.mapTo(widget.window(), QPoint()), widget.size()};
 }
 
-/// Without the mark of its key and the colon behind it.
+/// Without the mark of its key and the colon after it.
 QString plainCaption(QString caption) {
   static const QRegularExpression key("\\(&.\\)");
   return caption.remove(key).remove('&').remove(QChar(u'：')).trimmed();
@@ -45,7 +45,7 @@ bool overlapsColumns(const QRect& one, const QRect& other) {
   return one.left() < other.right() && other.left() < one.right();
 }
 
-/// How far off the label is; what stands in the same line goes before what is above. Negative where it is
+/// How far off the label is; what is in the same line goes before what is above. Negative where it is
 /// neither.
 int distance(const QRect& label, const QRect& control) {
   constexpr int kAnotherLine = 10000;

@@ -12,7 +12,7 @@ class QValidator;
 
 namespace zelkor {
 
-/// What may be typed, and what stands in the box where the value is empty; in front of `unit` stands what is
+/// What may be typed, and what is in the box where the value is empty; in front of `unit` stands what is
 /// to be typed over.
 struct SheetInput {
   const QValidator* limit = nullptr;
@@ -32,7 +32,7 @@ class SheetEditor final : public QObject {
   /// The box is a sibling of what holds the values.
   explicit SheetEditor(QLineEdit* box);
 
-  /// Adds a value behind those that are there. `button` may be nullptr.
+  /// Adds a value after those that are there. `button` may be nullptr.
   void add(QLabel* value, QPushButton* button, Entry entry, const SheetInput& input = {});
   /// Whether the sheet is being filled in: locked values look printed and cannot be opened.
   void setActive(bool active);

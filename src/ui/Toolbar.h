@@ -8,7 +8,7 @@
 namespace zelkor {
 
 /// A row of commands with icons, each under its name as a control. Their keys (`CommandKeys`) act wherever
-/// the focus is and stand in their tips. What does not fit is behind a button at the end of the row.
+/// the focus is and are in their tips. What does not fit is behind a button at the end of the row.
 class Toolbar final : public QToolBar {
  public:
   explicit Toolbar(QWidget* parent = nullptr);

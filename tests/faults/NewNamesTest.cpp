@@ -35,7 +35,7 @@ void noteForced(const fs::path& forced) {
 
 }  // namespace
 
-/// In this program it stands before the system's own.
+/// In this program it comes before the system's own.
 extern "C" int fsync(int file) {
   noteForced(fs::read_symlink("/proc/self/fd/" + std::to_string(file)));
   return static_cast<int>(::syscall(SYS_fsync, file));

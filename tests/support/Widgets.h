@@ -191,7 +191,7 @@ inline std::vector<std::function<void(QWidget&)>> waysToLeave(const char* cancel
 /// is no larger than its screen.
 void expectReadable(const QWidget& form);
 
-/// Looks at a form as it stands and keeps a picture of it, under that name in the folder that
+/// Looks at a form as it is and keeps a picture of it, under that name in the folder that
 /// ZELKOR_SCREENSHOTS names.
 inline void keepPicture(QWidget& form, const std::string& name) {
   expectReadable(form);

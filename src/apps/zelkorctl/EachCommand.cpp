@@ -6,7 +6,6 @@
 #include <chrono>
 #include <filesystem>
 #include <iomanip>
-#include <list>
 #include <map>
 #include <ostream>
 #include <sstream>

@@ -53,7 +53,7 @@ std::string lineOf(const ImportedSheet& sheet) {
 }
 
 /// Tells how far a file came that the program does not go on with. Where it cannot be made sure that what was
-/// saved is on disk nothing is told; when the file is given again those rows are told as saved before.
+/// saved is on disk nothing is reported; given again, the file reports those rows as saved before.
 void tellHowFar(Workspace& workspace, ToldLines& told, const Sums& sums, std::ostream& output) {
   if (rowsOf(sums) == 0 || workspace.inTransaction()) return;
   try {

@@ -108,7 +108,7 @@ void Emitter::orderBy(const bound::Select& select) {
   }
 }
 
-// A part that takes the first rows stands in a query of its own: its order and limit must not reach the
+// A part that takes the first rows is in a query of its own: its order and limit must not reach the
 // whole.
 void Emitter::part(const bound::Select& select, bool named) {
   if (!select.top) return this->select(select, named);
@@ -133,7 +133,8 @@ void Emitter::compound(const bound::Select& whole, bool named) {
 // the first rows of a table must not depend on the index that finds them.
 void Emitter::tableOrder(const bound::Select& select) {
   const bool ordered = !select.orderBy.empty();
-  if (ordered && select.top && movesRows()) return;  // the ties of the TOP are told by the order keys alone
+  if (ordered && select.top && movesRows())
+    return;  // the ties of the TOP are defined by the order keys alone
   if (!ordered && !select.top && comesInOrder(select, order())) return;
   orderKeys(tiesOf(select, order()), ordered ? ", " : " ORDER BY ");
 }

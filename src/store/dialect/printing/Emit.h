@@ -15,7 +15,7 @@
 
 namespace zelkor::dialect {
 
-/// Prints bound statements for one engine. What engines share stands here; each override in a derived class
+/// Prints bound statements for one engine. What engines share is here; each override in a derived class
 /// is a real difference of its engine.
 class Emitter {
  public:
@@ -38,7 +38,7 @@ class Emitter {
   /// The parameter of that number (from 1) holds a row key.
   void rowKeyParameter(std::size_t number) { out_ += words_.rowKeyParameter(number); }
 
-  /// A whole SELECT as it stands inside another statement; `named` prints the names of the output columns,
+  /// A whole SELECT as it is inside another statement; `named` prints the names of the output columns,
   /// `ordered` an order that leaves no rows alike.
   void select(const bound::Select& select, bool named, bool ordered = false);
   /// FROM, WHERE, GROUP BY and HAVING; `also` is a further condition, printed already.
@@ -69,7 +69,7 @@ class Emitter {
   /// The bounds of a BETWEEN, which come in either order; Null when one of them is.
   virtual void bounds(const bound::Between& test) = 0;
   virtual void quantified(const bound::Quantified& node) = 0;
-  /// What stands behind THEN or ELSE.
+  /// What follows THEN or ELSE.
   virtual void branch(const bound::Node& node) { expr(node, 0); }
   virtual void aggregate(const bound::Aggregate& node);
   virtual void numberCast(const bound::NumberOfText& node);
@@ -83,12 +83,12 @@ class Emitter {
   /// Whether an engine has to be told the order of one table's rows, and of those that are alike in the ORDER
   /// BY, too.
   virtual bool movesRows() const { return false; }
-  /// Whether the rows of tables have their keys also where the tables are joined in parentheses behind JOIN.
+  /// Whether the rows of tables have their keys also where the tables are joined in parentheses after JOIN.
   virtual bool keysNestedRows() const { return false; }
   virtual std::string_view betweenSources(const std::vector<bound::Source>&) const { return ", "; }
   virtual void callName(const SqlFunction& function);
 
-  /// The order in which the rows were added that the aggregates gather; empty where no table tells.
+  /// The order in which the rows were added that the aggregates gather; empty where no table says.
   std::vector<bound::OrderKey> gatheredOrder() const;
   /// The first rows with those that are alike, or a hundredth part of them, picked out by their ranks.
   /// `ordered`: they come in the order of the last item, which is none of their columns.

@@ -58,7 +58,7 @@ void numberSource(bound::Source& source, const EngineOrder& engine) {
   }
 }
 
-/// The output columns and the order of other rows, which stand in FROM with numbered columns.
+/// The output columns and the order of other rows, which are in FROM with numbered columns.
 Select around(Select& rows) {
   Select outer;
   for (std::size_t i = 0; i < rows.items.size(); ++i) {

@@ -7,7 +7,7 @@
 
 // The order of rows, as keys that leave no two of them alike. The rows of a table come as they were added,
 // joined ones by the rows of the first table, then by those of the next; groups by their keys, Null first; a
-// UNION by its columns, a UNION ALL one part behind the other; distinct rows where the first of those that
+// UNION by its columns, a UNION ALL one part after the other; distinct rows where the first of those that
 // are alike would come. A SELECT in FROM has its own order. Where the last key of ORDER BY descends, rows
 // that are alike come the other way round, but for groups and UNION.
 namespace zelkor::dialect {

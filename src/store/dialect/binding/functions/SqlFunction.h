@@ -31,7 +31,7 @@ class RowGathering {
   virtual void add(const Value& value) = 0;
   /// The same for a number, without the way through a value.
   virtual void addNumber(double number) { add(Value(number)); }
-  /// Before `add`: where the row stands in the order of adding, for what depends on it.
+  /// Before `add`: where the row is in the order of adding, for what depends on it.
   virtual void standAt(std::vector<std::int64_t> /*place*/) {}
   virtual Value result() const = 0;
 };

@@ -11,7 +11,7 @@
 #include <sstream>
 #include <thread>
 
-#include "apps/zelkorctl/CalledProcess.h"
+#include "apps/zelkorctl/CalledProcesses.h"
 #include "apps/zelkorctl/CallTable.h"
 #include "apps/zelkorctl/CommandRun.h"
 #include "base/Characters.h"

@@ -79,11 +79,14 @@ ColumnInfo columnOf(std::string_view name, std::string_view type, std::string_vi
 
 }  // namespace
 
+// By what depends on the schema, which has an index: pg_class holds the tables of all account sets.
 std::vector<std::string> PostgreSqlEngine::tableNames() {
   const PgResult result = link_->query(
-      "SELECT coalesce(d.description, c.relname) FROM pg_class c LEFT JOIN pg_description d "
-      "ON d.objoid = c.oid AND d.objsubid = 0 AND d.classoid = 'pg_class'::regclass "
-      "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p') ORDER BY c.relname",
+      "SELECT coalesce(d.description, c.relname) FROM pg_depend s JOIN pg_class c ON c.oid = s.objid "
+      "LEFT JOIN pg_description d ON d.objoid = c.oid AND d.objsubid = 0 AND d.classoid = "
+      "'pg_class'::regclass "
+      "WHERE s.refclassid = 'pg_namespace'::regclass AND s.refobjid = current_schema()::regnamespace "
+      "AND s.classid = 'pg_class'::regclass AND c.relkind IN ('r', 'p') ORDER BY c.relname",
       {});
   std::vector<std::string> names;
   names.reserve(static_cast<std::size_t>(PQntuples(result.get())));

@@ -1,8 +1,12 @@
 #include "store/engine/sqlite/OpenSqliteFile.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <mutex>
 #include <string_view>
 
 #include "base/RuntimeError.h"
@@ -50,6 +54,34 @@ std::string unchangingUri(const fs::path& file) {
   return uri + "?immutable=1";
 }
 
+/// The group of the data file for what is made beside it ("books-wal"). In a folder that hands none down it
+/// would be the user's own, and keep out those who share the books. Needed where it is not his to give: no
+/// matter.
+void giveGroupOfData(int made, const std::string& path) {
+  struct stat data {};
+  if (::stat(path.substr(0, path.rfind('-')).c_str(), &data) != 0) return;
+  if (::fchown(made, static_cast<uid_t>(-1), data.st_gid) != 0) return;
+}
+
+/// How the engine opens files. One that is there is opened without being asked for: in a sticky folder the
+/// system refuses to make one where another user's is.
+int openAmongUsers(const char* path, int flags, int mode) {
+  if ((flags & O_CREAT) == 0 || (flags & O_EXCL) != 0) return ::open(path, flags, mode);
+  const int there = ::open(path, flags & ~O_CREAT);
+  if (there >= 0 || errno != ENOENT) return there;
+  const int made = ::open(path, flags, mode);
+  if (made >= 0) giveGroupOfData(made, path);
+  return made;
+}
+
+/// For the whole process, before the engine opens its first file.
+void prepareEngine() {
+  // The count of its memory, which nobody reads, takes a lock at every allocation.
+  sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
+  files->xSetSystemCall(files, "open", reinterpret_cast<sqlite3_syscall_ptr>(openAmongUsers));
+}
+
 SqliteHandle opened(const std::string& name, int flags) {
   sqlite3* handle = nullptr;
   const int code = sqlite3_open_v2(name.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -79,9 +111,8 @@ void requireShortPath(const fs::path& file, std::size_t spare) {
 }
 
 SqliteHandle openSqliteFile(const std::string& path, SqliteEngine::Access access) {
-  // The count of its memory, which nobody reads, takes a lock at every allocation.
-  static const int uncounted = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-  (void)uncounted;
+  static std::once_flag prepared;
+  std::call_once(prepared, prepareEngine);
   requireShortPath(path);
   const fs::path whole = wholePath(path);
   const bool reading = access == SqliteEngine::Access::Read;

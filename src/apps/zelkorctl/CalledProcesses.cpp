@@ -1,4 +1,4 @@
-#include "apps/zelkorctl/CalledProcess.h"
+#include "apps/zelkorctl/CalledProcesses.h"
 
 #include <fcntl.h>
 #include <poll.h>

@@ -207,6 +207,21 @@ TEST_F(MainTest, WhatWasGatheredIsWrittenOutBeforeABoxAndAtTheEnd) {
   context.dialogs.setBeforeShowing({});
 }
 
+TEST_F(MainTest, ARunWhoseLastWriteFailsHasFailed) {
+  if (writesWithoutItsFile()) GTEST_SKIP();
+  const std::string away = context.gstrZtFile + ".away";
+  testing::internal::CaptureStderr();
+  dialogs.expectOk("实时错误 '3024':\n找不到文件 '" + context.gstrZtFile + "'。", Icon::Critical);
+  EXPECT_EQ(runToEnd(context,
+                     [&] {
+                       WriteFaLog(context, "a");
+                       std::filesystem::rename(context.gstrZtFile, away);
+                     }),
+            1);
+  testing::internal::GetCapturedStderr();
+  std::filesystem::rename(away, context.gstrZtFile);
+}
+
 class LogsTest : public AccountSetTest {};
 
 TEST_F(LogsTest, AMemoHasOneRowWithTheNewestDateAndUser) {

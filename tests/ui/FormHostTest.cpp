@@ -91,6 +91,21 @@ TEST_F(FormHostTest, reportsTheInnerFailureOnce) {
   EXPECT_EQ(endStatus(), 1);
 }
 
+TEST_F(FormHostTest, writesOutWhatWasGatheredBeforeAPersonIsAsked) {
+  inModalForm([this](QWidget& form) {
+    DbEngine other;
+    const Recordset seen = other.OpenDatabase(context.gstrZtFile)
+                               .OpenRecordset("select cDepPhone from department where cDepCode='1'");
+    EXPECT_EQ(seen.TextOrEmpty("cDepPhone"), "1");
+    form.close();
+  });
+  host.dispatch([this] {
+    execute(kChange);
+    NestingForm form(host, {}, {});
+    host.showModal(form);
+  });
+}
+
 TEST_F(FormHostTest, doesNotWaitForAFormThatIsGoneAtOnce) {
   host.dispatch([this] {
     ShortLivedForm form(host, Unload::Plain);

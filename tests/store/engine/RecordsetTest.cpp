@@ -91,9 +91,13 @@ TEST_F(RecordsetTest, ARowDeletedUnderTheWalkIsAnError) {
   EXPECT_EQ(rs.Text("sNum"), "A1");
   db.Execute("delete from asset where sNum='A2'");
   rs.MoveNext();
-  EXPECT_EQ(errorOf([&] { rs.Text("sNum"); }), 3167);
+  EXPECT_EQ(refusalOf([&] { rs.Text("sNum"); }), "3167 记录被删除。");
   rs.MoveNext();
   EXPECT_EQ(rs.Text("sNum"), "A3");
+  rs.Edit();
+  rs.Collect("sName", "changed");
+  db.Execute("delete from asset where sNum='A3'");
+  EXPECT_EQ(errorOf([&] { rs.Update(); }), 3167) << "not lost without a word";
 }
 
 TEST_F(RecordsetTest, ARowIsReadAgainAfterOneThatWasDeleted) {
@@ -141,6 +145,7 @@ TEST_F(RecordsetTest, ARowThatItDeletesLeavesTheWalk) {
   Recordset rs = db.OpenRecordset("select * from asset order by sNum");
   rs.MoveNext();
   rs.Delete();
+  EXPECT_EQ(rs.RecordCount(), 1);
   EXPECT_EQ(errorOf([&] { rs.Text("sNum"); }), 3167);
   rs.MoveNext();
   EXPECT_EQ(rs.Text("sNum"), "A3");

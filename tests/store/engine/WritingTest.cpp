@@ -157,6 +157,10 @@ TEST_F(WritingTest, ATransactionTakesNoLockBeforeItsFirstWrite) {
   workspace.CommitTrans();
   EXPECT_EQ(stranger.count("t"), 2);
   EXPECT_EQ(errorOf([&] { workspace.CommitTrans(); }), 3034);
+  workspace.BeginTrans();
+  db.lockForWriting();
+  EXPECT_EQ(stranger.run("insert into t values ('late', 1)"), onServer()) << "unless it asks for one";
+  workspace.Rollback();
 }
 
 TEST_F(WritingTest, ARollbackLeavesNoRow) {
@@ -214,6 +218,18 @@ INSTANTIATE_TEST_SUITE_P(Files, BadFileTest,
                                          BadFile{"text", "no database at all", 3343},
                                          BadFile{"cut", "SQLite form", 3343}),
                          [](const auto& tested) { return std::string(tested.param.name); });
+
+TEST(OpenDatabaseTest, ADamagedPageIsReportedByTheStatementThatMeetsIt) {
+  if (writesWithoutItsFile()) GTEST_SKIP() << "the pages are the server's";
+  constexpr std::streamoff secondPage = 4096;
+  const TempDir directory;
+  const std::string path = makeEmptyDataFile(directory.path());
+  DbEngine().OpenDatabase(path).Execute("create table t (sNum text(20))");
+  std::fstream(path, std::ios::binary | std::ios::in | std::ios::out).seekp(secondPage)
+      << std::string(secondPage, 'x');
+  DbEngine engine;
+  EXPECT_EQ(errorOf([&] { rowsOf(engine.OpenDatabase(path).OpenRecordset("select * from t")); }), 3343);
+}
 
 TEST(OpenDatabaseTest, TellsHowToImportAJetFile) {
   const TempDir directory;

@@ -111,6 +111,15 @@ TEST_P(JetDamageTest, NeverCrashesOnNonsense) {
   EXPECT_GT(refused, 20);
 }
 
+TEST_P(JetDamageTest, RefusesALongValueThatEndsEarly) {
+  JetFileWriter file = writer();
+  file.table("t", {{"o", JetType::Ole}}).add({JetBytes{std::string(9000, 'm')}});
+  file.close();
+  const std::size_t length = readFile(jet_).find(std::string("\x28\x23\0\0", 4));  // 9000
+  flipBits(jet_, static_cast<std::streamoff>(length) + 1, '\x04');                 // 10024
+  EXPECT_THAT(refusal(), AllOf(StartsWith("3343: "), HasSubstr("长数据不完整")));
+}
+
 TEST_P(JetDamageTest, RefusesEncodedFilesAndOpensThoseWithAPassword) {
   JetOptions options;
   options.key = 0x5EC0DE;

@@ -73,7 +73,7 @@ void addDigits(JetFileWriter& file) {
   for (const auto& [name, precision, scale, values] :
        {std::tuple{"Digits", 18, 4, std::vector<JetCell>{I{-1230001}, I{7}, {}}},
         {"Digits16", 16, 2, {I{-1230001}}},
-        {"Digits8", 16, 8, {I{123456789012345}, I{1234567890123456789}}}}) {
+        {"Digits8", 16, 8, {I{123456789012345}, I{1234567890123456}, I{1234567890123456789}}}}) {
     column.precision = precision;
     column.scale = scale;
     addColumn(file, name, column, values);

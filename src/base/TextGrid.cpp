@@ -136,4 +136,11 @@ void TextGrid::setCentred(std::size_t row, std::size_t column, bool centred) {
   cell(row, column).centred = centred;
 }
 
+bool TextGrid::isTotal(std::size_t row) const {
+  return itemAt(rows_, row).total;
+}
+void TextGrid::setTotal(std::size_t row) {
+  itemAt(rows_, row).total = true;
+}
+
 }  // namespace zelkor

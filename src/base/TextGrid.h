@@ -10,7 +10,7 @@ namespace zelkor {
 enum class Align { Left, Center, Right };
 
 /// A table of text cells with what is needed to show or print it: column widths in twips (1/1440 inch),
-/// alignment, hidden columns and rows, header rows, merging of equal neighbours by row and by column.
+/// alignment, hidden columns and rows, header rows, totals, merging of equal neighbours by row and by column.
 /// Rows and columns count from 0; reading a cell outside the grid is error 9.
 class TextGrid {
  public:
@@ -55,6 +55,9 @@ class TextGrid {
   void setBold(std::size_t row, std::size_t column, bool bold);
   bool centred(std::size_t row, std::size_t column) const;
   void setCentred(std::size_t row, std::size_t column, bool centred);
+  /// A row of totals: shown bold, and it stays below the rows that it adds up, however those are arranged.
+  bool isTotal(std::size_t row) const;
+  void setTotal(std::size_t row);
 
  private:
   struct Cell {
@@ -66,6 +69,7 @@ class TextGrid {
     std::vector<Cell> cells;
     bool hidden = false;
     bool merged = false;
+    bool total = false;
   };
   struct Column {
     int width = 1000;

@@ -14,9 +14,7 @@ constexpr std::string_view kAmountPicture = "##,###.00";
 constexpr std::size_t kStartColumn = 2;
 constexpr std::size_t kLifeColumn = 3;
 constexpr std::size_t kAmountColumn = 4;
-constexpr std::size_t kAssetNumColumn = 5;
 constexpr std::size_t kRateColumn = 6;
-constexpr std::size_t kOperatorColumn = 7;
 constexpr std::size_t kColumns = 8;
 
 std::string_view filterCondition(CardFilter filter) {
@@ -106,7 +104,7 @@ void CardList::addTotal(TextGrid& grid) {
   const std::size_t row = grid.addRow();
   grid.setText(row, kCardNumColumn, "合计：");
   grid.setText(row, kAmountColumn, Format(static_cast<double>(total_), kAmountPicture));
-  for (const std::size_t column : {kCardNumColumn, kAmountColumn}) grid.setBold(row, column, true);
+  grid.setTotal(row);
 }
 
 }  // namespace zelkor

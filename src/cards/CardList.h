@@ -27,6 +27,8 @@ class CardList {
  public:
   /// Column of the card number; column 0 stays empty.
   static constexpr std::size_t kCardNumColumn = 1;
+  static constexpr std::size_t kAssetNumColumn = 5;
+  static constexpr std::size_t kOperatorColumn = 7;
 
   /// `rows` are those of ClsBLLManageCards::rstGetCards. Of each card the first row counts.
   explicit CardList(Recordset rows);

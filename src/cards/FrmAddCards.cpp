@@ -173,6 +173,7 @@ void FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {
 void FrmAddCards::pickSubject(CardField field) {
   frmPZCode1 picker(host());
   picker.setZKDatabase(data());
+  picker.showSubject(toQt(sheet_.texts[field]));
   host().showModal(picker);
   const std::string& code = picker.AccountCode();
   if (code.empty()) return;

@@ -26,8 +26,9 @@ constexpr std::size_t kFirstCardRow = 1;
 }  // namespace
 
 FrmManageCards::FrmManageCards(FormHost& host, const std::string& zkDataPath)
-    : Form(host, "FrmManageCards", "卡片管理", Unload::Plain), cards_(run().engine) {
+    : Form(host, "FrmManageCards", "卡片管理", Unload::Plain), cards_(run().engine), finder_(run().engine) {
   cards_.setZkDataPath(zkDataPath);
+  finder_.setZkDataPath(zkDataPath);
   for (const auto kind : {CardQuery::ByDepartment, CardQuery::ByCategory, CardQuery::Custom}) {
     cmbType->addItem(toQt(cardQueryName(kind)));
   }
@@ -36,6 +37,8 @@ FrmManageCards::FrmManageCards(FormHost& host, const std::string& zkDataPath)
   }
   arrangeControls();
   mshFA->setGrid(CardList::heading());
+  mshFA->fitColumns();
+  mshFA->fillWith(CardList::kOperatorColumn);
   connectEvents();
   enableCommands();
   cmbType_Click();
@@ -49,8 +52,12 @@ void FrmManageCards::arrangeControls() {
                           {},
                           {"退出", &FrmManageCards::close}});
   dressTree(*tvwType);
+  // A long name must not widen the window, none must not move the list.
+  lblCard->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  lblCard->setMinimumHeight(fontMetrics().height());
+  lblCard->setTextFormat(Qt::PlainText);
   QWidget* tree = page(column({cmbType, wide(tvwType)}));
-  QWidget* list = page(column({row({cmbFA, stretch()}), wide(mshFA)}));
+  QWidget* list = page(column({row({cmbFA, stretch(), findBar_}), wide(mshFA), lblCard}));
   arrangeScreen(this, tbToolBar, row({wide(panes(tree, 250, list, 830))}));
   resize(1100, 640);
 }
@@ -60,7 +67,8 @@ void FrmManageCards::connectEvents() {
   on(cmbFA, &QComboBox::currentIndexChanged, &FrmManageCards::showCardsFromTop);
   on(tvwType, &QTreeWidget::currentItemChanged, &FrmManageCards::showCardsFromTop);
   on(tvwType, &QTreeWidget::itemExpanded, &FrmManageCards::tvwType_Expand);
-  on(mshFA, &FlexGrid::rowSelected, [this] { enableCommands(); });
+  on(mshFA, &FlexGrid::rowSelected, &FrmManageCards::showSelectedCard);
+  on(mshFA, &FlexGrid::arranged, &FrmManageCards::showSelectedCard);
   on(mshFA, &FlexGrid::rowOpened, &FrmManageCards::edit);
   on(turn_, &QTimer::timeout, &FrmManageCards::readOn);
 }
@@ -69,6 +77,7 @@ void FrmManageCards::Form_Unload() {
   turn_->stop();
   reading_.reset();
   cards_.CloseZkData();
+  finder_.CloseZkData();
 }
 
 void FrmManageCards::cmbType_Click() {
@@ -120,6 +129,7 @@ void FrmManageCards::showCardsFromTop() {
 
 /// The row that is selected stays so, though another card may have moved there.
 void FrmManageCards::refresh() {
+  finder_.forget();
   fillList(mshFA->currentGridRow().value_or(kFirstCardRow));
 }
 
@@ -142,6 +152,7 @@ void FrmManageCards::beginList(Reading reading) {
     return;
   }
   TextGrid before = mshFA->setGrid(std::move(grid));
+  mshFA->widenColumns();
   if (!reading_) shownBefore_ = std::move(before);
   reading_ = std::move(reading);
   selectWantedRow();
@@ -168,14 +179,16 @@ void FrmManageCards::listIsComplete() {
   setWindowTitle(toQt(cardListCaption(reading_->nodeName, reading_->filter, reading_->list.cards())));
   reading_.reset();
   shownBefore_ = {};
-  enableCommands();
+  mshFA->sortRowsAgain();
+  mshFA->widenColumns();
+  showSelectedCard();
 }
 
 void FrmManageCards::abandonList() {
   turn_->stop();
   reading_.reset();
   mshFA->setGrid(std::exchange(shownBefore_, {}));
-  enableCommands();
+  showSelectedCard();
 }
 
 /// Selects the wanted row once it is there; of a shorter list its last card.
@@ -189,9 +202,20 @@ void FrmManageCards::selectWantedRow() {
 
 std::optional<std::string> FrmManageCards::selectedCard() const {
   const auto row = mshFA->currentGridRow();
-  const bool sumIsThere = !reading_;
-  if (!row || (sumIsThere && *row + 1 == mshFA->grid().rows())) return std::nullopt;
+  if (!row || mshFA->grid().isTotal(*row)) return std::nullopt;
   return mshFA->grid().text(*row, CardList::kCardNumColumn);
+}
+
+std::string FrmManageCards::searchedText(std::size_t row) {
+  const std::string& card = mshFA->grid().text(row, CardList::kCardNumColumn);
+  return card + " " + mshFA->grid().text(row, CardList::kAssetNumColumn) + " " + finder_.textOf(card);
+}
+
+void FrmManageCards::showSelectedCard() {
+  enableCommands();
+  const auto card = selectedCard();
+  const auto summary = card ? finder_.summaryOf(*card) : std::nullopt;
+  lblCard->setText(summary ? toQt(summaryLine(*summary)) : QString());
 }
 
 void FrmManageCards::edit() {

@@ -4,20 +4,24 @@
 #include <map>
 #include <optional>
 #include <QComboBox>
+#include <QLabel>
 #include <QTimer>
 #include <QTreeWidget>
 #include <string>
 
+#include "cards/CardFinder.h"
 #include "cards/CardList.h"
 #include "cards/CardTree.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
+#include "ui/GridFindBar.h"
 #include "ui/Toolbar.h"
 
 namespace zelkor {
 
 /// Lists the cards of a department or category; a card is opened and deleted from here. The first cards are
-/// shown at once, the others as the event loop gets to them; the title shows when all are there.
+/// shown at once, the others as the event loop gets to them; the title shows when all are there. Cards are
+/// searched by what the columns do not show, and a line below shows it of the selected one.
 class FrmManageCards final : public Form {
  public:
   FrmManageCards(FormHost& host, const std::string& zkDataPath);
@@ -36,6 +40,9 @@ class FrmManageCards final : public Form {
   QComboBox* cmbFA = make<QComboBox>("cmbFA");
   QTreeWidget* tvwType = make<QTreeWidget>("tvwType");
   FlexGrid* mshFA = make<FlexGrid>("mshFA");
+  GridFindBar* findBar_ = make<GridFindBar>("findBar", *mshFA, "编号、名称、部门或类别",
+                                            [this](std::size_t row) { return searchedText(row); });
+  QLabel* lblCard = make<QLabel>("lblCard");
 
   void arrangeControls();
   void connectEvents();
@@ -53,6 +60,8 @@ class FrmManageCards final : public Form {
   void listIsComplete();
   void abandonList();
   void selectWantedRow();
+  std::string searchedText(std::size_t row);
+  void showSelectedCard();
   /// Number of the card in the current row; nothing in the row of the sum.
   std::optional<std::string> selectedCard() const;
   bool onCard() const { return selectedCard().has_value(); }
@@ -65,6 +74,7 @@ class FrmManageCards final : public Form {
   void refresh();
 
   ClsBLLManageCards cards_;
+  CardFinder finder_;
   std::map<const QTreeWidgetItem*, CardTreeNode> nodes_;
   QTimer* turn_ = new QTimer(this);  // runs while a list is being read
   std::optional<Reading> reading_;

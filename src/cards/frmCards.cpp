@@ -1,8 +1,6 @@
 #include "cards/frmCards.h"
 
 #include <QBoxLayout>
-#include <QHeaderView>
-#include <QScrollBar>
 
 #include "cards/CardPickerList.h"
 #include "ui/Layout.h"
@@ -11,12 +9,15 @@ namespace zelkor {
 
 using namespace layout;
 
-frmCards::frmCards(FormHost& host, CardPick pick) : Form(host, "frmCards", "卡片参照", Unload::Plain) {
-  arrange(this, column({wide(mshTable_), row({stretch(), cmdOK, Command2})}));
+frmCards::frmCards(FormHost& host, CardPick pick)
+    : Form(host, "frmCards", "卡片参照", Unload::Plain), finder_(run().engine) {
+  finder_.setZkDataPath(run().gstrZtFile);
+  arrange(this, column({findBar_, wide(mshTable_), row({stretch(), cmdOK, Command2})}));
   resize(860, 460);
   mshTable_->setGrid(cardPickerList(run()));
   mshTable_->fitColumns();
-  if (pick == CardPick::Several) mshTable_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  mshTable_->fillWith(card_column::AssetName);
+  if (pick == CardPick::One) mshTable_->setSelectionMode(QAbstractItemView::SingleSelection);
   cmdOK->setEnabled(false);
   on(mshTable_, &FlexGrid::rowSelected, [this] { cmdOK->setEnabled(true); });
   on(mshTable_, &FlexGrid::rowOpened, [this](std::size_t row) { take({row}); });
@@ -34,14 +35,10 @@ void frmCards::showOnly(const std::string& cardNumber, const std::string& assetN
   mshTable_->setGrid(std::move(cards));
 }
 
-/// The name gets the room that the columns leave free.
-void frmCards::resizeEvent(QResizeEvent* event) {
-  Form::resizeEvent(event);
-  const int room =
-      mshTable_->width() - 2 * mshTable_->frameWidth() - mshTable_->verticalScrollBar()->sizeHint().width();
-  const int spare = room - mshTable_->horizontalHeader()->length();
-  constexpr int kName = card_column::AssetName;
-  if (spare > 0) mshTable_->setColumnWidth(kName, mshTable_->columnWidth(kName) + spare);
+std::string frmCards::searchedText(std::size_t row) {
+  const TextGrid& cards = mshTable();
+  const std::string& card = cards.text(row, card_column::CardNum);
+  return card + " " + cards.text(row, card_column::AssetNum) + " " + finder_.textOf(card);
 }
 
 void frmCards::take(std::vector<std::size_t> rows) {

@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "cards/CardFinder.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
+#include "ui/GridFindBar.h"
 
 namespace zelkor {
 
@@ -20,6 +22,8 @@ class frmCards final : public Form {
 
   /// Offers only the cards whose card number and asset number begin like that.
   void showOnly(const std::string& cardNumber, const std::string& assetNumber);
+  /// Opens the search with that text, as if it had been typed there; Enter takes the first match.
+  bool beginSearch(const QString& text) { return findBar_->searchFor(text); }
 
   /// Row of the chosen card in the grid, which has one header row; nothing when the choice was cancelled.
   std::optional<std::size_t> moStrRow() const { return moStrRow_; }
@@ -30,13 +34,16 @@ class frmCards final : public Form {
 
  private:
   FlexGrid* mshTable_ = make<FlexGrid>("mshTable");
+  GridFindBar* findBar_ = make<GridFindBar>("findBar", *mshTable_, "编号、名称、部门或类别",
+                                            [this](std::size_t row) { return searchedText(row); });
   QPushButton* cmdOK = make<QPushButton>("cmdOK", "确认");
   QPushButton* Command2 = make<QPushButton>("Command2", "取消");
 
   void escapePressed() override { close(); }
-  void resizeEvent(QResizeEvent* event) override;
+  std::string searchedText(std::size_t row);
   void take(std::vector<std::size_t> rows);
 
+  CardFinder finder_;
   std::optional<std::size_t> moStrRow_;
   std::vector<std::size_t> chosenRows_;
 };

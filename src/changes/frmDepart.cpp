@@ -133,6 +133,7 @@ void frmDepart::cmdScanf_Click(std::size_t row, std::size_t column) {
     if (picked) takeDepartment(row, picked->value);
   } else if (column == Subject) {
     frmPZCode picker(host());
+    picker.showSubject(toQt(at(row).subject));
     host().showModal(picker);
     const PickedSubject picked = picker.picked();
     if (!picked.code.empty()) at(row).subject = codeAndName(picked.code, picked.name);

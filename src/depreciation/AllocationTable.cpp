@@ -56,7 +56,7 @@ TextGrid allocationTable(Database& data, AllocationMode mode) {
                  names.TextOrEmpty("sSubjectName"), Format(amount, "0.00")});
     total = Currency::fromDouble(total.toDouble() + amount);
   }
-  grid.addRow({"合计", "", "", "", "", "", Format(total, "0.00")});
+  grid.setTotal(grid.addRow({"合计", "", "", "", "", "", Format(total, "0.00")}));
   return grid;
 }
 

@@ -69,6 +69,7 @@ class ListGrid {
 
   TextGrid finish() {
     const std::size_t row = grid_.addRow({"合计"});
+    grid_.setTotal(row);
     for (const Column column : kAmounts) grid_.setText(row, column, Format(totals_[column], "0.00"));
     return std::move(grid_);
   }

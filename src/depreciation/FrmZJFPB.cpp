@@ -11,6 +11,12 @@ namespace zelkor {
 
 using namespace layout;
 
+namespace {
+
+constexpr std::size_t kNameColumn = 1;
+
+}  // namespace
+
 FrmZJFPB::FrmZJFPB(FormHost& host) : Form(host, "FrmZJFPB", "折旧分配表", Unload::Plain) {
   arrangeControls();
   ComboQJ->addItem(toQt(allocationPeriod(run().gdOpDate)));
@@ -19,6 +25,8 @@ FrmZJFPB::FrmZJFPB(FormHost& host) : Form(host, "FrmZJFPB", "折旧分配表", U
   on(OptionLBFP, &QRadioButton::clicked, [this] { fillGrid(AllocationMode::AssetType); });
   unlockModes();
   fillGrid(AllocationMode::Department);
+  MSFlexGrid1->widenColumns();
+  MSFlexGrid1->fillWith(kNameColumn);
 }
 
 void FrmZJFPB::arrangeControls() {

@@ -11,6 +11,12 @@ namespace zelkor {
 
 using namespace layout;
 
+namespace {
+
+constexpr std::size_t kNameColumn = 2;
+
+}  // namespace
+
 frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload::Plain) {
   arrangeControls();
   const auto periods = depreciationListPeriods(run());
@@ -19,6 +25,9 @@ frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload:
   cmbDepart->addItems({"按部门查询", "按类别查询"});
   loadNodes();
   MSFZJQD->setGrid(depreciationList(run()));
+  MSFZJQD->fitColumns();
+  MSFZJQD->fillWith(kNameColumn);
+  MSFZJQD->freezeFirstColumn();
   on(trvDepart, &QTreeWidget::itemSelectionChanged, [this] {
     if (!trvDepart->selectedItems().isEmpty()) fillGrid();
   });
@@ -50,6 +59,7 @@ void frmZJQD::fillGrid() {
   const std::string period = fromQt(cmbDate->currentText());
   MSFZJQD->setGrid(byDepartment() ? depreciationListByDepartment(run(), period, code)
                                   : depreciationListByAssetType(run(), period, code));
+  MSFZJQD->widenColumns();
 }
 
 void frmZJQD::cmbDepart_Click() {

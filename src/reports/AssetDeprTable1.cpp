@@ -57,7 +57,7 @@ void writeType(Grid& grid, Database& data, const Recordset& type) {
 /// value, and the row has no label.
 void writeTotal(Grid& grid) {
   const std::size_t subHeader = grid.firstRow() - 1;
-  const std::size_t total = grid.addRow();
+  const std::size_t total = grid.addTotal();
   for (std::size_t row = subHeader; row < total; ++row) grid.addToTotals(total, row);
   grid.putNumber(total, kColumns.startValue, grid.amount(total - 1, kColumns.startValue));
 }

@@ -91,7 +91,7 @@ void writeDepartments(Grid& grid, Database& data, bool withTypes) {
 }
 
 void writeTotal(Grid& grid, Columns::Column labelled) {
-  const std::size_t total = grid.addRow();
+  const std::size_t total = grid.addTotal();
   for (std::size_t row = grid.firstRow(); row < total; ++row) {
     grid.put(total, labelled, "　合　计");
     if (!grid.text(row, labelled).empty()) grid.addToTotals(total, row);

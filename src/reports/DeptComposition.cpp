@@ -56,7 +56,7 @@ void writeTypes(Grid& grid, Database& data, const std::string& department, doubl
 
 /// Department rows alone feed the total.
 void writeTotal(Grid& grid) {
-  const std::size_t total = grid.addRow();
+  const std::size_t total = grid.addTotal();
   for (std::size_t row = grid.firstRow(); row < total; ++row) {
     grid.put(total, kColumns.department, "　合　计");
     if (grid.text(row, kColumns.department).empty()) continue;

@@ -1,6 +1,5 @@
 #include "reports/FrmBBXS.h"
 
-#include <algorithm>
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QResizeEvent>
@@ -22,20 +21,18 @@ constexpr int kCaptionWidth = 300;
 constexpr int kCaptionGap = 24;
 constexpr int kLineGap = 4;
 constexpr int kInvalidPropertyValue = 380;
-constexpr int kCellPadding = 8;
-constexpr int kWidestCell = 360;
 
-/// No figure may be cut off: columns too narrow for their first rows or for the last one, the totals, grow.
-void widenForTexts(FlexGrid& grid) {
-  const int lastRow = grid.model()->rowCount() - 1;
-  for (int column = 0; column < grid.model()->columnCount(); ++column) {
-    if (grid.isColumnHidden(column)) continue;
-    const int told = grid.columnWidth(column);
-    grid.resizeColumnToContents(column);
-    const int total = grid.sizeHintForIndex(grid.model()->index(lastRow, column)).width();
-    const int needed = std::max(grid.columnWidth(column), total) + kCellPadding;
-    grid.setColumnWidth(column, std::max(told, std::min(needed, kWidestCell)));
+/// The column of names, or of digests, takes the room that is left; the first where a report has neither.
+std::size_t fillingColumn(const TextGrid& grid) {
+  std::size_t column = 0;
+  while (column + 1 < grid.columns() && grid.columnHidden(column)) ++column;
+  for (const char* caption : {"名称", "摘要"}) {
+    for (std::size_t named = column; grid.headerRows() > 0 && named < grid.columns(); ++named) {
+      const bool isNamed = grid.text(grid.headerRows() - 1, named).ends_with(caption);
+      if (isNamed && !grid.columnHidden(named)) return named;
+    }
   }
+  return column;
 }
 
 }  // namespace
@@ -44,14 +41,16 @@ FrmBBXS::FrmBBXS(FormHost& host, ReportView view) : Form(host, "FrmBBXS", "查�
   arrangeControls(view);
   showCaptions(view);
   MSFlexGrid1->setGrid(std::move(view.grid));
-  widenForTexts(*MSFlexGrid1);
+  MSFlexGrid1->widenColumns();
+  MSFlexGrid1->fillWith(fillingColumn(MSFlexGrid1->grid()));
+  MSFlexGrid1->freezeFirstColumn();
 }
 
 void FrmBBXS::arrangeControls(const ReportView& view) {
   setCommands(tbToolBar, reportCommands({{"退出", &FrmBBXS::close}}));
   dressCommands();
   arrangePanel(view);
-  arrangeScreen(this, tbToolBar, column({Picture1, wide(MSFlexGrid1)}));
+  arrangeScreen(this, tbToolBar, column({lblTitle, Picture1, wide(MSFlexGrid1)}));
   // The form can be made as small as one likes.
   layout()->setSizeConstraint(QLayout::SetNoConstraint);
   setMinimumSize(1, 1);
@@ -89,6 +88,9 @@ void FrmBBXS::dressCommands() {
 
 void FrmBBXS::showCaptions(const ReportView& view) {
   for (QLabel* label : Label1) label->setTextFormat(Qt::PlainText);
+  lblTitle->setText(toQt(view.title));
+  lblTitle->setProperty("title", true);
+  lblTitle->setAlignment(Qt::AlignCenter);
   Label1[0]->setText(toQt(view.unitLine));
   for (std::size_t i = 0; i < view.conditionLines.size(); ++i) {
     Label1[i + 1]->setText(toQt(view.conditionLines[i].text));

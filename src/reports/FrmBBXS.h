@@ -12,7 +12,7 @@
 
 namespace zelkor {
 
-/// Shows a report. It can be read and closed, nothing else.
+/// Shows a report under its name. It can be read, copied and closed, nothing else.
 class FrmBBXS final : public Form {
  public:
   FrmBBXS(FormHost& host, ReportView view);
@@ -20,6 +20,7 @@ class FrmBBXS final : public Form {
 
  private:
   Toolbar* tbToolBar = make<Toolbar>("tbToolBar");
+  QLabel* lblTitle = make<QLabel>("lblTitle");
   QWidget* Picture1 = make<QWidget>("Picture1");
   std::array<QLabel*, 3> Label1 = makeArray<QLabel, 3>("Label1");
   QLabel* Label3 = make<QLabel>("Label3");

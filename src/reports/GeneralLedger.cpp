@@ -30,9 +30,8 @@ std::string sumQuery(const AssetSet& assets) {
 }
 
 /// Without a value on one side alone the net value cannot be computed: error 13.
-void writeRow(ReportGrid<Columns>& grid, const std::string& label, const std::string& value,
+void writeRow(ReportGrid<Columns>& grid, std::size_t row, const std::string& label, const std::string& value,
               const std::string& depreciation) {
-  const std::size_t row = grid.addRow();
   grid.put(row, kColumns.period, label);
   grid.put(row, kColumns.valueDebit, value);
   grid.put(row, kColumns.valueBalance, value);
@@ -54,8 +53,8 @@ void BuildGeneralLedger(RunContext& run, const ReportConditions& conditions, Rep
   if (value.isNull() && depreciation.isNull()) return;
   const std::string period =
       sql(run.gdOpDate.year(), ".", Format(static_cast<std::int32_t>(run.gdOpDate.month()), "00"));
-  writeRow(grid, period, value.textOrEmpty(), depreciation.textOrEmpty());
-  writeRow(grid, "合计", value.textOrEmpty(), depreciation.textOrEmpty());
+  writeRow(grid, grid.addRow(), period, value.textOrEmpty(), depreciation.textOrEmpty());
+  writeRow(grid, grid.addTotal(), "合计", value.textOrEmpty(), depreciation.textOrEmpty());
 }
 
 }  // namespace zelkor

@@ -70,7 +70,7 @@ void printBodyCell(std::ostream& out, const TextGrid& grid, std::size_t row, std
 }
 
 void printHtmlRow(std::ostream& out, const TextGrid& grid, std::size_t row) {
-  out << "<tr>";
+  out << (row >= grid.headerRows() && grid.isTotal(row) ? "<tr class=\"t\">" : "<tr>");
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     if (grid.columnHidden(column)) continue;
     if (row < grid.headerRows()) {
@@ -87,7 +87,8 @@ constexpr std::string_view kStyle =
     "table{border-collapse:collapse}"
     "th,td{border:1px solid #b5bcc4;padding:.25em .6em;text-align:left;white-space:pre}"
     "th{background:#eef1f4;text-align:center}"
-    "td.r{text-align:right;font-variant-numeric:tabular-nums}td.c{text-align:center}";
+    "td.r{text-align:right;font-variant-numeric:tabular-nums}td.c{text-align:center}"
+    "tr.t td{font-weight:bold}";
 
 }  // namespace
 

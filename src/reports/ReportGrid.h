@@ -20,6 +20,11 @@ class ReportRows {
   std::size_t firstRow() const { return grid_.headerRows(); }
   std::size_t rows() const { return grid_.rows(); }
   std::size_t addRow() { return grid_.addRow(); }
+  std::size_t addTotal() {
+    const std::size_t row = addRow();
+    grid_.setTotal(row);
+    return row;
+  }
   /// Adds the cells of `row` to those of `totalRow`, read from their texts, as the columns' totals say.
   void addToTotals(std::size_t totalRow, std::size_t row);
 
@@ -73,7 +78,7 @@ class ReportGrid : public ReportRows {
 
   /// A last row with that label and the totals of all rows above. Returns its number.
   std::size_t addTotalRow(Column labelled, const std::string& label) {
-    const std::size_t total = addRow();
+    const std::size_t total = addTotal();
     put(total, labelled, label);
     for (std::size_t row = firstRow(); row < total; ++row) addToTotals(total, row);
     return total;

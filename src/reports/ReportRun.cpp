@@ -60,6 +60,7 @@ std::optional<std::string> reportMemo(const ReportKind& kind, const ReportCondit
 ReportOutcome runReport(RunContext& run, const ReportKind& kind, const ReportConditions& conditions,
                         ReportView& view) {
   fillViewHeader(run, conditions, view);
+  view.title = kind.name;
   if (const auto memo = reportMemo(kind, conditions)) WriteFaLog(run, *memo);
   if (kind.build) {
     kind.build(run, conditions, view);

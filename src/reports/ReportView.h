@@ -19,6 +19,7 @@ inline constexpr const char* kUnitLineAsDrawn = "Label1";
 
 /// A report as it is looked at: caption lines and the grid. Exists only while it is open.
 struct ReportView {
+  std::string title;                            // the report's name
   std::string unitLine = kUnitLineAsDrawn;      // Label1(0)
   std::array<ConditionLine, 2> conditionLines;  // Label1(1), Label1(2)
   bool secondLineMovedUp = false;               // Label1(2) stands where Label1(1) is

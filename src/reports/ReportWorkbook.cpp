@@ -140,11 +140,12 @@ class SheetWriter {
     for (const Column& column : columns_) {
       const std::string& text = grid_.text(row, column.inGrid);
       const auto alignment = static_cast<std::size_t>(grid_.alignment(column.inGrid));
+      const int total = grid_.isTotal(row) ? kTotalOffset : 0;
       if (isNumberCell(grid_, row, column.inGrid)) {
         const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
-        writeNumber(column.letters, (amount ? kAmountStyles : kBodyStyles)[alignment], text);
+        writeNumber(column.letters, (amount ? kAmountStyles : kBodyStyles)[alignment] + total, text);
       } else {
-        writeText(column.letters, kBodyStyles[alignment], text);
+        writeText(column.letters, kBodyStyles[alignment] + total, text);
       }
     }
     endRow();

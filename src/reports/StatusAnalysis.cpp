@@ -113,7 +113,7 @@ void BuildStatusAnalysis(RunContext& run, const ReportConditions& /*conditions*/
   for (ConditionLine& line : view.conditionLines) line.text.clear();
   Grid grid(view.grid, kColumns);
   const Amounts totals = writeStatuses(grid, run.dbZKData);
-  const std::size_t totalRow = grid.addRow();
+  const std::size_t totalRow = grid.addTotal();
   grid.put(totalRow, kColumns.status, "　总　计");
   writeAmounts(grid, totalRow, totals);
   writeShares(grid, totals);

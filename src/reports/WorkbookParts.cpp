@@ -42,15 +42,16 @@ constexpr std::string_view kFontsAndBorders =
     R"(<border><left style="thin"/><right style="thin"/><top style="thin"/><bottom style="thin"/>)"
     R"(<diagonal/></border></borders>)"
     R"(<cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs>)"
-    R"(<cellXfs count="9"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/>)"
+    R"(<cellXfs count="15"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/>)"
     R"(<xf numFmtId="0" fontId="1" fillId="0" borderId="0" xfId="0" applyFont="1"/>)"
     R"(<xf numFmtId="0" fontId="2" fillId="0" borderId="1" xfId="0" applyFont="1" applyBorder="1" )"
     R"(applyAlignment="1"><alignment horizontal="center" vertical="center"/></xf>)";
 
 /// A body's style; the number's form is one of those that a workbook need not define.
-std::string bodyStyle(int numberForm, std::string_view alignment) {
-  std::string style = "<xf numFmtId=\"" + std::to_string(numberForm) +
-                      "\" fontId=\"0\" fillId=\"0\" borderId=\"1\" xfId=\"0\"";
+std::string bodyStyle(int numberForm, std::string_view alignment, int font) {
+  std::string style = "<xf numFmtId=\"" + std::to_string(numberForm) + "\" fontId=\"" + std::to_string(font) +
+                      "\" fillId=\"0\" borderId=\"1\" xfId=\"0\"";
+  if (font != 0) style += " applyFont=\"1\"";
   if (numberForm != 0) style += " applyNumberFormat=\"1\"";
   style += " applyBorder=\"1\" applyAlignment=\"1\"><alignment horizontal=\"";
   style += alignment;
@@ -60,10 +61,14 @@ std::string bodyStyle(int numberForm, std::string_view alignment) {
 std::string styles() {
   constexpr int kGeneral = 0;
   constexpr int kTwoDecimals = 2;
+  constexpr int kPlainFont = 0;
+  constexpr int kBoldFont = 2;
   std::string text{kDeclaration};
   text += kFontsAndBorders;
-  for (const int form : {kGeneral, kTwoDecimals}) {
-    for (const char* alignment : {"left", "center", "right"}) text += bodyStyle(form, alignment);
+  for (const int font : {kPlainFont, kBoldFont}) {
+    for (const int form : {kGeneral, kTwoDecimals}) {
+      for (const char* alignment : {"left", "center", "right"}) text += bodyStyle(form, alignment, font);
+    }
   }
   return text +
          R"(</cellXfs><cellStyles count="1"><cellStyle name="Normal" xfId="0" builtinId="0"/></cellStyles>)"

@@ -14,6 +14,7 @@ inline constexpr int kTitleStyle = 1;
 inline constexpr int kHeaderStyle = 2;
 inline constexpr std::array<int, 3> kBodyStyles{3, 4, 5};
 inline constexpr std::array<int, 3> kAmountStyles{6, 7, 8};  // with two decimals
+inline constexpr int kTotalOffset = 6;                       // to the same styles for totals
 
 struct WorkbookPart {
   std::string_view name;

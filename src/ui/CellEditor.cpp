@@ -22,6 +22,7 @@ CellEditor::CellEditor(FlexGrid* grid)
   setStyleSheet("QLineEdit, QPushButton { min-height: 0; padding: 0 3px; border-radius: 0; }");
   button_->setProperty("pick", true);
   button_->setFocusPolicy(Qt::NoFocus);
+  grid->setSelectionMode(QAbstractItemView::SingleSelection);  // Shift and Ctrl are no way into a cell
   auto* line = new QHBoxLayout(this);
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(0);

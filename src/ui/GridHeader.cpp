@@ -1,6 +1,7 @@
 #include "ui/GridHeader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <QPainter>
 
 #include "base/GridSpans.h"
@@ -12,6 +13,10 @@ namespace {
 constexpr int kPadding = 10;
 constexpr QRgb kGround = 0xffeef1f4;
 constexpr QRgb kLine = 0xffd0d7de;
+constexpr QRgb kArrow = 0xff2f6fb2;
+constexpr double kArrowWidth = 8;
+constexpr double kArrowHeight = 5;
+constexpr double kArrowGap = 3;  // to the section's edge
 
 }  // namespace
 
@@ -36,7 +41,26 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
   for (std::size_t row = 0; row < model_.grid().headerRows(); ++row) {
     paintCell(*painter, row, static_cast<std::size_t>(section));
   }
+  if (sort_ && static_cast<int>(sort_->column) == section) paintArrow(*painter, rect);
   painter->restore();
+}
+
+void GridHeader::showSort(std::optional<GridSort> sort) {
+  sort_ = sort;
+  viewport()->update();
+}
+
+/// At the right of the lowest line, upwards where the smallest come first.
+void GridHeader::paintArrow(QPainter& painter, const QRect& section) const {
+  const double right = section.right() - kArrowGap;
+  const double middle = section.bottom() - lineHeight() / 2.0;
+  const double tip = sort_->descending ? middle + kArrowHeight / 2 : middle - kArrowHeight / 2;
+  const double base = sort_->descending ? middle - kArrowHeight / 2 : middle + kArrowHeight / 2;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor::fromRgb(kArrow));
+  const QPointF corners[] = {{right - kArrowWidth, base}, {right, base}, {right - kArrowWidth / 2, tip}};
+  painter.drawPolygon(corners, static_cast<int>(std::size(corners)));
 }
 
 /// A merged cell is painted whole for each section that it covers; the clip leaves that section's part.

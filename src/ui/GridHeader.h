@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <QHeaderView>
 
 #include "ui/GridModel.h"
+#include "ui/GridSort.h"
 
 namespace zelkor {
 
@@ -13,6 +15,8 @@ class GridHeader final : public QHeaderView {
   explicit GridHeader(const GridModel& model, QWidget* parent = nullptr);
 
   QSize sizeHint() const override;
+  /// Marks the column by which the rows are arranged with an arrow.
+  void showSort(std::optional<GridSort> sort);
 
  protected:
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;
@@ -20,8 +24,10 @@ class GridHeader final : public QHeaderView {
  private:
   int lineHeight() const;
   void paintCell(QPainter& painter, std::size_t row, std::size_t column) const;
+  void paintArrow(QPainter& painter, const QRect& section) const;
 
   const GridModel& model_;
+  std::optional<GridSort> sort_;
 };
 
 }  // namespace zelkor

@@ -103,7 +103,8 @@ class Paper {
     widths_.clear();
     const QFontMetricsF bold(boldOf(font_), &writer_);
     for (const std::size_t column : columns_) {
-      widths_.push_back(std::max(captionWidth(bold, column), textWidth(metrics, column)) + 2 * padding_);
+      widths_.push_back(std::max(captionWidth(bold, column), textWidth(metrics, bold, column)) +
+                        2 * padding_);
     }
   }
 
@@ -118,10 +119,11 @@ class Paper {
     return widest;
   }
 
-  double textWidth(const QFontMetricsF& metrics, std::size_t column) const {
+  double textWidth(const QFontMetricsF& plain, const QFontMetricsF& bold, std::size_t column) const {
     double widest = 0;
     for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
       const std::string& text = grid_.text(row, column);
+      const QFontMetricsF& metrics = grid_.isTotal(row) ? bold : plain;
       if (!text.empty()) widest = std::max(widest, metrics.horizontalAdvance(toQt(text)));
     }
     return widest;
@@ -189,6 +191,7 @@ class Paper {
 
   void drawRow(std::size_t row) {
     static constexpr Qt::AlignmentFlag kAlignments[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+    if (grid_.isTotal(row)) painter_.setFont(boldOf(font_));
     double left = left_;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const QRectF cell(left, y_, widths_[i], lineHeight_);
@@ -198,6 +201,7 @@ class Paper {
                         toQt(grid_.text(row, columns_[i])));
       left += widths_[i];
     }
+    painter_.setFont(font_);
     y_ += lineHeight_;
   }
 

@@ -11,11 +11,13 @@ namespace zelkor {
 /// anywhere in their names (their texts without a code and a blank in front), without regard to case. The
 /// empty text is in every entry. Heads, which have no tag, are not found.
 struct TreeSearch {
-  enum By { ByCode, ByName };
+  enum By { ByCode, ByName, ByCodeOrName };
 
   QString text;
   By by = ByName;
 };
+
+bool matches(const QTreeWidgetItem& item, const TreeSearch& search);
 
 QTreeWidgetItem* firstMatch(const QTreeWidget& tree, const TreeSearch& search);
 

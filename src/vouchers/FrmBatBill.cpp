@@ -216,6 +216,7 @@ void FrmBatBill::goOnBehind(std::size_t row) {
 
 void FrmBatBill::CmdKM_Click(std::size_t row) {
   frmPZCode picker(host());
+  picker.showSubject(subjectInput_->text());
   host().showModal(picker);
   if (picker.picked().code.empty()) return;
   subjectInput_->setText(toQt(picker.picked().code));

@@ -158,6 +158,7 @@ bool FrmEditPZType::leaveEditor() {
 
 void FrmEditPZType::CmdFind_Click() {
   frmPZCode picker(host(), run().engine.OpenDatabase(BLLPZType_.ZkDataPath()));
+  picker.showSubject(editor_->text().section(',', -1));
   host().showModal(picker);
   const std::string& code = picker.picked().code;
   if (!code.empty()) editor_->setText(toQt(withLimitCode(fromQt(editor_->text()), code)));

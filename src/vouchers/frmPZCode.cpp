@@ -17,6 +17,7 @@ void frmPZCode::pick(const PickedSubject& picked) {
 
 void pickSubjectInto(FormHost& host, QLineEdit& field) {
   frmPZCode picker(host);
+  picker.showSubject(field.text());
   host.showModal(picker);
   const PickedSubject picked = picker.picked();
   if (!picked.code.empty()) field.setText(toQt(picked.code + "," + picked.name));

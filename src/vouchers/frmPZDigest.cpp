@@ -190,6 +190,7 @@ void frmPZDigest::removeRow(std::size_t row) {
 /// Writes the code of the chosen subject into the cell that is being edited.
 void frmPZDigest::CmdCodeView_Click() {
   frmPZCode picker(host());
+  picker.showSubject(TxtAdd->text());
   host().showModal(picker);
   if (!picker.picked().code.empty()) TxtAdd->setText(toQt(picker.picked().code));
   TxtAdd->commit();

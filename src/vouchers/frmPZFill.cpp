@@ -153,6 +153,7 @@ void frmPZFill::BrowseDigest(std::size_t line) {
 
 void frmPZFill::BrowseSubject() {
   frmPZCode picker(host());
+  picker.showSubject(editor->lookedUp());
   host().showModal(picker);
   if (!picker.picked().code.empty()) editor->takeLookedUp(toQt(picker.picked().code));
 }

@@ -4,6 +4,7 @@
 
 #include "ui/Layout.h"
 #include "ui/TreeLoader.h"
+#include "ui/TreeSearch.h"
 
 namespace zelkor {
 namespace {
@@ -39,8 +40,9 @@ void frmSubjectPicker::arrangeControls() {
     ChkFilter[i]->setText(toQt(kSubjectProperties[i].caption));
     boxes->addWidget(ChkFilter[i], static_cast<int>(i % kRowsOfBoxes), static_cast<int>(i / kRowsOfBoxes));
   }
-  arrange(this, row({wide(TvCode), column({frame("科目属性", boxes), row({CmdFilter, CmdUsed, Command4}),
-                                           stretch(), row({stretch(), cmdOK, cmdCancel})})}));
+  arrange(this, row({wide(column({findBar_, wide(TvCode)})),
+                     column({frame("科目属性", boxes), row({CmdFilter, CmdUsed, Command4}), stretch(),
+                             row({stretch(), cmdOK, cmdCancel})})}));
   resize(680, 460);
 }
 
@@ -56,6 +58,14 @@ void frmSubjectPicker::load(const std::string& filter) {
   for (const char* name : {"常用", "资产", "负债", "权益", "成本", "损益"}) {
     if (QTreeWidgetItem* head = findByKey(*TvCode, QString("t") + name)) head->setExpanded(true);
   }
+}
+
+void frmSubjectPicker::showSubject(const QString& fieldText) {
+  const QString code = fieldText.section(',', 0, 0).trimmed();
+  if (code.isEmpty()) return;
+  QTreeWidgetItem* item = findByKey(*TvCode, "t" + code);
+  if (!item) item = firstMatch(*TvCode, {code, TreeSearch::ByCode});
+  if (item) TvCode->setCurrentItem(item);
 }
 
 std::string frmSubjectPicker::selectedText() const {
@@ -96,16 +106,20 @@ void frmSubjectPicker::cmdOK_Click() {
   close();
 }
 
-/// Enter opens a node that has others below it and takes one that has none.
 bool frmSubjectPicker::enterPressed(QObject* control) {
-  QTreeWidgetItem* item = TvCode->currentItem();
-  if (control != TvCode || !item) return false;
-  if (item->childCount() == 0) {
-    cmdOK_Click();
-  } else {
-    item->setExpanded(!item->isExpanded());
-  }
+  if (control != TvCode || !TvCode->currentItem()) return false;
+  takeOrOpenNode();
   return true;
+}
+
+/// A node that has others below it is opened, one that has none is taken.
+void frmSubjectPicker::takeOrOpenNode() {
+  QTreeWidgetItem* const item = TvCode->currentItem();
+  if (item->childCount() > 0) {
+    TvCode->setFocus();
+    return item->setExpanded(!item->isExpanded());
+  }
+  host().dispatch([this] { cmdOK_Click(); });
 }
 
 }  // namespace zelkor

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ui/Form.h"
+#include "ui/TreeFindBar.h"
 #include "vouchers/SubjectTree.h"
 
 namespace zelkor {
@@ -14,6 +15,13 @@ namespace zelkor {
 /// Picks an account subject from the chart of a database. The boxes show the properties of the selected
 /// subject; those that are ticked when "过滤" is pressed limit what is shown.
 class frmSubjectPicker : public Form {
+ public:
+  /// Selects the subject whose code stands in a field, alone or before a comma and its name; of a code that
+  /// is not there the first subject that begins like it.
+  void showSubject(const QString& fieldText);
+  /// Opens the search with that text, as if it had been typed there; Enter takes the first match.
+  bool beginSearch(const QString& text) { return findBar_->searchFor(text); }
+
  protected:
   frmSubjectPicker(FormHost& host, const char* name);
 
@@ -26,6 +34,8 @@ class frmSubjectPicker : public Form {
 
  private:
   QTreeWidget* TvCode = make<QTreeWidget>("TvCode");
+  TreeFindBar* findBar_ =
+      make<TreeFindBar>("findBar", *TvCode, "科目编码或名称", [this] { takeOrOpenNode(); });
   std::array<QCheckBox*, kSubjectProperties.size()> ChkFilter =
       makeArray<QCheckBox, kSubjectProperties.size()>("ChkFilter");
   QPushButton* CmdFilter = make<QPushButton>("CmdFilter", "过滤");
@@ -38,6 +48,7 @@ class frmSubjectPicker : public Form {
   void load(const std::string& filter);
   void showFlags(const SubjectFlags& flags);
   std::string selectedText() const;
+  void takeOrOpenNode();
   void TvCode_NodeClick();
   void TvCode_DblClick();
   void CmdFilter_Click();

@@ -10,6 +10,7 @@ class FrmBBXSTest : public FormTest {
  protected:
   static ReportView report() {
     ReportView view;
+    view.title = "部门构成分析表";
     view.unitLine = "使用单位：某<b>厂";
     view.conditionLines = {{{"类别级次：第1级", true}, {"第二行", true}}};
     view.periods = {"2020.01", "2020.02"};
@@ -31,6 +32,7 @@ class FrmBBXSTest : public FormTest {
 
 TEST_F(FrmBBXSTest, showsTheCaptionsAndTheGrid) {
   const FrmBBXS& form = open(report());
+  EXPECT_EQ(textOf(form, "lblTitle"), "部门构成分析表");
   EXPECT_EQ(textOf(form, "Label10"), "使用单位：某<b>厂");
   EXPECT_EQ(control<QLabel>(form, "Label10").textFormat(), Qt::PlainText);
   EXPECT_EQ(textOf(form, "Label11") + textOf(form, "Label12"), "类别级次：第1级第二行");
@@ -38,7 +40,7 @@ TEST_F(FrmBBXSTest, showsTheCaptionsAndTheGrid) {
   EXPECT_EQ(control<QComboBox>(form, "Combo1").currentText(), "2020.02");
   const auto& grid = control<FlexGrid>(form, "MSFlexGrid1");
   EXPECT_EQ(grid.grid().text(2, 1), "123456789012345.00");
-  EXPECT_EQ(grid.columnWidth(0), 3000 * form.logicalDpiX() / 1440);
+  EXPECT_EQ(grid.columnWidth(0) + grid.columnWidth(1), grid.viewport()->width()) << "the name takes the rest";
   EXPECT_GT(grid.columnWidth(1), grid.fontMetrics().horizontalAdvance("123456789012345.00"))
       << "the total is wider than the column was told to be";
   choose(form, "Combo1", "2020.01");
@@ -63,6 +65,25 @@ TEST_F(FrmBBXSTest, hidesAndMovesWhatTheReportHidesAndMoves) {
   EXPECT_EQ(left(hidden, "Label12"), second) << "it stays where it is";
   statistics.secondLineMovedUp = true;
   EXPECT_EQ(left(open(statistics), "Label12"), first);
+}
+
+TEST_F(FrmBBXSTest, keepsTheFirstColumnInPlaceWhenTheOthersAreMoved) {
+  ReportView wide = report();
+  wide.grid.setHeader("部门|一|二|三|四|五|六|七");
+  for (std::size_t column = 0; column < 8; ++column) wide.grid.setColumnWidth(column, 3000);
+  wide.grid.setColumnMerged(0, true);
+  wide.grid.setText(2, 0, "一车间");
+  FrmBBXS& form = open(std::move(wide));
+  const FlexGrid& grid = gridOf(form, "MSFlexGrid1");
+  auto& frozen = *grid.findChild<QTableView*>();
+  EXPECT_TRUE(frozen.isHidden());
+  grid.horizontalScrollBar()->setValue(250);
+  keepPicture(form, "FrmBBXS-moved");
+  EXPECT_TRUE(frozen.isVisible());
+  EXPECT_EQ(frozen.geometry().left(), grid.viewport()->geometry().left());
+  EXPECT_EQ(frozen.geometry().bottom(), grid.viewport()->geometry().bottom());
+  EXPECT_EQ(frozen.rowSpan(0, 0), 2);
+  EXPECT_EQ(frozen.indexAt({4, 4}), grid.model()->index(0, 0));
 }
 
 TEST_F(FrmBBXSTest, endsTheProcessWhenNoHeightIsLeftForTheGrid) {

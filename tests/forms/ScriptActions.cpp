@@ -209,6 +209,10 @@ const std::map<std::string, Verb>& actionVerbs() {
       {"cell", [](Test& test,
                   const Arguments& a) { clickCell(test.at<FlexGrid>(a.word(0)), a.number(1), a.number(2)); }},
       {"double", doubleClick},
+      {"sort",
+       [](Test& test, const Arguments& a) {
+         emit test.at<FlexGrid>(a.word(0)).horizontalHeader()->sectionClicked(static_cast<int>(a.number(1)));
+       }},
       {"sql", [](Test& test, const Arguments& a) { test.execute(a.part(0)); }},
       {"prepare", prepare},
       {"system", [](Test& test, const Arguments& a) { test.context.dbZKSystem.Execute(a.part(0)); }},

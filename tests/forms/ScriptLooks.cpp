@@ -110,11 +110,13 @@ void seeEnabled(Test& test, const Arguments& a) {
   expectText(joined(enabled, ","), a.part(1));
 }
 
-/// First cells of the rows that are not hidden.
+/// First cells of the rows in the order in which they are shown, hidden columns left out.
 Lines shownRows(const FlexGrid& cells) {
+  int column = 0;
+  while (cells.isColumnHidden(column)) ++column;
   Lines shown;
-  for (std::size_t row = cells.grid().headerRows(); row < cells.grid().rows(); ++row)
-    if (!cells.isRowHidden(cells.cellIndex(row, 0).row())) shown.push_back(cells.grid().text(row, 0));
+  for (int row = 0; row < cells.model()->rowCount(); ++row)
+    shown.push_back(cells.model()->index(row, column).data().toString().toStdString());
   return shown;
 }
 

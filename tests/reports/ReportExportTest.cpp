@@ -24,6 +24,7 @@ ReportView sampleView() {
   view.grid.addRow({"机床, 车间", "x", "1234.50", "", "2"});
   view.grid.addRow({"007", "x", "01100", "-0.5", "00001"});
   view.grid.setHeaderRows(2);
+  view.grid.setTotal(3);
   view.grid.setRowMerged(0, true);
   view.grid.setRowMerged(1, true);
   view.grid.setColumnHidden(1, true);
@@ -76,7 +77,7 @@ TEST(ReportExportTest, WritesAWorkbookWithNumbers) {
   writeWorkbook(directory / "a.xlsx", "表[一]", sampleView());
   const std::string sheet = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
   for (const char* piece :
-       {"<v>1234.50</v>", "<v>-0.5</v>", "<v>2</v>", "<t>01100</t>", "<t>00001</t>", "<t>借方</t>",
+       {"<v>1234.50</v>", "s=\"11\"><v>-0.5</v>", "<v>2</v>", "<t>01100</t>", "<t>00001</t>", "<t>借方</t>",
         "<mergeCells count=\"3\"><mergeCell ref=\"A5:A6\"/><mergeCell ref=\"B5:C5\"/>"
         "<mergeCell ref=\"D5:D6\"/></mergeCells>",
         "ySplit=\"6\""}) {

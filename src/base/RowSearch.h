@@ -22,7 +22,7 @@ class RowSearch {
  private:
   std::string_view textOf(std::size_t row) const;
 
-  std::string texts_;              // one behind the other
+  std::string texts_;              // one after the other
   std::vector<std::size_t> ends_;  // of each row's text
 };
 

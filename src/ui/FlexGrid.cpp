@@ -48,7 +48,7 @@ bool beginsWith(std::string_view text, std::string_view sought) {
   return digits != std::string_view::npos && text.substr(digits).starts_with(sought);
 }
 
-/// The text as it may stand between tabs.
+/// The text as it may be between tabs.
 QString cellText(const std::string& text) {
   QString cell = toQt(text);
   for (QChar& letter : cell) {

@@ -19,7 +19,7 @@ class GridFindBar final : public FindBar {
 
   GridFindBar(FlexGrid& grid, const QString& hint, RowText textOf, QWidget* form);
 
-  /// What the texts are made of has changed: they are read anew with the next search.
+  /// What the texts are made of has changed: they are read again with the next search.
   void forgetTexts();
 
  private:

@@ -11,7 +11,7 @@
 namespace zelkor {
 
 /// The rows of a grid below its header rows, as a table view reads them: cell by cell, nothing is copied.
-/// Hidden rows are left out; the others stand in the grid's order, or in one of their own.
+/// Hidden rows are left out; the others are in the grid's order, or in one of their own.
 class GridModel final : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
@@ -19,7 +19,7 @@ class GridModel final : public QAbstractTableModel {
   const TextGrid& grid() const { return grid_; }
   /// Shows another grid, in its order. Gives the one that was shown before.
   TextGrid setGrid(TextGrid grid);
-  /// The rows come behind those that are shown.
+  /// The rows come after those that are shown.
   void addRows(TextGrid more);
   void setText(std::size_t row, std::size_t column, std::string text);
   /// Shows these rows of the grid alone, in this order; without any, all that are not hidden in the grid's.
@@ -42,7 +42,7 @@ class GridModel final : public QAbstractTableModel {
   TextGrid grid_;
   std::optional<std::vector<std::uint32_t>>
       order_;                // rows of the grid; none while all stand as they are there
-  std::vector<int> places_;  // where each row of the grid stands in it
+  std::vector<int> places_;  // where each row of the grid is in it
 };
 
 }  // namespace zelkor

@@ -37,7 +37,7 @@ class LocalPZ final : public QFrame, public Voucher {
   void endTyping();
   /// Leads to the first line that lacks its subject or digest.
   void showIncompleteLine();
-  /// What stands in the cell that asks for a look-up.
+  /// What is in the cell that asks for a look-up.
   QString lookedUp() const { return editor_->text(); }
   /// The answer to a look-up: the text comes into the cell that has asked, and the next one up.
   void takeLookedUp(const QString& text);

@@ -16,7 +16,7 @@ namespace zelkor {
 /// subject; those that are ticked when "过滤" is pressed limit what is shown.
 class frmSubjectPicker : public Form {
  public:
-  /// Selects the subject whose code stands in a field, alone or before a comma and its name; of a code that
+  /// Selects the subject whose code is in a field, alone or before a comma and its name; of a code that
   /// is not there the first subject that begins like it.
   void showSubject(const QString& fieldText);
   /// Opens the search with that text, as if it had been typed there; Enter takes the first match.

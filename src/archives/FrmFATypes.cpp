@@ -70,13 +70,16 @@ void FrmFATypes::setAssetTypeID(const std::string& code) {
 
 void FrmFATypes::CmdOK_Click() {
   const QTreeWidgetItem* item = tree->currentItem();
-  if (!item) return;
-  if (dispType_ != ArchiveKind::Methods && item->childCount() > 0) return;
+  if (!item || !mayBeTaken(*item)) return;
   retValue_ = fromQt(tagOf(*item));
   retName_ = fromQt(item->text(0));
   assetTypeID_ = retValue_;
   taken_ = true;
   close();
+}
+
+bool FrmFATypes::mayBeTaken(const QTreeWidgetItem& entry) const {
+  return dispType_ == ArchiveKind::Methods || entry.childCount() == 0;
 }
 
 void FrmFATypes::Form_Unload() {

@@ -15,14 +15,14 @@ QString nameOf(const QTreeWidgetItem& item, const QString& code) {
   return text.startsWith(code + ' ') ? text.mid(code.size() + 1) : text;
 }
 
+}  // namespace
+
 bool matches(const QTreeWidgetItem& item, const TreeSearch& search) {
   const QString code = tagOf(item);
   if (code.isEmpty()) return false;
   if (search.by == TreeSearch::ByCode) return code.startsWith(search.text, Qt::CaseInsensitive);
   return nameOf(item, code).contains(search.text, Qt::CaseInsensitive);
 }
-
-}  // namespace
 
 QTreeWidgetItem* firstMatch(const QTreeWidget& tree, const TreeSearch& search) {
   for (QTreeWidgetItemIterator it(const_cast<QTreeWidget*>(&tree)); *it; ++it) {

@@ -17,6 +17,8 @@ struct TreeSearch {
   By by = ByName;
 };
 
+bool matches(const QTreeWidgetItem& item, const TreeSearch& search);
+
 QTreeWidgetItem* firstMatch(const QTreeWidget& tree, const TreeSearch& search);
 
 /// The match behind the current entry (before it for a negative direction), going round at the ends; nullptr

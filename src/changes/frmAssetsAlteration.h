@@ -39,8 +39,8 @@ class frmAssetsAlteration final : public SheetForm {
 
   void loadTyped(QLabel* label, CardKey key, const std::string& number);
   bool pickCard();
-  void pickAfter();
-  void pickDepartments();
+  bool pickAfter();
+  bool pickDepartments();
   bool tell(const SheetResult& result);
 
   ChangeSheets sheets_;

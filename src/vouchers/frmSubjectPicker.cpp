@@ -95,6 +95,13 @@ void frmSubjectPicker::cmdOK_Click() {
   close();
 }
 
+bool frmSubjectPicker::beginSearch(const QString& text) {
+  TvCode->expandAll();
+  TvCode->setFocus();
+  TvCode->keyboardSearch(text);
+  return true;
+}
+
 /// Enter opens a node that has others below it and takes one that has none.
 bool frmSubjectPicker::enterPressed(QObject* control) {
   QTreeWidgetItem* item = TvCode->currentItem();

@@ -14,6 +14,9 @@ namespace zelkor {
 /// Picks an account subject from the chart of a database. The boxes show the properties of the selected
 /// subject; those that are ticked when "过滤" is pressed limit what is shown.
 class frmSubjectPicker : public Form {
+ public:
+  bool beginSearch(const QString& text) override;
+
  protected:
   frmSubjectPicker(FormHost& host, const char* name);
 

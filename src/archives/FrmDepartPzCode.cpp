@@ -6,6 +6,7 @@
 
 #include "archives/DepartArchive.h"
 #include "store/settings/SubjectText.h"
+#include "ui/Focus.h"
 #include "ui/Layout.h"
 #include "ui/TreeLoader.h"
 #include "vouchers/frmPZCode.h"
@@ -33,7 +34,7 @@ FrmDepartPzCode::FrmDepartPzCode(FormHost& host)
 void FrmDepartPzCode::arrangeControls() {
   arrangeCommands();
   dressTree(*TvLeft);
-  dressPick(CmdGDZCDZKM);
+  dressPick(CmdGDZCDZKM, TxtGDZCDZKM);
   TxtGDZCDZKM->setMinimumWidth(260);
   fillTabs(*SSTab1,
            {{"列表", row({wide(MSFlexGrid1)})},
@@ -134,12 +135,12 @@ void FrmDepartPzCode::save(SavedBy way) {
   const std::string text = fromQt(TxtGDZCDZKM->text());
   if (text.empty()) {
     clearDepartSubject(data(), current_.code);
-    return reload();
+    return showStored();
   }
   const auto subject = findDetailSubject(data(), subjectCodeOf(text));
   if (!subject) {
     run().dialogs.MsgBox(std::string(kDepartSubjectUnknownText), Buttons::Ok, Icon::Critical, kTitle);
-    return;
+    return returnTo(*TxtGDZCDZKM);
   }
   SubjectReach reach = SubjectReach::DepartAlone;
   if (way == SavedBy::Command && hasDepartsBelow(data(), current_.code)) {
@@ -149,7 +150,12 @@ void FrmDepartPzCode::save(SavedBy way) {
     reach = SubjectReach::AllBelow;
   }
   storeDepartSubject(data(), current_.code, *subject, reach);
+  showStored();
+}
+
+void FrmDepartPzCode::showStored() {
   reload();
+  TvLeft->setFocus();
 }
 
 void FrmDepartPzCode::cancel() {

@@ -42,6 +42,7 @@ class FrmDepartPzCode final : public Form {
   bool enterPressed(QObject* control) override;
 
   void reload();
+  void showStored();
   void fillList();
   void showDetails(const std::string& code);
   void setEditing(bool editing);

@@ -9,6 +9,7 @@
 #include "archives/DepartCheck.h"
 #include "archives/FrmAllPerson.h"
 #include "base/Text.h"
+#include "ui/Focus.h"
 #include "ui/Layout.h"
 #include "ui/TreeLoader.h"
 
@@ -34,7 +35,7 @@ FrmDepartment::FrmDepartment(FormHost& host)
 void FrmDepartment::arrangeControls() {
   arrangeCommands();
   dressTree(*TvLeft);
-  dressPick(CmdFindPerson);
+  dressPick(CmdFindPerson, TxtEdit[Person]);
   LblState->setProperty("title", true);
   auto* details = column({row({LblState, stretch(), LblCodeSet}), space(4),
                           row({fields({{"部门编码：", TxtEdit[Code]},
@@ -181,8 +182,7 @@ void FrmDepartment::save() {
   if (!check.refusal.empty()) {
     run().dialogs.MsgBox(std::string(check.refusal), Buttons::Ok, Icon::Exclamation,
                          std::string(kDepartBoxTitle));
-    TxtEdit[depart.name.empty() ? Name : Code]->setFocus();
-    return;
+    return returnTo(*TxtEdit[depart.name.empty() ? Name : Code]);
   }
   depart.level = check.level;
   if (!departs_.UpdateDepart(depart, saving)) return;
@@ -190,6 +190,7 @@ void FrmDepartment::save() {
   adding_ = false;
   dirty_ = false;
   unlock(false);
+  TvLeft->setFocus();
 }
 
 /// Hangs a new department below its parent, or rewrites the text of one that is there.

@@ -71,14 +71,16 @@ void FrmFATypes::setAssetTypeID(const std::string& code) {
 
 void FrmFATypes::CmdOK_Click() {
   const QTreeWidgetItem* item = tree->currentItem();
-  if (!item) return;
-  const std::string code = fromQt(tagOf(*item));
-  if (dispType_ != ArchiveKind::Methods && heads_.contains(code)) return;
-  retValue_ = code;
+  if (!item || !mayBeTaken(*item)) return;
+  retValue_ = fromQt(tagOf(*item));
   retName_ = fromQt(item->text(0));
   assetTypeID_ = retValue_;
   taken_ = true;
   close();
+}
+
+bool FrmFATypes::mayBeTaken(const QTreeWidgetItem& entry) const {
+  return dispType_ == ArchiveKind::Methods || entry.childCount() == 0;
 }
 
 void FrmFATypes::Form_Unload() {

@@ -38,6 +38,7 @@ class FrmFATypes final : public TreePicker {
   void Form_Unload() override;
   void take() override { CmdOK_Click(); }
   void cancel() override { CmdCancel_Click(); }
+  bool mayBeTaken(const QTreeWidgetItem& entry) const override;
 
   ClsBLLAssentTypes types_;
   ClsOpArgs opArgs_;

@@ -8,6 +8,7 @@
 #include "archives/AssetTypeList.h"
 #include "archives/FrmZJFFCZ.h"
 #include "base/Text.h"
+#include "ui/Focus.h"
 #include "ui/TreeLoader.h"
 
 namespace zelkor {
@@ -165,9 +166,10 @@ void FrmFLBMB::save() {
   } else if (updateAssetType(data(), entered(), current_.code) == AssetTypeSaved::CodeTaken) {
     run().dialogs.MsgBox(std::string(kAssetTypeCodeTakenText), Buttons::Ok, Icon::Exclamation,
                          std::string(kAssetTypeBoxTitle));
-    return;
+    return returnTo(*TxtBM[static_cast<std::size_t>(current_.level) - 1]);
   }
   reload();
+  TvLeft->setFocus();
 }
 
 void FrmFLBMB::cancel() {
@@ -189,7 +191,7 @@ bool FrmFLBMB::TxtZJFF_Validate() {
   if (browsing() || !depreciationMethodID(data(), fromQt(TxtZJFF->text())).empty()) return true;
   run().dialogs.MsgBox(std::string(kAssetTypeMethodUnknownText), Buttons::Ok, Icon::Exclamation,
                        std::string(kAssetTypeBoxTitle));
-  TxtZJFF->setFocus();
+  returnTo(*TxtZJFF);
   return false;
 }
 

@@ -47,7 +47,7 @@ void FrmFLBMB::arrangeDetails() {
   acceptNumbersOnly(TxtSYNX);
   acceptNumbersOnly(TxtJCZL);
   TxtKPYS->setReadOnly(true);
-  dressPick(CmdZJFF);
+  dressPick(CmdZJFF, TxtZJFF);
   auto* parts = row({});
   for (QLineEdit* part : TxtBM) {
     part->setFixedWidth(kPartWidth);

@@ -1,5 +1,8 @@
 #include "archives/frmCnDate.h"
 
+#include <QAbstractItemView>
+#include <QKeyEvent>
+
 #include "ui/Layout.h"
 
 namespace zelkor {
@@ -20,6 +23,14 @@ frmCnDate::frmCnDate(FormHost& host) : Form(host, "frmCnDate", "选择日期", U
   on(cmdOk, &QPushButton::clicked, &frmCnDate::cmdOk_Click);
   on(cmdExit, &QPushButton::clicked, &frmCnDate::cmdExit_Click);
   SetCurDate(run().clock.now());
+}
+
+/// The calendar takes the date that is typed on it.
+bool frmCnDate::beginSearch(const QString& text) {
+  auto* days = calendar_.hwnd()->findChild<QAbstractItemView*>();
+  QKeyEvent key(QEvent::KeyPress, text.front().unicode(), Qt::NoModifier, text);
+  QApplication::sendEvent(days, &key);
+  return true;
 }
 
 void frmCnDate::SetCurDate(DateTime date) {

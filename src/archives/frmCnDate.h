@@ -20,6 +20,7 @@ class frmCnDate final : public Form {
   DateTime CurDate() const { return calendar_.GetCalendarDate(); }
   /// How the form was left: false after "确定", true otherwise. The caller then keeps its date.
   bool gbCnDateCancel() const { return gbCnDateCancel_; }
+  bool beginSearch(const QString& text) override;
 
  private:
   std::array<QLabel*, 2> Label1 = makeArray<QLabel, 2>("Label1");

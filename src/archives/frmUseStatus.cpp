@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 
 #include "base/Text.h"
+#include "ui/Focus.h"
 #include "ui/Layout.h"
 #include "ui/TreeLoader.h"
 
@@ -163,6 +164,7 @@ bool frmUseStatus::save() {
   const UsageStatus status = entered();
   if (Trim(status.name).empty()) {
     run().dialogs.MsgBox("名称不能为空！", Buttons::Ok, Icon::Exclamation, kTitle);
+    returnTo(*Text2);
     return false;
   }
   if (mode_ == Mode::Add) {
@@ -171,6 +173,7 @@ bool frmUseStatus::save() {
     statuses_.change(status);
   }
   reload();
+  TreeView1->setFocus();
   return true;
 }
 

@@ -7,6 +7,7 @@
 #include "archives/FrmFATypes.h"
 #include "cards/CardChecks.h"
 #include "cards/CardEditing.h"
+#include "ui/Focus.h"
 #include "vouchers/frmPZCode1.h"
 
 namespace zelkor {
@@ -151,15 +152,17 @@ void FrmAddCards::pick(CardField field) {
   if (bView_ || !PicCard->find(field) || !leaveField()) return;
   openField(field, Arrival::ByKeyboard);
   const CardFieldRow& row = cardField(field);
-  if (row.archive) pickEntry(field, *row.archive);
-  if (row.input == CardInput::Subject) pickSubject(field);
+  const bool picked =
+      row.archive ? pickEntry(field, *row.archive) : row.input == CardInput::Subject && pickSubject(field);
+  if (picked) moveField(1);
 }
 
-void FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {
+/// True when something was picked, also below.
+bool FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {
   const bool isCategory = kind == ArchiveKind::AssetTypes;
   const auto picked =
       pickFromArchive(host(), kind, isCategory ? sheet_.texts[CardField::CategoryCode] : sheet_.codes[field]);
-  if (!picked) return;
+  if (!picked) return false;
   if (isCategory) {
     assetTypeID_ = picked->value;
     takeCategory(sheet_, cards_, assetTypeID_);
@@ -168,18 +171,23 @@ void FrmAddCards::pickEntry(CardField field, ArchiveKind kind) {
   }
   layOut();
   showSheet();
+  return true;
 }
 
-void FrmAddCards::pickSubject(CardField field) {
+bool FrmAddCards::pickSubject(CardField field) {
   frmPZCode1 picker(host());
   picker.setZKDatabase(data());
   picker.showSubject(toQt(sheet_.texts[field]));
   host().showModal(picker);
   const std::string& code = picker.AccountCode();
-  if (code.empty()) return;
-  if (!isDetailSubject(data(), code)) return refuse(subjectRefusal(code));
+  if (code.empty()) return false;
+  if (!isDetailSubject(data(), code)) {
+    refuse(subjectRefusal(code));
+    return false;
+  }
   sheet_.texts[field] = code + "," + picker.AccountContent();
   showSheet();
+  return true;
 }
 
 void FrmAddCards::change() {
@@ -195,7 +203,10 @@ void FrmAddCards::save() {
   if (!leaveField()) return;
   const CardSaved result = saveCard(sheet_, cards_, cardID_, opArgs().OpDate().month());
   showSheet();
-  if (!result.missing.empty()) return refuse(missingFieldsText(result.missing));
+  if (!result.missing.empty()) {
+    refuse(missingFieldsText(result.missing));
+    return openField(result.missing.front(), Arrival::ByKeyboard);
+  }
   if (!result.saved) return;
   run().dialogs.MsgBox("固定资产卡片已正确保存！", Buttons::Ok, Icon::Information, kTitle);
   if (sheet_.isNew()) startNewCard();
@@ -243,7 +254,7 @@ bool FrmAddCards::eventFilter(QObject* control, QEvent* event) {
   if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
     taken = labelPressed(control, type);
   } else if (type == QEvent::KeyPress && control == PicCard) {
-    taken = openingKeyPressed(static_cast<QKeyEvent*>(event)->key());
+    taken = openingKeyPressed(*static_cast<QKeyEvent*>(event));
   } else if (type == QEvent::KeyPress && control == TxtEdit) {
     taken = cardField(*current_).input == CardInput::Digits &&
             isOtherThanFigures(static_cast<QKeyEvent*>(event)->text());
@@ -274,16 +285,19 @@ void FrmAddCards::escapePressed() {
   if (editing_) giveUpEdit();
 }
 
-/// F2 and Down open the current field, in the way that a field of its kind opens.
-bool FrmAddCards::openingKeyPressed(int key) {
-  if ((key != Qt::Key_F2 && key != Qt::Key_Down) || !current_) return false;
-  host().dispatch([this] {
-    if (cardField(*current_).hasReference()) {
-      pick(*current_);
-    } else {
-      openField(*current_, Arrival::ByKeyboard);
-    }
+/// F2 and Down open the current field, in the way that a field of its kind opens; a letter begins the text or
+/// the search.
+bool FrmAddCards::openingKeyPressed(const QKeyEvent& key) {
+  const bool begins = writesText(key);
+  if ((key.key() != Qt::Key_F2 && key.key() != Qt::Key_Down && !begins) || !current_) return false;
+  const bool isReference = cardField(*current_).hasReference();
+  host().dispatch([&] {
+    if (!isReference) return openField(*current_, Arrival::ByKeyboard);
+    if (begins) host().seek(key.text());
+    pick(*current_);
+    host().seek({});
   });
+  if (begins && !isReference) QApplication::sendEvent(TxtEdit, const_cast<QKeyEvent*>(&key));
   return true;
 }
 

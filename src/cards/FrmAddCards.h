@@ -74,8 +74,8 @@ class FrmAddCards final : public Form {
   void giveUpEdit();
   void moveField(int step);
   void pick(CardField field);
-  void pickEntry(CardField field, ArchiveKind kind);
-  void pickSubject(CardField field);
+  bool pickEntry(CardField field, ArchiveKind kind);
+  bool pickSubject(CardField field);
 
   void change();
   void SSTab1_Click();
@@ -89,7 +89,7 @@ class FrmAddCards final : public Form {
 
   bool eventFilter(QObject* control, QEvent* event) override;
   bool labelPressed(const QObject* label, QEvent::Type type);
-  bool openingKeyPressed(int key);
+  bool openingKeyPressed(const QKeyEvent& key);
   bool enterPressed(QObject* control) override;
   void escapePressed() override;
   bool focusNextPrevChild(bool next) override;

@@ -30,6 +30,7 @@ constexpr QRgb kFrame = 0xff7d8fa3;
 constexpr QRgb kRule = 0xffd5dbe1;
 constexpr QRgb kCaptionFill = 0xffeef3f8;
 constexpr QRgb kLockedFill = 0xfff6f7f9;
+constexpr QRgb kPickedFill = 0xffeaf2fb;  // filled by a picker alone
 constexpr QRgb kTitleInk = 0xff34568b;
 constexpr QRgb kCurrentInk = 0xff2f6fb2;
 constexpr QRgb kNoteInk = 0xff8793a1;
@@ -146,7 +147,9 @@ void CardPaper::paintField(QPainter& painter, const CardFieldPlace& place) const
   const QRect value = valueRect(place);
   if (inTable(place)) {
     painter.fillRect(caption, QColor::fromRgb(kCaptionFill));
-    if (!cardField(place.field).enabled()) painter.fillRect(value, QColor::fromRgb(kLockedFill));
+    const CardFieldRow& field = cardField(place.field);
+    if (!field.enabled()) painter.fillRect(value, QColor::fromRgb(kLockedFill));
+    if (field.isCode()) painter.fillRect(value, QColor::fromRgb(kPickedFill));
     painter.setPen(QColor::fromRgb(kRule));
     for (const int x : {caption.left(), value.left(), cellEnd(value, margin())}) {
       painter.drawLine(x, value.top(), x, value.bottom());

@@ -23,7 +23,7 @@ class frmCards final : public Form {
   /// Offers only the cards whose card number and asset number begin like that.
   void showOnly(const std::string& cardNumber, const std::string& assetNumber);
   /// Opens the search with that text, as if it had been typed there; Enter takes the first match.
-  bool beginSearch(const QString& text) { return findBar_->searchFor(text); }
+  bool beginSearch(const QString& text) override { return findBar_->searchFor(text); }
 
   /// Row of the chosen card in the grid, which has one header row; nothing when the choice was cancelled.
   std::optional<std::size_t> moStrRow() const { return moStrRow_; }

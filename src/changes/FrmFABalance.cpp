@@ -126,16 +126,16 @@ void FrmFABalance::cmdMethod_Click() {
 }
 
 /// A command of the toolbar does not take the focus: a value that is being typed has not been left. It is
-/// opened again when nothing has been saved.
+/// opened again when nothing has been saved, or the first one that is missing.
 void FrmFABalance::save() {
   const bool typing = editor->isOpen();
   typedIsRefused_ = false;
   editor->commit();
-  if (!typedIsRefused_ && store()) {
-    add();
-  } else if (typing) {
-    editor->resume();
+  if (!typedIsRefused_) {
+    if (store()) return add();
+    if (editor->openFirstEmpty()) return;
   }
+  if (typing) editor->resume();
 }
 
 /// True when the sheet has been saved.

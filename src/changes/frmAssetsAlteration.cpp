@@ -95,7 +95,7 @@ void frmAssetsAlteration::add() {
 }
 
 /// A command of the toolbar does not take the focus: a value that is being typed has not been left. It is
-/// opened again when nothing has been saved.
+/// opened again when nothing has been saved, or the first one that is missing.
 void frmAssetsAlteration::save() {
   const bool typing = editor->isOpen();
   typedIsRefused_ = false;
@@ -104,6 +104,7 @@ void frmAssetsAlteration::save() {
     const SheetResult result = sheets_.save(sheet_);
     if (result.toolbarAsSaved) enterMode(Mode::Stored);
     tell(result);
+    if (result.box && !result.toolbarAsSaved && editor->openFirstEmpty()) return;
   }
   if (typing) editor->resume();
 }
@@ -148,10 +149,10 @@ QLabel* frmAssetsAlteration::firstOwnEntry() const {
 void frmAssetsAlteration::cmdMobile_Click(const SheetLabel& spec, QLabel* label) {
   editor->cancel();
   const bool picksCard = spec.entry != SheetEntry::Picked;
-  const bool loaded = picksCard && pickCard();
-  if (!picksCard) pickAfter();
+  const bool picked = picksCard ? pickCard() : pickAfter();
   showSheet();
-  editor->open(loaded ? firstOwnEntry() : label);
+  if (picked && !picksCard) return editor->openBehind(label);
+  editor->open(picked ? firstOwnEntry() : label);
 }
 
 /// True when another card has come onto the sheet.
@@ -161,25 +162,27 @@ bool frmAssetsAlteration::pickCard() {
   return picker.picked() && tell(sheets_.pickCard(*picker.picked(), sheet_));
 }
 
-void frmAssetsAlteration::pickAfter() {
+/// True when something was picked.
+bool frmAssetsAlteration::pickAfter() {
   if (sheets_.kind() == ChangeKind::Transfer) return pickDepartments();
-  if (const auto status = pickUseStatus(host(), StatusPick::Statuses)) {
-    sheet_.after = {status->name, status->code};
-  }
+  const auto status = pickUseStatus(host(), StatusPick::Statuses);
+  if (status) sheet_.after = {status->name, status->code};
+  return status.has_value();
 }
 
-void frmAssetsAlteration::pickDepartments() {
+bool frmAssetsAlteration::pickDepartments() {
   frmMoreDep question(host());
   host().showModal(question);
   if (question.chosen() == frmMoreDep::OneDepartment) {
-    if (const auto department = pickDepartment(host())) {
-      sheet_.chooseDepartment(department->code, department->name);
-    }
-  } else if (question.chosen() == frmMoreDep::SeveralDepartments) {
-    frmDepart picker(host());
-    host().showModal(picker);
-    if (!picker.split().empty()) sheet_.chooseSplit(picker.split());
+    const auto department = pickDepartment(host());
+    if (department) sheet_.chooseDepartment(department->code, department->name);
+    return department.has_value();
   }
+  if (question.chosen() != frmMoreDep::SeveralDepartments) return false;
+  frmDepart picker(host());
+  host().showModal(picker);
+  if (!picker.split().empty()) sheet_.chooseSplit(picker.split());
+  return !picker.split().empty();
 }
 
 }  // namespace zelkor

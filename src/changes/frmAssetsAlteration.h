@@ -41,8 +41,8 @@ class frmAssetsAlteration final : public SheetForm {
 
   void loadTyped(QLabel* label, CardKey key, const std::string& number);
   bool pickCard();
-  void pickAfter();
-  void pickDepartments();
+  bool pickAfter();
+  bool pickDepartments();
   bool tell(const SheetResult& result);
 
   QValidator* amount_ = new QRegularExpressionValidator(QRegularExpression("[-+]?([0-9]+[.]?[0-9]*)?"), this);

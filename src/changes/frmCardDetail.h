@@ -20,7 +20,7 @@ class frmCardDetail final : public Form {
   /// Cells of the row that was picked; nothing after cancelling.
   const std::optional<std::vector<std::string>>& picked() const { return picked_; }
   /// Opens the search with that text, as if it had been typed there; Enter takes the first match.
-  bool beginSearch(const QString& text) { return findBar_->searchFor(text); }
+  bool beginSearch(const QString& text) override { return findBar_->searchFor(text); }
 
  private:
   FlexGrid* mshTable = make<FlexGrid>("mshTable");

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QRegularExpressionValidator>
+#include <utility>
 
 #include "archives/FrmFATypes.h"
 #include "base/Text.h"
@@ -53,6 +54,10 @@ void frmDepart::connectEvents() {
      [this](std::size_t row) { edit(row, MSFl1->currentGridColumn().value_or(Depart)); });
   on(editor_, &CellEditor::committed, &frmDepart::take);
   on(editor_, &CellEditor::entered, &frmDepart::editBehind);
+  editor_->setColumns({Depart, Scale, Subject, Project});
+  on(editor_, &CellEditor::requested, &frmDepart::edit);
+  on(editor_, &CellEditor::passedEnd, [this] { cmdOK->setFocus(); });
+  on(editor_, &CellEditor::seeking, [this](const QString& text) { host().seek(text); });
   on(editor_, &CellEditor::buttonPressed, &frmDepart::cmdScanf_Click);
   on(cmdAdd, &QPushButton::clicked, &frmDepart::cmdAdd_Click);
   on(cmdDel, &QPushButton::clicked, &frmDepart::cmdDel_Click);
@@ -81,16 +86,18 @@ void frmDepart::edit(std::size_t row, std::size_t column) {
   if (column == Number) return;
   if (column == Scale) {
     editor_->editText(row, column, &percent);
+  } else if (column == Project) {
+    editor_->editPicked(row, column, CellEditor::Emptying::Allowed);
   } else {
     editor_->editWithButton(row, column);
   }
 }
 
-/// Goes on with the next cell; the project class comes with the project.
+/// Goes on with the next cell; the project class comes with the project. A text that was refused comes up
+/// again.
 void frmDepart::editBehind(std::size_t row, std::size_t column) {
-  if (column < Project) return edit(row, column == Subject ? Project : column + 1);
-  if (row + 1 < MSFl1->grid().rows()) return edit(row + 1, Depart);
-  cmdOK->setFocus();
+  if (!std::exchange(refused_, false)) return editor_->goOn(row, column);
+  edit(row, column);
 }
 
 void frmDepart::take(std::size_t row, std::size_t column, const QString& text) {
@@ -101,6 +108,8 @@ void frmDepart::take(std::size_t row, std::size_t column, const QString& text) {
   if (column == Subject) depart.subject = lookUpSubject(data(), typed).value_or("");
   if (column == ItemClass) depart.itemClass = typed;
   if (column == Project && typed.empty()) depart.project = depart.itemClass = "";
+  refused_ = !typed.empty() && ((column == Depart && depart.departCode.empty()) ||
+                                (column == Subject && depart.subject.empty()));
   showRow(row);
 }
 
@@ -117,31 +126,42 @@ void frmDepart::takeDepartment(std::size_t row, const std::string& typed) {
   at(row).departName = found ? found->name : "";
 }
 
-void frmDepart::takeProject(std::size_t row) {
+bool frmDepart::takeProject(std::size_t row) {
   frmProject picker(host());
   host().showModal(picker);
   const PickedProject& picked = picker.picked();
-  if (picked.code.empty()) return;
+  if (picked.code.empty()) return false;
   at(row).itemClass = picked.classNumber;
   at(row).project = codeAndName(picked.code, picked.name);
+  return true;
 }
 
 void frmDepart::cmdScanf_Click(std::size_t row, std::size_t column) {
   editor_->cancel();
+  const bool picked = pickInto(row, column);
+  showRow(row);
+  if (picked) {
+    editor_->goOn(row, column);
+  } else {
+    edit(row, column);
+  }
+}
+
+/// True when something has come into the cell.
+bool frmDepart::pickInto(std::size_t row, std::size_t column) {
   if (column == Depart) {
     const auto picked = pickFromArchive(host(), ArchiveKind::Departments, at(row).departCode);
     if (picked) takeDepartment(row, picked->value);
-  } else if (column == Subject) {
-    frmPZCode picker(host());
-    picker.showSubject(toQt(at(row).subject));
-    host().showModal(picker);
-    const PickedSubject picked = picker.picked();
-    if (!picked.code.empty()) at(row).subject = codeAndName(picked.code, picked.name);
-  } else {
-    takeProject(row);
+    return picked && at(row).departCode == picked->value;
   }
-  showRow(row);
-  edit(row, column);
+  if (column != Subject) return takeProject(row);
+  frmPZCode picker(host());
+  picker.showSubject(toQt(at(row).subject));
+  host().showModal(picker);
+  const PickedSubject picked = picker.picked();
+  if (picked.code.empty()) return false;
+  at(row).subject = codeAndName(picked.code, picked.name);
+  return true;
 }
 
 void frmDepart::cmdAdd_Click() {
@@ -161,12 +181,19 @@ void frmDepart::cmdDel_Click() {
   if (!rows_.empty()) MSFl1->selectCell(std::min(*row, rows_.size()), Depart);
 }
 
+void frmDepart::askForMissing() {
+  for (std::size_t row = kHeaderRows; row < MSFl1->grid().rows(); ++row) {
+    if (at(row).departCode.empty()) return edit(row, Depart);
+    if (at(row).scale.empty()) return edit(row, Scale);
+  }
+}
+
 void frmDepart::cmdOK_Click() {
   editor_->commit();
   DepartSplit confirmed;
   if (const auto refusal = confirmSplit(rows_, confirmed)) {
     run().dialogs.MsgBox(*refusal);
-    return;
+    return askForMissing();
   }
   split_ = std::move(confirmed);
   close();

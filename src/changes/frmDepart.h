@@ -38,7 +38,9 @@ class frmDepart final : public Form {
   void editBehind(std::size_t row, std::size_t column);
   void take(std::size_t row, std::size_t column, const QString& text);
   void takeDepartment(std::size_t row, const std::string& typed);
-  void takeProject(std::size_t row);
+  bool takeProject(std::size_t row);
+  void askForMissing();
+  bool pickInto(std::size_t row, std::size_t column);
 
   void cmdScanf_Click(std::size_t row, std::size_t column);
   void cmdAdd_Click();
@@ -47,6 +49,7 @@ class frmDepart final : public Form {
   void escapePressed() override { close(); }
 
   std::vector<SplitRow> rows_;
+  bool refused_ = false;  // what was typed last names nothing
   DepartSplit split_;
 };
 

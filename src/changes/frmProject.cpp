@@ -95,7 +95,20 @@ void frmProject::locateBehind(std::size_t row) {
 
 bool frmProject::enterPressed(QObject* control) {
   if (control != Text1) return false;
-  locateBehind(MSFG1->currentGridRow().value_or(0));
+  if (seeking_) {
+    pickCurrent();
+  } else {
+    locateBehind(MSFG1->currentGridRow().value_or(0));
+  }
+  return true;
+}
+
+bool frmProject::beginSearch(const QString& text) {
+  seeking_ = true;
+  Text1->setText(text);
+  Text1->setFocus();
+  Text1->end(false);
+  locateBehind(0);
   return true;
 }
 

@@ -25,6 +25,8 @@ class frmProject final : public Form {
 
   /// What was picked; empty after cancelling.
   const PickedProject& picked() const { return picked_; }
+  /// In the field below the list, where Enter takes the project that has been found.
+  bool beginSearch(const QString& text) override;
 
  private:
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");
@@ -52,6 +54,7 @@ class frmProject final : public Form {
 
   std::string classNumber_;  // whose projects the grid shows
   PickedProject picked_;
+  bool seeking_ = false;
 };
 
 }  // namespace zelkor

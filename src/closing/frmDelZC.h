@@ -11,6 +11,7 @@ class frmDelZC final : public frmDisposalList {
 
  private:
   void cmdOK_Click() override;
+  std::vector<std::size_t> required() const override { return {disposal_column::way}; }
 };
 
 }  // namespace zelkor

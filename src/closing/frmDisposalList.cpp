@@ -57,14 +57,15 @@ void frmDisposalList::arrangeControls() {
   editor_->findChild<QPushButton*>()->setObjectName("cmdEdit");
   lblKPCode->setBuddy(txtKPCode);
   lblZCCode->setBuddy(txtZCCode);
-  for (QPushButton* pick : {cmdKP, cmdZC}) dressPick(pick);
-  arrange(
-      this,
-      column({row({lblKPCode, txtKPCode, cmdKP, space(16), lblZCCode, txtZCCode, cmdZC, space(16), cmdTJ,
-                   stretch()}),
-              wide(grid_),
-              note("单击单元格，或在一行上按回车键，填写减少日期、减少方式、清理收入、清理费用和清理原因。"),
-              row({cmdAdd, cmdRemove, stretch(), cmdOK, cmdCancel})}));
+  dressPick(cmdKP, txtKPCode);
+  dressPick(cmdZC, txtZCCode);
+  editor_->setColumns({date, way, revenue, cost, reason});
+  arrange(this, column({row({lblKPCode, txtKPCode, cmdKP, space(16), lblZCCode, txtZCCode, cmdZC, space(16),
+                             cmdTJ, stretch()}),
+                        wide(grid_),
+                        note("单击单元格或直接键入，填写减少日期、减少方式、清理收入、清理费用和清理原因；F2 "
+                             "打开参照，回车键移到下一项。"),
+                        row({cmdAdd, cmdRemove, stretch(), cmdOK, cmdCancel})}));
   resize(900, 480);
 }
 
@@ -85,32 +86,43 @@ void frmDisposalList::connectEvents() {
   on(cmdOK, &QPushButton::clicked, [this] {
     editor_->commit();
     cmdOK_Click();
+    askForMissing();
   });
   on(cmdCancel, &QPushButton::clicked, [this] { close(); });
   on(grid_, &QTableView::clicked, [this](const QModelIndex& cell) {
-    beginEdit(static_cast<std::size_t>(cell.row()) + list().headerRows(),
-              static_cast<std::size_t>(cell.column()));
+    const auto row = static_cast<std::size_t>(cell.row()) + list().headerRows();
+    const auto column = static_cast<std::size_t>(cell.column());
+    beginEdit(row, column);
+    if (column == date || column == way) cmdEdit_Click(row, column);
   });
   on(grid_, &FlexGrid::rowOpened,
      [this](std::size_t row) { beginEdit(row, std::max(grid_->currentGridColumn().value_or(way), date)); });
+  on(editor_, &CellEditor::requested, &frmDisposalList::beginEdit);
+  on(editor_, &CellEditor::entered,
+     [this](std::size_t row, std::size_t column) { editor_->goOn(row, column); });
+  on(editor_, &CellEditor::seeking, [this](const QString& text) { host().seek(text); });
   on(editor_, &CellEditor::buttonPressed, &frmDisposalList::cmdEdit_Click);
   on(editor_, &CellEditor::committed, &frmDisposalList::takeText);
 }
 
 void frmDisposalList::setList(TextGrid list) {
   grid_->setGrid(std::move(list));
-  const bool empty = this->list().rows() <= this->list().headerRows();
-  for (QPushButton* button : {cmdRemove, cmdOK}) button->setEnabled(!empty);
+  for (QPushButton* button : {cmdRemove, cmdOK}) button->setEnabled(!isEmpty());
+}
+
+bool frmDisposalList::isEmpty() const {
+  return list().rows() <= list().headerRows();
 }
 
 void frmDisposalList::add(const std::vector<PickedCard>& cards, const std::string& day) {
   if (cards.empty()) return;
   editor_->commit();
   TextGrid list = grid_->grid();
+  const std::size_t added = list.rows();
   addDisposals(list, cards, day);
-  const std::size_t last = list.rows() - 1;
+  const std::size_t row = std::min(added, list.rows() - 1);
   setList(std::move(list));
-  grid_->selectCell(last, way);
+  beginEdit(row, way);
 }
 
 void frmDisposalList::pickBeside(const QString& cardNumber, const QString& assetNumber) {
@@ -129,13 +141,34 @@ void frmDisposalList::cmdRemove_Click() {
   list.removeRow(*current);
   setList(std::move(list));
   const std::size_t last = this->list().rows() - 1;
-  if (last >= this->list().headerRows()) grid_->selectGridRow(std::min(*current, last));
+  if (isEmpty()) return cmdAdd->setFocus();
+  grid_->selectGridRow(std::min(*current, last));
+  grid_->setFocus();
+}
+
+/// What was said about an asset can be filled in at once.
+void frmDisposalList::askForMissing() {
+  for (std::size_t row = list().headerRows(); row < list().rows(); ++row) {
+    for (const std::size_t column : required()) {
+      if (list().text(row, column).empty()) return beginEdit(row, column);
+    }
+  }
+}
+
+/// Not by a key alone where something would be lost.
+void frmDisposalList::escapePressed() {
+  if (!isEmpty() &&
+      run().dialogs.MsgBox({"列表中的资产尚未减少，确实要退出吗？", Buttons::YesNo, Icon::Question,
+                            "固定资产", DefaultButton::Second}) != Answer::Yes) {
+    return;
+  }
+  close();
 }
 
 void frmDisposalList::beginEdit(std::size_t row, std::size_t column) {
+  grid_->selectCell(row, column);
   if (column == date || column == way) {
-    editor_->editWithButton(row, column);
-    cmdEdit_Click(row, column);
+    editor_->editPicked(row, column);
   } else if (column == revenue || column == cost) {
     editor_->editText(row, column, amount_);
   } else if (column == reason) {
@@ -156,17 +189,13 @@ void frmDisposalList::cmdEdit_Click(std::size_t row, std::size_t column) {
     if (const auto day = askForDate(host(), shown.value_or(run().clock.now()))) picked = dayText(*day);
   }
   editor_->cancel();
-  if (picked) setCell(row, column, *picked);
+  if (!picked) return beginEdit(row, column);
+  grid_->setText(row, column, *picked);
+  editor_->goOn(row, column);
 }
 
 void frmDisposalList::takeText(std::size_t row, std::size_t column, const QString& text) {
-  setCell(row, column, fromQt(text.trimmed()));
-}
-
-/// The next cell of the asset comes up, for who works by keys.
-void frmDisposalList::setCell(std::size_t row, std::size_t column, const std::string& text) {
-  grid_->setText(row, column, text);
-  if (column < reason) grid_->selectCell(row, column + 1);
+  grid_->setText(row, column, fromQt(text.trimmed()));
 }
 
 }  // namespace zelkor

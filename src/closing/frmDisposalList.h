@@ -28,6 +28,8 @@ class frmDisposalList : public Form {
 
   /// What is being typed is in the list by then.
   virtual void cmdOK_Click() = 0;
+  /// The columns without which an asset does not leave.
+  virtual std::vector<std::size_t> required() const = 0;
 
  private:
   QLabel* lblKPCode = make<QLabel>("lblKPCode", "卡片编号");
@@ -53,8 +55,9 @@ class frmDisposalList : public Form {
   void beginEdit(std::size_t row, std::size_t column);
   void cmdEdit_Click(std::size_t row, std::size_t column);
   void takeText(std::size_t row, std::size_t column, const QString& text);
-  void setCell(std::size_t row, std::size_t column, const std::string& text);
-  void escapePressed() override { close(); }
+  bool isEmpty() const;
+  void askForMissing();
+  void escapePressed() override;
 
   CellEditor* editor_;
   QDoubleValidator* amount_;

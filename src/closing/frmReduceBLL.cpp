@@ -1,5 +1,7 @@
 #include "closing/frmReduceBLL.h"
 
+#include <algorithm>
+
 namespace zelkor {
 
 using namespace disposal_column;
@@ -27,10 +29,8 @@ void frmReduceBLL::cmdOK_Click() {
 }
 
 bool frmReduceBLL::isComplete(std::size_t row) const {
-  for (const std::size_t column : {date, way, reason}) {
-    if (list().text(row, column).empty()) return false;
-  }
-  return true;
+  return std::ranges::none_of(required(),
+                              [&](std::size_t column) { return list().text(row, column).empty(); });
 }
 
 bool frmReduceBLL::stamp(std::size_t row) {

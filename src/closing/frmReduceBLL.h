@@ -12,6 +12,9 @@ class frmReduceBLL final : public frmDisposalList {
 
  private:
   void cmdOK_Click() override;
+  std::vector<std::size_t> required() const override {
+    return {disposal_column::date, disposal_column::way, disposal_column::reason};
+  }
   bool isComplete(std::size_t row) const;
   bool stamp(std::size_t row);
   void Form_Unload() override { reduce_.CloseZkData(); }

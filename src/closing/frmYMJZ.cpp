@@ -49,6 +49,9 @@ void frmYMJZ::arrangeControls() {
                         "4、对账(要求自动对账情况下)", "5、封账"}),
                   stretch(), rule(), row({stretch(), cmdStart, cmdCancel})}));
   setFixedSize(sizeHint());
+  // What is closed cannot be opened again: the key that is pressed without a look must not begin it.
+  setDefaultButton(cmdCancel);
+  cmdCancel->setFocus();
 }
 
 void frmYMJZ::cmdStart_Click() {

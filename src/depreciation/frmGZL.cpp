@@ -36,23 +36,30 @@ frmGZL::frmGZL(FormHost& host) : Form(host, "frmGZL", "工作量输入", Unload:
   load();
   on(grdGZL, &FlexGrid::rowSelected, &frmGZL::showCard);
   on(grdGZL, &FlexGrid::rowOpened, &frmGZL::beginEdit);
+  editor_->setColumns({kWorkColumn});
+  on(editor_, &CellEditor::requested, [this](std::size_t row, std::size_t) { beginEdit(row); });
+  on(editor_, &CellEditor::entered,
+     [this](std::size_t row, std::size_t column) { editor_->goOn(row, column); });
+  on(editor_, &CellEditor::passedEnd, [this] { cmdOK->setFocus(); });
   on(editor_, &CellEditor::committed,
      [this](std::size_t row, std::size_t, const QString& text) { takeWork(row, text); });
   on(cmdOK, &QPushButton::clicked, &frmGZL::cmdOK_Click);
   on(cmdCancel, &QPushButton::clicked, [this] { close(); });
-  if (!cards_.empty()) grdGZL->selectGridRow(kHeaderRows);
+  if (!cards_.empty()) grdGZL->selectCell(kHeaderRows, kWorkColumn);
+  grdGZL->setFocus();
 }
 
 void frmGZL::arrangeControls() {
   for (QLineEdit* field : {txtTotal, txtLJ, txtDW}) field->setReadOnly(true);
   for (QLineEdit* field : {txtTotal, txtLJ}) field->setAlignment(Qt::AlignRight);
   grdGZL->horizontalHeader()->setStretchLastSection(true);
-  arrange(this, column({lblMonth, wide(grdGZL),
-                        fields({{"工作总量", txtTotal, "lblTotal"},
-                                {"累计工作量", txtLJ, "lblLJ"},
-                                {"工作量单位", txtDW, "lblDW"}},
-                               3),
-                        row({note("双击一行或按回车键，输入本月工作量。"), stretch(), cmdOK, cmdCancel})}));
+  arrange(this,
+          column({lblMonth, wide(grdGZL),
+                  fields({{"工作总量", txtTotal, "lblTotal"},
+                          {"累计工作量", txtLJ, "lblLJ"},
+                          {"工作量单位", txtDW, "lblDW"}},
+                         3),
+                  row({note("直接键入本月工作量，回车键移到下一张卡片。"), stretch(), cmdOK, cmdCancel})}));
   resize(720, 460);
 }
 
@@ -92,7 +99,6 @@ void frmGZL::takeWork(std::size_t row, const QString& text) {
   grdGZL->setText(row, kWorkColumn, amount(card.work));
   grdGZL->setText(row, kAccumulatedColumn, amount(card.before + card.work));
   showCard(row);
-  if (row + 1 < grdGZL->grid().rows()) grdGZL->selectGridRow(row + 1);
 }
 
 void frmGZL::cmdOK_Click() {

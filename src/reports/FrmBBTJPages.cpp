@@ -102,13 +102,15 @@ void FrmBBTJ::bringToFront(std::size_t page) {
 void FrmBBTJ::dressControls() {
   for (QPushButton* button : CmdYes) button->setText("确定");
   for (QPushButton* button : CmdCancel) button->setText("取消");
-  const auto dress = [](QPushButton* button) {
-    button->setText("…");
-    dressPick(button);
+  const auto dress = [this](const auto& buttons, const auto& fields) {
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+      buttons[i]->setText("…");
+      dressPick(buttons[i], fields[i]);
+    }
   };
-  std::ranges::for_each(CmdCXLBMC, dress);
-  std::ranges::for_each(CmdCXBMMC, dress);
-  std::ranges::for_each(CmdZCBH, dress);
+  dress(CmdCXLBMC, LblLBMC);
+  dress(CmdCXBMMC, LblBMMC);
+  dress(CmdZCBH, TxtZCBH);
   for (QPushButton* button : CmdZCBH) button->setEnabled(false);  // picks nothing
   const auto dressName = [](QLabel* name) {
     name->setProperty("field", true);

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -13,6 +14,8 @@
 
 #include "base/RuntimeError.h"
 #include "ui/CommandKeys.h"
+#include "ui/FlexGrid.h"
+#include "ui/Focus.h"
 #include "ui/Guide.h"
 #include "ui/Reading.h"
 #include "ui/Toolbar.h"
@@ -25,11 +28,22 @@ bool isEnter(const QKeyEvent& key) {
   return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
+constexpr const char* kAgreements[] = {"确定", "确认", "选入"};
+
 /// Fields that Enter leaves for the next one. A list in a grid or tree has uses of its own for it.
 bool entersNext(const QObject* control) {
   if (qobject_cast<const QPushButton*>(control)) return false;
   return qobject_cast<const QLineEdit*>(control) || qobject_cast<const QComboBox*>(control) ||
-         qobject_cast<const QAbstractButton*>(control);
+         qobject_cast<const QAbstractButton*>(control) || qobject_cast<const QLabel*>(control);
+}
+
+QPushButton* agreement(const QWidget& form) {
+  for (auto* button : form.findChildren<QPushButton*>()) {
+    for (const char* caption : kAgreements) {
+      if (button->text().startsWith(caption) && button->isVisibleTo(&form)) return button;
+    }
+  }
+  return nullptr;
 }
 
 void accept(QLineEdit* field, const char* pattern) {
@@ -52,9 +66,28 @@ void Form::acceptDigitsOnly(QLineEdit* field) {
   accept(field, "[0-9]*");
 }
 
-void Form::dressPick(QPushButton* button) {
+void Form::dressPick(QPushButton* button, QWidget* field) {
   button->setProperty("pick", true);
-  button->setFocusPolicy(Qt::TabFocus);
+  button->setFocusPolicy(Qt::NoFocus);
+  if (!field) return;
+  picks_[field] = button;
+  if (!qobject_cast<QLabel*>(field)) return;
+  field->setFocusPolicy(Qt::StrongFocus);
+  field->setProperty("picked", true);
+}
+
+void Form::setDefaultButton(QPushButton* button) {
+  if (default_) default_->setDefault(false);
+  default_ = button;
+  if (default_) default_->setDefault(true);
+}
+
+bool Form::beginSearch(const QString& text) {
+  auto* list = findChild<FlexGrid*>();
+  if (!list) return false;
+  list->setFocus();
+  list->keyboardSearch(text);
+  return true;
 }
 
 void Form::lockIdle(QPushButton* button) {
@@ -116,7 +149,12 @@ bool Form::eventFilter(QObject* control, QEvent* event) {
   }
   if (event->type() == QEvent::FocusIn) focusEntered(*static_cast<QWidget*>(control));
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(control, event);
-  if (!isEnter(*static_cast<QKeyEvent*>(event))) return QWidget::eventFilter(control, event);
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  const bool taken = isEnter(key) ? enterOn(control) : pickKey(control, key);
+  return taken || QWidget::eventFilter(control, event);
+}
+
+bool Form::enterOn(QObject* control) {
   bool taken = false;
   host_.dispatch([&] { taken = enterPressed(control); });
   if (taken) return true;
@@ -124,8 +162,39 @@ bool Form::eventFilter(QObject* control, QEvent* event) {
     button->click();
     return true;
   }
-  if (!entersNext(control)) return QWidget::eventFilter(control, event);
-  focusNextChild();
+  if (!entersNext(control)) return false;
+  moveOnFrom(*static_cast<QWidget*>(control));
+  return true;
+}
+
+bool Form::pickKey(QObject* field, const QKeyEvent& key) {
+  const auto pick = picks_.find(field);
+  if (pick == picks_.end() || !pick->second->isVisible()) return false;
+  const bool begins = qobject_cast<QLabel*>(field) && writesText(key);
+  if (key.key() != Qt::Key_F2 && !begins) return false;
+  if (begins) host_.seek(key.text());
+  pick->second->click();
+  host_.seek({});
+  return true;
+}
+
+/// To the next control, at the end to the default button.
+void Form::moveOnFrom(QWidget& field) {
+  QWidget* next = nextBehind(field);
+  const bool atEnd = !next || onlyButtonsFrom(*next);
+  if (atEnd && default_ && default_->isEnabled() && default_->isVisible()) next = default_;
+  if (next) next->setFocus(Qt::TabFocusReason);
+}
+
+/// The window system asks for the next child, too, when the focus is taken away from a control.
+bool Form::focusNextPrevChild(bool next) {
+  QWidget* held = focusWidget();
+  if (!held || (held->isEnabled() && held->isVisible())) return QWidget::focusNextPrevChild(next);
+  if (QWidget* heir = heirOf(*held)) {
+    heir->setFocus(Qt::OtherFocusReason);
+  } else {
+    held->clearFocus();
+  }
   return true;
 }
 
@@ -140,6 +209,7 @@ bool Form::event(QEvent* event) {
 
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
+  if (isEnter(*event) && default_ && default_->isEnabled() && default_->isVisible()) return default_->click();
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
 }
@@ -148,6 +218,7 @@ void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   nameControls(*this);
   if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
+  if (!default_) setDefaultButton(agreement(*this));
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <QApplication>
 #include <QWidget>
 #include <string>
@@ -29,12 +30,16 @@ enum class Unload { Plain, EndsProgram };
 /// A screen or dialog of the system. Its controls are members that bear the system's names, made through
 /// `make` in their declaration; events are connected through `on`, which guards them.
 ///
-/// Keyboard: Enter moves on from a field and presses a button, Esc leaves an editor or cancels a dialog, F1
-/// opens the guide.
+/// Keyboard: Enter moves on from a field and presses a button; where a control has no use of its own for it,
+/// it presses the default button. Esc leaves an editor or cancels a dialog, F1 opens the guide. A control
+/// that is locked or hidden hands its focus to none that ends or removes something.
 class Form : public QWidget {
  public:
   ~Form() override = default;
 
+  /// Looks for the text among what is offered here, to be typed on and taken by Enter; false where nothing
+  /// can be looked for. See FormHost::seek.
+  virtual bool beginSearch(const QString& text);
   /// Called when the form has been closed; one listener.
   void onClosed(std::function<void()> listener) { closed_ = std::move(listener); }
   /// Whether it is a screen and not a dialog where it is shown modal: it can fill the whole display then.
@@ -88,8 +93,13 @@ class Form : public QWidget {
   /// Enables the commands whose condition holds and locks the others.
   void enableCommands();
 
-  /// Dresses the button beside a field that opens a picker. A click on it does not leave the field.
-  static void dressPick(QPushButton* button);
+  /// Dresses the button beside a field that opens a picker. It takes no focus: F2 in the field presses it. A
+  /// label as the field is filled by the picker alone, and a letter typed on it begins the search there.
+  void dressPick(QPushButton* button, QWidget* field = nullptr);
+
+  /// The button that Enter presses where nothing else takes it; without a call the one that agrees to a
+  /// dialog.
+  void setDefaultButton(QPushButton* button);
 
   /// Locks a button that does nothing on this screen; its tip says so.
   static void lockIdle(QPushButton* button);
@@ -110,15 +120,21 @@ class Form : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void adopt(QWidget& control);
   static void focusEntered(QWidget& control);
+  bool enterOn(QObject* control);
+  bool pickKey(QObject* field, const QKeyEvent& key);
+  void moveOnFrom(QWidget& field);
   void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;
   Unload unload_;
   std::vector<std::pair<QAction*, Command>> conditional_;  // the commands that are not always enabled
+  std::map<const QObject*, QPushButton*> picks_;           // by their fields
+  QPushButton* default_ = nullptr;
   std::function<void()> closed_;
   bool shownBefore_ = false;
   QObject events_;  // goes first: controls that die with the window still have events to send

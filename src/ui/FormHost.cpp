@@ -60,6 +60,7 @@ void FormHost::showModal(Form& form) {
   form.onClosed([&loop] { loop.quit(); });
   form.setWindowModality(Qt::ApplicationModal);
   openInFront(form);
+  if (!sought_.isEmpty() && form.beginSearch(sought_)) sought_.clear();
   // Showing it may have closed it or ended the program; a loop that begins then would never be left.
   if (!endStatus_ && form.isVisible()) loop.exec();
   form.onClosed({});

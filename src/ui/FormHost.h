@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <QObject>
+#include <QString>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -72,6 +73,8 @@ class FormHost {
     keepAndShow(std::move(form));
     return shown;
   }
+  /// The next modal form that can be searched begins with that text; the empty text takes the word back.
+  void seek(const QString& text) { sought_ = text; }
   /// Shows a form modal, in front of the window from which it is opened, and returns when it is closed;
   /// throws EndProgram when the program ended meanwhile.
   void showModal(Form& form);
@@ -85,6 +88,7 @@ class FormHost {
   RunContext& context_;
   std::function<void(int)> endProcess_;
   std::optional<int> endStatus_;
+  QString sought_;
   int running_ = 0;  // event routines that are under way, one inside the other
   std::vector<std::unique_ptr<Form>> forms_;
   std::vector<QEventLoop*> modalLoops_;  // innermost last

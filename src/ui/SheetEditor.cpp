@@ -1,19 +1,23 @@
 #include "ui/SheetEditor.h"
 
 #include <algorithm>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
 
+#include "ui/Focus.h"
+
 namespace zelkor {
 namespace {
 
 constexpr int kGap = 3;  // between the box and a button
 
-void dress(QWidget& value, bool entry) {
+void dress(QWidget& value, bool entry, bool picked) {
   value.setProperty("entry", entry);
+  value.setProperty("picked", entry && picked);
   value.style()->unpolish(&value);
   value.style()->polish(&value);
 }
@@ -35,7 +39,7 @@ void SheetEditor::setActive(bool active) {
   if (!active) cancel();
   active_ = active;
   for (const Place& place : places_) {
-    dress(*place.value, active);
+    dress(*place.value, active, place.entry == Entry::Picked);
     if (place.button) place.button->setVisible(active);
   }
 }
@@ -47,6 +51,21 @@ void SheetEditor::begin() {
 void SheetEditor::open(const QLabel* value) {
   const auto place = std::ranges::find(places_, value, &Place::value);
   if (active_ && place != places_.end()) openAt(static_cast<std::size_t>(place - places_.begin()));
+}
+
+void SheetEditor::openBehind(const QLabel* value) {
+  const auto place = std::ranges::find(places_, value, &Place::value);
+  if (!active_ || place == places_.end()) return;
+  at_ = static_cast<std::size_t>(place - places_.begin());
+  openBeside(1);
+}
+
+bool SheetEditor::openFirstEmpty() {
+  const auto place =
+      std::ranges::find_if(places_, [](const Place& each) { return each.value->text().isEmpty(); });
+  if (!active_ || place == places_.end()) return false;
+  openAt(static_cast<std::size_t>(place - places_.begin()));
+  return true;
 }
 
 void SheetEditor::resume() {
@@ -126,11 +145,18 @@ bool SheetEditor::boxEvent(QEvent& event) {
     if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) commit();
     return false;
   }
-  return event.type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent&>(event).key());
+  return event.type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent&>(event));
 }
 
-bool SheetEditor::keyPressed(int key) {
-  switch (key) {
+void SheetEditor::pick(const QString& text) {
+  if (!places_[at_].button) return;
+  emit seeking(text);
+  places_[at_].button->click();
+  emit seeking({});
+}
+
+bool SheetEditor::keyPressed(const QKeyEvent& event) {
+  switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Tab:
@@ -143,11 +169,14 @@ bool SheetEditor::keyPressed(int key) {
       cancel();
       return true;
     case Qt::Key_F2:
-      if (places_[at_].button) places_[at_].button->click();
+      pick({});
       return true;
     default:
-      return false;
+      break;
   }
+  if (places_[at_].entry != Entry::Picked || !writesText(event)) return false;
+  pick(event.text());
+  return true;
 }
 
 bool SheetEditor::valueEvent(const QLabel* value, QEvent& event) {
@@ -162,6 +191,11 @@ bool SheetEditor::valueEvent(const QLabel* value, QEvent& event) {
   const int key = static_cast<QKeyEvent&>(event).key();
   if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) {
     open(value);
+    return true;
+  }
+  if (writesText(static_cast<QKeyEvent&>(event))) {
+    open(value);
+    QApplication::sendEvent(box_, &event);
     return true;
   }
   if (key != Qt::Key_Tab && key != Qt::Key_Backtab) return false;

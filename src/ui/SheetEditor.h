@@ -5,6 +5,7 @@
 #include <QString>
 #include <vector>
 
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -22,7 +23,7 @@ struct SheetInput {
 
 /// Fills in a sheet's values in their order, by a text box that lies over the value being filled. Enter and
 /// Tab end a value and move on, Shift+Tab moves back, F2 presses the value's pick button, Esc leaves the
-/// value as it was.
+/// value as it was. A value that a picker alone fills begins the search there by a letter.
 class SheetEditor final : public QObject {
   Q_OBJECT
 
@@ -41,6 +42,10 @@ class SheetEditor final : public QObject {
   void begin();
   /// Opens a value, if it is one of those that can be filled in.
   void open(const QLabel* value);
+  /// Opens the value after that one, if there is one: it has been picked.
+  void openBehind(const QLabel* value);
+  /// Opens the first value in which nothing stands; false where there is none.
+  bool openFirstEmpty();
   /// Opens the value again that was open last.
   void resume();
   /// Ends the open value with the present text.
@@ -50,6 +55,8 @@ class SheetEditor final : public QObject {
   void goOnAt(const QLabel* value) { goOnAt_ = value; }
 
  signals:
+  /// A picker that is about to be opened is to look for that text; empty once it has been open.
+  void seeking(const QString& text);
   /// The open value has ended with another text. The value itself has not been changed.
   void committed(QLabel* value, const QString& text);
 
@@ -70,7 +77,8 @@ class SheetEditor final : public QObject {
   void leave();
   bool boxEvent(QEvent& event);
   bool valueEvent(const QLabel* value, QEvent& event);
-  bool keyPressed(int key);
+  bool keyPressed(const QKeyEvent& event);
+  void pick(const QString& text);
 
   QLineEdit* box_;
   std::vector<Place> places_;

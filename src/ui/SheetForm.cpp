@@ -18,7 +18,9 @@ constexpr const char* kCaption = "固定资产变动单";
 SheetForm::SheetForm(FormHost& host, const char* name, const char* boxName)
     : Form(host, name, kCaption, Unload::EndsProgram),
       box(make<QLineEdit>(boxName)),
-      editor(new SheetEditor(box)) {}
+      editor(new SheetEditor(box)) {
+  on(editor, &SheetEditor::seeking, [this](const QString& text) { this->host().seek(text); });
+}
 
 QLabel* SheetForm::placeValue(const std::string& name, SheetValue kind) {
   auto* value = make<QLabel>(name.c_str());

@@ -117,7 +117,9 @@ QPushButton {
 QPushButton:hover { background: #eaf1f8; border-color: #2f6fb2; }
 QPushButton:pressed { background: #d7e5f3; }
 QPushButton:focus { border-color: #2f6fb2; }
-QPushButton:disabled { color: #a9b2bd; border-color: #d5dbe1; }
+QPushButton:default { border: 1px solid #2f6fb2; background: #e3edf8; }
+QPushButton:default:focus { background: #cfe0f3; }
+QPushButton:disabled, QPushButton:default:disabled { color: #a9b2bd; border-color: #d5dbe1; background: #f8fafb; }
 QPushButton[pick="true"] { padding: 3px 0; min-width: 28px; max-width: 28px; min-height: 21px; }
 QToolButton[spin="true"] { border: 1px solid #b9c3cd; background: #f8fafb; padding: 0; }
 QToolBar { background: white; border: none; border-bottom: 1px solid #d5dbe1; padding: 4px 8px; spacing: 4px; }
@@ -138,6 +140,8 @@ QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; button-layout: 0; }
 QLabel[field="true"] {
   border: 1px solid #b9c3cd; border-radius: 3px; padding: 3px 6px; background: #f0f2f4; min-height: 21px;
 }
+QLabel[field="true"][picked="true"] { background: #eaf2fb; }
+QLabel[field="true"][picked="true"]:focus { border-color: #2f6fb2; }
 QLabel[note="true"] { color: #5b6773; }
 QLabel[title="true"] { font-size: 15px; font-weight: bold; color: #34568b; }
 QFrame[rule="true"] { color: #d5dbe1; }
@@ -152,9 +156,12 @@ QLabel[sheet="value"] { background: white; color: #1f2933; border: none; padding
 QLabel[sheet="value"][entry="true"] { background: #fffbe6; }
 QLabel[sheet="value"][entry="true"]:hover { background: #fff6cc; }
 QLabel[sheet="value"][entry="true"]:focus { background: #fff3b8; }
+QLabel[sheet="value"][picked="true"] { background: #eaf2fb; }
+QLabel[sheet="value"][picked="true"]:hover, QLabel[sheet="value"][picked="true"]:focus { background: #d7e5f3; }
 QLineEdit[over="true"], QLineEdit[over="true"]:read-only {
   background: white; color: #1f2933; border: 2px solid #2f6fb2; border-radius: 0; padding: 0 8px; min-height: 0;
 }
+QLineEdit[over="true"]:read-only { background: #eaf2fb; }
 QPushButton[pick="true"][over="true"] { min-height: 0; padding: 0; }
 )";
 

@@ -1,7 +1,9 @@
 #include "ui/TreePicker.h"
 
+#include <QKeyEvent>
 #include <QTreeWidgetItemIterator>
 
+#include "ui/Focus.h"
 #include "ui/TreeLoader.h"
 #include "ui/TreeSearch.h"
 
@@ -67,19 +69,52 @@ void TreePicker::showSelected() {
   if (const QTreeWidgetItem* item = selectedEntry()) search->setText(item->text(0));
 }
 
+bool TreePicker::eventFilter(QObject* control, QEvent* event) {
+  const auto* key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+  const bool begins = key && control == tree && writesText(*key);
+  return begins ? beginSearch(key->text()) : Form::eventFilter(control, event);
+}
+
 bool TreePicker::enterPressed(QObject* control) {
   if (control == tree) {
     takeEntry();
     return true;
   }
   if (control != search) return false;
+  if (seeking_) return takeFirstMatch();
   goToMatch(1);
   tree->setFocus();
   return true;
 }
 
+bool TreePicker::beginSearch(const QString& text) {
+  (text.front().isDigit() ? byCode : byName)->setChecked(true);
+  search->setText(text);
+  search->setFocus();
+  search->end(false);
+  searched_ = text;
+  seeking_ = true;
+  return true;
+}
+
+/// True also when nothing is found: the search goes on.
+bool TreePicker::takeFirstMatch() {
+  const TreeSearch sought = this->sought();
+  for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+    if (!matches(**it, sought) || !mayBeTaken(**it)) continue;
+    tree->setCurrentItem(*it);
+    takeEntry();
+    return true;
+  }
+  return true;
+}
+
+TreeSearch TreePicker::sought() const {
+  return {searched_, byCode->isChecked() ? TreeSearch::ByCode : TreeSearch::ByName};
+}
+
 void TreePicker::goToMatch(int direction) {
-  const TreeSearch sought{searched_, byCode->isChecked() ? TreeSearch::ByCode : TreeSearch::ByName};
+  const TreeSearch sought = this->sought();
   if (QTreeWidgetItem* item = nextMatch(*tree, sought, direction)) tree->setCurrentItem(item);
 }
 

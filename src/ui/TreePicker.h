@@ -10,6 +10,7 @@
 #include "base/TreeRow.h"
 #include "ui/Form.h"
 #include "ui/Layout.h"
+#include "ui/TreeSearch.h"
 #include "ui/UpDown.h"
 
 namespace zelkor {
@@ -26,8 +27,13 @@ struct TreePickerNames {
 };
 
 /// A dialog that picks an entry of a tree, with a search by code or name that steps through the matches.
-/// Enter in the search field goes to the first match, Enter on an entry takes it.
+/// Enter in the search field goes to the first match, Enter on an entry takes it. A search that was begun
+/// before the dialog was opened, or by a letter on the tree, takes its first match by Enter.
 class TreePicker : public Form {
+ public:
+  /// By code where the text begins like one, otherwise by name.
+  bool beginSearch(const QString& text) override;
+
  protected:
   TreePicker(FormHost& host, const char* name, const char* caption, const TreePickerNames& names);
 
@@ -49,6 +55,8 @@ class TreePicker : public Form {
   /// The dialog is to be left without a choice.
   virtual void cancel() = 0;
   virtual void selectionChanged() {}
+  /// Whether the dialog gives the entry back.
+  virtual bool mayBeTaken(const QTreeWidgetItem& /*entry*/) const { return true; }
 
   QTreeWidget* const tree;
   QRadioButton* const byCode;
@@ -59,11 +67,15 @@ class TreePicker : public Form {
   QPushButton* const cancelButton;
 
  private:
+  bool eventFilter(QObject* control, QEvent* event) override;
   bool enterPressed(QObject* control) override;
   void escapePressed() override { cancel(); }
   void goToMatch(int direction);
+  bool takeFirstMatch();
+  TreeSearch sought() const;
 
-  QString searched_;  // what was typed; the field may show the selected entry instead
+  bool seeking_ = false;  // what is typed is to be found and taken
+  QString searched_;      // what was typed; the field may show the selected entry instead
 };
 
 }  // namespace zelkor

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QShortcut>
 
+#include "base/Text.h"
 #include "ui/Layout.h"
 #include "vouchers/ErrorTrap.h"
 #include "vouchers/frmPZCode.h"
@@ -20,12 +21,6 @@ constexpr int kUsedWidth = 150;
 
 /// The commands that the second tab has besides those of the first.
 constexpr const char* kMoves[] = {"首张", "上张", "下张", "末张"};
-
-QShortcut* openingKey(QWidget* grid) {
-  auto* key = new QShortcut(QKeySequence(Qt::Key_F2), grid);
-  key->setContext(Qt::WidgetShortcut);
-  return key;
-}
 
 }  // namespace
 
@@ -64,7 +59,7 @@ void FrmBatBill::arrangeCommands() {
                {"全消", &FrmBatBill::unmarkAll},
                {"删除"},
                {},
-               {"保存", [this] { billing_.ToolSave(); }},
+               {"保存", [this] { save(); }},
                {"制单", &FrmBatBill::makeVoucher},
                {},
                {"首张"},
@@ -83,6 +78,10 @@ void FrmBatBill::connectEvents() {
     billing_.toggleMark(row);
     showMarks();
   });
+  mergeInput_->setColumns({selection_column::MergeNumber});
+  on(mergeInput_, &CellEditor::requested, [this](std::size_t row, std::size_t) { editMergeNumber(row); });
+  on(mergeInput_, &CellEditor::entered,
+     [this](std::size_t row, std::size_t column) { mergeInput_->goOn(row, column); });
   on(mergeInput_, &CellEditor::committed, &FrmBatBill::takeMergeNumber);
   on(MSFlexGridSZ, &FlexGrid::clicked, [this] {
     if (MSFlexGridSZ->currentGridColumn() == line_column::Subject) {
@@ -90,14 +89,12 @@ void FrmBatBill::connectEvents() {
     }
   });
   on(MSFlexGridSZ, &FlexGrid::rowOpened, &FrmBatBill::editSubject);
+  subjectInput_->setColumns({line_column::Subject});
+  on(subjectInput_, &CellEditor::requested, [this](std::size_t row, std::size_t) { editSubject(row); });
   on(subjectInput_, &CellEditor::committed, &FrmBatBill::takeSubject);
   on(subjectInput_, &CellEditor::entered, [this](std::size_t row, std::size_t) { goOnBehind(row); });
   on(subjectInput_, &CellEditor::buttonPressed, [this](std::size_t row, std::size_t) { CmdKM_Click(row); });
   on(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, &FrmBatBill::refresh);
-  on(openingKey(MSFlexGridXZ), &QShortcut::activated,
-     [this] { editMergeNumber(MSFlexGridXZ->currentGridRow().value_or(0)); });
-  on(openingKey(MSFlexGridSZ), &QShortcut::activated,
-     [this] { editSubject(MSFlexGridSZ->currentGridRow().value_or(1)); });
 }
 
 /// A command takes what is shown: what is being typed, too.
@@ -117,11 +114,25 @@ void FrmBatBill::unmarkAll() {
   showMarks();
 }
 
+/// A line that lacks its subject comes up for it.
+bool FrmBatBill::save() {
+  if (billing_.ToolSave()) return true;
+  const TextGrid& lines = billing_.lines();
+  for (std::size_t row = 1; row < lines.rows() && SSTab1->currentIndex() == kLinesTab; ++row) {
+    if (!Trim(lines.text(row, line_column::Subject)).empty()) continue;
+    editSubject(row);
+    break;
+  }
+  return false;
+}
+
 void FrmBatBill::makeVoucher() {
-  if (!billing_.ToolSave()) return;
+  if (!save()) return;
   ToolPZ();
   SSTab1->setCurrentIndex(kSelectionTab);
   refresh();
+  MSFlexGridXZ->setFocus();
+  if (billing_.selection().rows() > 1) MSFlexGridXZ->selectCell(1, selection_column::Date);
 }
 
 void FrmBatBill::ToolPZ() {

@@ -44,6 +44,7 @@ class FrmBatBill final : public Form {
   void endTyping();
   void markAll();
   void unmarkAll();
+  bool save();
   void makeVoucher();
   void refresh();
   void showLists();

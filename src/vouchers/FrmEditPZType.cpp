@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLineEdit>
 
 #include "ui/Icons.h"
 #include "ui/Layout.h"
@@ -54,6 +55,8 @@ void FrmEditPZType::connectEvents() {
   on(GridDsign, &FlexGrid::rowOpened,
      [this](std::size_t row) { editCell(row, GridDsign->currentGridColumn().value_or(type_column::Sign)); });
   on(GridDsign, &FlexGrid::rowSelected, &FrmEditPZType::changeRow);
+  editor_->setColumns({type_column::Sign, type_column::Name, type_column::Limit, type_column::Codes});
+  on(editor_, &CellEditor::requested, &FrmEditPZType::editCell);
   on(editor_, &CellEditor::ended, &FrmEditPZType::leaveCell);
   on(editor_, &CellEditor::entered, &FrmEditPZType::moveOn);
   on(editor_, &CellEditor::buttonPressed, [this] { CmdFind_Click(); });
@@ -132,8 +135,8 @@ void FrmEditPZType::leaveCell(std::size_t row, std::size_t column, const QString
 /// A choice counts as a change even when it is what is there: the row is stored again, and "凭证必无"
 /// reads as another kind then.
 void FrmEditPZType::ComboDsignType_Click() {
+  leaveCell(*currentRow_, type_column::Limit, editor_->text());
   changed_ = true;
-  editor_->commit();
 }
 
 void FrmEditPZType::stayIn(std::size_t row, std::size_t column, const QString& text) {
@@ -143,11 +146,9 @@ void FrmEditPZType::stayIn(std::size_t row, std::size_t column, const QString& t
   refused_ = text;
 }
 
-/// Enter leads through the cells of a row.
+/// Enter leads through the cells and on to the next row.
 void FrmEditPZType::moveOn(std::size_t row, std::size_t column) {
-  if (editor_->isOpen() || column >= type_column::Codes) return;
-  GridDsign->selectCell(row, column + 1);
-  editCell(row, column + 1);
+  editor_->goOn(row, column);
 }
 
 /// True when no editor is open any more. What was refused once is not reported again as long as it is there.
@@ -161,7 +162,9 @@ void FrmEditPZType::CmdFind_Click() {
   picker.showSubject(editor_->text().section(',', -1));
   host().showModal(picker);
   const std::string& code = picker.picked().code;
-  if (!code.empty()) editor_->setText(toQt(withLimitCode(fromQt(editor_->text()), code)));
+  if (code.empty()) return;
+  editor_->setText(toQt(withLimitCode(fromQt(editor_->text()), code)));
+  editor_->findChild<QLineEdit*>()->end(false);  // after it another one may be typed
 }
 
 /// Another row has become the current one of the grid.

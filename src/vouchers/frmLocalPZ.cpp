@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <QHeaderView>
+#include <utility>
 
 #include "base/RuntimeError.h"
 #include "ui/Texts.h"
@@ -152,6 +153,7 @@ void LocalPZ::keep(std::size_t row, std::size_t column, const QString& text) {
   if (row > RowCount() && text == offered_) return;
   VoucherLine line = row <= RowCount() ? Row(row) : VoucherLine();
   const std::string typed = fromQt(text.trimmed());
+  refused_ = false;
   if (column == Digest) line.Digest = typed;
   if (column == Subject && typed == line.SubjectCode) return;
   const bool amount = column == Debit || column == Credit;
@@ -162,12 +164,17 @@ void LocalPZ::keep(std::size_t row, std::size_t column, const QString& text) {
     AddRow(std::move(line));
     row = RowCount();
   }
-  if (column == Subject) emit SubjectEntered(row, toQt(typed));
+  if (column == Subject) {
+    emit SubjectEntered(row, toQt(typed));
+    refused_ = !typed.empty() && Row(row).SubjectName.empty();
+  }
   showLine(row);
 }
 
-/// From the digest to the subject to the amount, then to the next line.
+/// From the digest to the subject to the amount, then to the next line. A subject that was refused comes up
+/// again, to be typed over.
 void LocalPZ::moveOn(std::size_t row, std::size_t column) {
+  if (std::exchange(refused_, false)) return openCell({row, column});
   if (row > RowCount() && !takeOffered(column)) return;
   const bool stands = column == Debit && Row(row).Debit != Currency();
   if (column == Credit || stands) return moveToNextLine(row, column);

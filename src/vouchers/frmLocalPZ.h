@@ -120,6 +120,7 @@ class LocalPZ final : public QFrame, public Voucher {
   QLineEdit* box_;
   QValidator* amount_ = nullptr;
   Cell opened_{1, Digest};  // the cell that is or was open last
+  bool refused_ = false;    // the subject that was typed last is not in the chart
   QString offered_;         // digest that a new line begins with
 };
 

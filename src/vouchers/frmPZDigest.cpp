@@ -38,6 +38,8 @@ frmPZDigest::frmPZDigest(FormHost& host)
      [this] { editCell(MSFlexGrid1->currentGridRow().value(), MSFlexGrid1->currentGridColumn().value()); });
   on(MSFlexGrid1, &FlexGrid::rowOpened,
      [this](std::size_t row) { editCell(row, MSFlexGrid1->currentGridColumn().value_or(kCodeColumn)); });
+  TxtAdd->setColumns({kCodeColumn, kTextColumn, kSubjectColumn});
+  on(TxtAdd, &CellEditor::requested, &frmPZDigest::editCell);
   on(TxtAdd, &CellEditor::committed, &frmPZDigest::keepEdit);
   on(TxtAdd, &CellEditor::entered, &frmPZDigest::moveOn);
   on(TxtAdd, &CellEditor::buttonPressed, &frmPZDigest::CmdCodeView_Click);
@@ -60,7 +62,7 @@ void frmPZDigest::arrangeControls() {
                {},
                {{"帮助", "CmdArray8"}},
                {{"退出", "CmdArray9"}, &frmPZDigest::leave}},
-              [this] { TxtAdd->commit(); });
+              [this] { endEdit(); });
   TxtAdd->findChild<QLineEdit*>()->setObjectName("TxtAdd");
   TxtAdd->findChild<QPushButton*>()->setObjectName("CmdCodeView");
   layout::arrangeScreen(this, CmdArray, layout::row({layout::wide(MSFlexGrid1)}));
@@ -72,7 +74,7 @@ void frmPZDigest::arrangeMenu() {
               {{{"增加", "mnu_popAdd"}, &frmPZDigest::add},
                {{"删除", "mnu_popDel"}, &frmPZDigest::remove},
                {{"选入", "mnu_popxr"}, &frmPZDigest::takeOver}},
-              [this] { TxtAdd->commit(); });
+              [this] { endEdit(); });
   for (QAction* entry : mnu_pop->actions()) entry->setIcon(commandIcon(entry->text()));
   MSFlexGrid1->setContextMenuPolicy(Qt::CustomContextMenu);
   on(MSFlexGrid1, &FlexGrid::customContextMenuRequested,
@@ -125,7 +127,15 @@ void frmPZDigest::takeOver() {
   close();
 }
 
+/// What was refused is not reported again as long as it is there.
+void frmPZDigest::endEdit() {
+  if (refused_ && TxtAdd->isOpen() && TxtAdd->text() == *refused_) TxtAdd->cancel();
+  refused_.reset();
+  TxtAdd->commit();
+}
+
 void frmPZDigest::editCell(std::size_t row, std::size_t column) {
+  if (TxtAdd->isOpen()) endEdit();
   if (newRow_ && row != *newRow_ && !leaveNewRow()) return;
   if (column == kSubjectColumn) {
     TxtAdd->editWithButton(row, column);
@@ -136,6 +146,7 @@ void frmPZDigest::editCell(std::size_t row, std::size_t column) {
 
 /// An edit has ended with another text. Of a stored row the cell changes only with what is stored.
 void frmPZDigest::keepEdit(std::size_t row, std::size_t column, const QString& text) {
+  refused_.reset();
   if (row != newRow_) {
     Digest digest = digestIn(row);
     const std::string storedCode = digest.code;
@@ -143,14 +154,22 @@ void frmPZDigest::keepEdit(std::size_t row, std::size_t column, const QString& t
                            : column == kTextColumn ? digest.text
                                                    : digest.subject;
     changed = fromQt(text);
-    if (const auto refusal = digests_.UpdateDigest(storedCode, digest)) return refuse(*refusal);
+    if (const auto refusal = digests_.UpdateDigest(storedCode, digest)) {
+      refused_ = text;
+      return refuse(*refusal);
+    }
   }
   MSFlexGrid1->setText(row, column, fromQt(text));
 }
 
-/// Enter leads through the cells of a new row; its text is the last that it needs.
+/// Enter leads through the cells, in a new row as far as it can be stored: its text is the last that it
+/// needs. What was refused comes up again.
 void frmPZDigest::moveOn(std::size_t row, std::size_t column) {
-  if (row != newRow_) return;
+  if (refused_) {
+    editCell(row, column);
+    return TxtAdd->setText(*refused_);
+  }
+  if (row != newRow_) return TxtAdd->goOn(row, column);
   const auto refusal = digests_.refusalOfNew(digestIn(row));
   if (column == kCodeColumn && refusal == DigestRefusal::WithoutText) return editCell(row, kTextColumn);
   if (storeNewRow() && column == kTextColumn) editCell(row, kSubjectColumn);
@@ -188,12 +207,14 @@ void frmPZDigest::removeRow(std::size_t row) {
 }
 
 /// Writes the code of the chosen subject into the cell that is being edited.
-void frmPZDigest::CmdCodeView_Click() {
+void frmPZDigest::CmdCodeView_Click(std::size_t row, std::size_t column) {
   frmPZCode picker(host());
   picker.showSubject(TxtAdd->text());
   host().showModal(picker);
-  if (!picker.picked().code.empty()) TxtAdd->setText(toQt(picker.picked().code));
+  if (picker.picked().code.empty()) return;
+  TxtAdd->setText(toQt(picker.picked().code));
   TxtAdd->commit();
+  moveOn(row, column);
 }
 
 std::optional<Digest> pickDigest(FormHost& host) {

@@ -28,12 +28,13 @@ class frmPZDigest final : public Form {
 
   void arrangeControls();
   void arrangeMenu();
-  void CmdCodeView_Click();
+  void CmdCodeView_Click(std::size_t row, std::size_t column);
 
   void add();
   void remove();
   void takeOver();
   void leave();
+  void endEdit();
   void editCell(std::size_t row, std::size_t column);
   void keepEdit(std::size_t row, std::size_t column, const QString& text);
   void moveOn(std::size_t row, std::size_t column);
@@ -47,6 +48,7 @@ class frmPZDigest final : public Form {
   CellEditor* TxtAdd = new CellEditor(MSFlexGrid1);
   Digests digests_;
   std::optional<std::size_t> newRow_;  // the last row, while it is not stored
+  std::optional<QString> refused_;     // what was typed into a stored row and is not stored
   std::optional<Digest> chosen_;
 };
 

@@ -20,7 +20,7 @@ class frmSubjectPicker : public Form {
   /// is not there the first subject that begins like it.
   void showSubject(const QString& fieldText);
   /// Opens the search with that text, as if it had been typed there; Enter takes the first match.
-  bool beginSearch(const QString& text) { return findBar_->searchFor(text); }
+  bool beginSearch(const QString& text) override { return findBar_->searchFor(text); }
 
  protected:
   frmSubjectPicker(FormHost& host, const char* name);

@@ -50,8 +50,7 @@ class WholeRunTest : public ProgramTest {
     screen_.click(kCard, 323, 252);  // … of 增加方式
     pick("增减方式参照", "101");
     screen_.focus(kCard);
-    screen_.press("Return");  // 存放地点
-    enter("Hall 2");
+    enter("Hall 2");      // 存放地点, to which the pick has led on
     screen_.press("F2");  // 使用状况
     pick("使用状态参照", "11");
     screen_.focus(kCard);

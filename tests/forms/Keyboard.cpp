@@ -81,7 +81,8 @@ void strikeHere(QWidget& window, const std::string& keys) {
   QWindow* target = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : window.windowHandle();
   if (!keys.starts_with('"')) {
     const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
-    return QTest::keyClick(target, key.key(), key.keyboardModifiers());
+    const bool back = key == (Qt::SHIFT | Qt::Key_Tab);
+    return QTest::keyClick(target, back ? Qt::Key_Backtab : key.key(), key.keyboardModifiers());
   }
   for (const QChar letter : QString::fromStdString(keys.substr(1, keys.size() - 2)))
     QTest::sendKeyEvent(QTest::Click, target, static_cast<Qt::Key>(letter.toUpper().unicode()),

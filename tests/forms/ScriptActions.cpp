@@ -45,9 +45,11 @@ void fillCell(Test& test, const Arguments& a) {
   sendKeyTo(*box, a.word(1));
 }
 
-/// Key after key on whatever has the focus by then; a window that one of them opens takes the next.
+/// Key after key on whatever has the focus by then; a window that one of them opens takes the next. What is
+/// in front in the end has the keyboard before anything is looked at.
 void strikeAll(Test& test, const Arguments& a) {
   for (const std::string& keys : Split(a.line, ' ')) strike(test.windowInFront(), keys);
+  if (test.windowInFront().isVisible()) awaitKeyboard(test.windowInFront());
 }
 
 /// Selects several rows.

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 
 #include "store/settings/InitWizard.h"
+#include "ui/Focus.h"
 #include "ui/Layout.h"
 #include "vouchers/frmPZCode.h"
 
@@ -59,9 +60,12 @@ void FrmAccountSettings::connectSettings() {
 
 /// An empty field is left alone.
 void FrmAccountSettings::connectSubject(QLineEdit* field, QPushButton* pick) {
-  dressPick(pick);
+  dressPick(pick, field);
   onLeaving(field, [this, field] {
-    if (!field->text().isEmpty() && !checkSubjectField(run(), *field)) subjectRefused(field);
+    if (refusing_ || field->text().isEmpty() || checkSubjectField(run(), *field)) return;
+    refusing_ = true;  // the next field, which has got the focus meanwhile, is not left by a person
+    returnTo(*field);
+    refusing_ = false;
   });
   on(pick, &QPushButton::clicked, [this, field] { pickSubjectInto(host(), *field); });
 }

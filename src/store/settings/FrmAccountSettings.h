@@ -66,9 +66,8 @@ class FrmAccountSettings : public Form {
   void CheckZWXTDZ_Click(bool ticked);
   void enableNumbering();
   void OptionBMFS_Click();
-  /// A subject that the chart does not have has been refused in its field.
-  virtual void subjectRefused(QLineEdit* /*field*/) {}
 
+  bool refusing_ = false;
   CodingRuleBoxes codingRule_{TxtBMCD, UpDownBMCD, LblBMZCD};
 };
 

@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/settings/Parameters.h"
+#include "ui/Focus.h"
 #include "vouchers/frmPZCode.h"
 
 namespace zelkor {
@@ -23,6 +24,7 @@ FrmInit::FrmInit(FormHost& host) : FrmAccountSettings(host, "FrmInit", "固定�
   connectEvents();
   Form_Load();
   showStep();
+  OptionYes->setFocus();
 }
 
 void FrmInit::connectEvents() {
@@ -72,9 +74,18 @@ void FrmInit::showStep() {
   Pages->setCurrentIndex(step_);
   CmdPr->setEnabled(step_ > 0);
   CmdFinish->setEnabled(step_ == kLastStep);
-  // A button that is locked hands the focus to the next one, which must not come to be the one that gives up.
+  // Of the two that are left, the one that goes on, which asks before it writes.
   if (step_ == kLastStep) CmdFinish->setFocus();
   CmdNext->setEnabled(step_ < kLastStep && OptionYes->isChecked());
+  setDefaultButton(step_ == kLastStep ? CmdFinish : CmdNext);
+}
+
+/// Enter on the consent gives it and leads on.
+bool FrmInit::enterPressed(QObject* control) {
+  if (control != OptionYes) return false;
+  OptionYes->click();
+  CmdNext->setFocus();
+  return true;
 }
 
 void FrmInit::OptionYes_Click() {
@@ -117,12 +128,17 @@ void FrmInit::CmdNext_Click() {
   ++step_;
   showStep();
   if (step_ < kLastStep) return;
-  if (CheckZWXTDZ->isChecked() && (!subjectIsRight(*TxtGDZCDZKM, "固定资产对账科目不正确!") ||
-                                   !subjectIsRight(*TxtLJZJDZKM, "累计折旧对账科目不正确!"))) {
-    CmdPr_Click();
-    return;
-  }
-  showSummary();
+  QLineEdit* wrong = CheckZWXTDZ->isChecked() ? wrongSubject() : nullptr;
+  if (!wrong) return showSummary();
+  CmdPr_Click();
+  returnTo(*wrong);
+}
+
+/// The first subject that is not right, which has been said; nullptr where both are.
+QLineEdit* FrmInit::wrongSubject() {
+  if (!subjectIsRight(*TxtGDZCDZKM, "固定资产对账科目不正确!")) return TxtGDZCDZKM;
+  if (!subjectIsRight(*TxtLJZJDZKM, "累计折旧对账科目不正确!")) return TxtLJZJDZKM;
+  return nullptr;
 }
 
 void FrmInit::showSummary() {

@@ -66,6 +66,8 @@ class FrmInit final : public FrmAccountSettings {
   void showSummary();
   InitChoices choices() const;
   bool subjectIsRight(QLineEdit& field, const char* emptyText);
+  QLineEdit* wrongSubject();
+  bool enterPressed(QObject* control) override;
 
   void OptionYes_Click();
   void OptionNo_Click();

@@ -56,7 +56,6 @@ class FrmXUANXIANG final : public FrmAccountSettings {
   void CmdOK_Click();
   void CmdCancel_Click() { close(); }
   void escapePressed() override { close(); }
-  void subjectRefused(QLineEdit* field) override { field->setFocus(); }
 };
 
 }  // namespace zelkor

@@ -53,13 +53,12 @@ void frmGZL::arrangeControls() {
   for (QLineEdit* field : {txtTotal, txtLJ, txtDW}) field->setReadOnly(true);
   for (QLineEdit* field : {txtTotal, txtLJ}) field->setAlignment(Qt::AlignRight);
   grdGZL->horizontalHeader()->setStretchLastSection(true);
-  arrange(this,
-          column({lblMonth, wide(grdGZL),
-                  fields({{"工作总量", txtTotal, "lblTotal"},
-                          {"累计工作量", txtLJ, "lblLJ"},
-                          {"工作量单位", txtDW, "lblDW"}},
-                         3),
-                  row({note("直接键入本月工作量，回车键移到下一张卡片。"), stretch(), cmdOK, cmdCancel})}));
+  arrange(this, column({lblMonth, wide(grdGZL),
+                        fields({{"工作总量", txtTotal, "lblTotal"},
+                                {"累计工作量", txtLJ, "lblLJ"},
+                                {"工作量单位", txtDW, "lblDW"}},
+                               3),
+                        row({wide(note("直接键入本月工作量，回车键移到下一张卡片。")), cmdOK, cmdCancel})}));
   resize(720, 460);
 }
 

@@ -150,6 +150,9 @@ TEST_F(FoundListTest, findsRowsAsOneTypes) {
   sendKey(field, Qt::Key_Down);
   sendKey(field, Qt::Key_Return);
   EXPECT_EQ(opened, (std::vector<std::size_t>{4})) << "the last one that was found";
+  field.selectAll();
+  sendKey(field, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "车") << "a field's own text, no rows";
   TextGrid more(0, 4);
   more.addRow({"00013", "车"});
   list.addRows(std::move(more));

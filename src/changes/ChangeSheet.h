@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Dialogs.h"
+#include "base/RuntimeError.h"
 #include "changes/DepartSplit.h"
 
 namespace zelkor {
@@ -67,6 +68,7 @@ struct SheetResult {
   /// Of a save: all rows were written, so that the toolbar is as after a save, also when the commit or
   /// what follows it has failed.
   bool toolbarAsSaved = false;
+  std::optional<RuntimeError> failure = {};  // of one that has failed
 
   bool done() const { return outcome == Outcome::Done; }
 };

@@ -22,7 +22,7 @@ SheetResult refused(MessageBox box) {
 }
 
 SheetResult failed(const RuntimeError& error) {
-  return {Outcome::Failed, refusal(error.what())};
+  return {.outcome = Outcome::Failed, .box = refusal(error.what()), .failure = error};
 }
 
 MessageBox savedBox() {
@@ -120,6 +120,7 @@ SheetResult ChangeSheets::save(const ChangeSheet& sheet) {
     rollBackIfOpen(workspace);  // after the commit there is nothing left to undo
     result.outcome = Outcome::Failed;
     result.box = refusal(error.what());
+    result.failure = error;
   }
   return result;
 }

@@ -94,6 +94,11 @@ bool endsImport(const RuntimeError& error) {
   return std::ranges::any_of(kReasons, [&error](ErrorNumber reason) { return error.is(reason); });
 }
 
+/// Screens report what fails behind them, or keep silent about it: to an import it may be the end.
+void endIfFailed(const std::optional<RuntimeError>& failure) {
+  if (failure && endsImport(*failure)) throw *failure;
+}
+
 /// The failure that ends the import is the one to report.
 void rollBackIfPossible(Workspace& workspace) {
   try {
@@ -179,10 +184,13 @@ std::optional<std::string> SheetImport::enter(ChangeKind kind, const SheetRow& r
 RowEnd SheetImport::saveSheet(ChangeKind kind, const SheetRow& row) {
   ChangeSheets& sheets = sheets_.try_emplace(kind, context_, kind).first->second;
   ChangeSheet sheet = sheets.newSheet();
-  if (const SheetResult loaded = load(sheets, row, sheet); !loaded.done()) return refused(loaded.box->text);
+  const SheetResult loaded = load(sheets, row, sheet);
+  endIfFailed(loaded.failure);
+  if (!loaded.done()) return refused(loaded.box->text);
   if (auto problem = enter(kind, row, sheet)) return refused(inColumn(kAfter, *problem));
   begin(row, sheet.number);
   const SheetResult result = sheets.save(sheet);
+  endIfFailed(result.failure);
   if (result.done()) return {SheetEnd::Saved, sheet.number};
   if (result.outcome == SheetResult::Outcome::Nothing) return refused("此类变动单不保存");
   if (result.toolbarAsSaved) return refused("变动单 " + sheet.number + " 之后出错：" + result.box->text);
@@ -208,6 +216,7 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   if (sheet.methodAfterID.empty()) return refused(inColumn(kAfter, "折旧方法中没有“" + row.after + "”"));
   begin(row, sheet.number);
   const BalanceSaved result = saveBalance(balance_, sheet);
+  endIfFailed(balance_.takeFailure());
   if (!result.saved) return refused(result.box.text);
   context_.engine.workspace().CommitTrans();
   return {SheetEnd::Saved, sheet.number};

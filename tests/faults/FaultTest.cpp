@@ -163,6 +163,8 @@ TEST_F(FaultTest, AFullDiskTellsHowManySheetsWereSaved) {
   const std::string saved = set.ask("select count(*) from fa_Vouchers");
   EXPECT_GT(std::stol(saved), 0);
   EXPECT_NE(result.output.find("\n中断：已保存 " + saved + " 行，"), std::string::npos) << result.output;
+  EXPECT_EQ(result.output.find("I/O"), std::string::npos)
+      << "no row is told as refused for what ends the import";
 }
 
 TEST_F(FaultTest, TwoProcessesLoseNothing) {

@@ -17,6 +17,7 @@ namespace zelkor {
 class FrmDepartment final : public Form {
  public:
   explicit FrmDepartment(FormHost& host);
+  bool isScreen() const override { return true; }
 
  private:
   enum Field : std::size_t { Code, Name, Person, Property, Phone, Address, Memo, Fields };

@@ -15,6 +15,7 @@ namespace zelkor {
 class FrmZJFPB final : public Form {
  public:
   explicit FrmZJFPB(FormHost& host);
+  bool isScreen() const override { return true; }
 
  private:
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");

@@ -14,6 +14,7 @@ namespace zelkor {
 class frmZJQD final : public Form {
  public:
   explicit frmZJQD(FormHost& host);
+  bool isScreen() const override { return true; }
 
  private:
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");

@@ -16,6 +16,7 @@ namespace zelkor {
 class FrmBBXS final : public Form {
  public:
   FrmBBXS(FormHost& host, ReportView view);
+  bool isScreen() const override { return true; }
 
  private:
   Toolbar* tbToolBar = make<Toolbar>("tbToolBar");

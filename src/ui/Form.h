@@ -42,6 +42,8 @@ class Form : public QWidget {
   virtual bool beginSearch(const QString& text);
   /// Called when the form has been closed; one listener.
   void onClosed(std::function<void()> listener) { closed_ = std::move(listener); }
+  /// Whether it is a screen and not a dialog where it is shown modal: it can fill the whole display then.
+  virtual bool isScreen() const { return false; }
 
  protected:
   /// `name` is the form's name in the system, `caption` its title.

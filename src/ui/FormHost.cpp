@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "startup/ProgramEnd.h"
 #include "ui/Form.h"
+#include "ui/WindowPlace.h"
 
 namespace zelkor {
 
@@ -39,7 +40,16 @@ void FormHost::endServices(std::optional<int> status) {
 void FormHost::keepAndShow(std::unique_ptr<Form> form) {
   Form& shown = *form;
   forms_.push_back(std::move(form));
+  fitToScreen(shown);
   shown.show();
+}
+
+void FormHost::openInFront(Form& form) {
+  QWidget* behind = frontWindow();
+  if (!form.isScreen()) makeDialog(form);
+  fitToScreen(form);
+  if (behind) placeOver(form, *behind);
+  form.show();
 }
 
 void FormHost::showModal(Form& form) {
@@ -49,7 +59,7 @@ void FormHost::showModal(Form& form) {
   modalLoops_.push_back(&loop);
   form.onClosed([&loop] { loop.quit(); });
   form.setWindowModality(Qt::ApplicationModal);
-  form.show();
+  openInFront(form);
   if (!sought_.isEmpty() && form.beginSearch(sought_)) sought_.clear();
   // Showing it may have closed it or ended the program; a loop that begins then would never be left.
   if (!endStatus_ && form.isVisible()) loop.exec();

@@ -75,11 +75,13 @@ class FormHost {
   }
   /// The next modal form that can be searched begins with that text; the empty text takes the word back.
   void seek(const QString& text) { sought_ = text; }
-  /// Shows a form modal and returns when it is closed; throws EndProgram when the program ended meanwhile.
+  /// Shows a form modal, in front of the window from which it is opened, and returns when it is closed;
+  /// throws EndProgram when the program ended meanwhile.
   void showModal(Form& form);
 
  private:
   void keepAndShow(std::unique_ptr<Form> form);
+  static void openInFront(Form& form);
   void end(int status);
   void endServices(std::optional<int> status);
 

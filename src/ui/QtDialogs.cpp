@@ -11,6 +11,7 @@
 
 #include "ui/FlexGrid.h"
 #include "ui/ProgressBox.h"
+#include "ui/WindowPlace.h"
 
 namespace zelkor {
 namespace {
@@ -120,7 +121,8 @@ Answer QtDialogs::ask(const MessageBox& box) {
     std::cerr << titleOf(box.title).toStdString() << ": " << textOf(box).toStdString() << std::endl;
     return Answer::Ok;
   }
-  QMessageBox window(QApplication::activeWindow());
+  QMessageBox window(frontWindow());
+  makeDialog(window);
   window.setWindowTitle(titleOf(box.title));
   window.setTextFormat(Qt::PlainText);
   window.setText(textOf(box));
@@ -138,7 +140,8 @@ Answer QtDialogs::ask(const MessageBox& box) {
 }
 
 void QtDialogs::present(const std::string& caption, const TextGrid& grid) {
-  QDialog window(QApplication::activeWindow());
+  QDialog window(frontWindow());
+  makeDialog(window);
   window.setWindowTitle(titleOf(caption));
 
   auto* view = new FlexGrid;
@@ -153,6 +156,7 @@ void QtDialogs::present(const std::string& caption, const TextGrid& grid) {
   layout->addWidget(view);
   layout->addWidget(buttons);
   window.resize(900, 560);
+  fitToScreen(window);
   window.exec();
 }
 

@@ -16,6 +16,7 @@ namespace zelkor {
 class frmPZFill final : public Form {
  public:
   frmPZFill(FormHost& host, VoucherRequest request);
+  bool isScreen() const override { return true; }
 
  private:
   static constexpr std::size_t kMoves = 4;  // first, previous, next, last

@@ -19,6 +19,10 @@ constexpr QRgb kBad = 0xffb23b3b;
 constexpr QRgb kFaded = 0xffa9b2bd;
 constexpr QRgb kFolder = 0xffe3b95b;
 constexpr QRgb kPaper = 0xff8aa4c8;
+constexpr QRgb kMessageInk = 0xff2f6fb2;
+constexpr QRgb kWarning = 0xffd08a1e;
+constexpr int kMessageSize = 36;
+constexpr int kSignPixels = 22;
 
 using Draw = void (*)(QPainter&);
 
@@ -229,8 +233,8 @@ constexpr std::array kCommands = {
 };
 
 template <typename Paint>
-QPixmap drawn(QRgb ink, Paint paint) {
-  QPixmap pixmap(kSize * kScale, kSize * kScale);
+QPixmap drawn(QRgb ink, Paint paint, int size = kSize) {
+  QPixmap pixmap(size * kScale, size * kScale);
   pixmap.setDevicePixelRatio(kScale);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
@@ -238,6 +242,25 @@ QPixmap drawn(QRgb ink, Paint paint) {
   painter.setPen(QPen(QColor::fromRgba(ink), 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   paint(painter);
   return pixmap;
+}
+
+struct MessageLook {
+  QRgb ink;
+  const char* sign;
+};
+
+MessageLook lookOf(MessagePicture picture) {
+  switch (picture) {
+    case MessagePicture::Information:
+      return {kMessageInk, "i"};
+    case MessagePicture::Question:
+      return {kMessageInk, "?"};
+    case MessagePicture::Warning:
+      return {kWarning, "!"};
+    case MessagePicture::Error:
+      break;
+  }
+  return {kBad, "×"};
 }
 
 QIcon treeIcon(QRgb ink, const QPolygonF& outline) {
@@ -258,6 +281,30 @@ QIcon commandIcon(const QString& caption) {
     return icon;
   }
   return {};
+}
+
+QPixmap messagePicture(MessagePicture picture) {
+  const MessageLook look = lookOf(picture);
+  return drawn(
+      look.ink,
+      [&](QPainter& painter) {
+        const QRectF square(1, 1, kMessageSize - 2, kMessageSize - 2);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor::fromRgba(look.ink));
+        if (picture == MessagePicture::Warning) {
+          painter.drawPolygon(QPolygonF({QPointF(18, 3), QPointF(35, 33), QPointF(1, 33)}));
+        } else {
+          painter.drawEllipse(square);
+        }
+        QFont font = painter.font();
+        font.setPixelSize(kSignPixels);
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        const double lower = picture == MessagePicture::Warning ? 5 : 0;
+        painter.drawText(square.translated(0, lower), Qt::AlignCenter, look.sign);
+      },
+      kMessageSize);
 }
 
 QIcon closedFolderIcon() {

@@ -5,11 +5,13 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "ui/FlexGrid.h"
+#include "ui/Icons.h"
 #include "ui/ProgressBox.h"
 #include "ui/WindowPlace.h"
 
@@ -43,20 +45,31 @@ QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
   return QMessageBox::Ok;
 }
 
-QMessageBox::Icon iconOf(Icon icon) {
+/// Pictures of our own: those of the window system are the desktop's.
+QPixmap pictureOf(Icon icon) {
   switch (icon) {
     case Icon::None:
-      return QMessageBox::NoIcon;
+      return {};
     case Icon::Information:
-      return QMessageBox::Information;
+      return messagePicture(MessagePicture::Information);
     case Icon::Question:
-      return QMessageBox::Question;
+      return messagePicture(MessagePicture::Question);
     case Icon::Exclamation:
-      return QMessageBox::Warning;
+      return messagePicture(MessagePicture::Warning);
     case Icon::Critical:
-      return QMessageBox::Critical;
+      return messagePicture(MessagePicture::Error);
   }
-  return QMessageBox::NoIcon;
+  return {};
+}
+
+/// A title is cut off in the frame of a window that is narrower.
+void widenForTitle(QMessageBox& window) {
+  constexpr int kBesideTitle = 140;  // the frame's buttons at both its ends
+  QFont font = window.font();
+  font.setBold(true);
+  const int width = QFontMetrics(font).horizontalAdvance(window.windowTitle()) + kBesideTitle;
+  auto* grid = static_cast<QGridLayout*>(window.layout());
+  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 QMessageBox::StandardButton defaultOf(const MessageBox& box) {
@@ -126,11 +139,12 @@ Answer QtDialogs::ask(const MessageBox& box) {
   window.setWindowTitle(titleOf(box.title));
   window.setTextFormat(Qt::PlainText);
   window.setText(textOf(box));
-  window.setIcon(iconOf(box.icon));
+  window.setIconPixmap(pictureOf(box.icon));
   window.setStandardButtons(buttonsOf(box.buttons));
   for (const ButtonText& entry : kButtons) {
     if (QAbstractButton* button = window.button(entry.button)) button->setText(QString::fromUtf8(entry.text));
   }
+  widenForTitle(window);
   window.setDefaultButton(defaultOf(box));
   const int pressed = window.exec();
   for (const ButtonText& entry : kButtons) {

@@ -1,34 +1,110 @@
 #include "ui/Theme.h"
 
+#include <iostream>
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 namespace zelkor {
 namespace {
 
 constexpr int kPointSize = 10;
 
-QPalette lightPalette() {
-  QPalette palette;
-  palette.setColor(QPalette::Window, QColor(0xf4f6f8));
-  palette.setColor(QPalette::WindowText, QColor(0x1f2933));
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::AlternateBase, QColor(0xf7f9fb));
-  palette.setColor(QPalette::Text, QColor(0x1f2933));
-  palette.setColor(QPalette::Button, QColor(0xf8fafb));
-  palette.setColor(QPalette::ButtonText, QColor(0x1f2933));
-  palette.setColor(QPalette::Highlight, QColor(0x2f6fb2));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::PlaceholderText, QColor(0x8793a1));
-  const auto disabled = QPalette::Disabled;
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(disabled, role, QColor(0x8a95a1));
+/// The button behind which the rest of a toolbar is can hardly be seen in its usual width.
+class OwnStyle final : public QProxyStyle {
+ public:
+  OwnStyle() : QProxyStyle("Fusion") {}
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    constexpr int kOverflowWidth = 30;
+    return metric == PM_ToolBarExtensionExtent ? kOverflowWidth
+                                               : QProxyStyle::pixelMetric(metric, option, widget);
   }
-  palette.setColor(disabled, QPalette::Base, QColor(0xf0f2f4));
+};
+
+struct RoleColor {
+  QPalette::ColorRole role;
+  QRgb color;
+};
+
+constexpr QRgb kInk = 0x1f2933;
+constexpr QRgb kMarked = 0x2f6fb2;
+
+constexpr RoleColor kColors[] = {
+    {QPalette::WindowText, kInk},
+    {QPalette::Text, kInk},
+    {QPalette::ButtonText, kInk},
+    {QPalette::ToolTipText, kInk},
+    {QPalette::Window, 0xf4f6f8},
+    {QPalette::Base, 0xffffff},
+    {QPalette::AlternateBase, 0xf7f9fb},
+    {QPalette::Button, 0xf8fafb},
+    {QPalette::ToolTipBase, 0xffffff},
+    {QPalette::Highlight, kMarked},
+    {QPalette::HighlightedText, 0xffffff},
+    {QPalette::PlaceholderText, 0x8793a1},
+    {QPalette::Link, kMarked},
+    {QPalette::LinkVisited, kMarked},
+};
+constexpr RoleColor kLockedColors[] = {
+    {QPalette::WindowText, 0x8a95a1},
+    {QPalette::Text, 0x8a95a1},
+    {QPalette::ButtonText, 0x8a95a1},
+    {QPalette::Base, 0xf0f2f4},
+};
+
+/// Every role is set: what is left out would be the desktop's, which may be a dark one.
+QPalette lightPalette() {
+  QPalette palette(QColor(0xf8fafb), QColor(0xf4f6f8));
+  for (const auto& [role, color] : kColors) palette.setColor(role, QColor(color));
+  for (const auto& [role, color] : kLockedColors) palette.setColor(QPalette::Disabled, role, QColor(color));
   return palette;
 }
+
+/// The font that the package brings, or another one that writes Chinese; empty where there is none.
+QString chineseFamily() {
+  constexpr const char* kOwnFamily = "Noto Sans CJK SC";
+  const QStringList families = QFontDatabase::families(QFontDatabase::SimplifiedChinese);
+  if (families.isEmpty() || families.contains(kOwnFamily)) return families.isEmpty() ? QString() : kOwnFamily;
+  return families.front();
+}
+
+QFont ownFont() {
+  const QString family = chineseFamily();
+  if (family.isEmpty())
+    std::cerr << "zelkor: 没有中文字体，文字显示不出来；请安装软件包 fonts-noto-cjk" << std::endl;
+  QFont font;
+  if (!family.isEmpty()) font.setFamilies({family});
+  font.setPointSize(kPointSize);
+  font.setStyleStrategy(QFont::PreferAntialias);
+  return font;
+}
+
+/// Keeps what we have set: there are desktops whose part in the window system sets its own later on.
+class OwnLook final : public QObject {
+ public:
+  explicit OwnLook(QApplication& application) : QObject(&application), font_(ownFont()) {
+    application.installEventFilter(this);
+    QApplication::setPalette(palette_);
+    QApplication::setFont(font_);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const bool fontChanged = event->type() == QEvent::ApplicationFontChange && QApplication::font() != font_;
+    // With a theme come fonts for the kinds of controls; to set the font takes them away again.
+    if (fontChanged || event->type() == QEvent::ThemeChange) {
+      QApplication::setFont(font_);
+    } else if (event->type() == QEvent::ApplicationPaletteChange && QApplication::palette() != palette_) {
+      QApplication::setPalette(palette_);
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QPalette palette_ = lightPalette();
+  QFont font_;
+};
 
 constexpr const char* kStyleSheet = R"(
 QLineEdit, QPlainTextEdit, QTextEdit {
@@ -60,6 +136,9 @@ QTableView { gridline-color: #e1e6eb; selection-background-color: #d7e5f3; selec
 QTreeView::item { min-height: 24px; }
 QHeaderView { background: #eef1f4; }
 QTabWidget::pane { border: 1px solid #c6cfd8; background: white; }
+QToolTip { background: white; color: #1f2933; border: 1px solid #c6cfd8; padding: 3px 6px; }
+QToolButton#qt_toolbar_ext_button { background: #eaf1f8; border: 1px solid #c3d5e8; border-radius: 3px; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; button-layout: 0; }
 QLabel[field="true"] {
   border: 1px solid #b9c3cd; border-radius: 3px; padding: 3px 6px; background: #f0f2f4; min-height: 21px;
 }
@@ -90,12 +169,13 @@ QPushButton[pick="true"][over="true"] { min-height: 0; padding: 0; }
 
 }  // namespace
 
+void ignoreDesktopSettings() {
+  QApplication::setDesktopSettingsAware(false);
+}
+
 void applyTheme(QApplication& application) {
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
-  QApplication::setPalette(lightPalette());
-  QFont font("Noto Sans CJK SC", kPointSize);
-  font.setStyleStrategy(QFont::PreferAntialias);
-  QApplication::setFont(font);
+  QApplication::setStyle(new OwnStyle);
+  new OwnLook(application);
   application.setStyleSheet(kStyleSheet);
 }
 

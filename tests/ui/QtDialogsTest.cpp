@@ -46,7 +46,11 @@ TEST_F(QtDialogsTest, AQuestionIsAnsweredByItsButton) {
        B::Yes,
        Answer::No},
       {{"<b>", Buttons::YesNo, Icon::None, "", DefaultButton::Second}, "<b>", B::Yes, B::No, Answer::Yes},
-      {{"a", Buttons::OkCancel, Icon::None, "t"}, "a", B::Cancel, B::Ok, Answer::Cancel},
+      {{"a", Buttons::OkCancel, Icon::Critical, "变动单－－使用状况调整"},
+       "a",
+       B::Cancel,
+       B::Ok,
+       Answer::Cancel},
       {{"a", Buttons::YesNoCancel, Icon::None, "t"}, "a", B::Cancel, B::Yes, Answer::Cancel},
   };
   for (const auto& c : cases) {
@@ -54,6 +58,7 @@ TEST_F(QtDialogsTest, AQuestionIsAnsweredByItsButton) {
       EXPECT_EQ(window.text().toStdString(), c.shown);
       EXPECT_EQ(window.windowTitle().toStdString(), c.box.title.empty() ? "Zelkor" : c.box.title);
       EXPECT_EQ(window.textFormat(), Qt::PlainText);
+      EXPECT_GT(window.width(), window.fontMetrics().horizontalAdvance(window.windowTitle()) + 100);
       EXPECT_EQ(window.defaultButton(), window.button(c.expectedDefault));
       window.button(c.press)->click();
     });

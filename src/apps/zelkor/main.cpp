@@ -90,6 +90,7 @@ int main(int argc, char** argv) {
     zelkor::tellNoWindow("没有显示器（DISPLAY 未设置）");
     return 1;
   }
+  zelkor::ignoreDesktopSettings();
   qInstallMessageHandler(zelkor::giveUpOrderly);
   QApplication application(argc, argv);
   qInstallMessageHandler(nullptr);

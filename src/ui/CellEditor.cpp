@@ -84,6 +84,7 @@ void CellEditor::open(std::size_t row, std::size_t column, QWidget* editor) {
   choosing_ = editor == combo_;
   box_->setReadOnly(false);
   before_ = toQt(grid_->grid().text(row, column));
+  editor->setAccessibleName(toQt(grid_->grid().text(0, column)));
   box_->setVisible(!choosing_);
   combo_->setVisible(choosing_);
   setText(before_);

@@ -15,7 +15,9 @@
 #include "base/RuntimeError.h"
 #include "ui/FlexGrid.h"
 #include "ui/Focus.h"
+#include "ui/Reading.h"
 #include "ui/Toolbar.h"
+#include "ui/WindowPlace.h"
 
 namespace zelkor {
 namespace {
@@ -121,6 +123,12 @@ void Form::enableCommands() {
   for (const auto& [action, command] : conditional_) action->setEnabled(command.isEnabled(*this));
 }
 
+/// A box that is laid over one value after the other gets the name of each.
+void Form::focusEntered(QWidget& control) {
+  nameControl(control);
+  bringIntoView(control);
+}
+
 void Form::adopt(QWidget& control) {
   control.installEventFilter(this);
   if (auto* button = qobject_cast<QPushButton*>(&control)) button->setAutoDefault(false);
@@ -186,6 +194,8 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (!default_) setDefaultButton(agreement(*this));
+  nameControls(*this);
+  if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
 }
 
 void Form::closeEvent(QCloseEvent* event) {

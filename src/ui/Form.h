@@ -123,6 +123,7 @@ class Form : public QWidget {
   bool enterOn(QObject* control);
   bool pickKey(QObject* field, const QKeyEvent& key);
   void moveOnFrom(QWidget& field);
+  static void focusEntered(QWidget& control);
   void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;
@@ -131,6 +132,7 @@ class Form : public QWidget {
   std::map<const QObject*, QPushButton*> picks_;           // by their fields
   QPushButton* default_ = nullptr;
   std::function<void()> closed_;
+  bool shownBefore_ = false;
   QObject events_;  // goes first: controls that die with the window still have things to tell
 };
 

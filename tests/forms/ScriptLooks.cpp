@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "forms/ScriptTest.h"
+#include "forms/Walk.h"
 #include "ui/UpDown.h"
 
 namespace zelkor::test {
@@ -178,6 +179,7 @@ const std::map<std::string, Verb>& lookingVerbs() {
          EXPECT_EQ(texts.find(a.behind(1)), std::string::npos) << texts;
        }},
       {"nodes", seeNodes},
+      {"names", [](Test& test, const Arguments& a) { expectLines(namesOf(test.form()), a); }},
       {"entries", [](Test& test, const Arguments& a) { expectLines(entriesOf(test, a), a); }},
   };
   return verbs;

@@ -187,9 +187,14 @@ inline std::vector<std::function<void(QWidget&)>> waysToLeave(const char* cancel
           [](QWidget& form) { sendKey(form, Qt::Key_Escape); }, [](QWidget& form) { form.close(); }};
 }
 
-/// Keeps a picture of the form, under that name in the folder that ZELKOR_SCREENSHOTS names; nothing without
-/// it.
+/// Every control that Tab reaches has a name for a screen reader, they are reached as one reads, and the form
+/// is no larger than its screen.
+void expectReadable(const QWidget& form);
+
+/// Looks at a form as it stands and keeps a picture of it, under that name in the folder that
+/// ZELKOR_SCREENSHOTS names.
 inline void keepPicture(QWidget& form, const std::string& name) {
+  expectReadable(form);
   const QString folder = qEnvironmentVariable("ZELKOR_SCREENSHOTS");
   if (folder.isEmpty()) return;
   QApplication::processEvents();

@@ -40,6 +40,8 @@ foreach(text docs/user-guide.md docs/deployment.md packaging/changelog)
   install(FILES ${documents}/${name}.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/zelkor)
 endforeach()
 add_custom_target(documents ALL DEPENDS ${written})
+# The guide as the screens open it: what lies with the documents is packed.
+install(FILES docs/user-guide.md DESTINATION ${CMAKE_INSTALL_DATADIR}/zelkor)
 
 install(FILES ${documents}/completion DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zelkorctl)
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/zelkor)

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ui/Guide.h"
 #include "ui/TreeLoader.h"
 
 namespace zelkor {
@@ -18,6 +19,7 @@ frmSelectEntry::frmSelectEntry(FormHost& host, const char* name, const char* cap
                   .cancel = "cmdCancel"}) {
   tree->setExpandsOnDoubleClick(false);
   arrangeControls({cmdHelp, layout::stretch(), takeButton, cancelButton});
+  on(cmdHelp, &QPushButton::clicked, [this] { showGuide(run(), *this); });
   fill(entries);
 }
 

@@ -15,6 +15,7 @@
 #include "base/RuntimeError.h"
 #include "ui/FlexGrid.h"
 #include "ui/Focus.h"
+#include "ui/Guide.h"
 #include "ui/Reading.h"
 #include "ui/Toolbar.h"
 #include "ui/WindowPlace.h"
@@ -187,6 +188,7 @@ bool Form::focusNextPrevChild(bool next) {
 
 void Form::keyPressEvent(QKeyEvent* event) {
   if (isEnter(*event) && default_ && default_->isEnabled() && default_->isVisible()) return default_->click();
+  if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
 }

@@ -32,7 +32,7 @@ enum class Unload { Plain, EndsProgram };
 ///
 /// Keyboard: Enter moves on from a field and presses a button; where a control has no use of its own for it,
 /// it presses the default button. Esc leaves an editor or cancels a dialog. A control that is locked or
-/// hidden hands its focus to none that ends or removes something.
+/// hidden hands its focus to none that ends or removes something. F1 opens the guide.
 class Form : public QWidget {
  public:
   ~Form() override = default;

@@ -49,9 +49,8 @@ void FrmDepartPzCode::arrangeControls() {
 }
 
 void FrmDepartPzCode::arrangeCommands() {
-  const auto never = [] { return false; };
-  setCommands(Toolbar1, {{"增加", nullptr, never},
-                         {"删除", nullptr, never},
+  setCommands(Toolbar1, {{"增加"},
+                         {"删除"},
                          {"修改", [this] { setEditing(true); }, &FrmDepartPzCode::mayEdit},
                          {},
                          {"取消", &FrmDepartPzCode::cancel, &FrmDepartPzCode::editing},

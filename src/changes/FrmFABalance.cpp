@@ -12,11 +12,9 @@ namespace zelkor {
 FrmFABalance::FrmFABalance(FormHost& host, const std::string& zkDataPath)
     : SheetForm(host, "FrmFABalance", "txtMobile"), balance_(host.run()) {
   balance_.setZkDataPath(zkDataPath);
-  setCommands(tbToolBar, {{"增加", &FrmFABalance::add, {}, kAddKey},
-                          {},
-                          {"保存", &FrmFABalance::save},
-                          {},
-                          {"退出", &FrmFABalance::close}});
+  setCommands(
+      tbToolBar,
+      {{"增加", &FrmFABalance::add}, {}, {"保存", &FrmFABalance::save}, {}, {"退出", &FrmFABalance::close}});
   arrangeControls();
   addEntries();
   on(editor, &SheetEditor::committed, &FrmFABalance::txtMobile_Commit);

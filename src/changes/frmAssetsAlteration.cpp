@@ -22,7 +22,7 @@ bool hasPicker(SheetEntry entry) {
 
 frmAssetsAlteration::frmAssetsAlteration(FormHost& host, ChangeKind kind)
     : SheetForm(host, "frmAssetsAlteration", "txtContent"), sheets_(host.run(), kind), panel_(panelOf(kind)) {
-  setCommands(tbToolBar, {{"增加", &frmAssetsAlteration::add, &frmAssetsAlteration::stored, kAddKey},
+  setCommands(tbToolBar, {{"增加", &frmAssetsAlteration::add, &frmAssetsAlteration::stored},
                           {},
                           {"取消", &frmAssetsAlteration::cancel, &frmAssetsAlteration::entering},
                           {"保存", &frmAssetsAlteration::save, &frmAssetsAlteration::entering},

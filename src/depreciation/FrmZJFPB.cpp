@@ -28,6 +28,7 @@ void FrmZJFPB::arrangeControls() {
                {},
                {"退出", [] { throw EndProgram{}; }}});
   Toolbar1->button("修改").setCheckable(true);
+  lockIdle(CmdBMFPTJ);
   arrangeScreen(this, Toolbar1,
                 column({row({captioned("会计期间：", ComboQJ), space(16), OptionBMFP, OptionLBFP, CmdBMFPTJ,
                              stretch()}),

@@ -14,7 +14,7 @@ std::vector<Command> reportCommands(const std::vector<Command>& acting) {
   std::vector<Command> commands;
   for (const char* caption : kCaptions) {
     const auto own = std::ranges::find(acting, caption, &Command::text);
-    commands.push_back(own != acting.end() ? *own : Command(caption, nullptr, [] { return false; }));
+    commands.push_back(own != acting.end() ? *own : Command(caption));
   }
   return commands;
 }

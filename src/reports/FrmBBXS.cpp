@@ -82,6 +82,7 @@ void FrmBBXS::dressCommands() {
   for (std::size_t i = 0; i < Command.size(); ++i) {
     Command[i]->setIcon(style()->standardIcon(kPictures[i]));
     Command[i]->setEnabled(false);
+    Command[i]->setToolTip("此按钮在本界面不起作用");
     dressPick(Command[i]);
   }
 }

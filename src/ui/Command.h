@@ -26,8 +26,8 @@ struct CommandCaption {
 ///
 ///   setCommands(Toolbar1, {{"增加", &FrmX::add, &FrmX::browsing}, {}, {"退出", &FrmX::close}});
 ///
-/// Routine and condition are members of the form, or take nothing. A row without a routine is shown and does
-/// nothing, an empty row separates.
+/// Routine and condition are members of the form, or take nothing. On a toolbar the key comes with the
+/// caption unless the row gives one. A row without a routine is shown locked, an empty row separates.
 class Command {
  public:
   Command() = default;
@@ -45,6 +45,7 @@ class Command {
   const QString& text() const { return caption_.text; }
   const QString& name() const { return caption_.name; }
   const QKeySequence& key() const { return key_; }
+  bool hasRoutine() const { return static_cast<bool>(routine_); }
   bool hasCondition() const { return static_cast<bool>(enabled_); }
   bool isEnabled(Form& form) const { return !enabled_ || enabled_(form); }
   void run(Form& form) const {

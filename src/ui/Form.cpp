@@ -13,6 +13,7 @@
 #include <QRegularExpressionValidator>
 
 #include "base/RuntimeError.h"
+#include "ui/CommandKeys.h"
 #include "ui/FlexGrid.h"
 #include "ui/Focus.h"
 #include "ui/Guide.h"
@@ -58,7 +59,7 @@ Form::Form(FormHost& host, const char* name, const char* caption, Unload unload)
 }
 
 void Form::acceptNumbersOnly(QLineEdit* field) {
-  accept(field, "[0-9.]*");
+  accept(field, "([0-9]+[.]?[0-9]*)?");
 }
 
 void Form::acceptDigitsOnly(QLineEdit* field) {
@@ -89,6 +90,11 @@ bool Form::beginSearch(const QString& text) {
   return true;
 }
 
+void Form::lockIdle(QPushButton* button) {
+  button->setEnabled(false);
+  button->setToolTip(idleTip(button->text()));
+}
+
 void Form::setCommands(Toolbar* toolbar, const std::vector<Command>& commands,
                        const std::function<void()>& before) {
   for (const Command& command : commands) {
@@ -107,6 +113,7 @@ void Form::addCommands(QMenu* menu, const std::vector<Command>& commands,
     QAction* entry = menu->addAction(command.text());
     entry->setObjectName(command.name());
     entry->setShortcut(command.key());
+    entry->setEnabled(command.hasRoutine());
     if (!command.key().isEmpty()) addAction(entry);
     connectCommand(entry, command, before);
   }
@@ -136,6 +143,11 @@ void Form::adopt(QWidget& control) {
 }
 
 bool Form::eventFilter(QObject* control, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* field = qobject_cast<QLineEdit*>(control);
+    return field && leavesKeyToCommand(*field, *static_cast<QKeyEvent*>(event));
+  }
+  if (event->type() == QEvent::FocusIn) focusEntered(*static_cast<QWidget*>(control));
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(control, event);
   const auto& key = *static_cast<QKeyEvent*>(event);
   const bool taken = isEnter(key) ? enterOn(control) : pickKey(control, key);
@@ -184,6 +196,15 @@ bool Form::focusNextPrevChild(bool next) {
     held->clearFocus();
   }
   return true;
+}
+
+bool Form::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride &&
+      belongsToTyping(focusWidget(), *static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
+  return QWidget::event(event);
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

@@ -101,7 +101,10 @@ class Form : public QWidget {
   /// dialog.
   void setDefaultButton(QPushButton* button);
 
-  /// The field takes digits and the point only.
+  /// Locks a button that does nothing on this screen; its tip says so.
+  static void lockIdle(QPushButton* button);
+
+  /// The field takes a number without a sign only.
   static void acceptNumbersOnly(QLineEdit* field);
   static void acceptDigitsOnly(QLineEdit* field);
 
@@ -113,6 +116,7 @@ class Form : public QWidget {
   virtual void Form_Unload() {}
 
   bool eventFilter(QObject* control, QEvent* event) override;
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

@@ -165,6 +165,11 @@ void drawLast(QPainter& painter) {
   painter.drawLine(QPointF(14.5, 4.5), QPointF(14.5, 15.5));
 }
 
+void drawMore(QPainter& painter) {
+  drawChevron(painter, 10, 5.5);
+  drawChevron(painter, 15.5, 11);
+}
+
 void drawUp(QPainter& painter) {
   painter.drawLine(QPointF(10, 4), QPointF(10, 16));
   painter.drawPolyline(QPolygonF({QPointF(5, 9), QPointF(10, 4), QPointF(15, 9)}));
@@ -229,7 +234,7 @@ constexpr std::array kCommands = {
     CommandIcon{"末张", drawLast, kInk},      CommandIcon{"增行", drawRows, kGood},
     CommandIcon{"删行", drawRows, kBad},      CommandIcon{"余额", drawBalance, kInk},
     CommandIcon{"流量", drawFlow, kInk},      CommandIcon{"上移", drawUp, kInk},
-    CommandIcon{"下移", drawDown, kInk},
+    CommandIcon{"下移", drawDown, kInk},      CommandIcon{"更多", drawMore, kInk},
 };
 
 template <typename Paint>

@@ -37,7 +37,6 @@ class SheetForm : public Form {
   QFrame* arrangeSheet(const QString& kind, std::span<const SheetCell> head, std::span<const SheetCell> table,
                        std::span<const SheetCell> foot);
 
-  static constexpr QKeyCombination kAddKey = Qt::CTRL | Qt::Key_N;  // as the note below the sheet says
   Toolbar* tbToolBar = make<Toolbar>("tbToolBar");
   QLineEdit* box;
   SheetEditor* editor;

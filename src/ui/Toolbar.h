@@ -7,8 +7,8 @@
 
 namespace zelkor {
 
-/// A row of commands with icons, each under its name as a control. "刷新" answers to F5, "保存" to Ctrl+S
-/// wherever the focus is, unless their rows give other keys.
+/// A row of commands with icons, each under its name as a control. Their keys (`CommandKeys`) act wherever
+/// the focus is and stand in their tips. What does not fit is behind a button at the end of the row.
 class Toolbar final : public QToolBar {
  public:
   explicit Toolbar(QWidget* parent = nullptr);
@@ -19,5 +19,8 @@ class Toolbar final : public QToolBar {
   QAction& button(std::string_view name) const;
   void enable(std::string_view name, bool enabled) { button(name).setEnabled(enabled); }
 };
+
+/// The tip of a command that does nothing on its screen.
+QString idleTip(const QString& caption);
 
 }  // namespace zelkor

@@ -33,6 +33,7 @@ void frmSubjectPicker::setSubjectData(const Database& database) {
 
 void frmSubjectPicker::arrangeControls() {
   dressTree(*TvCode);
+  lockIdle(Command4);
   auto* boxes = new QGridLayout;
   for (std::size_t i = 0; i < ChkFilter.size(); ++i) {
     ChkFilter[i]->setText(toQt(kSubjectProperties[i].caption));

@@ -87,7 +87,7 @@ SheetPanel lifePanel() {
   return panel(
       2, {22, 25, Lbl23, Lbl24, 27, 28, 26, 31, 32}, {},
       {{.number = 29, .caption = "变动前使用年限", .text = shown<&ChangeSheet::before>},
-       {.number = 30, .caption = "变动后使用年限", .text = shown<&ChangeSheet::after>, .entry = Typed}});
+       {.number = 30, .caption = "变动后使用年限", .text = shown<&ChangeSheet::after>, .entry = Life}});
 }
 
 SheetPanel residualPanel() {

@@ -15,6 +15,7 @@ enum class SheetEntry {
   AssetNumber,  // the same
   Typed,
   Increase,  // typed: the values after follow it
+  Life,      // typed over the numbers of years and months
   Picked,    // from an archive
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace zelkor {
@@ -9,5 +10,9 @@ namespace zelkor {
 /// Errors: 5 without 年 or 月, 13 where a number is missing, 6 beyond
 /// 16 bits.
 std::int16_t monthsOnSheet(std::string_view text);
+
+/// A life as it was typed, with what is missing in it: "6", "6年" and "6年月" are "6年0月". Nothing stays
+/// nothing.
+std::string completedLife(std::string_view typed);
 
 }  // namespace zelkor

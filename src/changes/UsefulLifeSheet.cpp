@@ -42,6 +42,16 @@ std::int16_t monthsOnSheet(std::string_view text) {
               CDbl(Value(text.substr(between, months - between))));
 }
 
+std::string completedLife(std::string_view typed) {
+  if (typed.empty()) return {};
+  const std::size_t years = typed.find(kYearSign);
+  const bool hasYears = years != std::string_view::npos;
+  std::string_view months = hasYears ? typed.substr(years + kYearSign.size()) : std::string_view();
+  months = months.substr(0, months.find(kMonthSign));
+  const auto orZero = [](std::string_view number) { return std::string(number.empty() ? "0" : number); };
+  return orZero(typed.substr(0, years)) + std::string(kYearSign) + orZero(months) + std::string(kMonthSign);
+}
+
 const SheetRules& usefulLifeRules() {
   static constexpr SheetRules kRules{.find = newestVersion,
                                      .show = show,

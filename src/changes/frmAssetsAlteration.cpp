@@ -8,6 +8,7 @@
 #include "changes/frmCardDetail.h"
 #include "changes/frmDepart.h"
 #include "changes/frmMoreDep.h"
+#include "changes/UsefulLife.h"
 
 namespace zelkor {
 namespace {
@@ -53,7 +54,19 @@ void frmAssetsAlteration::addEntry(const SheetLabel& spec, QLabel* label) {
                          [this, &spec, label] { cmdMobile_Click(spec, label); });
   }
   editor->add(label, button,
-              spec.entry == SheetEntry::Picked ? SheetEditor::Entry::Picked : SheetEditor::Entry::Typed);
+              spec.entry == SheetEntry::Picked ? SheetEditor::Entry::Picked : SheetEditor::Entry::Typed,
+              inputOf(spec));
+}
+
+/// What the runtime would refuse cannot be typed. A new life begins with the one before.
+SheetInput frmAssetsAlteration::inputOf(const SheetLabel& spec) {
+  if (spec.entry == SheetEntry::Life) {
+    const auto before = [this] {
+      return toQt(completedLife(sheet_.before.text.empty() ? "0" : sheet_.before.text));
+    };
+    return {.limit = life_, .offered = before, .unit = "年"};
+  }
+  return {.limit = spec.isAmount ? amount_ : nullptr};
 }
 
 void frmAssetsAlteration::arrangeControls() {
@@ -115,7 +128,7 @@ void frmAssetsAlteration::txtContent_Commit(const QLabel* value, const QString& 
   const std::string typed = fromQt(text);
   if (spec->entry == SheetEntry::CardNumber) return loadTyped(label, CardKey::CardNumber, typed);
   if (spec->entry == SheetEntry::AssetNumber) return loadTyped(label, CardKey::AssetNumber, typed);
-  spec->text(sheet_) = typed;
+  spec->text(sheet_) = spec->entry == SheetEntry::Life ? completedLife(typed) : typed;
   if (spec->entry == SheetEntry::Increase) sheet_.recomputeValues();
   showSheet();
 }

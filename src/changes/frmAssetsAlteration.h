@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRegularExpressionValidator>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,7 @@ class frmAssetsAlteration final : public SheetForm {
   void arrangeControls();
   std::vector<SheetCell> placeLabels(const std::vector<SheetLabel>& specs);
   void addEntry(const SheetLabel& spec, QLabel* label);
+  SheetInput inputOf(const SheetLabel& spec);
   void enterMode(Mode mode);
   bool entering() const { return mode_ == Mode::Entering; }
   bool stored() const { return mode_ == Mode::Stored; }
@@ -43,6 +45,9 @@ class frmAssetsAlteration final : public SheetForm {
   bool pickDepartments();
   bool tell(const SheetResult& result);
 
+  QValidator* amount_ = new QRegularExpressionValidator(QRegularExpression("[-+]?([0-9]+[.]?[0-9]*)?"), this);
+  QValidator* life_ = new QRegularExpressionValidator(
+      QRegularExpression("([0-9]{1,3}([.][0-9]*)?)?年([0-9]{1,3}([.][0-9]*)?)?月"), this);
   ChangeSheets sheets_;
   const SheetPanel& panel_;
   std::vector<Place> places_;

@@ -4,6 +4,7 @@
 #include <QBoxLayout>
 #include <QDoubleValidator>
 #include <QHeaderView>
+#include <QLocale>
 
 #include "archives/frmCnDate.h"
 #include "archives/frmSelectUseStatus.h"
@@ -43,6 +44,8 @@ frmDisposalList::frmDisposalList(FormHost& host, const char* name, const char* c
       grid_(make<FlexGrid>(grid)),
       editor_(new CellEditor(grid_)),
       amount_(new QDoubleValidator(0, kMostAmount, kDecimals, this)) {
+  amount_->setNotation(QDoubleValidator::StandardNotation);
+  amount_->setLocale(QLocale::c());
   arrangeControls();
   connectEvents();
   setList(emptyDisposalGrid());

@@ -30,8 +30,8 @@ SheetEditor::SheetEditor(QLineEdit* box) : QObject(box), box_(box) {
   box_->installEventFilter(this);
 }
 
-void SheetEditor::add(QLabel* value, QPushButton* button, Entry entry) {
-  places_.push_back({value, button, entry});
+void SheetEditor::add(QLabel* value, QPushButton* button, Entry entry, const SheetInput& input) {
+  places_.push_back({value, button, entry, input});
   value->installEventFilter(this);
 }
 
@@ -77,7 +77,8 @@ void SheetEditor::openAt(std::size_t index) {
   at_ = index;
   const Place& place = places_[at_];
   before_ = place.value->text();
-  box_->setText(before_);
+  box_->setValidator(place.input.limit);
+  box_->setText(before_.isEmpty() && place.input.offered ? place.input.offered() : before_);
   box_->setReadOnly(place.entry == Entry::Picked);
   box_->setAlignment(place.value->alignment());
   open_ = true;
@@ -86,6 +87,8 @@ void SheetEditor::openAt(std::size_t index) {
   box_->raise();
   box_->setFocus();
   box_->selectAll();
+  const auto unit = place.input.unit.isEmpty() ? -1 : box_->text().indexOf(place.input.unit);
+  if (unit >= 0) box_->setSelection(0, static_cast<int>(unit));
 }
 
 void SheetEditor::lay() {

@@ -1,14 +1,25 @@
 #pragma once
 
+#include <functional>
 #include <QObject>
+#include <QString>
 #include <vector>
 
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QValidator;
 
 namespace zelkor {
+
+/// What may be typed, and what stands in the box where the value is empty; in front of `unit` stands what is
+/// to be typed over.
+struct SheetInput {
+  const QValidator* limit = nullptr;
+  std::function<QString()> offered = {};
+  QString unit = {};
+};
 
 /// Fills in a sheet's values in their order, by a text box that lies over the value being filled. Enter and
 /// Tab end a value and move on, Shift+Tab moves back, F2 presses the value's pick button, Esc leaves the
@@ -23,7 +34,7 @@ class SheetEditor final : public QObject {
   explicit SheetEditor(QLineEdit* box);
 
   /// Adds a value behind those that are there. `button` may be nullptr.
-  void add(QLabel* value, QPushButton* button, Entry entry);
+  void add(QLabel* value, QPushButton* button, Entry entry, const SheetInput& input = {});
   /// Whether the sheet is being filled in: locked values look printed and cannot be opened.
   void setActive(bool active);
   bool isOpen() const { return open_; }
@@ -57,6 +68,7 @@ class SheetEditor final : public QObject {
     QLabel* value;
     QPushButton* button;
     Entry entry;
+    SheetInput input;
   };
   void openAt(std::size_t index);
   void moveBy(int step);

@@ -182,6 +182,16 @@ TEST_F(SheetTest, LivesAreReadOrNot) {
   }
 }
 
+TEST(UsefulLifeTest, ATypedLifeIsCompleted) {
+  const std::pair<const char*, const char*> cases[] = {{"", ""},
+                                                       {"6", "6年0月"},
+                                                       {"6年", "6年0月"},
+                                                       {"年6月", "0年6月"},
+                                                       {"6年月", "6年0月"},
+                                                       {"6年3月", "6年3月"}};
+  for (const auto& [typed, life] : cases) EXPECT_EQ(completedLife(typed), life);
+}
+
 TEST_F(SheetTest, ALifeNeedsItsFormAndAReason) {
   ChangeSheets lives = sheets(ChangeKind::UsefulLife);
   ChangeSheet sheet = goodSheet(lives);

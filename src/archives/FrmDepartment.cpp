@@ -36,7 +36,8 @@ void FrmDepartment::arrangeControls() {
   arrangeCommands();
   dressTree(*TvLeft);
   dressPick(CmdFindPerson, TxtEdit[Person]);
-  auto* details = column({LblCodeSet, space(4),
+  LblState->setProperty("title", true);
+  auto* details = column({row({LblState, stretch(), LblCodeSet}), space(4),
                           row({fields({{"部门编码：", TxtEdit[Code]},
                                        {"部门名称：", TxtEdit[Name]},
                                        {"负责人：", row({wide(TxtEdit[Person]), CmdFindPerson})},
@@ -109,6 +110,7 @@ void FrmDepartment::unlock(bool unlocked) {
   unlocked_ = unlocked;
   for (QLineEdit* field : TxtEdit) field->setReadOnly(!unlocked);
   CmdFindPerson->setEnabled(unlocked);
+  LblState->setText(!unlocked ? "部门" : adding_ ? "正在增加部门" : "正在修改部门");
   enableCommands();
 }
 
@@ -193,7 +195,6 @@ void FrmDepartment::save() {
 
 /// Hangs a new department below its parent, or rewrites the text of one that is there.
 void FrmDepartment::UpdateTvLeft(const DepartRecord& depart) {
-  const QSignalBlocker quiet(TvLeft);
   const std::string text = "(" + depart.code + ")" + depart.name;
   if (QTreeWidgetItem* item = findByKey(*TvLeft, "D" + toQt(depart.code))) {
     item->setText(0, toQt(text));
@@ -202,8 +203,11 @@ void FrmDepartment::UpdateTvLeft(const DepartRecord& depart) {
   const auto level = ChkIsCodingRule(depart.code, pattern_);
   const std::string parent = Left(depart.code, level ? level->parentLength : 0);
   QTreeWidgetItem* above = parent.empty() ? nullptr : findByKey(*TvLeft, "D" + toQt(parent));
-  TvLeft->setCurrentItem(addTreeRow(above ? *above : *TvLeft->invisibleRootItem(),
-                                    {"D" + depart.code, "D" + parent, text, depart.code}));
+  QTreeWidgetItem* added = addTreeRow(above ? *above : *TvLeft->invisibleRootItem(),
+                                      {"D" + depart.code, "D" + parent, text, depart.code});
+  if (above) above->setExpanded(true);
+  const QSignalBlocker quiet(TvLeft);
+  TvLeft->setCurrentItem(added);
 }
 
 void FrmDepartment::remove() {

@@ -24,6 +24,7 @@ class FrmDepartment final : public Form {
 
   Toolbar* Toolbar1 = make<Toolbar>("Toolbar1");
   QTreeWidget* TvLeft = make<QTreeWidget>("TvLeft");
+  QLabel* LblState = make<QLabel>("LblState");
   QLabel* LblCodeSet = make<QLabel>("LblCodeSet");
   std::array<QLineEdit*, Fields> TxtEdit = makeArray<QLineEdit, Fields>("TxtEdit");
   QPushButton* CmdFindPerson = make<QPushButton>("CmdFindPerson", "…");

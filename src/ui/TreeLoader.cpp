@@ -72,6 +72,8 @@ QTreeWidgetItem* addTreeRow(QTreeWidgetItem& parent, const TreeRow& row) {
   QTreeWidgetItem* item = itemOf(row).release();
   item->setIcon(0, leafIcon());
   parent.addChild(item);
+  const bool isTop = !parent.treeWidget() || &parent == parent.treeWidget()->invisibleRootItem();
+  if (!isTop) parent.setIcon(0, parent.isExpanded() ? openFolderIcon() : closedFolderIcon());
   return item;
 }
 

@@ -14,7 +14,7 @@ namespace zelkor {
 /// the root. The order of the rows is kept; a parent may come behind its children.
 void loadTree(QTreeWidget& tree, std::span<const TreeRow> rows);
 
-/// Adds one more entry below `parent`.
+/// Adds one more entry below `parent`, which looks like a folder from then on.
 QTreeWidgetItem* addTreeRow(QTreeWidgetItem& parent, const TreeRow& row);
 
 QString keyOf(const QTreeWidgetItem& item);

@@ -75,6 +75,10 @@ TEST(TreeLoaderTest, hangsRowsWhoseParentIsMissingBelowTheRoot) {
   EXPECT_EQ(nodesOf(form, "tree"), (Lines{"目录", "  子", "    孙", "  孤", "  乙", "    甲"}));
   ASSERT_NE(findByKey(tree, "d11"), nullptr);
   EXPECT_EQ(tagOf(*findByKey(tree, "D11")), "11");
+  const auto looks = [](const QTreeWidgetItem* item) { return item->icon(0).pixmap(16).toImage(); };
+  EXPECT_NE(looks(findByKey(tree, "D9")), looks(findByKey(tree, "D1")));
+  addTreeRow(*findByKey(tree, "D9"), {"D91", "D9", "新"});
+  EXPECT_EQ(looks(findByKey(tree, "D9")), looks(findByKey(tree, "D1"))) << "a new parent looks like one";
 }
 
 }  // namespace

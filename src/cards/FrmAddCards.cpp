@@ -42,7 +42,10 @@ FrmAddCards::FrmAddCards(FormHost& host, const ScreenProperties& properties)
 }
 
 void FrmAddCards::connectEvents() {
-  on(SSTab1, &QTabBar::currentChanged, &FrmAddCards::SSTab1_Click);
+  on(SSTab1, &QTabBar::currentChanged, [this] {
+    SSTab1_Click();
+    unfold(true);
+  });
   onLeaving(TxtEdit, &FrmAddCards::leaveField);
 }
 

@@ -48,6 +48,8 @@ class FrmAddCards final : public Form {
   void arrangeControls();
   void arrangeFields();
   QLayout* records();
+  void unfold(bool open);
+  void fitHeight();
   void addMoves();
   void connectEvents();
 

@@ -1,10 +1,12 @@
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QScrollArea>
+#include <QStyle>
 
 #include "cards/CardEditing.h"
 #include "cards/FrmAddCards.h"
 #include "ui/Layout.h"
+#include "ui/WindowPlace.h"
 
 namespace zelkor {
 namespace {
@@ -20,7 +22,13 @@ constexpr int kCaptionIndent = 8;
 constexpr int kValueIndent = 6;
 constexpr int kButtonWidth = 24;
 constexpr int kWidth = 956;
-constexpr int kHeight = 704;  // both layouts stand in it whole
+
+/// What the card lies on. It asks for the card's height and scrolls where there is less.
+class Desk final : public QScrollArea {
+ public:
+  using QScrollArea::QScrollArea;
+  QSize sizeHint() const override { return widget()->size(); }
+};
 
 /// What must be filled in before such a card is saved: all that an empty one lacks.
 std::vector<CardField> requiredFields(CardMode mode) {
@@ -47,18 +55,21 @@ void FrmAddCards::arrangeControls() {
                          {"退出", &FrmAddCards::close}});
   addMoves();
   arrangeFields();
-  auto* desk = new QScrollArea;
+  auto* desk = new Desk;
   desk->setWidget(PicCard);
   desk->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   desk->setFrameShape(QFrame::NoFrame);
   desk->setFocusPolicy(Qt::NoFocus);
-  auto* body = column({wide(desk), records()});
-  body->setContentsMargins(12, 12, 12, 12);
-  auto* outermost = column({Toolbar1, wide(body)});
-  outermost->setSpacing(0);
-  arrange(this, outermost);
-  outermost->setContentsMargins(0, 0, 0, 0);
-  resize(kWidth, kHeight);
+  arrangeScreen(this, Toolbar1, column({desk, records(), stretch()}));
+  resize(kWidth, kWidth);
+}
+
+/// The window is as high as the card and the tabs below it need.
+void FrmAddCards::fitHeight() {
+  PicCard->parentWidget()->parentWidget()->updateGeometry();
+  if (isMaximized()) return;
+  resize(width(), layout()->sizeHint().height());
+  fitToScreen(*this);
 }
 
 /// The walk through the cards, below "编辑" and by keys of its own.
@@ -90,7 +101,8 @@ void FrmAddCards::arrangeFields() {
   TxtEdit->hide();
 }
 
-/// The six lists of what happened to the asset: a frame that nothing is kept in.
+/// The six lists of what happened to the asset: a frame that nothing is kept in. They stay folded until a tab
+/// is turned to.
 QLayout* FrmAddCards::records() {
   for (const char* caption :
        {"附属设备", "大修理记录", "资产转移记录", "停启用记录", "原值变动", "减少信息"}) {
@@ -100,9 +112,21 @@ QLayout* FrmAddCards::records() {
   LblTitle->setProperty("title", true);
   GridTmp->setFixedHeight(kRecordsHeight);
   GridTmp->horizontalHeader()->setStretchLastSection(true);
+  on(SSTab1, &QTabBar::tabBarClicked,
+     [this](int tab) { unfold(tab != SSTab1->currentIndex() || GridTmp->isHidden()); });
+  unfold(false);
   auto* list = column({SSTab1, LblTitle, GridTmp});
   list->setSpacing(4);
   return list;
+}
+
+void FrmAddCards::unfold(bool open) {
+  LblTitle->setVisible(open);
+  GridTmp->setVisible(open);
+  SSTab1->setProperty("folded", !open);
+  SSTab1->style()->unpolish(SSTab1);
+  SSTab1->style()->polish(SSTab1);
+  if (isVisible()) fitHeight();
 }
 
 void FrmAddCards::SSTab1_Click() {
@@ -125,6 +149,7 @@ void FrmAddCards::layOut() {
     CmdAddCards[i]->setVisible(place && cardField(place->field).hasReference());
     if (place) placeField(*place);
   }
+  fitHeight();
 }
 
 void FrmAddCards::placeField(const CardFieldPlace& place) {

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdlib>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollArea>
 
 #include "ui/Texts.h"
 
@@ -15,6 +17,8 @@ constexpr int kRowUnits = 19;
 constexpr int kRightUnits = 640;
 constexpr std::array kCaptionLefts = {71, 261, 451};  // behind the values of the column before
 constexpr int kMargin = 28;
+constexpr int kNarrowMargin = 5;
+constexpr int kNarrowScreen = 970;  // less than the card takes with its usual margins
 constexpr int kBottomMargin = 18;
 constexpr int kRowPixels = 28;
 constexpr int kUnderlineRise = 4;
@@ -33,7 +37,7 @@ constexpr QRgb kNoteInk = 0xff8793a1;
 constexpr QRgb kRequiredInk = 0xffb23b3b;
 
 int across(int units) {
-  return kMargin + (units - kCaptionLefts.front()) * 3 / 2;
+  return (units - kCaptionLefts.front()) * 3 / 2;
 }
 
 int down(int units) {
@@ -41,11 +45,12 @@ int down(int units) {
 }
 
 /// Where the cell of a value ends: at the next caption's, if that is as good as there.
-int cellEnd(const QRect& value) {
+int cellEnd(const QRect& value, int margin) {
   constexpr int kNearly = 3;
   const int end = value.left() + value.width();
-  for (const int caption : kCaptionLefts) {
-    if (std::abs(across(caption) - end) <= kNearly) return across(caption);
+  for (const int units : kCaptionLefts) {
+    const int caption = margin + across(units);
+    if (std::abs(caption - end) <= kNearly) return caption;
   }
   return end;
 }
@@ -81,7 +86,7 @@ void CardPaper::setPlaces(std::vector<CardFieldPlace> places, std::vector<CardFi
     bottom = std::max(bottom, valueRect(place).bottom());
     lastRow_ = std::max(lastRow_, place.row);
   }
-  setFixedSize(across(kRightUnits) + kMargin, bottom + kBottomMargin);
+  setFixedSize(across(kRightUnits) + 2 * margin(), bottom + kBottomMargin);
   update();
 }
 
@@ -90,19 +95,29 @@ const CardFieldPlace* CardPaper::find(CardField field) const {
   return found == places_.end() ? nullptr : &*found;
 }
 
+/// Where the card is larger than its window it moves along.
 void CardPaper::setCurrent(std::optional<CardField> field) {
   current_ = field;
   update();
+  auto* desk = qobject_cast<QScrollArea*>(parentWidget() ? parentWidget()->parentWidget() : nullptr);
+  const CardFieldPlace* place = field ? find(*field) : nullptr;
+  if (!desk || !place) return;
+  const QRect shown = captionRect(*place).united(valueRect(*place));
+  desk->ensureVisible(shown.center().x(), shown.center().y(), shown.width() / 2, shown.height());
+}
+
+int CardPaper::margin() const {
+  return screen()->availableGeometry().width() < kNarrowScreen ? kNarrowMargin : kMargin;
 }
 
 QRect CardPaper::captionRect(const CardFieldPlace& place) const {
   const int left = across(kCaptionLefts[static_cast<std::size_t>(place.column - 1)]);
-  return {left, down(place.top), across(place.left) - left, kRowPixels};
+  return {margin() + left, down(place.top), across(place.left) - left, kRowPixels};
 }
 
 QRect CardPaper::valueRect(const CardFieldPlace& place) const {
   const int left = across(place.left);
-  return {left, down(place.top), across(place.left + place.width) - left, kRowPixels};
+  return {margin() + left, down(place.top), across(place.left + place.width) - left, kRowPixels};
 }
 
 /// Between the signatures: what the marks mean.
@@ -136,7 +151,7 @@ void CardPaper::paintField(QPainter& painter, const CardFieldPlace& place) const
     if (!field.enabled()) painter.fillRect(value, QColor::fromRgb(kLockedFill));
     if (field.isCode()) painter.fillRect(value, QColor::fromRgb(kPickedFill));
     painter.setPen(QColor::fromRgb(kRule));
-    for (const int x : {caption.left(), value.left(), cellEnd(value)}) {
+    for (const int x : {caption.left(), value.left(), cellEnd(value, margin())}) {
       painter.drawLine(x, value.top(), x, value.bottom());
     }
   } else {

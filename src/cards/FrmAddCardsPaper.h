@@ -22,6 +22,8 @@ class CardPaper final : public QWidget {
   /// Marks the field that the keyboard works on.
   void setCurrent(std::optional<CardField> field);
 
+  /// What is free left and right of the card: less on a narrow screen.
+  int margin() const;
   QRect captionRect(const CardFieldPlace& place) const;
   QRect valueRect(const CardFieldPlace& place) const;
 

@@ -71,6 +71,7 @@ constexpr Chapter kChapters[] = {
 
 /// Where the package puts the guide, and where it lies in a checkout.
 std::filesystem::path guideFile(const std::filesystem::path& programs) {
+  if (programs.empty()) return {};
   for (const char* place : {"../share/zelkor/user-guide.md", "../../docs/user-guide.md"}) {
     if (std::filesystem::is_regular_file(programs / place)) return programs / place;
   }
@@ -100,6 +101,7 @@ class GuideWindow final : public QTextBrowser {
             [this](const QUrl& link) { goTo(link.fragment().section('-', 0, 0).toInt()); });
     resize(kSize);
     fitToScreen(*this);
+    placeOver(*this, screen);
   }
 
   void read(const QString& text) {
@@ -125,7 +127,8 @@ class GuideWindow final : public QTextBrowser {
     QTextTableFormat format = table.format();
     format.setBorder(1);
     format.setBorderBrush(QColor::fromRgb(kRule));
-    format.setBorderCollapse(true);
+    format.setBorderCollapse(false);
+    format.setCellSpacing(0);
     format.setCellPadding(kCellPadding);
     table.setFormat(format);
   }

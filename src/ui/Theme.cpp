@@ -91,7 +91,9 @@ class OwnLook final : public QObject {
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::ApplicationFontChange && QApplication::font() != font_) {
+    const bool fontChanged = event->type() == QEvent::ApplicationFontChange && QApplication::font() != font_;
+    // With a theme come fonts for the kinds of controls; to set the font takes them away again.
+    if (fontChanged || event->type() == QEvent::ThemeChange) {
       QApplication::setFont(font_);
     } else if (event->type() == QEvent::ApplicationPaletteChange && QApplication::palette() != palette_) {
       QApplication::setPalette(palette_);

@@ -91,11 +91,14 @@ function(zelkor_write_rooms)
   file(WRITE ${CMAKE_BINARY_DIR}/rooms.txt "${libraries}")
 endfunction()
 
+# Inner rooms whose tests are a program of their own; those of the others belong to the room around them.
+set(ZELKOR_INNER_TESTS transfer/jet)
+
 # zelkor_room_tests(<folder> [<library> ...]): tests/<folder>/*.cpp as one GoogleTest program
 function(zelkor_room_tests folder)
   get_filename_component(room ${folder} NAME)
   file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
-  foreach(inner IN LISTS ZELKOR_INNER_ROOMS)
+  foreach(inner IN LISTS ZELKOR_INNER_TESTS)
     if(inner MATCHES "^${folder}/")
       list(FILTER files EXCLUDE REGEX "/tests/${inner}/")
     endif()

@@ -50,7 +50,7 @@ std::string indexText(const EngineWords& engine, const std::string& table, const
 }
 
 OrderKey keyOf(const std::string& column) {
-  return {Expr{ColumnRef{"", column}, false}, false};
+  return {Expr{ColumnRef{"", column}}, false};
 }
 
 std::vector<std::string> primaryKeyOf(const CreateTable& statement) {

@@ -123,7 +123,6 @@ struct Expr {
   std::variant<NullConst, BooleanConst, LiteralRef, OrdinalConst, ColumnRef, Star, Unary, Binary, Like,
                Between, IsNull, InList, InSelect, Exists, ScalarSelect, Quantified, FunctionCall>
       node;
-  bool parenthesized = false;
 };
 
 struct TableName {

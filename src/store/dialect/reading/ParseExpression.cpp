@@ -209,15 +209,10 @@ Expr StatementParser::primary() {
 }
 
 Expr StatementParser::parenthesized() {
-  Expr expr;
-  if (at(Keyword::Select, 1)) {
-    expr = make(ScalarSelect{bracketedSelect()});
-  } else {
-    expect(Symbol::LeftParenthesis);
-    expr = expression(kImp);
-    if (!accept(Symbol::RightParenthesis)) fail(SyntaxFault::MissingOperator);
-  }
-  expr.parenthesized = true;
+  if (at(Keyword::Select, 1)) return make(ScalarSelect{bracketedSelect()});
+  expect(Symbol::LeftParenthesis);
+  Expr expr = expression(kImp);
+  if (!accept(Symbol::RightParenthesis)) fail(SyntaxFault::MissingOperator);
   return expr;
 }
 

@@ -19,4 +19,12 @@ CellSpan mergedCells(const TextGrid& grid, std::size_t row, std::size_t column, 
   return span;
 }
 
+CellSpan shownCells(const TextGrid& grid, std::size_t row, std::size_t column, std::size_t firstRow,
+                    std::size_t lastRow) {
+  CellSpan span = mergedCells(grid, row, column, firstRow, lastRow);
+  while (span.firstColumn < column && grid.columnHidden(span.firstColumn)) ++span.firstColumn;
+  while (span.lastColumn > column && grid.columnHidden(span.lastColumn)) --span.lastColumn;
+  return span;
+}
+
 }  // namespace zelkor

@@ -23,4 +23,8 @@ struct CellSpan {
 CellSpan mergedCells(const TextGrid& grid, std::size_t row, std::size_t column, std::size_t firstRow,
                      std::size_t lastRow);
 
+/// The same for a column that is shown, without hidden columns at its sides.
+CellSpan shownCells(const TextGrid& grid, std::size_t row, std::size_t column, std::size_t firstRow,
+                    std::size_t lastRow);
+
 }  // namespace zelkor

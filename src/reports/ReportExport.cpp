@@ -56,7 +56,7 @@ std::size_t visibleColumns(const TextGrid& grid, const CellSpan& span) {
 }
 
 void printHeaderCell(std::ostream& out, const TextGrid& grid, std::size_t row, std::size_t column) {
-  const CellSpan span = mergedCells(grid, row, column, 0, grid.headerRows() - 1);
+  const CellSpan span = shownCells(grid, row, column, 0, grid.headerRows() - 1);
   if (span.firstRow != row || span.firstColumn != column) return;
   out << "<th";
   if (visibleColumns(grid, span) > 1) out << " colspan=\"" << visibleColumns(grid, span) << '"';

@@ -174,7 +174,7 @@ class SheetWriter {
     }
     const bool blankEnds = isBlank(text.front()) || isBlank(text.back());
     line_ += blankEnds ? "\" t=\"inlineStr\"><is><t xml:space=\"preserve\">" : "\" t=\"inlineStr\"><is><t>";
-    line_ += markupText(text.size() > kTextLimit ? Left(text, kTextLimit) : text);
+    line_ += cellText(text.size() > kTextLimit ? Left(text, kTextLimit) : text);
     line_ += "</t></is></c>";
   }
   void writeNumber(const std::string& column, int style, const std::string& text) {
@@ -192,9 +192,8 @@ class SheetWriter {
         const CellSpan span = spanOf(row, column.inGrid);
         if (span.isSingle() || span.firstRow != row || span.firstColumn != column.inGrid) continue;
         const auto last = std::ranges::find(columns_, span.lastColumn, &Column::inGrid);
-        const Column& right = last == columns_.end() ? column : *last;
         cells += "<mergeCell ref=\"" + column.letters + std::to_string(firstHeader() + row) + ":" +
-                 right.letters + std::to_string(firstHeader() + span.lastRow) + "\"/>";
+                 last->letters + std::to_string(firstHeader() + span.lastRow) + "\"/>";
         ++count;
       }
     }
@@ -204,7 +203,7 @@ class SheetWriter {
   }
 
   CellSpan spanOf(std::size_t row, std::size_t column) const {
-    return mergedCells(grid_, row, column, 0, grid_.headerRows() - 1);
+    return shownCells(grid_, row, column, 0, grid_.headerRows() - 1);
   }
 
   ZipStream& out_;

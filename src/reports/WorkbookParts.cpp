@@ -1,5 +1,8 @@
 #include "reports/WorkbookParts.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace zelkor {
 namespace {
 
@@ -81,7 +84,27 @@ std::string workbook(const std::string& sheet, std::size_t firstHeader, std::siz
   return text + "</workbook>";
 }
 
+/// "_x0041_": the number of a character, in whose place readers put the character.
+bool beginsWithEscape(std::string_view text) {
+  constexpr std::size_t kDigits = 4;
+  constexpr std::string_view kBefore = "_x";
+  const std::size_t end = kBefore.size() + kDigits;
+  const auto isHexadecimal = [](unsigned char letter) { return std::isxdigit(letter) != 0; };
+  return text.size() > end && text.starts_with(kBefore) && text[end] == '_' &&
+         std::ranges::all_of(text.substr(kBefore.size(), kDigits), isHexadecimal);
+}
+
 }  // namespace
+
+std::string cellText(std::string_view text) {
+  constexpr std::string_view kUnderscore = "_x005F_";
+  if (text.find("_x") == std::string_view::npos) return markupText(text);
+  std::string kept;
+  for (; !text.empty(); text.remove_prefix(1)) {
+    kept += beginsWithEscape(text) ? kUnderscore : text.substr(0, 1);
+  }
+  return markupText(kept);
+}
 
 std::vector<WorkbookPart> workbookParts(const std::string& sheet, std::size_t firstHeader,
                                         std::size_t lastHeader) {

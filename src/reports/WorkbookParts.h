@@ -28,6 +28,8 @@ std::string sheetBeginning(std::size_t lastHeader);
 /// What stands in a sheet behind its rows and merged cells: landscape on A4, as wide as the page.
 std::string sheetEnd();
 
+/// A text for a cell. What looks like an escape of workbooks, "_x0041_", is kept from being read as one.
+std::string cellText(std::string_view text);
 /// A text for HTML and XML, in an attribute in double quotes too.
 std::string markupText(std::string_view text);
 

@@ -85,6 +85,36 @@ TEST(ReportExportTest, WritesAWorkbookWithNumbers) {
   EXPECT_NE(partOf(directory / "a.xlsx", "xl/workbook.xml").find("name=\"表 一 \""), std::string::npos);
 }
 
+/// As a program of others reads it: texts that look like escapes, and captions over columns that are hidden.
+TEST(ReportExportTest, WritesAWorkbookThatOthersRead) {
+  const std::string reader = "/usr/bin/python3 '" + (testFolder() / "reports/read-workbook").string() + "' ";
+  if (std::system((reader + "--there 2>/dev/null").c_str()) != 0)
+    GTEST_SKIP() << "python3-openpyxl is missing";
+  ReportView view;
+  view.grid = TextGrid(0, 4);
+  view.grid.addRow({"甲", "甲", "乙", "乙"});
+  view.grid.addRow({"编号", "隐", "隐", "名称"});
+  view.grid.addRow({"_x0041_", "x", "x", "_x0041_x0042_"});
+  view.grid.addRow({"_x005F_", "x", "x", "a_x00e9_ _x12_ _xyz0_ __x0041__"});
+  view.grid.setHeaderRows(2);
+  view.grid.setRowMerged(0, true);
+  view.grid.setColumnHidden(1, true);
+  view.grid.setColumnHidden(2, true);
+  const TempDir directory;
+  writeWorkbook(directory / "a.xlsx", "表_x0041_", view);
+  const std::string read = directory / "read";
+  ASSERT_EQ(std::system((reader + "'" + (directory / "a.xlsx").string() + "' >" + read).c_str()), 0);
+  EXPECT_EQ(readFile(read),
+            "表_x0041_|\n期间：|\n甲|乙\n编号|名称\n_x0041_|_x0041_x0042_\n"
+            "_x005F_|a_x00e9_ _x12_ _xyz0_ __x0041__\n");
+
+  view.grid.setColumnHidden(1, false);
+  writeWorkbook(directory / "a.xlsx", "表", view);
+  ASSERT_EQ(std::system((reader + "'" + (directory / "a.xlsx").string() + "' >" + read).c_str()), 0);
+  EXPECT_NE(readFile(read).find("甲||乙\n"), std::string::npos) << readFile(read);
+  EXPECT_TRUE(readFile(read).ends_with("\nmerged A3:B3\n")) << readFile(read);
+}
+
 /// A number that does not fit into its column is shown as a row of hashes.
 TEST(ReportExportTest, MakesColumnsOfAWorkbookWideEnoughForTheirNumbers) {
   const TempDir directory;

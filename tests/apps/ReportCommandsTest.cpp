@@ -130,6 +130,15 @@ TEST_F(ReportCommandsTest, WritesEveryForm) {
   }
 }
 
+/// As in the window, where a name follows its code behind a blank.
+TEST_F(ReportCommandsTest, TakesANameFromBehindItsFirstBlank) {
+  execute("update fa_Departments set sName='生产 一 部' where sNum='3'");
+  engine.flush();
+  ReportOptions asked = options("固定资产总账");
+  asked.conditions = {"department=3"};
+  EXPECT_NE(run(asked).output.find("使用部门：一 部\n"), std::string::npos) << run(asked).output;
+}
+
 TEST_F(ReportCommandsTest, LeavesNoHalfWrittenFile) {
   ReportOptions asked = options("固定资产使用状况分析表");
   asked.force = true;

@@ -83,9 +83,11 @@ class ConditionSetter {
     setListed(conditions_.periods[kind_.page].to, conditions_.months, value);
   }
   void setDepartment(const std::string& code) {
-    conditions_.department = {code, nameOf("fa_Departments", code, "部门")};
+    conditions_.department = chosenEntry(code, nameOf("fa_Departments", code, "部门"));
   }
-  void setType(const std::string& code) { conditions_.type = {code, nameOf("fa_AssetTypes", code, "类别")}; }
+  void setType(const std::string& code) {
+    conditions_.type = chosenEntry(code, nameOf("fa_AssetTypes", code, "类别"));
+  }
   void setFromLevel(const std::string& value) {
     setListed((conditions_.*asked_.levels).from, kOfferedLevels, value);
   }

@@ -39,9 +39,12 @@ void saveOneSheet(const LargeAccountSet& set, ChangeKind kind, const std::string
 /// set; prints one line and gives the seconds of both.
 double benchBatchBilling(long events);
 
-/// Every computed report beside one ideal query for the same figures, and the longest as a workbook; prints
-/// one line each.
+/// Every computed report beside one ideal query for the same figures; prints one line each.
 void benchReports(const LargeAccountSet& set);
+
+/// The ledger with a line for each card in every form of file, by zelkorctl as a whole; prints the CPU's
+/// seconds and the memory of each.
+void benchExports(const LargeAccountSet& set);
 
 /// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
 /// committed; prints one line each.

@@ -1,10 +1,7 @@
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "Benchmarks.h"
-#include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
 #include "Sqlite.h"
 #include "Stopwatch.h"
@@ -92,17 +89,6 @@ double reportSeconds(RunContext& run, const char* name, ReportView& view) {
   return best(rounds);
 }
 
-void benchWorkbook(const ReportView& view, long cards) {
-  const auto file = std::filesystem::temp_directory_path() / "zelkor-report-bench.xlsx";
-  const double seconds = secondsOf([&] {
-    std::ofstream out(file, std::ios::binary);
-    writeXlsx(out, "(部门、类别)明细账", view);
-  });
-  std::printf("workbook          %7ld lines  %8.1f ms  %.1f MB\n", cards, seconds * 1e3,
-              static_cast<double>(std::filesystem::file_size(file)) / 1e6);
-  std::filesystem::remove(file);
-}
-
 }  // namespace
 
 void benchReports(const LargeAccountSet& set) {
@@ -114,7 +100,6 @@ void benchReports(const LargeAccountSet& set) {
     const double ideal = idealSeconds(file, report.ideal);
     std::printf("report            %7ld cards  %8.1f ms  ideal query %8.1f ms  ratio %6.2f  %s\n",
                 set.cards(), seconds * 1e3, ideal * 1e3, seconds / ideal, report.name);
-    if (report.name == std::string("(部门、类别)明细账")) benchWorkbook(view, set.cards());
   }
 }
 

@@ -53,13 +53,7 @@ endfunction()
 
 # zelkor_ui([<library that all screens may call> ...]): what screens are built from, src/ui, as the library zelkor_ui
 function(zelkor_ui)
-  # What prints on paper needs fonts but no widgets, and serves the administrator's tool, too.
-  add_library(zelkor_paper STATIC ${CMAKE_SOURCE_DIR}/src/ui/GridPaper.cpp)
-  target_link_libraries(zelkor_paper PUBLIC zelkor_base Qt6::Gui PRIVATE zelkor_options)
-  target_compile_definitions(zelkor_paper INTERFACE ZELKOR_PAPER)
-
   file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/ui/*.cpp)
-  list(FILTER files EXCLUDE REGEX "/GridPaper\\.cpp$")
   add_library(zelkor_ui STATIC ${files})
   set_target_properties(zelkor_ui PROPERTIES AUTOMOC ON)
   target_link_libraries(zelkor_ui PUBLIC ${ARGN} Qt6::Widgets PRIVATE zelkor_options)

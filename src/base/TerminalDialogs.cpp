@@ -13,6 +13,8 @@
 namespace zelkor {
 namespace {
 
+constexpr std::string_view kRestOfLine = "\x1B[K";  // is cleared
+
 struct AnswerWords {
   Answer answer;
   std::string_view letter;
@@ -109,6 +111,16 @@ void TerminalDialogs::present(const std::string& caption, const TextGrid& grid) 
   out_ << "== " << caption << " ==\n";
   printGrid(out_, grid);
   out_ << std::flush;
+}
+
+void TerminalDialogs::showProgress(const Progress& progress) {
+  if (!options_.progress) return;
+  const std::size_t percent = progress.done * 100 / std::max<std::size_t>(1, progress.all);
+  *options_.progress << '\r' << progress.text << ' ' << percent << "%" << kRestOfLine << std::flush;
+}
+
+void TerminalDialogs::endProgress() {
+  if (options_.progress) *options_.progress << '\r' << kRestOfLine << std::flush;
 }
 
 void TerminalDialogs::print(const MessageBox& box) {

@@ -27,12 +27,16 @@ class TerminalDialogs final : public Dialogs {
     std::optional<std::vector<Answer>> answers;  // nullopt: ask
     bool yesToAll = false;
     std::string programName = "Zelkor";  // the title of a box that has none
+    std::ostream* progress = nullptr;    // a terminal on which long jobs show how they come on
   };
 
   TerminalDialogs(std::istream& in, std::ostream& out) : TerminalDialogs(in, out, Options{}) {}
   TerminalDialogs(std::istream& in, std::ostream& out, Options options);
 
   bool showsReports() const override { return false; }
+  /// One line, which is written over again and goes at the end.
+  void showProgress(const Progress& progress) override;
+  void endProgress() override;
 
  protected:
   Answer ask(const MessageBox& box) override;

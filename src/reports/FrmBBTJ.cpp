@@ -87,8 +87,7 @@ void FrmBBTJ::pick(ArchiveKind archive, ChosenEntry& chosen) {
     return;
   }
   if (picked->name == "-1") return;
-  const std::string behindBlank = picked->name.substr(picked->name.find(' ') + 1);
-  chosen = {picked->assetTypeID, behindBlank};
+  chosen = chosenEntry(picked->assetTypeID, picked->name);
   showChosen();
 }
 

@@ -1,5 +1,6 @@
 #include "reports/ReportConditions.h"
 
+#include <utility>
 #include <vector>
 
 #include "base/Format.h"
@@ -7,6 +8,10 @@
 #include "store/engine/Statement.h"
 
 namespace zelkor {
+
+ChosenEntry chosenEntry(std::string code, const std::string& name) {
+  return {std::move(code), name.substr(name.find(' ') + 1)};
+}
 
 void LevelRange::keepOrder() {
   if (from > to) from = to;

@@ -36,6 +36,10 @@ struct ChosenEntry {
   std::string name;
 };
 
+/// The entry of an archive that was picked by that name: what stands before the name's first blank is taken
+/// for its code and left out.
+ChosenEntry chosenEntry(std::string code, const std::string& name);
+
 /// Texts of a page's period lists; of a single list both are the same.
 struct PeriodRange {
   std::string from;

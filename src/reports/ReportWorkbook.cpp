@@ -1,12 +1,15 @@
+#include "reports/ReportWorkbook.h"
+
 #include <algorithm>
 #include <cmath>
-#include <ostream>
 #include <utility>
 
+#include "base/Conversion.h"
+#include "base/DateTime.h"
 #include "base/GridSpans.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
-#include "reports/ReportExport.h"
+#include "reports/ReportCells.h"
 #include "reports/WorkbookParts.h"
 #include "reports/ZipStream.h"
 
@@ -16,9 +19,13 @@ namespace {
 constexpr double kTwipsPerCharacter = 110;  // of a column's width in the workbook
 constexpr double kNarrowest = 8;
 constexpr double kWidest = 60;
-constexpr double kCellPadding = 2;  // characters; a number that does not fit is shown as a row of hashes
+constexpr double kWidestOnPage = 240;  // characters; in more no print can be read
+constexpr double kCellPadding = 2;     // characters; a number that does not fit is shown as a row of hashes
+constexpr double kSeparatorRoom = 4;   // characters, that separated thousands and decimals may add
 constexpr std::size_t kMostRows = 1'048'576;  // of a sheet
 constexpr std::size_t kMostColumns = 16'384;
+// Merged cells do not make their row as high as their letters are.
+constexpr std::string_view kTitleHeight = " ht=\"24\" customHeight=\"1\"";
 constexpr std::size_t kSheetNameLimit = 31;
 constexpr std::size_t kTextLimit = 32'767;  // characters of a cell
 constexpr std::string_view kForbiddenInSheetName = "[]:*?/\\'";
@@ -53,11 +60,19 @@ std::string storedWidth(double characters) {
 /// Writes the sheet of a report from top to bottom.
 class SheetWriter {
  public:
-  SheetWriter(ZipStream& out, const std::string& title, const ReportView& view)
-      : out_(out), grid_(view.grid), captions_(captionLines(view)) {
-    captions_.insert(captions_.begin(), title);
+  SheetWriter(ZipStream& out, const FinishedReport& report, const WorkbookOptions& options)
+      : out_(out),
+        heading_(report.heading),
+        grid_(report.view.grid),
+        ledger_(report.ledger),
+        options_(options) {
     for (std::size_t column = 0; column < grid_.columns(); ++column) {
-      if (!grid_.columnHidden(column)) columns_.push_back({column, letters(columns_.size())});
+      if (!grid_.columnHidden(column)) columns_.push_back({column, letters(columns_.size()), 0});
+    }
+    for (const std::string& line :
+         {heading_.title, joined(heading_.account, heading_.unit),
+          joined(joined(heading_.period, heading_.conditions), std::string(kAmountUnit))}) {
+      captions_.push_back(line);
     }
     const std::size_t rows = captions_.size() + grid_.rows();
     if (rows > kMostRows || columns_.size() > kMostColumns) {
@@ -65,28 +80,65 @@ class SheetWriter {
     }
   }
 
-  std::size_t firstHeader() const { return captions_.size() + 1; }
-  std::size_t lastHeader() const { return captions_.size() + grid_.headerRows(); }
+  WorkbookSheet sheet() const {
+    return {.name = sheetName(heading_.title),
+            .firstHeader = captions_.size() + 1,
+            .lastHeader = lastHeader(),
+            .filter = filterCells("$"),
+            .wide = wide_};
+  }
 
-  void write() {
-    out_.write(sheetBeginning(lastHeader()));
+  void write(bool first) {
+    fitWidths();
+    const WorkbookSheet described = sheet();
+    out_.write(sheetBeginning(described, first));
     writeColumns();
     out_.write("<sheetData>");
     for (std::size_t i = 0; i < captions_.size(); ++i) writeCaption(i);
     for (std::size_t row = 0; row < grid_.headerRows(); ++row) writeHeader(row);
     for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
       if (!grid_.rowHidden(row)) writeRow(row);
+      if (options_.progress) options_.progress(row + 1, grid_.rows());
     }
     out_.write("</sheetData>");
+    if (const std::string cells = filterCells(""); !cells.empty()) {
+      out_.write("<autoFilter ref=\"" + cells + "\"/>");
+    }
     writeMerges();
-    out_.write(sheetEnd());
+    out_.write(sheetEnd(described, {marginText(joined(heading_.account, heading_.unit), "", heading_.period),
+                                    marginText(heading_.preparedBy, "第 &P 页 共 &N 页", heading_.printed)}));
   }
 
  private:
   struct Column {
     std::size_t inGrid;
     std::string letters;  // its name in the sheet
+    double width = 0;     // in characters
   };
+
+  static std::string joined(const std::string& one, const std::string& other) {
+    return one + (one.empty() || other.empty() ? "" : "　　") + other;
+  }
+
+  std::size_t lastHeader() const { return captions_.size() + grid_.headerRows(); }
+
+  /// The lines of a ledger under the last row of its header, without the totals: what they can be chosen by.
+  std::string filterCells(const std::string& fixed) const {
+    if (!ledger_ || columns_.empty() || grid_.headerRows() == 0) return {};
+    std::size_t last = 0;
+    for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
+      if (!grid_.rowHidden(row) && !isTotalRow(grid_, row)) ++last;
+    }
+    if (last == 0) return {};
+    return fixed + "A" + fixed + std::to_string(lastHeader()) + ":" + fixed + columns_.back().letters +
+           fixed + std::to_string(lastHeader() + last);
+  }
+
+  void fitWidths() {
+    double all = 0;
+    for (Column& column : columns_) all += column.width = widthOf(column.inGrid);
+    wide_ = all > kWidestOnPage;
+  }
 
   void writeColumns() {
     if (columns_.empty()) return;
@@ -94,7 +146,7 @@ class SheetWriter {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       const std::string place = std::to_string(i + 1);
       out_.write("<col min=\"" + place + "\" max=\"" + place + "\" width=\"" +
-                 storedWidth(widthOf(columns_[i].inGrid)) + "\" customWidth=\"1\"/>");
+                 storedWidth(columns_[i].width) + "\" customWidth=\"1\"/>");
     }
     out_.write("</cols>");
   }
@@ -113,6 +165,8 @@ class SheetWriter {
       if (row < grid_.headerRows()) {
         const CellSpan span = spanOf(row, column);
         width /= static_cast<double>(span.lastColumn - span.firstColumn + 1);
+      } else if (options_.money && isNumberCell(grid_, row, column)) {
+        width += kSeparatorRoom;
       }
       widest = std::max(widest, width);
     }
@@ -120,7 +174,7 @@ class SheetWriter {
   }
 
   void writeCaption(std::size_t line) {
-    beginRow();
+    beginRow(line == 0 ? kTitleHeight : "");
     writeText("A", line == 0 ? kTitleStyle : kPlainStyle, captions_[line]);
     endRow();
   }
@@ -136,24 +190,34 @@ class SheetWriter {
   }
 
   void writeRow(std::size_t row) {
+    const bool total = isTotalRow(grid_, row);
     beginRow();
-    for (const Column& column : columns_) {
-      const std::string& text = grid_.text(row, column.inGrid);
-      const auto alignment = static_cast<std::size_t>(grid_.alignment(column.inGrid));
-      const int total = grid_.isTotal(row) ? kTotalOffset : 0;
-      if (isNumberCell(grid_, row, column.inGrid)) {
-        const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
-        writeNumber(column.letters, (amount ? kAmountStyles : kBodyStyles)[alignment] + total, text);
-      } else {
-        writeText(column.letters, kBodyStyles[alignment] + total, text);
-      }
-    }
+    for (const Column& column : columns_) writeCell(row, column, total);
     endRow();
   }
 
-  void beginRow() {
+  void writeCell(std::size_t row, const Column& column, bool total) {
+    const std::string& text = grid_.text(row, column.inGrid);
+    const Align align = grid_.alignment(column.inGrid);
+    if (isNumberCell(grid_, row, column.inGrid)) {
+      writeNumber(column.letters, bodyStyle(formOf(text, column.inGrid), align, total), text);
+    } else if (isDateCell(grid_, row, column.inGrid)) {
+      writeNumber(column.letters, bodyStyle(NumberForm::Date, align, total),
+                  textOfDouble(parseDate(text)->toSerial()));
+    } else {
+      writeText(column.letters, bodyStyle(NumberForm::General, align, total), text);
+    }
+  }
+
+  NumberForm formOf(const std::string& text, std::size_t column) const {
+    if (options_.money && holdsAmounts(grid_, column)) return NumberForm::Thousands;
+    const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
+    return amount ? NumberForm::TwoDecimals : NumberForm::General;
+  }
+
+  void beginRow(std::string_view height = "") {
     number_ = std::to_string(++rows_);
-    line_ = "<row r=\"" + number_ + "\">";
+    line_ = "<row r=\"" + number_ + "\"" + std::string(height) + ">";
   }
   void endRow() {
     line_ += "</row>";
@@ -185,17 +249,25 @@ class SheetWriter {
     line_ += "</v></c>";
   }
 
+  /// The title and the lines below it over the whole width, and captions over several cells.
   void writeMerges() {
     std::string cells;
     std::size_t count = 0;
+    const auto merge = [&](const std::string& from, const std::string& to) {
+      if (from == to) return;
+      cells += "<mergeCell ref=\"" + from + ":" + to + "\"/>";
+      ++count;
+    };
+    for (std::size_t i = 1; i <= captions_.size() && !columns_.empty(); ++i) {
+      merge("A" + std::to_string(i), columns_.back().letters + std::to_string(i));
+    }
     for (std::size_t row = 0; row < grid_.headerRows(); ++row) {
       for (const Column& column : columns_) {
         const CellSpan span = spanOf(row, column.inGrid);
         if (span.isSingle() || span.firstRow != row || span.firstColumn != column.inGrid) continue;
         const auto last = std::ranges::find(columns_, span.lastColumn, &Column::inGrid);
-        cells += "<mergeCell ref=\"" + column.letters + std::to_string(firstHeader() + row) + ":" +
-                 last->letters + std::to_string(firstHeader() + span.lastRow) + "\"/>";
-        ++count;
+        merge(column.letters + std::to_string(captions_.size() + 1 + row),
+              last->letters + std::to_string(captions_.size() + 1 + span.lastRow));
       }
     }
     if (count > 0) {
@@ -208,9 +280,13 @@ class SheetWriter {
   }
 
   ZipStream& out_;
+  const ReportHeading& heading_;
   const TextGrid& grid_;
+  bool ledger_;
+  const WorkbookOptions& options_;
   std::vector<std::string> captions_;  // the title first
   std::vector<Column> columns_;        // that are shown
+  bool wide_ = false;                  // for one page
   std::size_t rows_ = 0;               // that are written
   std::string number_;                 // of the row that is being written
   std::string line_;
@@ -218,16 +294,32 @@ class SheetWriter {
 
 }  // namespace
 
-void writeXlsx(std::ostream& out, const std::string& title, const ReportView& view) {
-  ZipStream archive(out);
-  SheetWriter sheet(archive, title, view);
-  for (const WorkbookPart& part : workbookParts(sheetName(title), sheet.firstHeader(), sheet.lastHeader())) {
-    archive.begin(std::string(part.name));
-    archive.write(part.content);
+struct Workbook::Parts {
+  explicit Parts(std::ostream& out) : archive(out) {}
+
+  ZipStream archive;
+  std::vector<WorkbookSheet> sheets;
+};
+
+Workbook::Workbook(std::ostream& out, WorkbookOptions options)
+    : parts_(std::make_unique<Parts>(out)), options_(std::move(options)) {}
+
+Workbook::~Workbook() = default;
+
+void Workbook::add(FinishedReport report) {
+  dressCells(report.view.grid, {});
+  SheetWriter sheet(parts_->archive, report, options_);
+  parts_->archive.begin(sheetPart(parts_->sheets.size()));
+  sheet.write(parts_->sheets.empty());
+  parts_->sheets.push_back(sheet.sheet());
+}
+
+void Workbook::finish() {
+  for (const WorkbookPart& part : workbookParts(parts_->sheets)) {
+    parts_->archive.begin(part.name);
+    parts_->archive.write(part.content);
   }
-  archive.begin("xl/worksheets/sheet1.xml");
-  sheet.write();
-  archive.finish();
+  parts_->archive.finish();
 }
 
 }  // namespace zelkor

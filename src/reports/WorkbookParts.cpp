@@ -1,92 +1,137 @@
 #include "reports/WorkbookParts.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
+
+#include "base/Text.h"
 
 namespace zelkor {
 namespace {
 
 constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
 
-constexpr std::string_view kContentTypes =
-    R"(<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">)"
-    R"(<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>)"
-    R"(<Default Extension="xml" ContentType="application/xml"/>)"
-    R"(<Override PartName="/xl/workbook.xml" ContentType=)"
-    R"("application/vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml"/>)"
-    R"(<Override PartName="/xl/worksheets/sheet1.xml" ContentType=)"
-    R"("application/vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml"/>)"
-    R"(<Override PartName="/xl/styles.xml" ContentType=)"
-    R"("application/vnd.openxmlformats-officedocument.spreadsheetml.styles+xml"/></Types>)";
+constexpr std::string_view kNamespace = "http://schemas.openxmlformats.org/";
+constexpr std::string_view kDocumentType = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
 
-constexpr std::string_view kRelations =
-    R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">)"
-    R"(<Relationship Id="rId1" Target="xl/workbook.xml" Type=)"
-    R"("http://schemas.openxmlformats.org/officeDocument/2006/relationships/officeDocument"/></Relationships>)";
+std::string contentTypes(std::size_t sheets) {
+  std::string text = std::string(kDeclaration) + "<Types xmlns=\"" + std::string(kNamespace) +
+                     R"(package/2006/content-types">)"
+                     R"(<Default Extension="rels" ContentType=)"
+                     R"("application/vnd.openxmlformats-package.relationships+xml"/>)"
+                     R"(<Default Extension="xml" ContentType="application/xml"/>)";
+  const auto add = [&text](const std::string& part, std::string_view type) {
+    text += "<Override PartName=\"/" + part + "\" ContentType=\"" + std::string(kDocumentType) +
+            std::string(type) + "+xml\"/>";
+  };
+  add("xl/workbook.xml", "sheet.main");
+  for (std::size_t i = 0; i < sheets; ++i) add(sheetPart(i), "worksheet");
+  add("xl/styles.xml", "styles");
+  return text + "</Types>";
+}
 
-constexpr std::string_view kWorkbookRelations =
-    R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">)"
-    R"(<Relationship Id="rId1" Target="worksheets/sheet1.xml" Type=)"
-    R"("http://schemas.openxmlformats.org/officeDocument/2006/relationships/worksheet"/>)"
-    R"(<Relationship Id="rId2" Target="styles.xml" Type=)"
-    R"("http://schemas.openxmlformats.org/officeDocument/2006/relationships/styles"/></Relationships>)";
+std::string relation(const std::string& id, const std::string& target, const std::string& type) {
+  return "<Relationship Id=\"" + id + "\" Target=\"" + target + "\" Type=\"" + std::string(kNamespace) +
+         "officeDocument/2006/relationships/" + type + "\"/>";
+}
 
+std::string relations(const std::string& list) {
+  return std::string(kDeclaration) + "<Relationships xmlns=\"" + std::string(kNamespace) +
+         "package/2006/relationships\">" + list + "</Relationships>";
+}
+
+std::string workbookRelations(std::size_t sheets) {
+  std::string list = relation("styles", "styles.xml", "styles");
+  for (std::size_t i = 0; i < sheets; ++i) {
+    const std::string number = std::to_string(i + 1);
+    list += relation("sheet" + number, "worksheets/sheet" + number + ".xml", "worksheet");
+  }
+  return relations(list);
+}
+
+// The font that spreadsheets have for Chinese texts.
 constexpr std::string_view kFontsAndBorders =
-    R"(<styleSheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)"
-    R"(<fonts count="3"><font><sz val="11"/><name val="Calibri"/><family val="2"/></font>)"
-    R"(<font><b/><sz val="16"/><name val="Calibri"/><family val="2"/></font>)"
-    R"(<font><b/><sz val="11"/><name val="Calibri"/><family val="2"/></font></fonts>)"
+    R"(<numFmts count="1"><numFmt numFmtId="164" formatCode="yyyy\-mm\-dd"/></numFmts>)"
+    R"(<fonts count="3"><font><sz val="11"/><name val="宋体"/><family val="3"/><charset val="134"/></font>)"
+    R"(<font><b/><sz val="16"/><name val="宋体"/><family val="3"/><charset val="134"/></font>)"
+    R"(<font><b/><sz val="11"/><name val="宋体"/><family val="3"/><charset val="134"/></font></fonts>)"
     R"(<fills count="2"><fill><patternFill patternType="none"/></fill>)"
     R"(<fill><patternFill patternType="gray125"/></fill></fills>)"
     R"(<borders count="2"><border><left/><right/><top/><bottom/><diagonal/></border>)"
     R"(<border><left style="thin"/><right style="thin"/><top style="thin"/><bottom style="thin"/>)"
     R"(<diagonal/></border></borders>)"
-    R"(<cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs>)"
-    R"(<cellXfs count="15"><xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/>)"
-    R"(<xf numFmtId="0" fontId="1" fillId="0" borderId="0" xfId="0" applyFont="1"/>)"
-    R"(<xf numFmtId="0" fontId="2" fillId="0" borderId="1" xfId="0" applyFont="1" applyBorder="1" )"
-    R"(applyAlignment="1"><alignment horizontal="center" vertical="center"/></xf>)";
+    R"(<cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs>)";
 
-/// A body's style; the number's form is one of those that a workbook need not define.
-std::string bodyStyle(int numberForm, std::string_view alignment, int font) {
-  std::string style = "<xf numFmtId=\"" + std::to_string(numberForm) + "\" fontId=\"" + std::to_string(font) +
+constexpr std::string_view kHeadStyles =
+    R"(<xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/>)"
+    R"(<xf numFmtId="0" fontId="1" fillId="0" borderId="0" xfId="0" applyFont="1" applyAlignment="1">)"
+    R"(<alignment horizontal="center" vertical="center"/></xf>)"
+    R"(<xf numFmtId="0" fontId="2" fillId="0" borderId="1" xfId="0" applyFont="1" applyBorder="1" )"
+    R"(applyAlignment="1"><alignment horizontal="center" vertical="center" wrapText="1"/></xf>)";
+
+constexpr int kFirstBodyStyle = 3;
+constexpr int kAlignments = 3;
+constexpr std::array kNumberForms{0, 2, 4, 164};  // by NumberForm; all but the date's need not be defined
+constexpr std::array kAlignmentNames{"left", "center", "right"};
+
+std::string cellStyle(int numberForm, const char* alignment, bool bold) {
+  std::string style = "<xf numFmtId=\"" + std::to_string(numberForm) + "\" fontId=\"" + (bold ? "2" : "0") +
                       "\" fillId=\"0\" borderId=\"1\" xfId=\"0\"";
-  if (font != 0) style += " applyFont=\"1\"";
+  if (bold) style += " applyFont=\"1\"";
   if (numberForm != 0) style += " applyNumberFormat=\"1\"";
   style += " applyBorder=\"1\" applyAlignment=\"1\"><alignment horizontal=\"";
   style += alignment;
   return style + "\"/></xf>";
 }
 
+/// In the order that bodyStyle tells.
 std::string styles() {
-  constexpr int kGeneral = 0;
-  constexpr int kTwoDecimals = 2;
-  constexpr int kPlainFont = 0;
-  constexpr int kBoldFont = 2;
-  std::string text{kDeclaration};
-  text += kFontsAndBorders;
-  for (const int font : {kPlainFont, kBoldFont}) {
-    for (const int form : {kGeneral, kTwoDecimals}) {
-      for (const char* alignment : {"left", "center", "right"}) text += bodyStyle(form, alignment, font);
+  std::string list{kHeadStyles};
+  for (const bool bold : {false, true}) {
+    for (const int form : kNumberForms) {
+      for (const char* alignment : kAlignmentNames) list += cellStyle(form, alignment, bold);
     }
   }
-  return text +
+  const std::size_t count = kFirstBodyStyle + 2 * kNumberForms.size() * kAlignmentNames.size();
+  return std::string(kDeclaration) + "<styleSheet xmlns=\"" + std::string(kNamespace) +
+         "spreadsheetml/2006/main\">" + std::string(kFontsAndBorders) + "<cellXfs count=\"" +
+         std::to_string(count) + "\">" + list +
          R"(</cellXfs><cellStyles count="1"><cellStyle name="Normal" xfId="0" builtinId="0"/></cellStyles>)"
          "</styleSheet>";
 }
 
-std::string workbook(const std::string& sheet, std::size_t firstHeader, std::size_t lastHeader) {
-  const std::string name = markupText(sheet);
-  std::string text = std::string(kDeclaration) +
-                     R"(<workbook xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main" )"
-                     R"(xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships">)"
-                     R"(<bookViews><workbookView/></bookViews><sheets><sheet name=")" +
-                     name + R"(" sheetId="1" r:id="rId1"/></sheets>)";
-  if (lastHeader >= firstHeader) {
-    text += "<definedNames><definedName name=\"_xlnm.Print_Titles\" localSheetId=\"0\">'" + name + "'!$" +
-            std::to_string(firstHeader) + ":$" + std::to_string(lastHeader) + "</definedName></definedNames>";
+std::string definedName(const std::string& name, std::size_t sheet, const std::string& cells) {
+  return "<definedName name=\"_xlnm." + name + "\" localSheetId=\"" + std::to_string(sheet) + "\"" +
+         (name == "_FilterDatabase" ? " hidden=\"1\"" : "") + ">" + cells + "</definedName>";
+}
+
+/// Names of one kind stand together.
+std::string definedNames(const std::vector<WorkbookSheet>& sheets) {
+  std::string filters;
+  std::string titles;
+  for (std::size_t i = 0; i < sheets.size(); ++i) {
+    const WorkbookSheet& sheet = sheets[i];
+    const std::string place = "'" + markupText(sheet.name) + "'!";
+    if (!sheet.filter.empty()) filters += definedName("_FilterDatabase", i, place + sheet.filter);
+    if (sheet.lastHeader < sheet.firstHeader) continue;
+    titles += definedName("Print_Titles", i,
+                          (sheet.wide ? place + "$A:$A," : "") + place + "$" +
+                              std::to_string(sheet.firstHeader) + ":$" + std::to_string(sheet.lastHeader));
   }
-  return text + "</workbook>";
+  const std::string all = filters + titles;
+  return all.empty() ? all : "<definedNames>" + all + "</definedNames>";
+}
+
+std::string workbook(const std::vector<WorkbookSheet>& sheets) {
+  std::string text = std::string(kDeclaration) + "<workbook xmlns=\"" + std::string(kNamespace) +
+                     "spreadsheetml/2006/main\" xmlns:r=\"" + std::string(kNamespace) +
+                     R"(officeDocument/2006/relationships"><bookViews><workbookView/></bookViews><sheets>)";
+  for (std::size_t i = 0; i < sheets.size(); ++i) {
+    const std::string number = std::to_string(i + 1);
+    text += "<sheet name=\"" + markupText(sheets[i].name) + "\" sheetId=\"" + number + "\" r:id=\"sheet" +
+            number + "\"/>";
+  }
+  return text + "</sheets>" + definedNames(sheets) + "</workbook>";
 }
 
 /// "_x0041_": the number of a character, in whose place readers put the character.
@@ -101,6 +146,59 @@ bool beginsWithEscape(std::string_view text) {
 
 }  // namespace
 
+int bodyStyle(NumberForm form, Align align, bool bold) {
+  const int forms = static_cast<int>(kNumberForms.size());
+  return kFirstBodyStyle + ((bold ? forms : 0) + static_cast<int>(form)) * kAlignments +
+         static_cast<int>(align);
+}
+
+std::string sheetPart(std::size_t sheet) {
+  return "xl/worksheets/sheet" + std::to_string(sheet + 1) + ".xml";
+}
+
+std::vector<WorkbookPart> workbookParts(const std::vector<WorkbookSheet>& sheets) {
+  return {{"[Content_Types].xml", contentTypes(sheets.size())},
+          {"_rels/.rels", relations(relation("workbook", "xl/workbook.xml", "officeDocument"))},
+          {"xl/workbook.xml", workbook(sheets)},
+          {"xl/_rels/workbook.xml.rels", workbookRelations(sheets.size())},
+          {"xl/styles.xml", styles()}};
+}
+
+std::string sheetBeginning(const WorkbookSheet& sheet, bool selected) {
+  const std::string rows = std::to_string(sheet.lastHeader);
+  return std::string(kDeclaration) + "<worksheet xmlns=\"" + std::string(kNamespace) +
+         R"(spreadsheetml/2006/main">)" +
+         (sheet.wide ? "" : R"(<sheetPr><pageSetUpPr fitToPage="1"/></sheetPr>)") + "<sheetViews><sheetView" +
+         (selected ? R"( tabSelected="1")" : "") + R"( workbookViewId="0"><pane ySplit=")" + rows +
+         R"(" topLeftCell="A)" + std::to_string(sheet.lastHeader + 1) +
+         R"(" activePane="bottomLeft" state="frozen"/><selection pane="bottomLeft"/></sheetView></sheetViews>)"
+         R"(<sheetFormatPr defaultRowHeight="15"/>)";
+}
+
+std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins) {
+  const std::string setup =
+      R"(<pageMargins left="0.5" right="0.5" top="0.75" bottom="0.75" header="0.3" footer="0.3"/>)"
+      R"(<pageSetup paperSize="9" orientation="landscape")";
+  return setup + (sheet.wide ? R"( scale="65" pageOrder="overThenDown")" : R"( fitToHeight="0")") +
+         "/><headerFooter><oddHeader>" + markupText(margins.header) + "</oddHeader><oddFooter>" +
+         markupText(margins.footer) + "</oddFooter></headerFooter></worksheet>";
+}
+
+std::string marginText(std::string_view left, std::string_view centre, std::string_view right) {
+  constexpr std::size_t kMostCharacters = 60;  // of 255 that a margin has in all
+  std::string text;
+  const auto add = [&text](const char* place, std::string_view part) {
+    if (part.empty()) return;
+    text += place;
+    for (const char letter : Left(part, kMostCharacters))
+      text += letter == '&' ? "&&" : std::string(1, letter);
+  };
+  add("&L", left);
+  if (!centre.empty()) text += "&C" + std::string(centre);
+  add("&R", right);
+  return text;
+}
+
 std::string cellText(std::string_view text) {
   constexpr std::string_view kUnderscore = "_x005F_";
   if (text.find("_x") == std::string_view::npos) return markupText(text);
@@ -109,32 +207,6 @@ std::string cellText(std::string_view text) {
     kept += beginsWithEscape(text) ? kUnderscore : text.substr(0, 1);
   }
   return markupText(kept);
-}
-
-std::vector<WorkbookPart> workbookParts(const std::string& sheet, std::size_t firstHeader,
-                                        std::size_t lastHeader) {
-  const std::string declaration(kDeclaration);
-  return {{"[Content_Types].xml", declaration + std::string(kContentTypes)},
-          {"_rels/.rels", declaration + std::string(kRelations)},
-          {"xl/workbook.xml", workbook(sheet, firstHeader, lastHeader)},
-          {"xl/_rels/workbook.xml.rels", declaration + std::string(kWorkbookRelations)},
-          {"xl/styles.xml", styles()}};
-}
-
-std::string sheetBeginning(std::size_t lastHeader) {
-  const std::string rows = std::to_string(lastHeader);
-  return std::string(kDeclaration) +
-         R"(<worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)"
-         R"(<sheetPr><pageSetUpPr fitToPage="1"/></sheetPr><sheetViews><sheetView tabSelected="1" )"
-         R"(workbookViewId="0"><pane ySplit=")" +
-         rows + R"(" topLeftCell="A)" + std::to_string(lastHeader + 1) +
-         R"(" activePane="bottomLeft" state="frozen"/><selection pane="bottomLeft"/></sheetView></sheetViews>)"
-         R"(<sheetFormatPr defaultRowHeight="15"/>)";
-}
-
-std::string sheetEnd() {
-  return R"(<pageMargins left="0.7" right="0.7" top="0.75" bottom="0.75" header="0.3" footer="0.3"/>)"
-         R"(<pageSetup paperSize="9" orientation="landscape" fitToHeight="0"/></worksheet>)";
 }
 
 std::string markupText(std::string_view text) {

@@ -1,33 +1,54 @@
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// What a workbook of one sheet holds around the sheet's rows, in Office Open XML.
+#include "base/TextGrid.h"
+
+// What a workbook holds around the rows of its sheets, in Office Open XML.
 namespace zelkor {
 
-/// Places in the list of styles; bodies and amounts by alignment: left, centre, right.
+/// How a number is shown.
+enum class NumberForm { General, TwoDecimals, Thousands, Date };
+
+/// Places in the list of styles.
 inline constexpr int kPlainStyle = 0;
 inline constexpr int kTitleStyle = 1;
 inline constexpr int kHeaderStyle = 2;
-inline constexpr std::array<int, 3> kBodyStyles{3, 4, 5};
-inline constexpr std::array<int, 3> kAmountStyles{6, 7, 8};  // with two decimals
-inline constexpr int kTotalOffset = 6;                       // to the same styles for totals
+int bodyStyle(NumberForm form, Align align, bool bold);
 
 struct WorkbookPart {
-  std::string_view name;
+  std::string name;
   std::string content;
 };
 
-/// All parts but the sheet. The rows from `firstHeader` to `lastHeader`, counted from 1, are on every page.
-std::vector<WorkbookPart> workbookParts(const std::string& sheet, std::size_t firstHeader,
-                                        std::size_t lastHeader);
-/// The content of a sheet before its columns; the rows up to `lastHeader` stay in sight.
-std::string sheetBeginning(std::size_t lastHeader);
-/// The content of a sheet after its rows and merged cells: landscape on A4, as wide as the page.
-std::string sheetEnd();
+struct WorkbookSheet {
+  std::string name;
+  std::size_t firstHeader = 0;  // rows that stand on every page, from 1; none where the last is before
+  std::size_t lastHeader = 0;
+  std::string filter = {};  // the cells of a list, "$A$5:$K$90"; empty for what is none
+  bool wide = false;        // goes on on pages beside, which begin with the first column
+};
+
+/// What a sheet's pages say in their margins.
+struct SheetMargins {
+  std::string header;
+  std::string footer;
+};
+
+/// All parts but the sheets.
+std::vector<WorkbookPart> workbookParts(const std::vector<WorkbookSheet>& sheets);
+/// The place of a sheet, from 0, in the workbook.
+std::string sheetPart(std::size_t sheet);
+/// What stands in a sheet before its columns; the rows up to `lastHeader` stay in sight.
+std::string sheetBeginning(const WorkbookSheet& sheet, bool selected);
+/// What stands in a sheet behind its rows and merged cells: landscape on A4, as wide as the page unless the
+/// sheet is wide.
+std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins);
+/// Three texts for the margin of a page; what would be a code there is none.
+std::string marginText(std::string_view left, std::string_view centre, std::string_view right);
 
 /// A text for a cell. What looks like an escape of workbooks, "_x0041_", is kept from being read as one.
 std::string cellText(std::string_view text);

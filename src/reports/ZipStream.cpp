@@ -2,9 +2,7 @@
 
 #include <zlib.h>
 
-#include <array>
 #include <limits>
-#include <new>
 #include <ostream>
 
 #include "base/RuntimeError.h"
@@ -44,39 +42,7 @@ std::uint32_t checked(std::uint64_t size) {
 
 }  // namespace
 
-class ZipStream::Deflater {
- public:
-  Deflater() {
-    // Bare, without a header and a checksum of zlib's own: an archive has its own.
-    if (deflateInit2(&stream_, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, MAX_MEM_LEVEL,
-                     Z_DEFAULT_STRATEGY) != Z_OK) {
-      throw std::bad_alloc();
-    }
-  }
-  Deflater(const Deflater&) = delete;
-  Deflater& operator=(const Deflater&) = delete;
-  ~Deflater() { deflateEnd(&stream_); }
-
-  void begin() { deflateReset(&stream_); }
-  template <typename Take>
-  void run(std::string_view content, bool end, Take take) {
-    stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(content.data()));
-    stream_.avail_in = static_cast<uInt>(content.size());
-    do {
-      stream_.next_out = reinterpret_cast<Bytef*>(packed_.data());
-      stream_.avail_out = static_cast<uInt>(packed_.size());
-      deflate(&stream_, end ? Z_FINISH : Z_NO_FLUSH);
-      take(std::string_view(packed_.data(), packed_.size() - stream_.avail_out));
-    } while (stream_.avail_out == 0);
-  }
-
- private:
-  z_stream stream_{};
-  std::array<char, kPieceSize> packed_{};
-};
-
-ZipStream::ZipStream(std::ostream& out) : out_(out), deflater_(std::make_unique<Deflater>()) {}
-ZipStream::~ZipStream() = default;
+ZipStream::ZipStream(std::ostream& out) : out_(out), deflater_(Deflater::Form::Bare) {}
 
 void ZipStream::put(std::string_view bytes) {
   out_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -105,7 +71,7 @@ void ZipStream::begin(std::string name) {
           .two(0)
           .text(entry.name)
           .all());
-  deflater_->begin();
+  deflater_.begin();
   open_ = true;
 }
 
@@ -121,7 +87,7 @@ void ZipStream::compress(std::string_view content, bool end) {
   entry.checksum = static_cast<std::uint32_t>(crc32(
       entry.checksum, reinterpret_cast<const Bytef*>(content.data()), static_cast<uInt>(content.size())));
   entry.size += content.size();
-  deflater_->run(content, end, [&](std::string_view packed) {
+  deflater_.run(content, end, [&](std::string_view packed) {
     entry.packed += packed.size();
     put(packed);
   });

@@ -2,10 +2,11 @@
 
 #include <cstdint>
 #include <iosfwd>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "paper/Deflater.h"
 
 namespace zelkor {
 
@@ -16,7 +17,6 @@ class ZipStream {
   explicit ZipStream(std::ostream& out);
   ZipStream(const ZipStream&) = delete;
   ZipStream& operator=(const ZipStream&) = delete;
-  ~ZipStream();
 
   /// Begins a file of the archive; the one before is complete then.
   void begin(std::string name);
@@ -25,7 +25,6 @@ class ZipStream {
   void finish();
 
  private:
-  class Deflater;
   struct Entry {
     std::string name;
     std::uint32_t begin = 0;  // in the archive
@@ -41,7 +40,7 @@ class ZipStream {
 
   std::ostream& out_;
   std::uint64_t written_ = 0;
-  std::unique_ptr<Deflater> deflater_;
+  Deflater deflater_;
   std::vector<Entry> entries_;
   std::string waiting_;  // small pieces are compressed together
   bool open_ = false;

@@ -116,7 +116,7 @@ TEST_F(ReportCommandsTest, NamesAnAccountThatTheSystemFileDoesNotHave) {
 
 TEST_F(ReportCommandsTest, WritesEveryForm) {
   const std::pair<const char*, const char*> forms[] = {{"text", "固定资产总账\n"},
-                                                       {"csv", "\xEF\xBB\xBF"},
+                                                       {"csv", "固定资产总账\r\n"},
                                                        {"html", "<!DOCTYPE html>"},
                                                        {"xlsx", "PK"},
                                                        {"pdf", "%PDF"}};
@@ -128,6 +128,76 @@ TEST_F(ReportCommandsTest, WritesEveryForm) {
     EXPECT_TRUE(readFile(file("report")).starts_with(beginning)) << format;
     fs::remove(file("report"));
   }
+}
+
+/// What is filed at a closing. A report that divides by nothing is left out, and told.
+TEST_F(ReportCommandsTest, WritesAllReportsOfTheMonth) {
+  ReportOptions asked = options("");
+  asked.all = true;
+  for (const bool lacking : {false, true}) {
+    if (lacking) execute("update fa_DeprTransactions set dblDeprT1=1000");
+    engine.flush();
+    for (const std::string format : {"pdf", "xlsx"}) {
+      asked.format = format;
+      fs::create_directory(file("filed"));
+      for (const char* name : {"all", "filed"}) {
+        asked.file = file(name).string();
+        const Outcome outcome = run(asked);
+        EXPECT_EQ(outcome.status, lacking ? 1 : 0) << outcome.problems;
+        EXPECT_EQ(outcome.problems.find("报表“固定资产使用状况分析表”未写出") != std::string::npos, lacking);
+      }
+      const auto files = std::distance(fs::directory_iterator(file("filed")), fs::directory_iterator());
+      EXPECT_EQ(files, lacking ? 13 : 14);
+      EXPECT_TRUE(fs::exists(file("filed") / ("(单个)固定资产明细账." + format)));
+      EXPECT_TRUE(readFile(file("all")).starts_with(format == "pdf" ? "%PDF" : "PK"));
+      fs::remove(file("all"));
+      fs::remove_all(file("filed"));
+    }
+  }
+}
+
+TEST_F(ReportCommandsTest, LeavesNothingWhereATableIsMissing) {
+  execute("drop table fa_status");
+  engine.flush();
+  fs::create_directory(file("filed"));
+  ReportOptions asked = options("");
+  asked.all = true;
+  asked.format = "pdf";
+  for (const char* name : {"all", "filed"}) {
+    asked.file = file(name).string();
+    EXPECT_EQ(errorOf([&] { run(asked); }), 3078) << name;
+  }
+  EXPECT_FALSE(fs::exists(file("all")));
+  EXPECT_TRUE(fs::is_empty(file("filed")));
+}
+
+TEST_F(ReportCommandsTest, RefusesCallsThatContradictThemselves) {
+  struct Case {
+    std::string report;
+    const char* format;
+    const char* problem;
+  };
+  EXPECT_EQ(run(options("")).problems, "缺少 NAME（全部报表用 --all）\n");
+  const Case cases[] = {{"固定资产总账", "pdf", "--all 与报表名称只能给出一个\n"},
+                        {"", "csv", "--all 的形式只有 xlsx、pdf\n"},
+                        {"", "pdf", "pdf 要用 --out 指定文件\n"}};
+  for (const Case& c : cases) {
+    ReportOptions asked = options(c.report);
+    asked.all = true;
+    asked.format = c.format;
+    const Outcome outcome = run(asked);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.problems, c.problem);
+  }
+}
+
+/// As in the window, where a name follows its code behind a blank.
+TEST_F(ReportCommandsTest, TakesANameFromBehindItsFirstBlank) {
+  execute("update fa_Departments set sName='生产 一 部' where sNum='3'");
+  engine.flush();
+  ReportOptions asked = options("固定资产总账");
+  asked.conditions = {"department=3"};
+  EXPECT_NE(run(asked).output.find("使用部门：一 部\n"), std::string::npos) << run(asked).output;
 }
 
 TEST_F(ReportCommandsTest, LeavesNoHalfWrittenFile) {
@@ -263,6 +333,7 @@ TEST_F(ReportCommandsTest, TheProgramTellsItsStatus) {
   };
   EXPECT_EQ(status({"固定资产总账"}), 0);
   EXPECT_EQ(status({"固定资产总账", "--format", "doc"}), 2);
+  EXPECT_EQ(status({"固定资产总账", "--page", "a5"}), 2);
   execute("drop table fa_status");
   engine.flush();
   EXPECT_EQ(status({"固定资产使用状况分析表"}), 1);

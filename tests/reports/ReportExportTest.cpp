@@ -1,7 +1,9 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "reports/ReportCells.h"
 #include "reports/ReportExport.h"
+#include "reports/ReportWorkbook.h"
 #include "support/Golden.h"
 #include "support/Support.h"
 
@@ -24,7 +26,6 @@ ReportView sampleView() {
   view.grid.addRow({"机床, 车间", "x", "1234.50", "", "2"});
   view.grid.addRow({"007", "x", "01100", "-0.5", "00001"});
   view.grid.setHeaderRows(2);
-  view.grid.setTotal(3);
   view.grid.setRowMerged(0, true);
   view.grid.setRowMerged(1, true);
   view.grid.setColumnHidden(1, true);
@@ -33,9 +34,21 @@ ReportView sampleView() {
   return view;
 }
 
-std::string streamed(void (*write)(std::ostream&, const std::string&, const ReportView&)) {
+FinishedReport sampleReport(const std::string& title) {
+  ReportHeading heading{.title = title,
+                        .account = "账套：[001] 甲",
+                        .unit = "使用单位：甲 & 乙",
+                        .period = "期间：2020.02",
+                        .conditions = "部门：一<二>",
+                        .preparedBy = "制表人：陈会计",
+                        .printed = "打印日期：2020-02-29"};
+  return {std::move(heading), sampleView(), true};
+}
+
+template <typename Write>
+std::string streamed(Write write) {
   std::ostringstream out;
-  write(out, "表(一)", sampleView());
+  write(out);
   return out.str();
 }
 
@@ -53,9 +66,16 @@ TEST(ReportExportTest, TellsNumbersFromCodes) {
 }
 
 TEST(ReportExportTest, WritesTheCaptionsThatAreSeen) {
-  expectGolden("reports/golden/export.csv", streamed(writeCsv));
-  expectGolden("reports/golden/export.html", streamed(writeHtml));
-  EXPECT_EQ(streamed(writeText).substr(0, 80).find("看不见"), std::string::npos);
+  const ReportView view = sampleView();
+  const auto csv = [&](bool mark) {
+    return streamed([&](std::ostream& out) { writeCsv(out, "表(一)", view, mark); });
+  };
+  expectGolden("reports/golden/export.csv", csv(true));
+  EXPECT_EQ("\xEF\xBB\xBF" + csv(false), csv(true));
+  expectGolden("reports/golden/export.html",
+               streamed([](std::ostream& out) { writeHtml(out, sampleReport("表(一)"), true); }));
+  EXPECT_EQ(streamed([&](std::ostream& out) { writeText(out, "表(一)", view); }).find("看不见"),
+            std::string::npos);
 }
 
 /// One file of a workbook, which is a zip archive.
@@ -69,7 +89,11 @@ std::string partOf(const fs::path& workbook, const std::string& part) {
 
 void writeWorkbook(const fs::path& file, const std::string& title, const ReportView& view) {
   std::ofstream out(file, std::ios::binary);
-  writeXlsx(out, title, view);
+  Workbook book(out, {});
+  FinishedReport report = sampleReport(title);
+  report.view = view;
+  book.add(std::move(report));
+  book.finish();
 }
 
 TEST(ReportExportTest, WritesAWorkbookWithNumbers) {
@@ -77,10 +101,11 @@ TEST(ReportExportTest, WritesAWorkbookWithNumbers) {
   writeWorkbook(directory / "a.xlsx", "表[一]", sampleView());
   const std::string sheet = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
   for (const char* piece :
-       {"<v>1234.50</v>", "s=\"11\"><v>-0.5</v>", "<v>2</v>", "<t>01100</t>", "<t>00001</t>", "<t>借方</t>",
-        "<mergeCells count=\"3\"><mergeCell ref=\"A5:A6\"/><mergeCell ref=\"B5:C5\"/>"
-        "<mergeCell ref=\"D5:D6\"/></mergeCells>",
-        "ySplit=\"6\""}) {
+       {"<v>1234.50</v>", "<v>-0.5</v>", "<v>2</v>", "<t>01100</t>", "<t>00001</t>", "<t>借方</t>",
+        "<mergeCells count=\"6\"><mergeCell ref=\"A1:D1\"/><mergeCell ref=\"A2:D2\"/><mergeCell "
+        "ref=\"A3:D3\"/><mergeCell ref=\"A4:A5\"/><mergeCell ref=\"B4:C4\"/><mergeCell ref=\"D4:D5\"/>"
+        "</mergeCells>",
+        "ySplit=\"5\"", "<autoFilter ref=\"A5:D7\"/>"}) {
     EXPECT_NE(sheet.find(piece), std::string::npos) << piece << "\nin\n" << sheet;
   }
   EXPECT_NE(partOf(directory / "a.xlsx", "xl/workbook.xml").find("name=\"表 一 \""), std::string::npos);
@@ -106,14 +131,15 @@ TEST(ReportExportTest, WritesAWorkbookThatOthersRead) {
   const std::string read = directory / "read";
   ASSERT_EQ(std::system((reader + "'" + (directory / "a.xlsx").string() + "' >" + read).c_str()), 0);
   EXPECT_EQ(readFile(read),
-            "表_x0041_|\n期间：|\n甲|乙\n编号|名称\n_x0041_|_x0041_x0042_\n"
-            "_x005F_|a_x00e9_ _x12_ _xyz0_ __x0041__\n");
+            "表_x0041_|\n账套：[001] 甲　　使用单位：甲 & 乙|\n期间：2020.02　　部门：一<二>　　单位：元|\n"
+            "甲|乙\n编号|名称\n_x0041_|_x0041_x0042_\n_x005F_|a_x00e9_ _x12_ _xyz0_ __x0041__\n"
+            "merged A1:B1\nmerged A2:B2\nmerged A3:B3\n");
 
   view.grid.setColumnHidden(1, false);
   writeWorkbook(directory / "a.xlsx", "表", view);
   ASSERT_EQ(std::system((reader + "'" + (directory / "a.xlsx").string() + "' >" + read).c_str()), 0);
   EXPECT_NE(readFile(read).find("甲||乙\n"), std::string::npos) << readFile(read);
-  EXPECT_TRUE(readFile(read).ends_with("\nmerged A3:B3\n")) << readFile(read);
+  EXPECT_TRUE(readFile(read).ends_with("\nmerged A4:B4\n")) << readFile(read);
 }
 
 /// A number that does not fit into its column is shown as a row of hashes.
@@ -135,6 +161,37 @@ TEST(ReportExportTest, MakesColumnsOfAWorkbookWideEnoughForTheirNumbers) {
       << styles;
 }
 
+/// Dates, exponents and totals in one sheet, and one that is too wide for a page in another.
+TEST(ReportExportTest, WritesASheetForEachReport) {
+  const TempDir directory;
+  FinishedReport lines = sampleReport("明细");
+  lines.view.grid = TextGrid(0, 2);
+  lines.view.grid.addRow({"日期", "原值"});
+  lines.view.grid.addRow({"2020-1-31", "1.5E-05"});
+  lines.view.grid.addRow({"合计", "123456789012.5"});
+  lines.view.grid.setHeaderRows(1);
+  lines.view.grid.setAlignment(1, Align::Right);
+  FinishedReport wide = sampleReport("一览");
+  wide.ledger = false;
+  wide.view.grid.resize(4, 12);
+  for (std::size_t i = 0; i < 12; ++i) wide.view.grid.setColumnWidth(i, 3000);
+  std::ofstream out(directory / "a.xlsx", std::ios::binary);
+  Workbook book(out, {.money = true});
+  book.add(std::move(lines));
+  book.add(std::move(wide));
+  book.finish();
+  out.close();
+  const std::string first = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
+  for (const char* piece :
+       {"<c r=\"A5\" s=\"12\"><v>43861</v>", "<v>1.5E-05</v>", "<c r=\"B6\" s=\"23\"><v>123456789012.5</v>",
+        "<autoFilter ref=\"A4:B5\"/>", "<oddFooter>&amp;L制表人：陈会计&amp;C第 &amp;P 页 共 &amp;N 页"}) {
+    EXPECT_NE(first.find(piece), std::string::npos) << piece << "\nin\n" << first;
+  }
+  EXPECT_NE(partOf(directory / "a.xlsx", "xl/worksheets/sheet2.xml").find("overThenDown"), std::string::npos);
+  const std::string workbook = partOf(directory / "a.xlsx", "xl/workbook.xml");
+  EXPECT_NE(workbook.find("localSheetId=\"1\">'一览'!$A:$A,'一览'!$4:$5<"), std::string::npos) << workbook;
+}
+
 /// What a spreadsheet would compute is no more than text in its file.
 TEST(ReportExportTest, LeavesNothingToCompute) {
   const std::pair<const char*, const char*> cells[] = {{"=1+1", "'=1+1"},
@@ -154,7 +211,7 @@ TEST(ReportExportTest, LeavesNothingToCompute) {
     view.grid = TextGrid(0, 1);
     view.grid.addRow({text});
     std::ostringstream out;
-    writeCsv(out, text, view);
+    writeCsv(out, text, view, true);
     EXPECT_EQ(out.str(), "\xEF\xBB\xBF" + std::string(field) + "\r\n期间：\r\n" + field + "\r\n");
   }
 }

@@ -54,6 +54,10 @@ struct Asked {
   std::vector<std::string> conditions;
   std::string format = "text";
   std::string out;
+  std::string page = "a4-landscape";
+  bool money = false;
+  bool bom = false;
+  bool all = false;
   bool force = false;
 };
 

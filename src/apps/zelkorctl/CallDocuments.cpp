@@ -81,7 +81,8 @@ std::string remarksOf(const Parameter& parameter) {
 void writeSynopsis(std::ostream& out, const Call& call, bool bySet) {
   out << "*zelkorctl " << call.name << "*";
   for (const Parameter& parameter : call.parameters) {
-    if (!parameter.isOption() && isGivenWith(parameter, bySet)) out << ' ' << titleOf(parameter);
+    if (parameter.isOption() || !isGivenWith(parameter, bySet)) continue;
+    out << (parameter.optional ? " [" : " ") << titleOf(parameter) << (parameter.optional ? "]" : "");
   }
   out << (bySet ? " *--set* _DIR_" : "") << " [_选项_]\n";
 }

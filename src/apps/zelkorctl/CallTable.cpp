@@ -103,8 +103,16 @@ int deleteVoucher(const Asked& asked, std::ostream& output, std::ostream& proble
 
 int report(const Asked& asked, std::ostream& output, std::ostream& problems) {
   return reportCommand(jobOf(asked, 25),
-                       {asked.report, asked.conditions, asked.format, asked.out, asked.force}, output,
-                       problems);
+                       {.report = asked.report,
+                        .conditions = asked.conditions,
+                        .format = asked.format,
+                        .file = asked.out,
+                        .page = asked.page,
+                        .money = asked.money,
+                        .byteOrderMark = asked.bom,
+                        .all = asked.all,
+                        .force = asked.force},
+                       output, problems);
 }
 
 int sql(const Asked& asked, std::ostream& output, std::ostream&) {
@@ -308,9 +316,16 @@ std::vector<Call> jobCalls() {
        .example = "zelkorctl vouchers delete 记--1 --set books",
        .run = deleteVoucher},
       {.name = "report",
-       .text = "计算一张报表",
+       .text = "计算一张报表，或本月的全部报表",
        .parameters = job(
-           {{.name = "NAME", .field = &Asked::report, .text = "报表名称，如 固定资产总账"},
+           {{.name = "NAME",
+             .field = &Asked::report,
+             .text = "报表名称，如 固定资产总账；用 --all 时省去",
+             .optional = true},
+            {.name = "--all",
+             .field = &Asked::all,
+             .text = "全部报表，期间为操作日期所在的月：xlsx 每张一个工作表，pdf 带目录；--out "
+                     "是目录时每张一个文件"},
             {.name = "--condition",
              .field = &Asked::conditions,
              .text = "条件=值，可给出多个：period、period-to、department、category、from-level、to-level、"
@@ -321,6 +336,15 @@ std::vector<Call> jobCalls() {
              .text = "形式",
              .value = "FORMAT",
              .words = {"text", "csv", "html", "xlsx", "pdf"}},
+            {.name = "--page",
+             .field = &Asked::page,
+             .text = "pdf 的纸张和方向",
+             .value = "PAGE",
+             .words = {"a4-landscape", "a4-portrait", "a3-landscape", "a3-portrait"}},
+            {.name = "--money",
+             .field = &Asked::money,
+             .text = "pdf、html、xlsx 中金额带千位分隔符和两位小数；不给出时照报表原样"},
+            {.name = "--bom", .field = &Asked::bom, .text = "csv 以 UTF-8 的字节序标记开头，供电子表格识别"},
             {.name = "--out", .field = &Asked::out, .text = "写入的文件；xlsx 和 pdf 必需", .value = "FILE"},
             {.name = "--force", .field = &Asked::force, .text = "替换已有的文件", .needs = "--out"}}),
        .example = "zelkorctl report 固定资产总账 --set books --format pdf --out ledger.pdf",

@@ -30,6 +30,7 @@ struct Parameter {
       nullptr;                  // returns what is wrong with the value, or nothing
   std::string_view needs = "";  // another option
   With with = With::Both;
+  bool optional = false;  // a place that may be left out
 
   bool isOption() const { return name.starts_with("--"); }
   bool isFlag() const { return std::holds_alternative<bool Asked::*>(field); }

@@ -113,7 +113,7 @@ CLI::Option* CommandLine::addField(CLI::App& app, const Parameter& parameter) {
 
 void CommandLine::addParameter(CLI::App& app, const Parameter& parameter) {
   CLI::Option* option = addField(app, parameter);
-  if (!parameter.isOption()) option->required();
+  if (!parameter.isOption() && !parameter.optional) option->required();
   if (!parameter.isFlag()) option->type_name(std::string(parameter.value));
   if (const std::string text = defaultOf(parameter); !text.empty()) option->default_str(text);
   const auto check = [option](const std::function<std::string(const std::string&)>& problemOf) {

@@ -1,5 +1,7 @@
 #include "apps/zelkorctl/CommandRun.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -37,7 +39,9 @@ int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunCo
   const SystemClock system;
   const FixedClock fixed(job.today.value_or(DateTime{}));
   DbEngine engine;
-  TerminalDialogs dialogs(std::cin, output, job.dialogs);
+  TerminalDialogs::Options options = job.dialogs;
+  if (::isatty(STDERR_FILENO) != 0) options.progress = &std::cerr;
+  TerminalDialogs dialogs(std::cin, output, options);
   RunContext context(engine, dialogs, job.today ? static_cast<const Clock&>(fixed) : system);
   context.programFolder = programFolder();
   writeOutBeforeShowing(context);

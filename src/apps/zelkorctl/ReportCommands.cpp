@@ -1,53 +1,19 @@
 #include "apps/zelkorctl/ReportCommands.h"
 
-#include <filesystem>
-#include <optional>
 #include <ostream>
+#include <utility>
 
 #include "apps/zelkorctl/ReportConditionList.h"
-#include "base/OutputFile.h"
+#include "apps/zelkorctl/ReportFiles.h"
 #include "base/RuntimeError.h"
 #include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
-#include "store/accountset/FilesOfSet.h"
-#ifdef ZELKOR_PAPER
-#include "ui/GridPaper.h"
-#endif
 
 namespace zelkor {
 namespace {
 
+constexpr int kPartlyDone = 1;
 constexpr int kWrongUsage = 2;
-
-using StreamWriter = void (*)(std::ostream& out, const std::string& title, const ReportView& view);
-
-void writePdf([[maybe_unused]] std::ostream& out, [[maybe_unused]] const std::string& title,
-              [[maybe_unused]] const ReportView& view) {
-#ifdef ZELKOR_PAPER
-  printPdf(out, title, captionLines(view), view.grid);
-#else
-  throw RuntimeError(ErrorNumber::OperationNotSupported, "本程序未含 PDF 输出");
-#endif
-}
-
-StreamWriter streamWriter(const std::string& format) {
-  if (format == "csv") return writeCsv;
-  if (format == "html") return writeHtml;
-  if (format == "xlsx") return writeXlsx;
-  if (format == "pdf") return writePdf;
-  return writeText;
-}
-
-/// The file that was asked for, none for the output. A file of the account set is refused under every name.
-std::optional<OutputFile> outputFileOf(const RunContext& context, const ReportOptions& options) {
-  if (options.file.empty()) return std::nullopt;
-  for (const std::string& own : {context.gstrZtFile, context.gstrZkSysFile}) {
-    if (isFileOfSet(options.file, own)) cannotWrite(options.file, "它是账套的数据文件");
-  }
-  return std::optional<OutputFile>(
-      std::in_place, options.file,
-      OutputFile::Options{.replace = options.force, .access = accessOf(context.gstrZtFile)});
-}
 
 void listReports(std::ostream& problems, const std::string& name) {
   problems << "没有报表“" << name << "”，只有：\n";
@@ -58,18 +24,66 @@ bool needsFile(const std::string& format) {
   return format == "xlsx" || format == "pdf";
 }
 
-void writeReport(RunContext& context, const ReportKind& kind, const ReportConditions& conditions,
-                 const ReportOptions& options, std::ostream& output, std::ostream& problems) {
+/// What is wrong with the call, or nothing.
+std::string usageProblem(const ReportOptions& options) {
+  if (!options.all && options.report.empty()) return "缺少 NAME（全部报表用 --all）";
+  if (options.all && !options.report.empty()) return "--all 与报表名称只能给出一个";
+  if (options.all && !needsFile(options.format)) return "--all 的形式只有 xlsx、pdf";
+  if (needsFile(options.format) && options.file.empty()) return options.format + " 要用 --out 指定文件";
+  return {};
+}
+
+/// Nothing for a report that nothing computes.
+std::optional<FinishedReport> computed(RunContext& context, const ReportKind& kind,
+                                       const ReportConditions& conditions) {
   ReportView view;
-  const std::string title(kind.name);
-  std::optional<OutputFile> file = outputFileOf(context, options);
-  if (runReport(context, kind, conditions, view) == ReportOutcome::NothingToShow) {
-    problems << "报表“" << kind.name << "”没有内容\n";
-    return;
-  }
+  if (runReport(context, kind, conditions, view) == ReportOutcome::NothingToShow) return std::nullopt;
   replaceUnwritable(view);
-  streamWriter(options.format)(file ? file->open() : output, title, view);
+  return finishedReport(context, kind, std::move(view));
+}
+
+int writeOne(RunContext& context, const ReportKind& kind, const ReportOptions& options, std::ostream& output,
+             std::ostream& problems) {
+  const ReportConditions conditions = readConditions(context, kind, options.conditions);
+  std::unique_ptr<OutputFile> file;
+  if (!options.file.empty()) file = outputFile(context, options.file, options.force);
+  std::optional<FinishedReport> report = computed(context, kind, conditions);
+  if (!report) {
+    problems << "报表“" << kind.name << "”没有内容\n";
+    return 0;
+  }
+  writeReport(context, std::move(*report), options, file ? file->open() : output);
   if (file) file->finish();
+  return 0;
+}
+
+/// Figures of nothing make some reports divide by zero.
+bool lacksFigures(const RuntimeError& error) {
+  return error.is(ErrorNumber::Overflow) || error.is(ErrorNumber::DivisionByZero);
+}
+
+int writeAll(RunContext& context, const ReportOptions& options, std::ostream& problems) {
+  std::vector<std::pair<const ReportKind*, ReportConditions>> asked;
+  for (const ReportKind& kind : reportKinds()) {
+    if (kind.build) asked.emplace_back(&kind, readMonthConditions(context, kind, options.conditions));
+  }
+  const std::unique_ptr<ReportFiles> files = reportFiles(context, options);
+  std::size_t written = 0;
+  for (const auto& [kind, conditions] : asked) {
+    std::optional<FinishedReport> report;
+    try {
+      report = computed(context, *kind, conditions);
+    } catch (const RuntimeError& error) {
+      if (!lacksFigures(error)) throw;
+      problems << "报表“" << kind->name << "”未写出：" << error.what() << "\n";
+      continue;
+    }
+    files->add(std::move(*report));
+    ++written;
+  }
+  if (written == 0) return kPartlyDone;
+  files->finish();
+  return written == asked.size() ? 0 : kPartlyDone;
 }
 
 /// Without its row the report does not say whose it is.
@@ -82,18 +96,17 @@ void nameUnknownAccount(RunContext& context, std::ostream& problems) {
 
 int reportCommand(const JobRun& job, const ReportOptions& options, std::ostream& output,
                   std::ostream& problems) {
-  const ReportKind* kind = findReport(options.report);
-  if (!kind) return listReports(problems, options.report), kWrongUsage;
-  if (needsFile(options.format) && options.file.empty()) {
-    problems << options.format << " 要用 --out 指定文件\n";
+  if (const std::string problem = usageProblem(options); !problem.empty()) {
+    problems << problem << "\n";
     return kWrongUsage;
   }
+  const ReportKind* kind = findReport(options.report);
+  if (!kind && !options.all) return listReports(problems, options.report), kWrongUsage;
   return inPreparedRun(job, output, [&](RunContext& context) {
     try {
-      const ReportConditions conditions = readConditions(context, *kind, options.conditions);
       nameUnknownAccount(context, problems);
-      writeReport(context, *kind, conditions, options, output, problems);
-      return 0;
+      return options.all ? writeAll(context, options, problems)
+                         : writeOne(context, *kind, options, output, problems);
     } catch (const ConditionRefused& refused) {
       problems << refused.what() << "\n";
       return kWrongUsage;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Format.h"
 #include "reports/ConditionPages.h"
 #include "store/engine/Statement.h"
 
@@ -20,15 +21,24 @@ class ConditionSetter {
 
   void set(std::string_view key, const std::string& value) {
     for (const Setter& setter : setters()) {
-      if (setter.key == key && setter.offered) return (this->*setter.assign)(value);
+      if (setter.key != key) continue;
+      if (setter.offered) return (this->*setter.assign)(value);
+      if (month_) return;
     }
     refuse("报表“" + std::string(kind_.name) + "”没有条件“" + std::string(key) + "”，只有：" + keys());
+  }
+
+  /// From here on all periods are one, and a condition of another report is passed over.
+  void setMonth(const std::string& value) {
+    choose(conditions_.months, value);
+    for (auto& [page, periods] : conditions_.periods) periods = {value, value};
+    month_ = true;
   }
 
   std::string keys() const {
     std::string list;
     for (const Setter& setter : setters()) {
-      if (setter.offered) list += (list.empty() ? "" : "、") + std::string(setter.key);
+      if (setter.offered || month_) list += (list.empty() ? "" : "、") + std::string(setter.key);
     }
     return list;
   }
@@ -77,15 +87,21 @@ class ConditionSetter {
   }
 
   void setPeriod(const std::string& value) {
+    if (month_) return setMonth(value);
     setListed(conditions_.periods[kind_.page].from, conditions_.months, value);
   }
   void setPeriodTo(const std::string& value) {
-    setListed(conditions_.periods[kind_.page].to, conditions_.months, value);
+    choose(conditions_.months, value);
+    for (auto& [page, periods] : conditions_.periods) {
+      if (month_ || page == kind_.page) periods.to = value;
+    }
   }
   void setDepartment(const std::string& code) {
-    conditions_.department = {code, nameOf("fa_Departments", code, "部门")};
+    conditions_.department = chosenEntry(code, nameOf("fa_Departments", code, "部门"));
   }
-  void setType(const std::string& code) { conditions_.type = {code, nameOf("fa_AssetTypes", code, "类别")}; }
+  void setType(const std::string& code) {
+    conditions_.type = chosenEntry(code, nameOf("fa_AssetTypes", code, "类别"));
+  }
   void setFromLevel(const std::string& value) {
     setListed((conditions_.*asked_.levels).from, kOfferedLevels, value);
   }
@@ -116,18 +132,31 @@ class ConditionSetter {
   const ReportKind& kind_;
   const PageConditions& asked_;
   ReportConditions conditions_;
+  bool month_ = false;
 };
+
+void setAll(ConditionSetter& setter, const std::vector<std::string>& assignments) {
+  for (const std::string& assignment : assignments) {
+    const std::size_t equals = assignment.find('=');
+    if (equals == std::string::npos) refuse("条件“" + assignment + "”不是 条件=值 的形式");
+    setter.set(std::string_view(assignment).substr(0, equals), assignment.substr(equals + 1));
+  }
+}
 
 }  // namespace
 
 ReportConditions readConditions(RunContext& run, const ReportKind& kind,
                                 const std::vector<std::string>& assignments) {
   ConditionSetter setter(run, kind);
-  for (const std::string& assignment : assignments) {
-    const std::size_t equals = assignment.find('=');
-    if (equals == std::string::npos) refuse("条件“" + assignment + "”不是 条件=值 的形式");
-    setter.set(std::string_view(assignment).substr(0, equals), assignment.substr(equals + 1));
-  }
+  setAll(setter, assignments);
+  return setter.conditions();
+}
+
+ReportConditions readMonthConditions(RunContext& run, const ReportKind& kind,
+                                     const std::vector<std::string>& assignments) {
+  ConditionSetter setter(run, kind);
+  setter.setMonth(Format(run.gdOpDate, "yyyy.mm"));
+  setAll(setter, assignments);
   return setter.conditions();
 }
 

@@ -1,0 +1,144 @@
+#include "reports/ReportCells.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/Conversion.h"
+#include "base/DateTime.h"
+#include "base/Format.h"
+
+namespace zelkor {
+namespace {
+
+constexpr std::size_t kMostDigits = 15;  // that a spreadsheet's number keeps
+constexpr std::string_view kDateCaption = "日期";
+constexpr std::array<std::string_view, 3> kCounts{"数量", "建筑数", "电机数"};
+constexpr std::array<std::string_view, 4> kTotals{"合计", "总计", "小计", "本期合计"};
+
+bool isDigit(char letter) {
+  return letter >= '0' && letter <= '9';
+}
+
+bool allDigits(std::string_view text) {
+  return std::ranges::all_of(text, isDigit);
+}
+
+/// What stands behind an E, with its sign.
+bool isExponent(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  return !text.empty() && text.size() <= 3 && allDigits(text);
+}
+
+/// A number as reports write it: no blanks, no leading zero but one before the point.
+bool isPlainNumber(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  if (const std::size_t at = text.find('E'); at != std::string_view::npos) {
+    if (!isExponent(text.substr(at + 1))) return false;
+    text = text.substr(0, at);
+  }
+  const std::size_t point = std::min(text.find('.'), text.size());
+  const std::string_view whole = text.substr(0, point);
+  const std::string_view decimals = text.substr(std::min(point + 1, text.size()));
+  const bool leadingZero = whole.size() > 1 && whole.front() == '0';
+  return allDigits(whole) && allDigits(decimals) && !leadingZero && !(whole.empty() && decimals.empty()) &&
+         whole.size() + decimals.size() <= kMostDigits;
+}
+
+std::string_view captionOf(const TextGrid& grid, std::size_t column) {
+  if (grid.headerRows() == 0) return {};
+  return grid.text(grid.headerRows() - 1, column);
+}
+
+bool isCount(const TextGrid& grid, std::size_t column) {
+  return std::ranges::find(kCounts, captionOf(grid, column)) != kCounts.end();
+}
+
+bool holdsNumbers(const TextGrid& grid, std::size_t column) {
+  return grid.alignment(column) != Align::Left || isCount(grid, column);
+}
+
+std::string withoutBlanks(std::string text) {
+  constexpr std::string_view kWideBlank = "　";
+  std::erase(text, ' ');
+  for (std::size_t at = text.find(kWideBlank); at != std::string::npos; at = text.find(kWideBlank, at)) {
+    text.erase(at, kWideBlank.size());
+  }
+  return text;
+}
+
+/// Of the row's cells that are shown the first that has a text; npos without one.
+std::size_t firstFilled(const TextGrid& grid, std::size_t row) {
+  for (std::size_t column = 0; column < grid.columns(); ++column) {
+    if (!grid.columnHidden(column) && !grid.text(row, column).empty()) return column;
+  }
+  return std::string::npos;
+}
+
+/// Numbers alone stand to the right, texts alone not.
+Align alignmentOf(const TextGrid& grid, std::size_t column) {
+  bool numbers = false;
+  bool texts = false;
+  for (std::size_t row = grid.headerRows(); row < grid.rows() && !(numbers && texts); ++row) {
+    if (grid.text(row, column).empty()) continue;
+    (isNumberCell(grid, row, column) ? numbers : texts) = true;
+  }
+  const Align told = grid.alignment(column);
+  if (numbers && !texts) return Align::Right;
+  return texts && !numbers && told == Align::Right ? Align::Left : told;
+}
+
+void dressText(TextGrid& grid, std::size_t row, std::size_t column, bool money) {
+  if (isDateCell(grid, row, column)) {
+    grid.setText(row, column, Format(*parseDate(grid.text(row, column)), "yyyy-mm-dd"));
+  } else if (money && isNumberCell(grid, row, column)) {
+    grid.setText(row, column, Format(Val(grid.text(row, column)), "#,##0.00"));
+  }
+}
+
+void dressTotal(TextGrid& grid, std::size_t row) {
+  for (std::size_t column = 0; column < grid.columns(); ++column) grid.setBold(row, column, true);
+}
+
+}  // namespace
+
+bool isNumberCell(const TextGrid& grid, std::size_t row, std::size_t column) {
+  return row >= grid.headerRows() && holdsNumbers(grid, column) && isPlainNumber(grid.text(row, column));
+}
+
+bool isDateCell(const TextGrid& grid, std::size_t row, std::size_t column) {
+  if (row < grid.headerRows() || !captionOf(grid, column).ends_with(kDateCaption)) return false;
+  const std::string& text = grid.text(row, column);
+  return text.find('-') != std::string::npos && parseDate(text).has_value();
+}
+
+bool holdsAmounts(const TextGrid& grid, std::size_t column) {
+  return holdsNumbers(grid, column) && !isCount(grid, column);
+}
+
+bool isTotalRow(const TextGrid& grid, std::size_t row) {
+  if (row < grid.headerRows()) return false;
+  const std::size_t first = firstFilled(grid, row);
+  if (first == std::string::npos) return false;
+  if (std::ranges::find(kTotals, withoutBlanks(grid.text(row, first))) != kTotals.end()) return true;
+  // A last row of numbers alone is one, too.
+  return row + 1 == grid.rows() && first > 0 && isNumberCell(grid, row, first);
+}
+
+void dressCells(TextGrid& grid, const CellDress& dress) {
+  for (std::size_t column = 0; column < grid.columns(); ++column) {
+    const Align alignment = alignmentOf(grid, column);
+    const bool money = dress.money && holdsAmounts(grid, column);
+    const bool dates = captionOf(grid, column).ends_with(kDateCaption);
+    for (std::size_t row = grid.headerRows(); (money || dates) && row < grid.rows(); ++row) {
+      dressText(grid, row, column, money);
+    }
+    grid.setAlignment(column, alignment);
+  }
+  for (std::size_t row = grid.headerRows(); row < grid.rows(); ++row) {
+    if (isTotalRow(grid, row)) dressTotal(grid, row);
+  }
+}
+
+}  // namespace zelkor

@@ -1,0 +1,97 @@
+#include <ostream>
+
+#include "base/GridSpans.h"
+#include "reports/ReportCells.h"
+#include "reports/ReportExport.h"
+#include "reports/WorkbookParts.h"
+
+namespace zelkor {
+namespace {
+
+// On paper the header rows are repeated, on a telephone the table moves sideways under the first column.
+constexpr std::string_view kStyle =
+    "body{font-family:\"Noto Sans CJK SC\",sans-serif;margin:1.5em;color:#1f2933}"
+    "h1{font-size:1.4em;text-align:center;margin:0 0 .6em}"
+    ".line{display:flex;flex-wrap:wrap;justify-content:space-between;gap:0 2em}"
+    ".table{overflow-x:auto;margin:.6em 0}"
+    "table{border-collapse:collapse;min-width:100%}"
+    "th,td{border:1px solid #b5bcc4;padding:.25em .6em;text-align:left}"
+    "th{background:#eef1f4;text-align:center}"
+    "td{white-space:pre-wrap;min-width:4em}"
+    "td.r{text-align:right;white-space:nowrap;font-variant-numeric:tabular-nums}td.c{text-align:center}"
+    "tr.t td{font-weight:bold}"
+    "tbody td:first-child{position:sticky;left:0;background:#fff}"
+    "@media(max-width:40em){body{margin:.7em;font-size:.9em}}"
+    "@page{size:A4 landscape;margin:12mm}"
+    "@media print{body{margin:0;font-size:9pt}.table{overflow:visible}thead{display:table-header-group}"
+    "tr{break-inside:avoid}tbody td:first-child{position:static}}";
+
+std::size_t visibleColumns(const TextGrid& grid, const CellSpan& span) {
+  std::size_t count = 0;
+  for (std::size_t column = span.firstColumn; column <= span.lastColumn; ++column) {
+    if (!grid.columnHidden(column)) ++count;
+  }
+  return count;
+}
+
+void printHeaderCell(std::ostream& out, const TextGrid& grid, std::size_t row, std::size_t column) {
+  const CellSpan span = shownCells(grid, row, column, 0, grid.headerRows() - 1);
+  if (span.firstRow != row || span.firstColumn != column) return;
+  out << "<th";
+  if (visibleColumns(grid, span) > 1) out << " colspan=\"" << visibleColumns(grid, span) << '"';
+  if (span.lastRow > row) out << " rowspan=\"" << span.lastRow - row + 1 << '"';
+  out << '>' << markupText(grid.text(row, column)) << "</th>";
+}
+
+void printBodyCell(std::ostream& out, const TextGrid& grid, std::size_t row, std::size_t column) {
+  static constexpr const char* kClasses[] = {"", " class=\"c\"", " class=\"r\""};
+  out << "<td" << kClasses[static_cast<int>(grid.alignment(column))] << '>'
+      << markupText(grid.text(row, column)) << "</td>";
+}
+
+void printHtmlRow(std::ostream& out, const TextGrid& grid, std::size_t row) {
+  out << (isTotalRow(grid, row) ? "<tr class=\"t\">" : "<tr>");
+  for (std::size_t column = 0; column < grid.columns(); ++column) {
+    if (grid.columnHidden(column)) continue;
+    if (row < grid.headerRows()) {
+      printHeaderCell(out, grid, row, column);
+    } else {
+      printBodyCell(out, grid, row, column);
+    }
+  }
+  out << "</tr>\n";
+}
+
+void printMarginLine(std::ostream& out, const MarginLine& line) {
+  out << "<div class=\"line\">";
+  for (const std::string* text : {&line.left, &line.centre, &line.right}) {
+    if (!text->empty()) out << "<span>" << markupText(*text) << "</span>";
+  }
+  out << "</div>\n";
+}
+
+void printTable(std::ostream& out, const TextGrid& grid) {
+  out << "<div class=\"table\"><table>\n<thead>\n";
+  for (std::size_t row = 0; row < grid.rows(); ++row) {
+    if (row == grid.headerRows()) out << "</thead>\n<tbody>\n";
+    if (!grid.rowHidden(row)) printHtmlRow(out, grid, row);
+  }
+  if (grid.rows() <= grid.headerRows()) out << "</thead>\n<tbody>\n";
+  out << "</tbody>\n</table></div>\n";
+}
+
+}  // namespace
+
+void writeHtml(std::ostream& out, FinishedReport report, bool money) {
+  dressCells(report.view.grid, {.money = money});
+  const std::string title = markupText(report.heading.title);
+  out << "<!DOCTYPE html>\n<html lang=\"zh-CN\"><head><meta charset=\"utf-8\">"
+         "<meta name=\"viewport\" content=\"width=device-width,initial-scale=1\"><title>"
+      << title << "</title><style>" << kStyle << "</style></head>\n<body><h1>" << title << "</h1>\n";
+  for (const MarginLine& line : report.heading.head()) printMarginLine(out, line);
+  printTable(out, report.view.grid);
+  printMarginLine(out, report.heading.foot());
+  out << "</body></html>\n";
+}
+
+}  // namespace zelkor

@@ -169,8 +169,16 @@ void nameControls(QWidget& window) {
 
 void tabAsOneReads(QWidget& window) {
   if (!window.layout()) return;
-  const Widgets order = inOrder(*window.layout());
-  for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+  Widgets order = inOrder(*window.layout());
+  for (QWidget* over : childrenOf(window)) {  // what lies over the layout
+    if (takesTab(*over) && std::ranges::find(order, over) == order.end()) order.push_back(over);
+  }
+  // From the window on, or the last control and the first one would pass for neighbours in their order.
+  QWidget* before = &window;
+  for (QWidget* control : order) {
+    QWidget::setTabOrder(before, control);
+    before = control;
+  }
 }
 
 }  // namespace zelkor

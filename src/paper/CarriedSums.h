@@ -18,7 +18,7 @@ class CarriedSums {
   void add(std::size_t row);
   /// The texts by column, as the cells would show them.
   std::vector<std::string> texts() const;
-  /// A text that is no narrower than any that may come to stand in the column.
+  /// A text that is no narrower than any that may come into the column.
   std::string widest(std::size_t column) const;
 
  private:

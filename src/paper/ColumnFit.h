@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-// Which columns of a table stand on which page, how wide and in which size of letters.
+// Which columns of a table are on which page, how wide and in which size of letters.
 namespace zelkor {
 
 /// What a column needs, as multiples of the letters' size, its margins included.

@@ -7,7 +7,7 @@
 // A page of paper as a value: what stands where. A PDF document and a printer draw the same pages.
 namespace zelkor {
 
-/// In points (1/72 inch), as all that stands on a page.
+/// In points (1/72 inch), as all that is on a page.
 struct PageSize {
   double width = 0;
   double height = 0;

@@ -125,7 +125,7 @@ std::string PagedTable::pageNumber(std::size_t number) const {
 void PagedTable::setMargins() {
   head_ = setTitle(table_.title, setLines(table_.head, size_.width, kMarginSize, widths_), size_.width,
                    kTitleSize, widths_);
-  // The widest number that could come to stand there is measured, so that all pages are alike.
+  // The widest number that could come there is measured, so that all pages are alike.
   MarginLine foot = table_.foot;
   foot.centre = "第 0000000 页 共 0000000 页（横向第 000 幅，共 000 幅）";
   foot_ = setLines(std::span(&foot, 1), size_.width, kMarginSize, widths_);

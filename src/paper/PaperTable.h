@@ -16,7 +16,7 @@ struct MarginLine {
   std::string right;
 };
 
-/// What stands in a column where a ledger goes on overleaf.
+/// What is in a column where a ledger goes on overleaf.
 enum class CarriedOver : std::uint8_t {
   Nothing,
   Sum,  // of the lines so far
@@ -27,7 +27,7 @@ enum class CarriedOver : std::uint8_t {
 struct PaperTable {
   std::string title;
   std::vector<MarginLine> head;
-  MarginLine foot;  // the page's number stands in the middle
+  MarginLine foot;  // the page's number is in the middle
   TextGrid grid;
   std::vector<CarriedOver> carried;  // by column; without any nothing is carried over
   std::size_t carriedLabel = 0;      // the column in which that is said

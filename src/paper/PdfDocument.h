@@ -13,8 +13,8 @@
 
 namespace zelkor {
 
-/// A PDF document that is written from front to end, into pipes too. What the stream refuses is told by the
-/// stream.
+/// A PDF document that is written from front to end, into pipes too. What the stream refuses is reported by
+/// the stream.
 class PdfDocument {
  public:
   /// Error 57 where the font is not installed; nothing is written then.

@@ -26,7 +26,7 @@ struct Piece {
   std::size_t inked = 0;
   double width = 0;
   double inkedWidth = 0;
-  bool endsLine = false;  // by a line break, which is behind it
+  bool endsLine = false;  // by a line break, which is after it
   std::size_t breakLength = 0;
 };
 
@@ -65,7 +65,7 @@ std::size_t fittingLength(std::string_view text, double width, Face face, TextWi
   return length;
 }
 
-/// Fills lines with pieces, one behind the other.
+/// Fills lines with pieces, one after the other.
 class LineFiller {
  public:
   LineFiller(std::string_view text, double width, Face face, TextWidths& widths)

@@ -25,7 +25,7 @@ bool allDigits(std::string_view text) {
   return std::ranges::all_of(text, isDigit);
 }
 
-/// What stands behind an E, with its sign.
+/// What follows an E, with its sign.
 bool isExponent(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   return !text.empty() && text.size() <= 3 && allDigits(text);

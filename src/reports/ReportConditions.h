@@ -36,7 +36,7 @@ struct ChosenEntry {
   std::string name;
 };
 
-/// The entry of an archive that was picked by that name: what stands before the name's first blank is taken
+/// The entry of an archive that was picked by that name: what comes before the name's first blank is taken
 /// for its code and left out.
 ChosenEntry chosenEntry(std::string code, const std::string& name);
 

@@ -20,7 +20,7 @@ struct PaperOptions {
 /// The report as a table for paper, dressed and with what ledgers carry over.
 PaperTable paperTable(FinishedReport report, bool money);
 
-/// A PDF document of reports, each on pages numbered for itself. What the stream refuses is told by the
+/// A PDF document of reports, each on pages numbered for itself. What the stream refuses is reported by the
 /// stream.
 class ReportPdf {
  public:

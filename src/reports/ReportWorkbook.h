@@ -15,7 +15,7 @@ struct WorkbookOptions {
 };
 
 /// A workbook with a sheet for each report: numbers as numbers, dates as dates, all else as text, header rows
-/// frozen and on every page. What the stream refuses is told by the stream; error 57 for a report that is
+/// frozen and on every page. What the stream refuses is reported by the stream; error 57 for a report that is
 /// larger than a sheet may be.
 class Workbook {
  public:

@@ -26,7 +26,7 @@ struct WorkbookPart {
 
 struct WorkbookSheet {
   std::string name;
-  std::size_t firstHeader = 0;  // rows that stand on every page, from 1; none where the last is before
+  std::size_t firstHeader = 0;  // rows that are on every page, from 1; none where the last is before
   std::size_t lastHeader = 0;
   std::string filter = {};  // the cells of a list, "$A$5:$K$90"; empty for what is none
   bool wide = false;        // goes on on pages beside, which begin with the first column
@@ -42,9 +42,9 @@ struct SheetMargins {
 std::vector<WorkbookPart> workbookParts(const std::vector<WorkbookSheet>& sheets);
 /// The place of a sheet, from 0, in the workbook.
 std::string sheetPart(std::size_t sheet);
-/// What stands in a sheet before its columns; the rows up to `lastHeader` stay in sight.
+/// The content of a sheet before its columns; the rows up to `lastHeader` stay in sight.
 std::string sheetBeginning(const WorkbookSheet& sheet, bool selected);
-/// What stands in a sheet behind its rows and merged cells: landscape on A4, as wide as the page unless the
+/// The content of a sheet after its rows and merged cells: landscape on A4, as wide as the page unless the
 /// sheet is wide.
 std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins);
 /// Three texts for the margin of a page; what would be a code there is none.

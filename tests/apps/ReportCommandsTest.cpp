@@ -191,7 +191,7 @@ TEST_F(ReportCommandsTest, RefusesCallsThatContradictThemselves) {
   }
 }
 
-/// As in the window, where a name follows its code behind a blank.
+/// As in the window, where a name follows its code after a blank.
 TEST_F(ReportCommandsTest, TakesANameFromBehindItsFirstBlank) {
   execute("update fa_Departments set sName='生产 一 部' where sNum='3'");
   engine.flush();

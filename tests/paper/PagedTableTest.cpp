@@ -73,7 +73,7 @@ double right(const PlacedText& text, TextWidths& widths) {
   return text.x + widths.of(text.text, text.face) * text.size;
 }
 
-/// Everything stands between the margins, is large enough to be read, and nothing lies upon anything else.
+/// Everything is between the margins, is large enough to be read, and nothing lies upon anything else.
 void expectReadable(const Page& page, PageSize size, TextWidths& widths) {
   std::map<long, std::map<double, double>> lines;  // texts by their ends, by base line
   for (const PlacedText& text : page.texts) {

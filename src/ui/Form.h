@@ -128,7 +128,6 @@ class Form : public QWidget {
   bool enterOn(QObject* control);
   bool pickKey(QObject* field, const QKeyEvent& key);
   void moveOnFrom(QWidget& field);
-  static void focusEntered(QWidget& control);
   void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;

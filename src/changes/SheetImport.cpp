@@ -99,10 +99,12 @@ void endIfFailed(const std::optional<RuntimeError>& failure) {
   if (failure && endsImport(*failure)) throw *failure;
 }
 
-/// The failure that ends the import is the one to report.
-void rollBackIfPossible(Workspace& workspace) {
+/// The failure that ends the import is the one to report. What it has undone was no sheet that was told as
+/// saved, so that the next flush need not speak of it.
+void rollBackIfPossible(DbEngine& engine) {
   try {
-    rollBackIfOpen(workspace);
+    rollBackIfOpen(engine.workspace());
+    engine.flush();
   } catch (const RuntimeError&) {  // the connection may be what failed
   }
 }
@@ -116,7 +118,7 @@ RowEnd SheetImport::save(const SheetRow& row) {
     end = saveByKind(row);
   } catch (const RuntimeError& error) {
     if (endsImport(error)) {
-      rollBackIfPossible(workspace);
+      rollBackIfPossible(context_.engine);
       throw;
     }
     end = refused(failureText(row, error.what()));

@@ -96,7 +96,7 @@ TEST_F(RunMonthDeprTest, showsListAndTableBetweenItsMessages) {
   RunContext slow(engine, dialogs, ticking);
   slow.dbZKData = context.dbZKData;
   slow.gdOpDate = context.gdOpDate;
-  expectWholeRun(dialogs, Answer::Yes, "2020年06月01日 09时00分07秒", "2020年06月01日 09时02分07秒");
+  expectWholeRun(dialogs, Answer::Yes, "2020年06月01日 09时00分07秒", "2020年06月01日 09时01分07秒");
   std::vector<std::string> shown;
   const auto show = [&](const char* what) {
     shown.push_back(sql(what, " after box ", dialogs.boxes().size()));

@@ -44,8 +44,7 @@ class ServerResultTest : public StoreTest {
 
   static constexpr const char* kKeyed = "select lN from n order by lN";
   static constexpr const char* kUnited = "select lN from n where lN<2 union all select lN from n where lN>=2";
-  static constexpr const char* kFailing =
-      "select lN, 1/(lN-3500) from n where lN<2 union all select lN, 1/(lN-3500) from n where lN>=2";
+  static constexpr const char* kFailing = "select lN+0/(lN-3500) from n";
 };
 
 TEST_F(ServerResultTest, ALongWalkSeesEveryRowWhateverRunsMeanwhile) {
@@ -114,7 +113,7 @@ TEST_F(ServerResultTest, ARowThatCannotBeReadFailsTheMoveThatReachesIt) {
                   if (readMeanwhile && n == 500) cell("select max(lN) from n");
                 });
               }),
-              11);
+              6);
     EXPECT_EQ(set.Fields(0).number(), 3499);
   }
 }
@@ -129,7 +128,7 @@ TEST_F(ServerResultTest, SuchAFailureUndoesNothingOfATransaction) {
                   if (readMeanwhile && n == 500) cell("select max(lN) from n");
                 });
               }),
-              11);
+              6);
     db.Execute("insert into n (lN) values (5000)");
     engine.workspace().CommitTrans();
     EXPECT_EQ(cell("select count(*) from n where lN=5000"), readMeanwhile ? "2" : "1");

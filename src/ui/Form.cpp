@@ -210,15 +210,12 @@ bool Form::event(QEvent* event) {
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (isEnter(*event) && default_ && default_->isEnabled() && default_->isVisible()) return default_->click();
-  if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
 }
 
 void Form::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  nameControls(*this);
-  if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
   if (!default_) setDefaultButton(agreement(*this));
   nameControls(*this);
   if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);

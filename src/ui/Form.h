@@ -124,7 +124,6 @@ class Form : public QWidget {
 
  private:
   void adopt(QWidget& control);
-  static void focusEntered(QWidget& control);
   bool enterOn(QObject* control);
   bool pickKey(QObject* field, const QKeyEvent& key);
   void moveOnFrom(QWidget& field);

@@ -173,12 +173,16 @@ void tabAsOneReads(QWidget& window) {
   for (QWidget* over : childrenOf(window)) {  // what lies over the layout
     if (takesTab(*over) && std::ranges::find(order, over) == order.end()) order.push_back(over);
   }
-  // From the window on, or the last control and the first one would pass for neighbours in their order.
+  // From the window on, or the last control and the first one would pass for neighbours in their order. What
+  // takes no focus has no place in it.
+  const Qt::FocusPolicy policy = window.focusPolicy();
+  window.setFocusPolicy(Qt::TabFocus);
   QWidget* before = &window;
   for (QWidget* control : order) {
     QWidget::setTabOrder(before, control);
     before = control;
   }
+  window.setFocusPolicy(policy);
 }
 
 }  // namespace zelkor

@@ -9,8 +9,6 @@
 namespace zelkor {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 void printCsvLine(std::ostream& out, const TextGrid& grid, std::size_t row) {
   const char* separator = "";
   for (std::size_t column = 0; column < grid.columns(); ++column) {

@@ -124,10 +124,10 @@ class Form : public QWidget {
 
  private:
   void adopt(QWidget& control);
+  static void focusEntered(QWidget& control);
   bool enterOn(QObject* control);
   bool pickKey(QObject* field, const QKeyEvent& key);
   void moveOnFrom(QWidget& field);
-  static void focusEntered(QWidget& control);
   void connectCommand(QAction* action, const Command& command, const std::function<void()>& before);
 
   FormHost& host_;

@@ -146,8 +146,8 @@ TEST_F(ReportCommandsTest, WritesAllReportsOfTheMonth) {
         EXPECT_EQ(outcome.status, lacking ? 1 : 0) << outcome.problems;
         EXPECT_EQ(outcome.problems.find("报表“固定资产使用状况分析表”未写出") != std::string::npos, lacking);
       }
-      const auto files = std::distance(fs::directory_iterator(file("filed")), fs::directory_iterator());
-      EXPECT_EQ(files, lacking ? 13 : 14);
+      const auto written = std::distance(fs::directory_iterator(file("filed")), fs::directory_iterator());
+      EXPECT_EQ(written, lacking ? 13 : 14);
       EXPECT_TRUE(fs::exists(file("filed") / ("(单个)固定资产明细账." + format)));
       EXPECT_TRUE(readFile(file("all")).starts_with(format == "pdf" ? "%PDF" : "PK"));
       fs::remove(file("all"));

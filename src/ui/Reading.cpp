@@ -173,8 +173,8 @@ void tabAsOneReads(QWidget& window) {
   for (QWidget* over : childrenOf(window)) {  // what lies over the layout
     if (takesTab(*over) && std::ranges::find(order, over) == order.end()) order.push_back(over);
   }
-  // The order is a ring: unless the window itself takes the focus, its last control and its first one pass for
-  // neighbours and stay where they are.
+  // From the window on, or the last control and the first one would pass for neighbours in their order. What
+  // takes no focus has no place in it.
   const Qt::FocusPolicy policy = window.focusPolicy();
   window.setFocusPolicy(Qt::TabFocus);
   QWidget* before = &window;

@@ -61,10 +61,9 @@ class ClsBLLFACards : public BusinessClass {
   Recordset GetCard(std::string_view cardID);
 
  private:
-  std::string GetNewCardID();
-  std::int32_t nextOptID();
-  void replaceMethodName(CardValues& values);
-  void writeNewCard(const CardEntry& card, NewCardType type, const std::string& cardID);
+  /// What is read for a new card: keys, subject, and the method's sID for its name.
+  void readForNewCard(CardValues& values, NewCardKeys& keys, CardSubject& subject);
+  void writeNewCard(const CardEntry& card, const NewCardKeys& keys);
 
   const RunContext& context_;
 };

@@ -170,7 +170,7 @@ bool Form::enterOn(QObject* control) {
 bool Form::pickKey(QObject* field, const QKeyEvent& key) {
   const auto pick = picks_.find(field);
   if (pick == picks_.end() || !pick->second->isVisible()) return false;
-  const bool begins = qobject_cast<QLabel*>(field) && writesText(key);
+  const bool begins = field->property("picked").toBool() && writesText(key);
   if (key.key() != Qt::Key_F2 && !begins) return false;
   if (begins) host_.seek(key.text());
   pick->second->click();

@@ -218,6 +218,7 @@ void Form::showEvent(QShowEvent* event) {
   if (!default_) setDefaultButton(agreement(*this));
   nameControls(*this);
   if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
+  setAttribute(Qt::WA_KeyboardFocusChange);  // where the keyboard works is seen before the first key
 }
 
 void Form::closeEvent(QCloseEvent* event) {

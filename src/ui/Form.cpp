@@ -209,6 +209,7 @@ bool Form::event(QEvent* event) {
 
 void Form::keyPressEvent(QKeyEvent* event) {
   if (isEnter(*event) && default_ && default_->isEnabled() && default_->isVisible()) return default_->click();
+  if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
 }

@@ -112,6 +112,7 @@ QLineEdit, QPlainTextEdit, QTextEdit {
 }
 QLineEdit:focus, QPlainTextEdit:focus { border-color: #2f6fb2; }
 QLineEdit:disabled, QLineEdit:read-only { background: #f0f2f4; color: #5b6773; }
+QLineEdit[picked="true"]:!read-only { background: #eaf2fb; }
 QComboBox { min-height: 23px; }
 QPushButton {
   border: 1px solid #b9c3cd; border-radius: 3px; padding: 4px 16px; background: #f8fafb; min-height: 19px;

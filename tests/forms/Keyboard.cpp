@@ -77,16 +77,30 @@ void strikeOnServer(const std::string& keys) {
   }
 }
 
+QWindow* windowWithKeyboard(const QWidget& window) {
+  if (const QWidget* modal = QApplication::activeModalWidget()) return modal->windowHandle();
+  return QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : window.windowHandle();
+}
+
 void strikeHere(QWidget& window, const std::string& keys) {
-  QWindow* target = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : window.windowHandle();
+  QWindow* target = windowWithKeyboard(window);
   if (!keys.starts_with('"')) {
     const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
     const bool back = key == (Qt::SHIFT | Qt::Key_Tab);
     return QTest::keyClick(target, back ? Qt::Key_Backtab : key.key(), key.keyboardModifiers());
   }
-  for (const QChar letter : QString::fromStdString(keys.substr(1, keys.size() - 2)))
-    QTest::sendKeyEvent(QTest::Click, target, static_cast<Qt::Key>(letter.toUpper().unicode()),
-                        QString(letter), Qt::NoModifier);
+  // Nobody waits for the window that a letter opens: the next ones have been struck by then.
+  const QString letters = QString::fromStdString(keys.substr(1, keys.size() - 2));
+  auto left = letters.size();
+  for (const QChar letter : letters) {
+    const auto send = [&left, &window, letter] {
+      --left;
+      QTest::sendKeyEvent(QTest::Click, windowWithKeyboard(window),
+                          static_cast<Qt::Key>(letter.toUpper().unicode()), QString(letter), Qt::NoModifier);
+    };
+    QMetaObject::invokeMethod(qApp, send, Qt::QueuedConnection);
+  }
+  while (left > 0) QApplication::processEvents();
 }
 
 /// The key that gives this answer.

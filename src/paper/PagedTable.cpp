@@ -25,8 +25,9 @@ constexpr double kFewestLines = 3;  // of a body, however high its header is
 constexpr double kTwipsPerPoint = 20;
 constexpr double kTolerance = 1e-6;
 
+/// Rows of totals are bold.
 Face faceOf(const TextGrid& grid, std::size_t row, std::size_t column) {
-  return grid.bold(row, column) ? Face::Bold : Face::Regular;
+  return grid.isTotal(row) || grid.bold(row, column) ? Face::Bold : Face::Regular;
 }
 
 bool isOneLine(const std::string& text, double width, Face face, TextWidths& widths) {

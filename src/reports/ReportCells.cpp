@@ -15,7 +15,6 @@ namespace {
 constexpr std::size_t kMostDigits = 15;  // that a spreadsheet's number keeps
 constexpr std::string_view kDateCaption = "日期";
 constexpr std::array<std::string_view, 3> kCounts{"数量", "建筑数", "电机数"};
-constexpr std::array<std::string_view, 4> kTotals{"合计", "总计", "小计", "本期合计"};
 
 bool isDigit(char letter) {
   return letter >= '0' && letter <= '9';
@@ -59,23 +58,6 @@ bool holdsNumbers(const TextGrid& grid, std::size_t column) {
   return grid.alignment(column) != Align::Left || isCount(grid, column);
 }
 
-std::string withoutBlanks(std::string text) {
-  constexpr std::string_view kWideBlank = "　";
-  std::erase(text, ' ');
-  for (std::size_t at = text.find(kWideBlank); at != std::string::npos; at = text.find(kWideBlank, at)) {
-    text.erase(at, kWideBlank.size());
-  }
-  return text;
-}
-
-/// Of the row's cells that are shown the first that has a text; npos without one.
-std::size_t firstFilled(const TextGrid& grid, std::size_t row) {
-  for (std::size_t column = 0; column < grid.columns(); ++column) {
-    if (!grid.columnHidden(column) && !grid.text(row, column).empty()) return column;
-  }
-  return std::string::npos;
-}
-
 /// Numbers alone stand to the right, texts alone not.
 Align alignmentOf(const TextGrid& grid, std::size_t column) {
   bool numbers = false;
@@ -97,10 +79,6 @@ void dressText(TextGrid& grid, std::size_t row, std::size_t column, bool money) 
   }
 }
 
-void dressTotal(TextGrid& grid, std::size_t row) {
-  for (std::size_t column = 0; column < grid.columns(); ++column) grid.setBold(row, column, true);
-}
-
 }  // namespace
 
 bool isNumberCell(const TextGrid& grid, std::size_t row, std::size_t column) {
@@ -117,15 +95,6 @@ bool holdsAmounts(const TextGrid& grid, std::size_t column) {
   return holdsNumbers(grid, column) && !isCount(grid, column);
 }
 
-bool isTotalRow(const TextGrid& grid, std::size_t row) {
-  if (row < grid.headerRows()) return false;
-  const std::size_t first = firstFilled(grid, row);
-  if (first == std::string::npos) return false;
-  if (std::ranges::find(kTotals, withoutBlanks(grid.text(row, first))) != kTotals.end()) return true;
-  // A last row of numbers alone is one, too.
-  return row + 1 == grid.rows() && first > 0 && isNumberCell(grid, row, first);
-}
-
 void dressCells(TextGrid& grid, const CellDress& dress) {
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     const Align alignment = alignmentOf(grid, column);
@@ -135,9 +104,6 @@ void dressCells(TextGrid& grid, const CellDress& dress) {
       dressText(grid, row, column, money);
     }
     grid.setAlignment(column, alignment);
-  }
-  for (std::size_t row = grid.headerRows(); row < grid.rows(); ++row) {
-    if (isTotalRow(grid, row)) dressTotal(grid, row);
   }
 }
 

@@ -50,7 +50,7 @@ void printBodyCell(std::ostream& out, const TextGrid& grid, std::size_t row, std
 }
 
 void printHtmlRow(std::ostream& out, const TextGrid& grid, std::size_t row) {
-  out << (isTotalRow(grid, row) ? "<tr class=\"t\">" : "<tr>");
+  out << (grid.isTotal(row) ? "<tr class=\"t\">" : "<tr>");
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     if (grid.columnHidden(column)) continue;
     if (row < grid.headerRows()) {

@@ -127,7 +127,7 @@ class SheetWriter {
     if (!ledger_ || columns_.empty() || grid_.headerRows() == 0) return {};
     std::size_t last = 0;
     for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
-      if (!grid_.rowHidden(row) && !isTotalRow(grid_, row)) ++last;
+      if (!grid_.rowHidden(row) && !grid_.isTotal(row)) ++last;
     }
     if (last == 0) return {};
     return fixed + "A" + fixed + std::to_string(lastHeader()) + ":" + fixed + columns_.back().letters +
@@ -190,7 +190,7 @@ class SheetWriter {
   }
 
   void writeRow(std::size_t row) {
-    const bool total = isTotalRow(grid_, row);
+    const bool total = grid_.isTotal(row);
     beginRow();
     for (const Column& column : columns_) writeCell(row, column, total);
     endRow();

@@ -158,7 +158,7 @@ TEST(PagedTableTest, CarriesLedgersOver) {
   PaperTable table = amounts(3, 0, "");
   for (int i = 1; i <= 60; ++i) table.grid.addRow({"甲", "100000000.1", std::to_string(i)});
   table.grid.addRow({"合计", "6", "60"});
-  for (std::size_t i = 0; i < 3; ++i) table.grid.setBold(table.grid.rows() - 1, i, true);
+  table.grid.setTotal(table.grid.rows() - 1);
   table.carried = {CarriedOver::Nothing, CarriedOver::Sum, CarriedOver::Last};
   TextWidths widths = plainWidths();
   const PagedTable paged(table, {}, widths);

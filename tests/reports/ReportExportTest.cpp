@@ -168,7 +168,7 @@ TEST(ReportExportTest, WritesASheetForEachReport) {
   lines.view.grid = TextGrid(0, 2);
   lines.view.grid.addRow({"日期", "原值"});
   lines.view.grid.addRow({"2020-1-31", "1.5E-05"});
-  lines.view.grid.addRow({"合计", "123456789012.5"});
+  lines.view.grid.setTotal(lines.view.grid.addRow({"合计", "123456789012.5"}));
   lines.view.grid.setHeaderRows(1);
   lines.view.grid.setAlignment(1, Align::Right);
   FinishedReport wide = sampleReport("一览");

@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t kMostDigits = 15;  // that a spreadsheet's number keeps
 constexpr std::string_view kDateCaption = "日期";
 constexpr std::array<std::string_view, 3> kCounts{"数量", "建筑数", "电机数"};
+constexpr std::string_view kDepartment = "使用部门";  // a name, wherever it stands
 
 bool isDigit(char letter) {
   return letter >= '0' && letter <= '9';
@@ -55,6 +56,7 @@ bool isCount(const TextGrid& grid, std::size_t column) {
 }
 
 bool holdsNumbers(const TextGrid& grid, std::size_t column) {
+  if (captionOf(grid, column) == kDepartment) return false;
   return grid.alignment(column) != Align::Left || isCount(grid, column);
 }
 
@@ -79,6 +81,15 @@ void dressText(TextGrid& grid, std::size_t row, std::size_t column, bool money) 
   }
 }
 
+/// An upper caption without one below it is that of the whole column.
+void fillCaptions(TextGrid& grid) {
+  for (std::size_t row = 1; row < grid.headerRows(); ++row) {
+    for (std::size_t column = 0; column < grid.columns(); ++column) {
+      if (grid.text(row, column).empty()) grid.setText(row, column, grid.text(row - 1, column));
+    }
+  }
+}
+
 }  // namespace
 
 bool isNumberCell(const TextGrid& grid, std::size_t row, std::size_t column) {
@@ -96,6 +107,7 @@ bool holdsAmounts(const TextGrid& grid, std::size_t column) {
 }
 
 void dressCells(TextGrid& grid, const CellDress& dress) {
+  fillCaptions(grid);
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     const Align alignment = alignmentOf(grid, column);
     const bool money = dress.money && holdsAmounts(grid, column);

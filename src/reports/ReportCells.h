@@ -17,7 +17,8 @@ struct CellDress {
   bool money = false;  // amounts with two decimals and separated thousands
 };
 
-/// Dates become yyyy-mm-dd, columns of numbers stand to the right.
+/// Dates become yyyy-mm-dd, columns of numbers stand to the right, and a caption takes the empty cell below
+/// it.
 void dressCells(TextGrid& grid, const CellDress& dress);
 
 }  // namespace zelkor

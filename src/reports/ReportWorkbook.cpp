@@ -105,8 +105,7 @@ class SheetWriter {
       out_.write("<autoFilter ref=\"" + cells + "\"/>");
     }
     writeMerges();
-    out_.write(sheetEnd(described, {marginText(joined(heading_.account, heading_.unit), "", heading_.period),
-                                    marginText(heading_.preparedBy, "第 &P 页 共 &N 页", heading_.printed)}));
+    out_.write(sheetEnd(described, margins()));
   }
 
  private:
@@ -118,6 +117,12 @@ class SheetWriter {
 
   static std::string joined(const std::string& one, const std::string& other) {
     return one + (one.empty() || other.empty() ? "" : "　　") + other;
+  }
+
+  SheetMargins margins() const {
+    return {marginTexts(marginText(joined(heading_.account, heading_.unit)), marginText(heading_.title),
+                        marginText(heading_.period)),
+            marginTexts(marginText(heading_.preparedBy), "第 &P 页 共 &N 页", marginText(heading_.printed))};
   }
 
   std::size_t lastHeader() const { return captions_.size() + grid_.headerRows(); }

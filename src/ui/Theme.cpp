@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QLibraryInfo>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QTranslator>
 
 namespace zelkor {
 namespace {
@@ -168,6 +170,14 @@ QLineEdit[over="true"]:read-only { background: #eaf2fb; }
 QPushButton[pick="true"][over="true"] { min-height: 0; padding: 0; }
 )";
 
+/// The texts of the window system's own dialogs and menus.
+void speakChinese(QApplication& application) {
+  auto* texts = new QTranslator(&application);
+  if (texts->load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(texts);
+  }
+}
+
 }  // namespace
 
 void ignoreDesktopSettings() {
@@ -178,6 +188,7 @@ void applyTheme(QApplication& application) {
   QApplication::setStyle(new OwnStyle);
   new OwnLook(application);
   application.setStyleSheet(kStyleSheet);
+  speakChinese(application);
 }
 
 }  // namespace zelkor

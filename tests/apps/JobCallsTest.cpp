@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <nlohmann/json.hpp>
+
 #include "apps/JobTest.h"
 
 // The jobs of the administrator's tool: their status, and what they print where.
@@ -51,6 +53,17 @@ TEST_F(JobCallsTest, SheetsTellEveryRow) {
   EXPECT_EQ(again.output,
             "第2行 卡片 00001 使用年限调整：变动单 00001，以前已保存，不再保存\n第3行 卡片 00002 "
             "使用年限调整：变动单 00002\n共 2 行：已保存 1 行，以前已保存 1 行，拒绝 0 行\n");
+}
+
+TEST_F(JobCallsTest, TheMonthIsToldToPersonsAndScripts) {
+  const ProgramResult told = ctl({"status", "--set", home / "set"});
+  EXPECT_EQ(told.status, 0) << told.errors;
+  EXPECT_THAT(told.output, AllOf(HasSubstr("2020年1月，下一步：制单（待制 1 笔 284.40）。"),
+                                 HasSubstr("→ 制单"), HasSubstr("36,000.00")));
+  const auto status = nlohmann::json::parse(ctl({"status", arguments("25"), "--json"}).output);
+  EXPECT_EQ(status["next"], "vouchers");
+  EXPECT_EQ(status["figures"]["depreciation"], 284.4);
+  EXPECT_EQ(status["steps"][5]["commands"], (nlohmann::json{8, 19, 9}));
 }
 
 TEST_F(JobCallsTest, WorkIsTakenInFromAFile) {

@@ -38,6 +38,7 @@ class YearBooks {
   void logIn(const std::string& operatingDate, const std::string& systemTime = "");
   int period() const { return context_.period(); }
   Database& db() { return context_.dbZKData; }
+  const RunContext& run() const { return context_; }
   void execute(const std::string& statement) { db().Execute(statement); }
   std::vector<std::string> rows(const std::string& query) { return rowsOf(db().OpenRecordset(query)); }
   /// The only cell of the only row.

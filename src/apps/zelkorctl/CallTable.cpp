@@ -9,6 +9,7 @@
 #include "apps/zelkorctl/ImportCommand.h"
 #include "apps/zelkorctl/JobArguments.h"
 #include "apps/zelkorctl/ReportCommands.h"
+#include "apps/zelkorctl/StatusCommand.h"
 #include "apps/zelkorctl/VoucherCommands.h"
 #include "base/Text.h"
 
@@ -113,6 +114,10 @@ int report(const Asked& asked, std::ostream& output, std::ostream& problems) {
                         .all = asked.all,
                         .force = asked.force},
                        output, problems);
+}
+
+int status(const Asked& asked, std::ostream& output, std::ostream&) {
+  return statusCommand(jobOf(asked, 25), asked.json, output);
 }
 
 int sql(const Asked& asked, std::ostream& output, std::ostream&) {
@@ -267,6 +272,11 @@ std::vector<Call> jobCalls() {
            {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件：卡片编号,本月工作量"}}),
        .example = "zelkorctl workload import work.csv --set books",
        .run = importWork},
+      {.name = "status",
+       .text = "显示本月各步骤做到哪里、下一步是什么，以及原值、累计折旧、净值、本月折旧",
+       .parameters = job({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"}}),
+       .example = "zelkorctl status --set books",
+       .run = status},
       {.name = "run",
        .text = "在终端中执行批处理运行类型：8 计提折旧，20 月末结账，21 对账，23 重新初始化",
        .parameters = job({{.name = "RUNTYPE",

@@ -77,6 +77,8 @@ class Engine {
   /// Takes the lock by which an account set has one job at a time, unless somebody else holds it. Waits for
   /// nobody, and keeps nobody from reading and writing.
   virtual JobLockAttempt lockForJob(const JobNote& note) = 0;
+  /// What is known of the holder of that lock, which is not touched; nothing where nobody holds it.
+  virtual std::optional<JobNote> jobHolder() = 0;
 
   /// Rows touched by the last statement that wrote.
   virtual long changes() const = 0;

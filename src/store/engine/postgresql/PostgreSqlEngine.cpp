@@ -81,6 +81,10 @@ JobLockAttempt PostgreSqlEngine::lockForJob(const JobNote& note) {
   return lockSchemaForJob(link_, schema_, note);
 }
 
+std::optional<JobNote> PostgreSqlEngine::jobHolder() {
+  return holderOfSchemaLock(*link_, schema_);
+}
+
 void PostgreSqlEngine::setBooksRevision(int revision) {
   writeServerRevision(*link_, schema_, revision);
   books_.revision = revision;

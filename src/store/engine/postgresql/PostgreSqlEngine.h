@@ -32,6 +32,7 @@ class PostgreSqlEngine final : public Engine {
   bool inTransaction() const override { return link_->inTransaction(); }
   void makeDurable() override;
   JobLockAttempt lockForJob(const JobNote& note) override;
+  std::optional<JobNote> jobHolder() override;
   long changes() const override { return link_->changes(); }
   std::int64_t lastRowKey() const override { return link_->lastRowKey(); }
   std::vector<std::string> tableNames() override;

@@ -108,6 +108,10 @@ JobLockAttempt SqliteEngine::lockForJob(const JobNote& note) {
   return lockFileForJob(path_, note);
 }
 
+std::optional<JobNote> SqliteEngine::jobHolder() {
+  return holderOfFileLock(path_);
+}
+
 long SqliteEngine::changes() const {
   return static_cast<long>(sqlite3_changes64(handle_.get()));
 }

@@ -38,6 +38,7 @@ class SqliteEngine final : public Engine {
   bool inTransaction() const override;
   void makeDurable() override;
   JobLockAttempt lockForJob(const JobNote& note) override;
+  std::optional<JobNote> jobHolder() override;
   long changes() const override;
   std::int64_t lastRowKey() const override;
   std::vector<std::string> tableNames() override;

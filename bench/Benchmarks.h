@@ -57,6 +57,10 @@ void benchServerStatements(const LargeAccountSet& set);
 /// The closing of a month on a server; prints one line and gives the microseconds per card.
 double benchServerMonthEnd(const LargeAccountSet& set);
 
+/// The jobs of a set on a server that is reached over a wire, whose round trips take 0, 1, 5 and 20 ms;
+/// prints a line each.
+void benchWire(const LargeAccountSet& set);
+
 /// Runs every kind of job once on a server and prints which tables it went through as a whole, and its
 /// dearest statements where the server counts them.
 void benchServerScans(const LargeAccountSet& set);

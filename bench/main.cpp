@@ -31,6 +31,7 @@ void measureServer(long largest) {
 void measure(std::string_view what, long largest) {
   if (what == "server") return measureServer(largest);
   if (what == "scans") return benchServerScans(LargeAccountSet(LargeAccountSet(largest), benchServer()));
+  if (what == "wire") return benchWire(LargeAccountSet(LargeAccountSet(largest), benchServer()));
   if (what == "import") return benchImport();
   const LargeAccountSet small(1000);
   const LargeAccountSet large(largest);
@@ -61,8 +62,9 @@ void measure(std::string_view what, long largest) {
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|register|sheet|billing|reports|exports|server|scans|import]
-/// [cards of the largest account set]
+/// zelkor_bench
+/// [all|statements|run|monthend|save|register|sheet|billing|reports|exports|server|wire|scans|import] [cards
+/// of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -32,6 +32,9 @@ class EngineStatement {
   virtual void bindLastingText(int parameter, std::string_view value) { bindText(parameter, value); }
   virtual void bindBytes(int parameter, std::string_view value) = 0;
 
+  /// Puts the statement, with what is bound, on its way without waiting for its answer: the first step waits
+  /// for it. An engine that answers at once does nothing here.
+  virtual void sendAhead() {}
   /// Moves to the next row; false at the end. Raises the engine's failure as a RuntimeError.
   virtual bool step() = 0;
   /// Gives up the rows and whatever lock they hold.
@@ -64,6 +67,13 @@ class Engine {
   virtual bool gathersWrites() const { return true; }
   /// Whether a query is computed and sent as a whole though a few of its rows are asked for.
   virtual bool runsAhead() const { return false; }
+  /// Whether statements can be sent ahead of their answers. Those that are under way together stand or fall
+  /// together with what they write; one of them that reads can be stepped again when another has failed.
+  virtual bool sendsAhead() const { return false; }
+  /// Waits for the answers of all statements that were sent ahead, and keeps what they give.
+  virtual void takeAnswers() {}
+  /// How often an answer has been waited for: once for each round trip to a server.
+  virtual std::uint64_t waits() const { return 0; }
   /// Opens a transaction that may write at once; waits for other writers.
   virtual void begin() = 0;
   virtual void commit() = 0;

@@ -44,7 +44,7 @@ PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file)
 }
 
 std::unique_ptr<EngineStatement> PostgreSqlEngine::prepare(std::string_view sql) {
-  return std::make_unique<PostgreSqlStatement>(link_, sql);
+  return std::make_unique<PostgreSqlStatement>(PostgreSqlLink::statement(link_, sql));
 }
 
 void PostgreSqlEngine::run(const std::string& sql) {

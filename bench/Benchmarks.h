@@ -46,6 +46,9 @@ void benchReports(const LargeAccountSet& set);
 /// seconds and the memory of each.
 void benchExports(const LargeAccountSet& set);
 
+/// The check of a set whose month was run, in a file and, with a server at hand, there; prints one line each.
+void benchBookCheck(const LargeAccountSet& set);
+
 /// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
 /// committed; prints one line each.
 void benchServerRun(const LargeAccountSet& set);

@@ -47,6 +47,11 @@ void YearBooks::logIn(const std::string& operatingDate, const std::string& syste
   context_.dbZKSystem = engine_.OpenDatabase(context_.gstrZkSysFile);
 }
 
+CheckResult YearBooks::check() {
+  engine_.flush();
+  return checkBooks({context_.gstrZtFile, context_.gstrZkSysFile, context_.gdOpDate});
+}
+
 // Cards.
 
 CardValues YearBooks::valuesOf(const YearAsset& asset, const std::string& way) const {

@@ -26,6 +26,7 @@ struct Asked {
   std::string statement;
   std::string engine = "sqlite";
   bool json = false;
+  bool csv = false;
 
   std::string account = AccountSetOptions().account;
   int year = AccountSetOptions().year;

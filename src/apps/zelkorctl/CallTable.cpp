@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/zelkorctl/CallChecks.h"
+#include "apps/zelkorctl/CheckCommand.h"
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/CopyCommand.h"
 #include "apps/zelkorctl/EachCommand.h"
@@ -325,6 +326,12 @@ std::vector<Call> jobCalls() {
            job({{.name = "VOUCHER", .field = &Asked::voucher, .text = "凭证号，如 list 所列：记--1"}}),
        .example = "zelkorctl vouchers delete 记--1 --set books",
        .run = deleteVoucher},
+      {.name = "check",
+       .text = "检查账套：文件、卡片、月份、凭证，并与账务核对；只读不写",
+       .parameters = job({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"},
+                          {.name = "--csv", .field = &Asked::csv, .text = "以 CSV 输出"}}),
+       .example = "zelkorctl check --set books",
+       .run = checkCommand},
       {.name = "report",
        .text = "计算一张报表，或本月的全部报表",
        .parameters = job(

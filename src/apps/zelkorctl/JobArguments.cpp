@@ -4,11 +4,10 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <sstream>
 
 #include "base/RuntimeError.h"
 #include "startup/Arguments.h"
-#include "store/accountset/DbEngine.h"
+#include "store/accountset/ReadingDatabase.h"
 #include "store/settings/OpenMonth.h"
 
 namespace zelkor {
@@ -36,10 +35,8 @@ std::string argumentsOf(const Asked& asked, int runType) {
   const fs::path set = asked.set;
   const fs::path data = fs::is_directory(set) ? set / "ZkData.Mdb" : set;
   const fs::path system = data.parent_path() / "ZkSystem.Mdb";
-  std::ostringstream unsaid;  // the job itself opens the files and says what there is to say of them
-  DbEngine engine(unsaid);
-  Database dataFile = engine.OpenDatabase(data.string());
-  Database systemFile = engine.OpenDatabase(system.string());
+  Database dataFile = openDatabaseForReading(data.string());
+  Database systemFile = openDatabaseForReading(system.string());
   const auto account = onlyAccount(systemFile);
   if (!account) refuse("系统文件“" + system.string() + "”中不是恰有一个账套：请给出参数串");
   return composeArguments({.dataFile = data.string(),

@@ -18,6 +18,12 @@ struct TransferProblem {
   std::string reason;    // one sentence for the administrator
 };
 
+/// What an engine's own check of its pages and indexes has found.
+struct IntegrityCheck {
+  std::vector<std::string> problems;  // in the engine's words
+  std::string notDone;                // why it could not look; empty where it has
+};
+
 /// What an engine knows of its tables beyond their columns, for whoever carries or checks whole tables.
 class StoredTables {
  public:
@@ -40,6 +46,8 @@ class StoredTables {
   virtual std::int64_t lastCounter(const dialect::TableInfo& table, const std::string& column) = 0;
   /// Views, triggers and the like, which are not carried.
   virtual std::vector<TransferProblem> others() = 0;
+  /// Reads all tables and indexes; writes nothing.
+  virtual IntegrityCheck checkIntegrity() = 0;
 };
 
 }  // namespace zelkor

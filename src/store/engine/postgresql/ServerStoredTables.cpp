@@ -1,4 +1,5 @@
 #include "store/engine/postgresql/PostgreSqlEngine.h"
+#include "store/engine/postgresql/ServerIntegrity.h"
 
 namespace zelkor {
 namespace {
@@ -153,6 +154,8 @@ class ServerStoredTables final : public StoredTables {
     });
     return others;
   }
+
+  IntegrityCheck checkIntegrity() override { return serverIntegrity(engine_); }
 
  private:
   Engine& engine_;

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "store/engine/sqlite/SqliteEngine.h"
+#include "store/engine/sqlite/SqliteIntegrity.h"
 
 namespace zelkor {
 namespace {
@@ -48,6 +49,7 @@ class SqliteStoredTables final : public StoredTables {
   std::string rowOrder(const dialect::TableInfo& table) override;
   std::int64_t lastCounter(const dialect::TableInfo& table, const std::string& column) override;
   std::vector<TransferProblem> others() override;
+  IntegrityCheck checkIntegrity() override { return sqliteIntegrity(engine_); }
 
  private:
   std::optional<IndexDef> index(const dialect::TableInfo& table, const EngineStatement& row);

@@ -46,6 +46,10 @@ void benchReports(const LargeAccountSet& set);
 /// seconds and the memory of each.
 void benchExports(const LargeAccountSet& set);
 
+/// A backup of a set in files, and a restore over one of the same size, against the bare copy of both files;
+/// prints one line each.
+void benchBackup(const LargeAccountSet& set);
+
 /// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
 /// committed; prints one line each.
 void benchServerRun(const LargeAccountSet& set);

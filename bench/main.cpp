@@ -56,12 +56,14 @@ void measure(std::string_view what, long largest) {
   if (all || what == "billing") benchBatchBilling(largest / 10);
   if (all || what == "reports") benchReports(large);
   if (all || what == "exports") benchExports(large);
+  if (all || what == "backup") benchBackup(large);
 }
 
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|register|sheet|billing|reports|exports|server|scans|import]
+/// zelkor_bench
+/// [all|statements|run|monthend|save|register|sheet|billing|reports|exports|backup|server|scans|import]
 /// [cards of the largest account set]
 int main(int argc, char** argv) {
   try {

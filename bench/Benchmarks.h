@@ -49,6 +49,10 @@ void benchExports(const LargeAccountSet& set);
 /// The check of a set whose month was run, in a file and, with a server at hand, there; prints one line each.
 void benchBookCheck(const LargeAccountSet& set);
 
+/// A backup of a set in files, and a restore over one of the same size, against the bare copy of both files;
+/// prints one line each.
+void benchBackup(const LargeAccountSet& set);
+
 /// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
 /// committed; prints one line each.
 void benchServerRun(const LargeAccountSet& set);

@@ -42,6 +42,11 @@ struct Asked {
   std::string charset;
   bool check = false;
 
+  std::string to;
+  std::string keep;
+  std::string label;
+  std::string backup;
+
   int newType = 1;
   std::string answers;
   bool yes = false;

@@ -46,6 +46,10 @@ std::string jobsProblem(const std::string& text) {
   return rangeProblem(text, 1, 1000);
 }
 
+std::string keepProblem(const std::string& text) {
+  return rangeProblem(text, 1, 100'000);
+}
+
 std::string monthProblem(const std::string& text) {
   return rangeProblem(text, 1, 12);
 }

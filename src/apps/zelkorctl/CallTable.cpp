@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/zelkorctl/BackupCommands.h"
 #include "apps/zelkorctl/CallChecks.h"
 #include "apps/zelkorctl/CheckCommand.h"
 #include "apps/zelkorctl/Commands.h"
@@ -76,11 +77,8 @@ int importWork(const Asked& asked, std::ostream& output, std::ostream& problems)
 int run(const Asked& asked, std::ostream& output, std::ostream&) {
   JobRun job = jobOf(asked, asked.runType);
   job.dialogs = dialogsOf(asked);
+  requireBackupFits(job);
   return runCommand(job, output);
-}
-
-int each(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return eachCommand({.place = asked.place, .jobs = asked.jobs, .words = asked.words}, output, problems);
 }
 
 int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {
@@ -160,6 +158,15 @@ Parameters job(Parameters own) {
   std::ranges::copy_if(own, std::back_inserter(all), &Parameter::isOption);
   std::ranges::copy(common, std::back_inserter(all));
   return all;
+}
+
+/// The same of a job that the set can be backed up before.
+Parameters jobAfterBackup(Parameters own) {
+  own.push_back({.name = "--backup",
+                 .field = &Asked::backup,
+                 .text = "先把账套备份到这个目录，备份成功才执行",
+                 .value = "DIR"});
+  return job(std::move(own));
 }
 
 /// What the calls take that write a new data file.
@@ -250,26 +257,26 @@ std::vector<Call> jobCalls() {
   return {
       {.name = "cards import",
        .text = "导入固定资产卡片",
-       .parameters =
-           job({{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件，列名为卡片项目"},
-                {.name = "--new-type",
-                 .field = &Asked::newType,
-                 .text = "1 原始卡片，2 本月新增",
-                 .value = "TYPE",
-                 .words = {"1", "2"}}}),
+       .parameters = jobAfterBackup(
+           {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件，列名为卡片项目"},
+            {.name = "--new-type",
+             .field = &Asked::newType,
+             .text = "1 原始卡片，2 本月新增",
+             .value = "TYPE",
+             .words = {"1", "2"}}}),
        .example = "zelkorctl cards import register.csv --set books",
        .run = importRegister},
       {.name = "sheets import",
        .text = "成批保存变动单",
-       .parameters =
-           job({{.name = "FILE",
-                 .field = &Asked::file,
-                 .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
+       .parameters = jobAfterBackup(
+           {{.name = "FILE",
+             .field = &Asked::file,
+             .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
        .example = "zelkorctl sheets import changes.csv --set books",
        .run = importChanges},
       {.name = "workload import",
        .text = "录入工作量法资产的本月工作量",
-       .parameters = job(
+       .parameters = jobAfterBackup(
            {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件：卡片编号,本月工作量"}}),
        .example = "zelkorctl workload import work.csv --set books",
        .run = importWork},
@@ -280,24 +287,26 @@ std::vector<Call> jobCalls() {
        .run = status},
       {.name = "run",
        .text = "在终端中执行批处理运行类型：8 计提折旧，20 月末结账，21 对账，23 重新初始化",
-       .parameters = job({{.name = "RUNTYPE",
-                           .field = &Asked::runType,
-                           .text = "运行类型，与 --set 一起用",
-                           .check = runTypeProblem,
-                           .with = With::Set},
-                          {.name = "--answers",
-                           .field = &Asked::answers,
-                           .text = "依次的回答：y 是，n 否，o 确定，c 取消",
-                           .value = "WORDS",
-                           .check = answersProblem},
-                          {.name = "--yes", .field = &Asked::yes, .text = "其余问题一律回答“是”"}}),
+       .parameters =
+           jobAfterBackup({{.name = "RUNTYPE",
+                            .field = &Asked::runType,
+                            .text = "运行类型，与 --set 一起用",
+                            .check = runTypeProblem,
+                            .with = With::Set},
+                           {.name = "--answers",
+                            .field = &Asked::answers,
+                            .text = "依次的回答：y 是，n 否，o 确定，c 取消",
+                            .value = "WORDS",
+                            .check = answersProblem},
+                           {.name = "--yes", .field = &Asked::yes, .text = "其余问题一律回答“是”"}}),
        .example = "zelkorctl run 8 --set books --answers y,y,n",
        .run = run},
       {.name = "dispose",
        .text = "减少资产",
-       .parameters = job({{.name = "FILE",
-                           .field = &Asked::file,
-                           .text = "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因"}}),
+       .parameters =
+           jobAfterBackup({{.name = "FILE",
+                            .field = &Asked::file,
+                            .text = "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因"}}),
        .example = "zelkorctl dispose disposals.csv --set books",
        .run = dispose},
       {.name = "vouchers pending",
@@ -368,26 +377,9 @@ std::vector<Call> jobCalls() {
        .run = report}};
 }
 
-Call eachCall() {
-  return {.name = "each",
-          .text = "对许多账套逐一执行同一个调用，几个同时进行",
-          .parameters = {{.name = "PLACE",
-                          .field = &Asked::place,
-                          .text = "目录：其下的全部账套；或文本文件：每行一个账套所在目录"},
-                         {.name = "CALL",
-                          .field = &Asked::words,
-                          .text = "写在 -- 之后的调用，不写 --set；其中的 {} 换成账套所在目录"},
-                         {.name = "--jobs",
-                          .field = &Asked::jobs,
-                          .text = "同时进行的个数；不给出时为处理器的个数",
-                          .value = "NUMBER",
-                          .check = jobsProblem}},
-          .example = "zelkorctl each /srv/books --jobs 4 -- run 8 --yes",
-          .run = each};
-}
-
 std::vector<Call> allCalls() {
   std::vector<Call> all = setCalls();
+  for (Call& call : backupCalls()) all.push_back(std::move(call));
   all.push_back(eachCall());
   for (Call& call : jobCalls()) all.push_back(std::move(call));
   return all;

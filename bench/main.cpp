@@ -64,7 +64,8 @@ void measure(std::string_view what, long largest) {
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|register|sheet|billing|reports|exports|check|backup|server|wire|
+/// zelkor_bench
+/// [all|statements|run|monthend|save|register|sheet|billing|reports|exports|check|backup|server|wire|
 /// scans|import] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {

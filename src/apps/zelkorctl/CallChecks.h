@@ -14,6 +14,7 @@ std::string serverProblem(const std::string& text);
 std::string yearProblem(const std::string& text);
 std::string jobsProblem(const std::string& text);
 std::string monthProblem(const std::string& text);
+std::string monthsProblem(const std::string& text);
 std::string runTypeProblem(const std::string& text);
 
 }  // namespace zelkor

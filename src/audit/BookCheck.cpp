@@ -24,8 +24,8 @@ bool isMissingNamed(const CheckResult& result) {
       result.findings, [](const Finding& one) { return one.rule->code == "F02" || one.rule->code == "F03"; });
 }
 
-/// Does a part of the check. What fails because a table is not there, which has been told, is a note; anything
-/// else is a finding.
+/// Does a part of the check. What fails because a table is not there, which has been told, is a note;
+/// anything else is a finding.
 void guarded(const std::string& part, CheckResult& result, const std::function<void()>& work) {
   try {
     work();

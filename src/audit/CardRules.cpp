@@ -15,11 +15,11 @@ constexpr CheckRule kRules[] = {
      .statement = R"(
 select c.sCardNum as card, max(c.sCardID) as place, max(c.dblValue) as amount,
   min(c.sAssetNum) & ' ' & min(c.sAssetName) & '；' & max(c.sAssetNum) & ' ' & max(c.sAssetName) as detail
-from fa_Cards c
-where c.sCardNum in (select sCardNum from fa_Cards group by sCardNum having count(*)>1)
+from (select sCardNum from fa_Cards group by sCardNum having count(*)>1) x
+  inner join fa_Cards c on c.sCardNum=x.sCardNum
 group by c.sCardNum having min(c.sAssetNum)<>max(c.sAssetNum) or min(c.sAssetName)<>max(c.sAssetName)
 union all
-select sCardNum, '', sum(dblInputValue), count(*) & ' 行折旧台账' from fa_DeprTransactions
+select sCardNum, '', null, count(*) & ' 行折旧台账' from fa_DeprTransactions
 group by sCardNum having count(*)>1)"},
     {.code = "C02",
      .severity = Severity::Warning,
@@ -27,9 +27,11 @@ group by sCardNum having count(*)>1)"},
      .remedy = "在卡片管理中修改其中一张卡片的固定资产编号",
      .origin = "编号由人录入，或两台工作站同时录入，或类别中有非数字的编号，都会取到用过的编号",
      .statement = R"(
-select min(sCardNum) as card, '编号 ' & sAssetNum as place,
-  '卡片 ' & min(sCardNum) & '、' & max(sCardNum) as detail
-from fa_Cards where sAssetNum<>'' group by sAssetNum having min(sCardNum)<>max(sCardNum))"},
+select min(c.sCardNum) as card, '编号 ' & c.sAssetNum as place,
+  '卡片 ' & min(c.sCardNum) & '、' & max(c.sCardNum) as detail
+from (select sAssetNum from fa_Cards where sAssetNum<>'' group by sAssetNum having count(*)>1) x
+  inner join fa_Cards c on c.sAssetNum=x.sAssetNum
+group by c.sAssetNum having min(c.sCardNum)<>max(c.sCardNum))"},
     {.code = "C03",
      .severity = Severity::Error,
      .meaning = "一张卡片有两个版本用同一个版本号",
@@ -44,9 +46,11 @@ from fa_Cards group by sCardNum, sCardID having count(*)>1)"},
      .remedy = "无需处理；按版本号查找的清单会把这几张卡片的版本一并列出",
      .origin = "原值增加、使用状况调整和资产减少按本卡片的最新版本编号，这个号可能已属于另一张卡片",
      .statement = R"(
-select min(sCardNum) as card, '版本 ' & sCardID as place,
-  '卡片 ' & min(sCardNum) & '、' & max(sCardNum) as detail
-from fa_Cards group by sCardID having min(sCardNum)<>max(sCardNum))"},
+select min(c.sCardNum) as card, '版本 ' & c.sCardID as place,
+  '卡片 ' & min(c.sCardNum) & '、' & max(c.sCardNum) as detail
+from (select sCardID from fa_Cards group by sCardID having count(*)>1) x
+  inner join fa_Cards c on c.sCardID=x.sCardID
+group by c.sCardID having min(c.sCardNum)<>max(c.sCardNum))"},
     {.code = "C05",
      .severity = Severity::Warning,
      .meaning = "卡片版本的次序颠倒：日期较早的变动，版本号较大",
@@ -162,11 +166,10 @@ having not (count(*)=1 and sum(s.dblScale)=1) and sum(s.dblScale)<>100)"},
          "资产减少按部门明细的原值制单：减少前由管理员用 zelkorctl sql 改正 fa_Cards_Detail 的 dblValue",
      .origin = "修改卡片和原值增加都不改部门明细；已删除卡片的版本号重用后，留下的明细归到新版本",
      .statement = R"(
-select d.sCardNum as card, '版本 ' & d.sCardID as place, d.dblTotal-c.dblValue as amount,
-  '部门明细 ' & format(d.dblTotal,'0.00') & '，卡片 ' & format(c.dblValue,'0.00') as detail
-from (select sCardNum, sCardID, sum(dblValue) as dblTotal from fa_Cards_Detail group by sCardNum, sCardID) d
-  inner join fa_Cards c on d.sCardNum=c.sCardNum and d.sCardID=c.sCardID
-where abs(d.dblTotal-c.dblValue)>0.005)"},
+select distinct d.sCardNum as card, '版本 ' & d.sCardID as place, {ofDepartments}-c.dblValue as amount,
+  '部门明细 ' & format({ofDepartments},'0.00') & '，卡片 ' & format(c.dblValue,'0.00') as detail
+from fa_Cards_Detail d inner join fa_Cards c on d.sCardNum=c.sCardNum and d.sCardID=c.sCardID
+where d.dblValue<>c.dblValue and abs({ofDepartments}-c.dblValue)>0.005)"},
     {.code = "C17",
      .severity = Severity::Note,
      .meaning = "已删除的卡片留下部门份额和明细",

@@ -67,6 +67,8 @@ std::string CheckPeriod::filled(std::string_view statement) const {
                                              {"{closed}", sql(closed)},
                                              {"{first}", firstDay(year, run)},
                                              {"{next}", firstDay(year, run + 1)},
+                                             {"{sumsBeforeRun}", monthSums(run - 1)},
+                                             {"{sumOfMonth}", sumOfMonth(run - 1)},
                                              {"{addedToRun}", addedMonths(run)},
                                              {"{addedToClosed}", addedMonths(closed)}});
 }

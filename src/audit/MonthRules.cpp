@@ -33,7 +33,7 @@ where abs(a.dblTotal-t.dblTotal)>0.004)"},
      .statement = R"(
 select s.ioutperiod as period, {sumOfMonth}-s.mTotal as amount,
   '台账 ' & format({sumOfMonth},'0.00') & '，凭证数据 ' & format(s.mTotal,'0.00') as detail
-from (select count(*) as lRows, {sumsOfMonths} from fa_DeprTransactions) l,
+from (select count(*) as lRows{sumsBeforeRun} from fa_DeprTransactions) l,
   (select ioutperiod, sum(mc) as mTotal from fa_ZWVouchers
     where ioutyear={year} and ioutperiod<{run} and coutsign='折旧计提' group by ioutperiod) s
 where abs({sumOfMonth}-s.mTotal)>0.005*(l.lRows+1))"},
@@ -61,7 +61,7 @@ select iif(t.dblDepr{run}=0,'M05',iif({expected}=0,'M06','M04')) as code,
   val(format({expected},'0.00'))-t.dblDepr{run} as amount,
   '台账 ' & format(t.dblDepr{run},'0.00') & '，按卡片应为 ' & format({expected},'0.00') as detail
 from fa_DeprTransactions t inner join fa_Cards c on c.sCardNum=t.sCardNum
-where c.dStartdate<#{first}# and abs(val(format({expected},'0.00'))-t.dblDepr{run})>0.004
+where c.dStartdate<#{first}# and abs({expected}-t.dblDepr{run})>0.0051
   and (c.dDisposeDate is null or c.dDisposeDate<#{first}#) and (c.sDeprMethodID<>'5' or c.lLife>6)
   and exists (select a.sNum from fa_departments a where a.sNum=c.sDeptNum)
   and exists (select a.sNum from fa_AssetTypes a where a.sNum=c.sTypeNum)

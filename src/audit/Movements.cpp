@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "audit/RulePieces.h"
 #include "base/Conversion.h"
 #include "store/engine/Statement.h"
 
@@ -124,14 +125,13 @@ RegisterMovements registerMovements(Database& data, const CheckPeriod& period) {
 
 MonthsDepreciation depreciationOfMonths(Database& data, const CheckPeriod& period) {
   MonthsDepreciation months;
-  std::string sums;
-  for (int n = 1; n <= 12; ++n) sums += sql(", sum(dblDepr", n, ") as d", n);
-  const Recordset row = data.OpenRecordset("select count(*) as lRows" + sums + " from fa_DeprTransactions");
+  const Recordset row =
+      data.OpenRecordset("select count(*) as lRows" + monthSums(period.run) + " from fa_DeprTransactions");
   Recordset runs = data.OpenRecordset(sql(
       "select distinct ioutperiod from fa_ZWVouchers where coutsign='折旧计提' and ioutyear=", period.year));
   for (; !runs.Eof(); runs.MoveNext()) {
     const int month = CInt(runs.Fields("ioutperiod"));
-    if (month >= 1 && month <= 12) months.amounts[month - 1] = amountIn(row, sql("d", month));
+    if (month >= 1 && month <= period.run) months.amounts[month - 1] = amountIn(row, sql("d", month));
   }
   months.tolerance = Currency::fromScaled(50 * (1 + static_cast<std::int64_t>(CLng(row.Fields("lRows")))));
   return months;

@@ -5,8 +5,6 @@
 namespace zelkor {
 namespace {
 
-constexpr int kMonths = 12;
-
 struct Piece {
   std::string_view word;
   std::string_view text;
@@ -36,6 +34,9 @@ iif(c.sDeprMethodID='5' and c.lLife>6,ccur((c.dblValue-c.dblBV)*ccur((c.lLife-c.
     {"{noStatus}", "not exists (select a.sID from fa_Status a where a.sID=c.sStatusID)"},
     {"{noMethod}", "not exists (select a.sID from fa_Depreciations a where a.sID=c.sDeprMethodID)"},
     {"{noWay}", "not exists (select a.sID from fa_Origins a where a.sID=c.sOrgAddID)"},
+    // What the rows by department of the version of row d come to.
+    {"{ofDepartments}",
+     "(select sum(e.dblValue) from fa_Cards_Detail e where e.sCardNum=d.sCardNum and e.sCardID=d.sCardID)"},
     // Row s belongs to no card.
     {"{noCard}", "not exists (select c.sCardNum from fa_Cards c where c.sCardNum=s.sCardNum)"},
     // The staged entries of the depreciation.
@@ -66,28 +67,12 @@ void fillIn(std::string& statement, std::string_view word, std::string_view text
     statement.replace(at, word.size(), text);
 }
 
-/// The ledger's column of each month summed.
-std::string sumsOfMonths() {
-  std::string sums;
-  for (int month = 1; month <= kMonths; ++month)
-    sums += sql(month == 1 ? "" : ", ", "sum(dblDepr", month, ") as d", month);
-  return sums;
-}
-
-/// The one of those sums that belongs to month s.ioutperiod.
-std::string sumOfMonth() {
-  std::string sum = sql("l.d", kMonths);
-  for (int month = kMonths - 1; month >= 1; --month)
-    sum = sql("iif(s.ioutperiod=", month, ",l.d", month, ",", sum, ")");
-  return sum;
-}
-
 }  // namespace
 
 std::string withPieces(std::string_view statement) {
   std::string filled(statement);
   for (const Piece& piece : kPieces) fillIn(filled, piece.word, piece.text);
-  return withNumbers(std::move(filled), {{"{sumsOfMonths}", sumsOfMonths()}, {"{sumOfMonth}", sumOfMonth()}});
+  return filled;
 }
 
 std::string withNumbers(std::string statement,
@@ -100,6 +85,19 @@ std::string addedMonths(int month) {
   std::string sum = "(0";
   for (int n = 1; n <= month; ++n) sum += sql("+t.dblDepr", n);
   return sum + ")";
+}
+
+std::string monthSums(int last) {
+  std::string sums;
+  for (int month = 1; month <= last; ++month) sums += sql(", sum(dblDepr", month, ") as d", month);
+  return sums;
+}
+
+std::string sumOfMonth(int last) {
+  std::string sum = "0";
+  for (int month = last; month >= 1; --month)
+    sum = sql("iif(s.ioutperiod=", month, ",l.d", month, ",", sum, ")");
+  return sum;
 }
 
 }  // namespace zelkor

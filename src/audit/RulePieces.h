@@ -18,4 +18,10 @@ std::string withNumbers(std::string statement,
 /// What months 1 to `month` of ledger row t have depreciated.
 std::string addedMonths(int month);
 
+/// The ledger's columns of months 1 to `last` summed, each behind a comma: d1, d2 ...
+std::string monthSums(int last);
+
+/// The one of those sums of row l that belongs to month s.ioutperiod.
+std::string sumOfMonth(int last);
+
 }  // namespace zelkor

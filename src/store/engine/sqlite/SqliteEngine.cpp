@@ -33,7 +33,7 @@ SqliteEngine::SqliteEngine(const std::string& path, Access access)
   sqlite3_busy_timeout(handle_.get(), kBusyTimeoutMilliseconds);
   registerSqliteFunctions(handle_.get());
   if (access == Access::Read) {
-    run("PRAGMA query_only = 1");
+    run("PRAGMA query_only = 1; PRAGMA cache_size=-65536");
     return;
   }
   if (alone_) {

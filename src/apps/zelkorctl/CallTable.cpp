@@ -16,7 +16,6 @@
 #include "apps/zelkorctl/RunCalls.h"
 #include "apps/zelkorctl/StatusCommand.h"
 #include "apps/zelkorctl/VoucherCommands.h"
-#include "base/Text.h"
 
 namespace zelkor {
 namespace {
@@ -66,6 +65,8 @@ int importWork(const Asked& asked, std::ostream& output, std::ostream& problems)
   return importWorkloadCommand(jobOf(asked, 8), asked.file, output, problems);
 }
 
+int each(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return eachCommand({.place = asked.place, .jobs = asked.jobs, .words = asked.words}, output, problems);
 }
 
 int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {

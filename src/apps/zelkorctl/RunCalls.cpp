@@ -30,9 +30,9 @@ TableOptions tablesOf(const Asked& asked) {
 
 int run(const Asked& asked, std::ostream& output, std::ostream& problems) {
   JobRun job = jobOf(asked, asked.runType);
+  requireBackupFits(job);
   if (asked.preview) return previewCommand(job, tablesOf(asked), output, problems);
   job.dialogs = dialogsOf(asked);
-  requireBackupFits(job);
   return runCommand(job, output);
 }
 

@@ -50,6 +50,11 @@ struct Asked {
   int newType = 1;
   std::string answers;
   bool yes = false;
+  bool preview = false;
+
+  int months = 12;
+  std::string with;
+  std::string by;
 
   bool merge = false;
   std::string subjects;

@@ -54,6 +54,10 @@ std::string monthProblem(const std::string& text) {
   return rangeProblem(text, 1, 12);
 }
 
+std::string monthsProblem(const std::string& text) {
+  return rangeProblem(text, 1, 1200);
+}
+
 std::string runTypeProblem(const std::string& text) {
   using Limits = std::numeric_limits<std::int16_t>;
   return rangeProblem(text, Limits::min(), Limits::max());

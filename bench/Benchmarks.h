@@ -8,6 +8,9 @@ namespace zelkor::bench {
 /// The monthly run against its floor; prints one line and gives the run's microseconds per card.
 double benchMonthlyRun(const LargeAccountSet& set);
 
+/// The preview of a month behind one that was run, and the plan of 60 months; prints a line each.
+void benchPlan(const LargeAccountSet& set);
+
 /// The closing of a month against its floor; prints one line and gives the closing's microseconds per card.
 double benchMonthEnd(const LargeAccountSet& set);
 

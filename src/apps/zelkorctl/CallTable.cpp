@@ -65,10 +65,6 @@ int importWork(const Asked& asked, std::ostream& output, std::ostream& problems)
   return importWorkloadCommand(jobOf(asked, 8), asked.file, output, problems);
 }
 
-int each(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return eachCommand({.place = asked.place, .jobs = asked.jobs, .words = asked.words}, output, problems);
-}
-
 int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {
   return disposeCommand(jobOf(asked, 22), asked.file, output, problems);
 }

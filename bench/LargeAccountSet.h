@@ -29,6 +29,8 @@ class LargeAccountSet {
   std::string dataFile() const { return (directory_ / "ZkData.Mdb").string(); }
   std::string systemFile() const { return (directory_ / "ZkSystem.Mdb").string(); }
   bool onServer() const { return database_.has_value(); }
+  /// From now on the server is reached by that host.
+  void reachBy(const std::string& host) const { database_->writeFiles(directory_.path(), " host=" + host); }
   /// How the database of a set on a server is reached.
   std::string conninfo() const { return database_->conninfo(); }
 

@@ -59,9 +59,9 @@ void ServerDatabase::carry(const fs::path& from, const fs::path& to) const {
   writeFiles(to);
 }
 
-void ServerDatabase::writeFiles(const fs::path& directory) const {
-  ServerFile{conninfo(), kDataSchema}.write(directory / "ZkData.Mdb");
-  ServerFile{conninfo(), kSystemSchema}.write(directory / "ZkSystem.Mdb");
+void ServerDatabase::writeFiles(const fs::path& directory, const std::string& more) const {
+  ServerFile{conninfo() + more, kDataSchema}.write(directory / "ZkData.Mdb");
+  ServerFile{conninfo() + more, kSystemSchema}.write(directory / "ZkSystem.Mdb");
 }
 
 }  // namespace zelkor::bench

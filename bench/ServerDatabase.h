@@ -26,7 +26,8 @@ class ServerDatabase {
 
   /// Loads the rows of an account set in files, and writes the files that name this database instead.
   void carry(const std::filesystem::path& from, const std::filesystem::path& to) const;
-  void writeFiles(const std::filesystem::path& directory) const;
+  /// `more` is added to how the server is reached.
+  void writeFiles(const std::filesystem::path& directory, const std::string& more = {}) const;
 
  private:
   std::string server_;

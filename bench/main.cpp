@@ -31,6 +31,7 @@ void measureServer(long largest) {
 void measure(std::string_view what, long largest) {
   if (what == "server") return measureServer(largest);
   if (what == "scans") return benchServerScans(LargeAccountSet(LargeAccountSet(largest), benchServer()));
+  if (what == "wire") return benchWire(LargeAccountSet(LargeAccountSet(largest), benchServer()));
   if (what == "import") return benchImport();
   const LargeAccountSet small(1000);
   const LargeAccountSet large(largest);
@@ -42,6 +43,10 @@ void measure(std::string_view what, long largest) {
     benchMonthlyRun(small);
     const double middleCost = benchMonthlyRun(middle);
     printGrowth("monthly run      ", large, benchMonthlyRun(large), middle, middleCost);
+  }
+  if (all || what == "plan") {
+    benchPlan(large);
+    if (const std::string server = benchServer(); !server.empty()) benchPlan(LargeAccountSet(large, server));
   }
   if (all || what == "monthend") {
     const double smallCost = benchMonthEnd(small);
@@ -56,13 +61,16 @@ void measure(std::string_view what, long largest) {
   if (all || what == "billing") benchBatchBilling(largest / 10);
   if (all || what == "reports") benchReports(large);
   if (all || what == "exports") benchExports(large);
+  if (all || what == "check") benchBookCheck(large);
+  if (all || what == "backup") benchBackup(large);
 }
 
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|register|sheet|billing|reports|exports|server|scans|import]
-/// [cards of the largest account set]
+/// zelkor_bench
+/// [all|statements|run|plan|monthend|save|register|sheet|billing|reports|exports|check|backup|server|wire|
+/// scans|import] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

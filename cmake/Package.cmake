@@ -73,8 +73,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Zelkor maintainers <maintainers@zelkor.invalid>")
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no library says: the font of the screens and of paper.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-noto-cjk)
+# What no library says: the font of the screens and of paper, and the texts of the window system's own dialogs.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-noto-cjk, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "postgresql-client")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "fixed-assets module of a Chinese double-entry accounting suite")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

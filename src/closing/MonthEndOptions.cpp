@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -64,8 +65,8 @@ void editOption(Database& data, std::string_view name, const std::string& value)
   row.Update();
 }
 
-void updateOption(Database& data, std::string_view name, std::string_view value) {
-  data.Execute(
+void updateOption(StatementGroup& group, std::string_view name, std::string_view value) {
+  group.execute(
       sql("Update AccInformation set cValue = '", value, "' where cSysID = 'FA' and cName ='", name, "'"));
 }
 
@@ -77,9 +78,11 @@ void resetOptionsAtMonthEnd(RunContext& run) {
   editOption(data, "dWritableDate", sql(run.gdOpDate.year(), "-", next, "-", "1"));
   editOption(data, "bNeedDepr", "True");
   editOption(data, "iAgentAct", "1");
-  updateOption(data, "iCardNumType", "1");
-  updateOption(data, "iLastPeriod", sql(next));
-  for (const Option& option : kStandardValues) updateOption(data, option.cName, option.cValue);
+  StatementGroup group(data);
+  updateOption(group, "iCardNumType", "1");
+  updateOption(group, "iLastPeriod", sql(next));
+  for (const Option& option : kStandardValues) updateOption(group, option.cName, option.cValue);
+  group.run();
 }
 
 }  // namespace zelkor

@@ -1,12 +1,16 @@
 #include "depreciation/CalcCardDepr.h"
 
 #include <array>
+#include <exception>
 #include <string_view>
+#include <vector>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
+#include "base/RuntimeError.h"
 #include "depreciation/MonthlyDepr.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -15,11 +19,11 @@ constexpr std::array<std::string_view, 12> kMonthColumns = {
     "dblDepr1", "dblDepr2", "dblDepr3", "dblDepr4",  "dblDepr5",  "dblDepr6",
     "dblDepr7", "dblDepr8", "dblDepr9", "dblDepr10", "dblDepr11", "dblDepr12"};
 
-Recordset openLatestVersion(Database& data, const std::string& cardNum) {
-  return data.OpenRecordset(sql(
+std::string latestVersion(const std::string& cardNum) {
+  return sql(
       "select top 1 a.*,b.sName as sBMMC,c.sName as sLBMC from fa_cards a ,fa_Departments b,fa_AssetTypes c "
       "where scardnum='",
-      cardNum, "' and a.sDeptNum=b.sNum and a.sTypeNum=c.sNum order by a.sCardID desc"));
+      cardNum, "' and a.sDeptNum=b.sNum and a.sTypeNum=c.sNum order by a.sCardID desc");
 }
 
 DeprBasis basisOf(const Recordset& card) {
@@ -27,17 +31,17 @@ DeprBasis basisOf(const Recordset& card) {
           card.Fields("dblValue"),      card.Fields("dblBV"), card.Fields("dblBVRate")};
 }
 
-void writeMonth(RunContext& run, const std::string& cardNum, const MonthlyDepr& depr) {
-  const int m = run.period();
-  run.dbZKData.Execute(sql("update fa_DeprTransactions set dblDepr", m, "=", Format(depr.amount, "0.00"),
-                           ",dblDeprRate", m, "=", Format(depr.rate, "0.0000"), ",dblDeprT", m,
-                           "=dblMonthDeprTotal +", Format(depr.amount, "0.0000"), " where scardnum='",
-                           cardNum, "'"));
+std::string monthOfCard(int m, const std::string& cardNum, const MonthlyDepr& depr) {
+  return sql("update fa_DeprTransactions set dblDepr", m, "=", Format(depr.amount, "0.00"), ",dblDeprRate", m,
+             "=", Format(depr.rate, "0.0000"), ",dblDeprT", m, "=dblMonthDeprTotal +",
+             Format(depr.amount, "0.0000"), " where scardnum='", cardNum, "'");
 }
 
-void writeYear(Database& data, const std::string& cardNum, DeprThisYear& deprThisYear) {
-  const Recordset ledger =
-      data.OpenRecordset(sql("select * from fa_DeprTransactions where scardnum='", cardNum, "'"));
+std::string ledgerOf(const std::string& cardNum) {
+  return sql("select * from fa_DeprTransactions where scardnum='", cardNum, "'");
+}
+
+void addYear(const Recordset& ledger, DeprThisYear& deprThisYear) {
   if (ledger.Eof()) return;
   Currency total;
   for (const std::string_view column : kMonthColumns) {
@@ -56,23 +60,64 @@ std::string allocationRow(const Recordset& card, Currency amount) {
       card.TextOrEmpty("sDeprSubjectName"), "',", amount, ")");
 }
 
+/// What is written for a card.
+struct ComputedCard {
+  std::string cardNum;
+  std::string month;
+  std::string allocation;
+};
+
+ComputedCard computed(int m, const std::string& cardNum, const Recordset& card) {
+  const MonthlyDepr depr = monthlyDepr(basisOf(card));
+  return {cardNum, monthOfCard(m, cardNum, depr), allocationRow(card, depr.amount)};
+}
+
+/// Adds what the cards come to, in their order, up to the first whose figures allow no computation.
+void compute(RunContext& run, std::span<const std::string> cardNums, std::vector<ComputedCard>& cards) {
+  StatementGroup versions(run.dbZKData);
+  for (const std::string& cardNum : cardNums) {
+    versions.open(latestVersion(cardNum), [&, m = run.period()](const Recordset& card) {
+      if (!card.Eof()) cards.push_back(computed(m, cardNum, card));
+    });
+  }
+  versions.run();
+}
+
+void write(RunContext& run, std::span<const ComputedCard> cards, DeprThisYear& deprThisYear) {
+  StatementGroup group(run.dbZKData);
+  for (const ComputedCard& card : cards) {
+    group.execute(card.month);
+    group.open(ledgerOf(card.cardNum), [&](const Recordset& ledger) { addYear(ledger, deprThisYear); });
+    group.execute(card.allocation);
+  }
+  group.run();
+}
+
 }  // namespace
 
 std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum) {
-  DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::AtOnce);
-  return CalcCardDepr(run, cardNum, deprThisYear);
+  std::vector<ComputedCard> cards;
+  compute(run, {&cardNum, 1}, cards);
+  for (const ComputedCard& card : cards) {
+    DeprThisYear deprThisYear(run.dbZKData);
+    run.dbZKData.Execute(card.month);
+    addYear(run.dbZKData.OpenRecordset(ledgerOf(cardNum)), deprThisYear);
+    deprThisYear.write();
+    run.dbZKData.Execute(card.allocation);
+  }
+  return 0;
 }
 
-std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum, DeprThisYear& deprThisYear) {
-  Recordset card = openLatestVersion(run.dbZKData, cardNum);
-  if (card.Eof()) return 0;
-  const MonthlyDepr depr = monthlyDepr(basisOf(card));
-  const std::string allocation = allocationRow(card, depr.amount);
-  card.Close();  // before the writes, which an open set would have to make room for
-  writeMonth(run, cardNum, depr);
-  writeYear(run.dbZKData, cardNum, deprThisYear);
-  run.dbZKData.Execute(allocation);
-  return 0;
+void calcCardsDepr(RunContext& run, std::span<const std::string> cardNums, DeprThisYear& deprThisYear) {
+  std::vector<ComputedCard> cards;
+  std::exception_ptr failure;
+  try {
+    compute(run, cardNums, cards);
+  } catch (const RuntimeError&) {
+    failure = std::current_exception();  // the cards before it are written first
+  }
+  write(run, cards, deprThisYear);
+  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace zelkor

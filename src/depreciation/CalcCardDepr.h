@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "depreciation/DeprThisYear.h"
@@ -16,7 +17,8 @@ namespace zelkor {
 /// Errors 6, 11 and 94 where a card's figures allow no computation. The result is always 0.
 std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum);
 
-/// The same within a walk over cards, which decides when the year's total is written.
-std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum, DeprThisYear& deprThisYear);
+/// The same for cards of a walk, which decides when the year's total is written. All of them are read before
+/// the first is written; after a failure those before it are.
+void calcCardsDepr(RunContext& run, std::span<const std::string> cardNums, DeprThisYear& deprThisYear);
 
 }  // namespace zelkor

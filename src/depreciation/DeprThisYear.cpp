@@ -6,11 +6,6 @@
 
 namespace zelkor {
 
-void DeprThisYear::set(Currency total) {
-  kept_ = total;
-  if (writing_ == Writing::AtOnce) write();
-}
-
 void DeprThisYear::write() {
   if (const auto total = std::exchange(kept_, std::nullopt)) {
     data_.Execute(sql("update fa_DeprTransactions set dblDeprThisYear=", *total));

@@ -12,18 +12,14 @@ namespace zelkor {
 /// observed: a walk therefore keeps the total and writes it once when it ends or fails.
 class DeprThisYear {
  public:
-  enum class Writing { AtOnce, WhenWalkEnds };
+  explicit DeprThisYear(Database& data) : data_(data) {}
 
-  DeprThisYear(Database& data, Writing writing) : data_(data), writing_(writing) {}
-
-  /// Sets every row to `total`, at once or when the walk ends.
-  void set(Currency total);
+  void set(Currency total) { kept_ = total; }
   /// Writes what is kept; to be called at the end of a walk, also of one that failed.
   void write();
 
  private:
   Database& data_;
-  Writing writing_;
   std::optional<Currency> kept_;
 };
 

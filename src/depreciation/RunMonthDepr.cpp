@@ -11,6 +11,7 @@
 #include "depreciation/StagedDepr.h"
 #include "startup/OnlyJob.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -34,16 +35,16 @@ std::vector<std::string> cardsInService(RunContext& run) {
   return cardNums;
 }
 
-/// Calls CalcCardDepr once per card number; false when there was none.
+/// Computes each card number once; false when there was none.
 bool computeCards(RunContext& run) {
   const std::vector<std::string> cardNums = cardsInService(run);
-  DeprThisYear deprThisYear(run.dbZKData, DeprThisYear::Writing::WhenWalkEnds);
+  DeprThisYear deprThisYear(run.dbZKData);
   LongJob job(run.dialogs, "正在计提折旧，请稍候……", cardNums.size());
   try {
-    for (const std::string& cardNum : cardNums) {
-      CalcCardDepr(run, cardNum, deprThisYear);
-      job.step();
-    }
+    forEachGroup(cardNums, [&](std::span<const std::string> group) {
+      calcCardsDepr(run, group, deprThisYear);
+      for (std::size_t i = 0; i < group.size(); ++i) job.step();
+    });
   } catch (...) {
     deprThisYear.write();
     throw;

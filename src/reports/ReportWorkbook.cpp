@@ -105,8 +105,7 @@ class SheetWriter {
       out_.write("<autoFilter ref=\"" + cells + "\"/>");
     }
     writeMerges();
-    out_.write(sheetEnd(described, {marginText(joined(heading_.account, heading_.unit), "", heading_.period),
-                                    marginText(heading_.preparedBy, "第 &P 页 共 &N 页", heading_.printed)}));
+    out_.write(sheetEnd(described, margins()));
   }
 
  private:
@@ -120,6 +119,12 @@ class SheetWriter {
     return one + (one.empty() || other.empty() ? "" : "　　") + other;
   }
 
+  SheetMargins margins() const {
+    return {marginTexts(marginText(joined(heading_.account, heading_.unit)), marginText(heading_.title),
+                        marginText(heading_.period)),
+            marginTexts(marginText(heading_.preparedBy), "第 &P 页 共 &N 页", marginText(heading_.printed))};
+  }
+
   std::size_t lastHeader() const { return captions_.size() + grid_.headerRows(); }
 
   /// The lines of a ledger under the last row of its header, without the totals: what they can be chosen by.
@@ -127,7 +132,7 @@ class SheetWriter {
     if (!ledger_ || columns_.empty() || grid_.headerRows() == 0) return {};
     std::size_t last = 0;
     for (std::size_t row = grid_.headerRows(); row < grid_.rows(); ++row) {
-      if (!grid_.rowHidden(row) && !isTotalRow(grid_, row)) ++last;
+      if (!grid_.rowHidden(row) && !grid_.isTotal(row)) ++last;
     }
     if (last == 0) return {};
     return fixed + "A" + fixed + std::to_string(lastHeader()) + ":" + fixed + columns_.back().letters +
@@ -190,7 +195,7 @@ class SheetWriter {
   }
 
   void writeRow(std::size_t row) {
-    const bool total = isTotalRow(grid_, row);
+    const bool total = grid_.isTotal(row);
     beginRow();
     for (const Column& column : columns_) writeCell(row, column, total);
     endRow();

@@ -47,8 +47,10 @@ std::string sheetBeginning(const WorkbookSheet& sheet, bool selected);
 /// The content of a sheet after its rows and merged cells: landscape on A4, as wide as the page unless the
 /// sheet is wide.
 std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins);
-/// Three texts for the margin of a page; what would be a code there is none.
-std::string marginText(std::string_view left, std::string_view centre, std::string_view right);
+/// A text for the margin of a page; what would be a code there is none.
+std::string marginText(std::string_view text);
+/// Three of them, or of codes.
+std::string marginTexts(const std::string& left, const std::string& centre, const std::string& right);
 
 /// A text for a cell. What looks like an escape of workbooks, "_x0041_", is kept from being read as one.
 std::string cellText(std::string_view text);

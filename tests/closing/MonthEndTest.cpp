@@ -68,6 +68,19 @@ TEST_F(MonthEndTest, EndsSilentlyAtAFigureThatIsNull) {
   EXPECT_EQ(backups().size(), 37u) << "what was done stays";
 }
 
+TEST_F(MonthEndTest, WaitsForAServerOnceForManyCards) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  std::vector<std::uint64_t> waits;
+  for (const int most : {1, 10, 500}) {
+    for (int n = std::stoi(count("fa_Cards")); n < most; ++n) enter(std::to_string(10000 + n));
+    const std::uint64_t before = db().waits();
+    closeWell();
+    waits.push_back(db().waits() - before);
+  }
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{139, 211, 217}));
+  EXPECT_EQ(row("select Count(*) from fa_DeprTransactions where lUsedMonths6=2"), "500");
+}
+
 TEST_F(MonthEndTest, RollsTheTotalsIntoPeriodSix) {
   execute(
       "insert into fa_Total "

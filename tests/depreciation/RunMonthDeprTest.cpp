@@ -76,6 +76,22 @@ TEST_F(RunMonthDeprTest, replacesWhatAnEarlierRunLeft) {
   EXPECT_EQ(rows("select sNum from fa_DeprVoucherMain").size(), 2U);
 }
 
+// One wait for what is read of some cards and one for what is written.
+TEST_F(RunMonthDeprTest, waitsForAServerOnceForManyCards) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  std::vector<std::uint64_t> waits;
+  for (const int cards : {1, 10, 500}) {
+    for (int n = static_cast<int>(rows("select sCardNum from fa_Cards").size()); n < cards; ++n) {
+      add({.cardNum = std::to_string(10000 + n)});
+    }
+    const std::uint64_t before = db().waits();
+    wholeRun();
+    waits.push_back(db().waits() - before);
+  }
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{28, 18, 24}));
+  EXPECT_EQ(allocationRows().size(), 500U);
+}
+
 TEST_F(RunMonthDeprTest, writesTheCreditRowAlsoForNothing) {
   add({.cardNum = "00001", .method = "'1'"});
   wholeRun();

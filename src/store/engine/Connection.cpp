@@ -152,13 +152,84 @@ long Connection::write(EngineStatement& statement) {
   return touched;
 }
 
+std::optional<AheadStatement> Connection::ahead(std::string_view sql) {
+  using dialect::StatementKind;
+  if (isPlainName(sql)) return std::nullopt;
+  const auto statement = statements_.find(sql, shape_);
+  const dialect::Translation& translation = statement->translation;
+  AheadStatement ahead;
+  if (statement->query) {
+    ahead.rows = std::make_shared<RecordsetState>(shared_from_this(), statement->query, sql, shape_.literals);
+    ahead.rows->prepareAhead();
+    return ahead;
+  }
+  const bool isAction = translation.kind == StatementKind::Insert ||
+                        translation.kind == StatementKind::Update ||
+                        translation.kind == StatementKind::Delete;
+  if (!isAction || translation.guard) return std::nullopt;
+  if (!statement->action) statement->action = engine_->prepare(translation.sql.front());
+  ahead.action = engine_->prepare(translation.sql.front());
+  bindSlots(*ahead.action, translation.slots, shape_.literals);
+  return ahead;
+}
+
+void Connection::together(std::span<const AheadStatement> statements) {
+  goOn();
+  const bool writes =
+      std::ranges::any_of(statements, [](const AheadStatement& one) { return one.action != nullptr; });
+  if (writes) {
+    letReadersGo();
+    gathering_.beforeWrite();
+    ++writes_;
+  }
+  try {
+    for (const AheadStatement& one : statements) one.action ? one.action->sendAhead() : one.rows->sendAhead();
+    if (!writes) return;
+    engine_->takeAnswers();
+    for (const AheadStatement& one : statements) {
+      if (one.rows) one.rows->startSent();
+      while (one.action && one.action->step()) {
+      }
+    }
+  } catch (const RuntimeError& reason) {
+    gathering_.afterFailure(reason);
+    throw;
+  }
+  gathering_.afterWrite();
+}
+
 // Several engine statements that must stand or fall as the one statement that they are.
 long Connection::runTableChange(const CachedStatement& statement, const dialect::Shape& shape) {
   letReadersGo();
-  gathering_.beforeTableChange();
+  engine_->sendsAhead() ? gathering_.beforeWrite() : gathering_.beforeTableChange();
   ++writes_;
+  try {
+    engine_->sendsAhead() ? sendParts(statement, shape) : stepParts(statement, shape);
+  } catch (const RuntimeError& reason) {
+    gathering_.afterFailure(reason);
+    forgetTables();
+    throw;
+  }
+  const bool counts = statement.translation.kind == dialect::StatementKind::SelectInto;
+  const long touched = counts ? engine_->changes() : 0;
+  forgetChanged(statement.translation);
+  gathering_.afterWrite();
+  return touched;
+}
+
+// What is under way together stands or falls together.
+void Connection::sendParts(const CachedStatement& statement, const dialect::Shape& shape) {
+  std::vector<std::unique_ptr<EngineStatement>> parts;
+  for (const std::string& sql : statement.translation.sql) parts.push_back(engine_->prepare(sql));
+  bindSlots(*parts.back(), statement.translation.slots, shape.literals);
+  for (const auto& part : parts) part->sendAhead();
+  for (const auto& part : parts)
+    while (part->step()) {
+    }
+}
+
+void Connection::stepParts(const CachedStatement& statement, const dialect::Shape& shape) {
   engine_->run("SAVEPOINT zk_statement");
-  long touched = 0;
   try {
     for (const std::string& sql : statement.translation.sql) {
       const auto prepared = engine_->prepare(sql);
@@ -167,17 +238,20 @@ long Connection::runTableChange(const CachedStatement& statement, const dialect:
       while (prepared->step()) {
       }
     }
-    if (statement.translation.kind == dialect::StatementKind::SelectInto) touched = engine_->changes();
-  } catch (const RuntimeError& reason) {
+  } catch (const RuntimeError&) {
     if (engine_->inTransaction()) engine_->run("ROLLBACK TO zk_statement; RELEASE zk_statement");
-    gathering_.afterFailure(reason);
-    forgetTables();
     throw;
   }
   engine_->run("RELEASE zk_statement");
+}
+
+// Nothing that is kept rests on a table that was not there, or that only its own drop has asked for.
+void Connection::forgetChanged(const dialect::Translation& translation) {
+  using dialect::StatementKind;
+  const StatementKind kind = translation.kind;
+  if (kind == StatementKind::SelectInto || kind == StatementKind::CreateTable) return;
+  if (kind == StatementKind::DropTable && schema_.forgetUnlessUsed(translation.table)) return;
   forgetTables();
-  gathering_.afterWrite();
-  return touched;
 }
 
 EngineStatement& Connection::prepared(const std::string& sql) {

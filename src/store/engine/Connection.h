@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,12 @@ namespace zelkor {
 
 class RecordsetState;
 
+/// A statement that is ready to be sent ahead of its answer: an action, or a query that is being opened.
+struct AheadStatement {
+  std::unique_ptr<EngineStatement> action;
+  std::shared_ptr<RecordsetState> rows;
+};
+
 /// The one connection of a process to a data file: runs statements of the dialect, keeps their prepared
 /// forms, gathers writes, and makes recordsets that are still reading let go before a write.
 class Connection : public std::enable_shared_from_this<Connection> {
@@ -33,6 +40,12 @@ class Connection : public std::enable_shared_from_this<Connection> {
   long execute(std::string_view sql);
   /// Runs a query, or opens the table of that name.
   Recordset open(std::string_view sql);
+
+  /// The statement translated and bound; nothing where it cannot go out together with others.
+  std::optional<AheadStatement> ahead(std::string_view sql);
+  /// Sends all of them and waits once. What fails is raised at the first of them that fails, and nothing of
+  /// what they have written stays. Queries alone are sent only: `startSent` waits for each one's rows.
+  void together(std::span<const AheadStatement> statements);
 
   /// Commits gathered statements and lets recordsets give up the rows that they are still reading from.
   void writeOut();
@@ -69,6 +82,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   long run(CachedStatement& statement, const dialect::Shape& shape);
   long runAction(CachedStatement& statement, const dialect::Shape& shape);
   long runTableChange(const CachedStatement& statement, const dialect::Shape& shape);
+  void sendParts(const CachedStatement& statement, const dialect::Shape& shape);
+  void stepParts(const CachedStatement& statement, const dialect::Shape& shape);
+  void forgetChanged(const dialect::Translation& translation);
   bool fastFormAllowed(CachedStatement& statement);
   void forgetTables();
   void goOn() const;

@@ -42,6 +42,10 @@ void Database::lockForWriting() {
   connection().gathering().beforeWrite();
 }
 
+std::uint64_t Database::waits() const {
+  return connection().engine().waits();
+}
+
 std::vector<std::string> Database::TableDefs() const {
   return connection().engine().tableNames();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -51,9 +52,12 @@ class Database {
   /// Inside a workspace transaction: takes the engine's write lock, where it has one, before the first write;
   /// waits for other writers. What is read from now on nobody else can change before the transaction ends.
   void lockForWriting();
+  /// See Engine::waits.
+  std::uint64_t waits() const;
   void Close() { connection_.reset(); }
 
  private:
+  friend class StatementGroup;
   Connection& connection() const;
   std::shared_ptr<Connection> connection_;
   long recordsAffected_ = 0;

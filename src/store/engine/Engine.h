@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,6 +33,9 @@ class EngineStatement {
   virtual void bindLastingText(int parameter, std::string_view value) { bindText(parameter, value); }
   virtual void bindBytes(int parameter, std::string_view value) = 0;
 
+  /// Puts the statement, with what is bound, on its way without waiting for its answer: the first step waits
+  /// for it. An engine that answers at once does nothing here.
+  virtual void sendAhead() {}
   /// Moves to the next row; false at the end. Raises the engine's failure as a RuntimeError.
   virtual bool step() = 0;
   /// Gives up the rows and whatever lock they hold.
@@ -64,6 +68,13 @@ class Engine {
   virtual bool gathersWrites() const { return true; }
   /// Whether a query is computed and sent as a whole though a few of its rows are asked for.
   virtual bool runsAhead() const { return false; }
+  /// Whether statements can be sent ahead of their answers. Those that are under way together stand or fall
+  /// together with what they write; one of them that reads can be stepped again when another has failed.
+  virtual bool sendsAhead() const { return false; }
+  /// Waits for the answers of all statements that were sent ahead, and keeps what they give.
+  virtual void takeAnswers() {}
+  /// How often an answer has been waited for: once for each round trip to a server.
+  virtual std::uint64_t waits() const { return 0; }
   /// Opens a transaction that may write at once; waits for other writers.
   virtual void begin() = 0;
   virtual void commit() = 0;
@@ -90,6 +101,12 @@ class Engine {
   virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
   /// What it knows of its tables beyond that; not longer than the engine itself.
   virtual std::unique_ptr<StoredTables> storedTables() = 0;
+  /// What the engine finds wrong with the file, in its own words; empty where that is nothing, and beside a
+  /// server, which looks after itself.
+  virtual std::string damage() { return {}; }
+  /// Copies the state that is being read, as it is, into a file that is there and empty; false where the
+  /// engine keeps no file, and its tables have to be carried.
+  virtual bool copyInto(const std::filesystem::path& /*file*/) { return false; }
 
   /// The revision that the books here have reached, as it was written beside the tables; 0 where none was.
   virtual int booksRevision() = 0;

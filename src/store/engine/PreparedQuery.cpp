@@ -1,5 +1,6 @@
 #include "store/engine/PreparedQuery.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace zelkor {
@@ -31,6 +32,10 @@ Projection Projection::of(std::vector<std::size_t> columns, std::size_t outputCo
   return projection;
 }
 
+bool Projection::covers(const Projection& other) const {
+  return std::ranges::all_of(other.columns, [this](std::size_t column) { return placeOf[column] >= 0; });
+}
+
 PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& translation)
     : engine_(engine),
       query_(translation.query),
@@ -51,22 +56,28 @@ bool PreparedQuery::mayEndEarly() const {
 }
 
 PreparedQuery::Run PreparedQuery::take() {
-  return take(mayEndEarly());
+  return take(mayEndEarly(), projection_);
 }
 
 PreparedQuery::Run PreparedQuery::takeWhole() {
-  return take(false);
+  return take(false, projection_);
 }
 
-PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly) {
-  Run run{nullptr, projection_, fastFormAllowed(), firstRowsOnly};
-  if (Idle& known = idle(run); !known.empty()) {
+PreparedQuery::Run PreparedQuery::takeAhead() {
+  if (!projection_->columns.empty()) return takeWhole();
+  if (!plain_) plain_ = std::make_shared<const Projection>(plainColumns(*query_));
+  return take(false, plain_);
+}
+
+PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly, std::shared_ptr<const Projection> projection) {
+  Run run{nullptr, std::move(projection), fastFormAllowed(), firstRowsOnly};
+  if (Idle& known = idle(run); run.projection == projection_ && !known.empty()) {
     run.statement = std::move(known.back());
     known.pop_back();
     return run;
   }
   using Form = dialect::Query::Form;
-  std::string sql = query_->rows(projection_->columns, run.fast ? Form::Fast : Form::Plain);
+  std::string sql = query_->rows(run.projection->columns, run.fast ? Form::Fast : Form::Plain);
   if (firstRowsOnly) sql += " LIMIT " + std::to_string(kFirstRows);
   run.statement = engine_.prepare(sql);
   return run;

@@ -18,6 +18,8 @@ struct Projection {
   std::vector<int> placeOf;          // for each output column its place in `columns`, or -1
 
   static Projection of(std::vector<std::size_t> columns, std::size_t outputColumns);
+  /// Whether it delivers all that the other does.
+  bool covers(const Projection& other) const;
 };
 
 /// The prepared statements of one query shape.
@@ -45,6 +47,9 @@ class PreparedQuery {
   Run take();
   /// A statement that gives every row.
   Run takeWhole();
+  /// One of many that go out together, where each row that has to be read again is a wait: while nobody has
+  /// asked for a column it delivers every plain one.
+  Run takeAhead();
   static constexpr int kFirstRows = 50;
   void giveBack(Run run);
 
@@ -60,14 +65,13 @@ class PreparedQuery {
   /// is soon asked for others.
   const RowByKey& rowByKey(bool everyPlainColumn);
   const Projection& projection() const { return *projection_; }
-  std::shared_ptr<const Projection> sharedProjection() const { return projection_; }
 
  private:
   using Idle = std::vector<std::unique_ptr<EngineStatement>>;
 
   bool fastFormAllowed();
   bool mayEndEarly() const;
-  Run take(bool firstRowsOnly);
+  Run take(bool firstRowsOnly, std::shared_ptr<const Projection> projection);
   Idle& idle(const Run& run) { return idle_[run.fast ? 1 : 0][run.firstRowsOnly ? 1 : 0]; }
 
   Engine& engine_;
@@ -75,6 +79,7 @@ class PreparedQuery {
   std::vector<dialect::ParameterSlot> slots_;
   ColumnNames columnNames_;
   std::shared_ptr<const Projection> projection_;
+  std::shared_ptr<const Projection> plain_;  // once it has been needed
   std::array<std::array<Idle, 2>, 2> idle_;
   std::unique_ptr<EngineStatement> guard_;
   RowByKey learnedByKey_;

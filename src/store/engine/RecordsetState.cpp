@@ -71,6 +71,16 @@ void RecordsetState::run() {
   if (streamNext()) standOn(0);
 }
 
+void RecordsetState::prepareAhead() {
+  run_ = query_->takeAhead();
+  bindSlots(*run_.statement, query_->slots(), literals_);
+}
+
+void RecordsetState::startSent() {
+  connection_->addReader(*this);
+  if (streamNext()) standOn(0);
+}
+
 void RecordsetState::finish() {
   if (!streaming()) return;
   connection_->removeReader(*this);
@@ -164,7 +174,7 @@ std::vector<Value> RecordsetState::decodeStreamedRow() const {
 // Both statements read the same state of the file; should the wider one order ties differently, the walk goes
 // on as it began.
 void RecordsetState::widenStream() {
-  if (!streaming() || !keyed() || known_ != 1 || run_.projection == query_->sharedProjection()) return;
+  if (!streaming() || !keyed() || known_ != 1 || run_.projection->covers(query_->projection())) return;
   PreparedQuery::Run wider = query_->take();
   try {
     bindSlots(*wider.statement, query_->slots(), literals_);

@@ -33,6 +33,11 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
 
   /// Runs the query (again) and moves to its first row.
   void start();
+  /// Instead of `start`: gets the query ready, puts it on its way without waiting for a row, and moves to the
+  /// first.
+  void prepareAhead();
+  void sendAhead() { run_.statement->sendAhead(); }
+  void startSent();
   /// Gives up the statement; see the class.
   void letGo();
   /// Only a write interrupts the walk then.

@@ -15,10 +15,17 @@ class SchemaCache final : public dialect::SchemaView {
   const dialect::TableInfo* table(std::string_view name) const override;
   /// Forgets everything: after a statement that changes tables, ours or another process's.
   void forget() { tables_.clear(); }
+  /// Forgets a table, unless it was asked for more than once: then more than the statement that asked last
+  /// may rest on what was told. False in that case.
+  bool forgetUnlessUsed(std::string_view name);
 
  private:
   Engine& engine_;
-  mutable std::map<std::string, dialect::TableInfo, std::less<>> tables_;  // by name in lower case
+  struct Known {
+    dialect::TableInfo info;
+    long asked = 0;
+  };
+  mutable std::map<std::string, Known, std::less<>> tables_;  // by name in lower case
 };
 
 }  // namespace zelkor

@@ -1,14 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "store/dialect/binding/Schema.h"
 #include "store/engine/postgresql/PostgreSqlRows.h"
+#include "store/engine/postgresql/ServerStatement.h"
 
 struct pg_conn;
 struct pg_result;
@@ -23,10 +27,16 @@ struct PgResultClearer {
 using PgResult = std::unique_ptr<pg_result, PgResultClearer>;
 using PgValues = std::vector<std::optional<std::string>>;
 
-/// A session on a PostgreSQL server. A statement that fails inside a transaction undoes itself only.
+/// A session on a PostgreSQL server. A statement that fails inside a transaction undoes itself only, with
+/// those that were under way together with it.
 ///
-/// A statement is one trip to the server and back, whatever has to go before it. The rows of a long result
-/// are read as they are asked for; before another statement goes out, those that are left are read in.
+/// Statements are put on their way one behind the other. The first answer that somebody asks for ends the
+/// trip: the server is asked for all of them, which is one wait, whatever had to go before the statements.
+/// Outside a transaction what a trip writes is one transaction of its own. After a failure the server passes
+/// over the rest of the trip: the streams of those statements are marked as passed over.
+///
+/// The rows of a long result are read as they are asked for; before another trip begins, what is left of the
+/// last one is read in.
 class PostgreSqlLink {
  public:
   explicit PostgreSqlLink(const std::string& conninfo);
@@ -48,16 +58,22 @@ class PostgreSqlLink {
   /// Ends the loading after a failure of whoever gives the rows.
   void giveUpCopy();
 
-  /// Prepares a statement whose parameters are all texts; gives its name.
-  std::string prepare(const std::string& sql, int parameters);
-  /// Runs it and reads the first rows into the stream, which has to stay where it is while it is open.
-  void start(const std::string& name, const PgValues& values, PostgreSqlStream& stream);
-  /// Reads the next rows of an open stream.
+  /// The statement of that text on the link, known to the server or not.
+  static std::shared_ptr<ServerStatement> statement(const std::shared_ptr<PostgreSqlLink>& link,
+                                                    std::string_view sql);
+  /// Puts a statement on its way; its rows go into the stream, which has to stay where it is while it is
+  /// open.
+  void send(ServerStatement& statement, const PgValues& values, PostgreSqlStream& stream);
+  /// Reads the next rows of an open stream, and all of those that are under way before it.
   void readOn(PostgreSqlStream& stream);
   /// Gives up what is left of a stream.
   void drop(PostgreSqlStream& stream);
-  /// The statement is not used any more; the server is told with the next one that is prepared.
-  void forget(const std::string& name) { forgotten_.push_back(name); }
+  /// Reads in all that is under way.
+  void readInWhatIsLeft();
+  /// A name that no statement of the session has.
+  std::string newName() { return "zk_" + std::to_string(++named_); }
+  /// The statement is not used any more; the server is told with the next trip.
+  void forget(const ServerStatement& statement);
 
   /// The server is told with the transaction's first statement.
   void begin();
@@ -69,6 +85,8 @@ class PostgreSqlLink {
   /// Whether something has been written since the last call.
   bool takeWritten();
   void noteWritten() { written_ = true; }
+  /// How often the server has been waited for.
+  std::uint64_t waits() const { return waits_; }
 
   /// The tables whose columns have been read, by lower-case name: for the names in messages.
   std::map<std::string, dialect::TableInfo> tables;
@@ -81,27 +99,40 @@ class PostgreSqlLink {
   /// The savepoint to which a failing statement goes back.
   enum class Savepoint : std::uint8_t { None, Fresh, WrittenBehind };
 
-  PgResult checked(pg_result* result);
-  std::vector<std::string> preamble() const;
-  template <typename Send>
-  void send(std::vector<std::string> before, Send send);
-  void takePreamble(std::size_t commands);
-  PgResult collect();
-  void read(PostgreSqlStream& stream, std::size_t upTo);
+  /// What is under way, in its order.
+  struct Awaited {
+    PostgreSqlStream* stream = nullptr;   // none: nobody asks for its rows
+    PgResult* whole = nullptr;            // its result as one piece instead
+    ServerStatement* prepares = nullptr;  // the statement that the server is told by it
+    bool begun = false;                   // its answer has begun to come
+  };
+
+  [[noreturn]] void raise(const pg_result* result) const;
+  PgResult checked(PgResult result) const;
+  std::vector<std::string> preamble();
+  void openTrip();
+  void put(const std::string& command);
+  void ask();
+  void readFront(std::size_t upTo);
+  void finishFront(PgResult result);
+  void passOverRest();
   void endTrip();
-  [[noreturn]] void fail(const pg_result* result);
-  void readInWhatIsLeft();
-  void note(const pg_result* result);
+  void giveUpTrip(const Awaited& failing, const pg_result* result);
+  void noteCount(const pg_result* result);
   std::string columnsOfKey(const ServerFailure& failure) const;
 
   std::unique_ptr<pg_conn, Closer> connection_;
+  std::unordered_map<std::string_view, std::weak_ptr<ServerStatement>> statements_;  // by their own texts
   std::vector<std::string> forgotten_;
-  PostgreSqlStream* reading_ = nullptr;
-  bool readingInTransaction_ = false;
-  bool pipelined_ = false;  // the trip under way has several statements
+  std::deque<Awaited> awaited_;
+  bool underWay_ = false;  // a trip has begun and has not ended
+  bool asked_ = false;     // its answers are coming
+  bool tripInTransaction_ = false;
+  bool tripHasWritten_ = false;
   bool beginOwed_ = false;
   Savepoint savepoint_ = Savepoint::None;
-  std::uint64_t prepared_ = 0;
+  std::uint64_t named_ = 0;
+  std::uint64_t waits_ = 0;
   long changes_ = 0;
   std::int64_t lastRowKey_ = 0;
   bool written_ = false;

@@ -43,7 +43,18 @@ class PostgreSqlRows {
 struct PostgreSqlStream {
   PostgreSqlRows rows;
   bool open = false;           // the server has more to say
+  bool passedOver = false;     // the server has not carried the statement out, as one before it has failed
   std::exception_ptr failure;  // of the row after them
+
+  void begin() {
+    end();
+    open = true;
+  }
+  void end() {
+    rows.clear();
+    open = passedOver = false;
+    failure = nullptr;
+  }
 };
 
 }  // namespace zelkor

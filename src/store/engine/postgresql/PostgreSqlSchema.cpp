@@ -51,20 +51,17 @@ std::string_view cell(const PgResult& result, int row, int column) {
   return PQgetvalue(result.get(), row, column);
 }
 
-constexpr const char* kTableQuery =
-    "SELECT coalesce(d.description, c.relname), c.oid FROM pg_class c "
-    "LEFT JOIN pg_description d ON d.objoid = c.oid AND d.objsubid = 0 AND d.classoid = 'pg_class'::regclass "
-    "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p', 'v') AND "
-    "c.relname = $1";
-
+// A table without columns of its own has zk_row.
 constexpr const char* kColumnQuery =
     "SELECT a.attname, t.typname, coalesce(d.description, ''), EXISTS (SELECT 1 FROM pg_class i "
-    "WHERE i.relnamespace = current_schema()::regnamespace AND "
-    "i.relname = 'zk_number_' || $2 || '_' || a.attname) FROM pg_attribute a "
+    "WHERE i.relnamespace = c.relnamespace AND i.relname = 'zk_number_' || $1 || '_' || a.attname), "
+    "coalesce(n.description, c.relname) FROM pg_class c "
+    "LEFT JOIN pg_description n ON n.objoid = c.oid AND n.objsubid = 0 AND n.classoid = 'pg_class'::regclass "
+    "JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped "
     "JOIN pg_type t ON t.oid = a.atttypid LEFT JOIN pg_description d "
-    "ON d.objoid = a.attrelid AND d.objsubid = a.attnum AND d.classoid = 'pg_class'::regclass "
-    "WHERE a.attrelid = $1::oid AND a.attnum > 0 AND NOT a.attisdropped AND a.attname <> 'zk_row' "
-    "ORDER BY a.attnum";
+    "ON d.objoid = c.oid AND d.objsubid = a.attnum AND d.classoid = 'pg_class'::regclass "
+    "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p', 'v') AND "
+    "c.relname = $1 ORDER BY a.attnum";
 
 ColumnInfo columnOf(std::string_view name, std::string_view type, std::string_view comment) {
   ColumnInfo column;
@@ -96,12 +93,12 @@ std::vector<std::string> PostgreSqlEngine::tableNames() {
 
 std::optional<TableInfo> PostgreSqlEngine::tableInfo(std::string_view table) {
   const std::string key = asciiLower(table);
-  const PgResult found = link_->query(kTableQuery, {key});
-  if (PQntuples(found.get()) == 0) return std::nullopt;
+  const PgResult columns = link_->query(kColumnQuery, {key});
+  if (PQntuples(columns.get()) == 0) return std::nullopt;
   TableInfo info;
-  info.name = cell(found, 0, 0);
-  const PgResult columns = link_->query(kColumnQuery, {std::string(cell(found, 0, 1)), key});
+  info.name = cell(columns, 0, 4);
   for (int row = 0; row < PQntuples(columns.get()); ++row) {
+    if (cell(columns, row, 0) == "zk_row") continue;
     info.columns.push_back(columnOf(cell(columns, row, 0), cell(columns, row, 1), cell(columns, row, 2)));
     info.columns.back().orderedAsNumber = cell(columns, row, 3) == "t";
   }

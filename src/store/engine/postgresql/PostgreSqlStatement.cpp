@@ -1,6 +1,5 @@
 #include "store/engine/postgresql/PostgreSqlStatement.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <exception>
@@ -22,29 +21,6 @@ enum TypeNumber : unsigned {
   Numeric = 1700,
 };
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
-// The greatest $n outside of quotes. Numbers below it that the text does not name are declared all the same.
-int parametersOf(std::string_view sql) {
-  int most = 0;
-  char quote = 0;
-  for (std::size_t i = 0; i < sql.size(); ++i) {
-    const char c = sql[i];
-    if (quote != 0) {
-      if (c == quote) quote = 0;
-    } else if (c == '\'' || c == '"') {
-      quote = c;
-    } else if (c == '$' && i + 1 < sql.size() && isDigit(sql[i + 1])) {
-      int number = 0;
-      std::from_chars(sql.data() + i + 1, sql.data() + sql.size(), number);
-      most = std::max(most, number);
-    }
-  }
-  return most;
-}
-
 template <typename Number>
 Number numberOf(std::string_view text) {
   Number number{};
@@ -60,14 +36,11 @@ std::string textOf(Number number) {
 
 }  // namespace
 
-PostgreSqlStatement::PostgreSqlStatement(std::shared_ptr<PostgreSqlLink> link, std::string_view sql)
-    : link_(std::move(link)), values_(static_cast<std::size_t>(parametersOf(sql))) {
-  name_ = link_->prepare(std::string(sql), static_cast<int>(values_.size()));
-}
+PostgreSqlStatement::PostgreSqlStatement(std::shared_ptr<ServerStatement> statement)
+    : statement_(std::move(statement)), values_(static_cast<std::size_t>(statement_->parameters)) {}
 
 PostgreSqlStatement::~PostgreSqlStatement() {
-  link_->drop(stream_);
-  link_->forget(name_);
+  link().drop(stream_);
 }
 
 void PostgreSqlStatement::bind(int parameter, std::optional<std::string> value) {
@@ -95,14 +68,18 @@ void PostgreSqlStatement::bindBytes(int parameter, std::string_view value) {
   bind(parameter, byteaText(value));
 }
 
+void PostgreSqlStatement::sendAhead() {
+  next_ = 0;
+  link().send(*statement_, values_, stream_);
+  started_ = true;
+}
+
 bool PostgreSqlStatement::step() {
-  if (!started_) {
-    next_ = 0;
-    link_->start(name_, values_, stream_);
-    started_ = true;
-  } else if (next_ == stream_.rows.count() && stream_.open) {
-    next_ = 0;
-    link_->readOn(stream_);
+  if (!started_) sendAhead();
+  readOn();
+  if (stream_.passedOver) {
+    sendAhead();
+    readOn();
   }
   if (next_ < stream_.rows.count()) {
     row_ = next_++;
@@ -112,8 +89,14 @@ bool PostgreSqlStatement::step() {
   return false;
 }
 
+void PostgreSqlStatement::readOn() {
+  if (next_ < stream_.rows.count() || !stream_.open) return;
+  next_ = 0;
+  link().readOn(stream_);
+}
+
 void PostgreSqlStatement::reset() {
-  link_->drop(stream_);
+  link().drop(stream_);
   started_ = false;
 }
 

@@ -9,7 +9,7 @@ namespace zelkor {
 /// statement holds nothing on the server while its rows are walked; a long one comes piece by piece.
 class PostgreSqlStatement final : public EngineStatement {
  public:
-  PostgreSqlStatement(std::shared_ptr<PostgreSqlLink> link, std::string_view sql);
+  explicit PostgreSqlStatement(std::shared_ptr<ServerStatement> statement);
   PostgreSqlStatement(const PostgreSqlStatement&) = delete;
   PostgreSqlStatement& operator=(const PostgreSqlStatement&) = delete;
   ~PostgreSqlStatement() override;
@@ -19,6 +19,7 @@ class PostgreSqlStatement final : public EngineStatement {
   void bindReal(int parameter, double value) override;
   void bindText(int parameter, std::string_view value) override;
   void bindBytes(int parameter, std::string_view value) override;
+  void sendAhead() override;
   bool step() override;
   void reset() override;
   CellKind kind(int column) const override;
@@ -29,9 +30,11 @@ class PostgreSqlStatement final : public EngineStatement {
 
  private:
   void bind(int parameter, std::optional<std::string> value);
+  void readOn();
 
-  std::shared_ptr<PostgreSqlLink> link_;
-  std::string name_;
+  PostgreSqlLink& link() const { return *statement_->link; }
+
+  std::shared_ptr<ServerStatement> statement_;
   PgValues values_;
   PostgreSqlStream stream_;
   bool started_ = false;

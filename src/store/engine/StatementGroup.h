@@ -1,0 +1,74 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "store/engine/Database.h"
+
+namespace zelkor {
+
+struct AheadStatement;
+
+/// Statements whose answers are waited for together. They are carried out in their order, each sees what
+/// those before it have written, and what they leave behind, a failure included, is what they leave when each
+/// is waited for.
+///
+/// On a server they go out as a group that stands or falls as one: when one fails, all of them are taken back
+/// and carried out again one by one, up to the failure. An engine that answers at once carries each out as it
+/// is added. So whoever adds them must not count on either: the rows of a query are used when it is added, or
+/// when the group is run.
+class StatementGroup {
+ public:
+  /// Of so many things the statements go out together: enough that a wait hardly counts, few enough that
+  /// nobody waits long for what a group has locked.
+  static constexpr std::size_t kThings = 200;
+
+  explicit StatementGroup(Database& database);
+
+  void execute(std::string_view sql);
+  /// `use` is called with the rows, which are given up afterwards. It runs no statement that writes.
+  template <typename Use>
+  void open(std::string_view sql, Use use) {
+    if (!sendsAhead_) {
+      Recordset rows = database_.OpenRecordset(sql);
+      return use(rows);
+    }
+    steps_.push_back({std::string(sql), std::move(use)});
+  }
+  /// Carries out what was added. Rows of queries are used in their order; where the group writes too, after
+  /// all of it, and until then their rows are kept.
+  void run();
+
+ private:
+  struct Step {
+    std::string sql;
+    std::function<void(Recordset&)> use;  // of a query
+  };
+
+  using Sent = std::vector<AheadStatement>;
+
+  /// Each of these gives how many of the steps, from the first, have been carried out.
+  std::size_t runTogether(std::span<const Step> steps);
+  std::size_t carryOut(std::span<const Step> steps, Sent sent);
+  std::size_t read(std::span<const Step> steps, Sent sent);
+  void runOne(const Step& step);
+
+  Database& database_;
+  bool sendsAhead_;
+  std::vector<Step> steps_;
+};
+
+/// Calls `work` with each part of the things, as many as go out together.
+template <typename Things, typename Work>
+void forEachGroup(const Things& things, Work work) {
+  for (std::size_t first = 0; first < things.size(); first += StatementGroup::kThings)
+    work(std::span(things).subspan(first, std::min(StatementGroup::kThings, things.size() - first)));
+}
+
+}  // namespace zelkor

@@ -1,0 +1,179 @@
+#include <unistd.h>
+
+#include <fstream>
+
+#include "store/engine/postgresql/PostgreSqlEngine.h"
+#include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
+#include "store/StoreFixture.h"
+#include "support/Golden.h"
+
+namespace zelkor::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class StatementGroupTest : public StoreTest {
+ protected:
+  StatementGroupTest() {
+    for (const char* table : {"t", "u"}) {
+      db.Execute(std::string("CREATE TABLE ") + table + " (sNum TEXT(20), lN SHORT)");
+      db.Execute(std::string("CREATE UNIQUE INDEX sNum ON ") + table + " (sNum)");
+      db.Execute(std::string("insert into ") + table + " (sNum,lN) values ('taken',1)");
+    }
+  }
+
+  /// What the statements leave in the table "t", and the error that they end with.
+  Lines outcome(const Lines& statements, const std::function<void(const Lines&)>& carryOut) {
+    Lines lines{refusalOf([&] { carryOut(statements); })};
+    for (std::string& line : rows("select sNum,lN from t order by sNum")) lines.push_back(std::move(line));
+    db.Execute("delete from t where sNum<>'taken'");
+    return lines;
+  }
+  void together(const Lines& statements) {
+    StatementGroup group(db);
+    for (const std::string& statement : statements) group.execute(statement);
+    group.run();
+  }
+  void oneByOne(const Lines& statements) {
+    for (const std::string& statement : statements) db.Execute(statement);
+  }
+
+  long residentPages() {
+    long size = 0;
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> size >> resident;
+    return resident;
+  }
+};
+
+TEST_F(StatementGroupTest, EachSeesWhatThoseBeforeItHaveWritten) {
+  const std::uint64_t before = db.waits();
+  Lines seen;
+  StatementGroup group(db);
+  for (const char* num : {"1", "2", "3"}) {
+    group.execute(sql("insert into t (sNum,lN) values ('", num, "',", num, ")"));
+    group.open("select sum(lN) as a from t", [&](const Recordset& sum) { seen.push_back(sum.Text("a")); });
+  }
+  group.run();
+  EXPECT_EQ(seen, (Lines{"2", "4", "7"}));
+  if (onServer()) {
+    EXPECT_EQ(db.waits() - before, 2U) << "the columns of the table, and the group";
+  }
+}
+
+TEST_F(StatementGroupTest, AFailureLeavesWhatOneByOneLeaves) {
+  for (const auto& bad : casesIn("store/engine/bad-statements.txt")) {
+    const Lines statements{"insert into t (sNum,lN) values ('a',1)", "update t set lN=lN+1 where sNum='a'",
+                           bad[1], "insert into t (sNum,lN) values ('b',2)"};
+    for (const bool inTransaction : {false, true}) {
+      if (inTransaction) engine.workspace().BeginTrans();
+      const Lines expected = outcome(statements, [this](const Lines& all) { oneByOne(all); });
+      EXPECT_EQ(outcome(statements, [this](const Lines& all) { together(all); }), expected) << bad[1];
+      EXPECT_TRUE(expected.front().starts_with(bad[0])) << expected.front();
+      EXPECT_EQ(expected.size(), 3U) << bad[1];
+      if (inTransaction) engine.workspace().CommitTrans();
+    }
+  }
+}
+
+TEST_F(StatementGroupTest, AReadThatFailsComesAfterTheUsesBeforeIt) {
+  db.Execute("insert into t (sNum,lN) values ('x',0)");
+  for (const char* bad :
+       {"select 1/lN as a from t where sNum='x'", "select a from nowhere", "select a from"}) {
+    int used = 0;
+    StatementGroup group(db);
+    const auto use = [&](const Recordset& row) { used += static_cast<int>(row.Fields("a").number()); };
+    EXPECT_NE(errorOf([&] {
+                group.open("select 1 as a from t where sNum='taken'", use);
+                group.open("select 2 as a from t where sNum='taken'", use);
+                group.open(bad, use);
+                group.open("select 4 as a from t where sNum='taken'", use);
+                group.run();
+              }),
+              0)
+        << bad;
+    EXPECT_EQ(used, 3) << bad;
+  }
+  EXPECT_EQ(cell("select count(*) from t"), "2") << "the connection goes on";
+}
+
+TEST_F(StatementGroupTest, AGroupMayChangeTablesInItsMiddle) {
+  together({"insert into t (sNum,lN) values ('1',1)", "select * into v from t",
+            "insert into v (sNum,lN) values ('2',2)", "insert into t (sNum,lN) values ('3',3)"});
+  EXPECT_EQ(rows("select sNum from v order by sNum"), (Lines{"1", "2", "taken"}));
+  EXPECT_EQ(rows("select sNum from t order by sNum"), (Lines{"1", "3", "taken"}));
+}
+
+TEST_F(StatementGroupTest, ReadsAKeyedRowAsItWasAskedFor) {
+  db.Execute("insert into t (sNum,lN) values ('1',10)");
+  db.Execute("insert into t (sNum,lN) values ('2',20)");
+  const auto read = [this] {
+    Lines seen;
+    StatementGroup group(db);
+    for (const char* num : {"1", "2", "none", "2"})
+      group.open(sql("select * from t where sNum='", num, "'"), [&](Recordset& row) {
+        seen.push_back(row.Eof() ? "-" : row.Text("lN"));
+        for (; !row.Eof(); row.MoveNext()) seen.back() += row.Text("sNum");
+      });
+    group.run();
+    return seen;
+  };
+  const std::uint64_t before = db.waits();
+  EXPECT_EQ(read(), (Lines{"101", "202", "-", "202"}));
+  EXPECT_EQ(read(), (Lines{"101", "202", "-", "202"}));
+  if (onServer()) {
+    EXPECT_EQ(db.waits() - before, 2U);
+  }
+}
+
+TEST_F(StatementGroupTest, AConnectionThatIsCutEndsTheGroup) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  for (const bool inTransaction : {false, true}) {
+    if (inTransaction) engine.workspace().BeginTrans();
+    const Lines statements{"insert into t (sNum,lN) values ('1',1)", "update t set lN=lN+1",
+                           "insert into t (sNum,lN) values ('2',2)"};
+    db.Execute("update t set lN=5 where sNum='taken'");
+    PostgreSqlEngine other(ServerFile::read(path));
+    other
+        .prepare(
+            "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
+            "query LIKE '%\"t\"%'")
+        ->step();
+    EXPECT_EQ(errorOf([&] { together(statements); }), 57);
+    EXPECT_EQ(errorOf([&] { together(statements); }), 57);
+    if (inTransaction) {
+      EXPECT_EQ(errorOf([&] { engine.workspace().CommitTrans(); }), 57);
+    }
+    db.Close();
+    db = engine.OpenDatabase(path);
+    EXPECT_EQ(rows("select sNum from t"), Lines{"taken"});
+  }
+}
+
+TEST_F(StatementGroupTest, ALongResultIsNotKept) {
+  db.Execute("create table n (memMore MEMO)");
+  db.Execute("insert into n (memMore) values ('" + std::string(200, 'x') + "')");
+  for (int i = 0; i < 16; ++i) db.Execute("insert into n (memMore) select memMore from n");
+  constexpr long kRows = 1L << 16U;
+  const long megabyte = (1L << 20U) / sysconf(_SC_PAGESIZE);
+  for (const bool again : {false, true}) {
+    const long before = residentPages();
+    long largest = 0;
+    long walked = 0;
+    StatementGroup group(db);
+    for (int query = 0; query < 3; ++query)
+      group.open("select memMore from n", [&](Recordset& all) {
+        for (; !all.Eof(); all.MoveNext()) walked += static_cast<long>(all.Text("memMore").size() == 200);
+        largest = std::max(largest, residentPages() - before);
+      });
+    group.run();
+    EXPECT_EQ(walked, 3 * kRows);
+    if (again) {
+      EXPECT_LT(largest, 8 * megabyte) << "of 13 MB a query";
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zelkor::test

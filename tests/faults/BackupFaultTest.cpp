@@ -166,6 +166,14 @@ TEST_F(BackupFaultTest, OfTwoAtOnceNeitherHarmsTheOther) {
   expectWholeBackups(home / "backups");
 }
 
+TEST_F(BackupFaultTest, BackupsAreNotTakenForAccountSets) {
+  done({"backup", set.argument("8")});
+  ASSERT_EQ(backupsIn(set / "backups").size(), 1U);
+  const std::string each = done({"each", set / "", "--", "sql", "{}/ZkData.Mdb", "delete from fa_Cards"});
+  EXPECT_EQ(each.find("backups"), std::string::npos) << each;
+  EXPECT_EQ(backupsIn(set / "backups", BackupCheck::Checksums).front().problem, "");
+}
+
 TEST_F(BackupFaultTest, AnOpenAccountSetIsNotReplaced) {
   done(import());
   done(backup());

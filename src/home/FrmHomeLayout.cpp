@@ -14,7 +14,7 @@ using namespace layout;
 namespace {
 
 constexpr QSize kSize(1100, 680);
-constexpr int kStepsWidth = 540;
+constexpr int kStepsWidth = 580;
 constexpr int kCommandWidth = 190;
 constexpr int kStepHeight = 42;
 constexpr int kCaptionWidth = 112;

@@ -197,9 +197,9 @@ TEST_F(FrmBBXSTest, previewsNoThousandsOfPages) {
   ReportView view = report();
   for (int row = 0; row < 15'000; ++row) view.grid.addRow({"一车间", "1234.50"});
   FrmBBXS& form = open(std::move(view));
-  tells("报表共 536 页，页数太多，不能预览；可在打印窗口中选页码。", Icon::Information, "查看报表");
+  tells("报表共 556 页，页数太多，不能预览；可在打印窗口中选页码。", Icon::Information, "查看报表");
   inModalForm([](QWidget& window) {
-    EXPECT_EQ(dynamic_cast<QPrintDialog&>(window).maxPage(), 536);
+    EXPECT_EQ(dynamic_cast<QPrintDialog&>(window).maxPage(), 556);
     window.close();
   });
   press(form, "mnuPopPrint");

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -96,6 +97,18 @@ bool isEarlier(const ListedBackup& one, const ListedBackup& other) {
   const std::string a = one.folder.filename().string();
   const std::string b = other.folder.filename().string();
   return std::tuple(one.note.time, a.size(), a) < std::tuple(other.note.time, b.size(), b);
+}
+
+/// The greatest number behind the name of a folder, 1 for the name alone; 0 where none has it.
+int lastNumberOf(const fs::path& above, const std::string& name) {
+  int last = 0;
+  std::error_code ignored;
+  for (const fs::directory_entry& entry : fs::directory_iterator(above, ignored)) {
+    const std::string other = entry.path().filename().string();
+    if (other == name) last = std::max(last, 1);
+    if (other.starts_with(name + "-")) last = std::max(last, std::atoi(other.c_str() + name.size() + 1));
+  }
+  return last;
 }
 
 /// Out of sight at once, then away: what a killed process leaves is no half backup.
@@ -207,7 +220,8 @@ NewBackupFolder::~NewBackupFolder() {
 fs::path NewBackupFolder::giveName(const std::string& name) {
   constexpr int kMostOfOneName = 1000;
   if (!forceToDisk(path_)) fail(path_, errno);
-  for (int number = 1; number <= kMostOfOneName; ++number) {
+  // A name that an earlier one of the same second has left free would put this one before a later one.
+  for (int number = lastNumberOf(above_, name) + 1; number <= kMostOfOneName; ++number) {
     const fs::path named = above_ / (number == 1 ? name : name + "-" + std::to_string(number));
     if (::rename(path_.c_str(), named.c_str()) == 0) {
       path_.clear();

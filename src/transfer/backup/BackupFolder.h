@@ -66,7 +66,7 @@ class NewBackupFolder {
   ~NewBackupFolder();
 
   const std::filesystem::path& path() const { return path_; }
-  /// Forces it to disk and names it, with a number behind where the name is taken; gives its path.
+  /// Forces it to disk and names it, with a number after it where the name is taken; gives its path.
   std::filesystem::path giveName(const std::string& name);
 
  private:

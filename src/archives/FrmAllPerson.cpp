@@ -10,7 +10,7 @@ namespace zelkor {
 using namespace layout;
 
 FrmAllPerson::FrmAllPerson(FormHost& host) : Form(host, "FrmAllPerson", "职员", Unload::Plain) {
-  arrange(this, column({wide(GridPerson), row({stretch(), CmdOK, CmdCancel})}));
+  arrange(this, column({findBar_, wide(GridPerson), row({stretch(), CmdOK, CmdCancel})}));
   GridPerson->horizontalHeader()->setStretchLastSection(true);
   resize(460, 400);
   on(GridPerson, &FlexGrid::rowSelected, &FrmAllPerson::GridPerson_RowColChange);
@@ -25,6 +25,13 @@ FrmAllPerson::FrmAllPerson(FormHost& host) : Form(host, "FrmAllPerson", "职员"
 void FrmAllPerson::setAllPerson(const Recordset& persons) {
   GridPerson->setGrid(personGrid(persons));
   GridPerson->fitColumns();
+}
+
+std::string FrmAllPerson::searchedText(std::size_t row) const {
+  const TextGrid& persons = GridPerson->grid();
+  std::string text;
+  for (std::size_t column = 0; column < persons.columns(); ++column) text += persons.text(row, column) + " ";
+  return text;
 }
 
 void FrmAllPerson::GridPerson_RowColChange(std::size_t row) {

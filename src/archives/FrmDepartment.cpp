@@ -36,6 +36,7 @@ void FrmDepartment::arrangeControls() {
   arrangeCommands();
   dressTree(*TvLeft);
   dressPick(CmdFindPerson, TxtEdit[Person]);
+  TxtEdit[Person]->setProperty("picked", true);
   LblState->setProperty("title", true);
   auto* details = column({row({LblState, stretch(), LblCodeSet}), space(4),
                           row({fields({{"部门编码：", TxtEdit[Code]},
@@ -109,6 +110,8 @@ void FrmDepartment::fill(const DepartRecord& depart) {
 void FrmDepartment::unlock(bool unlocked) {
   unlocked_ = unlocked;
   for (QLineEdit* field : TxtEdit) field->setReadOnly(!unlocked);
+  // A name that is typed is nobody's code: it goes to the picker, which its letters must reach.
+  TxtEdit[Person]->setAttribute(Qt::WA_InputMethodEnabled, false);
   CmdFindPerson->setEnabled(unlocked);
   LblState->setText(!unlocked ? "部门" : adding_ ? "正在增加部门" : "正在修改部门");
   enableCommands();

@@ -77,8 +77,9 @@ void FrmFLBMB::MSFlexGrid1_DblClick() {
   SSTab1->setCurrentIndex(kDetailTab);
 }
 
+/// What was typed before cannot be undone back into them.
 void FrmFLBMB::clearDetails() {
-  for (QLineEdit* field : {TxtLBMC, TxtSYNX, TxtJCZL, TxtJLDW, TxtZJFF, TxtKPYS}) field->clear();
+  for (QLineEdit* field : {TxtLBMC, TxtSYNX, TxtJCZL, TxtJLDW, TxtZJFF, TxtKPYS}) field->setText({});
   ComboJTSX->setCurrentIndex(0);
 }
 

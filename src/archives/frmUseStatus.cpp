@@ -27,6 +27,7 @@ frmUseStatus::frmUseStatus(FormHost& host)
   Combo1->addItem("要提折旧", 1);
   connectEvents();
   reload();
+  TreeView1->setFocus();
 }
 
 void frmUseStatus::arrangeControls() {
@@ -145,8 +146,7 @@ void frmUseStatus::add() {
   const std::string parentID = current_.level >= 2 ? current_.parentID : current_.id;
   current_ = {.id = current_.id, .name = {}, .englishName = {}, .parentID = parentID};
   Text1->setText(toQt(nameOf(parentID)));
-  Text2->clear();
-  Text3->clear();
+  for (QLineEdit* field : {Text2, Text3}) field->setText({});  // what was there cannot be undone into it
   Combo1->setCurrentIndex(0);
   setMode(Mode::Add);
 }

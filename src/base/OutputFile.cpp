@@ -152,12 +152,17 @@ FileDescriptor OutputFile::openBeside() {
   return grant(file, options_.access) ? std::move(file) : FileDescriptor();
 }
 
-void OutputFile::finish() {
+void OutputFile::complete() {
   DescriptorBuffer& buffer = stream_->buffer();
   stream_->flush();
   if (!direct_) buffer.note(::fsync(buffer.file().get()) == 0);
   buffer.close();
   if (buffer.failure() != 0) cannotWrite(file_, std::strerror(buffer.failure()));
+  stream_.reset();
+}
+
+void OutputFile::finish() {
+  if (stream_) complete();
   if (!direct_) keep();
 }
 

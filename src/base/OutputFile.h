@@ -32,7 +32,10 @@ class OutputFile {
 
   /// Opens it; the content is written there.
   std::ostream& open();
-  /// To be called when all is written: forces it to disk and gives the file its name.
+  /// To be called when all is written: forces it to disk. Several files that belong together take their names
+  /// only when the last of them is there.
+  void complete();
+  /// Completes the file, where that is still to be done, and gives it its name.
   void finish();
 
  private:

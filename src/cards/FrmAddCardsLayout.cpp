@@ -1,7 +1,6 @@
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QScrollArea>
-#include <QStyle>
 
 #include "cards/CardEditing.h"
 #include "cards/FrmAddCards.h"
@@ -123,9 +122,6 @@ QLayout* FrmAddCards::records() {
 void FrmAddCards::unfold(bool open) {
   LblTitle->setVisible(open);
   GridTmp->setVisible(open);
-  SSTab1->setProperty("folded", !open);
-  SSTab1->style()->unpolish(SSTab1);
-  SSTab1->style()->polish(SSTab1);
   if (isVisible()) fitHeight();
 }
 

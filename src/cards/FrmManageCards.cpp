@@ -42,6 +42,7 @@ FrmManageCards::FrmManageCards(FormHost& host, const std::string& zkDataPath)
   connectEvents();
   enableCommands();
   cmbType_Click();
+  mshFA->setFocus();
 }
 
 void FrmManageCards::arrangeControls() {

@@ -76,6 +76,7 @@ void FrmFABalance::txtMobile_Commit(const QLabel* value, const QString& text) {
   if (value == Text[Reason]) sheet_.reason = fromQt(text);
   if (value == Text[CardNum]) {
     typedIsRefused_ = !loadTyped(fromQt(text));
+    if (typedIsRefused_) editor->offerAgain(text);
     editor->goOnAt(Text[typedIsRefused_ ? CardNum : MethodAfter]);
   }
   showSheet();

@@ -136,6 +136,7 @@ void frmAssetsAlteration::txtContent_Commit(const QLabel* value, const QString& 
 void frmAssetsAlteration::loadTyped(QLabel* label, CardKey key, const std::string& number) {
   typedIsRefused_ = !tell(sheets_.loadCard(key, number, sheet_));
   showSheet();
+  if (typedIsRefused_) editor->offerAgain(toQt(number));
   editor->goOnAt(typedIsRefused_ ? label : firstOwnEntry());
 }
 

@@ -22,7 +22,7 @@ frmCardDetail::frmCardDetail(FormHost& host, TextGrid cards)
   mshTable->fillWith(kAssetName);
   mshTable->setSelectionMode(QAbstractItemView::SingleSelection);
   auto* told = note("共 " + QString::number(count) + " 张卡片，双击或按回车键选择，Ctrl+F 查找。");
-  arrange(this, column({findBar_, wide(mshTable), row({told, stretch(), cmdOK, Command2})}));
+  arrange(this, column({findBar_, wide(mshTable), row({wide(told), cmdOK, Command2})}));
   resize(860, 480);
   on(mshTable, &FlexGrid::rowOpened, &frmCardDetail::pick);
   on(cmdOK, &QPushButton::clicked, &frmCardDetail::cmdOK_Click);

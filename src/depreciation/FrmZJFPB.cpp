@@ -27,6 +27,7 @@ FrmZJFPB::FrmZJFPB(FormHost& host) : Form(host, "FrmZJFPB", "折旧分配表", U
   fillGrid(AllocationMode::Department);
   MSFlexGrid1->widenColumns();
   MSFlexGrid1->fillWith(kNameColumn);
+  MSFlexGrid1->setFocus();
 }
 
 void FrmZJFPB::arrangeControls() {

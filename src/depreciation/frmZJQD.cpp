@@ -33,6 +33,7 @@ frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload:
   });
   on(cmbDate, &QComboBox::currentIndexChanged, &frmZJQD::fillGrid);
   on(cmbDepart, &QComboBox::currentIndexChanged, &frmZJQD::cmbDepart_Click);
+  MSFZJQD->setFocus();
 }
 
 void frmZJQD::arrangeControls() {

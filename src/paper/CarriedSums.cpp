@@ -9,10 +9,6 @@
 namespace zelkor {
 namespace {
 
-bool isTotal(const TextGrid& grid, std::size_t row) {
-  return grid.columns() > 0 && grid.bold(row, 0);
-}
-
 std::string withoutSeparators(std::string text) {
   std::erase(text, ',');
   return text;
@@ -38,7 +34,7 @@ CarriedSums::CarriedSums(const PaperTable& table) : table_(table) {
 }
 
 void CarriedSums::add(std::size_t row) {
-  if (columns_.empty() || isTotal(table_.grid, row)) return;
+  if (columns_.empty() || table_.grid.isTotal(row)) return;
   for (Column& column : columns_) {
     const std::string& text = table_.grid.text(row, column.index);
     if (text.empty()) continue;

@@ -10,6 +10,7 @@ namespace {
 constexpr double kSizeStep = 0.5;
 constexpr double kLeadersShare = 0.35;  // of the page's width, that leading columns may take on every page
 constexpr double kWidestShare = 0.45;   // that one of several columns may take
+constexpr double kWidestStretch = 2.2;  // of a column, so that the table is as wide as its headings
 
 /// How far a column is from its least width to that of its whole texts.
 double widthAt(const ColumnNeed& column, double ease) {
@@ -22,21 +23,25 @@ double sumAt(std::span<const ColumnNeed> columns, double ease) {
   });
 }
 
-/// What is left of the page's width goes to columns that may be wider.
+double sumOf(const std::vector<double>& widths, std::span<const std::size_t> places) {
+  double sum = 0;
+  for (const std::size_t place : places) sum += widths[place];
+  return sum;
+}
+
+/// What is left of the page's width goes to columns that may be wider, then to all.
 void widen(std::span<const ColumnNeed> columns, std::span<const std::size_t> places, double room,
            std::vector<double>& widths) {
   double wanted = 0;
   const auto missing = [&](std::size_t place) { return std::max(0.0, columns[place].told - widths[place]); };
   for (const std::size_t place : places) wanted += missing(place);
-  if (wanted <= 0 || room <= 0) return;
-  const double share = std::min(1.0, room / wanted);
+  if (room <= 0) return;
+  const double share = wanted > room ? room / wanted : 1;
   for (const std::size_t place : places) widths[place] += missing(place) * share;
-}
-
-double sumOf(const std::vector<double>& widths, std::span<const std::size_t> places) {
-  double sum = 0;
-  for (const std::size_t place : places) sum += widths[place];
-  return sum;
+  const double sum = sumOf(widths, places);
+  if (sum <= 0) return;
+  const double stretch = std::min(kWidestStretch, 1 + (room - wanted * share) / sum);
+  for (const std::size_t place : places) widths[place] *= stretch;
 }
 
 ColumnFit onOnePage(std::span<const ColumnNeed> columns, double pageWidth, double size, double leastEase) {
@@ -56,11 +61,11 @@ ColumnFit onOnePage(std::span<const ColumnNeed> columns, double pageWidth, doubl
 /// Lays columns side by side until the page is full, unit by unit.
 class BandFiller {
  public:
-  BandFiller(std::span<const ColumnNeed> columns, double pageWidth, double size)
+  BandFiller(std::span<const ColumnNeed> columns, double pageWidth, double size, double ease)
       : columns_(columns), pageWidth_(pageWidth) {
     fit_.size = size;
     for (const ColumnNeed& column : columns) {
-      fit_.widths.push_back(std::min(widthAt(column, 0.5) * size, kWidestShare * pageWidth));
+      fit_.widths.push_back(std::min(widthAt(column, ease) * size, kWidestShare * pageWidth));
     }
     takeLeaders();
   }
@@ -113,12 +118,21 @@ class BandFiller {
   double used_ = 0;
 };
 
+// Somewhat smaller letters are better than broken texts, broken texts better than tiny letters.
+struct Try {
+  double ease;
+  double smallest;
+};
+
 /// The largest letters that need no more bands than the smallest do.
 ColumnFit inBands(std::span<const ColumnNeed> columns, double pageWidth) {
-  ColumnFit smallest = BandFiller(columns, pageWidth, kSmallestSize).fill();
-  for (double size = kUsualSize; size > kSmallestSize; size -= kSizeStep) {
-    ColumnFit larger = BandFiller(columns, pageWidth, size).fill();
-    if (larger.bands.size() == smallest.bands.size()) return larger;
+  constexpr Try kTries[] = {{1, 8}, {0.5, kSmallestSize}};
+  ColumnFit smallest = BandFiller(columns, pageWidth, kSmallestSize, 0.5).fill();
+  for (const Try& one : kTries) {
+    for (double size = kUsualSize; size >= one.smallest; size -= kSizeStep) {
+      ColumnFit larger = BandFiller(columns, pageWidth, size, one.ease).fill();
+      if (larger.bands.size() == smallest.bands.size()) return larger;
+    }
   }
   return smallest;
 }
@@ -126,11 +140,6 @@ ColumnFit inBands(std::span<const ColumnNeed> columns, double pageWidth) {
 }  // namespace
 
 ColumnFit fitColumns(std::span<const ColumnNeed> columns, double pageWidth) {
-  // Somewhat smaller letters are better than broken texts, broken texts better than tiny letters.
-  struct Try {
-    double ease;
-    double smallest;
-  };
   constexpr Try kTries[] = {{1, 8}, {0.5, 7.5}, {0, kSmallestSize}};
   for (const Try& one : kTries) {
     for (double size = kUsualSize; size >= one.smallest; size -= kSizeStep) {

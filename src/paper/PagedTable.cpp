@@ -4,30 +4,23 @@
 #include <cmath>
 #include <numeric>
 
+#include "paper/CellMeasures.h"
 #include "paper/TextLines.h"
 
 namespace zelkor {
 namespace {
 
 // Of the letters' size.
-constexpr double kCellPadding = 0.35;  // beside a text
-constexpr double kCellMargins = 2 * kCellPadding;
-constexpr double kRowPadding = 0.4;   // above and below a text together
 constexpr double kLongestPiece = 20;  // a longer one is broken
 constexpr double kWidestText = 22;    // a longer one has several lines
 constexpr double kNarrowText = 6;     // to which a column of texts may shrink
 constexpr double kNarrowCaption = 4;
 constexpr double kUsualCaption = 8;
 
-constexpr double kTitleSize = 15;  // points
-constexpr double kMarginSize = 9;
+constexpr double kTitleSize = 15;   // points
 constexpr double kFewestLines = 3;  // of a body, however high its header is
 constexpr double kTwipsPerPoint = 20;
 constexpr double kTolerance = 1e-6;
-
-Face faceOf(const TextGrid& grid, std::size_t row, std::size_t column) {
-  return grid.bold(row, column) ? Face::Bold : Face::Regular;
-}
 
 bool isOneLine(const std::string& text, double width, Face face, TextWidths& widths) {
   const auto breaks = [](char letter) { return letter == '\n' || letter == '\r'; };
@@ -41,8 +34,8 @@ PageSize PageForm::size() const {
   return landscape ? PageSize{upright.height, upright.width} : upright;
 }
 
-PagedTable::PagedTable(const PaperTable& table, PageForm form, TextWidths& widths)
-    : table_(table), grid_(table.grid), widths_(widths), size_(form.size()) {
+PagedTable::PagedTable(const PaperTable& table, PageSize size, TextWidths& widths)
+    : table_(table), grid_(table.grid), widths_(widths), size_(size) {
   findColumns();
   fitWidths();
   setMargins();
@@ -210,27 +203,38 @@ std::size_t PagedTable::lineCount(std::size_t row) const {
   return count;
 }
 
+/// How many lines of a row fit into that height.
+std::size_t PagedTable::linesIn(double height) const {
+  return static_cast<std::size_t>(
+      std::max(0.0, std::floor((height / fit_.size - kRowPadding) / kLinePitch + kTolerance)));
+}
+
+/// Whether the row would be the last of its page and its total alone overleaf, where both have room.
+bool PagedTable::leavesTotalAlone(std::size_t place, std::size_t lines, double room, double page) const {
+  if (place + 1 >= rows_.size() || !grid_.isTotal(rows_[place + 1])) return false;
+  const std::size_t total = lineCount(rows_[place + 1]);
+  const double height = rowHeight(lines);
+  return lines <= linesIn(room) && total > linesIn(room - height) && total <= linesIn(page - height);
+}
+
 /// A row that is too high for a page begins where the one before ends, and goes on overleaf.
 void PagedTable::paginate() {
   CarriedSums sums(table_);
   const double carriedRow = sums.any() ? rowHeight(1) : 0;
-  const double whole =
-      bodyBottom() - bodyTop() - carriedRow;  // the last row of a page may be the carried one
+  // The last row of a page may be the carried one.
+  const double whole = bodyBottom() - bodyTop() - carriedRow;
   double used = 0;
   starts_.push_back({});
   const auto turn = [&](std::size_t row, std::size_t line) {
     starts_.push_back({row, line, sums.texts()});
     used = carriedRow;
   };
-  const auto fitting = [&](double room) {
-    return static_cast<std::size_t>(
-        std::max(0.0, std::floor((room / fit_.size - kRowPadding) / kLinePitch + 1e-6)));
-  };
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const std::size_t lines = lineCount(rows_[i]);
-    const bool higherThanPage = lines > fitting(whole - carriedRow);
+    const bool higherThanPage = lines > linesIn(whole - carriedRow);
+    if (i > starts_.back().row && leavesTotalAlone(i, lines, whole - used, whole - carriedRow)) turn(i, 0);
     for (std::size_t line = 0; line < lines;) {
-      const std::size_t room = fitting(whole - used);
+      const std::size_t room = linesIn(whole - used);
       const std::size_t rest = lines - line;
       const bool goesOn = rest > room;
       if (goesOn && !(higherThanPage && room > 0)) {
@@ -245,149 +249,6 @@ void PagedTable::paginate() {
         used += rowHeight(rest);
     }
   }
-}
-
-/// Draws one page.
-class PagedTable::Drawing {
- public:
-  Drawing(const PagedTable& paged, std::size_t number)
-      : paged_(paged),
-        number_(number),
-        band_(paged.fit_.bands[number % paged.fit_.bands.size()]),
-        sheet_(number / paged.fit_.bands.size()) {
-    lefts_.push_back((paged.size_.width - width()) / 2);
-    for (const std::size_t place : band_) lefts_.push_back(lefts_.back() + paged.fit_.widths[place]);
-  }
-
-  Page draw() {
-    drawMargins();
-    drawHeader();
-    drawBody();
-    return std::move(page_);
-  }
-
- private:
-  double width() const {
-    double sum = 0;
-    for (const std::size_t place : band_) sum += paged_.fit_.widths[place];
-    return sum;
-  }
-  bool isLast() const { return sheet_ + 1 == paged_.starts_.size(); }
-  bool carries() const { return !paged_.table_.carried.empty(); }
-
-  void drawMargins() {
-    addBlock(paged_.head_, kPageMargin);
-    const double footTop = paged_.size_.height - kPageMargin - paged_.foot_.height;
-    addBlock(paged_.foot_, std::max(footTop, paged_.bodyBottom()));
-    const std::string text = paged_.pageNumber(number_);
-    const double used = paged_.widths_.of(text, Face::Regular) * kMarginSize;
-    const double base = paged_.size_.height - kPageMargin - (kLinePitch - kAscent) * kMarginSize;
-    page_.texts.push_back({(paged_.size_.width - used) / 2, base, kMarginSize, Face::Regular, text});
-  }
-  void addBlock(const MarginBlock& block, double top) {
-    for (PlacedText text : block.texts) {
-      text.y += top;
-      page_.texts.push_back(std::move(text));
-    }
-  }
-
-  void drawHeader() {
-    const double top = kPageMargin + paged_.head_.height;
-    for (const HeaderCell& cell : paged_.headerCells(band_)) {
-      const double begin = paged_.headerBegin(cell.span.firstRow);
-      const double height = paged_.headerBegin(cell.span.lastRow + 1) - begin;
-      const double left = lefts_[cell.first];
-      const double wide = lefts_[cell.last + 1] - left;
-      page_.boxes.push_back({left, top + begin, wide, height});
-      const auto lines = linesOf(paged_.grid_.text(cell.span.firstRow, cell.span.firstColumn),
-                                 wide / paged_.fit_.size - kCellMargins, Face::Bold, paged_.widths_);
-      const double slack = height - paged_.rowHeight(lines.size());
-      drawLines(lines, {left, top + begin + slack / 2}, wide, Align::Center, Face::Bold);
-    }
-  }
-
-  struct Corner {
-    double x;
-    double y;
-  };
-
-  void drawLines(std::span<const std::string_view> lines, Corner corner, double wide, Align align,
-                 Face face) {
-    const double size = paged_.fit_.size;
-    double base = corner.y + (kRowPadding / 2 + kAscent) * size;
-    for (const std::string_view line : lines) {
-      if (!line.empty()) {
-        const double room =
-            align == Align::Left ? 0 : wide - kCellMargins * size - paged_.widths_.of(line, face) * size;
-        const double x = corner.x + kCellPadding * size + (align == Align::Center ? room / 2 : room);
-        page_.texts.push_back({x, base, size, face, std::string(line)});
-      }
-      base += kLinePitch * size;
-    }
-  }
-
-  void drawBody() {
-    y_ = paged_.bodyTop();
-    const double top = y_;
-    const Start& start = paged_.starts_[sheet_];
-    if (carries() && sheet_ > 0) drawCarried("承前页", start.carried);
-    const Start end = isLast() ? Start{paged_.rows_.size(), 0, {}} : paged_.starts_[sheet_ + 1];
-    for (std::size_t i = start.row; i < end.row || (i == end.row && end.line > 0); ++i) {
-      const std::size_t from = i == start.row ? start.line : 0;
-      drawRow(paged_.rows_[i], from, i == end.row ? end.line : std::string::npos);
-    }
-    if (carries() && !isLast()) drawCarried("过次页", end.carried);
-    if (y_ <= top) return;
-    for (const double left : lefts_) page_.lines.push_back({left, top, left, y_});
-  }
-
-  void endRow(std::size_t lines) {
-    y_ += paged_.rowHeight(lines);
-    page_.lines.push_back({lefts_.front(), y_, lefts_.back(), y_});
-  }
-
-  void drawRow(std::size_t row, std::size_t from, std::size_t to) {
-    // Pages beside each other have their rows at one height.
-    std::size_t count = paged_.fit_.bands.size() > 1 ? paged_.lineCount(row) : 1;
-    for (std::size_t i = 0; i < band_.size(); ++i) {
-      const std::size_t column = paged_.columns_[band_[i]];
-      const Face face = faceOf(paged_.grid_, row, column);
-      if (paged_.grid_.text(row, column).empty()) continue;
-      const auto lines = paged_.cellLines(row, band_[i]);
-      count = std::max(count, lines.size());
-      if (from >= lines.size()) continue;
-      const auto shown = std::span(lines).subspan(from, std::min(to, lines.size()) - from);
-      drawLines(shown, {lefts_[i], y_}, lefts_[i + 1] - lefts_[i], paged_.grid_.alignment(column), face);
-    }
-    endRow(std::min(to, count) - from);
-  }
-
-  void drawCarried(std::string_view label, const std::vector<std::string>& texts) {
-    for (std::size_t i = 0; i < band_.size(); ++i) {
-      const std::size_t column = paged_.columns_[band_[i]];
-      const bool labelled = column == paged_.table_.carriedLabel || (i == 0 && !hasLabel());
-      const std::string_view text = labelled ? label : std::string_view(texts[column]);
-      const Align align = labelled ? Align::Left : paged_.grid_.alignment(column);
-      drawLines(std::span(&text, 1), {lefts_[i], y_}, lefts_[i + 1] - lefts_[i], align, Face::Bold);
-    }
-    endRow(1);
-  }
-  bool hasLabel() const {
-    return std::ranges::any_of(
-        band_, [this](std::size_t place) { return paged_.columns_[place] == paged_.table_.carriedLabel; });
-  }
-
-  const PagedTable& paged_;
-  std::size_t number_;
-  const std::vector<std::size_t>& band_;
-  std::size_t sheet_;
-  std::vector<double> lefts_;  // of the band's columns, and the right end of the last
-  double y_ = 0;
-  Page page_;
-};
-
-Page PagedTable::page(std::size_t number) const {
-  return Drawing(*this, number).draw();
 }
 
 }  // namespace zelkor

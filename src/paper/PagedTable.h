@@ -15,11 +15,11 @@
 namespace zelkor {
 
 /// A table on its pages. Texts are broken into lines, no letter of the table is smaller than kSmallestSize,
-/// and nothing is cut: columns that do not fit go on on pages beside, rows on pages below. Table and widths
-/// must outlive it.
+/// and nothing is cut: columns that do not fit go on on pages beside, rows on pages below, a total with the
+/// row above it. Table and widths must outlive it.
 class PagedTable {
  public:
-  PagedTable(const PaperTable& table, PageForm form, TextWidths& widths);
+  PagedTable(const PaperTable& table, PageSize size, TextWidths& widths);
 
   std::size_t pages() const { return starts_.size() * fit_.bands.size(); }
   PageSize size() const { return size_; }
@@ -51,6 +51,8 @@ class PagedTable {
   std::vector<HeaderCell> headerCells(const std::vector<std::size_t>& band) const;
   double headerWidth(const std::vector<std::size_t>& band, const HeaderCell& cell) const;
   void fitHeader();
+  std::size_t linesIn(double height) const;
+  bool leavesTotalAlone(std::size_t place, std::size_t lines, double room, double page) const;
   void paginate();
   std::size_t lineCount(std::size_t row) const;
   std::vector<std::string_view> cellLines(std::size_t row, std::size_t place) const;

@@ -1,22 +1,13 @@
 #include "reports/FrmBBTJ.h"
 
 #include <optional>
-#include <QGuiApplication>
 
 #include "archives/FrmFATypes.h"
 #include "reports/FrmBBXS.h"
+#include "ui/BusyCursor.h"
 
 namespace zelkor {
 namespace {
-
-/// A person is told to wait as long as it lives.
-class BusyCursor {
- public:
-  BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  BusyCursor(const BusyCursor&) = delete;
-  BusyCursor& operator=(const BusyCursor&) = delete;
-  ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
-};
 
 template <typename Texts>
 void fill(QComboBox* list, const Texts& texts) {

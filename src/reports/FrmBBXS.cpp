@@ -44,6 +44,9 @@ FrmBBXS::FrmBBXS(FormHost& host, ReportView view) : Form(host, "FrmBBXS", "æŸ¥çœ
   MSFlexGrid1->widenColumns();
   MSFlexGrid1->fillWith(fillingColumn(MSFlexGrid1->grid()));
   MSFlexGrid1->freezeFirstColumn();
+  arrangeMenu();
+  view.grid = {};
+  view_ = std::move(view);
 }
 
 void FrmBBXS::arrangeControls(const ReportView& view) {

@@ -1,18 +1,24 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 
-#include "reports/ReportView.h"
+#include "reports/ReportHeading.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
 #include "ui/Toolbar.h"
 
+class QPrinter;
+
 namespace zelkor {
 
-/// Shows a report under its name. It can be read, copied and closed, nothing else.
+class TablePrinter;
+
+/// Shows a report under its name. It can be read and closed; copied, printed and saved by the grid's menu.
 class FrmBBXS final : public Form {
  public:
   FrmBBXS(FormHost& host, ReportView view);
@@ -28,11 +34,22 @@ class FrmBBXS final : public Form {
   std::array<QPushButton*, 4> Command{make<QPushButton>("Command1"), make<QPushButton>("Command2"),
                                       make<QPushButton>("Command3"), make<QPushButton>("Command4")};
   FlexGrid* MSFlexGrid1 = make<FlexGrid>("MSFlexGrid1");
+  QMenu* mnuPop = make<QMenu>("mnuPop");
+  ReportView view_;  // without its grid, which is shown
 
   void arrangeControls(const ReportView& view);
   void arrangePanel(const ReportView& view);
   void dressCommands();
   void showCaptions(const ReportView& view);
+  void arrangeMenu();
+  void copyRows();
+  void printReport();
+  void printSeen(TablePrinter& pages, QPrinter& printer);
+  void printUnseen(TablePrinter& pages, QPrinter& printer, std::size_t count);
+  void saveReport();
+  bool mayReplace(const QString& file);
+  FinishedReport finished();
+  void attempt(const std::function<void()>& routine);
   void escapePressed() override { close(); }
   void resizeEvent(QResizeEvent* event) override;
 };

@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kMostDigits = 15;  // that a spreadsheet's number keeps
 constexpr std::string_view kDateCaption = "日期";
 constexpr std::array<std::string_view, 3> kCounts{"数量", "建筑数", "电机数"};
-constexpr std::array<std::string_view, 4> kTotals{"合计", "总计", "小计", "本期合计"};
+constexpr std::string_view kDepartment = "使用部门";  // a name, wherever it stands
 
 bool isDigit(char letter) {
   return letter >= '0' && letter <= '9';
@@ -56,24 +56,8 @@ bool isCount(const TextGrid& grid, std::size_t column) {
 }
 
 bool holdsNumbers(const TextGrid& grid, std::size_t column) {
+  if (captionOf(grid, column) == kDepartment) return false;
   return grid.alignment(column) != Align::Left || isCount(grid, column);
-}
-
-std::string withoutBlanks(std::string text) {
-  constexpr std::string_view kWideBlank = "　";
-  std::erase(text, ' ');
-  for (std::size_t at = text.find(kWideBlank); at != std::string::npos; at = text.find(kWideBlank, at)) {
-    text.erase(at, kWideBlank.size());
-  }
-  return text;
-}
-
-/// Of the row's cells that are shown the first that has a text; npos without one.
-std::size_t firstFilled(const TextGrid& grid, std::size_t row) {
-  for (std::size_t column = 0; column < grid.columns(); ++column) {
-    if (!grid.columnHidden(column) && !grid.text(row, column).empty()) return column;
-  }
-  return std::string::npos;
 }
 
 /// Numbers alone stand to the right, texts alone not.
@@ -97,8 +81,13 @@ void dressText(TextGrid& grid, std::size_t row, std::size_t column, bool money) 
   }
 }
 
-void dressTotal(TextGrid& grid, std::size_t row) {
-  for (std::size_t column = 0; column < grid.columns(); ++column) grid.setBold(row, column, true);
+/// An upper caption without one below it is that of the whole column.
+void fillCaptions(TextGrid& grid) {
+  for (std::size_t row = 1; row < grid.headerRows(); ++row) {
+    for (std::size_t column = 0; column < grid.columns(); ++column) {
+      if (grid.text(row, column).empty()) grid.setText(row, column, grid.text(row - 1, column));
+    }
+  }
 }
 
 }  // namespace
@@ -117,16 +106,8 @@ bool holdsAmounts(const TextGrid& grid, std::size_t column) {
   return holdsNumbers(grid, column) && !isCount(grid, column);
 }
 
-bool isTotalRow(const TextGrid& grid, std::size_t row) {
-  if (row < grid.headerRows()) return false;
-  const std::size_t first = firstFilled(grid, row);
-  if (first == std::string::npos) return false;
-  if (std::ranges::find(kTotals, withoutBlanks(grid.text(row, first))) != kTotals.end()) return true;
-  // A last row of numbers alone is one, too.
-  return row + 1 == grid.rows() && first > 0 && isNumberCell(grid, row, first);
-}
-
 void dressCells(TextGrid& grid, const CellDress& dress) {
+  fillCaptions(grid);
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     const Align alignment = alignmentOf(grid, column);
     const bool money = dress.money && holdsAmounts(grid, column);
@@ -135,9 +116,6 @@ void dressCells(TextGrid& grid, const CellDress& dress) {
       dressText(grid, row, column, money);
     }
     grid.setAlignment(column, alignment);
-  }
-  for (std::size_t row = grid.headerRows(); row < grid.rows(); ++row) {
-    if (isTotalRow(grid, row)) dressTotal(grid, row);
   }
 }
 

@@ -12,14 +12,13 @@ bool isNumberCell(const TextGrid& grid, std::size_t row, std::size_t column);
 bool isDateCell(const TextGrid& grid, std::size_t row, std::size_t column);
 /// A column of amounts, not one of counts.
 bool holdsAmounts(const TextGrid& grid, std::size_t column);
-/// True for a row that sums up those above.
-bool isTotalRow(const TextGrid& grid, std::size_t row);
 
 struct CellDress {
   bool money = false;  // amounts with two decimals and separated thousands
 };
 
-/// Dates become yyyy-mm-dd, rows of totals bold, columns of numbers stand to the right.
+/// Dates become yyyy-mm-dd, columns of numbers stand to the right, and a caption takes the empty cell below
+/// it.
 void dressCells(TextGrid& grid, const CellDress& dress);
 
 }  // namespace zelkor

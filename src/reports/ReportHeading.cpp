@@ -5,6 +5,7 @@
 #include "base/Characters.h"
 #include "base/Format.h"
 #include "base/Text.h"
+#include "reports/ReportCatalogue.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -53,9 +54,9 @@ MarginLine ReportHeading::foot() const {
   return {preparedBy, "", printed};
 }
 
-ReportHeading headingOf(RunContext& run, const ReportKind& kind, const ReportView& view) {
+ReportHeading headingOf(RunContext& run, const ReportView& view) {
   ReportHeading heading;
-  heading.title = std::string(kind.name);
+  heading.title = view.title;
   heading.account = accountText(run);
   if (view.unitLine != kUnitLineAsDrawn) heading.unit = writable(view.unitLine);
   heading.period = shownPeriod(view);
@@ -66,9 +67,10 @@ ReportHeading headingOf(RunContext& run, const ReportKind& kind, const ReportVie
   return heading;
 }
 
-FinishedReport finishedReport(RunContext& run, const ReportKind& kind, ReportView view) {
-  ReportHeading heading = headingOf(run, kind, view);
-  return {std::move(heading), std::move(view), kind.folder() == kLedgers};
+FinishedReport finishedReport(RunContext& run, ReportView view) {
+  ReportHeading heading = headingOf(run, view);
+  const ReportKind* kind = findReport(view.title);
+  return {std::move(heading), std::move(view), kind && kind->folder() == kLedgers};
 }
 
 }  // namespace zelkor

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "paper/PaperTable.h"
-#include "reports/ReportCatalogue.h"
 #include "reports/ReportView.h"
 #include "startup/RunContext.h"
 
@@ -29,7 +28,7 @@ struct ReportHeading {
   MarginLine foot() const;
 };
 
-ReportHeading headingOf(RunContext& run, const ReportKind& kind, const ReportView& view);
+ReportHeading headingOf(RunContext& run, const ReportView& view);
 
 /// A report as it leaves the program in a file that is looked at.
 struct FinishedReport {
@@ -38,7 +37,7 @@ struct FinishedReport {
   bool ledger = false;  // which goes on from page to page with running sums
 };
 
-FinishedReport finishedReport(RunContext& run, const ReportKind& kind, ReportView view);
+FinishedReport finishedReport(RunContext& run, ReportView view);
 
 /// What the view shows as its period, with its caption.
 std::string shownPeriod(const ReportView& view);

@@ -1,6 +1,10 @@
+#include <algorithm>
+#include <numbers>
 #include <ostream>
 
+#include "base/Format.h"
 #include "base/GridSpans.h"
+#include "base/Text.h"
 #include "reports/ReportCells.h"
 #include "reports/ReportExport.h"
 #include "reports/WorkbookParts.h"
@@ -14,17 +18,57 @@ constexpr std::string_view kStyle =
     "h1{font-size:1.4em;text-align:center;margin:0 0 .6em}"
     ".line{display:flex;flex-wrap:wrap;justify-content:space-between;gap:0 2em}"
     ".table{overflow-x:auto;margin:.6em 0}"
-    "table{border-collapse:collapse;min-width:100%}"
+    "table{border-collapse:collapse;width:100%}"
     "th,td{border:1px solid #b5bcc4;padding:.25em .6em;text-align:left}"
     "th{background:#eef1f4;text-align:center}"
     "td{white-space:pre-wrap;min-width:4em}"
     "td.r{text-align:right;white-space:nowrap;font-variant-numeric:tabular-nums}td.c{text-align:center}"
     "tr.t td{font-weight:bold}"
     "tbody td:first-child{position:sticky;left:0;background:#fff}"
-    "@media(max-width:40em){body{margin:.7em;font-size:.9em}}"
-    "@page{size:A4 landscape;margin:12mm}"
-    "@media print{body{margin:0;font-size:9pt}.table{overflow:visible}thead{display:table-header-group}"
-    "tr{break-inside:avoid}tbody td:first-child{position:static}}";
+    "@media screen and (max-width:40em){body{margin:.7em;font-size:.9em}}"
+    "@page{margin:12mm;@bottom-center{content:\"第 \" counter(page) \" 页 共 \" counter(pages) \" 页\";"
+    "font:9pt \"Noto Sans CJK SC\",sans-serif}}"
+    "@media print{body{margin:0}.table{overflow:visible}thead{display:table-header-group}"
+    "th,td{padding:.2em .4em}td{min-width:0}tr{break-inside:avoid}tr.t{break-before:avoid}"
+    "tbody td:first-child{position:static}}";
+
+// Points, without the margins.
+constexpr double kAcrossA4 = 770;
+constexpr double kAcrossA3 = 1120;
+constexpr double kUsualSize = 9;
+constexpr double kSmallestSize = 7;
+constexpr double kMargins = 68;
+
+/// How wide a column has to be on paper, of the letters' size. Long texts are broken.
+double widthOf(const TextGrid& grid, std::size_t column) {
+  constexpr double kDigit = 0.6;  // a bold one
+  constexpr double kWidestText = 12;
+  constexpr double kPadding = 1;
+  std::size_t widest = 0;
+  for (std::size_t row = 0; row < grid.rows(); ++row) {
+    if (row >= grid.headerRows() || !grid.rowMerged(row)) {
+      widest = std::max(widest, displayWidth(grid.text(row, column)));
+    }
+  }
+  const double width = kDigit * static_cast<double>(widest);
+  return kPadding + (grid.alignment(column) == Align::Left ? std::min(width, kWidestText) : width);
+}
+
+/// Paper and letters on which the table is not cut: A4, A3, or what a printer makes smaller as a whole.
+std::string pageStyle(const TextGrid& grid) {
+  double width = 0;
+  for (std::size_t column = 0; column < grid.columns(); ++column) {
+    if (!grid.columnHidden(column)) width += widthOf(grid, column);
+  }
+  const double across = width * kSmallestSize <= kAcrossA4 ? kAcrossA4 : kAcrossA3;
+  const double size = std::clamp(across / std::max(width, 1.0), kSmallestSize, kUsualSize);
+  std::string paper = across == kAcrossA4 ? "A4 landscape" : "A3 landscape";
+  if (width * size > across) {
+    const double wide = width * size + kMargins;
+    paper = Format(wide, "0") + "pt " + Format(wide / std::numbers::sqrt2, "0") + "pt";
+  }
+  return "@page{size:" + paper + "}@media print{body{font-size:" + Format(size, "0.0") + "pt}}";
+}
 
 std::size_t visibleColumns(const TextGrid& grid, const CellSpan& span) {
   std::size_t count = 0;
@@ -50,7 +94,7 @@ void printBodyCell(std::ostream& out, const TextGrid& grid, std::size_t row, std
 }
 
 void printHtmlRow(std::ostream& out, const TextGrid& grid, std::size_t row) {
-  out << (isTotalRow(grid, row) ? "<tr class=\"t\">" : "<tr>");
+  out << (grid.isTotal(row) ? "<tr class=\"t\">" : "<tr>");
   for (std::size_t column = 0; column < grid.columns(); ++column) {
     if (grid.columnHidden(column)) continue;
     if (row < grid.headerRows()) {
@@ -87,7 +131,8 @@ void writeHtml(std::ostream& out, FinishedReport report, bool money) {
   const std::string title = markupText(report.heading.title);
   out << "<!DOCTYPE html>\n<html lang=\"zh-CN\"><head><meta charset=\"utf-8\">"
          "<meta name=\"viewport\" content=\"width=device-width,initial-scale=1\"><title>"
-      << title << "</title><style>" << kStyle << "</style></head>\n<body><h1>" << title << "</h1>\n";
+      << title << "</title><style>" << kStyle << pageStyle(report.view.grid) << "</style></head>\n<body><h1>"
+      << title << "</h1>\n";
   for (const MarginLine& line : report.heading.head()) printMarginLine(out, line);
   printTable(out, report.view.grid);
   printMarginLine(out, report.heading.foot());

@@ -45,7 +45,7 @@ ReportPdf::ReportPdf(std::ostream& out, const std::string& title, PaperOptions o
 
 void ReportPdf::add(FinishedReport report) {
   const PaperTable table = paperTable(std::move(report), options_.money);
-  const PagedTable paged(table, options_.form, document_.widths());
+  const PagedTable paged(table, options_.form.size(), document_.widths());
   if (outline_) document_.beginPart(table.title);
   for (std::size_t page = 0; page < paged.pages(); ++page) {
     document_.addPage(paged.page(page), paged.size());

@@ -55,8 +55,9 @@ constexpr std::string_view kFontsAndBorders =
     R"(<fonts count="3"><font><sz val="11"/><name val="宋体"/><family val="3"/><charset val="134"/></font>)"
     R"(<font><b/><sz val="16"/><name val="宋体"/><family val="3"/><charset val="134"/></font>)"
     R"(<font><b/><sz val="11"/><name val="宋体"/><family val="3"/><charset val="134"/></font></fonts>)"
-    R"(<fills count="2"><fill><patternFill patternType="none"/></fill>)"
-    R"(<fill><patternFill patternType="gray125"/></fill></fills>)"
+    R"(<fills count="3"><fill><patternFill patternType="none"/></fill>)"
+    R"(<fill><patternFill patternType="gray125"/></fill>)"
+    R"(<fill><patternFill patternType="solid"><fgColor rgb="FFEDEDED"/></patternFill></fill></fills>)"
     R"(<borders count="2"><border><left/><right/><top/><bottom/><diagonal/></border>)"
     R"(<border><left style="thin"/><right style="thin"/><top style="thin"/><bottom style="thin"/>)"
     R"(<diagonal/></border></borders>)"
@@ -66,7 +67,7 @@ constexpr std::string_view kHeadStyles =
     R"(<xf numFmtId="0" fontId="0" fillId="0" borderId="0" xfId="0"/>)"
     R"(<xf numFmtId="0" fontId="1" fillId="0" borderId="0" xfId="0" applyFont="1" applyAlignment="1">)"
     R"(<alignment horizontal="center" vertical="center"/></xf>)"
-    R"(<xf numFmtId="0" fontId="2" fillId="0" borderId="1" xfId="0" applyFont="1" applyBorder="1" )"
+    R"(<xf numFmtId="0" fontId="2" fillId="2" borderId="1" xfId="0" applyFont="1" applyFill="1" applyBorder="1" )"
     R"(applyAlignment="1"><alignment horizontal="center" vertical="center" wrapText="1"/></xf>)";
 
 constexpr int kFirstBodyStyle = 3;
@@ -134,6 +135,24 @@ std::string workbook(const std::vector<WorkbookSheet>& sheets) {
   return text + "</sheets>" + definedNames(sheets) + "</workbook>";
 }
 
+/// A first page that has the title itself needs no header.
+std::string headerFooter(const WorkbookSheet& sheet, const SheetMargins& margins) {
+  const std::string footer = markupText(margins.footer);
+  return std::string("<headerFooter") + (sheet.wide ? "" : R"( differentFirst="1")") + "><oddHeader>" +
+         markupText(margins.header) + "</oddHeader><oddFooter>" + footer + "</oddFooter>" +
+         (sheet.wide ? "" : "<firstFooter>" + footer + "</firstFooter>") + "</headerFooter>";
+}
+
+std::string columnBreaks(const std::vector<std::size_t>& columns) {
+  if (columns.empty()) return {};
+  const std::string count = std::to_string(columns.size());
+  std::string breaks = "<colBreaks count=\"" + count + "\" manualBreakCount=\"" + count + "\">";
+  for (const std::size_t column : columns) {
+    breaks += "<brk id=\"" + std::to_string(column) + "\" max=\"1048575\" man=\"1\"/>";
+  }
+  return breaks + "</colBreaks>";
+}
+
 /// "_x0041_": the number of a character, in whose place readers put the character.
 bool beginsWithEscape(std::string_view text) {
   constexpr std::size_t kDigits = 4;
@@ -177,26 +196,23 @@ std::string sheetBeginning(const WorkbookSheet& sheet, bool selected) {
 
 std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins) {
   const std::string setup =
+      R"(<printOptions horizontalCentered="1"/>)"
       R"(<pageMargins left="0.5" right="0.5" top="0.75" bottom="0.75" header="0.3" footer="0.3"/>)"
       R"(<pageSetup paperSize="9" orientation="landscape")";
-  return setup + (sheet.wide ? R"( scale="65" pageOrder="overThenDown")" : R"( fitToHeight="0")") +
-         "/><headerFooter><oddHeader>" + markupText(margins.header) + "</oddHeader><oddFooter>" +
-         markupText(margins.footer) + "</oddFooter></headerFooter></worksheet>";
+  return setup + (sheet.wide ? R"( scale="65" pageOrder="overThenDown")" : R"( fitToHeight="0")") + "/>" +
+         headerFooter(sheet, margins) + columnBreaks(sheet.pageColumns) + "</worksheet>";
 }
 
-std::string marginText(std::string_view left, std::string_view centre, std::string_view right) {
+std::string marginText(std::string_view text) {
   constexpr std::size_t kMostCharacters = 60;  // of 255 that a margin has in all
-  std::string text;
-  const auto add = [&text](const char* place, std::string_view part) {
-    if (part.empty()) return;
-    text += place;
-    for (const char letter : Left(part, kMostCharacters))
-      text += letter == '&' ? "&&" : std::string(1, letter);
-  };
-  add("&L", left);
-  if (!centre.empty()) text += "&C" + std::string(centre);
-  add("&R", right);
-  return text;
+  std::string kept;
+  for (const char letter : Left(text, kMostCharacters)) kept += letter == '&' ? "&&" : std::string(1, letter);
+  return kept;
+}
+
+std::string marginTexts(const std::string& left, const std::string& centre, const std::string& right) {
+  return (left.empty() ? "" : "&L" + left) + (centre.empty() ? "" : "&C" + centre) +
+         (right.empty() ? "" : "&R" + right);
 }
 
 std::string cellText(std::string_view text) {

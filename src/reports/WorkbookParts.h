@@ -28,8 +28,9 @@ struct WorkbookSheet {
   std::string name;
   std::size_t firstHeader = 0;  // rows that are on every page, from 1; none where the last is before
   std::size_t lastHeader = 0;
-  std::string filter = {};  // the cells of a list, "$A$5:$K$90"; empty for what is none
-  bool wide = false;        // goes on on pages beside, which begin with the first column
+  std::string filter = {};                    // the cells of a list, "$A$5:$K$90"; empty for what is none
+  bool wide = false;                          // goes on on pages beside, which begin with the first column
+  std::vector<std::size_t> pageColumns = {};  // from 0, those at which these begin
 };
 
 /// What a sheet's pages say in their margins.
@@ -47,8 +48,10 @@ std::string sheetBeginning(const WorkbookSheet& sheet, bool selected);
 /// The content of a sheet after its rows and merged cells: landscape on A4, as wide as the page unless the
 /// sheet is wide.
 std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins);
-/// Three texts for the margin of a page; what would be a code there is none.
-std::string marginText(std::string_view left, std::string_view centre, std::string_view right);
+/// A text for the margin of a page; what would be a code there is none.
+std::string marginText(std::string_view text);
+/// Three of them, or of codes.
+std::string marginTexts(const std::string& left, const std::string& centre, const std::string& right);
 
 /// A text for a cell. What looks like an escape of workbooks, "_x0041_", is kept from being read as one.
 std::string cellText(std::string_view text);

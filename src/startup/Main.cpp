@@ -21,6 +21,13 @@ void startIgnoringFailure(RunContext& context, const RunTypeRow& row, const RunT
   }
 }
 
+void refuseSecondCopy(RunContext& context, const std::function<bool()>& becomeOnlyInstance) {
+  if (becomeOnlyInstance()) return;
+  context.dialogs.report(
+      {"程序已打开，如要再次打开，请关闭已打开的程序！", Buttons::Ok, Icon::Exclamation, "凭证"});
+  throw EndProgram{kRefusedStatus};
+}
+
 }  // namespace
 
 void RunDefaultType(RunContext& context, std::int32_t runType, const RunTypeJobs& jobs) {
@@ -40,17 +47,23 @@ void prepareRun(RunContext& context, const std::string& arguments) {
 
 void Main(RunContext& context, const std::string& arguments, const RunTypeJobs& jobs,
           const std::function<bool()>& becomeOnlyInstance) {
-  if (!becomeOnlyInstance()) {
-    context.dialogs.report(
-        {"程序已打开，如要再次打开，请关闭已打开的程序！", Buttons::Ok, Icon::Exclamation, "凭证"});
-    throw EndProgram{kRefusedStatus};
-  }
+  refuseSecondCopy(context, becomeOnlyInstance);
   prepareRun(context, arguments);
   if (hasOwnBranch(context.giRunType)) {
     startRunType(context, *findRunType(context.giRunType), jobs);
   } else {
     RunDefaultType(context, context.gOpArgs.RunType(), jobs);
   }
+}
+
+void startExtraScreen(RunContext& context, const std::string& name, const std::string& arguments,
+                      const RunTypeJobs& jobs, const std::function<bool()>& becomeOnlyInstance) {
+  const ExtraScreenRow* screen = findExtraScreen(name);
+  const Job* job = screen == nullptr ? nullptr : jobs.find(screen->job);
+  if (job == nullptr) throw RuntimeError(ErrorNumber::InvalidProcedureCall, "没有名为“" + name + "”的界面");
+  refuseSecondCopy(context, becomeOnlyInstance);
+  prepareRun(context, arguments);
+  (*job)(context, {});
 }
 
 }  // namespace zelkor

@@ -16,6 +16,10 @@ namespace zelkor {
 void Main(RunContext& context, const std::string& arguments, const RunTypeJobs& jobs,
           const std::function<bool()>& becomeOnlyInstance);
 
+/// The same for a screen that no run type starts. Error 5 when there is none of that name.
+void startExtraScreen(RunContext& context, const std::string& name, const std::string& arguments,
+                      const RunTypeJobs& jobs, const std::function<bool()>& becomeOnlyInstance);
+
 /// The part of Main that makes the context ready: globals, captions, both data files, ClsOpArgs.
 void prepareRun(RunContext& context, const std::string& arguments);
 

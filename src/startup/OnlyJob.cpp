@@ -33,19 +33,10 @@ std::string_view nameOf(OnlyJob job) {
       return "“成批减少资产”";
     case OnlyJob::WorkloadImport:
       return "“导入工作量”";
+    case OnlyJob::Restore:
+      return "“从备份恢复”";
   }
   return "另一项作业";  // of a newer program
-}
-
-std::string sentenceAbout(const std::optional<JobNote>& holder) {
-  std::string who;
-  if (holder) {
-    if (!holder->user.empty()) who += "操作员 " + holder->user + "，";
-    if (!holder->machine.empty()) who += "机器 " + holder->machine + "，";
-    who = "（" + who + holder->since.toIso() + " 开始）";
-  }
-  const std::string_view job = holder ? nameOf(static_cast<OnlyJob>(holder->kind)) : "另一项作业";
-  return "本账套正在执行" + std::string(job) + who + "，请等它结束后再试。";
 }
 
 /// Imports wait as any writer does. A second run or closing is one too many, also after the first.
@@ -64,7 +55,7 @@ std::unique_ptr<JobLock> lockFor(RunContext& run, OnlyJob job) {
     JobLockAttempt attempt = run.dbZKData.lockForJob(note);
     if (attempt.lock) return std::move(attempt.lock);
     if (std::chrono::steady_clock::now() >= end) {
-      run.dialogs.report({sentenceAbout(attempt.holder), Buttons::Ok, Icon::Exclamation, "固定资产"});
+      run.dialogs.report({sentenceAboutJob(attempt.holder), Buttons::Ok, Icon::Exclamation, "固定资产"});
       throw EndProgram{kRefusedStatus};
     }
     goOnUnlessSignalled();
@@ -82,6 +73,17 @@ void flushAfterFailure(DbEngine& engine) {
 }
 
 }  // namespace
+
+std::string sentenceAboutJob(const std::optional<JobNote>& holder) {
+  std::string who;
+  if (holder) {
+    if (!holder->user.empty()) who += "操作员 " + holder->user + "，";
+    if (!holder->machine.empty()) who += "机器 " + holder->machine + "，";
+    who = "（" + who + holder->since.toIso() + " 开始）";
+  }
+  const std::string_view job = holder ? nameOf(static_cast<OnlyJob>(holder->kind)) : "另一项作业";
+  return "本账套正在执行" + std::string(job) + who + "，请等它结束后再试。";
+}
 
 void asOnlyJob(RunContext& run, OnlyJob job, const std::function<void()>& work) {
   run.engine.flush();  // others must not wait for us while we wait for them

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "startup/RunContext.h"
+#include "store/engine/JobLock.h"
 
 namespace zelkor {
 
@@ -15,7 +18,11 @@ enum class OnlyJob : char {
   SheetImport = 's',
   Disposals = 'd',
   WorkloadImport = 'w',
+  Restore = 'b',  // of a backup; whoever does it takes the lock by itself
 };
+
+/// One sentence: which job the account set is busy with, whose and since when, as far as it is known.
+std::string sentenceAboutJob(const std::optional<JobNote>& holder);
 
 /// Does the work while it holds the job lock of the account set, and writes out what it has gathered before
 /// it lets go. Reading and single saves of others go on.

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,9 +46,19 @@ class RunTypeJobs {
 /// Whose data path a screen is given as its ZkDataPath.
 enum class PathFrom : std::uint8_t { Nowhere, Globals, OpArgs };
 
-/// One run type: what it asks, starts and says.
+/// The menus in which a person finds the run types, in their order.
+enum class RunGroup : std::uint8_t { Account, Archives, Cards, Changes, Processing, Reports };
+
+/// All of them.
+std::span<const RunGroup> runGroups();
+/// What the menu is called: "账套".
+std::string_view captionOf(RunGroup group);
+
+/// One run type: what it is called, asks, starts and says.
 struct RunTypeRow {
   std::int16_t runType = 0;
+  std::string_view caption;  // "计提本月折旧"
+  RunGroup group = RunGroup::Account;
   std::string_view job;
   ScreenProperties properties = {};
   PathFrom zkDataPath = PathFrom::Nowhere;
@@ -57,6 +68,8 @@ struct RunTypeRow {
   std::optional<MessageBox> closing = {};  // said at the end
 };
 
+/// All rows, menu by menu.
+std::span<const RunTypeRow> runTypes();
 /// The row of a run type, or nullptr for a number that names none.
 const RunTypeRow* findRunType(std::int32_t runType);
 
@@ -64,7 +77,23 @@ const RunTypeRow* findRunType(std::int32_t runType);
 /// program with status 1.
 void startRunType(RunContext& context, const RunTypeRow& row, const RunTypeJobs& jobs);
 
+/// A screen that no run type starts, but a call of its own.
+struct ExtraScreenRow {
+  std::string_view name;  // in that call
+  std::string_view caption;
+  RunGroup group;
+  std::string_view job;
+  std::int16_t runType;  // of the argument string that it is given
+};
+
+std::span<const ExtraScreenRow> extraScreens();
+/// The row of that name, or nullptr.
+const ExtraScreenRow* findExtraScreen(std::string_view name);
+
 /// True once the first-use wizard has set the start date. A missing row counts as not initialised.
-bool IsAccountInitialised(RunContext& context);
+bool IsAccountInitialised(Database& data);
+inline bool IsAccountInitialised(RunContext& context) {
+  return IsAccountInitialised(context.dbZKData);
+}
 
 }  // namespace zelkor

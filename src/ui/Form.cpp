@@ -170,7 +170,7 @@ bool Form::enterOn(QObject* control) {
 bool Form::pickKey(QObject* field, const QKeyEvent& key) {
   const auto pick = picks_.find(field);
   if (pick == picks_.end() || !pick->second->isVisible()) return false;
-  const bool begins = qobject_cast<QLabel*>(field) && writesText(key);
+  const bool begins = field->property("picked").toBool() && writesText(key);
   if (key.key() != Qt::Key_F2 && !begins) return false;
   if (begins) host_.seek(key.text());
   pick->second->click();
@@ -209,6 +209,7 @@ bool Form::event(QEvent* event) {
 
 void Form::keyPressEvent(QKeyEvent* event) {
   if (isEnter(*event) && default_ && default_->isEnabled() && default_->isVisible()) return default_->click();
+  if (event->key() == Qt::Key_F1) return host_.dispatch([this] { showGuide(run(), *this); });
   if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
   host_.dispatch([this] { escapePressed(); });
 }
@@ -218,6 +219,7 @@ void Form::showEvent(QShowEvent* event) {
   if (!default_) setDefaultButton(agreement(*this));
   nameControls(*this);
   if (!std::exchange(shownBefore_, true)) tabAsOneReads(*this);
+  setAttribute(Qt::WA_KeyboardFocusChange);  // where the keyboard works is seen before the first key
 }
 
 void Form::closeEvent(QCloseEvent* event) {

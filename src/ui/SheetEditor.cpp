@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
+#include <utility>
 
 #include "ui/Focus.h"
 
@@ -72,13 +73,21 @@ void SheetEditor::resume() {
   if (active_ && !open_ && at_ < places_.size()) openAt(at_);
 }
 
+/// What was refused, or what is there, or what the value begins with.
+QString SheetEditor::offeredIn(const Place& place, const QString& refused) const {
+  if (!refused.isEmpty()) return refused;
+  return before_.isEmpty() && place.input.offered ? place.input.offered() : before_;
+}
+
 void SheetEditor::openAt(std::size_t index) {
   if (open_) commit();
+  const QString refused = std::exchange(again_, {});
+  const bool again = index == at_;
   at_ = index;
   const Place& place = places_[at_];
   before_ = place.value->text();
   box_->setValidator(place.input.limit);
-  box_->setText(before_.isEmpty() && place.input.offered ? place.input.offered() : before_);
+  box_->setText(offeredIn(place, again ? refused : QString()));
   box_->setReadOnly(place.entry == Entry::Picked);
   box_->setAlignment(place.value->alignment());
   open_ = true;

@@ -53,6 +53,8 @@ class SheetEditor final : public QObject {
   void cancel();
   /// Called by who takes a committed text: Enter and Tab go on at this value, not at the next one.
   void goOnAt(const QLabel* value) { goOnAt_ = value; }
+  /// Called by who refuses a committed text: the value offers it once more, to be typed over.
+  void offerAgain(const QString& text) { again_ = text; }
 
  signals:
   /// A picker that is about to be opened is to look for that text; empty once it has been open.
@@ -71,6 +73,7 @@ class SheetEditor final : public QObject {
     SheetInput input;
   };
   void openAt(std::size_t index);
+  QString offeredIn(const Place& place, const QString& refused) const;
   void moveBy(int step);
   void openBeside(int step);
   void lay();
@@ -84,6 +87,7 @@ class SheetEditor final : public QObject {
   std::vector<Place> places_;
   std::size_t at_ = 0;
   QString before_;
+  QString again_;  // what was refused in the value that was open last
   bool active_ = false;
   bool open_ = false;
   const QLabel* goOnAt_ = nullptr;

@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QLibraryInfo>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QTranslator>
 
 namespace zelkor {
 namespace {
@@ -112,6 +114,7 @@ QLineEdit, QPlainTextEdit, QTextEdit {
 }
 QLineEdit:focus, QPlainTextEdit:focus { border-color: #2f6fb2; }
 QLineEdit:disabled, QLineEdit:read-only { background: #f0f2f4; color: #5b6773; }
+QLineEdit[picked="true"]:!read-only { background: #eaf2fb; }
 QComboBox { min-height: 23px; }
 QPushButton {
   border: 1px solid #b9c3cd; border-radius: 3px; padding: 4px 16px; background: #f8fafb; min-height: 19px;
@@ -167,6 +170,14 @@ QLineEdit[over="true"]:read-only { background: #eaf2fb; }
 QPushButton[pick="true"][over="true"] { min-height: 0; padding: 0; }
 )";
 
+/// The texts of the window system's own dialogs and menus.
+void speakChinese(QApplication& application) {
+  auto* texts = new QTranslator(&application);
+  if (texts->load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(texts);
+  }
+}
+
 }  // namespace
 
 void ignoreDesktopSettings() {
@@ -177,6 +188,7 @@ void applyTheme(QApplication& application) {
   QApplication::setStyle(new OwnStyle);
   new OwnLook(application);
   application.setStyleSheet(kStyleSheet);
+  speakChinese(application);
 }
 
 }  // namespace zelkor

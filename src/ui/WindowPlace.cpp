@@ -57,8 +57,10 @@ QWidget* takeBody(QWidget& window) {
   return body;
 }
 
+/// The control that has the focus, which may be the one that ends nothing, keeps it.
 void letScroll(QWidget& window) {
   if (!window.layout() || window.findChild<QScrollArea*>(kScrollName)) return;
+  QWidget* held = window.focusWidget();
   auto* area = new QScrollArea;
   area->setObjectName(kScrollName);
   area->setFrameShape(QFrame::NoFrame);
@@ -72,6 +74,7 @@ void letScroll(QWidget& window) {
   window.setMinimumSize(0, 0);
   window.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   static_cast<QBoxLayout*>(window.layout())->addWidget(area, 1);
+  if (held) held->setFocus();
 }
 
 }  // namespace

@@ -85,14 +85,17 @@ std::string codeOf(const std::string& subject) {
 
 }  // namespace
 
+std::string stagedEventsQuery(DateTime opDate) {
+  return sql("select * from fa_ZWVouchers where (isnull(cDefine1) or cDefine1='') and ioutyear=",
+             opDate.year(), " and ioutperiod=", opDate.month(), " and mc<>0 order by coutid");
+}
+
 BatchBilling::BatchBilling(RunContext& run) : run_(run), selection_(emptySelection()), lines_(emptyLines()) {
   readSelection();
 }
 
 void BatchBilling::readSelection() {
-  Recordset staged = run_.dbZKData.OpenRecordset(
-      sql("select * from fa_ZWVouchers where (isnull(cDefine1) or cDefine1='') and ioutyear=",
-          run_.gdOpDate.year(), " and ioutperiod=", run_.period(), " and mc<>0 order by coutid"));
+  Recordset staged = run_.dbZKData.OpenRecordset(stagedEventsQuery(run_.gdOpDate));
   for (; !staged.Eof(); staged.MoveNext()) addSelectionRow(selection_, staged);
 }
 

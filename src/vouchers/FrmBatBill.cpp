@@ -32,6 +32,7 @@ FrmBatBill::FrmBatBill(FormHost& host)
   SSTab1_Click();
   connectEvents();
   if (billing_.selection().rows() > 1) MSFlexGridXZ->selectCell(1, selection_column::Date);
+  MSFlexGridXZ->setFocus();
 }
 
 void FrmBatBill::arrangeControls() {

@@ -22,6 +22,7 @@ FrmQueryPZ::FrmQueryPZ(FormHost& host, const std::string& zkDataPath)
     on(period, &QComboBox::currentIndexChanged, [this] { fillGrid(); });
   }
   on(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, &FrmQueryPZ::fillGrid);
+  MshPZ->setFocus();
 }
 
 void FrmQueryPZ::arrangeControls() {

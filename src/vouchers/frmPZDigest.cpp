@@ -46,6 +46,7 @@ frmPZDigest::frmPZDigest(FormHost& host)
   TextGrid grid = digests_.grid();
   for (std::size_t i = 0; i < std::size(kWidths); ++i) grid.setColumnWidth(i, kWidths[i]);
   MSFlexGrid1->setGrid(std::move(grid));
+  MSFlexGrid1->fillWith(kTextColumn);
 }
 
 void frmPZDigest::arrangeControls() {

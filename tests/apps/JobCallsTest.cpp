@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <nlohmann/json.hpp>
+
 #include "apps/JobTest.h"
 
 // The jobs of the administrator's tool: their status, and what they print where.
@@ -51,6 +53,17 @@ TEST_F(JobCallsTest, SheetsTellEveryRow) {
   EXPECT_EQ(again.output,
             "第2行 卡片 00001 使用年限调整：变动单 00001，以前已保存，不再保存\n第3行 卡片 00002 "
             "使用年限调整：变动单 00002\n共 2 行：已保存 1 行，以前已保存 1 行，拒绝 0 行\n");
+}
+
+TEST_F(JobCallsTest, TheMonthIsToldToPersonsAndScripts) {
+  const ProgramResult told = ctl({"status", "--set", home / "set"});
+  EXPECT_EQ(told.status, 0) << told.errors;
+  EXPECT_THAT(told.output, AllOf(HasSubstr("2020年1月，下一步：制单（待制 1 笔 284.40）。"),
+                                 HasSubstr("→ 制单"), HasSubstr("36,000.00")));
+  const auto status = nlohmann::json::parse(ctl({"status", arguments("25"), "--json"}).output);
+  EXPECT_EQ(status["next"], "vouchers");
+  EXPECT_EQ(status["figures"]["depreciation"], 284.4);
+  EXPECT_EQ(status["steps"][5]["commands"], (nlohmann::json{8, 19, 9}));
 }
 
 TEST_F(JobCallsTest, WorkIsTakenInFromAFile) {
@@ -160,6 +173,37 @@ TEST_F(JobCallsTest, VouchersAreMadeListedAndDeleted) {
     EXPECT_EQ(wrong.status, 1);
     EXPECT_THAT(wrong.errors, HasSubstr(message));
   }
+}
+
+// What they write is a table's matter; here where it goes, and that the books stay as they are.
+TEST_F(JobCallsTest, PreviewAndPlanWriteWhereTheyAreTold) {
+  const std::string before = readFile(file()) + readFile(file("set", "ZkSystem.Mdb"));
+  EXPECT_THAT(done({"run", arguments("8"), "--preview"}),
+              AllOf(StartsWith("按部门\n期间：2020.01\n说明：一月不与上年十二月比较"), HasSubstr("284.40")));
+  EXPECT_THAT(done({"plan", arguments("8"), "--months", "2", "--by", "card", "--format", "csv"}),
+              AllOf(StartsWith("折旧计划（按卡片）\r\n"), EndsWith("合计,,,,,,,,284.40,284.40,568.80\r\n")));
+  const auto plan = nlohmann::json::parse(
+      done({"plan", "--set", home / "set", "--date", "2020-01-31", "--months", "1", "--format", "json"}));
+  EXPECT_EQ(plan["total"]["amounts"][0], 284.4);
+  EXPECT_EQ(plan["departments"][0]["number"], "301");
+  for (const Words& call : {Words{"run", arguments("8"), "--preview"}, Words{"plan", arguments("8")}}) {
+    Words workbook = call;
+    workbook.insert(workbook.end(), {"--format", "xlsx"});
+    EXPECT_EQ(ctl(workbook).status, 2);
+    const std::string name = home / (call.front() + ".xlsx");
+    workbook.insert(workbook.end(), {"--out", name});
+    EXPECT_EQ(done(workbook), "");
+    EXPECT_THAT(readFile(name), StartsWith("PK"));
+    workbook.back() = file();
+    EXPECT_EQ(ctl(workbook).status, 1);
+  }
+  EXPECT_EQ(ctl({"run", arguments("20"), "--preview"}).errors, "--preview 只用于运行类型 8 计提折旧\n");
+  const std::string changes = fileOf("changes.csv", "业务,日期,卡片编号\n减少,2020-02-01,00009\n");
+  const ProgramResult refused = ctl({"plan", arguments("8"), "--with", changes});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.errors, "第2行，列“卡片编号”：没有卡片“00009”\n");
+  EXPECT_TRUE(readFile(file()) + readFile(file("set", "ZkSystem.Mdb")) == before);
+  EXPECT_FALSE(std::filesystem::exists(file() + "-wal"));
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <set>
 #include <sstream>
 
 #include "apps/zelkorctl/ReportCommands.h"
@@ -322,6 +324,57 @@ TEST_F(ReportCommandsTest, TellsOfAFullDisk) {
     EXPECT_EQ(written("/dev/full", 0).status, 1) << format;
     EXPECT_EQ(written("/dev/stdout", 0).status, 0) << format;
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
+  }
+}
+
+/// The letters' forms are those of one font by its name.
+TEST_F(ReportCommandsTest, WritesTheSamePagesInEveryLocale) {
+  std::set<std::string> documents;
+  for (const char* locale : {"LC_ALL=C", "LC_ALL=ja_JP.UTF-8", "LC_ALL=zh_CN.UTF-8"}) {
+    const ProgramResult result =
+        ProgramRun("/usr/bin/env",
+                   {locale, zelkorctlProgram(), "report", arguments(), "固定资产登记簿", "--format", "pdf",
+                    "--out", file("a.pdf").string(), "--force"},
+                   directory.path())
+            .finish();
+    EXPECT_EQ(result.status, 0) << result.errors;
+    documents.insert(readFile(file("a.pdf")));
+  }
+  EXPECT_EQ(documents.size(), 1U);
+}
+
+/// The largest of the month's files does not fit any more: none takes its place.
+TEST_F(ReportCommandsTest, LeavesNoFileOfTheMonthOnAFullDisk) {
+  fs::create_directory(file("filed"));
+  const auto written = [&](unsigned long largest) {
+    return ProgramRun(zelkorctlProgram(),
+                      {"report", arguments(), "--all", "--format", "xlsx", "--out", file("filed").string()},
+                      directory.path(), {.display = "", .largestFile = largest})
+        .finish();
+  };
+  EXPECT_EQ(written(0).status, 0);
+  std::uintmax_t largest = 0;
+  for (const auto& one : fs::directory_iterator(file("filed"))) largest = std::max(largest, one.file_size());
+  fs::remove_all(file("filed"));
+  fs::create_directory(file("filed"));
+  const ProgramResult full = written(largest - 1);
+  EXPECT_EQ(full.status, 1);
+  EXPECT_NE(full.errors.find("错误 57"), std::string::npos) << full.errors;
+  EXPECT_TRUE(fs::is_empty(file("filed")));
+}
+
+/// Who reads the output goes away.
+TEST_F(ReportCommandsTest, TellsThatItsOutputIsClosed) {
+  for (const std::vector<std::string>& form :
+       {std::vector<std::string>{"--format", "csv"}, {"--format", "pdf", "--out", "/dev/stdout"}}) {
+    std::vector<std::string> words{"report", arguments(), "固定资产总账"};
+    words.insert(words.end(), form.begin(), form.end());
+    ProgramRun run(zelkorctlProgram(), words, directory.path());
+    run.closeOutput();
+    const ProgramResult result = run.finish();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.errors.starts_with("zelkorctl: ")) << result.errors;
+    EXPECT_EQ(std::ranges::count(result.errors, '\n'), 1) << result.errors;
   }
 }
 

@@ -71,7 +71,7 @@ class InterruptedJobTest : public FaultFixture, public testing::WithParamInterfa
     if (result.status == 0 || result.output.find(" 行：已保存 ") != std::string::npos) return;
     if (cut == Cut::Term) {
       EXPECT_TRUE(result.status == 143 || result.status == -1)
-          << result.status;  // -1: before it could listen
+          << result.status << ": " << result.errors;  // -1: before it could listen
       return;
     }
     EXPECT_EQ(result.status, 1);

@@ -1,4 +1,15 @@
+#include <algorithm>
+#include <cstdlib>
+#include <QClipboard>
+#include <QFileDialog>
 #include <QLabel>
+#include <QMenu>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <set>
+#include <sstream>
 
 #include "reports/FrmBBXS.h"
 #include "support/Widgets.h"
@@ -28,6 +39,21 @@ class FrmBBXSTest : public FormTest {
     return control<QWidget>(form, name).isVisible();
   }
   static int left(const QWidget& form, const char* name) { return control<QWidget>(form, name).x(); }
+
+  std::string file(const char* name) const { return (directory / name).string(); }
+  /// Types the name over the one that is offered, under the form of that number.
+  void saveAs(FrmBBXS& form, const std::string& name, int filter) {
+    inModalForm([&](QWidget& window) {
+      auto& dialog = dynamic_cast<QFileDialog&>(window);
+      auto& forms = control<QComboBox>(dialog, "fileTypeCombo");
+      forms.setCurrentIndex(filter);
+      emit forms.activated(filter);
+      emit forms.textActivated(forms.currentText());
+      dialog.selectFile(toQt(name));
+      static_cast<QDialog&>(dialog).accept();
+    });
+    press(form, "mnuPopSave");
+  }
 };
 
 TEST_F(FrmBBXSTest, showsTheCaptionsAndTheGrid) {
@@ -84,6 +110,99 @@ TEST_F(FrmBBXSTest, keepsTheFirstColumnInPlaceWhenTheOthersAreMoved) {
   EXPECT_EQ(frozen.geometry().bottom(), grid.viewport()->geometry().bottom());
   EXPECT_EQ(frozen.rowSpan(0, 0), 2);
   EXPECT_EQ(frozen.indexAt({4, 4}), grid.model()->index(0, 0));
+}
+
+TEST_F(FrmBBXSTest, copiesRowsByItsMenu) {
+  FrmBBXS& form = open(report());
+  auto& menu = control<QMenu>(form, "mnuPop");
+  FlexGrid& grid = gridOf(form, "MSFlexGrid1");
+  grid.selectGridRow(1);
+  emit grid.customContextMenuRequested({4, 4});
+  EXPECT_TRUE(menu.isVisible());
+  menu.hide();
+  press(form, "mnuPopCopy");
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "一车间\t12.00\n");
+}
+
+/// What the name ends in counts, or else the form that is chosen.
+TEST_F(FrmBBXSTest, savesTheReportAsAFile) {
+  FrmBBXS& form = open(report());
+  const std::tuple<const char*, int, const char*, const char*> cases[] = {
+      {"a", 0, "a.xlsx", "PK"},
+      {"b", 1, "b.pdf", "%PDF"},
+      {"c.2020", 2, "c.2020.csv", "\xEF\xBB\xBF部门构成分析表\r\n"},
+      {"d", 3, "d.html", "<!DOCTYPE html>"},
+      {"e.PDF", 0, "e.PDF", "%PDF"}};
+  for (const auto& [name, filter, written, beginning] : cases) {
+    saveAs(form, file(name), filter);
+    EXPECT_TRUE(readFile(file(written)).starts_with(beginning)) << written;
+  }
+  const std::string question = "文件“" + file("d.html") + "”已存在，是否替换？";
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    writeFile(file("d.html"), "before");
+    dialogs.expectYesNo(question, answer, Icon::Question, "另存为");
+    saveAs(form, file("d"), 3);
+    EXPECT_EQ(readFile(file("d.html")) == "before", answer == Answer::No);
+  }
+  tells("不能写文件“" + file("missing/f.pdf") + "”：No such file or directory", Icon::Exclamation,
+        "查看报表");
+  saveAs(form, file("missing/f.pdf"), 1);
+  inModalForm([](QWidget& dialog) { dialog.close(); });
+  press(form, "mnuPopSave");
+  EXPECT_TRUE(form.isVisible());
+}
+
+/// The figures, and the number of pages. A printer knows shapes alone: characters that share one are one to
+/// it.
+std::pair<std::multiset<std::string>, long> figuresOf(const std::string& pdf) {
+  const std::string text = pdf + ".txt";
+  if (std::system(("pdftotext -layout '" + pdf + "' '" + text + "'").c_str()) != 0) return {};
+  const std::string content = readFile(text);
+  std::istringstream words(content);
+  std::multiset<std::string> figures;
+  for (std::string word; words >> word;) {
+    std::erase_if(word, [](char letter) { return static_cast<unsigned char>(letter) >= 0x80; });
+    if (!word.empty()) figures.insert(word);
+  }
+  return {figures, std::ranges::count(content, '\f')};
+}
+
+TEST_F(FrmBBXSTest, printsThePagesThatTheDocumentHas) {
+  if (std::system("pdftotext -v 2>/dev/null") != 0) GTEST_SKIP() << "poppler-utils is missing";
+  ReportView view = report();
+  for (int row = 0; row < 100; ++row) view.grid.addRow({"车间" + std::to_string(row), "1234.50"});
+  FrmBBXS& form = open(std::move(view));
+  saveAs(form, file("saved.pdf"), 1);
+  inModalForm([this](QWidget& window) {
+    auto& preview = dynamic_cast<QPrintPreviewDialog&>(window);
+    auto& pages = *preview.findChild<QPrintPreviewWidget*>();
+    EXPECT_EQ(pages.pageCount(), 4);
+    preview.printer()->setOutputFileName(toQt(file("printed.pdf")));
+    pages.print();
+    preview.printer()->setOutputFileName(toQt(file("third.pdf")));
+    preview.printer()->setPrintRange(QPrinter::PageRange);
+    preview.printer()->setFromTo(3, 3);
+    pages.print();
+    preview.close();
+  });
+  press(form, "mnuPopPrint");
+  const auto saved = figuresOf(file("saved.pdf"));
+  EXPECT_EQ(saved.second, 4);
+  EXPECT_EQ(figuresOf(file("printed.pdf")), saved);
+  EXPECT_EQ(figuresOf(file("third.pdf")).second, 1);
+}
+
+/// A preview would keep them all.
+TEST_F(FrmBBXSTest, previewsNoThousandsOfPages) {
+  ReportView view = report();
+  for (int row = 0; row < 15'000; ++row) view.grid.addRow({"一车间", "1234.50"});
+  FrmBBXS& form = open(std::move(view));
+  tells("报表共 556 页，页数太多，不能预览；可在打印窗口中选页码。", Icon::Information, "查看报表");
+  inModalForm([](QWidget& window) {
+    EXPECT_EQ(dynamic_cast<QPrintDialog&>(window).maxPage(), 556);
+    window.close();
+  });
+  press(form, "mnuPopPrint");
 }
 
 TEST_F(FrmBBXSTest, endsTheProcessWhenNoHeightIsLeftForTheGrid) {

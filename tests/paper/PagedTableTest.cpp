@@ -96,7 +96,7 @@ TEST(PagedTableTest, CutsNothingHoweverManyColumns) {
     for (const std::size_t columns : {1, 3, 7, 12, 22, 40}) {
       TextWidths widths = plainWidths();
       const PaperTable table = amounts(columns, 30, columns == 12 ? "生产部" : name);
-      const PagedTable paged(table, {.paper = Paper::A4, .landscape = landscape}, widths);
+      const PagedTable paged(table, PageForm{.landscape = landscape}.size(), widths);
       std::map<std::string, int> seen;
       for (std::size_t i = 0; i < paged.pages(); ++i) {
         const Page page = paged.page(i);
@@ -114,7 +114,7 @@ TEST(PagedTableTest, CutsNothingHoweverManyColumns) {
 TEST(PagedTableTest, TellsOnEveryPageWhatItIs) {
   TextWidths widths = plainWidths();
   const PaperTable table = amounts(22, 60, "生产部");
-  const PagedTable paged(table, {}, widths);
+  const PagedTable paged(table, PageForm{}.size(), widths);
   ASSERT_GT(paged.pages(), 3U);
   const std::string all = std::to_string(paged.pages());
   for (std::size_t i = 0; i < paged.pages(); ++i) {
@@ -158,10 +158,10 @@ TEST(PagedTableTest, CarriesLedgersOver) {
   PaperTable table = amounts(3, 0, "");
   for (int i = 1; i <= 60; ++i) table.grid.addRow({"甲", "100000000.1", std::to_string(i)});
   table.grid.addRow({"合计", "6", "60"});
-  for (std::size_t i = 0; i < 3; ++i) table.grid.setBold(table.grid.rows() - 1, i, true);
+  table.grid.setTotal(table.grid.rows() - 1);
   table.carried = {CarriedOver::Nothing, CarriedOver::Sum, CarriedOver::Last};
   TextWidths widths = plainWidths();
-  const PagedTable paged(table, {}, widths);
+  const PagedTable paged(table, PageForm{}.size(), widths);
   ASSERT_EQ(paged.pages(), 3U);
   int lines = 0;
   for (std::size_t i = 0; i < 2; ++i) {
@@ -177,6 +177,41 @@ TEST(PagedTableTest, CarriesLedgersOver) {
   EXPECT_EQ(lineOf(paged.page(2), "合计"), "合计 6 60");
 }
 
+/// Below one more row after the other: on the page where it is a total has the row before it above it.
+TEST(PagedTableTest, LeavesNoTotalAlone) {
+  TextWidths widths = plainWidths();
+  std::size_t pages = 0;
+  for (std::size_t rows = 20; rows < 40; ++rows) {
+    PaperTable table = amounts(3, rows, "生产部");
+    table.grid.setTotal(table.grid.addRow({"合计", "1.00", "2.00"}));
+    const PagedTable paged(table, PageForm{}.size(), widths);
+    EXPECT_GE(paged.pages(), pages);
+    pages = paged.pages();
+    const Page last = paged.page(pages - 1);
+    EXPECT_EQ(lineOf(last, "合计"), "合计 1.00 2.00");
+    EXPECT_NE(lineOf(last, "生产部"), "") << rows << " rows";
+    const auto total = std::ranges::find(last.texts, "合计", &PlacedText::text);
+    EXPECT_EQ(total->face, Face::Bold);
+  }
+  EXPECT_EQ(pages, 2U);
+}
+
+/// Few columns are as wide as the lines above them, within reason.
+TEST(PagedTableTest, ReachesFromMarginToMargin) {
+  for (const std::size_t columns : {7, 22}) {
+    TextWidths widths = plainWidths();
+    PaperTable table = amounts(columns, 5, "生产部");
+    for (std::size_t i = 0; i < columns; ++i) table.grid.setColumnWidth(i, 1000);
+    const PagedTable paged(table, PageForm{}.size(), widths);
+    for (std::size_t i = 0; i < paged.pages(); ++i) {
+      const Page page = paged.page(i);
+      const auto right =
+          std::ranges::max(page.boxes, {}, [](const PlacedBox& box) { return box.x + box.width; });
+      EXPECT_NEAR(right.x + right.width, paged.size().width - kPageMargin, 0.1) << columns << ", page " << i;
+    }
+  }
+}
+
 TEST(PagedTableTest, GoesOnOverleafWithinARow) {
   std::string text;
   for (int i = 1000; i < 3000; ++i) text += std::to_string(i) + "\n";
@@ -184,7 +219,7 @@ TEST(PagedTableTest, GoesOnOverleafWithinARow) {
   table.grid.addRow({text, "12.00"});
   table.grid.addRow({"后", "13.00"});
   TextWidths widths = plainWidths();
-  const PagedTable paged(table, {}, widths);
+  const PagedTable paged(table, PageForm{}.size(), widths);
   std::vector<std::string> shown;
   for (std::size_t i = 0; i < paged.pages(); ++i) {
     const Page page = paged.page(i);

@@ -65,6 +65,19 @@ TEST(ReportExportTest, TellsNumbersFromCodes) {
   }
 }
 
+/// A department that is called by a number stands to the right; an upper caption has nothing below it.
+TEST(ReportExportTest, DressesNoNameAsAnAmount) {
+  TextGrid grid(0, 2);
+  grid.addRow({"类别", "使用部门"});
+  grid.addRow({"", "使用部门"});
+  grid.addRow({"甲", "101"});
+  grid.setHeaderRows(2);
+  grid.setAlignment(1, Align::Right);
+  dressCells(grid, {.money = true});
+  EXPECT_EQ(grid.text(2, 1), "101");
+  EXPECT_EQ(grid.text(1, 0), "类别");
+}
+
 TEST(ReportExportTest, WritesTheCaptionsThatAreSeen) {
   const ReportView view = sampleView();
   const auto csv = [&](bool mark) {
@@ -168,7 +181,7 @@ TEST(ReportExportTest, WritesASheetForEachReport) {
   lines.view.grid = TextGrid(0, 2);
   lines.view.grid.addRow({"日期", "原值"});
   lines.view.grid.addRow({"2020-1-31", "1.5E-05"});
-  lines.view.grid.addRow({"合计", "123456789012.5"});
+  lines.view.grid.setTotal(lines.view.grid.addRow({"合计", "123456789012.5"}));
   lines.view.grid.setHeaderRows(1);
   lines.view.grid.setAlignment(1, Align::Right);
   FinishedReport wide = sampleReport("一览");
@@ -187,7 +200,11 @@ TEST(ReportExportTest, WritesASheetForEachReport) {
         "<autoFilter ref=\"A4:B5\"/>", "<oddFooter>&amp;L制表人：陈会计&amp;C第 &amp;P 页 共 &amp;N 页"}) {
     EXPECT_NE(first.find(piece), std::string::npos) << piece << "\nin\n" << first;
   }
-  EXPECT_NE(partOf(directory / "a.xlsx", "xl/worksheets/sheet2.xml").find("overThenDown"), std::string::npos);
+  const std::string second = partOf(directory / "a.xlsx", "xl/worksheets/sheet2.xml");
+  for (const char* piece : {"overThenDown", "<colBreaks count=\"1\" manualBreakCount=\"1\"><brk id=\"4\" ",
+                            "<mergeCell ref=\"A1:D1\"/>"}) {
+    EXPECT_NE(second.find(piece), std::string::npos) << piece << "\nin\n" << second;
+  }
   const std::string workbook = partOf(directory / "a.xlsx", "xl/workbook.xml");
   EXPECT_NE(workbook.find("localSheetId=\"1\">'一览'!$A:$A,'一览'!$4:$5<"), std::string::npos) << workbook;
 }

@@ -42,7 +42,8 @@ std::string widthsOf(const TextGrid& grid) {
   return text + "\n";
 }
 
-/// Header cells that are shown as one ("row,column-row,column"), and those that do not look like headers.
+/// Header cells that are shown as one ("row,column-row,column"), those that do not look like headers, and the
+/// rows of totals.
 std::string headerOf(const TextGrid& grid) {
   std::string text = "merged:";
   for (std::size_t row = 0; row < grid.headerRows(); ++row) {
@@ -52,6 +53,10 @@ std::string headerOf(const TextGrid& grid) {
       if (span.isSingle() || span.firstRow != row || span.firstColumn != column) continue;
       text += sql(" ", row, ",", column, "-", span.lastRow, ",", span.lastColumn);
     }
+  }
+  text += "\ntotals:";
+  for (std::size_t row = 0; row < grid.rows(); ++row) {
+    if (grid.isTotal(row)) text += sql(" ", row);
   }
   return text + "\n";
 }

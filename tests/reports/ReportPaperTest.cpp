@@ -88,6 +88,23 @@ std::string withoutBlanks(std::string text) {
   return text;
 }
 
+/// Each name as a title and as a cell.
+TEST_F(ReportPaperTest, TheNamesOfAllReportsCanBeCopied) {
+  std::vector<FinishedReport> reports;
+  for (const ReportKind& kind : reportKinds()) {
+    reports.push_back({});
+    reports.back().heading.title = kind.name;
+    reports.back().view.grid.addRow({std::string(kind.name), "用日月工生"});
+  }
+  const std::string text = textOf(std::move(reports), {});
+  for (const ReportKind& kind : reportKinds()) {
+    const std::size_t title = text.find(kind.name);
+    ASSERT_NE(title, std::string::npos) << kind.name;
+    EXPECT_NE(text.find(kind.name, title + 1), std::string::npos) << kind.name;
+  }
+  EXPECT_NE(text.find("用日月工生"), std::string::npos);
+}
+
 /// Captions come back with the characters that they have, not with others that look alike.
 TEST_F(ReportPaperTest, EveryReportSaysWhatItIs) {
   keepBooks();
@@ -96,7 +113,7 @@ TEST_F(ReportPaperTest, EveryReportSaysWhatItIs) {
     if (!kind.build) continue;
     ReportView view;
     ASSERT_EQ(runReport(context, kind, conditions, view), ReportOutcome::Computed);
-    FinishedReport report = finishedReport(context, kind, std::move(view));
+    FinishedReport report = finishedReport(context, std::move(view));
     const TextGrid grid = report.view.grid;
     const std::string text = withoutBlanks(textOf({std::move(report)}, {}));
     for (const std::string& told :

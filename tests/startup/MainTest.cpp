@@ -176,6 +176,45 @@ TEST_F(MainTest, AScreenThatIsNotThereIsSaidSo) {
   EXPECT_EQ(run("4"), 1);
 }
 
+TEST_F(MainTest, AScreenWithoutRunTypeHoldsTheRuleOfOneCopy) {
+  note("frmGZL");
+  const auto start = [this](const std::string& name) {
+    startExtraScreen(context, name, argumentsOf("8"), jobs, [this] { return onlyInstance; });
+  };
+  start("workload");
+  EXPECT_EQ(started, std::vector<std::string>{"frmGZL"});
+  EXPECT_EQ(context.gdOpDate, day("2020-5-15"));
+  EXPECT_EQ(errorOf([&] { start("voucher-types"); }), 5) << "a program without it";
+  EXPECT_EQ(errorOf([&] { start("frmGZL"); }), 5);
+  onlyInstance = false;
+  dialogs.expectOk("程序已打开，如要再次打开，请关闭已打开的程序！", Icon::Exclamation, "凭证");
+  EXPECT_THROW(start("workload"), EndProgram);
+}
+
+/// The menus as a person reads them.
+std::string menusText() {
+  std::string text;
+  for (const RunGroup group : runGroups()) {
+    text += std::string(captionOf(group)) + ":";
+    for (const RunTypeRow& row : runTypes())
+      if (row.group == group) text += " " + std::to_string(row.runType);
+    text += "\n";
+  }
+  return text;
+}
+
+TEST(RunTypesTest, EachMenuHasItsRunTypesAndTheGuideNamesThemAlike) {
+  EXPECT_EQ(menusText(),
+            "账套: 0 1 23\n档案: 2 3 4 13\n卡片: 5 6 7 22\n变动: 24 14 15 16 17 18 11\n"
+            "处理: 8 9 19 10 12 21 20\n报表: 25\n");
+  const std::string guide = readFile(testFolder() / "../docs/user-guide.md");
+  const std::string table = guide.substr(guide.find("| 运行类型 | 做什么"), 2000);
+  for (const RunTypeRow& row : runTypes()) {
+    const std::string named = "| " + std::to_string(row.runType) + " | " + std::string(row.caption) + " |";
+    EXPECT_NE(table.find(named), std::string::npos) << named;
+  }
+}
+
 TEST_F(MainTest, EveryEndGivesItsStatusAndFailuresAreReported) {
   EXPECT_EQ(runToEnd(context, [] {}), std::nullopt);
   EXPECT_EQ(runToEnd(context, [] { throw EndProgram{}; }), 0);

@@ -39,11 +39,13 @@ TEST_F(WindowPlaceTest, WhatIsLargerThanTheScreenScrollsBelowItsToolbar) {
   for (int i = 0; i < 30; ++i) lines->addWidget(new QLineEdit);
   auto* toolbar = new Toolbar;
   layout::arrangeScreen(&form, toolbar, lines);
+  auto* last = lines->itemAt(29)->widget();
+  last->setFocus();
   fitInto(form, {300, 200});
+  EXPECT_EQ(form.focusWidget(), last);
   form.show();
   EXPECT_EQ(form.height(), 200);
   EXPECT_EQ(toolbar->y(), 0);
-  auto* last = lines->itemAt(29)->widget();
   EXPECT_TRUE(last->visibleRegion().isEmpty());
   bringIntoView(*last);
   EXPECT_FALSE(last->visibleRegion().isEmpty());

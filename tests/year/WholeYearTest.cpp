@@ -2,6 +2,7 @@
 #include <array>
 
 #include "store/engine/Statement.h"
+#include "support/Findings.h"
 #include "support/Golden.h"
 #include "year/BookDump.h"
 #include "year/YearAssets.h"
@@ -251,6 +252,15 @@ TEST(WholeYear, TheBooksOfEveryMonthAreAsReckoned) {
     expectGolden(sql("year/golden/2020-", books.period() < 10 ? "0" : "", books.period(), ".golden"),
                  allBooks(books));
   }
+  books.execute("update AccInformation set cValue='1501' where cName='sFixedAssetsSubjectNum'");
+  books.execute("update AccInformation set cValue='1502' where cName='sDeprTotalSubjectNum'");
+  // What a check tells of a sound year is what the system itself leaves behind, and each rule says how.
+  std::string found;
+  for (const Finding& one : books.check().findings) {
+    EXPECT_NE(one.rule->origin, "") << one.rule->code;
+    found += findingText(one);
+  }
+  expectGolden("year/golden/findings.golden", found);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "audit/BookCheck.h"
 #include "cards/ClsBLLFACards.h"
 #include "changes/ChangeSheets.h"
 #include "closing/Disposal.h"
@@ -38,11 +39,15 @@ class YearBooks {
   void logIn(const std::string& operatingDate, const std::string& systemTime = "");
   int period() const { return context_.period(); }
   Database& db() { return context_.dbZKData; }
+  const RunContext& run() const { return context_; }
   void execute(const std::string& statement) { db().Execute(statement); }
   std::vector<std::string> rows(const std::string& query) { return rowsOf(db().OpenRecordset(query)); }
   /// The only cell of the only row.
   std::string cell(const std::string& query) { return rows(query).at(0); }
   std::string whatWasTold() { return dialogs_.take(); }
+  /// What a check of the books finds as of the operating date.
+  CheckResult check();
+  const std::string& dataFile() const { return context_.gstrZtFile; }
 
   /// Enters a card that was in the books before the module's first period.
   void enterOriginal(const YearAsset& asset);

@@ -1,10 +1,13 @@
 #include "apps/zelkorctl/ReportCommands.h"
 
+#include <chrono>
+#include <optional>
 #include <ostream>
 #include <utility>
 
 #include "apps/zelkorctl/ReportConditionList.h"
 #include "apps/zelkorctl/ReportFiles.h"
+#include "base/LongJob.h"
 #include "base/RuntimeError.h"
 #include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
@@ -33,26 +36,41 @@ std::string usageProblem(const ReportOptions& options) {
   return {};
 }
 
+/// "a3-portrait"
+PageForm pageForm(const std::string& words) {
+  return {.paper = words.starts_with("a3") ? Paper::A3 : Paper::A4,
+          .landscape = words.ends_with("landscape")};
+}
+
+ReportFileOptions fileOptions(RunContext& context, const ReportOptions& options) {
+  return {.format = options.format,
+          .page = pageForm(options.page),
+          .money = options.money,
+          .byteOrderMark = options.byteOrderMark,
+          .progress = shownProgress(context.dialogs)};
+}
+
 /// Nothing for a report that nothing computes.
 std::optional<FinishedReport> computed(RunContext& context, const ReportKind& kind,
                                        const ReportConditions& conditions) {
   ReportView view;
   if (runReport(context, kind, conditions, view) == ReportOutcome::NothingToShow) return std::nullopt;
   replaceUnwritable(view);
-  return finishedReport(context, kind, std::move(view));
+  return finishedReport(context, std::move(view));
 }
 
 int writeOne(RunContext& context, const ReportKind& kind, const ReportOptions& options, std::ostream& output,
              std::ostream& problems) {
   const ReportConditions conditions = readConditions(context, kind, options.conditions);
+  const ReportFileOptions form = fileOptions(context, options);
   std::unique_ptr<OutputFile> file;
-  if (!options.file.empty()) file = outputFile(context, options.file, options.force);
+  if (!options.file.empty()) file = reportFile(context, options.file, options.force);
   std::optional<FinishedReport> report = computed(context, kind, conditions);
   if (!report) {
     problems << "报表“" << kind.name << "”没有内容\n";
     return 0;
   }
-  writeReport(context, std::move(*report), options, file ? file->open() : output);
+  writeReport(std::move(*report), form, file ? file->open() : output);
   if (file) file->finish();
   return 0;
 }
@@ -67,9 +85,11 @@ int writeAll(RunContext& context, const ReportOptions& options, std::ostream& pr
   for (const ReportKind& kind : reportKinds()) {
     if (kind.build) asked.emplace_back(&kind, readMonthConditions(context, kind, options.conditions));
   }
-  const std::unique_ptr<ReportFiles> files = reportFiles(context, options);
+  const auto files = reportFiles(context, options.file, options.force, fileOptions(context, options));
+  LongJob job(context.dialogs, "正在计算报表", asked.size(), std::chrono::seconds(1));
   std::size_t written = 0;
   for (const auto& [kind, conditions] : asked) {
+    job.step();
     std::optional<FinishedReport> report;
     try {
       report = computed(context, *kind, conditions);

@@ -34,6 +34,10 @@ JobLockAttempt Database::lockForJob(const JobNote& note) {
   return connection().engine().lockForJob(note);
 }
 
+std::optional<JobNote> Database::jobHolder() {
+  return connection().engine().jobHolder();
+}
+
 void Database::lockForWriting() {
   connection().gathering().beforeWrite();
 }

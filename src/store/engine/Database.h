@@ -47,6 +47,8 @@ class Database {
   [[nodiscard]] KeptTogether keepTogether() const { return KeptTogether(connection_); }
   /// See Engine::lockForJob.
   JobLockAttempt lockForJob(const JobNote& note);
+  /// See Engine::jobHolder.
+  std::optional<JobNote> jobHolder();
   /// Inside a workspace transaction: takes the engine's write lock, where it has one, before the first write;
   /// waits for other writers. What is read from now on nobody else can change before the transaction ends.
   void lockForWriting();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -87,6 +88,8 @@ class Engine {
   /// Takes the lock by which an account set has one job at a time, unless somebody else holds it. Waits for
   /// nobody, and keeps nobody from reading and writing.
   virtual JobLockAttempt lockForJob(const JobNote& note) = 0;
+  /// What is known of the holder of that lock, which is not touched; nothing where nobody holds it.
+  virtual std::optional<JobNote> jobHolder() = 0;
 
   /// Rows touched by the last statement that wrote.
   virtual long changes() const = 0;
@@ -100,6 +103,12 @@ class Engine {
   virtual std::vector<dialect::TableInfo> tableInfos() { return {}; }
   /// What it knows of its tables beyond that; not longer than the engine itself.
   virtual std::unique_ptr<StoredTables> storedTables() = 0;
+  /// What the engine finds wrong with the file, in its own words; empty where that is nothing, and beside a
+  /// server, which looks after itself.
+  virtual std::string damage() { return {}; }
+  /// Copies the state that is being read, as it is, into a file that is there and empty; false where the
+  /// engine keeps no file, and its tables have to be carried.
+  virtual bool copyInto(const std::filesystem::path& /*file*/) { return false; }
 
   /// The revision that the books here have reached, as it was written beside the tables; 0 where none was.
   virtual int booksRevision() = 0;

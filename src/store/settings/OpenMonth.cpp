@@ -1,5 +1,7 @@
 #include "store/settings/OpenMonth.h"
 
+#include <algorithm>
+
 #include "base/Conversion.h"
 #include "store/engine/Statement.h"
 #include "store/settings/Parameters.h"
@@ -14,15 +16,22 @@ std::optional<std::string> onlyAccount(Database& system) {
   return accounts.Eof() ? std::optional(account) : std::nullopt;
 }
 
-std::optional<DateTime> lastDayOfOpenMonth(Database& data, Database& system, std::string_view account) {
+std::optional<OpenPeriod> openPeriod(Database& data, Database& system, std::string_view account) {
+  constexpr int kLastMonth = 12;
   if (readParameter(data, "dStartDate").value_or("").empty()) return std::nullopt;
   const Value month(readParameter(data, "iLastPeriod").value_or(""));
   if (!IsNumeric(month)) return std::nullopt;
-  const Recordset period = system.OpenRecordset(sql(
-      "select max(iyear) as lastYear from ZA_Period where cAcc_id='", account, "' and iId=", CInt(month)));
+  const Recordset period =
+      system.OpenRecordset(sql("select max(iyear) as lastYear from ZA_Period where cAcc_id='", account,
+                               "' and iId=", std::min<int>(CInt(month), kLastMonth)));
   const Value year = period.Fields("lastYear");
   if (year.isNull()) return std::nullopt;
-  const auto first = DateTime::fromParts(CInt(year), CInt(month), 1);
+  return OpenPeriod{CInt(year), CInt(month)};
+}
+
+std::optional<DateTime> lastDayOfOpenMonth(Database& data, Database& system, std::string_view account) {
+  const auto period = openPeriod(data, system, account);
+  const auto first = period ? DateTime::fromParts(period->year, period->month, 1) : std::nullopt;
   return first ? std::optional(DateAdd("d", -1, DateAdd("m", 1, *first))) : std::nullopt;
 }
 

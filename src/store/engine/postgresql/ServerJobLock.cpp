@@ -71,11 +71,15 @@ JobLockAttempt lockSchemaForJob(const std::shared_ptr<PostgreSqlLink>& link, con
                                      {schema, sessionName(note)});
   if (PQntuples(taken.get()) > 0 && !PQgetisnull(taken.get(), 0, 0))
     return {.lock = std::make_unique<ServerJobLock>(link, schema), .holder = std::nullopt};
-  const PgResult holder = link->query(kHolder, {schema});
-  if (PQntuples(holder.get()) == 0) return {};
+  return {.lock = nullptr, .holder = holderOfSchemaLock(*link, schema)};
+}
+
+std::optional<JobNote> holderOfSchemaLock(PostgreSqlLink& link, const std::string& schema) {
+  const PgResult holder = link.query(kHolder, {schema});
+  if (PQntuples(holder.get()) == 0) return std::nullopt;
   auto known = noteOfSession(PQgetvalue(holder.get(), 0, 0));
   if (known) known->machine = PQgetvalue(holder.get(), 0, 1);
-  return {.lock = nullptr, .holder = std::move(known)};
+  return known;
 }
 
 }  // namespace zelkor

@@ -12,5 +12,7 @@ namespace zelkor {
 /// schema's. Who has it is said by the session's name, which the server shows to every other one.
 JobLockAttempt lockSchemaForJob(const std::shared_ptr<PostgreSqlLink>& link, const std::string& schema,
                                 const JobNote& note);
+/// What the present holder of that lock has told.
+std::optional<JobNote> holderOfSchemaLock(PostgreSqlLink& link, const std::string& schema);
 
 }  // namespace zelkor

@@ -44,6 +44,10 @@ std::optional<JobNote> noteOfHolder(const std::string& path) {
 
 }  // namespace
 
+std::optional<JobNote> holderOfFileLock(const std::string& dataFile) {
+  return noteOfHolder(lockPathOf(dataFile));
+}
+
 JobLockAttempt lockFileForJob(const std::string& dataFile, const JobNote& note) {
   const std::string path = lockPathOf(dataFile);
   struct stat data {};

@@ -11,5 +11,7 @@ namespace zelkor {
 /// it that the process closes.) Where no file can be made, the error says why: disk full, read-only, no
 /// right.
 JobLockAttempt lockFileForJob(const std::string& dataFile, const JobNote& note);
+/// What the present holder of that lock has told.
+std::optional<JobNote> holderOfFileLock(const std::string& dataFile);
 
 }  // namespace zelkor

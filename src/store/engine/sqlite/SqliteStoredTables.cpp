@@ -1,6 +1,7 @@
 #include <array>
 
 #include "store/engine/sqlite/SqliteEngine.h"
+#include "store/engine/sqlite/SqliteIntegrity.h"
 
 namespace zelkor {
 namespace {
@@ -41,13 +42,18 @@ class SqliteStoredTables final : public StoredTables {
  public:
   explicit SqliteStoredTables(Engine& engine) : engine_(engine) {}
 
-  std::string beginReading() const override { return "BEGIN"; }
+  // The state is that of the first reading.
+  std::string beginReading(const std::string& /*shared*/) const override {
+    return "BEGIN; SELECT 1 FROM sqlite_master LIMIT 1";
+  }
+  std::string stateMark() override;
   std::vector<IndexDef> indexes(const dialect::TableInfo& table,
                                 std::vector<TransferProblem>& problems) override;
   std::map<std::string, std::string> defaults(const dialect::TableInfo& table) override;
   std::string rowOrder(const dialect::TableInfo& table) override;
   std::int64_t lastCounter(const dialect::TableInfo& table, const std::string& column) override;
   std::vector<TransferProblem> others() override;
+  IntegrityCheck checkIntegrity() override { return sqliteIntegrity(engine_); }
 
  private:
   std::optional<IndexDef> index(const dialect::TableInfo& table, const EngineStatement& row);
@@ -55,6 +61,12 @@ class SqliteStoredTables final : public StoredTables {
 
   Engine& engine_;
 };
+
+std::string SqliteStoredTables::stateMark() {
+  const auto version = engine_.prepare("PRAGMA data_version");
+  version->step();
+  return std::to_string(version->integer(0));
+}
 
 bool SqliteStoredTables::addColumns(const std::string& physical, IndexDef& index) {
   bool plain = true;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+#include <vector>
+
+#include "home/Books.h"
+
+namespace zelkor {
+
+/// A card by the newest of its versions that count on the day.
+struct TalliedCard {
+  std::string department;
+  std::string category;
+  double value = 0;
+  bool inUse = false;
+};
+
+/// How many allocation rows there are of a department, category and subject, and what they come to.
+struct Allocation {
+  long cards = 0;
+  double amount = 0;
+};
+using Allocations = std::map<std::tuple<std::string, std::string, std::string>, Allocation>;
+
+/// What one walk over all versions of all cards tells of an account set on a day. Versions are told apart by
+/// the number in sCardID. A disposal, which bears the date of the machine, also counts from the month on for
+/// which it was staged.
+struct CardTally {
+  std::unordered_map<std::string, TalliedCard> byNumber;
+  long cards = 0;  // card numbers
+  long inUse = 0;
+  long disposed = 0;
+  long disposedInMonth = 0;
+  long enteredInMonth = 0;
+  std::optional<DateTime> lastEntered;
+  long withoutSubject = 0;  // in use, and depreciated to no subject
+  std::vector<std::string> workloadCards;
+  // What the month's run would allocate now, and the cards with which it would end in an error.
+  long inService = 0;
+  Allocations due;
+  long notComputable = 0;
+};
+
+CardTally tallyCards(Books& books);
+
+}  // namespace zelkor

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "store/engine/Engine.h"
+
+namespace zelkor {
+
+/// The engine's own check of the file: its pages, its rows, and the indexes against the rows.
+IntegrityCheck sqliteIntegrity(Engine& engine);
+
+}  // namespace zelkor

@@ -135,11 +135,7 @@ TEST_F(StatementGroupTest, AConnectionThatIsCutEndsTheGroup) {
                            "insert into t (sNum,lN) values ('2',2)"};
     db.Execute("update t set lN=5 where sNum='taken'");
     PostgreSqlEngine other(ServerFile::read(path));
-    other
-        .prepare(
-            "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
-            "query LIKE '%\"t\"%'")
-        ->step();
+    other.prepare(endingSessionsOn("t"))->step();
     EXPECT_EQ(errorOf([&] { together(statements); }), 57);
     EXPECT_EQ(errorOf([&] { together(statements); }), 57);
     if (inTransaction) {

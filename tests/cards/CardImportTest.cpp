@@ -71,7 +71,7 @@ TEST_F(ImportTest, ARowWaitsForAServerAFewTimes) {
   rows.resize(101, rows[1]);
   const std::uint64_t before = db().waits();
   EXPECT_EQ(import(rows).stored, 100);
-  EXPECT_EQ(db().waits() - before, 0U);
+  EXPECT_EQ(db().waits() - before, 808U);
 }
 
 TEST_F(ImportTest, AdditionsOfTheMonthAreStaged) {

@@ -1,5 +1,7 @@
 #include "cards/ClsBLLFACards.h"
 
+#include <array>
+
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "cards/VoucherStaging.h"
@@ -153,7 +155,14 @@ std::string ClsBLLFACards::GetDeprSubjectName(std::string_view cardNum) {
 }
 
 std::string ClsBLLFACards::GetDeptName(std::string_view code) {
-  return firstText("GetDeptName", sql("Select * From FA_Departments Where sNum='", code, "'"), "sName");
+  return GetDeptNames(std::array{std::string(code)}).front();
+}
+
+std::vector<std::string> ClsBLLFACards::GetDeptNames(std::span<const std::string> codes) {
+  std::vector<std::string> statements;
+  for (const std::string& code : codes)
+    statements.push_back(sql("Select * From FA_Departments Where sNum='", code, "'"));
+  return firstTexts("GetDeptName", statements, "sName");
 }
 
 std::string ClsBLLFACards::GetOrgAddName(std::string_view originID) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cards/CardRows.h"
 #include "cards/CardValues.h"
@@ -46,6 +48,8 @@ class ClsBLLFACards : public BusinessClass {
   /// Depreciation subject of the card as "code,name".
   std::string GetDeprSubjectName(std::string_view cardNum);
   std::string GetDeptName(std::string_view code);
+  /// Each department's name.
+  std::vector<std::string> GetDeptNames(std::span<const std::string> codes);
   std::string GetOrgAddName(std::string_view originID);
   std::string GetStatusName(std::string_view statusID);
 

@@ -100,4 +100,25 @@ std::size_t StatementGroup::read(std::span<const Step> steps, Sent sent) {
   return steps.size();
 }
 
+// After one that fails those behind it go out once more.
+void askEach(Database& database, std::span<const std::string> queries,
+             const std::function<void(std::size_t, Recordset&)>& use,
+             const std::function<void(const RuntimeError&)>& failed) {
+  constexpr std::size_t kTogether = 1000;
+  for (std::size_t next = 0; next < queries.size();) {
+    try {
+      StatementGroup group(database);
+      for (const std::string& query : queries.subspan(next, std::min(kTogether, queries.size() - next)))
+        group.open(query, [&](Recordset& rows) {
+          use(next, rows);
+          ++next;
+        });
+      group.run();
+    } catch (const RuntimeError& error) {
+      failed(error);
+      ++next;
+    }
+  }
+}
+
 }  // namespace zelkor

@@ -1,12 +1,11 @@
 #include "cards/CardImport.h"
 
 #include <algorithm>
-#include <ostream>
 #include <utility>
 
 #include "base/Csv.h"
 #include "base/CsvTable.h"
-#include "base/EndSignals.h"
+#include "base/LongJob.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardRow.h"
@@ -114,14 +113,15 @@ std::vector<CellProblem> CardImport::save(const CsvRecord& row) {
   return {};
 }
 
-void print(std::ostream& out, std::size_t line, const std::vector<CellProblem>& problems) {
-  out << "第" << line << "行";
+std::string sentenceOf(std::size_t line, const std::vector<CellProblem>& problems) {
+  std::string sentence = "第" + std::to_string(line) + "行";
   const char* separator = "，";
   for (const CellProblem& problem : problems) {
-    out << separator << "列“" << problem.column << "”：" << problem.reason;
+    sentence += separator;
+    sentence += "列“" + problem.column + "”：" + problem.reason;
     separator = "；";
   }
-  out << '\n';
+  return sentence;
 }
 
 /// Saves a row. A failure of the engine ends the import with its reason and the place.
@@ -135,43 +135,50 @@ std::vector<CellProblem> saved(CardImport& import, const CsvRecord& row) {
 }
 
 /// Imports the next row; false at the end. A row whose quotes are wrong is refused like any other bad row.
-bool importNext(CsvReader& reader, CardImport& import, ImportResult& result, std::ostream& problems) {
+bool importNext(TableRows& rows, CardImport& import, ImportResult& result, ImportProblems& problems) {
   try {
-    const auto row = reader.next();
+    const auto row = rows.next();
     if (!row) return false;
     const auto found = saved(import, *row);
-    if (!found.empty()) print(problems, row->line, found);
+    if (!found.empty()) problems.refuse(sentenceOf(row->line, found));
     ++(found.empty() ? result.stored : result.refused);
   } catch (const CsvError& error) {
-    problems << error.what() << '\n';
+    problems.refuse(error.what());
     ++result.refused;
   }
   return true;
 }
 
-RegisterColumns columnsOf(CsvReader& reader, std::ostream& problems) {
-  const auto header = reader.next();
+RegisterColumns columnsOf(TableRows& rows, ImportProblems& problems) {
+  const auto header = rows.next();
   if (!header) throw RuntimeError(ErrorNumber::DataTypeConversion, "文件是空的：没有表头");
   RegisterColumns columns(header->fields);
   for (const std::string& caption : columns.unknown()) {
-    problems << "第" << header->line << "行，列“" << caption << "”：不是卡片的项目，已忽略此列\n";
+    problems.tell(sentenceOf(header->line, {{caption, "不是卡片的项目，已忽略此列"}}));
   }
   return columns;
 }
 
 }  // namespace
 
-ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems) {
-  requireUtf8(csv);
-  CsvReader reader{std::string(csv)};
-  RegisterColumns columns = columnsOf(reader, problems);
+ImportResult importCards(RunContext& context, TableRows& rows, int newType, ImportProblems& problems) {
+  RegisterColumns columns = columnsOf(rows, problems);
   ImportResult result;
   OneTransaction transaction(context.engine.workspace());
   context.dbZKData.lockForWriting();
   CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
-  while (importNext(reader, import, result, problems)) goOnUnlessSignalled();
+  LongJob job(context.dialogs, "正在导入卡片", rows.count());
+  while (importNext(rows, import, result, problems)) job.step();
   transaction.commit();
   return result;
+}
+
+ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems) {
+  requireUtf8(csv);
+  CsvReader reader{std::string(csv)};
+  KeptRows rows(reader);
+  ImportProblems told(problems, rows);
+  return importCards(context, rows, newType, told);
 }
 
 }  // namespace zelkor

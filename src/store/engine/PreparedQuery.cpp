@@ -46,9 +46,9 @@ PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& transla
 bool PreparedQuery::fastFormAllowed() {
   if (!query_->guard()) return false;
   if (!guard_) guard_ = engine_.prepare(*query_->guard());
-  const bool irregular = guard_->step();
+  irregular_ = guard_->step();
   guard_->reset();
-  return !irregular;
+  return !irregular_;
 }
 
 bool PreparedQuery::mayEndEarly() const {
@@ -56,21 +56,26 @@ bool PreparedQuery::mayEndEarly() const {
 }
 
 PreparedQuery::Run PreparedQuery::take() {
-  return take(mayEndEarly(), projection_);
+  return take(mayEndEarly(), projection_, fastFormAllowed());
 }
 
 PreparedQuery::Run PreparedQuery::takeWhole() {
-  return take(false, projection_);
+  return take(false, projection_, fastFormAllowed());
 }
 
-PreparedQuery::Run PreparedQuery::takeAhead() {
-  if (!projection_->columns.empty()) return takeWhole();
-  if (!plain_) plain_ = std::make_shared<const Projection>(plainColumns(*query_));
-  return take(false, plain_);
+// The guard's answer is not waited for: where it finds something, the group fails and is carried out one by
+// one. Beside writes, and where it has found something once, the form is used that needs none.
+PreparedQuery::Run PreparedQuery::takeAhead(bool besideWrites) {
+  const bool isKnown = !projection_->columns.empty();
+  if (!isKnown && !plain_) plain_ = std::make_shared<const Projection>(plainColumns(*query_));
+  Run run = take(false, isKnown ? projection_ : plain_, query_->guard() && !irregular_ && !besideWrites);
+  if (run.fast) run.guard = engine_.prepare(engine_.words().requiringNone(*query_->guard()));
+  return run;
 }
 
-PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly, std::shared_ptr<const Projection> projection) {
-  Run run{nullptr, std::move(projection), fastFormAllowed(), firstRowsOnly};
+PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly, std::shared_ptr<const Projection> projection,
+                                       bool fast) {
+  Run run{nullptr, std::move(projection), fast, firstRowsOnly};
   if (Idle& known = idle(run); run.projection == projection_ && !known.empty()) {
     run.statement = std::move(known.back());
     known.pop_back();

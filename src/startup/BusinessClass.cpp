@@ -42,22 +42,22 @@ std::string BusinessClass::firstText(std::string_view routine, std::string_view 
   });
 }
 
-// One that fails is left behind as it would be alone.
+void BusinessClass::eachQuery(std::string_view routine, std::span<const std::string> statements,
+                              const UseOfRows& use) {
+  attempt(routine, 0, [&] {
+    askEach(zkData_, statements, use,
+            [&](const RuntimeError& error) { reportError(error.number(), error.what(), routine); });
+    return 0;
+  });
+}
+
 std::vector<std::string> BusinessClass::firstTexts(std::string_view routine,
                                                    std::span<const std::string> statements,
                                                    std::string_view field) {
-  std::vector<std::string> texts;
-  const auto readOn = [&] {
-    StatementGroup group(zkData_);
-    for (const std::string& statement : statements.subspan(texts.size()))
-      group.open(statement, [&](const Recordset& rows) {
-        texts.push_back(rows.Eof() ? std::string() : rows.TextOrEmpty(field));
-      });
-    group.run();
-    return true;
-  };
-  while (texts.size() < statements.size())
-    if (!attempt(routine, false, readOn)) texts.emplace_back();
+  std::vector<std::string> texts(statements.size());
+  eachQuery(routine, statements, [&](std::size_t query, const Recordset& rows) {
+    if (!rows.Eof()) texts[query] = rows.TextOrEmpty(field);
+  });
   return texts;
 }
 

@@ -40,6 +40,8 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void prepareAhead(bool besideWrites);
   void sendAhead();
   void startSent();
+  /// Whether a check goes before the query when it is sent ahead.
+  bool isGuarded() const { return run_.guard != nullptr; }
   /// Gives up the statement; see the class.
   void letGo();
   /// Only a write interrupts the walk then.

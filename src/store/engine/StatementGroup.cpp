@@ -128,7 +128,8 @@ std::size_t StatementGroup::runTogether(std::span<const Step> steps) {
     if (!ahead || (ahead->rows != nullptr) != isQuery || (ahead->action != nullptr) == isQuery) break;
     sent.push_back(std::move(*ahead));
   }
-  if (sent.size() < 2) return 0;
+  // One alone gains something only where its guard goes along.
+  if (sent.empty() || (sent.size() == 1 && !(sent.front().rows && sent.front().rows->isGuarded()))) return 0;
   steps = steps.first(sent.size());
   return write(steps) ? carryOut(steps, std::move(sent)) : read(steps, std::move(sent));
 }
@@ -161,6 +162,27 @@ std::size_t StatementGroup::read(std::span<const Step> steps, Sent sent) {
     useRows(steps[i].use, std::move(sent[i].rows));
   }
   return steps.size();
+}
+
+// After one that fails those behind it go out once more.
+void askEach(Database& database, std::span<const std::string> queries,
+             const std::function<void(std::size_t, Recordset&)>& use,
+             const std::function<void(const RuntimeError&)>& failed) {
+  constexpr std::size_t kTogether = 1000;
+  for (std::size_t next = 0; next < queries.size();) {
+    try {
+      StatementGroup group(database);
+      for (const std::string& query : queries.subspan(next, std::min(kTogether, queries.size() - next)))
+        group.open(query, [&](Recordset& rows) {
+          use(next, rows);
+          ++next;
+        });
+      group.run();
+    } catch (const RuntimeError& error) {
+      failed(error);
+      ++next;
+    }
+  }
 }
 
 }  // namespace zelkor

@@ -105,6 +105,12 @@ class StatementGroup {
   std::map<std::string, Recordset, std::less<>> foreseen_;
 };
 
+/// Asks the queries, many together, and uses the rows of each; `failed` is told of those that fail, and the
+/// others go on.
+void askEach(Database& database, std::span<const std::string> queries,
+             const std::function<void(std::size_t query, Recordset& rows)>& use,
+             const std::function<void(const RuntimeError& error)>& failed);
+
 /// Calls `work` with each part of the things, as many as go out together.
 template <typename Things, typename Work>
 void forEachGroup(const Things& things, Work work) {

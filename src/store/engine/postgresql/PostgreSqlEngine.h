@@ -58,6 +58,6 @@ class PostgreSqlEngine final : public Engine {
 };
 
 /// The statements that make a session see the account set in that schema.
-std::string sessionSettings(const std::string& schema);
+std::vector<ServerQuestion> sessionSettings(const std::string& schema);
 
 }  // namespace zelkor

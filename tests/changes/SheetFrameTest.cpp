@@ -39,9 +39,10 @@ class SheetFrameTest : public SheetTest {
 
 TEST_F(SheetFrameTest, ASaveWaitsForAServerAFewTimes) {
   if (!onServer()) GTEST_SKIP() << "needs a server";
+  addCard("00002");
   std::vector<std::uint64_t> waits;
   for (const ChangeKind kind : kSavedKinds) {
-    saveGood(kind);
+    saveGood(kind, "00002");
     ChangeSheets kindOfSheets = sheets(kind);
     const ChangeSheet sheet = goodSheet(kindOfSheets);
     const std::uint64_t before = db().waits();

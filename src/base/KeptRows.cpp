@@ -22,10 +22,12 @@ std::optional<CsvRecord> KeptRows::next() try {
     return record;
   }
   dropReason(*record);
-  last_ = {{}, csvLine(record->fields)};
+  last_ = {};
+  last_.record_ = csvLine(record->fields);
   return record;
 } catch (const CsvError& error) {
-  last_ = {{}, error.record(), reasonColumn_ == 0U};
+  last_.record_ = error.record();
+  last_.hasReason_ = reasonColumn_ == 0U;
   throw;
 }
 
@@ -34,17 +36,16 @@ void KeptRows::dropReason(CsvRecord& record) const {
   record.fields.erase(record.fields.begin() + static_cast<std::ptrdiff_t>(*reasonColumn_));
 }
 
-void KeptRows::refuse(const std::string& reason) {
-  last_.reason = reason;
-  refused_.push_back(std::exchange(last_, {}));
+void KeptRows::refuse(Row row, const std::string& reason) {
+  refused_.push_back({reason, std::move(row)});
 }
 
 void KeptRows::write(std::ostream& out) const {
   std::vector<std::string> header{std::string(kReason)};
   if (header_) header.insert(header.end(), header_->begin(), header_->end());
   out << kByteOrderMark << csvLine(header) << "\r\n";
-  for (const Refused& row : refused_)
-    out << (row.hasReason ? "" : csvField(row.reason) + ",") << row.record << "\r\n";
+  for (const auto& [reason, row] : refused_)
+    out << (row.hasReason_ ? "" : csvField(reason) + ",") << row.record_ << "\r\n";
 }
 
 std::string csvLine(const std::vector<std::string>& fields) {

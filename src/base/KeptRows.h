@@ -20,8 +20,18 @@ class KeptRows final : public TableRows {
 
   std::optional<CsvRecord> next() override;
   std::size_t count() const override { return rows_.count(); }
+  /// A row as it was read, for who reads on before it is known whether the row is taken.
+  class Row {
+   private:
+    friend class KeptRows;
+    std::string record_;
+    bool hasReason_ = false;  // it begins with an earlier one
+  };
+  const Row& last() const { return last_; }
   /// The row that was read last is not taken.
-  void refuse(const std::string& reason);
+  void refuse(const std::string& reason) { refuse(last_, reason); }
+  /// An earlier row is not taken.
+  void refuse(Row row, const std::string& reason);
 
   bool refusedAny() const { return !refused_.empty(); }
   /// Writes the header and the refused rows as CSV in UTF-8, with the mark by which spreadsheets know that.
@@ -30,15 +40,14 @@ class KeptRows final : public TableRows {
  private:
   struct Refused {
     std::string reason;
-    std::string record;
-    bool hasReason = false;  // the record begins with an earlier one
+    Row row;
   };
   void dropReason(CsvRecord& record) const;
 
   TableRows& rows_;
   std::optional<std::vector<std::string>> header_;
   std::optional<std::size_t> reasonColumn_;
-  Refused last_;
+  Row last_;
   std::vector<Refused> refused_;
 };
 

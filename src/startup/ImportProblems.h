@@ -16,10 +16,13 @@ class ImportProblems {
   /// Something that keeps no row from being stored.
   void tell(const std::string& sentence) { out_ << sentence << '\n'; }
   /// Why the row that was read last is not stored.
-  void refuse(const std::string& sentence) {
+  void refuse(const std::string& sentence) { refuse(rows_.last(), sentence); }
+  /// The same of an earlier row.
+  void refuse(const KeptRows::Row& row, const std::string& sentence) {
     tell(sentence);
-    rows_.refuse(sentence);
+    rows_.refuse(row, sentence);
   }
+  const KeptRows::Row& lastRow() const { return rows_.last(); }
 
  private:
   std::ostream& out_;

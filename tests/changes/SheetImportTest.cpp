@@ -41,6 +41,17 @@ class SheetImportTest : public CardTest {
   int saved = 0;
 };
 
+TEST_F(SheetImportTest, ARowWaitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  import("部门转移,00001,302,,调拨\n");
+  const std::uint64_t before = db().waits();
+  import("部门转移,00002,302,,调拨\n");
+  const std::uint64_t one = db().waits() - before;
+  import("部门转移,00001,301,,调拨\n部门转移,00002,301,,调拨\n");
+  EXPECT_EQ(db().waits() - before - 2 * one, 0U) << one;
+  EXPECT_EQ(saved, 2);
+}
+
 TEST_F(SheetImportTest, EveryKindIsSavedInTheOrderOfTheFile) {
   EXPECT_EQ(import("原值增加,00001,\"1,000\",,盘盈\n"
                    "使用状况调整,00001,21,,停产\n"

@@ -25,6 +25,7 @@ namespace {
 constexpr const char* kTitle = "固定资产工作台";
 constexpr std::chrono::minutes kBetweenReadings{1};
 constexpr qint64 kFreshMilliseconds = 1500;  // a reading that is not older is not done again by a look
+constexpr std::int16_t kClosing = 20;
 constexpr std::int16_t kReset = 23;
 constexpr std::int16_t kReports = 25;
 constexpr int kMonths = 12;
@@ -47,8 +48,12 @@ std::vector<frmChart::Point> pointsOf(const std::array<std::optional<double>, Bo
 
 }  // namespace
 
-FrmHome::FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, const std::string& module)
-    : Form(host, "FrmHome", kTitle, Unload::Plain), list_(list), opened_(std::move(opened)), module_(module) {
+FrmHome::FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, HomePrograms programs)
+    : Form(host, "FrmHome", kTitle, Unload::Plain),
+      list_(list),
+      checks_(list.file().parent_path() / CheckMemory::usualFile().filename()),
+      opened_(std::move(opened)),
+      programs_(std::move(programs)) {
   arrangeControls();
   connectEvents();
   everyMinute_.start(kBetweenReadings);
@@ -117,6 +122,7 @@ void FrmHome::changeLogin() {
 void FrmHome::logIn(OpenedSet opened) {
   opened_ = std::move(opened);
   reading_.reset();
+  focusedNext_ = false;
   lastEnd_.clear();
   lastErrors_.clear();
   showHead();
@@ -137,44 +143,52 @@ void FrmHome::showHead() {
   setWindowTitle(toQt(title));
 }
 
+/// The steps of books that are seen for the first time come first.
 void FrmHome::read() {
-  if (worker_.isBusy()) {
+  if (restoring_ || worker_.isBusy()) {
     readAgain_ = true;
     return;
   }
   readAgain_ = false;
   sinceRead_.start();
-  worker_.start([this, place = opened_.place()]() -> frmWorker::Result {
+  if (!reading_) readIn(readSteps);
+  readIn(readBooks);
+}
+
+void FrmHome::readIn(BookReading (*routine)(const BooksPlace&)) {
+  worker_.start([this, routine, place = opened_.place()]() -> frmWorker::Result {
     try {
-      return [this, place, reading = readBooks(place)] {
+      return [this, place, reading = routine(place)] {
         host().dispatch([&] {
           if (place == opened_.place()) takeReading(reading);
-          if (readAgain_) read();
+          if (readAgain_ && !worker_.isBusy()) read();
         });
       };
     } catch (const std::exception& error) {
       return [this, place, reason = std::string(error.what())] {
         host().dispatch([&] {
           if (place == opened_.place()) readingFailed(reason);
-          if (readAgain_) read();
+          if (readAgain_ && !worker_.isBusy()) read();
         });
       };
     }
   });
 }
 
-void FrmHome::takeReading(const BookReading& reading) {
-  const bool isFirst = !reading_;
+void FrmHome::takeReading(BookReading reading) {
+  takeCheck(reading, checks_.lastOf(opened_.set.dataFile, opened_.set.account, opened_.date));
   trouble_.clear();
-  reading_ = reading;
-  if (!reading.header.name.empty()) {
-    opened_.set.name = reading.header.name;
-    opened_.set.unit = reading.header.unit;
+  reading_ = std::move(reading);
+  if (!reading_->header.name.empty()) {
+    opened_.set.name = reading_->header.name;
+    opened_.set.unit = reading_->header.unit;
   }
   showHead();
   showMonth();
-  showFigures(reading.figures);
-  if (isFirst && CmdNext->isEnabled()) CmdNext->setFocus();
+  if (reading_->figures) showFigures(*reading_->figures);
+  const bool goesOn = CmdNext->isEnabled() && !CmdNext->isHidden();
+  if (!focusedNext_ && goesOn) CmdNext->setFocus();
+  focusedNext_ = focusedNext_ || goesOn;
 }
 
 /// What was seen before stays in sight; nothing can be started from it.
@@ -306,12 +320,26 @@ void FrmHome::startByName(const QString& caption) {
 
 void FrmHome::start(const StepCommand& command) {
   if (!canStart()) return;
-  if (command.runType == kReset && command.screen.empty() && !confirmReset()) return;
+  if (!command.own.empty()) return startOwn(command.own);
+  if (command.isRun(kReset) && !confirmReset()) return;
+  if ((command.isRun(kReset) || command.isRun(kClosing)) && !offerBackup(command)) return;
+  startModule(command);
+}
+
+void FrmHome::startModule(const StepCommand& command) {
   const std::string caption(captionOf(command));
+  startChild(programs_.module, caption, argumentsFor(command, opened_),
+             [this, caption](const ChildEnd& end) { ended(caption, end); });
+}
+
+void FrmHome::startChild(const std::string& program, const std::string& caption,
+                         const std::vector<std::string>& arguments, Ended afterwards) {
   lastErrors_.clear();
   try {
-    module_.start(caption, argumentsFor(command, opened_),
-                  [this, caption](const ChildEnd& end) { host().dispatch([&] { ended(caption, end); }); });
+    module_.start(program, caption, arguments,
+                  [this, afterwards = std::move(afterwards)](const ChildEnd& end) {
+                    host().dispatch([&] { afterwards(end); });
+                  });
   } catch (const RuntimeError& error) {
     lastEnd_ = error.what();
     lastErrors_ = error.what();
@@ -328,7 +356,7 @@ bool FrmHome::confirmReset() {
 
 void FrmHome::ended(const std::string& caption, const ChildEnd& end) {
   lastEnd_ = end.failed() ? "⚠ " + sentenceAboutEnd(caption, end) : "“" + caption + "”已结束";
-  lastErrors_ = end.failed() ? sentenceAboutEnd(caption, end) + "\n\n" + end.errors : "";
+  lastErrors_ = end.failed() ? sentenceAboutEnd(caption, end) + "\n\n" + end.errors + end.output : "";
   showStatus();
   lockCommands();
   read();

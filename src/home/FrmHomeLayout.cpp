@@ -1,3 +1,4 @@
+#include <iterator>
 #include <QCompleter>
 #include <QGridLayout>
 #include <QStringListModel>
@@ -16,7 +17,7 @@ namespace {
 constexpr QSize kSize(1100, 680);
 constexpr int kStepsWidth = 580;
 constexpr int kCommandWidth = 190;
-constexpr int kStepHeight = 42;
+constexpr int kStepHeight = 31;
 constexpr int kCaptionWidth = 112;
 constexpr int kLastWidth = 76;
 constexpr int kButtonWidth = 152;
@@ -24,6 +25,14 @@ constexpr int kMarkSize = 22;
 constexpr std::array<const char*, FrmHome::kFigures> kFigureCaptions{"原值", "累计折旧", "净值", "本月折旧"};
 
 enum StepColumn { Mark, Caption, Counts, Last, Button, More };
+
+/// The keys along the row of digits.
+QKeySequence stepKey(std::size_t index) {
+  constexpr Qt::Key kKeys[] = {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5,    Qt::Key_6,
+                               Qt::Key_7, Qt::Key_8, Qt::Key_9, Qt::Key_0, Qt::Key_Minus};
+  static_assert(std::size(kKeys) == FrmHome::kSteps);
+  return QKeySequence(Qt::CTRL | kKeys[index]);
+}
 
 QFrame* card() {
   auto* frame = new QFrame;
@@ -152,7 +161,7 @@ void FrmHome::makeStepsMenu() {
     const std::string caption(captionOf(static_cast<StepKind>(i)));
     commands.emplace_back(
         CommandCaption(caption.c_str(), ("step " + caption).c_str()), [this, i] { startStep(i); },
-        &FrmHome::canStart, QKeySequence(QString("Ctrl+%1").arg(i + 1)));
+        &FrmHome::canStart, stepKey(i));
   }
   addCommands(menu, commands);
 }

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "startup/Logs.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -39,6 +40,25 @@ std::string BusinessClass::firstText(std::string_view routine, std::string_view 
     const Recordset rows = zkData_.OpenRecordset(statement);
     return rows.Eof() ? std::string() : rows.TextOrEmpty(field);
   });
+}
+
+// One that fails is left behind as it would be alone.
+std::vector<std::string> BusinessClass::firstTexts(std::string_view routine,
+                                                   std::span<const std::string> statements,
+                                                   std::string_view field) {
+  std::vector<std::string> texts;
+  const auto readOn = [&] {
+    StatementGroup group(zkData_);
+    for (const std::string& statement : statements.subspan(texts.size()))
+      group.open(statement, [&](const Recordset& rows) {
+        texts.push_back(rows.Eof() ? std::string() : rows.TextOrEmpty(field));
+      });
+    group.run();
+    return true;
+  };
+  while (texts.size() < statements.size())
+    if (!attempt(routine, false, readOn)) texts.emplace_back();
+  return texts;
 }
 
 }  // namespace zelkor

@@ -32,7 +32,9 @@ class StatementGroup {
   explicit StatementGroup(Database& database);
 
   void execute(std::string_view sql);
-  /// `use` is called with the rows, which are given up afterwards. It runs no statement that writes.
+  /// `use` is called with the rows, which are given up afterwards. It runs no statement that writes. It may
+  /// add queries for what the rows have told; on a server they go out together after all that was added
+  /// before.
   template <typename Use>
   void open(std::string_view sql, Use use) {
     if (!sendsAhead_) {

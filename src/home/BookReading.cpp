@@ -33,6 +33,7 @@ class OpenBooks {
   void addFigures(const CardTally& cards, BookReading& reading) {
     compareWithRun(books_, cards, reading.facts);
     reading.figures = readFigures(books_, cards);
+    reading.recent = readRecentWork(books_, cards.newest);
     // The ledger keeps each card's amount with two decimals, the staged entries have the sum of all four.
     if (reading.facts.depreciationIsStaged)
       reading.figures->depreciation = Val(Format(reading.facts.depreciation, "0.00"));

@@ -5,6 +5,7 @@
 #include "home/AccountHeader.h"
 #include "home/BookFigures.h"
 #include "home/MonthState.h"
+#include "home/RecentWork.h"
 
 namespace zelkor {
 
@@ -23,6 +24,7 @@ struct BookReading {
   MonthFacts facts;
   MonthState month;
   std::optional<BookFigures> figures;  // none in a first reading
+  RecentWork recent;                   // likewise
 };
 
 /// Takes in the last check of the month, and judges the month again.

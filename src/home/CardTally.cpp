@@ -11,6 +11,7 @@
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "depreciation/MonthlyDepr.h"
+#include "home/RecentWork.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -135,12 +136,14 @@ class Walk {
     for (; !versions.Eof(); versions.MoveNext()) take(versions);
     if (whole_) tally_.byNumber.reserve(cards_.size());
     for (auto& [number, card] : cards_) finish(number, card);
+    for (auto& [number, id] : last_) tally_.newest.push_back(std::move(id));
     return std::move(tally_);
   }
 
  private:
   void take(const Recordset& version);
   void takeForRun(const Recordset& version, const std::string& id, RunVersion& run) const;
+  void takeLast(const std::string& id);
   void takeNewest(const Recordset& version, const Days& days, CardSoFar& card) const;
   bool counts(const Days& days, const std::string& number) const;
   void finish(const std::string& number, CardSoFar& card);
@@ -156,6 +159,7 @@ class Walk {
   std::unordered_map<std::string, bool> disposals_;  // staged: whether in the month
   std::pmr::monotonic_buffer_resource memory_;       // one that is given back at once: cards are many
   std::pmr::unordered_map<std::string, CardSoFar> cards_{&memory_};
+  std::multimap<double, std::string> last_;
   CardTally tally_;
 };
 
@@ -179,12 +183,21 @@ void Walk::take(const Recordset& version) {
   if (whole_) {
     if (!card.whole) card.whole = std::make_unique<WholeCard>();
     takeForRun(version, id, card.whole->run);
+    takeLast(id);
   }
   if (!inForce) return;
   if (days.changed.isNull() && days.disposed.isNull()) card.entered = days.entered.date();
   if (!card.newest.empty() && Val(id) < Val(card.newest)) return;
   card.newest = std::move(id);
   takeNewest(version, days, card);
+}
+
+/// Keeps the ids with the greatest numbers.
+void Walk::takeLast(const std::string& id) {
+  const double number = Val(id);
+  if (last_.size() == RecentWork::kMost && number <= last_.begin()->first) return;
+  last_.emplace(number, id);
+  if (last_.size() > RecentWork::kMost) last_.erase(last_.begin());
 }
 
 void Walk::takeNewest(const Recordset& version, const Days& days, CardSoFar& card) const {

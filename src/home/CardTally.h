@@ -44,8 +44,9 @@ struct CardTally {
 
   // Of a whole tally only:
   std::unordered_map<std::string, TalliedCard> byNumber;
-  Allocations due;         // what the run would allocate now,
-  long notComputable = 0;  // and the cards with which it would end in an error
+  Allocations due;                  // what the run would allocate now,
+  long notComputable = 0;           // and the cards with which it would end in an error
+  std::vector<std::string> newest;  // numbers of the versions that came last
 };
 
 /// The numbers alone are there several times as soon.

@@ -15,6 +15,7 @@
 #include "home/FrmEndDetail.h"
 #include "home/FrmLogin.h"
 #include "home/frmStepMark.h"
+#include "home/OwnCommands.h"
 #include "store/engine/Statement.h"
 #include "ui/Guide.h"
 #include "ui/Layout.h"
@@ -78,6 +79,8 @@ void FrmHome::connectEvents() {
       });
     });
   }
+  on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
+  connectRecent();
   on(TxtCommand->completer(), qOverload<const QString&>(&QCompleter::activated), &FrmHome::startByName);
 }
 
@@ -186,6 +189,7 @@ void FrmHome::takeReading(BookReading reading) {
   showHead();
   showMonth();
   if (reading_->figures) showFigures(*reading_->figures);
+  if (reading_->figures) showRecent();
   const bool goesOn = CmdNext->isEnabled() && !CmdNext->isHidden();
   if (!focusedNext_ && goesOn) CmdNext->setFocus();
   focusedNext_ = focusedNext_ || goesOn;
@@ -225,6 +229,8 @@ void FrmHome::showStep(std::size_t index, const MonthStep& step, bool isNext) {
     text += text.isEmpty() ? note : "<br>" + note;
   }
   LblCounts[index]->setText(text);
+  const int lines = step.note.empty() || step.counts.empty() ? 1 : 2;
+  LblCounts[index]->setMinimumHeight(lines * LblCounts[index]->fontMetrics().lineSpacing());
   LblLast[index]->setText(step.last ? toQt(Format(*step.last, "yyyy-mm-dd")) : QString());
   CmdStep[index]->setText(toQt(captionOf(step.commands.front())));
   auto* menu = new QMenu(CmdMore[index]);
@@ -276,6 +282,8 @@ void FrmHome::lockCommands() {
     CmdMore[i]->setEnabled(ready);
   }
   CmdLogin->setEnabled(canStart());
+  CmdPlan->setEnabled(ready);
+  lockReports();
   const bool closed = reading_ && reading_->month.period != PeriodState::Open && reading_->facts.open &&
                       reading_->facts.open->month <= kMonths;
   if (closed) {

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolButton>
 #include <string>
@@ -21,6 +22,8 @@
 #include "home/frmWorker.h"
 #include "home/OpenedSet.h"
 #include "home/Reopening.h"
+#include "startup/RecentReports.h"
+#include "ui/FlexGrid.h"
 #include "ui/Form.h"
 
 namespace zelkor {
@@ -66,6 +69,14 @@ class FrmHome final : public Form {
   frmChart* ChartDepartments = make<frmChart>("ChartDepartments");
   frmChart* ChartCategories = make<frmChart>("ChartCategories");
   frmChart* ChartMonths = make<frmChart>("ChartMonths");
+  QPushButton* CmdPlan = make<QPushButton>("CmdPlan", "未来折旧(&L)…");
+  QTabWidget* TabsRecent = make<QTabWidget>("TabsRecent");
+  FlexGrid* GridCards = make<FlexGrid>("GridCards");
+  FlexGrid* GridVouchers = make<FlexGrid>("GridVouchers");
+  FlexGrid* GridReports = make<FlexGrid>("GridReports");
+  QPushButton* CmdReport = make<QPushButton>("CmdReport", "再打开");
+  QPushButton* CmdPdf = make<QPushButton>("CmdPdf", "另存 PDF…");
+  QPushButton* CmdWorkbook = make<QPushButton>("CmdWorkbook", "另存 Excel…");
   QLabel* LblStatus = make<QLabel>("LblStatus");
   QPushButton* CmdDetail = make<QPushButton>("CmdDetail", "详情(&X)…");
   QMenuBar* menu_ = new QMenuBar(this);
@@ -75,6 +86,7 @@ class FrmHome final : public Form {
   QLayout* head();
   QLayout* stepLines();
   QLayout* figureTiles();
+  void arrangeRecent();
   void makeMenus();
   void makeStepsMenu();
   void makeFinder();
@@ -124,13 +136,24 @@ class FrmHome final : public Form {
   void showPreview();
   void showPlan();
 
+  // FrmHomeRecent.cpp
+  void connectRecent();
+  void showRecent();
+  void showReports();
+  void openRecent(std::int16_t runType);
+  const RecentReport* currentReport() const;
+  void openReport();
+  void saveReport(const char* format);
+  void lockReports();
+
   AccountSetList& list_;
   CheckMemory checks_;
   OpenedSet opened_;
   std::optional<BookReading> reading_;
-  std::string trouble_;     // why the books could not be read
-  std::string lastEnd_;     // what came of the last command
-  std::string lastErrors_;  // all that it told, where it failed
+  std::vector<RecentReport> reports_;  // as they are listed
+  std::string trouble_;                // why the books could not be read
+  std::string lastEnd_;                // what came of the last command
+  std::string lastErrors_;             // all that it told, where it failed
   bool readAgain_ = false;
   bool focusedNext_ = false;  // the next step has had the focus that it gets at first
   bool restoring_ = false;    // nobody may have the books open

@@ -53,14 +53,16 @@ void FrmHome::arrangeControls() {
   ChartCategories->setEmptyText("还没有卡片");
   ChartMonths->setTitle("本年各月折旧");
   ChartMonths->setEmptyText("还没有计提");
-  ChartMonths->setFocusPolicy(Qt::ClickFocus);  // Tab goes on to what stands beside the steps
   auto* steps = card();
   arrange(steps, stepLines());
   steps->setMinimumWidth(kStepsWidth);
-  auto* left = column({steps, wide(ChartMonths)});
+  TabsRecent->setMinimumWidth(kStepsWidth);
+  arrangeRecent();
   auto* right = column({figureTiles(), wide(ChartDepartments), wide(ChartCategories)});
-  arrange(this, column({head(), row({wide(LblHeadline), CmdNext}), wide(row({Item(left, 3), Item(right, 2)})),
-                        rule(), row({wide(LblStatus), CmdDetail})}));
+  auto* month = row({Item(steps, 3), Item(right, 2)});
+  auto* recent = row({Item(TabsRecent, 3), Item(ChartMonths, 2)});
+  arrange(this, column({head(), row({wide(LblHeadline), CmdNext}), Item(month, 3), Item(recent, 1), rule(),
+                        row({wide(LblStatus), CmdDetail})}));
   makeMenus();
   makeFinder();
   layout()->setMenuBar(menu_);
@@ -89,7 +91,7 @@ QLayout* FrmHome::stepLines() {
     LblStep[i]->setFixedWidth(kCaptionWidth);
     LblStep[i]->setText(toQt(captionOf(static_cast<StepKind>(i))));
     LblCounts[i]->setTextFormat(Qt::RichText);
-    LblCounts[i]->setMinimumHeight(kStepHeight);
+    grid->setRowMinimumHeight(line, kStepHeight);
     LblCounts[i]->setWordWrap(true);
     LblLast[i]->setFixedWidth(kLastWidth);
     LblLast[i]->setProperty("note", true);
@@ -127,8 +129,27 @@ QLayout* FrmHome::figureTiles() {
   LblCards->setProperty("note", true);
   auto* all = column({});
   all->addLayout(tiles);
-  all->addWidget(LblCards);
+  CmdPlan->setAutoDefault(false);
+  all->addLayout(row({LblCards, stretch(), CmdPlan}));
   return all;
+}
+
+void FrmHome::arrangeRecent() {
+  constexpr int kListHeight = 60;
+  for (FlexGrid* grid : {GridCards, GridVouchers, GridReports}) {
+    grid->fitColumns();
+    grid->fillWith(1);
+    grid->setMinimumHeight(kListHeight);
+  }
+  GridCards->setAccessibleName("最近的卡片");
+  GridVouchers->setAccessibleName("最近的凭证");
+  GridReports->setAccessibleName("最近的报表");
+  fillTabs(*TabsRecent,
+           {{"最近的卡片", column({wide(GridCards)})},
+            {"最近的凭证", column({wide(GridVouchers)})},
+            {"最近的报表", row({wide(GridReports), column({CmdReport, CmdPdf, CmdWorkbook, stretch()})})}});
+  for (int page = 0; page < TabsRecent->count(); ++page)
+    TabsRecent->widget(page)->layout()->setContentsMargins(4, 4, 4, 4);
 }
 
 void FrmHome::makeMenus() {

@@ -88,6 +88,7 @@ class FrmHomeTest : public FormTest {
   FrmHome& home(const std::string& does = "exit 0") {
     auto& form = host.show<FrmHome>(list, opened(), HomePrograms{module(does), zelkorctlProgram()});
     untilTold(form, "LblHeadline", "2020年1月");
+    until([&] { return !textOf(form, "LblFigure0").empty(); }, "read to the end");
     return form;
   }
 
@@ -213,7 +214,6 @@ TEST_F(FrmHomeTest, ACheckShowsWhatItFoundAndOpensTheScreenAboutIt) {
   execute("update fa_Cards set sDeprSubjectNum='' where sCardNum='00002'");
   engine.flush();
   QWidget& form = home();
-  untilTold(form, "LblFigure3", "239,253.00");
   inComingForm([](QWidget& findings) {
     const Lines rules = columnOf(findings, "GridFindings", 0);
     const auto row = std::ranges::find(rules, "C08") - rules.begin();
@@ -247,7 +247,6 @@ TEST_F(FrmHomeTest, ABackupIsMadeAndItsStepSaysWhen) {
 TEST_F(FrmHomeTest, TheClosingOffersABackupAndGoesOnBehindIt) {
   useBooks();
   QWidget& form = home();
-  untilTold(form, "LblFigure3", "239,253.00");
   const std::string question =
       "“月末结账”做了以后不能撤消，只能恢复以前的备份。\n\n先备份账套？\n\n本月还没有备份。";
   dialogs.expect({question, Buttons::YesNoCancel, Icon::Question, "固定资产工作台"}, Answer::Cancel);
@@ -318,6 +317,33 @@ TEST_F(FrmHomeTest, WhatTheRunWouldBookAndWhatIsStillToCome) {
     click(plan, "CmdClose");
   });
   press(form, "未来折旧");
+}
+
+TEST_F(FrmHomeTest, WhatWasDoneLastIsBelow) {
+  useBooks();
+  execute(
+      "insert into GL_accvouch (iperiod,csign,ino_id,inid,dbill_date,cdigest,md,mc,ccodecontrol) values "
+      "(1,'记',7,1,#2020-1-31#,'计提折旧',100,0,'FA,#')");
+  engine.flush();
+  const std::vector<std::string> conditions{"period=2020.01"};
+  RecentReports(RecentReports::usualFile())
+      .remember({context.gstrZtFile, "001", "固定资产总账", {"period=2020.02"}, day("2020-1-30")});
+  RecentReports(RecentReports::usualFile())
+      .remember({context.gstrZtFile, "001", "价值结构分析表", conditions, day("2020-1-31")});
+  RecentReports(RecentReports::usualFile()).remember({"/other", "001", "固定资产总账", {}, day("2020-1-31")});
+  QWidget& form = home();
+  EXPECT_EQ(columnOf(form, "GridCards", 0).front(), "00062");
+  EXPECT_EQ(columnOf(form, "GridVouchers", 0), Lines{"记-7"});
+  control<QTabWidget>(form, "TabsRecent").setCurrentIndex(2);
+  EXPECT_EQ(columnOf(form, "GridReports", 0), (Lines{"价值结构分析表", "固定资产总账"}));
+  keepPicture(form, "FrmHome-reports");
+  gridOf(form, "GridReports").selectGridRow(2);
+  click(form, "CmdReport");
+  untilTold(form, "LblStatus", "“最近的报表”已结束");
+  EXPECT_EQ(readFile(given()).substr(0, 21), "--screen\nlast-report\n");
+  EXPECT_EQ(RecentReports(RecentReports::usualFile()).of(context.gstrZtFile, "001").front().name,
+            "固定资产总账")
+      << "it is the one that the module shows";
 }
 
 class FrmAccountSetsTest : public FrmHomeTest {};

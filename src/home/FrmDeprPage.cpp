@@ -72,10 +72,11 @@ void FrmDeprPage::read() {
   shown_ = false;
   LblStatus->setText("正在计算…");
   lock();
-  worker_.start([this, asked = ++asked_, months = months()]() -> frmWorker::Result {
+  // It may still be at work when the form has gone.
+  worker_.start([this, routine = order_.read, asked = ++asked_, months = months()]() -> frmWorker::Result {
     DeprPage page;
     try {
-      page = order_.read(months);
+      page = routine(months);
     } catch (const std::exception& error) {
       page.problems = {error.what()};
     }

@@ -5,10 +5,10 @@
 #include <ostream>
 #include <utility>
 
-#include "apps/zelkorctl/ReportConditionList.h"
 #include "apps/zelkorctl/ReportFiles.h"
 #include "base/LongJob.h"
 #include "base/RuntimeError.h"
+#include "reports/ConditionTexts.h"
 #include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
 

@@ -8,11 +8,11 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdlib>
-#include <cstring>
 #include <ostream>
 #include <streambuf>
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 namespace zelkor {
 namespace {
@@ -129,7 +129,7 @@ OutputFile::~OutputFile() {
 
 std::ostream& OutputFile::open() {
   FileDescriptor file = direct_ ? openDirectly() : openBeside();
-  if (!file) cannotWrite(file_, std::strerror(errno));
+  if (!file) cannotWrite(file_, systemReason(errno));
   stream_ = std::make_unique<Stream>(std::move(file));
   return *stream_;
 }
@@ -157,7 +157,7 @@ void OutputFile::complete() {
   stream_->flush();
   if (!direct_) buffer.note(::fsync(buffer.file().get()) == 0);
   buffer.close();
-  if (buffer.failure() != 0) cannotWrite(file_, std::strerror(buffer.failure()));
+  if (buffer.failure() != 0) cannotWrite(file_, systemReason(buffer.failure()));
   stream_.reset();
 }
 
@@ -171,11 +171,11 @@ void OutputFile::keep() {
   if (!options_.replace && ::link(beside_.c_str(), file_.c_str()) == 0) {
     ::unlink(beside_.c_str());
   } else {
-    if (!options_.replace && errno == EEXIST) cannotWrite(file_, std::strerror(errno));
-    if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
+    if (!options_.replace && errno == EEXIST) cannotWrite(file_, systemReason(errno));
+    if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, systemReason(errno));
   }
   beside_.clear();
-  if (!forceToDisk(folderOf(file_))) cannotWrite(file_, std::strerror(errno));
+  if (!forceToDisk(folderOf(file_))) cannotWrite(file_, systemReason(errno));
 }
 
 }  // namespace zelkor

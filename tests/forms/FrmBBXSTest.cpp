@@ -144,8 +144,7 @@ TEST_F(FrmBBXSTest, savesTheReportAsAFile) {
     saveAs(form, file("d"), 3);
     EXPECT_EQ(readFile(file("d.html")) == "before", answer == Answer::No);
   }
-  tells("不能写文件“" + file("missing/f.pdf") + "”：No such file or directory", Icon::Exclamation,
-        "查看报表");
+  tells("不能写文件“" + file("missing/f.pdf") + "”：找不到所在的文件夹", Icon::Exclamation, "查看报表");
   saveAs(form, file("missing/f.pdf"), 1);
   inModalForm([](QWidget& dialog) { dialog.close(); });
   press(form, "mnuPopSave");

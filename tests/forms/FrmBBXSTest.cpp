@@ -176,6 +176,8 @@ TEST_F(FrmBBXSTest, printsThePagesThatTheDocumentHas) {
     auto& preview = dynamic_cast<QPrintPreviewDialog&>(window);
     auto& pages = *preview.findChild<QPrintPreviewWidget*>();
     EXPECT_EQ(pages.pageCount(), 4);
+    const auto isKeyed = [](const QAction* one) { return one->shortcut() == QKeySequence::Print; };
+    EXPECT_EQ(std::ranges::count_if(preview.findChildren<QAction*>(), isKeyed), 1);
     preview.printer()->setOutputFileName(toQt(file("printed.pdf")));
     pages.print();
     preview.printer()->setOutputFileName(toQt(file("third.pdf")));

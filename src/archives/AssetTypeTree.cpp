@@ -2,48 +2,54 @@
 
 #include <algorithm>
 
+#include "archives/LevelTree.h"
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "startup/Logs.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
 
 constexpr int kMonthsPerYear = 12;
 
-/// Adds the categories of a recordset below `parentKey`; each one's code is handed on for the level below.
-template <typename Deeper>
-void loadTypes(Recordset types, const std::string& parentKey, std::vector<TreeRow>& tree, Deeper deeper) {
+void addTypes(LevelTree& tree, LevelTree::Place above, Recordset& types) {
   for (; !types.Eof(); types.MoveNext()) {
     const std::string code = types.TextOrEmpty("sNum");
-    tree.push_back({"D" + code, parentKey, "(" + code + ")" + types.TextOrEmpty("sName"), code});
-    deeper(code);
+    const std::string parentKey = above ? tree[*above].key : "";
+    tree.add(above, {"D" + code, parentKey, "(" + code + ")" + types.TextOrEmpty("sName"), code});
   }
 }
 
-void LoadSubClass(Database& database, const std::string& parentCode, int level, std::vector<TreeRow>& tree) {
+void LoadAllClass(Database& database, LevelTree& tree) {
   try {
-    const std::string statement =
-        sql("select * from fa_AssetTypes where iLevel=", level, " and sNum like '", parentCode, "*'");
-    loadTypes(database.OpenRecordset(statement), "D" + parentCode, tree, [&](const std::string& code) {
-      if (level < static_cast<int>(kAssetTypeLevels)) LoadSubClass(database, code, level + 1, tree);
+    StatementGroup group(database);
+    group.open("select * from fa_AssetTypes where sNum='&'", [&tree](const Recordset& root) {
+      tree.add({},
+               {std::string(kAssetTypeRootKey), "", root.Eof() ? std::string() : root.TextOrEmpty("sName")});
     });
-  } catch (const RuntimeError& error) {
-    WriteErrorLog(error.number(), error.what(), "LoadSubClass");
-  }
-}
-
-void LoadAllClass(Database& database, std::vector<TreeRow>& tree) {
-  try {
-    const Recordset root = database.OpenRecordset("select * from fa_AssetTypes where sNum='&'");
-    const std::string rootKey(kAssetTypeRootKey);
-    tree.push_back({rootKey, "", root.Eof() ? std::string() : root.TextOrEmpty("sName")});
-    loadTypes(database.OpenRecordset("select * from fa_AssetTypes where iLevel=1"), rootKey, tree,
-              [&](const std::string& code) { LoadSubClass(database, code, 2, tree); });
+    group.open("select * from fa_AssetTypes where iLevel=1",
+               [&tree](Recordset& types) { addTypes(tree, tree.newPlaces().front(), types); });
+    group.run();
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "LoadAllClass");
+  }
+}
+
+/// What is below all categories of a level is asked for together.
+void LoadSubClass(Database& database, LevelTree& tree) {
+  for (int level = 2; level <= static_cast<int>(kAssetTypeLevels); ++level) {
+    const std::vector<std::size_t> parents = tree.newPlaces();
+    std::vector<std::string> statements;
+    for (const std::size_t place : parents) {
+      statements.push_back(
+          sql("select * from fa_AssetTypes where iLevel=", level, " and sNum like '", tree[place].tag, "*'"));
+    }
+    askEach(
+        database, statements, [&](std::size_t i, Recordset& types) { addTypes(tree, parents[i], types); },
+        [](const RuntimeError& error) { WriteErrorLog(error.number(), error.what(), "LoadSubClass"); });
   }
 }
 
@@ -69,9 +75,10 @@ std::string methodName(Database& database, const std::string& id) {
 }  // namespace
 
 std::vector<TreeRow> assetTypeTree(Database& database) {
-  std::vector<TreeRow> tree;
+  LevelTree tree;
   LoadAllClass(database, tree);
-  return tree;
+  LoadSubClass(database, tree);
+  return tree.rows();
 }
 
 std::vector<TreeRow> depreciationMethodTree(Database& database) {

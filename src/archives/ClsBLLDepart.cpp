@@ -11,6 +11,10 @@ std::string departDetailStatement(std::string_view code) {
   return sql("Select * From Department Where cDepCode='", code, "'");
 }
 
+std::string departsStatement(std::string_view code, int level) {
+  return sql("Select * From Department Where iDepGrade=", level, " And cDepCode Like '", code, "*'");
+}
+
 Value nullIfEmpty(const std::string& text) {
   return text.empty() ? Value() : Value(text);
 }
@@ -22,8 +26,13 @@ Recordset ClsBLLDepart::TopDepartInfo() {
 }
 
 Recordset ClsBLLDepart::GetDepartsInfo(std::string_view code, int level) {
-  return query("GetDepartsInfo",
-               sql("Select * From Department Where iDepGrade=", level, " And cDepCode Like '", code, "*'"));
+  return query("GetDepartsInfo", departsStatement(code, level));
+}
+
+void ClsBLLDepart::GetDepartsInfo(std::span<const std::string> codes, int level, const UseOfRows& use) {
+  std::vector<std::string> statements;
+  for (const std::string& code : codes) statements.push_back(departsStatement(code, level));
+  eachQuery("GetDepartsInfo", statements, use);
 }
 
 Recordset ClsBLLDepart::GetDepartDetail(std::string_view code) {

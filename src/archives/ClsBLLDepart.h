@@ -30,6 +30,8 @@ class ClsBLLDepart : public BusinessClass {
   Recordset TopDepartInfo();
   /// Departments of the level whose codes begin with `code`.
   Recordset GetDepartsInfo(std::string_view code, int level);
+  /// The same for each code; see BusinessClass::eachQuery.
+  void GetDepartsInfo(std::span<const std::string> codes, int level, const UseOfRows& use);
   Recordset GetDepartDetail(std::string_view code);
   bool DeleteDepart(std::string_view code);
   /// False when an existing department is not there, when a new one's code is taken, or on any failure.

@@ -1,5 +1,6 @@
 #include "archives/DepartArchive.h"
 
+#include "archives/LevelTree.h"
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "startup/Logs.h"
@@ -7,40 +8,41 @@
 namespace zelkor {
 namespace {
 
-/// Adds the departments of a recordset below `parentKey`; each one's code is handed on for the level below.
-template <typename Deeper>
-void loadDeparts(Recordset rows, const std::string& parentKey, std::vector<TreeRow>& tree, Deeper deeper) {
-  for (; rows.isOpen() && !rows.Eof(); rows.MoveNext()) {
+void addDeparts(LevelTree& tree, LevelTree::Place above, Recordset& rows) {
+  for (; !rows.Eof(); rows.MoveNext()) {
     const std::string code = rows.TextOrEmpty("cDepCode");
-    tree.push_back({"D" + code, parentKey, "(" + code + ")" + rows.TextOrEmpty("cDepName"), code});
-    deeper(code);
+    tree.add(above, {"D" + code, above ? tree[*above].key : "",
+                     "(" + code + ")" + rows.TextOrEmpty("cDepName"), code});
   }
 }
 
-void LoadSubDeparts(ClsBLLDepart& departs, const std::string& parent, int level, std::vector<TreeRow>& tree) {
+void LoadAllDeparts(ClsBLLDepart& departs, LevelTree& tree) {
   try {
-    loadDeparts(departs.GetDepartsInfo(parent, level), "D" + parent, tree,
-                [&](const std::string& code) { LoadSubDeparts(departs, code, level + 1, tree); });
-  } catch (const RuntimeError& error) {
-    WriteErrorLog(error.number(), error.what(), "LoadSubDeparts");
-  }
-}
-
-void LoadAllDeparts(ClsBLLDepart& departs, std::vector<TreeRow>& tree) {
-  try {
-    loadDeparts(departs.TopDepartInfo(), "", tree,
-                [&](const std::string& code) { LoadSubDeparts(departs, code, 2, tree); });
+    Recordset top = departs.TopDepartInfo();
+    if (top.isOpen()) addDeparts(tree, {}, top);
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "LoadAllDeparts");
+  }
+}
+
+/// What is below all departments of a level is asked for together.
+void LoadSubDeparts(ClsBLLDepart& departs, LevelTree& tree) {
+  int level = 1;
+  for (auto parents = tree.newPlaces(); !parents.empty(); parents = tree.newPlaces()) {
+    std::vector<std::string> codes;
+    for (const std::size_t place : parents) codes.push_back(tree[place].tag);
+    departs.GetDepartsInfo(codes, ++level,
+                           [&](std::size_t i, Recordset& rows) { addDeparts(tree, parents[i], rows); });
   }
 }
 
 }  // namespace
 
 std::vector<TreeRow> departTree(ClsBLLDepart& departs) {
-  std::vector<TreeRow> tree;
+  LevelTree tree;
   LoadAllDeparts(departs, tree);
-  return tree;
+  LoadSubDeparts(departs, tree);
+  return tree.rows();
 }
 
 std::optional<DepartRecord> readDepart(ClsBLLDepart& departs, std::string_view code) {

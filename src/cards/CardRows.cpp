@@ -21,15 +21,6 @@ std::pair<std::string, std::string> splitAtComma(std::string_view text) {
   return {std::string(text.substr(0, comma)), std::string(text.substr(comma + 1))};
 }
 
-/// Code and name of the subject; both empty when the chart does not hold it.
-std::pair<std::string, std::string> depreciationSubject(Database& database, const std::string& text) {
-  if (text.empty()) return {};
-  if (text.find(',') != std::string::npos) return splitAtComma(text);
-  const Recordset row = database.OpenRecordset(sql("select * from code where ccode='", text, "'"));
-  if (row.Eof()) return {};
-  return {row.TextOrEmpty("ccode"), row.TextOrEmpty("ccode_name")};
-}
-
 /// A column that a save of a card writes; the second one of a subject takes its name.
 struct SavedColumn {
   const CardFieldRow* field;
@@ -80,7 +71,7 @@ const std::string& savedText(const CardEntry& card, const SavedColumn& column) {
   const CardField field = column.field->field;
   if (field == CardField::Department) return card.department;
   if (field != CardField::DepreciationSubject) return card[field];
-  return column.isSecond ? card.subjectName : card.subjectCode;
+  return column.isSecond ? card.subject.name : card.subject.code;
 }
 
 /// The value of a column that is no text as a statement holds it: amounts as they are typed, dates and whole
@@ -127,34 +118,44 @@ std::string ledgerDetailColumns() {
 
 }  // namespace
 
-CardEntry::CardEntry(Database& database, const CardValues& cardValues, CardLayout cardLayout,
-                     int operatingMonth)
-    : values(cardValues), layout(cardLayout), month(operatingMonth) {
+void readSubject(StatementGroup& group, const CardValues& values, CardSubject& subject) {
+  const std::string& text = values[CardField::DepreciationSubject];
+  if (text.empty()) return;
+  if (text.find(',') != std::string::npos) {
+    std::tie(subject.code, subject.name) = splitAtComma(text);
+    return;
+  }
+  group.open(sql("select * from code where ccode='", text, "'"), [&subject](const Recordset& row) {
+    if (!row.Eof()) subject = {row.TextOrEmpty("ccode"), row.TextOrEmpty("ccode_name")};
+  });
+}
+
+CardEntry::CardEntry(const CardValues& cardValues, CardLayout cardLayout, int operatingMonth,
+                     CardSubject cardSubject)
+    : values(cardValues), layout(cardLayout), month(operatingMonth), subject(std::move(cardSubject)) {
   department = splitAtComma(values[CardField::Department]).first;
-  std::tie(subjectCode, subjectName) = depreciationSubject(database, values[CardField::DepreciationSubject]);
   life = CLng(Value(values[CardField::UsefulLife]));
   entered = CDate(Value(values[CardField::EntryDate]));
 }
 
-void insertCard(Database& database, const CardEntry& card, const NewCardKeys& keys) {
+void insertCard(StatementGroup& group, const CardEntry& card, const NewCardKeys& keys) {
   const ColumnList& ofWorkload = columnsOfWorkload(card.layout);
-  database.Execute(sql("Insert Into FA_Cards (sCardId,sCardNum,lOptID", columnsOfAll().names, ",iNewType",
-                       ofWorkload.names, ",iInputPeriod) Values ( '", keys.cardID, "','",
-                       card[CardField::CardNumber], "',", keys.lOptID, literals(card, columnsOfAll()), ",",
-                       static_cast<int>(keys.type), literals(card, ofWorkload), ",", card.entered.month(),
-                       ")"));
+  group.execute(sql("Insert Into FA_Cards (sCardId,sCardNum,lOptID", columnsOfAll().names, ",iNewType",
+                    ofWorkload.names, ",iInputPeriod) Values ( '", keys.cardID, "','",
+                    card[CardField::CardNumber], "',", keys.lOptID, literals(card, columnsOfAll()), ",",
+                    static_cast<int>(keys.type), literals(card, ofWorkload), ",", card.entered.month(), ")"));
 }
 
-void insertDeptScale(Database& database, const CardEntry& card, const NewCardKeys& keys) {
-  database.Execute(
+void insertDeptScale(StatementGroup& group, const CardEntry& card, const NewCardKeys& keys) {
+  group.execute(
       sql("insert into fa_deptscale (sCardNum,lOptID,sDeptNum,dblScale,sDeprSubjectNum,"
           "sDeprSubjectName,sProjectNum,sProjectName,cItemclsId) values('",
-          card[CardField::CardNumber], "',", keys.lOptID, ",'", card.department, "',1,'", card.subjectCode,
-          "','", card.subjectName, "',null,null,null)"));
+          card[CardField::CardNumber], "',", keys.lOptID, ",'", card.department, "',1,'", card.subject.code,
+          "','", card.subject.name, "',null,null,null)"));
 }
 
-void insertCardDetail(Database& database, const CardEntry& card, const NewCardKeys& keys) {
-  database.Execute(sql(
+void insertCardDetail(StatementGroup& group, const CardEntry& card, const NewCardKeys& keys) {
+  group.execute(sql(
       "insert into fa_Cards_Detail (sCardID,sCardNum,sDeptNum,lOptID,dDisposeDate,"
       "iDisposePeriod,dblValue,dblDecDeprT,dblBV,dblCanWork,dblTransInDeprTCard,"
       "dblTransOutDeprTCard,dblDecPreValueT,dblRetDecPreValueT,dblBuildArea,lBuildNum,"
@@ -163,7 +164,7 @@ void insertCardDetail(Database& database, const CardEntry& card, const NewCardKe
       card[CardField::OriginalValue], ",0,", card[CardField::ResidualValue], ",0,0,0,0,0,0,0,0,0)"));
 }
 
-void insertDeprTransaction(Database& database, const CardEntry& card) {
+void insertDeprTransaction(StatementGroup& group, const CardEntry& card) {
   using enum CardField;
   std::string monthColumns;
   std::string monthValues;
@@ -171,7 +172,7 @@ void insertDeprTransaction(Database& database, const CardEntry& card) {
     monthColumns += sql(",dblMonthValue", n);
     monthValues.append(",").append(card[OriginalValue]);
   }
-  database.Execute(sql(
+  group.execute(sql(
       "Insert Into FA_DeprTransactions (sCardNum,sDeprAssetNum,iInputPeriod,dblInputValue,"
       "dblInputDeprTotal,dblMonthDeprTotal,dblInputBV,dblMonthBV,dblInputBVRate,dblMonthBVRate,lInputLife,"
       "lInputDeprMonths,sMonthStatusID,dblDeprT",
@@ -182,7 +183,7 @@ void insertDeprTransaction(Database& database, const CardEntry& card) {
       card[UsageStatus], "',", card[AccumulatedDepreciation], ",", card[OriginalValue], monthValues, ")"));
 }
 
-void insertDeprTransactionDetail(Database& database, const CardEntry& card) {
+void insertDeprTransactionDetail(StatementGroup& group, const CardEntry& card) {
   static const std::string columns = ledgerDetailColumns();
   std::string values;
   for (int n = 1; n <= kMonthsOfYear; ++n) values += ",0,0";
@@ -190,9 +191,9 @@ void insertDeprTransactionDetail(Database& database, const CardEntry& card) {
     values += ',';
     values += n <= card.month ? "0" : card[CardField::OriginalValue];
   }
-  database.Execute(sql("Insert Into FA_DeprTransactions_detail (sCardNum,sDeptNum", columns,
-                       ",dblDeprThisYear) Values ('", card[CardField::CardNumber], "','", card.department,
-                       "'", values, ",0)"));
+  group.execute(sql("Insert Into FA_DeprTransactions_detail (sCardNum,sDeptNum", columns,
+                    ",dblDeprThisYear) Values ('", card[CardField::CardNumber], "','", card.department, "'",
+                    values, ",0)"));
 }
 
 void updateCardRows(Database& database, const CardEntry& card, std::string_view cardNum) {

@@ -1,5 +1,7 @@
 #include "cards/ClsBLLFACards.h"
 
+#include <array>
+
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "cards/VoucherStaging.h"
@@ -38,20 +40,17 @@ std::string walkStatement(CardMove move, std::string_view currentID) {
 
 }  // namespace
 
-std::string ClsBLLFACards::GetNewCardID() {
-  const Recordset newest = zkData().OpenRecordset("Select Top 1 * From FA_Cards Order by clng(sCardID) Desc");
-  return newest.Eof() ? "1" : sql(CLng(CLng(newest.Fields("sCardID")) + 1.0));
-}
-
 std::string ClsBLLFACards::GetNewCardNum(std::int32_t& length) {
   return attempt("GetNewCardNum", std::string(), [&] {
+    StatementGroup group(zkData());
+    std::string number;
     // The parameter is read and has no effect: all account sets number with five digits.
-    Recordset parameter = zkData().OpenRecordset(
-        "Select cValue From AccInformation Where cName='iCardSequenceNumLength' And cSysID='FA'");
-    parameter.Close();
-    length = kSequenceLength;
-    const Recordset last = zkData().OpenRecordset("Select Top 1 * From FA_Cards Order by sCardNum Desc");
-    return nextInSequence(last.Eof() ? "0" : last.TextOrEmpty("sCardNum"), length);
+    group.open("Select cValue From AccInformation Where cName='iCardSequenceNumLength' And cSysID='FA'",
+               [&](const Recordset&) { length = kSequenceLength; });
+    group.open("Select Top 1 * From FA_Cards Order by sCardNum Desc",
+               [&](const Recordset& last) { number = last.Eof() ? "0" : last.TextOrEmpty("sCardNum"); });
+    group.run();
+    return nextInSequence(number, length);
   });
 }
 
@@ -84,7 +83,11 @@ std::string ClsBLLFACards::GetDeprMethodName(std::string_view methodID) {
 bool ClsBLLFACards::UpdateCard(const CardValues& values, int month, std::string_view cardNum,
                                CardLayout layout) {
   return attempt("UpdateCard", false, [&] {
-    const CardEntry card(zkData(), values, layout, month);
+    CardSubject subject;
+    StatementGroup group(zkData());
+    readSubject(group, values, subject);
+    group.run();
+    const CardEntry card(values, layout, month, subject);
     updateCardRows(zkData(), card, cardNum);
     updateDeprTransaction(zkData(), card, cardNum);
     restageChangedAsset(zkData(), context_, stagedAsset(card, cardNum));
@@ -94,35 +97,43 @@ bool ClsBLLFACards::UpdateCard(const CardValues& values, int month, std::string_
 
 bool ClsBLLFACards::SaveNewCard(CardValues& values, int month, NewCardType type, CardLayout layout) {
   return attempt("SaveNewCard", false, [&] {
-    const std::string cardID = GetNewCardID();
-    replaceMethodName(values);
-    writeNewCard(CardEntry(zkData(), values, layout, month), type, cardID);
+    NewCardKeys keys;
+    keys.type = type;
+    CardSubject subject;
+    readForNewCard(values, keys, subject);
+    writeNewCard(CardEntry(values, layout, month, subject), keys);
     return true;
   });
 }
 
-void ClsBLLFACards::replaceMethodName(CardValues& values) {
+void ClsBLLFACards::readForNewCard(CardValues& values, NewCardKeys& keys, CardSubject& subject) {
+  StatementGroup group(zkData());
+  group.open("Select Top 1 * From FA_Cards Order by clng(sCardID) Desc", [&](const Recordset& newest) {
+    keys.cardID = newest.Eof() ? "1" : sql(CLng(CLng(newest.Fields("sCardID")) + 1.0));
+  });
   std::string& method = values[CardField::DepreciationMethod];
-  if (method.empty()) return;
-  const Recordset row =
-      zkData().OpenRecordset(sql("select * from fa_depreciations where sName='", method, "'"));
-  if (!row.Eof()) method = row.Text("sID");
+  if (!method.empty()) {
+    group.open(sql("select * from fa_depreciations where sName='", method, "'"), [&](const Recordset& row) {
+      if (!row.Eof()) method = row.Text("sID");
+    });
+  }
+  readSubject(group, values, subject);
+  group.open("select max(lOptID) as a from FA_Cards",
+             [&](const Recordset& highest) { keys.lOptID = CLng(highest.Fields("a").numberOrZero() + 1); });
+  group.run();
 }
 
-std::int32_t ClsBLLFACards::nextOptID() {
-  const Recordset highest = zkData().OpenRecordset("select max(lOptID) as a from FA_Cards");
-  return CLng(highest.Fields("a").numberOrZero() + 1);
-}
-
-void ClsBLLFACards::writeNewCard(const CardEntry& card, NewCardType type, const std::string& cardID) {
-  const NewCardKeys keys{cardID, nextOptID(), type};
-  insertCard(zkData(), card, keys);
-  insertDeptScale(zkData(), card, keys);
-  insertCardDetail(zkData(), card, keys);
-  insertDeprTransaction(zkData(), card);
-  insertDeprTransactionDetail(zkData(), card);
-  if (type == NewCardType::AddedInPeriod) {
-    stageNewAsset(zkData(), context_, stagedAsset(card, card[CardField::CardNumber]));
+void ClsBLLFACards::writeNewCard(const CardEntry& card, const NewCardKeys& keys) {
+  StatementGroup group(zkData());
+  insertCard(group, card, keys);
+  insertDeptScale(group, card, keys);
+  insertCardDetail(group, card, keys);
+  insertDeprTransaction(group, card);
+  insertDeprTransactionDetail(group, card);
+  if (keys.type == NewCardType::AddedInPeriod) {
+    stageNewAsset(group, context_, stagedAsset(card, card[CardField::CardNumber]));
+  } else {
+    group.run();
   }
 }
 
@@ -144,7 +155,14 @@ std::string ClsBLLFACards::GetDeprSubjectName(std::string_view cardNum) {
 }
 
 std::string ClsBLLFACards::GetDeptName(std::string_view code) {
-  return firstText("GetDeptName", sql("Select * From FA_Departments Where sNum='", code, "'"), "sName");
+  return GetDeptNames(std::array{std::string(code)}).front();
+}
+
+std::vector<std::string> ClsBLLFACards::GetDeptNames(std::span<const std::string> codes) {
+  std::vector<std::string> statements;
+  for (const std::string& code : codes)
+    statements.push_back(sql("Select * From FA_Departments Where sNum='", code, "'"));
+  return firstTexts("GetDeptName", statements, "sName");
 }
 
 std::string ClsBLLFACards::GetOrgAddName(std::string_view originID) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cards/CardRows.h"
 #include "cards/CardValues.h"
@@ -46,6 +48,8 @@ class ClsBLLFACards : public BusinessClass {
   /// Depreciation subject of the card as "code,name".
   std::string GetDeprSubjectName(std::string_view cardNum);
   std::string GetDeptName(std::string_view code);
+  /// Each department's name.
+  std::vector<std::string> GetDeptNames(std::span<const std::string> codes);
   std::string GetOrgAddName(std::string_view originID);
   std::string GetStatusName(std::string_view statusID);
 
@@ -61,10 +65,9 @@ class ClsBLLFACards : public BusinessClass {
   Recordset GetCard(std::string_view cardID);
 
  private:
-  std::string GetNewCardID();
-  std::int32_t nextOptID();
-  void replaceMethodName(CardValues& values);
-  void writeNewCard(const CardEntry& card, NewCardType type, const std::string& cardID);
+  /// What is read for a new card: keys, subject, and the method's sID for its name.
+  void readForNewCard(CardValues& values, NewCardKeys& keys, CardSubject& subject);
+  void writeNewCard(const CardEntry& card, const NewCardKeys& keys);
 
   const RunContext& context_;
 };

@@ -26,28 +26,28 @@ struct StagedRow {
   int order;
 };
 
-std::string digestOf(Database& database, const StagedAsset& asset) {
-  const Recordset origin =
-      database.OpenRecordset(sql("select * from fa_Origins where sID='", asset.originID, "'"));
-  return origin.Eof() ? std::string() : origin.TextOrEmpty("sName");
+/// Reads it behind the statements of the group.
+StagedEvent readEvent(StatementGroup& group, const StagedAsset& asset) {
+  StagedEvent event;
+  group.open(sql("select * from fa_Origins where sID='", asset.originID, "'"), [&](const Recordset& origin) {
+    if (!origin.Eof()) event.digest = origin.TextOrEmpty("sName");
+  });
+  group.open(sql("select Max(inid) as inidmax from fa_ZWVouchers where coutsysname='FA' and ioutperiod=",
+                 asset.month, " and coutsign='卡片' and coutno_id='02'"),
+             [&](const Recordset& highest) {
+               event.firstLine = CLng(highest.Fields("inidmax").numberOrZero() + 1);
+             });
+  group.open("select Max(val(coutid)) as imax from fa_ZWVouchers", [&](const Recordset& highest) {
+    event.coutid = Format(highest.Fields("imax").numberOrZero() + 1, "00000000000000000000");
+  });
+  group.run();
+  return event;
 }
 
-std::int32_t firstLineOf(Database& database, const StagedAsset& asset) {
-  const Recordset highest = database.OpenRecordset(sql(
-      "select Max(inid) as inidmax from fa_ZWVouchers where coutsysname='FA' and ioutperiod=", asset.month,
-      " and coutsign='卡片' and coutno_id='02'"));
-  return CLng(highest.Fields("inidmax").numberOrZero() + 1);
-}
-
-std::string nextVoucherKey(Database& database) {
-  const Recordset highest = database.OpenRecordset("select Max(val(coutid)) as imax from fa_ZWVouchers");
-  return Format(highest.Fields("imax").numberOrZero() + 1, "00000000000000000000");
-}
-
-void insertRow(Database& database, const RunContext& context, const StagedAsset& asset,
+void insertRow(StatementGroup& group, const RunContext& context, const StagedAsset& asset,
                const StagedEvent& event, const StagedRow& row) {
   const std::string day = dayText(context.gdOpDate);
-  database.Execute(
+  group.execute(
       sql("insert into fa_ZWVouchers (coutaccset,ioutyear,coutsysname,coutsysver,doutbilldate,"
           "ioutperiod,coutsign,coutno_id,inid,doutdate,coutbillsign,coutid,idoc,cbill,"
           "cdigest,md,mc,cdept_id,ccodecontrol,"
@@ -64,12 +64,15 @@ void insertRow(Database& database, const RunContext& context, const StagedAsset&
 }  // namespace
 
 void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
-  StagedEvent event;
-  event.digest = digestOf(database, asset);
-  event.firstLine = firstLineOf(database, asset);
-  event.coutid = nextVoucherKey(database);
-  insertRow(database, context, asset, event, {event.firstLine, asset.originalValue, "0", 1});
-  insertRow(database, context, asset, event, {event.firstLine + 1, "0", asset.originalValue, 2});
+  StatementGroup group(database);
+  stageNewAsset(group, context, asset);
+}
+
+void stageNewAsset(StatementGroup& group, const RunContext& context, const StagedAsset& asset) {
+  const StagedEvent event = readEvent(group, asset);
+  insertRow(group, context, asset, event, {event.firstLine, asset.originalValue, "0", 1});
+  insertRow(group, context, asset, event, {event.firstLine + 1, "0", asset.originalValue, 2});
+  group.run();
 }
 
 void restageChangedAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
@@ -77,8 +80,9 @@ void restageChangedAsset(Database& database, const RunContext& context, const St
       sql(" from fa_ZWVouchers where coutsysname='FA' and ioutperiod=", asset.month,
           " and coutsign='卡片' and coutno_id='02' and cDefine9='", asset.cardNum, "'");
   if (database.OpenRecordset(sql("select *", condition)).Eof()) return;
-  database.Execute(sql("delete", condition));
-  stageNewAsset(database, context, asset);
+  StatementGroup group(database);
+  group.execute(sql("delete", condition));
+  stageNewAsset(group, context, asset);
 }
 
 }  // namespace zelkor

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "startup/RunContext.h"
-#include "store/engine/Database.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -18,6 +18,8 @@ struct StagedAsset {
 
 /// Leaves a debit and a credit row of the original value for the ledger, under a key of their own.
 void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset);
+/// The same after the statements of the group, which is run.
+void stageNewAsset(StatementGroup& group, const RunContext& context, const StagedAsset& asset);
 
 /// Rewrites the two rows of a changed card, if they bear "02" as the number of their event. Rows that were
 /// staged bear the card number there, so that they stay as they are.

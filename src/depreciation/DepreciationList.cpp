@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <span>
+#include <vector>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -49,21 +51,22 @@ class ListGrid {
     }
   }
 
-  void addCard(const Recordset& card) {
-    row_ = grid_.addRow(
+  /// Gives the card's row.
+  std::size_t addCard(const Recordset& card) {
+    const std::size_t row = grid_.addRow(
         {card.TextOrEmpty("sCardNum"), card.TextOrEmpty("sAssetNum"), card.TextOrEmpty("sAssetName")});
     const Value value = card.Fields("dblValue");
-    for (const Column column : {kValue, kDeprValue, kNetValue}) set(column, value);
-    set(kResidual, card.Fields("dblBV"));
-    set(kPerDepr, card.Fields("dblPerDepr"));
+    for (const Column column : {kValue, kDeprValue, kNetValue}) set(row, column, value);
+    set(row, kResidual, card.Fields("dblBV"));
+    set(row, kPerDepr, card.Fields("dblPerDepr"));
+    return row;
   }
 
-  /// Puts a figure into the row added last; Null leaves the cell empty, a column that is not shown is passed
-  /// over.
-  void set(Column column, const Value& figure) {
+  /// Null leaves the cell empty, a column that is not shown is passed over.
+  void set(std::size_t row, Column column, const Value& figure) {
     if (column >= columns_) return;
     const bool fourDecimals = column == kRate || column == kPerDepr;
-    grid_.setText(row_, column, Format(figure, fourDecimals ? "0.0000" : "0.00"));
+    grid_.setText(row, column, Format(figure, fourDecimals ? "0.0000" : "0.00"));
     totals_[column] += figure.numberOrZero();
   }
 
@@ -77,7 +80,6 @@ class ListGrid {
  private:
   TextGrid grid_;
   std::size_t columns_;
-  std::size_t row_ = 0;
   std::array<double, kColumns> totals_{};
 };
 
@@ -89,31 +91,45 @@ void dropWorkingTable(Database& data) {
 template <typename RestOfCard>
 void fillWorkingTable(Database& data, const char* cardNums, const char* columns, RestOfCard rest) {
   dropWorkingTable(data);
-  bool made = false;
-  for (Recordset cards = data.OpenRecordset(cardNums); !cards.Eof(); cards.MoveNext()) {
-    const std::string from = rest(cards.TextOrEmpty("sCardNum"));
-    data.Execute(made ? sql("insert into yxkp SELECT ", columns, " ", from)
-                      : sql("SELECT ", columns, " into yxkp", from));
-    made = true;
+  std::vector<std::string> cards;
+  for (Recordset rows = data.OpenRecordset(cardNums); !rows.Eof(); rows.MoveNext())
+    cards.push_back(rows.TextOrEmpty("sCardNum"));
+  if (cards.empty()) return;
+  data.Execute(sql("SELECT ", columns, " into yxkp", rest(cards.front())));
+  forEachGroup(std::span(cards).subspan(1), [&](std::span<const std::string> some) {
+    StatementGroup group(data);
+    for (const std::string& card : some)
+      group.execute(sql("insert into yxkp SELECT ", columns, " ", rest(card)));
+    group.run();
+  });
+}
+
+/// Adds the cards of the working table; `ask` puts what is asked for a card, in its row, into a group.
+template <typename Ask>
+void addCards(Database& data, ListGrid& list, const char* cards, Ask ask) {
+  StatementGroup group(data);
+  std::size_t asked = 0;
+  for (Recordset rows = data.OpenRecordset(cards); !rows.Eof(); rows.MoveNext()) {
+    ask(group, list.addCard(rows), rows.TextOrEmpty("sCardNum"));
+    if (++asked % StatementGroup::kThings == 0) group.run();
   }
+  group.run();
 }
 
-void showFigures(ListGrid& list, const Recordset& ledger, int month) {
-  list.set(kDepr, ledger.Fields(sql("dblDepr", month)));
-  list.set(kDeprTotal, ledger.Fields(sql("dblDeprT", month)));
-  list.set(kRate, ledger.Fields(sql("dblDeprRate", month)));
-}
-
-void addCardOfMonth(Database& data, ListGrid& list, const Recordset& card, int month) {
-  list.addCard(card);
-  const std::string cardNum = card.TextOrEmpty("sCardNum");
-  const Recordset ledger =
-      data.OpenRecordset(sql("select * from fa_DeprTransactions where sCardNum='", cardNum, "'"));
-  if (!ledger.Eof()) showFigures(list, ledger, month);
-  const Recordset work = data.OpenRecordset(sql("select * from fa_workload where sCardNum='", cardNum, "'"));
-  if (work.Eof()) return;
-  list.set(kWork, work.Fields(sql("dblWork", month)));
-  list.set(kWorkTotal, work.Fields(sql("dblWorkT", month)));
+void askMonth(StatementGroup& group, ListGrid& list, std::size_t row, const std::string& cardNum, int month) {
+  group.open(sql("select * from fa_DeprTransactions where sCardNum='", cardNum, "'"),
+             [&list, row, month](const Recordset& ledger) {
+               if (ledger.Eof()) return;
+               list.set(row, kDepr, ledger.Fields(sql("dblDepr", month)));
+               list.set(row, kDeprTotal, ledger.Fields(sql("dblDeprT", month)));
+               list.set(row, kRate, ledger.Fields(sql("dblDeprRate", month)));
+             });
+  group.open(sql("select * from fa_workload where sCardNum='", cardNum, "'"),
+             [&list, row, month](const Recordset& work) {
+               if (work.Eof()) return;
+               list.set(row, kWork, work.Fields(sql("dblWork", month)));
+               list.set(row, kWorkTotal, work.Fields(sql("dblWorkT", month)));
+             });
 }
 
 /// The combo text between the point and the bracket or the end; empty for "全年".
@@ -138,24 +154,25 @@ std::string versionOfPeriod(const Choice& choice, const std::string& cardNum) {
   return sql(from, " and sTypeNum like'", choice.assetType, "*' and sCardNum ='", cardNum, "')");
 }
 
-void addCardOfPeriod(Database& data, ListGrid& list, const Recordset& card, const Choice& choice) {
-  list.addCard(card);
+void askPeriod(StatementGroup& group, ListGrid& list, std::size_t row, const std::string& cardNum,
+               const Choice& choice) {
   const std::string& n = choice.period;
-  const std::string cardNum = card.TextOrEmpty("sCardNum");
-  const Recordset ledger =
-      data.OpenRecordset(sql("select dblDeprRate", n, " as dblDeprRate,dblDepr", n, " as dblDepr,dblDeprT", n,
-                             " as dblDeprT from fa_DeprTransactions where sCardNum='", cardNum, "'"));
-  if (!ledger.Eof()) {
-    list.set(kDepr, ledger.Fields("dblDepr"));
-    list.set(kDeprTotal, ledger.Fields("dblDeprT"));
-    list.set(kRate, ledger.Fields("dblDeprRate"));
-  }
+  group.open(sql("select dblDeprRate", n, " as dblDeprRate,dblDepr", n, " as dblDepr,dblDeprT", n,
+                 " as dblDeprT from fa_DeprTransactions where sCardNum='", cardNum, "'"),
+             [&list, row](const Recordset& ledger) {
+               if (ledger.Eof()) return;
+               list.set(row, kDepr, ledger.Fields("dblDepr"));
+               list.set(row, kDeprTotal, ledger.Fields("dblDeprT"));
+               list.set(row, kRate, ledger.Fields("dblDeprRate"));
+             });
   if (choice.department.empty()) return;
-  const Recordset work = data.OpenRecordset(sql("select sum(dblWork", n, ") as dblWork,sum(dblWorkT", n,
-                                                ") as dblWorkT from fa_WorkLoad_Detail where sDeptNum='",
-                                                choice.department, "' and sCardNum='", cardNum, "'"));
-  list.set(kWork, work.Fields("dblWork"));
-  list.set(kWorkTotal, work.Fields("dblWorkT"));
+  group.open(sql("select sum(dblWork", n, ") as dblWork,sum(dblWorkT", n,
+                 ") as dblWorkT from fa_WorkLoad_Detail where sDeptNum='", choice.department,
+                 "' and sCardNum='", cardNum, "'"),
+             [&list, row](const Recordset& work) {
+               list.set(row, kWork, work.Fields("dblWork"));
+               list.set(row, kWorkTotal, work.Fields("dblWorkT"));
+             });
 }
 
 TextGrid listOfPeriod(RunContext& run, const Choice& choice) {
@@ -169,9 +186,10 @@ TextGrid listOfPeriod(RunContext& run, const Choice& choice) {
                    "sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblBVrate,dblPerDepr",
                    [&](const std::string& cardNum) { return versionOfPeriod(choice, cardNum); });
   if (!data.HasTable("yxkp")) return list.finish();
-  for (Recordset cards = data.OpenRecordset("select * from yxkp "); !cards.Eof(); cards.MoveNext()) {
-    addCardOfPeriod(data, list, cards, choice);
-  }
+  addCards(data, list, "select * from yxkp ",
+           [&](StatementGroup& group, std::size_t row, const std::string& cardNum) {
+             askPeriod(group, list, row, cardNum, choice);
+           });
   return list.finish();
 }
 
@@ -187,10 +205,10 @@ TextGrid depreciationList(RunContext& run) {
   ListGrid list(true);
   // An account set without a card has no working table.
   if (!data.HasTable("yxkp")) return list.finish();
-  for (Recordset cards = data.OpenRecordset("select * from yxkp order by sCardNum"); !cards.Eof();
-       cards.MoveNext()) {
-    addCardOfMonth(data, list, cards, run.period());
-  }
+  addCards(data, list, "select * from yxkp order by sCardNum",
+           [&, month = run.period()](StatementGroup& group, std::size_t row, const std::string& cardNum) {
+             askMonth(group, list, row, cardNum, month);
+           });
   return list.finish();
 }
 

@@ -1,27 +1,41 @@
 #include <algorithm>
 
 #include "archives/ClsBLLAssentTypes.h"
+#include "archives/LevelTree.h"
 #include "base/Conversion.h"
 #include "depreciation/DepreciationList.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
 
 constexpr const char* kRootKey = "R";
+constexpr const char* kRootCode = "&";
 constexpr const char* kLoginMark = "(登陆)";
 
 TreeRow nodeOf(const std::string& code, const std::string& name, std::string parentKey) {
   return {"D" + code, std::move(parentKey), "(" + code + ")" + name, code};
 }
 
-void loadSubDeparts(Database& data, const std::string& parent, int level, std::vector<TreeRow>& nodes) {
-  Recordset departs = data.OpenRecordset(sql("SELECT * From fa_Departments  Where iLevel=", level,
-                                             " And sNum Like '", parent, "*' ORDER BY sNum"));
+void addDeparts(LevelTree& tree, std::size_t above, Recordset& departs) {
   for (; !departs.Eof(); departs.MoveNext()) {
     const std::string code = departs.TextOrEmpty("sNum");
-    nodes.push_back(nodeOf(code, departs.TextOrEmpty("sName"), "D" + parent));
-    loadSubDeparts(data, code, level + 1, nodes);
+    if (code != kRootCode) tree.add(above, nodeOf(code, departs.TextOrEmpty("sName"), tree[above].key));
+  }
+}
+
+/// What is below all departments of a level is asked for together.
+void loadSubDeparts(Database& data, LevelTree& tree) {
+  int level = 1;
+  for (auto parents = tree.newPlaces(); !parents.empty(); parents = tree.newPlaces()) {
+    ++level;
+    StatementGroup group(data);
+    for (const std::size_t parent : parents)
+      group.open(sql("SELECT * From fa_Departments  Where iLevel=", level, " And sNum Like '",
+                     tree[parent].tag, "*' ORDER BY sNum"),
+                 [&tree, parent](Recordset& departs) { addDeparts(tree, parent, departs); });
+    group.run();
   }
 }
 
@@ -48,16 +62,13 @@ std::size_t loginPeriodIndex(const std::vector<std::string>& periods) {
 }
 
 std::vector<TreeRow> depreciationListDepartments(RunContext& run) {
-  std::vector<TreeRow> nodes{{kRootKey, "", "固定资产部门编码目录", ""}};
+  LevelTree tree;
+  tree.add({}, {kRootKey, "", "固定资产部门编码目录", ""});
   Recordset departs =
       run.dbZKData.OpenRecordset("SELECT * From fa_Departments  Where iLevel=1 ORDER BY sNum");
-  for (; !departs.Eof(); departs.MoveNext()) {
-    const std::string code = departs.TextOrEmpty("sNum");
-    if (code == "&") continue;
-    nodes.push_back(nodeOf(code, departs.TextOrEmpty("sName"), kRootKey));
-    loadSubDeparts(run.dbZKData, code, 2, nodes);
-  }
-  return nodes;
+  addDeparts(tree, tree.newPlaces().front(), departs);
+  loadSubDeparts(run.dbZKData, tree);
+  return tree.rows();
 }
 
 std::vector<TreeRow> depreciationListAssetTypes(RunContext& run) {
@@ -67,7 +78,7 @@ std::vector<TreeRow> depreciationListAssetTypes(RunContext& run) {
   Recordset rows = assetTypes.GetAssentTypes();
   for (; rows.isOpen() && !rows.Eof(); rows.MoveNext()) {
     const std::string code = rows.TextOrEmpty("sNum");
-    if (code == "&") continue;
+    if (code == kRootCode) continue;
     const std::string parent = rows.TextOrEmpty("sParentNum");
     nodes.push_back(nodeOf(code, rows.TextOrEmpty("sName"), parent.empty() ? kRootKey : "D" + parent));
   }

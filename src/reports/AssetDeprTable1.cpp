@@ -35,15 +35,7 @@ Value difference(const Value& from, const Value& what) {
   return from.isNull() || what.isNull() ? Value() : from.number() - what.number();
 }
 
-/// A category without assets has a row, too, with empty amounts.
-void writeType(Grid& grid, Database& data, const Recordset& type) {
-  const std::string code = type.Text("sNum");
-  const std::size_t row = grid.addRow();
-  grid.put(row, kColumns.type, type.TextOrEmpty("sName") + "(" + code + ")");
-  const Recordset sums = data.OpenRecordset(
-      sql("select sum(dblPeriodValue) as yzs,sum(dblMonthValue0) as yze,sum(dblPeriodDeprTotal) as zjs,",
-          "sum(dblDeprT1) as zje,sum(dblDepr1) as zjc From fa_DeprTransactions", " where sCardNum in (",
-          "select distinct sCardNum from fa_Cards where", " sTypeNum like '", code, "*')"));
+void writeSums(Grid& grid, std::size_t row, const Recordset& sums) {
   grid.putAmount(row, kColumns.startValue, sums.Fields("yzs"));
   grid.putAmount(row, kColumns.endValue, sums.Fields("yze"));
   grid.putAmount(row, kColumns.startNetValue, difference(sums.Fields("yzs"), sums.Fields("zjs")));
@@ -51,6 +43,18 @@ void writeType(Grid& grid, Database& data, const Recordset& type) {
   grid.putAmount(row, kColumns.startDepreciation, sums.Fields("zjs"));
   grid.putAmount(row, kColumns.endDepreciation, sums.Fields("zje"));
   grid.putAmount(row, kColumns.monthDepreciation, sums.Fields("zjc"));
+}
+
+/// A category without assets has a row, too, with empty amounts.
+void writeType(Grid& grid, StatementGroup& group, const Recordset& type) {
+  const std::string code = type.Text("sNum");
+  const std::size_t row = grid.addRow();
+  grid.put(row, kColumns.type, type.TextOrEmpty("sName") + "(" + code + ")");
+  group.open(
+      sql("select sum(dblPeriodValue) as yzs,sum(dblMonthValue0) as yze,sum(dblPeriodDeprTotal) as zjs,",
+          "sum(dblDeprT1) as zje,sum(dblDepr1) as zjc From fa_DeprTransactions", " where sCardNum in (",
+          "select distinct sCardNum from fa_Cards where", " sTypeNum like '", code, "*')"),
+      [&grid, row](const Recordset& sums) { writeSums(grid, row, sums); });
 }
 
 /// The totals begin at the sub-header, which counts as 0. The first amount is no sum but the last category's
@@ -68,8 +72,10 @@ void BuildAssetDeprTable1(RunContext& run, const ReportConditions& conditions, R
   view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].visible = false;
   Grid grid(view.grid, kColumns);
+  StatementGroup group(run.dbZKData);
   Recordset types = firstLevelTypes(run.dbZKData);
-  for (; !types.Eof(); types.MoveNext()) writeType(grid, run.dbZKData, types);
+  for (; !types.Eof(); types.MoveNext()) writeType(grid, group, types);
+  group.run();
   writeTotal(grid);
 }
 

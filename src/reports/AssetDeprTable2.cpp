@@ -22,16 +22,20 @@ std::string labelOf(const std::string& id, const std::string& name) {
   return "      " + name + "(" + id + ")";
 }
 
-/// What was added or taken off in this way and those below it.
-LedgerSums sumWay(Database& data, const std::string& id, const std::string& type) {
+/// Asks what was added or taken off in this way and those below it.
+std::string sumOfWay(const std::string& id, const std::string& type) {
   const bool addition = Left(id, 1) == "1";
   const std::string ofType = type.empty() ? "" : sql(" and sTypeNum like '", type, "*'");
-  const Recordset sums =
-      data.OpenRecordset(sql("select sum(dblValue) as yz,sum(dblDecDeprT) as ytzj",
-                             addition ? " From fa_Cards where iOptType=2 and sOrgAddID like '"
-                                      : " From fa_Cards where iOptType=3 and sOrgDisposeID like '",
-                             id, "*'", ofType));
-  return {sums.Fields("yz"), sums.Fields("ytzj"), {}};
+  return sql("select sum(dblValue) as yz,sum(dblDecDeprT) as ytzj",
+             addition ? " From fa_Cards where iOptType=2 and sOrgAddID like '"
+                      : " From fa_Cards where iOptType=3 and sOrgDisposeID like '",
+             id, "*'", ofType);
+}
+
+void writeSums(ReportGrid<Columns>& grid, std::size_t row, const LedgerSums& sums) {
+  if (!sums.hasValue()) return;
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.putAmount(row, kColumns.depreciation, sums.depreciation);
 }
 
 }  // namespace
@@ -40,16 +44,17 @@ void BuildAssetDeprTable2(RunContext& run, const ReportConditions& conditions, R
   view.conditionLines[0].text = conditions.departmentRange.captioned("汇总部门：");
   view.conditionLines[1].text.clear();
   ReportGrid grid(view.grid, kColumns);
+  StatementGroup group(run.dbZKData);
   Recordset ways = run.dbZKData.OpenRecordset("select * from fa_Origins where iType<>-1 order by sID");
   for (; !ways.Eof(); ways.MoveNext()) {
     const std::string id = ways.Text("sID");
     const std::size_t row = grid.addRow();
     grid.put(row, kColumns.way, labelOf(id, ways.TextOrEmpty("sName")));
-    const LedgerSums sums = sumWay(run.dbZKData, id, conditions.type.code);
-    if (!sums.hasValue()) continue;
-    grid.putAmount(row, kColumns.value, sums.value);
-    grid.putAmount(row, kColumns.depreciation, sums.depreciation);
+    group.open(sumOfWay(id, conditions.type.code), [&grid, row](const Recordset& sums) {
+      writeSums(grid, row, {sums.Fields("yz"), sums.Fields("ytzj"), {}});
+    });
   }
+  group.run();
 }
 
 }  // namespace zelkor

@@ -53,12 +53,11 @@ Layout layoutOf(StatisticsLayout layout) {
   return {{}, true, true, kColumns.department};
 }
 
-/// A row with the figures of these assets; none when they are worth nothing.
-bool writeFigures(Grid& grid, Database& data, const AssetSet& assets) {
-  const LedgerSums sums = sumLedger(data, assets);
+/// A row with the figures of some assets; none when they are worth nothing.
+bool writeFigures(Grid& grid, const LedgerFigures& sums) {
   if (!sums.hasValue()) return false;
   const std::size_t row = grid.addRow();
-  grid.put(row, kColumns.quantity, countLedger(data, assets));
+  grid.put(row, kColumns.quantity, sums.quantity);
   grid.putAmount(row, kColumns.value, sums.value);
   grid.putAmount(row, kColumns.depreciation, sums.depreciation);
   grid.putAmount(row, kColumns.netValue, sums.netValue());
@@ -67,26 +66,22 @@ bool writeFigures(Grid& grid, Database& data, const AssetSet& assets) {
   return true;
 }
 
-void writeTypes(Grid& grid, Database& data, const std::string& department) {
-  Recordset types = firstLevelTypes(data);
-  for (; !types.Eof(); types.MoveNext()) {
-    const std::string type = types.Text("sNum");
-    if (!writeFigures(grid, data, {department, type})) continue;
+void writeTypes(Grid& grid, const std::deque<TypeFigures>& types) {
+  for (const TypeFigures& type : types) {
+    if (!writeFigures(grid, type.figures)) continue;
     const std::size_t row = grid.rows() - 1;
-    grid.put(row, kColumns.type, types.TextOrEmpty("sName"));
-    grid.put(row, kColumns.life, textOfDouble(types.Fields("iLife").numberOrZero() / kMonthsPerYear) + "年");
-    grid.put(row, kColumns.unit, types.TextOrEmpty("sUnit"));
+    grid.put(row, kColumns.type, type.name);
+    grid.put(row, kColumns.life, textOfDouble(type.months / kMonthsPerYear) + "年");
+    grid.put(row, kColumns.unit, type.unit);
   }
 }
 
-void writeDepartments(Grid& grid, Database& data, bool withTypes) {
-  Recordset departments = firstLevelDepartments(data);
-  for (; !departments.Eof(); departments.MoveNext()) {
-    const std::string code = departments.Text("sNum");
-    if (writeFigures(grid, data, {code, {}})) {
-      grid.put(grid.rows() - 1, kColumns.department, departments.TextOrEmpty("sName"));
+void writeDepartments(Grid& grid, const std::deque<DepartmentFigures>& departments) {
+  for (const DepartmentFigures& department : departments) {
+    if (writeFigures(grid, department.figures)) {
+      grid.put(grid.rows() - 1, kColumns.department, department.name);
     }
-    if (withTypes) writeTypes(grid, data, code);
+    writeTypes(grid, department.types);
   }
 }
 
@@ -119,9 +114,9 @@ void BuildAssetStatistics(RunContext& run, const ReportConditions& conditions, R
   const Layout layout = layoutOf(conditions.statisticsLayout);
   for (const Columns::Column column : layout.hidden) grid.hide(column);
   if (layout.departments) {
-    writeDepartments(grid, run.dbZKData, layout.types);
+    writeDepartments(grid, departmentFigures(run.dbZKData, layout.types));
   } else {
-    writeTypes(grid, run.dbZKData, "");
+    writeTypes(grid, typeFigures(run.dbZKData));
   }
   writeTotal(grid, layout.labelled);
 }

@@ -22,27 +22,33 @@ constexpr Columns kColumns;
 
 /// Only a card's version as it was entered selects the card, and only in the department itself, not in those
 /// below it.
-LedgerSums sumType(Database& data, const std::string& type, const std::string& department) {
+std::string sumOfType(const std::string& type, const std::string& department) {
   const std::string inDepartment = department.empty() ? "" : sql(" and sDeptNum='", department, "'");
-  const Recordset sums = data.OpenRecordset(
-      sql("select sum(dblInputValue) as yz,sum(dblDeprT1) as ytzj", " From fa_DeprTransactions",
-          " where sCardNum in (select distinct sCardNum", " from fa_Cards where sTypeNum like '", type, "*'",
-          inDepartment, " and iOptType=1)"));
-  return {sums.Fields("yz"), sums.Fields("ytzj"), {}};
+  return sql("select sum(dblInputValue) as yz,sum(dblDeprT1) as ytzj", " From fa_DeprTransactions",
+             " where sCardNum in (select distinct sCardNum", " from fa_Cards where sTypeNum like '", type,
+             "*'", inDepartment, " and iOptType=1)");
+}
+
+void writeType(ReportGrid<Columns>& grid, const std::string& name, const LedgerSums& sums) {
+  if (!sums.hasValue()) return;
+  const std::size_t row = grid.addRow();
+  grid.put(row, kColumns.type, name);
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.putAmount(row, kColumns.depreciation, sums.depreciation);
 }
 
 void writeTypes(ReportGrid<Columns>& grid, Database& data, const std::string& department) {
   Recordset types = data.OpenRecordset(
       "select * from fa_AssetTypes"
       " where len(sNum)=2 and sNum<>'&' order by sNum");
+  StatementGroup group(data);
   for (; !types.Eof(); types.MoveNext()) {
-    const LedgerSums sums = sumType(data, types.Text("sNum"), department);
-    if (!sums.hasValue()) continue;
-    const std::size_t row = grid.addRow();
-    grid.put(row, kColumns.type, types.TextOrEmpty("sName"));
-    grid.putAmount(row, kColumns.value, sums.value);
-    grid.putAmount(row, kColumns.depreciation, sums.depreciation);
+    group.open(sumOfType(types.Text("sNum"), department),
+               [&grid, name = types.TextOrEmpty("sName")](const Recordset& sums) {
+                 writeType(grid, name, {sums.Fields("yz"), sums.Fields("ytzj"), {}});
+               });
   }
+  group.run();
 }
 
 }  // namespace

@@ -14,6 +14,14 @@ struct Columns : ReportColumns<Columns> {
 };
 constexpr Columns kColumns;
 
+void writeSums(ReportGrid<Columns>& grid, const std::string& department, const LedgerSums& sums) {
+  if (!sums.hasValue()) return;
+  const std::size_t row = grid.addRow();
+  grid.put(row, kColumns.department, department);
+  grid.putAmount(row, kColumns.value, sums.value);
+  grid.putAmount(row, kColumns.depreciation, sums.depreciation);
+}
+
 }  // namespace
 
 /// The amount under "折旧额" is the depreciation accumulated by the end of the first month.
@@ -22,14 +30,14 @@ void BuildDeprSummary(RunContext& run, const ReportConditions& conditions, Repor
   view.conditionLines[1].visible = false;
   ReportGrid grid(view.grid, kColumns);
   Recordset departments = firstLevelDepartments(run.dbZKData);
+  StatementGroup group(run.dbZKData);
   for (; !departments.Eof(); departments.MoveNext()) {
-    const LedgerSums sums = sumDepartment(run.dbZKData, departments.Text("sNum"));
-    if (!sums.hasValue()) continue;
-    const std::size_t row = grid.addRow();
-    grid.put(row, kColumns.department, departments.TextOrEmpty("sName"));
-    grid.putAmount(row, kColumns.value, sums.value);
-    grid.putAmount(row, kColumns.depreciation, sums.depreciation);
+    const auto write = [&grid, name = departments.TextOrEmpty("sName")](const LedgerSums& sums) {
+      writeSums(grid, name, sums);
+    };
+    sumDepartment(group, departments.Text("sNum"), write);
   }
+  group.run();
   grid.addTotalRow(kColumns.department, "　合计");
 }
 

@@ -22,35 +22,27 @@ constexpr Columns kColumns;
 
 using Grid = ReportGrid<Columns>;
 
-/// The department's row, unless its assets are worth nothing. Returns what they are worth; nothing where none
-/// are.
-Value writeDepartment(Grid& grid, Database& data, const Recordset& department) {
-  const AssetSet assets{.department = department.Text("sNum"), .type = {}};
-  LedgerSums sums = sumLedger(data, assets);
-  if (!sums.hasValue()) return sums.value;
+/// The department's row, unless its assets are worth nothing.
+void writeDepartment(Grid& grid, const DepartmentFigures& department) {
+  if (!department.figures.hasValue()) return;
   const std::size_t row = grid.addRow();
-  grid.put(row, kColumns.department, department.TextOrEmpty("sName"));
-  grid.putAmount(row, kColumns.value, sums.value);
+  grid.put(row, kColumns.department, department.name);
+  grid.putAmount(row, kColumns.value, department.figures.value);
   grid.put(row, kColumns.shareOfDepartment, "100.00");
-  grid.put(row, kColumns.quantity, countLedger(data, assets));
-  return sums.value;
+  grid.put(row, kColumns.quantity, department.figures.quantity);
 }
 
 /// A share below one percent shows no digit before the point.
-void writeTypes(Grid& grid, Database& data, const std::string& department, double departmentValue) {
-  Recordset types = firstLevelTypes(data);
-  for (; !types.Eof(); types.MoveNext()) {
-    const std::string type = types.Text("sNum");
-    const AssetSet assets{department, type};
-    const LedgerSums sums = sumLedger(data, assets);
-    if (!sums.hasValue()) continue;
+void writeTypes(Grid& grid, const DepartmentFigures& department) {
+  for (const auto& [name, unit, months, figures] : department.types) {
+    if (!figures.hasValue()) continue;
     const std::size_t row = grid.addRow();
-    grid.put(row, kColumns.type, types.TextOrEmpty("sName"));
-    grid.put(row, kColumns.unit, types.TextOrEmpty("sUnit"));
-    grid.putAmount(row, kColumns.value, sums.value);
-    const double share = divide(sums.value.number(), departmentValue) * 100;
+    grid.put(row, kColumns.type, name);
+    grid.put(row, kColumns.unit, unit);
+    grid.putAmount(row, kColumns.value, figures.value);
+    const double share = divide(figures.value.number(), department.figures.value.numberOrZero()) * 100;
     grid.put(row, kColumns.shareOfDepartment, Format(share, "#.00"));
-    grid.put(row, kColumns.quantity, countLedger(data, assets));
+    grid.put(row, kColumns.quantity, figures.quantity);
   }
 }
 
@@ -72,10 +64,9 @@ void BuildDeptComposition(RunContext& run, const ReportConditions& conditions, R
   view.conditionLines[0].text =
       conditions.compositionLevel == CompositionLevel::First ? "类别级次：第1级" : "类别级次：明细级";
   Grid grid(view.grid, kColumns);
-  Recordset departments = firstLevelDepartments(run.dbZKData);
-  for (; !departments.Eof(); departments.MoveNext()) {
-    const Value total = writeDepartment(grid, run.dbZKData, departments);
-    writeTypes(grid, run.dbZKData, departments.Text("sNum"), total.numberOrZero());
+  for (const DepartmentFigures& department : departmentFigures(run.dbZKData, true)) {
+    writeDepartment(grid, department);
+    writeTypes(grid, department);
   }
   writeTotal(grid);
   const std::size_t total = grid.rows() - 1;

@@ -1,12 +1,16 @@
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "base/Value.h"
 #include "store/engine/Database.h"
+#include "store/engine/StatementGroup.h"
 
-// What all value reports ask the ledger of depreciation, and the archives they walk.
+// What all value reports ask the ledger of depreciation, and the archives they walk. What is asked for each
+// of many is put into a group: the answers are there when the group has been run.
 namespace zelkor {
 
 /// The codes of a department and of a category, by which assets are chosen. A code takes in what is below it;
@@ -29,12 +33,38 @@ struct LedgerSums {
   }
 };
 
+using UseOfSums = std::function<void(const LedgerSums& sums)>;
+
 /// Over the assets of which any version stood under the department and the category, one of which is given.
-LedgerSums sumLedger(Database& data, const AssetSet& assets);
+void sumLedger(StatementGroup& group, const AssetSet& assets, UseOfSums use);
 /// Without the residual value.
-LedgerSums sumDepartment(Database& data, std::string_view department);
-/// Number of ledger rows of these assets, as it is shown.
-std::string countLedger(Database& data, const AssetSet& assets);
+void sumDepartment(StatementGroup& group, std::string_view department, UseOfSums use);
+
+/// The sums of some assets, and where these are worth something the number of their ledger rows, as it is
+/// shown.
+struct LedgerFigures : LedgerSums {
+  std::string quantity;
+};
+
+/// A category of the first level with the figures of its assets, all or those of a department.
+struct TypeFigures {
+  std::string name;
+  std::string unit;
+  double months = 0;  // of its life
+  LedgerFigures figures;
+};
+
+/// A department of the first level, too.
+struct DepartmentFigures {
+  std::string name;
+  LedgerFigures figures;
+  std::deque<TypeFigures> types;
+};
+
+/// The categories in the order in which they are read.
+std::deque<TypeFigures> typeFigures(Database& data);
+/// The departments in their order, each with its categories if these are wanted.
+std::deque<DepartmentFigures> departmentFigures(Database& data, bool withTypes);
 
 /// The departments of the first level, in the order of their codes.
 Recordset firstLevelDepartments(Database& data);

@@ -1,3 +1,5 @@
+#include <map>
+
 #include "base/Conversion.h"
 #include "cards/ClsBLLFACards.h"
 #include "reports/CardLines.h"
@@ -32,14 +34,24 @@ void writeQuantity(Grid& grid, std::size_t row, int iOptType) {
   grid.putNumber(row, kColumns.quantity, grid.amount(row - 1, kColumns.quantity) + more);
 }
 
-void writeCard(Grid& grid, ClsBLLFACards& cards, const Recordset& card) {
+void writeCard(Grid& grid, const Recordset& card) {
   const std::size_t row = grid.addRow();
   writeCardHead(grid, kColumns, row, card);
   writeQuantity(grid, row, kindOf(card));
-  grid.put(row, kColumns.department, cards.GetDeptName(card.TextOrEmpty("sDeptNum")));
   const double value = card.Fields("dblInputValue").number();
   grid.putNumber(row, kColumns.debit, value);
   grid.putNumber(row, kColumns.balance, grid.amount(row - 1, kColumns.balance) + value);
+}
+
+/// A department is asked for once, however many lines it has.
+void writeDepartments(Grid& grid, ClsBLLFACards& cards, const std::vector<std::string>& departmentOfLine) {
+  std::vector<std::string> codes;
+  std::map<std::string, std::size_t> places;
+  for (const std::string& code : departmentOfLine)
+    if (places.emplace(code, codes.size()).second) codes.push_back(code);
+  const std::vector<std::string> names = cards.GetDeptNames(codes);
+  for (std::size_t line = 0; line < departmentOfLine.size(); ++line)
+    grid.put(grid.firstRow() + line, kColumns.department, names[places.at(departmentOfLine[line])]);
 }
 
 }  // namespace
@@ -53,7 +65,12 @@ void BuildRegisterBook(RunContext& run, const ReportConditions& conditions, Repo
       cardLinesQuery("select a.dInputDate,a.sAssetNum,a.sCardNum,a.sZWVoucherType,a.iOptType,"
                      "a.sAssetName, b.dblInputValue ,b.dblDeprT1,a.sDeptNum",
                      chosenAssets(conditions)));
-  for (; !lines.Eof(); lines.MoveNext()) writeCard(grid, cards, lines);
+  std::vector<std::string> departmentOfLine;
+  for (; !lines.Eof(); lines.MoveNext()) {
+    writeCard(grid, lines);
+    departmentOfLine.push_back(lines.TextOrEmpty("sDeptNum"));
+  }
+  writeDepartments(grid, cards, departmentOfLine);
   if (grid.rows() > grid.firstRow()) grid.addTotalRow(kColumns.digest, "本期合计");
 }
 

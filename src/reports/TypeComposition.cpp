@@ -20,15 +20,13 @@ constexpr Columns kColumns;
 
 using Grid = ReportGrid<Columns>;
 
-void writeType(Grid& grid, Database& data, const Recordset& type) {
-  const AssetSet assets{.department = {}, .type = type.Text("sNum")};
-  const LedgerSums sums = sumLedger(data, assets);
-  if (!sums.hasValue()) return;
+void writeType(Grid& grid, const TypeFigures& type) {
+  if (!type.figures.hasValue()) return;
   const std::size_t row = grid.addRow();
-  grid.put(row, kColumns.type, type.TextOrEmpty("sName"));
-  grid.put(row, kColumns.quantity, countLedger(data, assets));
-  grid.put(row, kColumns.unit, type.TextOrEmpty("sUnit"));
-  grid.putAmount(row, kColumns.value, sums.value);
+  grid.put(row, kColumns.type, type.name);
+  grid.put(row, kColumns.quantity, type.figures.quantity);
+  grid.put(row, kColumns.unit, type.unit);
+  grid.putAmount(row, kColumns.value, type.figures.value);
   grid.put(row, kColumns.shareOfType, "100.00");
 }
 
@@ -37,8 +35,7 @@ void writeType(Grid& grid, Database& data, const Recordset& type) {
 void BuildTypeComposition(RunContext& run, const ReportConditions& /*conditions*/, ReportView& view) {
   for (ConditionLine& line : view.conditionLines) line.visible = false;
   Grid grid(view.grid, kColumns);
-  Recordset types = firstLevelTypes(run.dbZKData);
-  for (; !types.Eof(); types.MoveNext()) writeType(grid, run.dbZKData, types);
+  for (const TypeFigures& type : typeFigures(run.dbZKData)) writeType(grid, type);
   const std::size_t total = grid.addTotalRow(kColumns.type, "　合　计");
   grid.put(total, kColumns.shareOfType, "100.00");
   // Without any asset the total row divides 0 by 0, which ends the run.

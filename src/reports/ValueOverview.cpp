@@ -40,14 +40,18 @@ void writeAmounts(Grid& grid, std::size_t row, std::size_t distance, const Ledge
 }
 
 void writeDepartments(Grid& grid, Database& data, Recordset departments) {
+  StatementGroup group(data);
   for (; !departments.Eof(); departments.MoveNext()) {
     const std::string code = departments.Text("sNum");
-    const LedgerSums sums = sumDepartment(data, code);
-    if (!sums.hasValue()) continue;
-    const std::size_t row = grid.addRow();
-    grid.put(row, kColumns.department, departments.TextOrEmpty("sName") + "(" + code + ")");
-    writeAmounts(grid, row, 0, sums);
+    const std::string label = departments.TextOrEmpty("sName") + "(" + code + ")";
+    sumDepartment(group, code, [&grid, label](const LedgerSums& sums) {
+      if (!sums.hasValue()) return;
+      const std::size_t row = grid.addRow();
+      grid.put(row, kColumns.department, label);
+      writeAmounts(grid, row, 0, sums);
+    });
   }
+  group.run();
 }
 
 /// The code is what stands behind the label's first bracket, without its last character.
@@ -56,13 +60,14 @@ std::string departmentOfLabel(const std::string& label) {
   return behind.substr(0, behind.size() - std::min<std::size_t>(behind.size(), 1));
 }
 
-void addType(Grid& grid, Database& data, const Recordset& type) {
+void addType(Grid& grid, StatementGroup& group, const Recordset& type) {
   const std::string code = type.Text("sNum");
   const std::size_t distance = grid.repeat(kColumns.value, kColumns.netValue, type.TextOrEmpty("sName"));
   for (std::size_t row = grid.firstRow(); row < grid.rows(); ++row) {
     const std::string department = departmentOfLabel(grid.text(row, kColumns.department));
-    const LedgerSums sums = sumLedger(data, {department, code});
-    if (sums.hasValue()) writeAmounts(grid, row, distance, sums);
+    sumLedger(group, {department, code}, [&grid, row, distance](const LedgerSums& sums) {
+      if (sums.hasValue()) writeAmounts(grid, row, distance, sums);
+    });
   }
 }
 
@@ -74,7 +79,9 @@ void BuildValueOverview(RunContext& run, const ReportConditions& conditions, Rep
   Grid grid(view.grid, kColumns);
   writeDepartments(grid, run.dbZKData, chosenDepartments(run.dbZKData, conditions));
   Recordset types = firstLevelTypes(run.dbZKData);
-  for (; !types.Eof(); types.MoveNext()) addType(grid, run.dbZKData, types);
+  StatementGroup group(run.dbZKData);
+  for (; !types.Eof(); types.MoveNext()) addType(grid, group, types);
+  group.run();
   // Parents and children that are listed together count twice.
   grid.addTotalRow(kColumns.department, "　合计");
 }

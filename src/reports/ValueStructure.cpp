@@ -23,15 +23,14 @@ constexpr Columns kColumns;
 
 using Grid = ReportGrid<Columns>;
 
-void writeType(Grid& grid, Database& data, const Recordset& type) {
-  const AssetSet assets{.department = {}, .type = type.Text("sNum")};
-  const LedgerSums sums = sumLedger(data, assets);
+void writeType(Grid& grid, const TypeFigures& type) {
+  const LedgerFigures& sums = type.figures;
   if (!sums.hasValue()) return;
   const double value = sums.value.number();
   const std::size_t row = grid.addRow();
-  grid.put(row, kColumns.type, type.TextOrEmpty("sName"));
-  grid.put(row, kColumns.quantity, countLedger(data, assets));
-  grid.put(row, kColumns.unit, type.TextOrEmpty("sUnit"));
+  grid.put(row, kColumns.type, type.name);
+  grid.put(row, kColumns.quantity, sums.quantity);
+  grid.put(row, kColumns.unit, type.unit);
   grid.putAmount(row, kColumns.value, sums.value);
   grid.putAmount(row, kColumns.depreciation, sums.depreciation);
   grid.putAmount(row, kColumns.netValue, sums.netValue());
@@ -53,8 +52,7 @@ void writeTotal(Grid& grid) {
 void BuildValueStructure(RunContext& run, const ReportConditions& /*conditions*/, ReportView& view) {
   for (ConditionLine& line : view.conditionLines) line.visible = false;
   Grid grid(view.grid, kColumns);
-  Recordset types = firstLevelTypes(run.dbZKData);
-  for (; !types.Eof(); types.MoveNext()) writeType(grid, run.dbZKData, types);
+  for (const TypeFigures& type : typeFigures(run.dbZKData)) writeType(grid, type);
   writeTotal(grid);
 }
 

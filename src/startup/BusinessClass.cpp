@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "startup/Logs.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -39,6 +40,25 @@ std::string BusinessClass::firstText(std::string_view routine, std::string_view 
     const Recordset rows = zkData_.OpenRecordset(statement);
     return rows.Eof() ? std::string() : rows.TextOrEmpty(field);
   });
+}
+
+void BusinessClass::eachQuery(std::string_view routine, std::span<const std::string> statements,
+                              const UseOfRows& use) {
+  attempt(routine, 0, [&] {
+    askEach(zkData_, statements, use,
+            [&](const RuntimeError& error) { reportError(error.number(), error.what(), routine); });
+    return 0;
+  });
+}
+
+std::vector<std::string> BusinessClass::firstTexts(std::string_view routine,
+                                                   std::span<const std::string> statements,
+                                                   std::string_view field) {
+  std::vector<std::string> texts(statements.size());
+  eachQuery(routine, statements, [&](std::size_t query, const Recordset& rows) {
+    if (!rows.Eof()) texts[query] = rows.TextOrEmpty(field);
+  });
+  return texts;
 }
 
 }  // namespace zelkor

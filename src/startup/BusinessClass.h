@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/RuntimeError.h"
 #include "store/accountset/DbEngine.h"
@@ -36,6 +40,12 @@ class BusinessClass {
   Recordset query(std::string_view routine, std::string_view statement);
   /// Field of the query's first row as text; empty when it is Null, without a row, or on failure.
   std::string firstText(std::string_view routine, std::string_view statement, std::string_view field);
+  using UseOfRows = std::function<void(std::size_t query, Recordset& rows)>;
+  /// The rows of each of many queries, which a server is asked together; those that fail give none.
+  void eachQuery(std::string_view routine, std::span<const std::string> statements, const UseOfRows& use);
+  /// The texts of the first rows of many queries, likewise.
+  std::vector<std::string> firstTexts(std::string_view routine, std::span<const std::string> statements,
+                                      std::string_view field);
 
   /// Runs `body` on the open file; `fallback` when there is no file or the body raises an error.
   template <typename Result, typename Body>

@@ -64,6 +64,16 @@ TEST_F(ImportTest, AGoodRowBecomesACard) {
   EXPECT_EQ(row("select count(*) from fa_ZWVouchers"), "0");
 }
 
+TEST_F(ImportTest, ARowWaitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  Rows rows = goodRegister();
+  import(rows);
+  rows.resize(101, rows[1]);
+  const std::uint64_t before = db().waits();
+  EXPECT_EQ(import(rows).stored, 100);
+  EXPECT_EQ(db().waits() - before, 808U);
+}
+
 TEST_F(ImportTest, AdditionsOfTheMonthAreStaged) {
   Rows rows = goodRegister();
   setCell(rows, "开始使用日期", "2020-5-31");

@@ -74,6 +74,19 @@ TEST_F(CardSavingTest, writesTheRowsOfNewAndChangedCards) {
   expectGolden("cards/golden/saved.txt", content);
 }
 
+TEST_F(CardSavingTest, waitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  std::vector<std::uint64_t> waits;
+  for (const NewCardType type : {NewCardType::Original, NewCardType::AddedInPeriod}) {
+    for (const char* number : {"00001", "00002"}) {
+      const std::uint64_t before = db().waits();
+      ASSERT_TRUE(save(card(number), type));
+      waits.push_back(db().waits() - before);
+    }
+  }
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{9, 3, 5, 5})) << "a first one, further ones";
+}
+
 TEST_F(CardSavingTest, deletesTheCardAndLeavesItsRowsByDepartment) {
   ASSERT_TRUE(save(card("00001"), NewCardType::AddedInPeriod));
   ASSERT_TRUE(save(card("00002"), NewCardType::AddedInPeriod));

@@ -77,7 +77,7 @@ TEST_F(MonthEndTest, WaitsForAServerOnceForManyCards) {
     closeWell();
     waits.push_back(db().waits() - before);
   }
-  EXPECT_EQ(waits, (std::vector<std::uint64_t>{139, 211, 217}));
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{102, 166, 173}));
   EXPECT_EQ(row("select Count(*) from fa_DeprTransactions where lUsedMonths6=2"), "500");
 }
 

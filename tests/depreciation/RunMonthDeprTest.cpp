@@ -88,7 +88,7 @@ TEST_F(RunMonthDeprTest, waitsForAServerOnceForManyCards) {
     wholeRun();
     waits.push_back(db().waits() - before);
   }
-  EXPECT_EQ(waits, (std::vector<std::uint64_t>{28, 18, 24}));
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{23, 18, 24}));
   EXPECT_EQ(allocationRows().size(), 500U);
 }
 

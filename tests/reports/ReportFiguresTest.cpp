@@ -61,6 +61,16 @@ TEST_F(ReportFiguresTest, ListsAVersionOfNoKindWithoutADigest) {
                 report("固定资产登记簿") + report("(部门、类别)明细账") + report("(单个)固定资产明细账"));
 }
 
+/// The name is asked for by a statement that the quote breaks; the lines around it have theirs.
+TEST_F(ReportFiguresTest, LeavesADepartmentWithAQuoteWithoutAName) {
+  addCard("00001", "301", "021", 1000);
+  addCard("00002", "3''", "021", 200);
+  addCard("00003", "302", "021", 30);
+  addCard("00004", "none", "021", 4);
+  addCard("00005", "301", "021", 0.5);
+  expectFigures("quote", report("固定资产登记簿"));
+}
+
 /// Codes are taken back from the label, which a bracket in a name leads astray.
 TEST_F(ReportFiguresTest, FindsNothingUnderACategoryForADepartmentWithABracket) {
   addCard("00001", "301", "021", 1000);

@@ -18,16 +18,16 @@ class ReportTest : public AccountSetTest {
   /// A report's captions and grid as text, or its box, or the error that it ends in.
   std::string report(const std::string& name);
 
+  using Changes = std::map<std::string, Value>;
+  /// A further version of the card, a copy of its newest but for these columns.
+  void addVersion(const std::string& cardNum, const Changes& changes);
+
   ReportConditions conditions{2020};
 
  private:
-  using Changes = std::map<std::string, Value>;
-
   void importCards();
   void runJanuary();
   void changeCards();
-  /// A further version of the card, a copy of its newest but for these columns.
-  void addVersion(const std::string& cardNum, const Changes& changes);
 
   int lastCardID_ = 40;
 };

@@ -28,6 +28,15 @@ inline bool controlTestServer(const std::string& words) {
          std::system((std::string(command) + " " + words + " >/dev/null 2>&1").c_str()) == 0;
 }
 
+/// SQL that ends the sessions of this program whose last statement names the table, and waits until they are
+/// gone. Programs beside one server are told apart by PGAPPNAME (tests/support/each): a session of another
+/// one may name a table or an alias alike.
+inline std::string endingSessionsOn(const std::string& table) {
+  return "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
+         "application_name = current_setting('application_name') AND query LIKE '%\"" +
+         table + "\"%'";
+}
+
 /// A schema name that no other test has.
 inline std::string freshSchema() {
   static int number = 0;

@@ -4,6 +4,7 @@
 
 #include "store/catalogue/CopiedColumns.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -65,48 +66,57 @@ void recreateItemsManual(Database& data) {
   data.Execute("CREATE UNIQUE INDEX sCardNum ON fa_ItemsManual (sCardNum)");
 }
 
-void resetTable(Database& data, const ResetTable& table) {
-  if (table.reset == Reset::Recreate) return recreateItemsManual(data);
-  data.Execute(sql("DELETE FROM ", table.name));
+void resetTable(StatementGroup& group, const ResetTable& table) {
+  group.execute(sql("DELETE FROM ", table.name));
   if (table.reset == Reset::DeleteOnly) return;
   if (table.columns.empty()) {
-    data.Execute(sql("INSERT INTO ", table.name, " SELECT * FROM ZKFA_Model_", table.name, "_Init"));
+    group.execute(sql("INSERT INTO ", table.name, " SELECT * FROM ZKFA_Model_", table.name, "_Init"));
   } else {
-    data.Execute(sql("INSERT INTO ", table.name, " (", table.columns, ") SELECT ", table.columns,
-                     " FROM ZKFA_Model_", table.name, "_Init"));
+    group.execute(sql("INSERT INTO ", table.name, " (", table.columns, ") SELECT ", table.columns,
+                      " FROM ZKFA_Model_", table.name, "_Init"));
   }
 }
 
 /// Rows 601 to 603 are outside both statements and so keep their values.
-void resetOptions(Database& data) {
-  data.Execute("delete * from AccInformation where cSysID='fa' and cID NOT IN('601','602','603')");
-  data.Execute(
+void resetOptions(StatementGroup& group) {
+  group.execute("delete * from AccInformation where cSysID='fa' and cID NOT IN('601','602','603')");
+  group.execute(
       sql("INSERT INTO AccInformation (", copied::AccInformation, ") SELECT ", copied::AccInformation,
           " FROM ZKFA_Model_AccInformation_Init WHERE cSysID = 'fa' AND cID NOT IN('601','602','603')"));
 }
 
-void removeUserItems(Database& data) {
-  data.Execute("DELETE FROM RPT_ITMDEF WHERE tablename = 'fa_Q_Cards' and fieldname like 'man*'");
-  data.Execute("DELETE FROM RPT_ITMDEF WHERE tablename = 'fa_ItemManual'");
-  data.Execute("DELETE FROM Fa_ItemsOfQuery WHERE sName like 'man*'");
+void removeUserItems(StatementGroup& group) {
+  group.execute("DELETE FROM RPT_ITMDEF WHERE tablename = 'fa_Q_Cards' and fieldname like 'man*'");
+  group.execute("DELETE FROM RPT_ITMDEF WHERE tablename = 'fa_ItemManual'");
+  group.execute("DELETE FROM Fa_ItemsOfQuery WHERE sName like 'man*'");
 }
 
-void keepOptionsInTemplate(Database& data) {
-  data.Execute("DELETE FROM ZKFA_Model_AccInformation_Init WHERE cSysID ='FA' AND cID IN('601','602','603')");
-  data.Execute(sql("INSERT INTO ZKFA_Model_AccInformation_Init (", copied::AccInformation, ") SELECT ",
-                   copied::AccInformation,
-                   " FROM AccInformation WHERE cSysID ='FA' AND cID IN('601','602','603')"));
+void keepOptionsInTemplate(StatementGroup& group) {
+  group.execute(
+      "DELETE FROM ZKFA_Model_AccInformation_Init WHERE cSysID ='FA' AND cID IN('601','602','603')");
+  group.execute(sql("INSERT INTO ZKFA_Model_AccInformation_Init (", copied::AccInformation, ") SELECT ",
+                    copied::AccInformation,
+                    " FROM AccInformation WHERE cSysID ='FA' AND cID IN('601','602','603')"));
 }
 
 }  // namespace
 
 void ReinitialiseAccount(DbEngine& engine, const std::string& path, Database& data) {
   data = engine.OpenDatabase(path);
-  resetOptions(data);
-  for (const ResetTable& table : kTables) resetTable(data, table);
-  removeUserItems(data);
-  data.Execute("UPDATE GL_mend SET bflag_FA = 0");
-  keepOptionsInTemplate(data);
+  StatementGroup group(data);
+  resetOptions(group);
+  for (const ResetTable& table : kTables) {
+    if (table.reset != Reset::Recreate) {
+      resetTable(group, table);
+      continue;
+    }
+    group.run();
+    recreateItemsManual(data);
+  }
+  removeUserItems(group);
+  group.execute("UPDATE GL_mend SET bflag_FA = 0");
+  keepOptionsInTemplate(group);
+  group.run();
 }
 
 }  // namespace zelkor

@@ -99,6 +99,8 @@ class Engine {
   virtual std::vector<std::string> tableNames() = 0;
   /// Columns as the engine has them now; nullopt when there is no such table.
   virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
+  /// All of them at once, where each by itself would be a wait; otherwise none.
+  virtual std::vector<dialect::TableInfo> tableInfos() { return {}; }
   /// What it knows of its tables beyond that; not longer than the engine itself.
   virtual std::unique_ptr<StoredTables> storedTables() = 0;
   /// What the engine finds wrong with the file, in its own words; empty where that is nothing, and beside a

@@ -15,11 +15,16 @@ Projection startingProjection(const dialect::Query& query) {
   return Projection::of(std::move(columns), query.columns().size());
 }
 
+enum class Bytes : std::uint8_t { With, Without };
+
 // What is computed may fail, and is computed when it is asked for.
-Projection plainColumns(const dialect::Query& query) {
+Projection plainColumns(const dialect::Query& query, Bytes bytes) {
   std::vector<std::size_t> columns;
-  for (std::size_t i = 0; i < query.columns().size(); ++i)
-    if (query.columns()[i].source) columns.push_back(i);
+  for (std::size_t i = 0; i < query.columns().size(); ++i) {
+    const dialect::OutputColumn& column = query.columns()[i];
+    if (!column.source) continue;
+    if (bytes == Bytes::With || column.type != dialect::ColumnType::Binary) columns.push_back(i);
+  }
   return Projection::of(std::move(columns), query.columns().size());
 }
 
@@ -55,8 +60,25 @@ bool PreparedQuery::mayEndEarly() const {
   return engine_.runsAhead() && query_->ordered() && query_->sources().size() == 1 && !query_->top();
 }
 
+const std::shared_ptr<const Projection>& PreparedQuery::plain() {
+  if (!plain_) plain_ = std::make_shared<const Projection>(plainColumns(*query_, Bytes::Without));
+  return plain_;
+}
+
 PreparedQuery::Run PreparedQuery::take() {
-  return take(mayEndEarly(), projection_);
+  const bool unknown = query_->keyed() && projection_->columns.empty();
+  return engine_.runsAhead() && unknown ? takeUnknown() : take(mayEndEarly(), projection_);
+}
+
+// Nobody has asked for a column yet: a statement that names its columns is asked for them.
+PreparedQuery::Run PreparedQuery::takeUnknown() {
+  constexpr std::size_t kNamedColumns = 24;
+  const bool named = query_->columns().size() <= kNamedColumns;
+  const bool mayBeCut = query_->sources().size() == 1 && !query_->top();
+  if (!mayBeCut && !named) return take(false, projection_);
+  Run run = take(mayBeCut && (query_->ordered() || !named), plain());
+  run.learns = true;
+  return run;
 }
 
 PreparedQuery::Run PreparedQuery::takeWhole() {
@@ -65,8 +87,7 @@ PreparedQuery::Run PreparedQuery::takeWhole() {
 
 PreparedQuery::Run PreparedQuery::takeAhead() {
   if (!projection_->columns.empty()) return takeWhole();
-  if (!plain_) plain_ = std::make_shared<const Projection>(plainColumns(*query_));
-  return take(false, plain_);
+  return take(false, plain());
 }
 
 PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly, std::shared_ptr<const Projection> projection) {
@@ -102,7 +123,8 @@ void PreparedQuery::learn(std::size_t column) {
 const PreparedQuery::RowByKey& PreparedQuery::rowByKey(bool everyPlainColumn) {
   RowByKey& row = everyPlainColumn ? plainByKey_ : learnedByKey_;
   if (row.statement) return row;
-  row.projection = everyPlainColumn ? std::make_shared<const Projection>(plainColumns(*query_)) : projection_;
+  row.projection =
+      everyPlainColumn ? std::make_shared<const Projection>(plainColumns(*query_, Bytes::With)) : projection_;
   row.statement = engine_.prepare(query_->rowByKey(row.projection->columns));
   return row;
 }

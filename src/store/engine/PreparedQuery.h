@@ -41,9 +41,12 @@ class PreparedQuery {
     std::shared_ptr<const Projection> projection;
     bool fast = false;
     bool firstRowsOnly = false;
+    bool learns = false;  // which of the columns that it delivers are asked for
   };
   /// An idle or new statement, not yet bound. Checks the query's guard for whether the fast form may be used.
-  /// The statement gives the first rows only where all of them are dear: many walks in an order end early.
+  /// The statement gives the first rows only where all of them are dear: many walks in an order end early,
+  /// and few need all columns of a wide table, which a first run delivers where each further statement is a
+  /// wait.
   Run take();
   /// A statement that gives every row.
   Run takeWhole();
@@ -71,6 +74,8 @@ class PreparedQuery {
 
   bool fastFormAllowed();
   bool mayEndEarly() const;
+  Run takeUnknown();
+  const std::shared_ptr<const Projection>& plain();
   Run take(bool firstRowsOnly, std::shared_ptr<const Projection> projection);
   Idle& idle(const Run& run) { return idle_[run.fast ? 1 : 0][run.firstRowsOnly ? 1 : 0]; }
 
@@ -79,7 +84,7 @@ class PreparedQuery {
   std::vector<dialect::ParameterSlot> slots_;
   ColumnNames columnNames_;
   std::shared_ptr<const Projection> projection_;
-  std::shared_ptr<const Projection> plain_;  // once it has been needed
+  std::shared_ptr<const Projection> plain_;  // without bytes; once it has been needed
   std::array<std::array<Idle, 2>, 2> idle_;
   std::unique_ptr<EngineStatement> guard_;
   RowByKey learnedByKey_;

@@ -279,6 +279,7 @@ Value RecordsetState::value(std::size_t column) {
 Value RecordsetState::keyedValue(std::size_t column) {
   if (onStreamedRow()) {
     if (const int place = run_.projection->placeOf[column]; place >= 0) {
+      if (run_.learns) query_->learn(column);
       const auto first = static_cast<int>(sources() + query_->query().tieKeys());
       return readCell(*run_.statement, first + place, columns()[column].type);
     }

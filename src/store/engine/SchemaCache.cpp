@@ -7,6 +7,13 @@ namespace zelkor {
 const dialect::TableInfo* SchemaCache::table(std::string_view name) const {
   std::string key = asciiLower(name);
   auto known = tables_.find(key);
+  if (known == tables_.end() && ++read_ == kFewTables) {
+    for (dialect::TableInfo& info : engine_.tableInfos()) {
+      std::string found = asciiLower(info.name);
+      tables_.emplace(std::move(found), Known{std::move(info)});
+    }
+    known = tables_.find(key);
+  }
   if (known == tables_.end()) {
     std::optional<dialect::TableInfo> info = engine_.tableInfo(name);
     if (!info) return nullptr;

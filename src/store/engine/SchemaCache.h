@@ -14,13 +14,19 @@ class SchemaCache final : public dialect::SchemaView {
 
   const dialect::TableInfo* table(std::string_view name) const override;
   /// Forgets everything: after a statement that changes tables, ours or another process's.
-  void forget() { tables_.clear(); }
+  void forget() {
+    tables_.clear();
+    read_ = 0;
+  }
   /// Forgets a table, unless it was asked for more than once: then more than the statement that asked last
   /// may rest on what was told. False in that case.
   bool forgetUnlessUsed(std::string_view name);
 
  private:
+  static constexpr int kFewTables = 6;
+
   Engine& engine_;
+  mutable int read_ = 0;  // tables, one by one
   struct Known {
     dialect::TableInfo info;
     long asked = 0;

@@ -10,6 +10,9 @@
 namespace zelkor {
 namespace {
 
+// Of so many queries the answers are awaited together: what is kept of them until they are used stays small.
+constexpr std::size_t kMostQueries = 4000;
+
 // What cannot be translated or bound fails when it is carried out by itself.
 std::optional<AheadStatement> aheadOf(Connection& connection, std::string_view sql) {
   try {
@@ -36,11 +39,13 @@ void StatementGroup::execute(std::string_view sql) {
 }
 
 void StatementGroup::run() {
-  const std::vector<Step> steps = std::exchange(steps_, {});
-  for (std::span<const Step> rest(steps); !rest.empty();) {
-    const std::size_t done = runTogether(rest);
-    if (done == 0) runOne(rest.front());
-    rest = rest.subspan(std::max(done, std::size_t{1}));
+  while (!steps_.empty()) {
+    const std::vector<Step> steps = std::exchange(steps_, {});
+    for (std::span<const Step> rest(steps); !rest.empty();) {
+      const std::size_t done = runTogether(rest);
+      if (done == 0) runOne(rest.front());
+      rest = rest.subspan(std::max(done, std::size_t{1}));
+    }
   }
 }
 
@@ -52,6 +57,10 @@ void StatementGroup::runOne(const Step& step) {
 
 std::size_t StatementGroup::runTogether(std::span<const Step> steps) {
   Connection& connection = database_.connection();
+  const auto write = [](std::span<const Step> some) {
+    return std::ranges::any_of(some, [](const Step& step) { return step.use == nullptr; });
+  };
+  if (!write(steps)) steps = steps.first(std::min(steps.size(), kMostQueries));
   Sent sent;
   for (const Step& step : steps) {
     auto ahead = aheadOf(connection, step.sql);
@@ -60,8 +69,7 @@ std::size_t StatementGroup::runTogether(std::span<const Step> steps) {
   }
   if (sent.size() < 2) return 0;
   steps = steps.first(sent.size());
-  const bool writes = std::ranges::any_of(steps, [](const Step& step) { return step.use == nullptr; });
-  return writes ? carryOut(steps, std::move(sent)) : read(steps, std::move(sent));
+  return write(steps) ? carryOut(steps, std::move(sent)) : read(steps, std::move(sent));
 }
 
 std::size_t StatementGroup::carryOut(std::span<const Step> steps, Sent sent) {
@@ -90,6 +98,27 @@ std::size_t StatementGroup::read(std::span<const Step> steps, Sent sent) {
     useRows(steps[i].use, std::move(sent[i].rows));
   }
   return steps.size();
+}
+
+// After one that fails those behind it go out once more.
+void askEach(Database& database, std::span<const std::string> queries,
+             const std::function<void(std::size_t, Recordset&)>& use,
+             const std::function<void(const RuntimeError&)>& failed) {
+  constexpr std::size_t kTogether = 1000;
+  for (std::size_t next = 0; next < queries.size();) {
+    try {
+      StatementGroup group(database);
+      for (const std::string& query : queries.subspan(next, std::min(kTogether, queries.size() - next)))
+        group.open(query, [&](Recordset& rows) {
+          use(next, rows);
+          ++next;
+        });
+      group.run();
+    } catch (const RuntimeError& error) {
+      failed(error);
+      ++next;
+    }
+  }
 }
 
 }  // namespace zelkor

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/RuntimeError.h"
 #include "store/engine/Database.h"
 
 namespace zelkor {
@@ -32,7 +33,9 @@ class StatementGroup {
   explicit StatementGroup(Database& database);
 
   void execute(std::string_view sql);
-  /// `use` is called with the rows, which are given up afterwards. It runs no statement that writes.
+  /// `use` is called with the rows, which are given up afterwards. It runs no statement that writes. It may
+  /// add queries for what the rows have told; on a server they go out together after all that was added
+  /// before.
   template <typename Use>
   void open(std::string_view sql, Use use) {
     if (!sendsAhead_) {
@@ -63,6 +66,12 @@ class StatementGroup {
   bool sendsAhead_;
   std::vector<Step> steps_;
 };
+
+/// Asks the queries, many together, and uses the rows of each; `failed` is told of those that fail, and the
+/// others go on.
+void askEach(Database& database, std::span<const std::string> queries,
+             const std::function<void(std::size_t query, Recordset& rows)>& use,
+             const std::function<void(const RuntimeError& error)>& failed);
 
 /// Calls `work` with each part of the things, as many as go out together.
 template <typename Things, typename Work>

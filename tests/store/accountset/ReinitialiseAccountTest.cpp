@@ -6,6 +6,7 @@
 #include "support/AccountSetCopy.h"
 #include "support/Golden.h"
 #include "support/Rows.h"
+#include "support/TestServer.h"
 
 namespace zelkor::test {
 namespace {
@@ -36,6 +37,13 @@ TEST_F(ReinitialiseAccountTest, emptiesTheBusinessTables) {
   }
   reinitialise();
   for (const auto& table : tables) EXPECT_EQ(count(table[0]), "0") << table[0];
+}
+
+TEST_F(ReinitialiseAccountTest, waitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  const std::uint64_t before = data.waits();
+  reinitialise();
+  EXPECT_EQ(data.waits() - before, 20U);
 }
 
 TEST_F(ReinitialiseAccountTest, bringsEveryColumnOfEveryTemplateBack) {

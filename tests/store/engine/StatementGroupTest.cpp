@@ -98,6 +98,24 @@ TEST_F(StatementGroupTest, AReadThatFailsComesAfterTheUsesBeforeIt) {
   EXPECT_EQ(cell("select count(*) from t"), "2") << "the connection goes on";
 }
 
+TEST_F(StatementGroupTest, AUseMayAskForMore) {
+  for (const char* num : {"1", "2", "3"})
+    db.Execute(sql("insert into t (sNum,lN) values ('", num, "',1", num, ")"));
+  Lines seen(3);
+  const std::uint64_t before = db.waits();
+  StatementGroup group(db);
+  for (std::size_t n = 0; n < seen.size(); ++n)
+    group.open(sql("select lN from t where sNum='", n + 1, "'"), [&, n](const Recordset& row) {
+      group.open(sql("select sum(lN) as a from t where lN<=", row.Text("lN")),
+                 [&seen, n](const Recordset& sum) { seen[n] = sum.Text("a"); });
+    });
+  group.run();
+  EXPECT_EQ(seen, (Lines{"12", "24", "37"}));
+  if (onServer()) {
+    EXPECT_EQ(db.waits() - before, 2U);
+  }
+}
+
 TEST_F(StatementGroupTest, AGroupMayChangeTablesInItsMiddle) {
   together({"insert into t (sNum,lN) values ('1',1)", "select * into v from t",
             "insert into v (sNum,lN) values ('2',2)", "insert into t (sNum,lN) values ('3',3)"});
@@ -135,11 +153,7 @@ TEST_F(StatementGroupTest, AConnectionThatIsCutEndsTheGroup) {
                            "insert into t (sNum,lN) values ('2',2)"};
     db.Execute("update t set lN=5 where sNum='taken'");
     PostgreSqlEngine other(ServerFile::read(path));
-    other
-        .prepare(
-            "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
-            "query LIKE '%\"t\"%'")
-        ->step();
+    other.prepare(endingSessionsOn("t"))->step();
     EXPECT_EQ(errorOf([&] { together(statements); }), 57);
     EXPECT_EQ(errorOf([&] { together(statements); }), 57);
     if (inTransaction) {

@@ -41,14 +41,17 @@ bool takeAlone(PostgreSqlLink& server, const std::string& schema) {
   return false;
 }
 
-/// Notes in the session that it has the account set open. Nobody looks at its other locks: a session at rest
-/// has none.
-void takePart(PostgreSqlLink& server, const std::string& schema, PostgreSqlEngine::Among among) {
-  if (among == PostgreSqlEngine::Among::Others) {
-    server.query(std::string("SELECT pg_advisory_lock_shared") + kOpenKey, {schema});
-  } else if (!takeAlone(server, schema)) {
+/// Makes the session see the books, and notes in it that it has them open, in one trip. Nobody looks at its
+/// other locks: a session at rest has none.
+ServerBooks openBooks(PostgreSqlLink& server, const std::string& schema, PostgreSqlEngine::Among among) {
+  std::vector<ServerQuestion> questions = sessionSettings(schema);
+  const bool amongOthers = among == PostgreSqlEngine::Among::Others;
+  if (amongOthers) questions.push_back({std::string("SELECT pg_advisory_lock_shared") + kOpenKey, {schema}});
+  questions.push_back(booksQuestion(schema));
+  ServerBooks books = serverBooksIn(server.ask(questions).back().get(), schema);
+  if (!amongOthers && !takeAlone(server, schema))
     throw RuntimeError(ErrorNumber::FileLocked, "服务器上的 '" + schema + "' 正被别人打开，不能替换。");
-  }
+  return books;
 }
 
 }  // namespace
@@ -56,23 +59,24 @@ void takePart(PostgreSqlLink& server, const std::string& schema, PostgreSqlEngin
 // What values are read by, what time it is, and how transactions see each other, is not left to the server's
 // configuration. Short statements gain nothing from compiled expressions. Groups are sorted out, not hashed,
 // so that they come in the order of their keys.
-std::string sessionSettings(const std::string& schema) {
-  return "SET search_path = \"" + schema +
-         "\", public; SET datestyle = 'ISO, YMD'; SET synchronous_commit = off; SET lock_timeout = '10s'; "
-         "SET extra_float_digits = 1; SET bytea_output = 'hex'; "
-         "SET default_transaction_isolation = 'read committed'; "
-         "SET standard_conforming_strings = on; SET jit = off; SET enable_hashagg = off; "
-         "SET TIME ZONE INTERVAL '" +
-         clockOffset() + "' HOUR TO MINUTE";
+std::vector<ServerQuestion> sessionSettings(const std::string& schema) {
+  return {{"SET search_path = \"" + schema + "\", public"},
+          {"SET datestyle = 'ISO, YMD'"},
+          {"SET synchronous_commit = off"},
+          {"SET lock_timeout = '10s'"},
+          {"SET extra_float_digits = 1"},
+          {"SET bytea_output = 'hex'"},
+          {"SET default_transaction_isolation = 'read committed'"},
+          {"SET standard_conforming_strings = on"},
+          {"SET jit = off"},
+          {"SET enable_hashagg = off"},
+          {"SET TIME ZONE INTERVAL '" + clockOffset() + "' HOUR TO MINUTE"}};
 }
 
 PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file, Among among)
     : link_(std::make_shared<PostgreSqlLink>(file.conninfo)),
       schema_(file.schema),
-      books_(readServerBooks(*link_, schema_)) {
-  link_->run(sessionSettings(file.schema));
-  takePart(*link_, schema_, among);
-}
+      books_(openBooks(*link_, schema_, among)) {}
 
 std::unique_ptr<EngineStatement> PostgreSqlEngine::prepare(std::string_view sql) {
   return std::make_unique<PostgreSqlStatement>(PostgreSqlLink::statement(link_, sql));

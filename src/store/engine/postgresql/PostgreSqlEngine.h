@@ -43,6 +43,7 @@ class PostgreSqlEngine final : public Engine {
   std::int64_t lastRowKey() const override { return link_->lastRowKey(); }
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
+  std::vector<dialect::TableInfo> tableInfos() override;
   std::unique_ptr<StoredTables> storedTables() override;
   int booksRevision() override { return books_.revision; }
   void setBooksRevision(int revision) override;
@@ -57,6 +58,6 @@ class PostgreSqlEngine final : public Engine {
 };
 
 /// The statements that make a session see the account set in that schema.
-std::string sessionSettings(const std::string& schema);
+std::vector<ServerQuestion> sessionSettings(const std::string& schema);
 
 }  // namespace zelkor

@@ -29,7 +29,8 @@ PostgreSqlLink::PostgreSqlLink(const std::string& conninfo) : connection_(PQconn
       connection_.get(), [](void*, const PGresult*) {}, nullptr);
   if (std::string_view(PQparameterStatus(connection_.get(), "server_encoding")) != "UTF8")
     throw RuntimeError(ErrorNumber::UnrecognizedFormat, "服务器上的数据库必须使用 UTF8 编码。");
-  PQsetClientEncoding(connection_.get(), "UTF8");
+  if (PQclientEncoding(connection_.get()) != pg_char_to_encoding("UTF8"))
+    PQsetClientEncoding(connection_.get(), "UTF8");
 }
 
 PostgreSqlLink::~PostgreSqlLink() = default;

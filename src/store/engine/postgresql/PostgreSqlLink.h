@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,6 +28,12 @@ struct PgResultClearer {
 using PgResult = std::unique_ptr<pg_result, PgResultClearer>;
 using PgValues = std::vector<std::optional<std::string>>;
 
+/// A statement that is used once; every parameter is a text.
+struct ServerQuestion {
+  std::string sql;
+  PgValues values = {};
+};
+
 /// A session on a PostgreSQL server. A statement that fails inside a transaction undoes itself only, with
 /// those that were under way together with it.
 ///
@@ -47,8 +54,9 @@ class PostgreSqlLink {
   /// Statements without parameters, between semicolons; gives the result of the last. Inside a transaction a
   /// failure gives up the whole of it.
   PgResult run(const std::string& sql);
-  /// One statement that is used once; every parameter is a text.
   PgResult query(const std::string& sql, const PgValues& values);
+  /// Asks all of them in one trip; gives their results.
+  std::vector<PgResult> ask(std::span<const ServerQuestion> questions);
   /// Begins to load rows with that COPY statement; nothing else may be asked for until its end.
   void beginCopy(const std::string& sql);
   /// Sends rows in the text format of COPY.

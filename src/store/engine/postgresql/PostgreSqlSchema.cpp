@@ -52,16 +52,15 @@ std::string_view cell(const PgResult& result, int row, int column) {
 }
 
 // A table without columns of its own has zk_row.
-constexpr const char* kColumnQuery =
+const std::string kColumnsOfTables =
     "SELECT a.attname, t.typname, coalesce(d.description, ''), EXISTS (SELECT 1 FROM pg_class i "
-    "WHERE i.relnamespace = c.relnamespace AND i.relname = 'zk_number_' || $1 || '_' || a.attname), "
+    "WHERE i.relnamespace = c.relnamespace AND i.relname = 'zk_number_' || c.relname || '_' || a.attname), "
     "coalesce(n.description, c.relname) FROM pg_class c "
     "LEFT JOIN pg_description n ON n.objoid = c.oid AND n.objsubid = 0 AND n.classoid = 'pg_class'::regclass "
     "JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum > 0 AND NOT a.attisdropped "
     "JOIN pg_type t ON t.oid = a.atttypid LEFT JOIN pg_description d "
     "ON d.objoid = c.oid AND d.objsubid = a.attnum AND d.classoid = 'pg_class'::regclass "
-    "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p', 'v') AND "
-    "c.relname = $1 ORDER BY a.attnum";
+    "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p', 'v')";
 
 ColumnInfo columnOf(std::string_view name, std::string_view type, std::string_view comment) {
   ColumnInfo column;
@@ -72,6 +71,19 @@ ColumnInfo columnOf(std::string_view name, std::string_view type, std::string_vi
   column.type = typeOf(declared);
   column.size = sizeOf(declared);
   return column;
+}
+
+std::vector<TableInfo> tablesOf(const PgResult& columns) {
+  std::vector<TableInfo> tables;
+  for (int row = 0; row < PQntuples(columns.get()); ++row) {
+    const std::string_view table = cell(columns, row, 4);
+    if (tables.empty() || tables.back().name != table) tables.push_back({std::string(table), {}});
+    if (cell(columns, row, 0) == "zk_row") continue;
+    tables.back().columns.push_back(
+        columnOf(cell(columns, row, 0), cell(columns, row, 1), cell(columns, row, 2)));
+    tables.back().columns.back().orderedAsNumber = cell(columns, row, 3) == "t";
+  }
+  return tables;
 }
 
 }  // namespace
@@ -92,18 +104,23 @@ std::vector<std::string> PostgreSqlEngine::tableNames() {
 }
 
 std::optional<TableInfo> PostgreSqlEngine::tableInfo(std::string_view table) {
-  const std::string key = asciiLower(table);
-  const PgResult columns = link_->query(kColumnQuery, {key});
-  if (PQntuples(columns.get()) == 0) return std::nullopt;
-  TableInfo info;
-  info.name = cell(columns, 0, 4);
-  for (int row = 0; row < PQntuples(columns.get()); ++row) {
-    if (cell(columns, row, 0) == "zk_row") continue;
-    info.columns.push_back(columnOf(cell(columns, row, 0), cell(columns, row, 1), cell(columns, row, 2)));
-    info.columns.back().orderedAsNumber = cell(columns, row, 3) == "t";
-  }
-  link_->tables[key] = info;
-  return info;
+  std::vector<TableInfo> found =
+      tablesOf(link_->query(kColumnsOfTables + " AND c.relname = $1 ORDER BY a.attnum", {asciiLower(table)}));
+  if (found.empty()) return std::nullopt;
+  link_->tables[asciiLower(table)] = found.front();
+  return std::move(found.front());
+}
+
+// By the schema's own tables, as above.
+std::vector<TableInfo> PostgreSqlEngine::tableInfos() {
+  std::vector<TableInfo> found = tablesOf(link_->query(
+      kColumnsOfTables +
+          " AND c.oid IN (SELECT objid FROM pg_depend WHERE refclassid = 'pg_namespace'::regclass AND "
+          "refobjid = current_schema()::regnamespace AND classid = 'pg_class'::regclass) "
+          "ORDER BY c.oid, a.attnum",
+      {}));
+  for (const TableInfo& table : found) link_->tables[asciiLower(table.name)] = table;
+  return found;
 }
 
 }  // namespace zelkor

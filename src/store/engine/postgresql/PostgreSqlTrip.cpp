@@ -1,6 +1,7 @@
 #include <libpq-fe.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <limits>
@@ -84,19 +85,27 @@ void PostgreSqlLink::send(ServerStatement& statement, const PgValues& values, Po
   stream.begin();
 }
 
-PgResult PostgreSqlLink::query(const std::string& sql, const PgValues& values) {
-  openTrip();
-  const auto pointers = pointersTo(values);
-  const std::vector<Oid> types(values.size(), kTextType);
-  PQsendQueryParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), types.data(),
-                    pointers.data(), nullptr, nullptr, 0);
-  PgResult result;
-  PostgreSqlStream stream;
-  stream.begin();
-  awaited_.push_back({.stream = &stream, .whole = &result});
+std::vector<PgResult> PostgreSqlLink::ask(std::span<const ServerQuestion> questions) {
+  std::vector<PgResult> results(questions.size());
+  std::vector<PostgreSqlStream> streams(questions.size());
+  for (std::size_t i = 0; i < questions.size(); ++i) {
+    openTrip();
+    const PgValues& values = questions[i].values;
+    const auto pointers = pointersTo(values);
+    const std::vector<Oid> types(values.size(), kTextType);
+    PQsendQueryParams(connection_.get(), questions[i].sql.c_str(), static_cast<int>(values.size()),
+                      types.data(), pointers.data(), nullptr, nullptr, 0);
+    streams[i].begin();
+    awaited_.push_back({.stream = &streams[i], .whole = &results[i]});
+  }
   readInWhatIsLeft();
-  if (stream.failure) std::rethrow_exception(stream.failure);
-  return result;
+  for (const PostgreSqlStream& stream : streams)
+    if (stream.failure) std::rethrow_exception(stream.failure);
+  return results;
+}
+
+PgResult PostgreSqlLink::query(const std::string& sql, const PgValues& values) {
+  return std::move(ask(std::array{ServerQuestion{sql, values}}).front());
 }
 
 void PostgreSqlLink::ask() {

@@ -64,17 +64,25 @@ bool ServerBooks::hasOwnFunctions() const {
   return std::ranges::find(functions, ownVersion()) != functions.end();
 }
 
-ServerBooks readServerBooks(PostgreSqlLink& server, const std::string& schema) {
-  const PgResult found = server.query(
+ServerQuestion booksQuestion(const std::string& schema) {
+  return {
       "SELECT has_schema_privilege(n.oid, 'USAGE'), coalesce(obj_description(n.oid, 'pg_namespace'), ''), "
       "coalesce(obj_description(p.oid, 'pg_proc'), '') FROM pg_proc p "
       "JOIN pg_namespace n ON n.oid = p.pronamespace WHERE n.nspname = $1 AND p.proname = 'zk_describe'",
-      {schema});
-  if (PQntuples(found.get()) == 0)
+      {schema}};
+}
+
+ServerBooks serverBooksIn(const pg_result* found, const std::string& schema) {
+  if (PQntuples(found) == 0)
     throw RuntimeError(ErrorNumber::UnrecognizedFormat,
                        "服务器上没有账套 '" + schema + "'；请用 zelkorctl create --server 建立。");
-  if (*PQgetvalue(found.get(), 0, 0) != 't') throw noRight("schema " + schema);
-  return {revisionIn(PQgetvalue(found.get(), 0, 1)), versionsIn(PQgetvalue(found.get(), 0, 2))};
+  if (*PQgetvalue(found, 0, 0) != 't') throw noRight("schema " + schema);
+  return {revisionIn(PQgetvalue(found, 0, 1)), versionsIn(PQgetvalue(found, 0, 2))};
+}
+
+ServerBooks readServerBooks(PostgreSqlLink& server, const std::string& schema) {
+  const ServerQuestion question = booksQuestion(schema);
+  return serverBooksIn(server.query(question.sql, question.values).get(), schema);
 }
 
 void layFunctions(PostgreSqlLink& server, const ServerBooks& before) {

@@ -17,7 +17,11 @@ struct ServerBooks {
   bool hasOwnFunctions() const;
 };
 
-/// Error 3343 where the schema holds no account set, 3051 where the session has no right to it.
+/// What asks for the books in the schema, and what its result says. Error 3343 where the schema holds no
+/// account set, 3051 where the session has no right to it.
+ServerQuestion booksQuestion(const std::string& schema);
+ServerBooks serverBooksIn(const pg_result* result, const std::string& schema);
+/// Both at once.
 ServerBooks readServerBooks(PostgreSqlLink& server, const std::string& schema);
 
 /// Lays the functions that translated statements call down in the session's schema, in place of older ones,

@@ -71,7 +71,7 @@ bool hasSchema(PostgreSqlLink& server, const std::string& schema) {
 
 void clearSchema(PostgreSqlLink& server, const std::string& schema) {
   const ServerBooks books = readServerBooks(server, schema);
-  server.run(sessionSettings(schema));
+  server.ask(sessionSettings(schema));
   const PgResult tables = server.query(
       "SELECT string_agg(format('%I.%I', n.nspname, c.relname), ', ') FROM pg_class c "
       "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname = $1 AND c.relkind IN ('r', 'p')",
@@ -89,7 +89,7 @@ void createSchema(PostgreSqlLink& server, const std::string& schema) {
                        "服务器上已有 '" + schema + "'，不能在此处建立账套。");
   server.run(kCreateExtension);
   server.run("CREATE SCHEMA \"" + schema + "\"");
-  server.run(sessionSettings(schema));
+  server.ask(sessionSettings(schema));
   layFunctions(server);
   writeServerRevision(server, schema, currentRevision());
 }

@@ -35,11 +35,7 @@ class ServerResultTest : public StoreTest {
 
   void cutConnection() {
     PostgreSqlEngine other(ServerFile::read(path));
-    other
-        .prepare(
-            "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
-            "query LIKE '%\"n\"%'")
-        ->step();
+    other.prepare(endingSessionsOn("n"))->step();
   }
 
   static constexpr const char* kKeyed = "select lN from n order by lN";

@@ -173,11 +173,7 @@ TEST_F(ServerTest, RowsStayInTheOrderInWhichTheyWereAdded) {
 TEST_F(ServerTest, ACutConnectionIsReportedAndWhatWasDoneStays) {
   db.Execute("insert into t (sNum) values ('1')");
   PostgreSqlEngine other(ServerFile::read(path));
-  other
-      .prepare(
-          "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND "
-          "query LIKE '%\"t\"%'")
-      ->step();
+  other.prepare(endingSessionsOn("t"))->step();
   EXPECT_EQ(errorOf([&] { db.Execute("insert into t (sNum) values ('2')"); }), 57);
   EXPECT_EQ(errorOf([&] { rows("select sNum from t"); }), 57);
   db.Close();

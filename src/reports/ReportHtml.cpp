@@ -28,13 +28,15 @@ constexpr std::string_view kStyle =
     "td.r{text-align:right;font-variant-numeric:tabular-nums}td.c{text-align:center}"
     "tr.t td{font-weight:bold}"
     "tbody td:first-child{position:sticky;left:0;background:#fff}"
+    "thead tr:first-child th:first-child{position:sticky;left:0}"
     "@media screen and (max-width:40em){body{margin:.7em;font-size:.9em}}"
     "@page{margin:12mm;@bottom-center{content:\"第 \" counter(page) \" 页 共 \" counter(pages) \" 页\";"
     "font:9pt \"Noto Sans CJK SC\",sans-serif}}"
     "@media print{body{margin:0}.table{overflow:visible;max-height:none}"
     "table{border-collapse:collapse}th,td{border-width:1px;padding:.2em .4em}th{min-width:3em}"
     "thead{display:table-header-group;position:static}"
-    "td{min-width:0}tr{break-inside:avoid}tr.t{break-before:avoid}tbody td:first-child{position:static}}";
+    "td{min-width:0}tr{break-inside:avoid}tr.t{break-before:avoid}"
+    "tbody td:first-child,thead tr:first-child th:first-child{position:static}}";
 
 // Points, without the margins.
 constexpr double kAcrossA4 = 770;

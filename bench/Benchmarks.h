@@ -8,6 +8,9 @@ namespace zelkor::bench {
 /// The monthly run against its floor; prints one line and gives the run's microseconds per card.
 double benchMonthlyRun(const LargeAccountSet& set);
 
+/// The preview of a month behind one that was run, and the plan of 60 months; prints a line each.
+void benchPlan(const LargeAccountSet& set);
+
 /// The closing of a month against its floor; prints one line and gives the closing's microseconds per card.
 double benchMonthEnd(const LargeAccountSet& set);
 
@@ -48,6 +51,10 @@ void benchExports(const LargeAccountSet& set);
 
 /// The check of a set whose month was run, in a file and, with a server at hand, there; prints one line each.
 void benchBookCheck(const LargeAccountSet& set);
+
+/// A backup of a set in files, and a restore over one of the same size, against the bare copy of both files;
+/// prints one line each.
+void benchBackup(const LargeAccountSet& set);
 
 /// The monthly run of a set on a server against its floor there, with and without forcing to disk what is
 /// committed; prints one line each.

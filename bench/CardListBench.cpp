@@ -166,6 +166,7 @@ int main(int argc, char** argv) {
     const zelkor::bench::LargeAccountSet set(argc > 1 ? std::atol(argv[1]) : 100000);
     zelkor::bench::benchCardList(set);
     zelkor::bench::benchReportView(set);
+    zelkor::bench::benchHome(set);
     return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

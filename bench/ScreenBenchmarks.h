@@ -17,6 +17,9 @@ double residentMegabytes();
 /// the longest.
 double worstPage(FlexGrid& grid, std::vector<double>& pages);
 
+/// The workbench on the set; prints one line.
+void benchHome(const LargeAccountSet& set);
+
 /// The view on a ledger with a line for each card: when its first rows are painted, what a page costs; prints
 /// one line.
 void benchReportView(const LargeAccountSet& set);

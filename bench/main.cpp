@@ -44,6 +44,10 @@ void measure(std::string_view what, long largest) {
     const double middleCost = benchMonthlyRun(middle);
     printGrowth("monthly run      ", large, benchMonthlyRun(large), middle, middleCost);
   }
+  if (all || what == "plan") {
+    benchPlan(large);
+    if (const std::string server = benchServer(); !server.empty()) benchPlan(LargeAccountSet(large, server));
+  }
   if (all || what == "monthend") {
     const double smallCost = benchMonthEnd(small);
     printGrowth("month-end        ", large, benchMonthEnd(large), small, smallCost);
@@ -58,13 +62,15 @@ void measure(std::string_view what, long largest) {
   if (all || what == "reports") benchReports(large);
   if (all || what == "exports") benchExports(large);
   if (all || what == "check") benchBookCheck(large);
+  if (all || what == "backup") benchBackup(large);
 }
 
 }  // namespace
 }  // namespace zelkor::bench
 
-/// zelkor_bench [all|statements|run|monthend|save|register|sheet|billing|reports|exports|check|server|wire|scans|
-/// import] [cards of the largest account set]
+/// zelkor_bench
+/// [all|statements|run|plan|monthend|save|register|sheet|billing|reports|exports|check|backup|server|wire|
+/// scans|import] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

@@ -4,7 +4,7 @@ include(GNUInstallDirs)
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 set(programs zelkorctl)
 if(TARGET zelkor)
-  list(APPEND programs zelkor)
+  list(APPEND programs zelkor zelkor-home)
 endif()
 install(TARGETS ${programs} RUNTIME)
 
@@ -16,6 +16,18 @@ add_custom_command(OUTPUT ${documents}/zelkorctl.1.scd ${documents}/completion
   COMMAND zelkorctl --help-bash > ${documents}/completion
   DEPENDS zelkorctl VERBATIM)
 set(written ${documents}/completion)
+if(TARGET zelkor-home)
+  add_custom_command(OUTPUT ${documents}/zelkor-home.1.scd ${documents}/zelkor-home.completion
+    COMMAND zelkor-home --help-scdoc > ${documents}/zelkor-home.1.scd
+    COMMAND zelkor-home --help-bash > ${documents}/zelkor-home.completion
+    DEPENDS zelkor-home VERBATIM)
+  list(APPEND written ${documents}/zelkor-home.completion)
+  install(FILES ${documents}/zelkor-home.completion DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME zelkor-home)
+  # The menu of the desktop finds it by these.
+  install(FILES packaging/zelkor-home.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES packaging/zelkor.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+endif()
 find_program(SCDOC scdoc)
 if(SCDOC)
   function(manual_page program source)
@@ -25,6 +37,9 @@ if(SCDOC)
   endfunction()
   manual_page(zelkorctl ${documents}/zelkorctl.1.scd)
   manual_page(zelkor ${PROJECT_SOURCE_DIR}/packaging/zelkor.1.scd)
+  if(TARGET zelkor-home)
+    manual_page(zelkor-home ${documents}/zelkor-home.1.scd)
+  endif()
   foreach(program IN LISTS programs)
     list(APPEND written ${documents}/${program}.1.gz)
     install(FILES ${documents}/${program}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

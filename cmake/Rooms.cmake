@@ -1,7 +1,7 @@
 # A room is a folder of src/. Its files build one core library, zelkor_<last name of the folder>, that links no Qt;
 # files whose name begins Frm or frm are screens and build zelkor_<last name of the folder>_forms. A folder below it is
 # part of it, unless that is a room of its own.
-set(ZELKOR_INNER_ROOMS store/engine/sqlite store/engine/postgresql transfer/jet)
+set(ZELKOR_INNER_ROOMS store/engine/sqlite store/engine/postgresql transfer/jet transfer/backup)
 
 add_library(zelkor_options INTERFACE)
 target_compile_options(zelkor_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)

@@ -40,7 +40,7 @@ std::function<void()> screenOr(RunContext& context, const RunTypeJobs& jobs, std
 
 }  // namespace
 
-void addBatchJobs(RunTypeJobs& jobs) {
+void addBatchJobs(RunTypeJobs& jobs, const BeforeJob& before) {
   jobs.add("SyncDepartments", [](RunContext& context, const ScreenProperties&) { SyncDepartments(context); });
   jobs.add("RunMonthDepr", [&jobs](RunContext& context, const ScreenProperties&) {
     RunMonthDepr(context,
@@ -49,14 +49,16 @@ void addBatchJobs(RunTypeJobs& jobs) {
   });
   jobs.add("ShowReconciliation",
            [](RunContext& context, const ScreenProperties&) { ShowReconciliation(context); });
-  jobs.add("ReinitialiseAccount", [](RunContext& context, const ScreenProperties&) {
-    asOnlyJob(context, OnlyJob::Reinitialisation,
-              [&] { ReinitialiseAccount(context.engine, context.gstrZtFile, context.dbZKData); });
+  jobs.add("ReinitialiseAccount", [before](RunContext& context, const ScreenProperties&) {
+    asOnlyJob(context, OnlyJob::Reinitialisation, [&] {
+      if (before) before(context);
+      ReinitialiseAccount(context.engine, context.gstrZtFile, context.dbZKData);
+    });
   });
 }
 
-void addMonthEnd(RunTypeJobs& jobs, std::ostream& output) {
-  jobs.add("frmYMJZ", [&output](RunContext& context, const ScreenProperties&) {
+void addMonthEnd(RunTypeJobs& jobs, std::ostream& output, const BeforeJob& before) {
+  jobs.add("frmYMJZ", [&output, before](RunContext& context, const ScreenProperties&) {
     output << kProcessingText << '\n' << kBackupText << std::endl;
     int shown = 0;
     const auto print = [&](int percent) {
@@ -65,7 +67,10 @@ void addMonthEnd(RunTypeJobs& jobs, std::ostream& output) {
     const auto warn = [](const std::optional<std::string>& failure) {
       if (failure) std::cerr << "月末结账前的备份没有完成，结账照常进行：" << *failure << std::endl;
     };
-    closeMonth(context, {.backup = print, .backupEnded = warn});
+    const auto first = [&] {
+      if (before) before(context);
+    };
+    closeMonth(context, {.backup = print, .backupEnded = warn, .before = first});
     std::cerr << "月末结账没有完成，已做的步骤保留；可再次执行" << std::endl;
     throw EndProgram{1};
   });

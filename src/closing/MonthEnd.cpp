@@ -56,12 +56,13 @@ void closeMonth(RunContext& run, const MonthEndScreens& screens) {
   try {
     const DateTime start = run.clock.now();
     asOnlyJob(run, OnlyJob::Closing, [&] {
+      if (screens.before) screens.before();
       begun = true;
       takeSteps(run, screens);
     });
     tellClosing(run, start);
   } catch (const RuntimeError& error) {
-    if (!begun) throw;  // the lock could not be taken
+    if (!begun) throw;  // the lock could not be taken, or what goes before not be done
     WriteErrorLog(error.number(), error.what(), "cmdStart_Click");
     return;
   }

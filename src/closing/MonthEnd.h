@@ -13,6 +13,8 @@ namespace zelkor {
 struct MonthEndScreens {
   ShowPercent backup;  // called for the first time before the backup begins
   std::function<void(const std::optional<std::string>& failure)> backupEnded;  // as BackInfo gives it
+  // Before all else, when nobody else can begin to close; what it raises, nothing has been done.
+  std::function<void()> before = {};
 };
 
 /// Closes the open month: backs the account set up, reports the reconciliation, carries the ledgers and

@@ -1,12 +1,15 @@
 #include "depreciation/MonthlyDepr.h"
 
 #include <optional>
+#include <string_view>
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
 namespace {
+
+constexpr std::string_view kSumOfYearsDigits = "5";
 
 /// A number of the platform's variant arithmetic, which works in doubles and in which Null goes through every
 /// operation.
@@ -72,8 +75,18 @@ MonthlyDepr sumOfYearsDigits(const DeprBasis& basis) {
 MonthlyDepr monthlyDepr(const DeprBasis& basis) {
   const std::string method = basis.sDeprMethodID.textOrEmpty();
   if (method == "2" || method == "3" || method == "6") return straightLine(basis);
-  if (method == "5") return sumOfYearsDigits(basis);
+  if (method == kSumOfYearsDigits) return sumOfYearsDigits(basis);
   return {};
+}
+
+Currency ledgerAmount(Currency amount) {
+  constexpr std::int64_t kCent = 100;  // ten-thousandths
+  const std::int64_t half = amount < Currency() ? -kCent / 2 : kCent / 2;
+  return Currency::fromScaled((amount + Currency::fromScaled(half)).scaled() / kCent * kCent);
+}
+
+bool countsUsedMonths(const DeprBasis& basis) {
+  return basis.sDeprMethodID.textOrEmpty() == kSumOfYearsDigits;
 }
 
 }  // namespace zelkor

@@ -30,4 +30,10 @@ struct MonthlyDepr {
 /// where a figure leaves its range.
 MonthlyDepr monthlyDepr(const DeprBasis& basis);
 
+/// The amount as the ledger keeps it: two decimals, a half away from zero.
+Currency ledgerAmount(Currency amount);
+
+/// Whether the months used enter the method's formula: otherwise every month comes to the same.
+bool countsUsedMonths(const DeprBasis& basis);
+
 }  // namespace zelkor

@@ -101,6 +101,10 @@ void AccountSetList::read() {
       ++unreadable_;
     }
   }
+  sort();
+}
+
+void AccountSetList::sort() {
   std::ranges::stable_sort(sets_, std::ranges::greater(), &KnownAccountSet::lastUsed);
 }
 
@@ -129,6 +133,7 @@ void AccountSetList::change(const std::function<void()>& action) {
   }
   read();
   action();
+  sort();
   write();
   unreadable_ = 0;
 }

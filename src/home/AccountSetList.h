@@ -41,7 +41,7 @@ class AccountSetList {
   /// Lines of the file that could not be read.
   std::size_t unreadable() const { return unreadable_; }
 
-  /// Puts the set first, or in the place of the same one, and writes the file. Other programs may have
+  /// Takes the set in, in the place of the same one, and writes the file. Other programs may have
   /// written it meanwhile: what they have put in stays. Error 57 when it cannot be written; the list itself
   /// is right then.
   void remember(const KnownAccountSet& set);
@@ -50,6 +50,7 @@ class AccountSetList {
 
  private:
   void read();
+  void sort();
   void change(const std::function<void()>& action);
   void write() const;
 

@@ -2,6 +2,8 @@
 
 #include <sstream>
 
+#include "base/Conversion.h"
+#include "base/Format.h"
 #include "store/accountset/DbEngine.h"
 
 namespace zelkor {
@@ -17,6 +19,9 @@ BookReading readBooks(const BooksPlace& place) {
   reading.facts = readMonthFacts(books, cards);
   reading.month = monthState(reading.facts);
   reading.figures = readFigures(books, cards);
+  // The ledger keeps each card's amount with two decimals, the staged entries have the sum of all four.
+  if (reading.facts.depreciationIsStaged)
+    reading.figures.depreciation = Val(Format(reading.facts.depreciation, "0.00"));
   return reading;
 }
 

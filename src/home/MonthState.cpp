@@ -56,11 +56,11 @@ MonthStep initialisation(const MonthFacts& facts) {
 }
 
 MonthStep archives(const MonthFacts& facts) {
-  MonthStep step{.kind = StepKind::Archives,
-                 .state = StepState::Done,
-                 .counts = sql("末级部门 ", facts.departments, "，类别 ", facts.categories, "，使用状况 ",
-                               facts.statuses),
-                 .commands = runs({3, 4, 2, 13})};
+  MonthStep step{
+      .kind = StepKind::Archives,
+      .state = StepState::Done,
+      .counts = sql("部门 ", facts.departments, "，类别 ", facts.categories, "，状况 ", facts.statuses),
+      .commands = runs({3, 4, 2, 13})};
   if (facts.departments == 0 || facts.categories == 0) {
     step.state = StepState::Open;
     step.note = facts.departments == 0 ? "还没有部门" : "还没有资产类别";

@@ -12,7 +12,11 @@
 #include "ui/Form.h"
 #include "ui/Toolbar.h"
 
+class QPrinter;
+
 namespace zelkor {
+
+class TablePrinter;
 
 /// Shows a report under its name. It can be read and closed; copied, printed and saved by the grid's menu.
 class FrmBBXS final : public Form {
@@ -40,6 +44,8 @@ class FrmBBXS final : public Form {
   void arrangeMenu();
   void copyRows();
   void printReport();
+  void printSeen(TablePrinter& pages, QPrinter& printer);
+  void printUnseen(TablePrinter& pages, QPrinter& printer, std::size_t count);
   void saveReport();
   bool mayReplace(const QString& file);
   FinishedReport finished();

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewDialog>
 #include <QStandardPaths>
@@ -19,6 +20,8 @@
 
 namespace zelkor {
 namespace {
+
+constexpr std::size_t kMostPreviewed = 500;  // pages; a preview of these takes two seconds and 60 MB
 
 struct FileForm {
   const char* format;
@@ -124,7 +127,6 @@ void FrmBBXS::saveReport() {
   });
 }
 
-/// The preview prints by the system's dialog.
 void FrmBBXS::printReport() {
   attempt([this] {
     const PaperTable table = paperTable(finished(), false);
@@ -133,13 +135,35 @@ void FrmBBXS::printReport() {
     printer.setDocName(toQt(table.title));
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(QPageLayout::Landscape);
-    QPrintPreviewDialog preview(&printer, this, Qt::Window);
-    preview.setWindowTitle("打印预览 - " + toQt(table.title));
-    preview.resize(size().expandedTo(preview.sizeHint()));
-    on(&preview, &QPrintPreviewDialog::paintRequested,
-       [&](QPrinter* device) { attempt([&] { pages.print(*device); }); });
-    preview.exec();
+    if (const std::size_t count = pages.pages(printer); count > kMostPreviewed) {
+      printUnseen(pages, printer, count);
+    } else {
+      printSeen(pages, printer);
+    }
   });
+}
+
+/// The preview prints by the system's dialog.
+void FrmBBXS::printSeen(TablePrinter& pages, QPrinter& printer) {
+  QPrintPreviewDialog preview(&printer, this, Qt::Window);
+  preview.setWindowTitle("打印预览 - " + printer.docName());
+  preview.resize(size().expandedTo(preview.sizeHint()));
+  on(&preview, &QPrintPreviewDialog::paintRequested, [&](QPrinter* device) {
+    const BusyCursor busy;
+    attempt([&] { pages.print(*device); });
+  });
+  preview.exec();
+}
+
+/// A preview keeps all its pages in memory.
+void FrmBBXS::printUnseen(TablePrinter& pages, QPrinter& printer, std::size_t count) {
+  run().dialogs.MsgBox("报表共 " + std::to_string(count) + " 页，页数太多，不能预览；可在打印窗口中选页码。",
+                       Buttons::Ok, Icon::Information, "查看报表");
+  QPrintDialog dialog(&printer, this);
+  dialog.setMinMax(1, static_cast<int>(count));
+  if (dialog.exec() != QDialog::Accepted) return;
+  const BusyCursor busy;
+  pages.print(printer);
 }
 
 }  // namespace zelkor

@@ -71,6 +71,10 @@ double TablePrinter::advance(char32_t character, Face face) const {
   return font.advance(font.glyph(character));
 }
 
+std::size_t TablePrinter::pages(const QPrinter& printer) {
+  return PagedTable(table_, sizeOf(printer), widths_).pages();
+}
+
 void TablePrinter::print(QPrinter& printer) {
   printer.setFullPage(true);  // the pages have margins of their own
   const PagedTable paged(table_, sizeOf(printer), widths_);

@@ -18,6 +18,8 @@ class TablePrinter {
  public:
   explicit TablePrinter(const PaperTable& table) : table_(table) {}
 
+  /// How many there are on that paper.
+  std::size_t pages(const QPrinter& printer);
   /// All pages, or those that were asked for.
   void print(QPrinter& printer);
 

@@ -20,8 +20,10 @@ constexpr double kTwipsPerCharacter = 110;  // of a column's width in the workbo
 constexpr double kNarrowest = 8;
 constexpr double kWidest = 60;
 constexpr double kWidestOnPage = 240;  // characters; in more no print can be read
-constexpr double kCellPadding = 2;     // characters; a number that does not fit is shown as a row of hashes
-constexpr double kSeparatorRoom = 4;   // characters, that separated thousands and decimals may add
+constexpr double kWidestBeside =
+    165;                            // where pages stand side by side, whatever font takes the place of 宋体
+constexpr double kCellPadding = 2;  // characters; a number that does not fit is shown as a row of hashes
+constexpr double kSeparatorRoom = 4;          // characters, that separated thousands and decimals may add
 constexpr std::size_t kMostRows = 1'048'576;  // of a sheet
 constexpr std::size_t kMostColumns = 16'384;
 // Merged cells do not make their row as high as their letters are.
@@ -85,7 +87,8 @@ class SheetWriter {
             .firstHeader = captions_.size() + 1,
             .lastHeader = lastHeader(),
             .filter = filterCells("$"),
-            .wide = wide_};
+            .wide = wide_,
+            .pageColumns = pageColumns_};
   }
 
   void write(bool first) {
@@ -143,6 +146,26 @@ class SheetWriter {
     double all = 0;
     for (Column& column : columns_) all += column.width = widthOf(column.inGrid);
     wide_ = all > kWidestOnPage;
+    if (wide_) findPages();
+  }
+
+  /// Columns under one caption stay on one page.
+  void findPages() {
+    double used = columns_.front().width;
+    for (std::size_t first = 1; first < columns_.size();) {
+      std::size_t end = first;
+      double width = 0;
+      const std::size_t last = spanOf(0, columns_[first].inGrid).lastColumn;
+      for (; end < columns_.size() && (end == first || columns_[end].inGrid <= last); ++end) {
+        width += columns_[end].width;
+      }
+      if (used + width > kWidestBeside && used > columns_.front().width) {
+        pageColumns_.push_back(first);
+        used = columns_.front().width;
+      }
+      used += width;
+      first = end;
+    }
   }
 
   void writeColumns() {
@@ -254,7 +277,7 @@ class SheetWriter {
     line_ += "</v></c>";
   }
 
-  /// The title and the lines below it over the whole width, and captions over several cells.
+  /// The title and the lines below it over the width of the first page, and captions over several cells.
   void writeMerges() {
     std::string cells;
     std::size_t count = 0;
@@ -264,7 +287,8 @@ class SheetWriter {
       ++count;
     };
     for (std::size_t i = 1; i <= captions_.size() && !columns_.empty(); ++i) {
-      merge("A" + std::to_string(i), columns_.back().letters + std::to_string(i));
+      const std::size_t end = pageColumns_.empty() ? columns_.size() : pageColumns_.front();
+      merge("A" + std::to_string(i), columns_[end - 1].letters + std::to_string(i));
     }
     for (std::size_t row = 0; row < grid_.headerRows(); ++row) {
       for (const Column& column : columns_) {
@@ -292,8 +316,9 @@ class SheetWriter {
   std::vector<std::string> captions_;  // the title first
   std::vector<Column> columns_;        // that are shown
   bool wide_ = false;                  // for one page
-  std::size_t rows_ = 0;               // that are written
-  std::string number_;                 // of the row that is being written
+  std::vector<std::size_t> pageColumns_;
+  std::size_t rows_ = 0;  // that are written
+  std::string number_;    // of the row that is being written
   std::string line_;
 };
 

@@ -143,6 +143,16 @@ std::string headerFooter(const WorkbookSheet& sheet, const SheetMargins& margins
          (sheet.wide ? "" : "<firstFooter>" + footer + "</firstFooter>") + "</headerFooter>";
 }
 
+std::string columnBreaks(const std::vector<std::size_t>& columns) {
+  if (columns.empty()) return {};
+  const std::string count = std::to_string(columns.size());
+  std::string breaks = "<colBreaks count=\"" + count + "\" manualBreakCount=\"" + count + "\">";
+  for (const std::size_t column : columns) {
+    breaks += "<brk id=\"" + std::to_string(column) + "\" max=\"1048575\" man=\"1\"/>";
+  }
+  return breaks + "</colBreaks>";
+}
+
 /// "_x0041_": the number of a character, in whose place readers put the character.
 bool beginsWithEscape(std::string_view text) {
   constexpr std::size_t kDigits = 4;
@@ -190,7 +200,7 @@ std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins) {
       R"(<pageMargins left="0.5" right="0.5" top="0.75" bottom="0.75" header="0.3" footer="0.3"/>)"
       R"(<pageSetup paperSize="9" orientation="landscape")";
   return setup + (sheet.wide ? R"( scale="65" pageOrder="overThenDown")" : R"( fitToHeight="0")") + "/>" +
-         headerFooter(sheet, margins) + "</worksheet>";
+         headerFooter(sheet, margins) + columnBreaks(sheet.pageColumns) + "</worksheet>";
 }
 
 std::string marginText(std::string_view text) {

@@ -28,8 +28,9 @@ struct WorkbookSheet {
   std::string name;
   std::size_t firstHeader = 0;  // rows that are on every page, from 1; none where the last is before
   std::size_t lastHeader = 0;
-  std::string filter = {};  // the cells of a list, "$A$5:$K$90"; empty for what is none
-  bool wide = false;        // goes on on pages beside, which begin with the first column
+  std::string filter = {};                    // the cells of a list, "$A$5:$K$90"; empty for what is none
+  bool wide = false;                          // goes on on pages beside, which begin with the first column
+  std::vector<std::size_t> pageColumns = {};  // from 0, those at which these begin
 };
 
 /// What a sheet's pages say in their margins.

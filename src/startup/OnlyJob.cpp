@@ -33,6 +33,8 @@ std::string_view nameOf(OnlyJob job) {
       return "“成批减少资产”";
     case OnlyJob::WorkloadImport:
       return "“导入工作量”";
+    case OnlyJob::Restore:
+      return "“从备份恢复”";
   }
   return "另一项作业";  // of a newer program
 }

@@ -18,6 +18,7 @@ enum class OnlyJob : char {
   SheetImport = 's',
   Disposals = 'd',
   WorkloadImport = 'w',
+  Restore = 'b',  // of a backup; whoever does it takes the lock by itself
 };
 
 /// One sentence: which job the account set is busy with, whose and since when, as far as it is known.

@@ -1,8 +1,5 @@
 #include "transfer/EngineSource.h"
 
-#include <set>
-#include <tuple>
-
 #include "base/RuntimeError.h"
 #include "store/accountset/DataFile.h"
 #include "transfer/CellReading.h"
@@ -10,19 +7,6 @@
 
 namespace zelkor {
 namespace {
-
-/// Keeps problems, each once.
-class ProblemList {
- public:
-  void add(const TransferProblem& problem) {
-    if (known_.emplace(problem.table, problem.row, problem.column).second) problems.push_back(problem);
-  }
-
-  std::vector<TransferProblem> problems;
-
- private:
-  std::set<std::tuple<std::string, std::int64_t, std::string>> known_;
-};
 
 class EngineRows final : public RowReader {
  public:
@@ -74,41 +58,45 @@ class EngineRows final : public RowReader {
   std::int64_t row_ = 0;
 };
 
-class EngineSource final : public TransferSource {
- public:
-  explicit EngineSource(std::unique_ptr<Engine> engine)
-      : engine_(std::move(engine)), source_(engine_->storedTables()) {
-    engine_->run(source_->beginReading());
-    tables_ = readTables(*engine_, *source_, problems_.problems);
-  }
-
-  const std::vector<TableDef>& tables() const override { return tables_; }
-
-  std::unique_ptr<RowReader> rows(const TableDef& table) override {
-    return std::make_unique<EngineRows>(*engine_, *source_, table, problems_);
-  }
-
-  std::int64_t lastCounter(const TableDef& table) override {
-    for (const dialect::ColumnInfo& column : table.info.columns)
-      if (column.type == dialect::ColumnType::Counter) return source_->lastCounter(table.info, column.name);
-    return 0;
-  }
-
-  int booksRevision() override { return engine_->booksRevision(); }
-
-  const std::vector<TransferProblem>& problems() const override { return problems_.problems; }
-
- private:
-  std::unique_ptr<Engine> engine_;
-  std::unique_ptr<StoredTables> source_;
-  std::vector<TableDef> tables_;
-  ProblemList problems_;
-};
-
 }  // namespace
 
+EngineSource::EngineSource(std::unique_ptr<Engine> engine)
+    : engine_(std::move(engine)), source_(engine_->storedTables()) {}
+
+void EngineSource::begin(const std::string& shared) {
+  engine_->run(source_->beginReading(shared));
+}
+
+void EngineSource::readDefinitions() {
+  tables_ = readTables(*engine_, *source_, problems_.problems);
+}
+
+std::unique_ptr<RowReader> EngineSource::rows(const TableDef& table) {
+  return std::make_unique<EngineRows>(*engine_, *source_, table, problems_);
+}
+
+std::int64_t EngineSource::lastCounter(const TableDef& table) {
+  for (const dialect::ColumnInfo& column : table.info.columns)
+    if (column.type == dialect::ColumnType::Counter) return source_->lastCounter(table.info, column.name);
+  return 0;
+}
+
+std::int64_t EngineSource::countRows(const TableDef& table) {
+  engine_->run(source_->beginTable());
+  std::int64_t rows = 0;
+  {
+    const auto count = engine_->prepare("SELECT count(*) FROM " + engine_->words().quoted(table.info.name));
+    if (count->step()) rows = count->integer(0);
+  }
+  engine_->run(source_->endTable());
+  return rows;
+}
+
 std::unique_ptr<TransferSource> openSource(const std::string& path) {
-  return std::make_unique<EngineSource>(openDataFileForReading(path));
+  auto source = std::make_unique<EngineSource>(openDataFileForReading(path));
+  source->begin();
+  source->readDefinitions();
+  return source;
 }
 
 }  // namespace zelkor

@@ -5,7 +5,6 @@
 #include "base/RuntimeError.h"
 #include "startup/ProgramEnd.h"
 #include "ui/Form.h"
-#include "ui/KeysAhead.h"
 #include "ui/WindowPlace.h"
 
 namespace zelkor {
@@ -61,11 +60,7 @@ void FormHost::showModal(Form& form) {
   form.onClosed([&loop] { loop.quit(); });
   form.setWindowModality(Qt::ApplicationModal);
   openInFront(form);
-  std::optional<KeysAhead> ahead;
-  if (!sought_.isEmpty() && form.beginSearch(sought_)) {
-    sought_.clear();
-    ahead.emplace(form);
-  }
+  if (!sought_.isEmpty() && form.beginSearch(sought_)) sought_.clear();
   // Showing it may have closed it or ended the program; a loop that begins then would never be left.
   if (!endStatus_ && form.isVisible()) loop.exec();
   form.onClosed({});

@@ -67,6 +67,12 @@ constexpr Chapter kChapters[] = {
     {"FrmBB", 17},
     {"FrmBBTJ", 17},
     {"FrmBBXS", 17},
+    {"FrmHome", 22},
+    {"FrmAccountSets", 22},
+    {"FrmNewAccountSet", 22},
+    {"FrmLogin", 22},
+    {"FrmConfirmName", 22},
+    {"FrmEndDetail", 22},
 };
 
 /// Where the package puts the guide, and where it lies in a checkout.

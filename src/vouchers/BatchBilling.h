@@ -20,7 +20,8 @@ namespace line_column {
 enum : std::size_t { Date = 1, Sign, BillSign, Number, Side, Amount, Subject, RowId = 13 };
 }
 
-/// The query of the staged credit lines, one for each event, of the month of that date that are on no voucher.
+/// The query of the staged credit lines, one for each event, of the month of that date that are on no
+/// voucher.
 std::string stagedEventsQuery(DateTime opDate);
 
 /// The work behind batch billing: its two grids and the making of a voucher from what is chosen in them. Rows

@@ -175,5 +175,36 @@ TEST_F(JobCallsTest, VouchersAreMadeListedAndDeleted) {
   }
 }
 
+// What they write is a table's matter; here where it goes, and that the books stay as they are.
+TEST_F(JobCallsTest, PreviewAndPlanWriteWhereTheyAreTold) {
+  const std::string before = readFile(file()) + readFile(file("set", "ZkSystem.Mdb"));
+  EXPECT_THAT(done({"run", arguments("8"), "--preview"}),
+              AllOf(StartsWith("按部门\n期间：2020.01\n说明：一月不与上年十二月比较"), HasSubstr("284.40")));
+  EXPECT_THAT(done({"plan", arguments("8"), "--months", "2", "--by", "card", "--format", "csv"}),
+              AllOf(StartsWith("折旧计划（按卡片）\r\n"), EndsWith("合计,,,,,,,,284.40,284.40,568.80\r\n")));
+  const auto plan = nlohmann::json::parse(
+      done({"plan", "--set", home / "set", "--date", "2020-01-31", "--months", "1", "--format", "json"}));
+  EXPECT_EQ(plan["total"]["amounts"][0], 284.4);
+  EXPECT_EQ(plan["departments"][0]["number"], "301");
+  for (const Words& call : {Words{"run", arguments("8"), "--preview"}, Words{"plan", arguments("8")}}) {
+    Words workbook = call;
+    workbook.insert(workbook.end(), {"--format", "xlsx"});
+    EXPECT_EQ(ctl(workbook).status, 2);
+    const std::string name = home / (call.front() + ".xlsx");
+    workbook.insert(workbook.end(), {"--out", name});
+    EXPECT_EQ(done(workbook), "");
+    EXPECT_THAT(readFile(name), StartsWith("PK"));
+    workbook.back() = file();
+    EXPECT_EQ(ctl(workbook).status, 1);
+  }
+  EXPECT_EQ(ctl({"run", arguments("20"), "--preview"}).errors, "--preview 只用于运行类型 8 计提折旧\n");
+  const std::string changes = fileOf("changes.csv", "业务,日期,卡片编号\n减少,2020-02-01,00009\n");
+  const ProgramResult refused = ctl({"plan", arguments("8"), "--with", changes});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.errors, "第2行，列“卡片编号”：没有卡片“00009”\n");
+  EXPECT_TRUE(readFile(file()) + readFile(file("set", "ZkSystem.Mdb")) == before);
+  EXPECT_FALSE(std::filesystem::exists(file() + "-wal"));
+}
+
 }  // namespace
 }  // namespace zelkor::test

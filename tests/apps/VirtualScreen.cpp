@@ -101,8 +101,15 @@ std::string VirtualScreen::tool(const std::string& arguments) const {
 }
 
 std::string VirtualScreen::windowOf(const std::string& title) const {
-  const std::string found = tool("search --sync " + windowsTitled(title));
-  return found.substr(0, found.find('\n'));
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  for (;;) {
+    try {
+      const std::string found = tool("search --sync " + windowsTitled(title));
+      return found.substr(0, found.find('\n'));
+    } catch (const std::runtime_error&) {  // also where another window went while it was looked at
+      if (std::chrono::steady_clock::now() > end) throw;
+    }
+  }
 }
 
 void VirtualScreen::focus(const std::string& title) const {

@@ -77,14 +77,18 @@ std::string Desk::nextReason() {
   return sql("desk ", number_, " sheet ", ++reasons_);
 }
 
-/// A card to be transferred is taken from the list, any other is typed.
+/// A card to be transferred is taken from the list, any other is typed. A list that another desk has made old
+/// meanwhile, by a card of the same number, is read again.
 void Desk::load(ChangeSheets& sheets, const std::string& cardNum, ChangeSheet& sheet) {
   if (sheets.kind() != ChangeKind::Transfer) {
     sheets.loadCard(CardKey::CardNumber, cardNum, sheet);
     return;
   }
-  const auto version = versionInForce(context_.dbZKData, cardNum, context_.gdOpDate);
-  if (version) sheets.pickCard(transferListRow(context_.dbZKData, *version), sheet);
+  constexpr int kMostReadings = 5;
+  for (int reading = 0; reading < kMostReadings; ++reading) {
+    const auto version = versionInForce(context_.dbZKData, cardNum, context_.gdOpDate);
+    if (version && sheets.pickCard(transferListRow(context_.dbZKData, *version), sheet).done()) return;
+  }
 }
 
 void Desk::fill(ChangeKind kind, ChangeSheet& sheet) {

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -189,6 +190,19 @@ TEST_F(FrmBBXSTest, printsThePagesThatTheDocumentHas) {
   EXPECT_EQ(saved.second, 4);
   EXPECT_EQ(figuresOf(file("printed.pdf")), saved);
   EXPECT_EQ(figuresOf(file("third.pdf")).second, 1);
+}
+
+/// A preview would keep them all.
+TEST_F(FrmBBXSTest, previewsNoThousandsOfPages) {
+  ReportView view = report();
+  for (int row = 0; row < 15'000; ++row) view.grid.addRow({"一车间", "1234.50"});
+  FrmBBXS& form = open(std::move(view));
+  tells("报表共 556 页，页数太多，不能预览；可在打印窗口中选页码。", Icon::Information, "查看报表");
+  inModalForm([](QWidget& window) {
+    EXPECT_EQ(dynamic_cast<QPrintDialog&>(window).maxPage(), 556);
+    window.close();
+  });
+  press(form, "mnuPopPrint");
 }
 
 TEST_F(FrmBBXSTest, endsTheProcessWhenNoHeightIsLeftForTheGrid) {

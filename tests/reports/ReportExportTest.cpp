@@ -200,7 +200,11 @@ TEST(ReportExportTest, WritesASheetForEachReport) {
         "<autoFilter ref=\"A4:B5\"/>", "<oddFooter>&amp;L制表人：陈会计&amp;C第 &amp;P 页 共 &amp;N 页"}) {
     EXPECT_NE(first.find(piece), std::string::npos) << piece << "\nin\n" << first;
   }
-  EXPECT_NE(partOf(directory / "a.xlsx", "xl/worksheets/sheet2.xml").find("overThenDown"), std::string::npos);
+  const std::string second = partOf(directory / "a.xlsx", "xl/worksheets/sheet2.xml");
+  for (const char* piece : {"overThenDown", "<colBreaks count=\"1\" manualBreakCount=\"1\"><brk id=\"4\" ",
+                            "<mergeCell ref=\"A1:D1\"/>"}) {
+    EXPECT_NE(second.find(piece), std::string::npos) << piece << "\nin\n" << second;
+  }
   const std::string workbook = partOf(directory / "a.xlsx", "xl/workbook.xml");
   EXPECT_NE(workbook.find("localSheetId=\"1\">'一览'!$A:$A,'一览'!$4:$5<"), std::string::npos) << workbook;
 }

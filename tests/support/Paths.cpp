@@ -18,6 +18,10 @@ std::string zelkorProgram() {
   return ZELKOR_PROGRAM;
 }
 
+std::string zelkorHomeProgram() {
+  return ZELKOR_HOME_PROGRAM;
+}
+
 std::filesystem::path pictureFolder() {
   return ZELKOR_PICTURES;
 }

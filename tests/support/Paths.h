@@ -12,6 +12,7 @@ std::filesystem::path dataFolder();
 /// The programs of this build.
 std::string zelkorctlProgram();
 std::string zelkorProgram();
+std::string zelkorHomeProgram();
 /// Where pictures of screens are kept as output of the build.
 std::filesystem::path pictureFolder();
 

@@ -43,6 +43,7 @@ std::filesystem::path newErrorFile(const std::filesystem::path& home) {
   }
   ::setenv("TMPDIR", home.c_str(), 1);
   ::setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
+  ::setenv("XDG_CONFIG_HOME", home.c_str(), 1);
   ::setenv("QT_QPA_PLATFORM", display.empty() ? "offscreen" : "xcb", 1);
   if (!display.empty()) ::setenv("DISPLAY", display.c_str(), 1);
   std::vector<char*> words{const_cast<char*>(program.c_str())};

@@ -8,6 +8,7 @@
 #include "depreciation/RunMonthDepr.h"
 #include "depreciation/Workload.h"
 #include "store/engine/Statement.h"
+#include "support/KeptPromise.h"
 
 namespace zelkor::test {
 namespace {
@@ -131,8 +132,13 @@ void YearBooks::enterWorkload(const std::string& number, double work) {
 
 // The month.
 
+/// The run keeps what its preview and a plan have promised.
 void YearBooks::runMonth() {
+  const RunPreview preview = previewMonthDepr(db(), context_.gdOpDate);
+  const auto [cards, planned] = firstMonths(preview, planDepr(db(), context_.gdOpDate, 12));
   RunMonthDepr(context_, {.depreciationList = [] {}, .allocationTable = [] {}});
+  if (promisedLines(preview) != bookedLines(context_, preview)) dialogs_.note("booked, and not as previewed");
+  if (cards != planned) dialogs_.note("not as planned");
 }
 
 void YearBooks::closeMonth() {

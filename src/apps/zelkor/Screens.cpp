@@ -1,5 +1,7 @@
 #include "apps/zelkor/Screens.h"
 
+#include <memory>
+
 #include "archives/FrmDepartment.h"
 #include "archives/FrmDepartPzCode.h"
 #include "archives/FrmFLBMB.h"
@@ -10,12 +12,15 @@
 #include "changes/FrmFABalance.h"
 #include "closing/frmDelZC.h"
 #include "closing/frmYMJZ.h"
+#include "depreciation/frmGZL.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
 #include "reports/FrmBB.h"
 #include "store/settings/FrmInit.h"
 #include "store/settings/FrmXUANXIANG.h"
+#include "vouchers/ClsBLLPZType.h"
 #include "vouchers/FrmBatBill.h"
+#include "vouchers/FrmEditPZType.h"
 #include "vouchers/FrmQueryPZ.h"
 
 namespace zelkor {
@@ -67,6 +72,12 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("frmZJQD", showing<frmZJQD>(host));
   jobs.add("frmZJQD modal", showingModal<frmZJQD>(host));
   jobs.add("FrmBB", showing<FrmBB>(host));
+  jobs.add("frmGZL", showing<frmGZL>(host));
+  const auto voucherTypes = std::make_shared<ClsBLLPZType>(host.run().engine);
+  jobs.add("FrmEditPZType", [&host, voucherTypes](RunContext& context, const ScreenProperties&) {
+    voucherTypes->setZkDataPath(context.gstrZtFile);
+    host.show<FrmEditPZType>(*voucherTypes);
+  });
 }
 
 }  // namespace zelkor

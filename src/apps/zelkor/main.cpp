@@ -1,8 +1,6 @@
 #include "startup/Main.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <iostream>
 #include <QApplication>
 #include <QSocketNotifier>
 #include <QStringList>
@@ -16,41 +14,22 @@
 #include "startup/SingleInstance.h"
 #include "ui/FormHost.h"
 #include "ui/QtDialogs.h"
-#include "ui/Theme.h"
+#include "ui/Texts.h"
+#include "ui/WindowProgram.h"
 
 namespace zelkor {
 namespace {
 
-/// The argument string: what stands behind the program's name, whole, as the suite's shell hands it over.
-std::string argumentString() {
-  return QCoreApplication::arguments().mid(1).join(' ').toStdString();
-}
-
-/// Asked before Qt is, which aborts the process where it finds no display.
-bool displayIsMissing() {
-  const auto unset = [](const char* name) { return qEnvironmentVariableIsEmpty(name); };
-  return unset("DISPLAY") && unset("WAYLAND_DISPLAY") && unset("QT_QPA_PLATFORM");
-}
-
-void tellNoWindow(const std::string& why) {
-  std::cerr << "zelkor: " << why << "，不能打开窗口；批处理运行类型可用 zelkorctl run" << std::endl;
-}
-
-/// What Qt was told about the screen.
-std::string displaySettings() {
-  QStringList settings;
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-    if (!qEnvironmentVariableIsEmpty(name)) settings << QString(name) + "=" + qEnvironmentVariable(name);
+/// What stands behind the program's name. The argument string is what is there, whole, as the suite's shell
+/// hands it over; before it may stand a screen that no run type starts: "--screen workload".
+void startAsAsked(RunContext& context, const RunTypeJobs& jobs, SingleInstance& instance) {
+  const QStringList words = QCoreApplication::arguments().mid(1);
+  const auto becomeOnly = [&instance] { return instance.acquire(); };
+  if (words.size() > 1 && words.front() == "--screen") {
+    startExtraScreen(context, fromQt(words[1]), fromQt(words.mid(2).join(' ')), jobs, becomeOnly);
+  } else {
+    Main(context, fromQt(words.join(' ')), jobs, becomeOnly);
   }
-  return settings.join("，").toStdString();
-}
-
-/// Qt aborts the process, after several lines, where it finds no way to a screen. In force while it looks for
-/// one: then the process ends with a sentence and a status instead.
-void giveUpOrderly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
-  if (type != QtFatalMsg) return;
-  tellNoWindow("不能连接显示器（" + displaySettings() + "）");
-  std::_Exit(1);
 }
 
 bool anyFormIsShown() {
@@ -66,8 +45,8 @@ int runModule() {
   context.programFolder = programFolder();
   writeOutBeforeShowing(context);
 
-  FormHost host(context, [](int status) { QCoreApplication::exit(status); });
   RunTypeJobs jobs;
+  FormHost host(context, [](int status) { QCoreApplication::exit(status); });
   addBatchJobs(jobs);
   addScreens(jobs, host);
   QSocketNotifier endSignal(endSignalDescriptor(), QSocketNotifier::Read);
@@ -76,7 +55,7 @@ int runModule() {
     host.dispatch(goOnUnlessSignalled);
   });
   SingleInstance instance;
-  host.dispatch([&] { Main(context, argumentString(), jobs, [&instance] { return instance.acquire(); }); });
+  host.dispatch([&] { startAsAsked(context, jobs, instance); });
   if (const auto status = host.endStatus()) return *status;
   return anyFormIsShown() ? QApplication::exec() : 0;
 }
@@ -85,16 +64,6 @@ int runModule() {
 }  // namespace zelkor
 
 int main(int argc, char** argv) {
-  zelkor::catchEndSignals();
-  if (zelkor::displayIsMissing()) {
-    zelkor::tellNoWindow("没有显示器（DISPLAY 未设置）");
-    return 1;
-  }
-  zelkor::ignoreDesktopSettings();
-  qInstallMessageHandler(zelkor::giveUpOrderly);
-  QApplication application(argc, argv);
-  qInstallMessageHandler(nullptr);
-  QApplication::setApplicationName("Zelkor");
-  zelkor::applyTheme(application);
-  return zelkor::runModule();
+  return zelkor::runWindowProgram(argc, argv, "zelkor", "批处理运行类型可用 zelkorctl run",
+                                  zelkor::runModule);
 }

@@ -42,9 +42,19 @@ struct Asked {
   std::string charset;
   bool check = false;
 
+  std::string to;
+  std::string keep;
+  std::string label;
+  std::string backup;
+
   int newType = 1;
   std::string answers;
   bool yes = false;
+  bool preview = false;
+
+  int months = 12;
+  std::string with;
+  std::string by;
 
   bool merge = false;
   std::string subjects;

@@ -46,8 +46,16 @@ std::string jobsProblem(const std::string& text) {
   return rangeProblem(text, 1, 1000);
 }
 
+std::string keepProblem(const std::string& text) {
+  return rangeProblem(text, 1, 100'000);
+}
+
 std::string monthProblem(const std::string& text) {
   return rangeProblem(text, 1, 12);
+}
+
+std::string monthsProblem(const std::string& text) {
+  return rangeProblem(text, 1, 1200);
 }
 
 std::string runTypeProblem(const std::string& text) {

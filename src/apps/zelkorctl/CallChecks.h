@@ -13,7 +13,10 @@ std::string answersProblem(const std::string& text);
 std::string serverProblem(const std::string& text);
 std::string yearProblem(const std::string& text);
 std::string jobsProblem(const std::string& text);
+/// How many backups are kept.
+std::string keepProblem(const std::string& text);
 std::string monthProblem(const std::string& text);
+std::string monthsProblem(const std::string& text);
 std::string runTypeProblem(const std::string& text);
 
 }  // namespace zelkor

@@ -1,7 +1,9 @@
 #include "apps/zelkorctl/CallTable.h"
 
 #include <algorithm>
+#include <iterator>
 
+#include "apps/zelkorctl/BackupCommands.h"
 #include "apps/zelkorctl/CallChecks.h"
 #include "apps/zelkorctl/CheckCommand.h"
 #include "apps/zelkorctl/Commands.h"
@@ -9,15 +11,14 @@
 #include "apps/zelkorctl/EachCommand.h"
 #include "apps/zelkorctl/ImportCommand.h"
 #include "apps/zelkorctl/JobArguments.h"
+#include "apps/zelkorctl/JobParameters.h"
 #include "apps/zelkorctl/ReportCommands.h"
+#include "apps/zelkorctl/RunCalls.h"
 #include "apps/zelkorctl/StatusCommand.h"
 #include "apps/zelkorctl/VoucherCommands.h"
-#include "base/Text.h"
 
 namespace zelkor {
 namespace {
-
-using Parameters = std::vector<Parameter>;
 
 TransferOptions transferOf(const Asked& asked) {
   return {.source = asked.file,
@@ -25,15 +26,6 @@ TransferOptions transferOf(const Asked& asked) {
           .server = asked.server,
           .schema = asked.schema,
           .check = asked.check};
-}
-
-TerminalDialogs::Options dialogsOf(const Asked& asked) {
-  TerminalDialogs::Options options;
-  options.yesToAll = asked.yes;
-  if (asked.answers.empty()) return options;
-  options.answers.emplace();
-  for (const std::string& word : Split(asked.answers, ',')) options.answers->push_back(*answerFromWord(word));
-  return options;
 }
 
 int create(const Asked& asked, std::ostream& output, std::ostream&) {
@@ -71,16 +63,6 @@ int importChanges(const Asked& asked, std::ostream& output, std::ostream&) {
 
 int importWork(const Asked& asked, std::ostream& output, std::ostream& problems) {
   return importWorkloadCommand(jobOf(asked, 8), asked.file, output, problems);
-}
-
-int run(const Asked& asked, std::ostream& output, std::ostream&) {
-  JobRun job = jobOf(asked, asked.runType);
-  job.dialogs = dialogsOf(asked);
-  return runCommand(job, output);
-}
-
-int each(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return eachCommand({.place = asked.place, .jobs = asked.jobs, .words = asked.words}, output, problems);
 }
 
 int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {
@@ -127,39 +109,6 @@ int sql(const Asked& asked, std::ostream& output, std::ostream&) {
 
 int translate(const Asked& asked, std::ostream& output, std::ostream&) {
   return translateCommand(asked.statement, asked.engine, output);
-}
-
-/// What every job takes, before its own parameters.
-Parameters job(Parameters own) {
-  Parameters all{{.name = "ARGSTRING",
-                  .field = &Asked::arguments,
-                  .text = "参数串：数据文件,操作员,操作日期,运行类型,系统文件,账套号；用 --set 时省去",
-                  .with = With::ArgumentString}};
-  std::ranges::copy_if(own, std::back_inserter(all), [](const Parameter& one) { return !one.isOption(); });
-  const Parameters common{{.name = "--set",
-                           .field = &Asked::set,
-                           .text = "账套所在目录，或其数据文件（系统文件在同一目录）；代替参数串",
-                           .value = "DIR",
-                           .with = With::Both},
-                          {.name = "--date",
-                           .field = &Asked::date,
-                           .text = "操作日期 yyyy-mm-dd；不给出时为未结账月份的最后一天",
-                           .value = "DATE",
-                           .check = dateProblem,
-                           .needs = "--set"},
-                          {.name = "--user",
-                           .field = &Asked::user,
-                           .text = "操作员；不给出时为系统登录名",
-                           .value = "NAME",
-                           .needs = "--set"},
-                          {.name = "--today",
-                           .field = &Asked::today,
-                           .text = "当作今天的日期 yyyy-mm-dd",
-                           .value = "DATE",
-                           .check = dateProblem}};
-  std::ranges::copy_if(own, std::back_inserter(all), &Parameter::isOption);
-  std::ranges::copy(common, std::back_inserter(all));
-  return all;
 }
 
 /// What the calls take that write a new data file.
@@ -246,68 +195,59 @@ std::vector<Call> setCalls() {
            .run = translate}};
 }
 
-std::vector<Call> jobCalls() {
+std::vector<Call> importCalls() {
   return {
       {.name = "cards import",
        .text = "导入固定资产卡片",
-       .parameters =
-           job({{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件，列名为卡片项目"},
-                {.name = "--new-type",
-                 .field = &Asked::newType,
-                 .text = "1 原始卡片，2 本月新增",
-                 .value = "TYPE",
-                 .words = {"1", "2"}}}),
+       .parameters = jobAfterBackup(
+           {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件，列名为卡片项目"},
+            {.name = "--new-type",
+             .field = &Asked::newType,
+             .text = "1 原始卡片，2 本月新增",
+             .value = "TYPE",
+             .words = {"1", "2"}}}),
        .example = "zelkorctl cards import register.csv --set books",
        .run = importRegister},
       {.name = "sheets import",
        .text = "成批保存变动单",
-       .parameters =
-           job({{.name = "FILE",
-                 .field = &Asked::file,
-                 .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
+       .parameters = jobAfterBackup(
+           {{.name = "FILE",
+             .field = &Asked::file,
+             .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
        .example = "zelkorctl sheets import changes.csv --set books",
        .run = importChanges},
       {.name = "workload import",
        .text = "录入工作量法资产的本月工作量",
-       .parameters = job(
+       .parameters = jobAfterBackup(
            {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件：卡片编号,本月工作量"}}),
        .example = "zelkorctl workload import work.csv --set books",
-       .run = importWork},
+       .run = importWork}};
+}
+
+std::vector<Call> jobCalls() {
+  return {
       {.name = "status",
        .text = "显示本月各步骤做到哪里、下一步是什么，以及原值、累计折旧、净值、本月折旧",
-       .parameters = job({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"}}),
+       .parameters = jobParameters({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"}}),
        .example = "zelkorctl status --set books",
        .run = status},
-      {.name = "run",
-       .text = "在终端中执行批处理运行类型：8 计提折旧，20 月末结账，21 对账，23 重新初始化",
-       .parameters = job({{.name = "RUNTYPE",
-                           .field = &Asked::runType,
-                           .text = "运行类型，与 --set 一起用",
-                           .check = runTypeProblem,
-                           .with = With::Set},
-                          {.name = "--answers",
-                           .field = &Asked::answers,
-                           .text = "依次的回答：y 是，n 否，o 确定，c 取消",
-                           .value = "WORDS",
-                           .check = answersProblem},
-                          {.name = "--yes", .field = &Asked::yes, .text = "其余问题一律回答“是”"}}),
-       .example = "zelkorctl run 8 --set books --answers y,y,n",
-       .run = run},
       {.name = "dispose",
        .text = "减少资产",
-       .parameters = job({{.name = "FILE",
-                           .field = &Asked::file,
-                           .text = "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因"}}),
+       .parameters =
+           jobAfterBackup({{.name = "FILE",
+                            .field = &Asked::file,
+                            .text = "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因"}}),
        .example = "zelkorctl dispose disposals.csv --set books",
        .run = dispose},
       {.name = "vouchers pending",
        .text = "列出本月待制单的业务",
-       .parameters = job({}),
+       .parameters = jobParameters({}),
        .example = "zelkorctl vouchers pending --set books",
        .run = pendingVouchers},
       {.name = "vouchers make",
        .text = "逐项生成凭证",
-       .parameters = job({{.name = "--merge", .field = &Asked::merge, .text = "合并科目及辅助项相同的分录"},
+       .parameters =
+           jobParameters({{.name = "--merge", .field = &Asked::merge, .text = "合并科目及辅助项相同的分录"},
                           {.name = "--subjects",
                            .field = &Asked::subjects,
                            .text = "无科目的分录所用科目：CSV 文件，列为业务类型、方向（借或贷）、科目",
@@ -317,24 +257,24 @@ std::vector<Call> jobCalls() {
        .run = makeVouchers},
       {.name = "vouchers list",
        .text = "列出本月凭证",
-       .parameters = job({}),
+       .parameters = jobParameters({}),
        .example = "zelkorctl vouchers list --set books",
        .run = listVouchers},
       {.name = "vouchers delete",
        .text = "删除凭证",
-       .parameters =
-           job({{.name = "VOUCHER", .field = &Asked::voucher, .text = "凭证号，如 list 所列：记--1"}}),
+       .parameters = jobParameters(
+           {{.name = "VOUCHER", .field = &Asked::voucher, .text = "凭证号，如 list 所列：记--1"}}),
        .example = "zelkorctl vouchers delete 记--1 --set books",
        .run = deleteVoucher},
       {.name = "check",
        .text = "检查账套：文件、卡片、月份、凭证，并与账务核对；只读不写",
-       .parameters = job({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"},
-                          {.name = "--csv", .field = &Asked::csv, .text = "以 CSV 输出"}}),
+       .parameters = jobParameters({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"},
+                                    {.name = "--csv", .field = &Asked::csv, .text = "以 CSV 输出"}}),
        .example = "zelkorctl check --set books",
        .run = checkCommand},
       {.name = "report",
        .text = "计算一张报表，或本月的全部报表",
-       .parameters = job(
+       .parameters = jobParameters(
            {{.name = "NAME",
              .field = &Asked::report,
              .text = "报表名称，如 固定资产总账；用 --all 时省去",
@@ -368,28 +308,14 @@ std::vector<Call> jobCalls() {
        .run = report}};
 }
 
-Call eachCall() {
-  return {.name = "each",
-          .text = "对许多账套逐一执行同一个调用，几个同时进行",
-          .parameters = {{.name = "PLACE",
-                          .field = &Asked::place,
-                          .text = "目录：其下的全部账套；或文本文件：每行一个账套所在目录"},
-                         {.name = "CALL",
-                          .field = &Asked::words,
-                          .text = "写在 -- 之后的调用，不写 --set；其中的 {} 换成账套所在目录"},
-                         {.name = "--jobs",
-                          .field = &Asked::jobs,
-                          .text = "同时进行的个数；不给出时为处理器的个数",
-                          .value = "NUMBER",
-                          .check = jobsProblem}},
-          .example = "zelkorctl each /srv/books --jobs 4 -- run 8 --yes",
-          .run = each};
-}
-
 std::vector<Call> allCalls() {
   std::vector<Call> all = setCalls();
+  for (Call& call : backupCalls()) all.push_back(std::move(call));
   all.push_back(eachCall());
-  for (Call& call : jobCalls()) all.push_back(std::move(call));
+  const auto add = [&all](std::vector<Call> calls) { std::ranges::move(calls, std::back_inserter(all)); };
+  add(importCalls());
+  add(runCalls());
+  add(jobCalls());
   return all;
 }
 

@@ -17,6 +17,7 @@ struct JobRun {
   std::string arguments;          // the argument string
   std::optional<DateTime> today;  // the time of the clock; nothing: the system's
   TerminalDialogs::Options dialogs = {};
+  std::string backup = {};  // the folder that the set is backed up into before the job; empty: none
 };
 
 /// Does the work in a run with dialogs on `output` and standard input, and returns its status. What it has

@@ -11,6 +11,7 @@
 #include <sstream>
 #include <thread>
 
+#include "apps/zelkorctl/CallChecks.h"
 #include "apps/zelkorctl/CalledProcesses.h"
 #include "apps/zelkorctl/CallTable.h"
 #include "apps/zelkorctl/CommandRun.h"
@@ -19,6 +20,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/engine/Statement.h"
+#include "transfer/backup/BackupFolder.h"
 
 namespace zelkor {
 namespace {
@@ -45,9 +47,11 @@ bool takesSet(const Call& call) {
   return std::ranges::any_of(call.parameters, [](const Parameter& one) { return one.name == "--set"; });
 }
 
+/// A backup is not worked on.
 bool isAccountSet(const fs::path& folder) {
   std::error_code hidden;
-  return fs::exists(folder / "ZkData.Mdb", hidden) && fs::exists(folder / "ZkSystem.Mdb", hidden);
+  return !isBackup(folder) && fs::exists(folder / "ZkData.Mdb", hidden) &&
+         fs::exists(folder / "ZkSystem.Mdb", hidden);
 }
 
 std::vector<std::string> setsBelow(const fs::path& folder) {
@@ -175,6 +179,10 @@ std::size_t Queue::run(std::ostream& output, std::ostream& problems) {
   return failed;
 }
 
+int each(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return eachCommand({.place = asked.place, .jobs = asked.jobs, .words = asked.words}, output, problems);
+}
+
 }  // namespace
 
 int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& problems) {
@@ -188,6 +196,24 @@ int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& 
   output << "共 " << all << " 个账套：完成 " << all - failed << " 个，失败 " << failed << " 个，用时 "
          << secondsText(std::chrono::steady_clock::now() - start) << '\n';
   return failed == 0 ? 0 : 1;
+}
+
+Call eachCall() {
+  return {.name = "each",
+          .text = "对许多账套逐一执行同一个调用，几个同时进行",
+          .parameters = {{.name = "PLACE",
+                          .field = &Asked::place,
+                          .text = "目录：其下的全部账套；或文本文件：每行一个账套所在目录"},
+                         {.name = "CALL",
+                          .field = &Asked::words,
+                          .text = "写在 -- 之后的调用，不写 --set；其中的 {} 换成账套所在目录"},
+                         {.name = "--jobs",
+                          .field = &Asked::jobs,
+                          .text = "同时进行的个数；不给出时为处理器的个数",
+                          .value = "NUMBER",
+                          .check = jobsProblem}},
+          .example = "zelkorctl each /srv/books --jobs 4 -- run 8 --yes",
+          .run = each};
 }
 
 }  // namespace zelkor

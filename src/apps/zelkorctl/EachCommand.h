@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/zelkorctl/CallTable.h"
+
 namespace zelkor {
 
 struct EachOptions {
@@ -18,5 +20,8 @@ struct EachOptions {
 ///
 /// The status is 1 when one failed. Error 5 when there is no such call, 3024 when there is no such place.
 int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& problems);
+
+/// The call.
+Call eachCall();
 
 }  // namespace zelkor

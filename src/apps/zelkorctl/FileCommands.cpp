@@ -1,6 +1,7 @@
 #include <functional>
 #include <ostream>
 
+#include "apps/zelkorctl/BackupCommands.h"
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/ToldLines.h"
@@ -124,7 +125,10 @@ int importTogether(const JobRun& job, const std::string& file, OnlyJob kind,
   catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
     ImportResult result;
-    asOnlyJob(context, kind, [&] { result = import(context, csv); });
+    asOnlyJob(context, kind, [&] {
+      backUpBefore(job, context, "导入前", output);
+      result = import(context, csv);
+    });
     problems.flush();
     return summed({.stored = result.stored, .refused = result.refused}, output);
   });
@@ -162,6 +166,7 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
       goOnUnlessSignalled();
     };
     asOnlyJob(context, OnlyJob::SheetImport, [&] {
+      backUpBefore(job, context, "导入前", output);
       try {
         importSheets(context, csv, ended);
       } catch (...) {
@@ -183,8 +188,10 @@ int disposeCommand(const JobRun& job, const std::string& file, std::ostream& out
     context.dialogs.setBeforeShowing([&told] { told.tell(); });
     const auto work = [&] {
       prepareRun(context, job.arguments);
-      asOnlyJob(context, OnlyJob::Disposals,
-                [&] { tellAtEnd(told, [&] { dispose(context, rows, sums, told, problems); }); });
+      asOnlyJob(context, OnlyJob::Disposals, [&] {
+        backUpBefore(job, context, "减少资产前", output);
+        tellAtEnd(told, [&] { dispose(context, rows, sums, told, problems); });
+      });
     };
     const int status = runToEnd(context, work).value_or(0);
     printSums(sums, output);

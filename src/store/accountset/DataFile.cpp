@@ -2,15 +2,17 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <filesystem>
-#include <fstream>
 #include <string_view>
 
 #include "base/RuntimeError.h"
 #include "store/accountset/BooksRevision.h"
+#include "store/accountset/Replacement.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
+#include "store/engine/postgresql/ServerJobLock.h"
+#include "store/engine/sqlite/OpenSqliteFile.h"
 #include "store/engine/sqlite/SqliteEngine.h"
+#include "store/engine/sqlite/SqliteJobLock.h"
 
 namespace zelkor {
 namespace {
@@ -22,10 +24,8 @@ constexpr std::string_view kJetMark = "Standard Jet DB";
 constexpr std::size_t kJetMarkOffset = 4;
 
 std::string beginningOf(const std::string& path) {
-  std::array<char, 4096> buffer{};  // a text file may begin with comments
-  std::ifstream file(path, std::ios::binary);
-  file.read(buffer.data(), buffer.size());
-  return {buffer.data(), static_cast<std::size_t>(file.gcount())};
+  constexpr std::size_t kLongest = 4096;  // a text file may begin with comments
+  return beginningOfFile(path, kLongest);
 }
 
 // A privileged user may write whatever the permissions say; a file without any write bit is meant to be kept.
@@ -37,10 +37,9 @@ bool writable(const fs::path& path) {
   return anyWriteBit && ::access(path.c_str(), W_OK) == 0;
 }
 
-void checkIsFile(const std::string& path) {
+void requirePath(const std::string& path) {
   if (path.empty())
     throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 ''：参数中没有给出数据文件或系统文件的路径。");
-  requireReadable(path);
 }
 
 void checkIsWritable(const std::string& path) {
@@ -62,18 +61,33 @@ void checkFormat(const std::string& path) {
 }
 
 std::unique_ptr<Engine> engineOf(const std::string& path, SqliteEngine::Access access) {
-  if (ServerFile::isServerFile(beginningOf(path)))
-    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path));
-  if (access == SqliteEngine::Access::Write) checkIsWritable(path);
+  const bool alone = access == SqliteEngine::Access::Alone;
+  if (ServerFile::isServerFile(beginningOf(path))) {
+    using Among = PostgreSqlEngine::Among;
+    return std::make_unique<PostgreSqlEngine>(ServerFile::read(path), alone ? Among::Nobody : Among::Others);
+  }
+  if (access != SqliteEngine::Access::Read) checkIsWritable(path);
   checkFormat(path);
   return std::make_unique<SqliteEngine>(path, access);
 }
 
 std::unique_ptr<Engine> opened(const std::string& path, SqliteEngine::Access access) {
-  checkIsFile(path);
-  std::unique_ptr<Engine> engine = engineOf(path, access);
-  requireKnownRevision(*engine, path);
-  return engine;
+  constexpr int kMostAttempts = 3;
+  requirePath(path);
+  for (int attempt = 1;; ++attempt) {
+    finishReplacement(path);
+    requireReadable(path);
+    std::unique_ptr<Engine> engine = engineOf(path, access);
+    if (access != SqliteEngine::Access::Alone) requireKnownRevision(*engine, path);
+    // Whoever has read from a file keeps others from replacing it. It can have happened before that.
+    const bool last = attempt == kMostAttempts;
+    try {
+      engine->requireFile();
+      if (last || !isBeingReplaced(path)) return engine;
+    } catch (const RuntimeError& error) {
+      if (last || !error.is(ErrorNumber::FileNotFound)) throw;
+    }
+  }
 }
 
 }  // namespace
@@ -100,6 +114,20 @@ std::unique_ptr<Engine> openDataFile(const std::string& path) {
 
 std::unique_ptr<Engine> openDataFileForReading(const std::string& path) {
   return opened(path, SqliteEngine::Access::Read);
+}
+
+std::unique_ptr<Engine> openDataFileAlone(const std::string& path) {
+  return opened(path, SqliteEngine::Access::Alone);
+}
+
+JobLockAttempt lockForJob(const std::string& path, const JobNote& note) {
+  if (!ServerFile::isServerFile(beginningOf(path))) return lockFileForJob(path, note);
+  const ServerFile place = ServerFile::read(path);
+  return lockSchemaForJob(std::make_shared<PostgreSqlLink>(place.conninfo), place.schema, note);
+}
+
+bool namesServer(const std::string& path) {
+  return ServerFile::isServerFile(beginningOf(path));
 }
 
 const dialect::EngineWords& engineWords(std::string_view name) {

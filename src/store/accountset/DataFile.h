@@ -20,6 +20,16 @@ std::unique_ptr<Engine> openDataFile(const std::string& path);
 /// The same for who only reads: the file may be read-only.
 std::unique_ptr<Engine> openDataFileForReading(const std::string& path);
 
+/// The same for who replaces all that is there, whatever its revision: as long as the engine lives nobody
+/// else can open it. Error 3045 when somebody has it open.
+std::unique_ptr<Engine> openDataFileAlone(const std::string& path);
+
+/// See Engine::lockForJob; for a file that cannot be opened, too.
+JobLockAttempt lockForJob(const std::string& path, const JobNote& note);
+
+/// Whether the file names a schema on a server.
+bool namesServer(const std::string& path);
+
 /// The words of the engine of that name, "sqlite" or "postgresql".
 const dialect::EngineWords& engineWords(std::string_view name);
 

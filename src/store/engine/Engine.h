@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -100,6 +101,12 @@ class Engine {
   virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
   /// What it knows of its tables beyond that; not longer than the engine itself.
   virtual std::unique_ptr<StoredTables> storedTables() = 0;
+  /// What the engine finds wrong with the file, in its own words; empty where that is nothing, and beside a
+  /// server, which looks after itself.
+  virtual std::string damage() { return {}; }
+  /// Copies the state that is being read, as it is, into a file that is there and empty; false where the
+  /// engine keeps no file, and its tables have to be carried.
+  virtual bool copyInto(const std::filesystem::path& /*file*/) { return false; }
 
   /// The revision that the books here have reached, as it was written beside the tables; 0 where none was.
   virtual int booksRevision() = 0;

@@ -28,8 +28,14 @@ struct IntegrityCheck {
 class StoredTables {
  public:
   virtual ~StoredTables() = default;
-  /// The statement that begins a state that stays the same until the end of the transaction.
-  virtual std::string beginReading() const = 0;
+  /// The statement that begins a state that stays the same until the end of the transaction; with `shared` it
+  /// is the one that another connection to the same database shares.
+  virtual std::string beginReading(const std::string& shared = {}) const = 0;
+  /// Names the state that is being read to other connections; empty where they cannot share it.
+  virtual std::string sharedState() { return {}; }
+  /// Changes with every change that others have made by the time the reading begins; where states cannot be
+  /// shared.
+  virtual std::string stateMark() { return {}; }
   /// What goes before and after the reading of a table, so that it is not locked longer than that.
   virtual std::string beginTable() const { return {}; }
   virtual std::string endTable() const { return {}; }

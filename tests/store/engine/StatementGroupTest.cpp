@@ -169,9 +169,14 @@ TEST_F(StatementGroupTest, ALongResultIsNotKept) {
       });
     group.run();
     EXPECT_EQ(walked, 3 * kRows);
+#ifndef __SANITIZE_ADDRESS__  // which keeps for a while what was given back
     if (again) {
       EXPECT_LT(largest, 8 * megabyte) << "of 13 MB a query";
     }
+#else
+    static_cast<void>(again);
+    static_cast<void>(megabyte);
+#endif
   }
 }
 

@@ -16,8 +16,11 @@ namespace zelkor {
 /// server keeps it at once, and forces it to disk when it is asked to make everything durable.
 class PostgreSqlEngine final : public Engine {
  public:
-  /// Errors: 57 no connection, 3343 no account set in that schema.
-  explicit PostgreSqlEngine(const ServerFile& file);
+  enum class Among : std::uint8_t { Others, Nobody };
+
+  /// Errors: 57 no connection, 3343 no account set in that schema; among nobody 3045 when somebody else has
+  /// it open, among others while somebody is alone with it.
+  explicit PostgreSqlEngine(const ServerFile& file, Among among = Among::Others);
 
   const dialect::EngineWords& words() const override { return postgreSqlWords(); }
   std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;

@@ -64,10 +64,27 @@ constexpr const char* kCreateExtension =
 
 }  // namespace
 
+bool hasSchema(PostgreSqlLink& server, const std::string& schema) {
+  const PgResult known = server.query("SELECT 1 FROM pg_namespace WHERE nspname = $1", {schema});
+  return PQntuples(known.get()) > 0;
+}
+
+void clearSchema(PostgreSqlLink& server, const std::string& schema) {
+  const ServerBooks books = readServerBooks(server, schema);
+  server.run(sessionSettings(schema));
+  const PgResult tables = server.query(
+      "SELECT string_agg(format('%I.%I', n.nspname, c.relname), ', ') FROM pg_class c "
+      "JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname = $1 AND c.relkind IN ('r', 'p')",
+      {schema});
+  if (!PQgetisnull(tables.get(), 0, 0))
+    server.run("DROP TABLE " + std::string(PQgetvalue(tables.get(), 0, 0)) + " CASCADE");
+  if (!books.hasOwnFunctions()) layFunctions(server, books);
+  writeServerRevision(server, schema, currentRevision());
+}
+
 void createSchema(PostgreSqlLink& server, const std::string& schema) {
   requireFitDatabase(server);
-  const PgResult known = server.query("SELECT 1 FROM pg_namespace WHERE nspname = $1", {schema});
-  if (PQntuples(known.get()) > 0)
+  if (hasSchema(server, schema))
     throw RuntimeError(ErrorNumber::DatabaseAlreadyExists,
                        "服务器上已有 '" + schema + "'，不能在此处建立账套。");
   server.run(kCreateExtension);

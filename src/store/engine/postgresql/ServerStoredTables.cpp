@@ -106,7 +106,16 @@ class ServerStoredTables final : public StoredTables {
   explicit ServerStoredTables(Engine& engine) : engine_(engine) {}
 
   bool amountsAreDecimal() const override { return true; }
-  std::string beginReading() const override { return "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"; }
+  // A state can be named to others before the first savepoint only.
+  std::string beginReading(const std::string& shared) const override {
+    const std::string begin = "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; ";
+    return begin + (shared.empty() ? "SELECT set_config('zelkor.state', pg_export_snapshot(), true)"
+                                   : "SET TRANSACTION SNAPSHOT '" + shared + "'");
+  }
+  std::string sharedState() override {
+    const auto state = engine_.prepare("SELECT current_setting('zelkor.state')");
+    return state->step() ? std::string(state->text(0)) : std::string();
+  }
   std::string beginTable() const override { return "SAVEPOINT zk_table"; }
   std::string endTable() const override { return "ROLLBACK TO zk_table; RELEASE zk_table"; }
 

@@ -5,7 +5,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <mutex>
 #include <string_view>
 
@@ -75,12 +77,51 @@ int openAmongUsers(const char* path, int flags, int mode) {
 }
 
 /// For the whole process, before the engine opens its first file.
-void prepareEngine() {
+void prepareEngineOnce() {
   // The count of its memory, which nobody reads, takes a lock at every allocation.
   sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
   files->xSetSystemCall(files, "open", reinterpret_cast<sqlite3_syscall_ptr>(openAmongUsers));
 }
+
+void prepareEngine() {
+  static std::once_flag prepared;
+  std::call_once(prepared, prepareEngineOnce);
+}
+
+/// A file that the engine has open without a connection.
+class OpenFile {
+ public:
+  explicit OpenFile(const std::string& path)
+      : name_(path + std::string(2, '\0')),
+        memory_((static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->szOsFile) + sizeof(Block) - 1) /
+                sizeof(Block)) {
+    sqlite3_vfs* files = sqlite3_vfs_find(nullptr);
+    constexpr int kHow = SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_READONLY;
+    open_ = files->xOpen(files, name_.c_str(), file(), kHow, nullptr) == SQLITE_OK;
+  }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  ~OpenFile() {
+    if (open_) file()->pMethods->xClose(file());
+  }
+
+  std::string beginning(std::size_t most) {
+    sqlite3_int64 size = 0;
+    if (!open_ || file()->pMethods->xFileSize(file(), &size) != SQLITE_OK) return {};
+    std::string text(std::min(most, static_cast<std::size_t>(size)), '\0');
+    const int length = static_cast<int>(text.size());
+    return file()->pMethods->xRead(file(), text.data(), length, 0) == SQLITE_OK ? text : std::string();
+  }
+
+ private:
+  using Block = std::max_align_t;
+  sqlite3_file* file() { return reinterpret_cast<sqlite3_file*>(memory_.data()); }
+
+  std::string name_;
+  std::vector<Block> memory_;
+  bool open_ = false;
+};
 
 SqliteHandle opened(const std::string& name, int flags) {
   sqlite3* handle = nullptr;
@@ -110,9 +151,13 @@ void requireShortPath(const fs::path& file, std::size_t spare) {
                            " 个字节，数据库引擎最多接受 " + std::to_string(most) + " 个。");
 }
 
+std::string beginningOfFile(const std::string& path, std::size_t most) {
+  prepareEngine();
+  return OpenFile(path).beginning(most);
+}
+
 SqliteHandle openSqliteFile(const std::string& path, SqliteEngine::Access access) {
-  static std::once_flag prepared;
-  std::call_once(prepared, prepareEngine);
+  prepareEngine();
   requireShortPath(path);
   const fs::path whole = wholePath(path);
   const bool reading = access == SqliteEngine::Access::Read;

@@ -28,12 +28,18 @@ void SqliteFinalizer::operator()(sqlite3_stmt* handle) const {
 }
 
 SqliteEngine::SqliteEngine(const std::string& path, Access access)
-    : handle_(openSqliteFile(path, access)), path_(path) {
+    : handle_(openSqliteFile(path, access)), path_(path), alone_(access == Access::Alone) {
   sqlite3_extended_result_codes(handle_.get(), 1);
   sqlite3_busy_timeout(handle_.get(), kBusyTimeoutMilliseconds);
   registerSqliteFunctions(handle_.get());
   if (access == Access::Read) {
     run("PRAGMA query_only = 1; PRAGMA cache_size=-65536");
+    return;
+  }
+  if (alone_) {
+    // Without a log there is nothing that could be taken for that of a file which takes this one's place.
+    sqlite3_busy_timeout(handle_.get(), 0);
+    run("PRAGMA locking_mode = EXCLUSIVE; PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE; COMMIT");
     return;
   }
   // A commit in write-ahead mode survives the end of the process without being forced to disk. It is forced
@@ -42,6 +48,12 @@ SqliteEngine::SqliteEngine(const std::string& path, Access access)
       "PRAGMA wal_autocheckpoint=32000");
   begin_ = prepare("BEGIN IMMEDIATE");
   commit_ = prepare("COMMIT");
+}
+
+// Where the file is still in its place it gets its log back: without one nobody sees who has it open.
+SqliteEngine::~SqliteEngine() {
+  if (alone_ && !hasMoved())
+    sqlite3_exec(handle_.get(), "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
 }
 
 std::unique_ptr<EngineStatement> SqliteEngine::prepare(std::string_view sql) {
@@ -53,14 +65,17 @@ void SqliteEngine::run(const std::string& sql) {
   if (code != SQLITE_OK) raiseSqliteError(handle_.get(), code);
 }
 
+bool SqliteEngine::hasMoved() const {
+  int moved = 0;
+  return sqlite3_file_control(handle_.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
+         moved != 0;
+}
+
 /// The system lets an open file be removed or replaced, and takes what is written to it all the same: it
 /// would be lost without a word.
 void SqliteEngine::lookForFile() {
   nextLook_ = Clock::now() + kTimeBetweenLooks;
-  int moved = 0;
-  if (sqlite3_file_control(handle_.get(), nullptr, SQLITE_FCNTL_HAS_MOVED, &moved) != SQLITE_OK || moved == 0)
-    return;
-  throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path_ + "'。");
+  if (hasMoved()) throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path_ + "'。");
 }
 
 void SqliteEngine::requireFile() {

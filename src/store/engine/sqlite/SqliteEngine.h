@@ -23,10 +23,16 @@ using SqliteStatementHandle = std::unique_ptr<sqlite3_stmt, SqliteFinalizer>;
 /// An SQLite data file in write-ahead mode, shared with other processes.
 class SqliteEngine final : public Engine {
  public:
-  enum class Access : std::uint8_t { Read, Write };
+  /// Alone: nobody else has the file open, or can open it, until this one is closed; what its log holds is in
+  /// the file from then on.
+  enum class Access : std::uint8_t { Read, Write, Alone };
 
-  /// Opens an existing file; see DbEngine::OpenDatabase for the errors.
+  /// Opens an existing file; see DbEngine::OpenDatabase for the errors. Alone, error 3045 when somebody has
+  /// it open.
   explicit SqliteEngine(const std::string& path, Access access = Access::Write);
+  SqliteEngine(const SqliteEngine&) = delete;
+  SqliteEngine& operator=(const SqliteEngine&) = delete;
+  ~SqliteEngine() override;
 
   const dialect::EngineWords& words() const override { return sqliteWords(); }
   std::unique_ptr<EngineStatement> prepare(std::string_view sql) override;
@@ -44,16 +50,20 @@ class SqliteEngine final : public Engine {
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
   std::unique_ptr<StoredTables> storedTables() override;
+  std::string damage() override;
+  bool copyInto(const std::filesystem::path& file) override;
   int booksRevision() override;
   void setBooksRevision(int revision) override;
 
  private:
   using Clock = std::chrono::steady_clock;
 
+  bool hasMoved() const;
   void lookForFile();
 
   SqliteHandle handle_;
   std::string path_;
+  bool alone_ = false;
   Clock::time_point nextLook_;
   bool unforced_ = false;  // something was committed since it was last forced to disk
   std::unique_ptr<EngineStatement> begin_;

@@ -42,7 +42,11 @@ class SqliteStoredTables final : public StoredTables {
  public:
   explicit SqliteStoredTables(Engine& engine) : engine_(engine) {}
 
-  std::string beginReading() const override { return "BEGIN"; }
+  // The state is that of the first reading.
+  std::string beginReading(const std::string& /*shared*/) const override {
+    return "BEGIN; SELECT 1 FROM sqlite_master LIMIT 1";
+  }
+  std::string stateMark() override;
   std::vector<IndexDef> indexes(const dialect::TableInfo& table,
                                 std::vector<TransferProblem>& problems) override;
   std::map<std::string, std::string> defaults(const dialect::TableInfo& table) override;
@@ -57,6 +61,12 @@ class SqliteStoredTables final : public StoredTables {
 
   Engine& engine_;
 };
+
+std::string SqliteStoredTables::stateMark() {
+  const auto version = engine_.prepare("PRAGMA data_version");
+  version->step();
+  return std::to_string(version->integer(0));
+}
 
 bool SqliteStoredTables::addColumns(const std::string& physical, IndexDef& index) {
   bool plain = true;

@@ -1,0 +1,94 @@
+#include "home/ChildProgram.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "base/RuntimeError.h"
+#include "store/engine/Statement.h"
+
+namespace zelkor {
+namespace {
+
+constexpr int kSignalled = 128;
+constexpr int kRefused = 2;
+
+class SpawnActions {
+ public:
+  SpawnActions() { ::posix_spawn_file_actions_init(&actions_); }
+  SpawnActions(const SpawnActions&) = delete;
+  SpawnActions& operator=(const SpawnActions&) = delete;
+  ~SpawnActions() { ::posix_spawn_file_actions_destroy(&actions_); }
+  posix_spawn_file_actions_t* get() { return &actions_; }
+
+ private:
+  posix_spawn_file_actions_t actions_{};
+};
+
+[[noreturn]] void refuse(const std::string& program, int failure) {
+  throw RuntimeError(failure == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::DeviceIo,
+                     "不能启动程序“" + program + "”：" + std::strerror(failure));
+}
+
+/// Nothing of ours but standard error goes into the child: the other descriptors close themselves there.
+pid_t spawned(const std::string& program, const std::vector<std::string>& arguments, int errors) {
+  std::vector<char*> words{const_cast<char*>(program.c_str())};
+  for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+  words.push_back(nullptr);
+  SpawnActions actions;
+  ::posix_spawn_file_actions_adddup2(actions.get(), errors, STDERR_FILENO);
+  pid_t child = 0;
+  const int failure = ::posix_spawn(&child, program.c_str(), actions.get(), nullptr, words.data(), ::environ);
+  if (failure != 0) refuse(program, failure);
+  return child;
+}
+
+}  // namespace
+
+ChildProgram::ChildProgram(const std::string& program, const std::vector<std::string>& arguments)
+    : errors_(::memfd_create("zelkor-errors", MFD_CLOEXEC)) {
+  if (!errors_) refuse(program, errno);
+  const pid_t child = spawned(program, arguments, errors_.get());
+  process_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
+  if (!process_) refuse(program, errno);
+}
+
+std::string ChildProgram::errorsSoFar() const {
+  std::string text;
+  std::array<char, 4096> buffer{};
+  ssize_t length = 0;
+  while ((length = ::pread(errors_.get(), buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0)
+    text.append(buffer.data(), static_cast<std::size_t>(length));
+  return text;
+}
+
+ChildEnd ChildProgram::finish() {
+  siginfo_t end{};
+  while (::waitid(static_cast<idtype_t>(P_PIDFD), static_cast<id_t>(process_.get()), &end, WEXITED) != 0 &&
+         errno == EINTR) {
+  }
+  const int status = end.si_code == CLD_EXITED ? end.si_status : kSignalled + end.si_status;
+  return {status, errorsSoFar()};
+}
+
+std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end) {
+  std::string reason = end.errors;
+  while (!reason.empty() && (reason.back() == '\n' || reason.back() == ' ')) reason.pop_back();
+  for (char& c : reason)
+    if (c == '\n') c = ' ';
+  if (end.status > kSignalled && reason.empty()) {
+    reason = sql("被信号 ", end.status - kSignalled, " 终止；已保存的内容都在");
+  } else if (reason.empty()) {
+    reason = end.status == kRefused ? "另一个界面或另一项作业正在进行" : sql("结束状态 ", end.status);
+  }
+  return sql("“", job, "”没有正常结束：", reason);
+}
+
+}  // namespace zelkor

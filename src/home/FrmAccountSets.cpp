@@ -1,0 +1,212 @@
+#include "home/FrmAccountSets.h"
+
+#include <filesystem>
+#include <QFileDialog>
+
+#include "base/Format.h"
+#include "base/RuntimeError.h"
+#include "home/AccountHeader.h"
+#include "home/FrmLogin.h"
+#include "home/FrmNewAccountSet.h"
+#include "store/engine/Statement.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+
+using namespace layout;
+
+namespace {
+
+constexpr const char* kTitle = "固定资产工作台";
+constexpr QSize kSize(1000, 520);
+constexpr int kDetailHeight = 40;
+
+namespace column_of {
+enum : std::size_t { Name, Unit, Account, OpenMonth, State, LastUsed, User, Folder };
+}
+
+TextGrid emptyList() {
+  TextGrid grid;
+  grid.setHeader("账套名称|使用单位|账套号|未结账月份|状态|上次使用|操作员|位置");
+  return grid;
+}
+
+std::string openMonthText(const AccountSetState& state) {
+  constexpr int kLastMonth = 12;
+  if (!state.open) return "";
+  if (state.open->month > kLastMonth) return sql(state.open->year, "年已结账");
+  return monthText(state.open->year, state.open->month);
+}
+
+/// How long ago something was, in words.
+std::string usedText(const KnownAccountSet& set) {
+  return set.user.empty() ? "还没有用过" : Format(set.lastUsed, "yyyy-mm-dd hh:nn");
+}
+
+}  // namespace
+
+FrmAccountSets::FrmAccountSets(FormHost& host, AccountSetList& list)
+    : Form(host, "FrmAccountSets", "固定资产工作台　账套", Unload::Plain), list_(list) {
+  arrangeControls();
+  on(GridSets, &FlexGrid::rowSelected, &FrmAccountSets::showDetail);
+  on(GridSets, &FlexGrid::rowOpened, &FrmAccountSets::open);
+  on(CmdOpen, &QPushButton::clicked, &FrmAccountSets::open);
+  on(CmdNew, &QPushButton::clicked, &FrmAccountSets::makeNew);
+  on(CmdAdd, &QPushButton::clicked, &FrmAccountSets::add);
+  on(CmdRemove, &QPushButton::clicked, &FrmAccountSets::remove);
+  on(CmdExit, &QPushButton::clicked, [this] { close(); });
+  showSets();
+}
+
+void FrmAccountSets::arrangeControls() {
+  GridSets->fitColumns();
+  GridSets->setGrid(emptyList());
+  GridSets->fillWith(column_of::Folder);
+  LblDetail->setWordWrap(true);
+  LblDetail->setMinimumHeight(kDetailHeight);
+  LblDetail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  arrange(this, column({wide(GridSets), LblDetail,
+                        row({CmdOpen, space(12), CmdNew, CmdAdd, CmdRemove, stretch(), CmdExit})}));
+  setDefaultButton(CmdOpen);
+  resize(kSize);
+}
+
+void FrmAccountSets::showSets() {
+  TextGrid grid = emptyList();
+  for (const KnownAccountSet& set : list_.sets()) {
+    grid.addRow({set.name, set.unit, set.account, "", "…", usedText(set), set.user,
+                 std::filesystem::path(set.dataFile).parent_path().string()});
+  }
+  GridSets->setGrid(std::move(grid));
+  states_.assign(list_.sets().size(), std::nullopt);
+  ++shown_;
+  if (!list_.sets().empty()) GridSets->selectGridRow(1);
+  look();
+  showDetail();
+}
+
+// Each on its own: one on a server that does not answer must not hold up the others for longer than itself.
+void FrmAccountSets::look() {
+  for (std::size_t i = 0; i < list_.sets().size(); ++i) {
+    worker_.start([this, i, shown = shown_, set = list_.sets()[i]] {
+      return [this, i, shown, state = lookAt(set)] {
+        host().dispatch([&] {
+          if (shown == shown_) lookedAt(i, state);
+        });
+      };
+    });
+  }
+}
+
+void FrmAccountSets::lookedAt(std::size_t index, const AccountSetState& state) {
+  states_.at(index) = state;
+  GridSets->setText(index + 1, column_of::Name, state.set.name);
+  GridSets->setText(index + 1, column_of::Unit, state.set.unit);
+  GridSets->setText(index + 1, column_of::OpenMonth, openMonthText(state));
+  GridSets->setText(index + 1, column_of::State, std::string(captionOf(state.condition)));
+  GridSets->fitColumns();
+  showDetail();
+}
+
+/// The index of the current set; that behind the last one where there is none.
+std::size_t FrmAccountSets::selected() const {
+  const auto row = GridSets->currentGridRow();
+  return row && *row > 0 ? *row - 1 : list_.sets().size();
+}
+
+void FrmAccountSets::select(const KnownAccountSet& set) {
+  for (std::size_t i = 0; i < list_.sets().size(); ++i)
+    if (list_.sets()[i].isSame(set)) GridSets->selectGridRow(i + 1);
+}
+
+void FrmAccountSets::showDetail() {
+  const std::size_t index = selected();
+  const bool chosen = index < list_.sets().size();
+  CmdRemove->setEnabled(chosen);
+  CmdOpen->setEnabled(chosen && (!states_[index] || states_[index]->canBeOpened()));
+  if (list_.sets().empty()) {
+    LblDetail->setText("列表里还没有账套。“新建账套”建一个新的，“加入已有的账套”指明账套所在的文件夹。");
+  } else if (list_.unreadable() > 0) {
+    LblDetail->setText(toQt(sql("账套列表的文件有 ", list_.unreadable(),
+                                " 行读不出来，已略去；下次保存时原文件另存为 .damaged。")));
+  } else {
+    LblDetail->setText(chosen && states_[index] ? toQt(states_[index]->detail) : QString());
+  }
+}
+
+void FrmAccountSets::open() {
+  const std::size_t index = selected();
+  if (index >= list_.sets().size()) return;
+  if (!states_[index]) states_[index] = lookAt(list_.sets()[index]);
+  const AccountSetState& state = *states_[index];
+  if (!state.canBeOpened()) return tell(state.detail);
+  const DateTime now = run().clock.now();
+  const std::string user = state.set.user.empty() ? loginName() : state.set.user;
+  auto agreed = askLogin(host(), {state.set, user, offeredDate(state.open, now)}, state.open);
+  if (!agreed) return;
+  agreed->set.user = agreed->user;
+  agreed->set.lastUsed = now;
+  remember(agreed->set);
+  opened_ = std::move(agreed);
+  close();
+}
+
+void FrmAccountSets::makeNew() {
+  FrmNewAccountSet form(host());
+  host().showModal(form);
+  if (!form.made()) return;
+  KnownAccountSet made = *form.made();
+  made.lastUsed = run().clock.now();
+  remember(made);
+  showSets();
+  select(made);
+}
+
+void FrmAccountSets::add() {
+  const QString folder = QFileDialog::getExistingDirectory(this, "账套所在的文件夹");
+  if (folder.isEmpty()) return;
+  try {
+    const std::vector<KnownAccountSet> found = accountSetsAt(fromQt(folder));
+    if (found.empty()) return tell("系统文件中没有账套。");
+    for (KnownAccountSet set : found) {
+      set.lastUsed = run().clock.now();
+      remember(set);
+    }
+    showSets();
+    select(found.front());
+  } catch (const RuntimeError& error) {
+    tell(error.what());
+  }
+}
+
+void FrmAccountSets::remove() {
+  const std::size_t index = selected();
+  if (index >= list_.sets().size()) return;
+  const KnownAccountSet set = list_.sets()[index];
+  if (run().dialogs.MsgBox("从列表移除“" + set.name + "”？账套的文件不会删除。", Buttons::YesNo,
+                           Icon::Question, kTitle) != Answer::Yes)
+    return;
+  try {
+    list_.forget(set);
+  } catch (const RuntimeError& error) {
+    tell(error.what());
+  }
+  showSets();
+}
+
+/// The list can also be used where it cannot be kept.
+bool FrmAccountSets::remember(const KnownAccountSet& set) {
+  try {
+    list_.remember(set);
+    return true;
+  } catch (const RuntimeError& error) {
+    tell(std::string("账套列表没有保存：") + error.what());
+    return false;
+  }
+}
+
+void FrmAccountSets::tell(const std::string& text) {
+  run().dialogs.MsgBox(text, Buttons::Ok, Icon::Exclamation, kTitle);
+}
+
+}  // namespace zelkor

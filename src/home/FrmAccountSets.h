@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+#include <QLabel>
+#include <QPushButton>
+#include <vector>
+
+#include "home/AccountSetState.h"
+#include "home/frmWorker.h"
+#include "home/OpenedSet.h"
+#include "ui/FlexGrid.h"
+#include "ui/Form.h"
+
+namespace zelkor {
+
+/// The account sets that a person knows: opens one, makes one, takes one into the list or out of it.
+class FrmAccountSets final : public Form {
+ public:
+  /// The list is kept by who shows the form.
+  FrmAccountSets(FormHost& host, AccountSetList& list);
+
+  bool isScreen() const override { return true; }
+  /// The set that was opened.
+  const std::optional<OpenedSet>& opened() const { return opened_; }
+
+ private:
+  FlexGrid* GridSets = make<FlexGrid>("GridSets");
+  QLabel* LblDetail = make<QLabel>("LblDetail");
+  QPushButton* CmdOpen = make<QPushButton>("CmdOpen", "打开(&O)");
+  QPushButton* CmdNew = make<QPushButton>("CmdNew", "新建账套(&N)…");
+  QPushButton* CmdAdd = make<QPushButton>("CmdAdd", "加入已有的账套(&A)…");
+  QPushButton* CmdRemove = make<QPushButton>("CmdRemove", "从列表移除(&R)");
+  QPushButton* CmdExit = make<QPushButton>("CmdExit", "退出");
+
+  void arrangeControls();
+  void showSets();
+  void look();
+  void lookedAt(std::size_t index, const AccountSetState& state);
+  std::size_t selected() const;
+  void select(const KnownAccountSet& set);
+  void showDetail();
+  void open();
+  void makeNew();
+  void add();
+  void remove();
+  bool remember(const KnownAccountSet& set);
+  void tell(const std::string& text);
+
+  AccountSetList& list_;
+  std::vector<std::optional<AccountSetState>> states_;  // of the sets in their order, once they are known
+  std::size_t shown_ = 0;                               // which showing of the list they belong to
+  std::optional<OpenedSet> opened_;
+  frmWorker worker_;
+};
+
+}  // namespace zelkor

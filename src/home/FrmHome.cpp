@@ -1,0 +1,342 @@
+#include "home/FrmHome.h"
+
+#include <chrono>
+#include <QAbstractItemView>
+#include <QCloseEvent>
+#include <QCompleter>
+#include <QStyle>
+#include <utility>
+
+#include "base/Format.h"
+#include "base/RuntimeError.h"
+#include "home/AccountHeader.h"
+#include "home/FrmAccountSets.h"
+#include "home/FrmConfirmName.h"
+#include "home/FrmEndDetail.h"
+#include "home/FrmLogin.h"
+#include "home/frmStepMark.h"
+#include "store/engine/Statement.h"
+#include "ui/Guide.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+namespace {
+
+constexpr const char* kTitle = "固定资产工作台";
+constexpr std::chrono::minutes kBetweenReadings{1};
+constexpr qint64 kFreshMilliseconds = 1500;  // a reading that is not older is not done again by a look
+constexpr std::int16_t kReset = 23;
+constexpr std::int16_t kReports = 25;
+constexpr int kMonths = 12;
+
+QString amountText(double amount) {
+  return toQt(Format(amount, "#,##0.00"));
+}
+
+std::vector<frmChart::Point> pointsOf(const std::vector<NamedAmount>& amounts) {
+  std::vector<frmChart::Point> points;
+  for (const NamedAmount& one : amounts) points.push_back({toQt(one.name), one.amount});
+  return points;
+}
+
+std::vector<frmChart::Point> pointsOf(const std::array<std::optional<double>, BookFigures::kMonths>& months) {
+  std::vector<frmChart::Point> points;
+  for (std::size_t i = 0; i < months.size(); ++i) points.push_back({QString::number(i + 1), months[i]});
+  return points;
+}
+
+}  // namespace
+
+FrmHome::FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, const std::string& module)
+    : Form(host, "FrmHome", kTitle, Unload::Plain), list_(list), opened_(std::move(opened)), module_(module) {
+  arrangeControls();
+  connectEvents();
+  everyMinute_.start(kBetweenReadings);
+  showHead();
+  showStatus();
+  lockCommands();
+  read();
+}
+
+void FrmHome::connectEvents() {
+  on(CmdLogin, &QPushButton::clicked, &FrmHome::changeLogin);
+  on(CmdNext, &QPushButton::clicked, &FrmHome::startNext);
+  on(CmdDetail, &QPushButton::clicked, &FrmHome::showDetail);
+  on(&everyMinute_, &QTimer::timeout, &FrmHome::read);
+  for (std::size_t i = 0; i < kSteps; ++i) on(CmdStep[i], &QPushButton::clicked, [this, i] { startStep(i); });
+  for (frmChart* chart : {ChartDepartments, ChartCategories, ChartMonths}) {
+    chart->onOpened([this] { this->host().dispatch([this] { start({.runType = kReports}); }); });
+    chart->onNotSaved([this](const QString& file) {
+      this->host().dispatch([&] {
+        run().dialogs.MsgBox("没有保存：不能写文件“" + fromQt(file) + "”。", Buttons::Ok, Icon::Exclamation,
+                             kTitle);
+      });
+    });
+  }
+  on(TxtCommand->completer(), qOverload<const QString&>(&QCompleter::activated), &FrmHome::startByName);
+}
+
+bool FrmHome::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && sinceRead_.isValid() &&
+      sinceRead_.elapsed() > kFreshMilliseconds)
+    host().dispatch([this] { read(); });
+  return Form::event(event);
+}
+
+// The command that was started works in these books: they are not left while it does.
+void FrmHome::closeEvent(QCloseEvent* event) {
+  if (!module_.isRunning()) return Form::closeEvent(event);
+  event->ignore();
+  host().dispatch([this] {
+    run().dialogs.MsgBox("“" + module_.caption() + "”还开着，请先关闭它。", Buttons::Ok, Icon::Information,
+                         kTitle);
+  });
+}
+
+bool FrmHome::enterPressed(QObject* control) {
+  if (control != TxtCommand) return false;
+  startByName(TxtCommand->text());
+  return true;
+}
+
+void FrmHome::openGuide() {
+  showGuide(run(), *this);
+}
+
+void FrmHome::openOther() {
+  FrmAccountSets sets(host(), list_);
+  host().showModal(sets);
+  if (sets.opened()) logIn(*sets.opened());
+}
+
+void FrmHome::changeLogin() {
+  const auto open = reading_ ? reading_->facts.open : std::nullopt;
+  if (auto agreed = askLogin(host(), opened_, open)) logIn(std::move(*agreed));
+}
+
+void FrmHome::logIn(OpenedSet opened) {
+  opened_ = std::move(opened);
+  reading_.reset();
+  lastEnd_.clear();
+  lastErrors_.clear();
+  showHead();
+  showStatus();
+  showMonth();
+  read();
+}
+
+void FrmHome::showHead() {
+  LblSet->setText(toQt(opened_.set.account + " " + opened_.set.name));
+  LblUnit->setText(toQt(opened_.set.unit));
+  CmdLogin->setText(toQt(opened_.user) + "　" + toQt(Format(opened_.date, "yyyy-mm-dd")) + "　…");
+  CmdLogin->setToolTip("操作员与操作日期（Ctrl+D）");
+  std::string title =
+      sql(kTitle, "　", opened_.set.name, "　", monthText(opened_.date.year(), opened_.date.month()));
+  if (reading_ && reading_->month.next)
+    title += sql("　下一步：", captionOf(reading_->month.steps[*reading_->month.next].kind));
+  setWindowTitle(toQt(title));
+}
+
+void FrmHome::read() {
+  if (worker_.isBusy()) {
+    readAgain_ = true;
+    return;
+  }
+  readAgain_ = false;
+  sinceRead_.start();
+  worker_.start([this, place = opened_.place()]() -> frmWorker::Result {
+    try {
+      return [this, place, reading = readBooks(place)] {
+        host().dispatch([&] {
+          if (place == opened_.place()) takeReading(reading);
+          if (readAgain_) read();
+        });
+      };
+    } catch (const std::exception& error) {
+      return [this, place, reason = std::string(error.what())] {
+        host().dispatch([&] {
+          if (place == opened_.place()) readingFailed(reason);
+          if (readAgain_) read();
+        });
+      };
+    }
+  });
+}
+
+void FrmHome::takeReading(const BookReading& reading) {
+  const bool isFirst = !reading_;
+  trouble_.clear();
+  reading_ = reading;
+  if (!reading.header.name.empty()) {
+    opened_.set.name = reading.header.name;
+    opened_.set.unit = reading.header.unit;
+  }
+  showHead();
+  showMonth();
+  showFigures(reading.figures);
+  if (isFirst && CmdNext->isEnabled()) CmdNext->setFocus();
+}
+
+/// What was seen before stays in sight; nothing can be started from it.
+void FrmHome::readingFailed(const std::string& reason) {
+  trouble_ = reason;
+  showMonth();
+}
+
+void FrmHome::showMonth() {
+  const MonthState* month = reading_ ? &reading_->month : nullptr;
+  if (!trouble_.empty()) {
+    LblHeadline->setText(toQt("⚠ 账套现在读不出来：" + trouble_ + " 按 F5 再试。"));
+  } else {
+    LblHeadline->setText(month ? toQt(month->headline) : QString("正在读取…"));
+  }
+  LblHeadline->setStyleSheet(trouble_.empty() ? "font-size: 15px; font-weight: bold;"
+                                              : "font-size: 15px; font-weight: bold; color: #b23b3b;");
+  for (std::size_t i = 0; month && i < kSteps; ++i) showStep(i, month->steps[i], month->next == i);
+  lockCommands();
+}
+
+void FrmHome::showStep(std::size_t index, const MonthStep& step, bool isNext) {
+  LblMark[index]->setPixmap(stepMark(step.state, static_cast<int>(index + 1)));
+  LblMark[index]->setToolTip(toQt(captionOf(step.state)));
+  LblMark[index]->setAccessibleName(toQt(captionOf(step.state)));
+  QFont font = LblStep[index]->font();
+  font.setBold(isNext);
+  LblStep[index]->setFont(font);
+  QString text = toQt(step.counts).toHtmlEscaped();
+  if (!step.note.empty()) {
+    const bool alarming = step.state == StepState::Attention || step.state == StepState::Open;
+    const QString note = QString("<span style='color:%1'>%2</span>")
+                             .arg(alarming ? "#9a5b00" : "#5b6773", toQt(step.note).toHtmlEscaped());
+    text += text.isEmpty() ? note : "<br>" + note;
+  }
+  LblCounts[index]->setText(text);
+  LblLast[index]->setText(step.last ? toQt(Format(*step.last, "yyyy-mm-dd")) : QString());
+  CmdStep[index]->setText(toQt(captionOf(step.commands.front())));
+  auto* menu = new QMenu(CmdMore[index]);
+  std::vector<Command> others;
+  for (std::size_t i = 1; i < step.commands.size(); ++i) {
+    const std::string caption(captionOf(step.commands[i]));
+    others.emplace_back(CommandCaption(caption.c_str(), ("more " + caption).c_str()),
+                        [this, command = step.commands[i]] { start(command); });
+  }
+  for (const Command& other : others) {
+    QAction* entry = menu->addAction(other.text());
+    entry->setObjectName(other.name());
+    on(entry, &QAction::triggered, [this, other] { other.run(*this); });
+  }
+  delete CmdMore[index]->menu();
+  CmdMore[index]->setMenu(menu);
+  CmdMore[index]->setVisible(!others.empty());
+}
+
+void FrmHome::showFigures(const BookFigures& figures) {
+  const std::array<double, kFigures> amounts{figures.value, figures.accumulated, figures.netValue(),
+                                             figures.depreciation};
+  for (std::size_t i = 0; i < kFigures; ++i) LblFigure[i]->setText(amountText(amounts[i]));
+  LblCards->setText(toQt(sql("在用 ", figures.cardsInUse, " 张，已减少 ", figures.cardsDisposed, " 张")));
+  ChartDepartments->show(frmChart::Kind::Bars, pointsOf(figures.depreciationByDepartment));
+  ChartCategories->show(frmChart::Kind::Bars, pointsOf(figures.netValueByCategory));
+  ChartMonths->show(frmChart::Kind::Line, pointsOf(figures.depreciationByMonth));
+}
+
+void FrmHome::showStatus() {
+  if (module_.isRunning()) {
+    LblStatus->setText(toQt("正在进行：" + module_.caption() + "。关闭它以后才能开始别的命令。"));
+  } else {
+    LblStatus->setText(lastEnd_.empty() ? QString("就绪") : toQt(lastEnd_));
+  }
+  CmdDetail->setVisible(!module_.isRunning() && !lastErrors_.empty());
+}
+
+/// One command at a time, none while nobody knows how the books are.
+void FrmHome::lockCommands() {
+  enableCommands();
+  const bool ready = canStart() && reading_ && trouble_.empty();
+  for (std::size_t i = 0; i < kSteps; ++i) {
+    const MonthStep* step = reading_ ? &reading_->month.steps[i] : nullptr;
+    const bool possible = ready &&
+                          (step->kind != StepKind::Initialisation || step->state == StepState::Open) &&
+                          (step->kind != StepKind::Disposals || !reading_->facts.depreciationIsDue);
+    CmdStep[i]->setEnabled(possible);
+    CmdMore[i]->setEnabled(ready);
+  }
+  CmdLogin->setEnabled(canStart());
+  const bool closed = reading_ && reading_->month.period != PeriodState::Open && reading_->facts.open &&
+                      reading_->facts.open->month <= kMonths;
+  if (closed) {
+    CmdNext->setText(toQt("改到" + monthText(reading_->facts.open->year, reading_->facts.open->month)));
+  } else if (reading_ && reading_->month.next) {
+    CmdNext->setText(toQt(captionOf(reading_->month.steps[*reading_->month.next].commands.front())));
+  }
+  CmdNext->setVisible(closed || (reading_ && reading_->month.next));
+  CmdNext->setEnabled(ready);
+}
+
+void FrmHome::startNext() {
+  const auto& open = reading_->facts.open;
+  if (reading_->month.period != PeriodState::Open && open) {
+    OpenedSet other = opened_;
+    other.date = offeredDate(open, run().clock.now());
+    logIn(std::move(other));
+  } else if (reading_->month.next) {
+    startStep(*reading_->month.next);
+  }
+}
+
+void FrmHome::startStep(std::size_t index) {
+  if (!reading_ || !CmdStep[index]->isEnabled()) return;
+  start(reading_->month.steps[index].commands.front());
+}
+
+/// The command that is called so, or the only one whose name has the text in it.
+void FrmHome::startByName(const QString& caption) {
+  std::vector<StepCommand> found;
+  for (const StepCommand& command : allCommands()) {
+    const QString name = toQt(captionOf(command));
+    if (name == caption) found = {command};
+    if (name == caption) break;
+    if (!caption.isEmpty() && name.contains(caption)) found.push_back(command);
+  }
+  if (found.size() != 1) return;
+  TxtCommand->clear();
+  TxtCommand->completer()->popup()->hide();
+  start(found.front());
+}
+
+void FrmHome::start(const StepCommand& command) {
+  if (!canStart()) return;
+  if (command.runType == kReset && command.screen.empty() && !confirmReset()) return;
+  const std::string caption(captionOf(command));
+  lastErrors_.clear();
+  try {
+    module_.start(caption, argumentsFor(command, opened_),
+                  [this, caption](const ChildEnd& end) { host().dispatch([&] { ended(caption, end); }); });
+  } catch (const RuntimeError& error) {
+    lastEnd_ = error.what();
+    lastErrors_ = error.what();
+  }
+  showStatus();
+  lockCommands();
+}
+
+bool FrmHome::confirmReset() {
+  FrmConfirmName form(host(), opened_.set.name);
+  host().showModal(form);
+  return form.confirmed();
+}
+
+void FrmHome::ended(const std::string& caption, const ChildEnd& end) {
+  lastEnd_ = end.failed() ? "⚠ " + sentenceAboutEnd(caption, end) : "“" + caption + "”已结束";
+  lastErrors_ = end.failed() ? sentenceAboutEnd(caption, end) + "\n\n" + end.errors : "";
+  showStatus();
+  lockCommands();
+  read();
+}
+
+void FrmHome::showDetail() {
+  FrmEndDetail form(host(), lastErrors_);
+  host().showModal(form);
+}
+
+}  // namespace zelkor

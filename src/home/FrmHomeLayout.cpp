@@ -1,0 +1,176 @@
+#include <QCompleter>
+#include <QGridLayout>
+#include <QStringListModel>
+
+#include "home/FrmHome.h"
+#include "home/frmStepMark.h"
+#include "startup/RunTypes.h"
+#include "ui/Layout.h"
+
+namespace zelkor {
+
+using namespace layout;
+
+namespace {
+
+constexpr QSize kSize(1100, 680);
+constexpr int kStepsWidth = 580;
+constexpr int kCommandWidth = 190;
+constexpr int kStepHeight = 42;
+constexpr int kCaptionWidth = 112;
+constexpr int kLastWidth = 76;
+constexpr int kButtonWidth = 152;
+constexpr int kMarkSize = 22;
+constexpr std::array<const char*, FrmHome::kFigures> kFigureCaptions{"原值", "累计折旧", "净值", "本月折旧"};
+
+enum StepColumn { Mark, Caption, Counts, Last, Button, More };
+
+QFrame* card() {
+  auto* frame = new QFrame;
+  frame->setProperty("sheet", "paper");
+  return frame;
+}
+
+}  // namespace
+
+void FrmHome::arrangeControls() {
+  LblHeadline->setWordWrap(true);
+  LblStatus->setWordWrap(true);
+  LblStatus->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  CmdDetail->hide();
+  ChartDepartments->setTitle("本月折旧，按部门");
+  ChartDepartments->setEmptyText("本月还没有计提");
+  ChartCategories->setTitle("净值，按类别");
+  ChartCategories->setEmptyText("还没有卡片");
+  ChartMonths->setTitle("本年各月折旧");
+  ChartMonths->setEmptyText("还没有计提");
+  ChartMonths->setFocusPolicy(Qt::ClickFocus);  // Tab goes on to what stands beside the steps
+  auto* steps = card();
+  arrange(steps, stepLines());
+  steps->setMinimumWidth(kStepsWidth);
+  auto* left = column({steps, wide(ChartMonths)});
+  auto* right = column({figureTiles(), wide(ChartDepartments), wide(ChartCategories)});
+  arrange(this, column({head(), row({wide(LblHeadline), CmdNext}), wide(row({Item(left, 3), Item(right, 2)})),
+                        rule(), row({wide(LblStatus), CmdDetail})}));
+  makeMenus();
+  makeFinder();
+  layout()->setMenuBar(menu_);
+  setDefaultButton(CmdNext);
+  resize(kSize);
+}
+
+QLayout* FrmHome::head() {
+  LblSet->setProperty("title", true);
+  LblUnit->setProperty("note", true);
+  TxtCommand->setPlaceholderText("查找命令　Ctrl+K");
+  TxtCommand->setFixedWidth(kCommandWidth);
+  TxtCommand->setAccessibleName("查找命令");
+  return row({LblSet, space(8), LblUnit, stretch(), CmdLogin, TxtCommand});
+}
+
+QLayout* FrmHome::stepLines() {
+  auto* grid = new QGridLayout;
+  grid->setContentsMargins(4, 2, 4, 2);
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(0);
+  grid->setColumnStretch(Counts, 1);
+  for (std::size_t i = 0; i < kSteps; ++i) {
+    const int line = static_cast<int>(i);
+    LblMark[i]->setFixedSize(kMarkSize, kMarkSize);
+    LblStep[i]->setFixedWidth(kCaptionWidth);
+    LblStep[i]->setText(toQt(captionOf(static_cast<StepKind>(i))));
+    LblCounts[i]->setTextFormat(Qt::RichText);
+    LblCounts[i]->setMinimumHeight(kStepHeight);
+    LblCounts[i]->setWordWrap(true);
+    LblLast[i]->setFixedWidth(kLastWidth);
+    LblLast[i]->setProperty("note", true);
+    CmdStep[i]->setFixedWidth(kButtonWidth);
+    CmdMore[i]->setPopupMode(QToolButton::InstantPopup);
+    CmdMore[i]->setText("⋯");
+    CmdMore[i]->setFocusPolicy(Qt::StrongFocus);
+    CmdMore[i]->setAccessibleName(LblStep[i]->text() + "的其他命令");
+    CmdMore[i]->setToolTip("其他命令");
+    CmdMore[i]->setStyleSheet("QToolButton::menu-indicator { image: none; }");
+    grid->addWidget(LblMark[i], line, Mark);
+    grid->addWidget(LblStep[i], line, Caption);
+    grid->addWidget(LblCounts[i], line, Counts);
+    grid->addWidget(LblLast[i], line, Last);
+    grid->addWidget(CmdStep[i], line, Button);
+    grid->addWidget(CmdMore[i], line, More);
+  }
+  return grid;
+}
+
+QLayout* FrmHome::figureTiles() {
+  auto* tiles = new QGridLayout;
+  tiles->setSpacing(6);
+  for (std::size_t i = 0; i < kFigures; ++i) {
+    auto* tile = card();
+    auto* caption = new QLabel(kFigureCaptions[i]);
+    caption->setProperty("note", true);
+    LblFigure[i]->setStyleSheet("font-size: 17px; font-weight: bold; border: none;");
+    LblFigure[i]->setAccessibleName(kFigureCaptions[i]);
+    arrange(tile, column({caption, LblFigure[i]}));
+    tile->layout()->setContentsMargins(10, 4, 10, 6);
+    tile->layout()->setSpacing(0);
+    tiles->addWidget(tile, static_cast<int>(i / 2), static_cast<int>(i % 2));
+  }
+  LblCards->setProperty("note", true);
+  auto* all = column({});
+  all->addLayout(tiles);
+  all->addWidget(LblCards);
+  return all;
+}
+
+void FrmHome::makeMenus() {
+  QMenu* file = menu_->addMenu("文件(&F)");
+  addCommands(file, {{"打开账套…", &FrmHome::openOther, &FrmHome::canStart, QKeySequence("Ctrl+O")},
+                     {"操作员与操作日期…", &FrmHome::changeLogin, &FrmHome::canStart, QKeySequence("Ctrl+D")},
+                     {"刷新", &FrmHome::read, nullptr, QKeySequence("F5")},
+                     {},
+                     {"退出", [this] { close(); }, nullptr, QKeySequence("Ctrl+W")}});
+  makeStepsMenu();
+  for (const RunGroup group : runGroups()) {
+    QMenu* menu = menu_->addMenu(toQt(captionOf(group)));
+    std::vector<Command> commands;
+    for (const StepCommand& command : allCommands()) {
+      if (groupOf(command) != group) continue;
+      const std::string caption(captionOf(command));
+      commands.emplace_back(
+          caption.c_str(), [this, command] { start(command); }, &FrmHome::canStart);
+    }
+    addCommands(menu, commands);
+  }
+  QMenu* help = menu_->addMenu("帮助(&H)");
+  addCommands(help, {{"使用手册", &FrmHome::openGuide, nullptr, QKeySequence("F1")}});
+}
+
+void FrmHome::makeStepsMenu() {
+  QMenu* menu = menu_->addMenu("本月(&M)");
+  std::vector<Command> commands;
+  for (std::size_t i = 0; i < kSteps; ++i) {
+    const std::string caption(captionOf(static_cast<StepKind>(i)));
+    commands.emplace_back(
+        CommandCaption(caption.c_str(), ("step " + caption).c_str()), [this, i] { startStep(i); },
+        &FrmHome::canStart, QKeySequence(QString("Ctrl+%1").arg(i + 1)));
+  }
+  addCommands(menu, commands);
+}
+
+void FrmHome::makeFinder() {
+  QStringList captions;
+  for (const StepCommand& command : allCommands()) captions << toQt(captionOf(command));
+  auto* completer = new QCompleter(captions, TxtCommand);
+  completer->setFilterMode(Qt::MatchContains);
+  completer->setCaseSensitivity(Qt::CaseInsensitive);
+  TxtCommand->setCompleter(completer);
+  auto* find = new QAction("查找命令", this);
+  find->setShortcut(QKeySequence("Ctrl+K"));
+  addAction(find);
+  on(find, &QAction::triggered, [this] {
+    TxtCommand->setFocus();
+    TxtCommand->selectAll();
+  });
+}
+
+}  // namespace zelkor

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <QString>
+#include <QWidget>
+#include <utility>
+#include <vector>
+
+namespace zelkor {
+
+/// Amounts as bars under each other, or as a line over the months of a year. A click opens what they are
+/// from; the menu keeps them as a picture or as the numbers behind it.
+class frmChart final : public QWidget {
+ public:
+  enum class Kind { Bars, Line };
+  struct Point {
+    QString label;
+    std::optional<double> amount;  // none: not yet
+  };
+
+  explicit frmChart(QWidget* parent = nullptr) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+  void setTitle(const QString& title) { title_ = title; }
+  /// What is said where there is nothing to show.
+  void setEmptyText(const QString& text) { emptyText_ = text; }
+  void show(Kind kind, std::vector<Point> points);
+  void onOpened(std::function<void()> listener) { opened_ = std::move(listener); }
+  /// Told the file that could not be written.
+  void onNotSaved(std::function<void(const QString&)> listener) { notSaved_ = std::move(listener); }
+
+  /// The numbers, as a spreadsheet reads them.
+  QString csv() const;
+
+  QSize sizeHint() const override { return {240, 140}; }
+  QSize minimumSizeHint() const override { return {180, 96}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  void paintBars(QPainter& painter, QRect room) const;
+  void paintLine(QPainter& painter, QRect room) const;
+  void tell();
+  bool isEmpty() const;
+  void savePicture();
+  void saveNumbers();
+
+  QString title_;
+  QString emptyText_ = "没有数据";
+  Kind kind_ = Kind::Bars;
+  std::vector<Point> points_;
+  std::function<void()> opened_;
+  std::function<void(const QString&)> notSaved_;
+};
+
+/// "1,234" for a figure in a narrow place, "123.4万" for a long one.
+QString shortAmount(double amount);
+
+}  // namespace zelkor

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <QSocketNotifier>
+#include <string>
+#include <vector>
+
+#include "home/ChildProgram.h"
+
+namespace zelkor {
+
+/// The module, started for one command after the other.
+class frmModule {
+ public:
+  explicit frmModule(std::string program) : program_(std::move(program)) {}
+
+  bool isRunning() const { return child_ != nullptr; }
+  /// What the command that runs is called.
+  const std::string& caption() const { return caption_; }
+
+  /// Starts it; `ended` is called once, by the event loop. Errors as ChildProgram.
+  void start(const std::string& caption, const std::vector<std::string>& arguments,
+             std::function<void(const ChildEnd&)> ended);
+
+ private:
+  void finish();
+
+  std::string program_;
+  std::string caption_;
+  std::unique_ptr<ChildProgram> child_;
+  std::unique_ptr<QSocketNotifier> end_;
+  std::function<void(const ChildEnd&)> ended_;
+};
+
+}  // namespace zelkor

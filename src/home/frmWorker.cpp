@@ -1,0 +1,72 @@
+#include "home/frmWorker.h"
+
+#include <chrono>
+#include <utility>
+
+namespace zelkor {
+namespace {
+
+/// A server that does not answer must not keep the program from its end.
+constexpr std::chrono::seconds kPatience{2};
+
+}  // namespace
+
+frmWorker::frmWorker() {
+  shared_->receiver = &receiver_;
+  thread_ = std::thread([shared = shared_] { work(shared); });
+}
+
+frmWorker::~frmWorker() {
+  bool ended = false;
+  {
+    std::unique_lock lock(shared_->mutex);
+    shared_->ending = true;
+    shared_->receiver = nullptr;
+    shared_->jobs.clear();
+    shared_->changed.notify_all();
+    ended = shared_->changed.wait_for(lock, kPatience, [this] { return shared_->ended; });
+  }
+  if (ended) {
+    thread_.join();
+  } else {
+    thread_.detach();
+  }
+}
+
+void frmWorker::start(Job job) {
+  const std::lock_guard lock(shared_->mutex);
+  shared_->jobs.push_back(std::move(job));
+  shared_->changed.notify_all();
+}
+
+bool frmWorker::isBusy() const {
+  const std::lock_guard lock(shared_->mutex);
+  return shared_->working || !shared_->jobs.empty();
+}
+
+void frmWorker::deliver(Shared& shared, Result result) {
+  const std::lock_guard lock(shared.mutex);
+  shared.working = false;
+  if (shared.receiver != nullptr && result)
+    QMetaObject::invokeMethod(shared.receiver, std::move(result), Qt::QueuedConnection);
+}
+
+void frmWorker::work(const std::shared_ptr<Shared>& shared) {
+  while (true) {
+    Job job;
+    {
+      std::unique_lock lock(shared->mutex);
+      shared->changed.wait(lock, [&] { return shared->ending || !shared->jobs.empty(); });
+      if (shared->ending) break;
+      job = std::move(shared->jobs.front());
+      shared->jobs.pop_front();
+      shared->working = true;
+    }
+    deliver(*shared, job());
+  }
+  const std::lock_guard lock(shared->mutex);
+  shared->ended = true;
+  shared->changed.notify_all();
+}
+
+}  // namespace zelkor

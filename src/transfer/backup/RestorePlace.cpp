@@ -1,0 +1,68 @@
+#include "transfer/backup/RestorePlace.h"
+
+#include <system_error>
+
+#include "base/FileAccess.h"
+#include "base/RuntimeError.h"
+#include "base/SystemError.h"
+#include "transfer/backup/BackupFolder.h"
+
+namespace zelkor {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void refuse(const std::string& reason) {
+  throw RuntimeError(ErrorNumber::InvalidProcedureCall, reason);
+}
+
+fs::path realPathOf(const fs::path& file) {
+  std::error_code failure;
+  const fs::path whole = fs::absolute(file, failure);
+  const fs::path real = fs::weakly_canonical(whole, failure);
+  return failure ? whole : real;
+}
+
+/// A second name costs no room; where there can be none, or the files change hands, it is a copy.
+void keepFile(const fs::path& file, const fs::path& kept) {
+  std::error_code failure;
+  fs::create_hard_link(file, kept, failure);
+  if (failure) fs::copy_file(file, kept);
+}
+
+}  // namespace
+
+RestorePlace restorePlaceOf(const fs::path& target) {
+  std::error_code missing;
+  const bool isFile =
+      fs::is_regular_file(target, missing) || (!fs::exists(target, missing) && target.extension() == ".Mdb");
+  fs::path folder = isFile ? folderOf(target) : target;
+  if (!folder.has_filename()) folder = folder.parent_path();
+  const fs::path data = realPathOf(isFile ? target : folder / kBackedUpData);
+  const fs::path system = realPathOf(folder / kBackedUpSystem);
+  const RestorePlace place{.folder = data.parent_path(), .data = data, .system = system};
+  if (isBackup(place.folder)) refuse("“" + place.folder.string() + "”本身是一个备份，不能在其中恢复。");
+  if (system.parent_path() != place.folder)
+    refuse("数据文件“" + data.string() + "”和系统文件“" + system.string() +
+           "”不在同一目录，不能一起替换：请恢复到新的目录。");
+  return place;
+}
+
+fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, const std::string& time) {
+  try {
+    makeFolder(in);
+    const std::string name = nameForDamaged(time);
+    fs::path kept = in / name;
+    for (int number = 2; !makeFolder(kept); ++number) kept = in / (name + "-" + std::to_string(number));
+    for (const fs::path& file : {place.data, place.system})
+      for (const char* ending : {"", "-wal", "-journal"})
+        if (const fs::path one = fs::path(file).concat(ending); fs::exists(one))
+          keepFile(one, kept / one.filename());
+    forceToDisk(kept);
+    return kept;
+  } catch (const fs::filesystem_error& error) {
+    throw systemError("不能保留原来的文件", error.code().value());
+  }
+}
+
+}  // namespace zelkor

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace zelkor {
+
+/// Where the files of an account set lie or are to lie, by whatever links they were reached.
+struct RestorePlace {
+  std::filesystem::path folder;
+  std::filesystem::path data;
+  std::filesystem::path system;
+
+  bool hasData() const { return std::filesystem::exists(data); }
+  bool hasSystem() const { return std::filesystem::exists(system); }
+  bool isNew() const { return !hasData() && !hasSystem(); }
+};
+
+/// The place that a folder or a data file stands for, which has to be there no more than its folder's folder.
+/// Error 5 for a place that is none: a backup, or files in two folders.
+RestorePlace restorePlaceOf(const std::filesystem::path& target);
+
+/// Keeps the files of a damaged account set as they are, with the engine's logs, in a new folder; gives it.
+/// They may be open for nobody.
+std::filesystem::path keepFilesAsTheyAre(const RestorePlace& place, const std::filesystem::path& in,
+                                         const std::string& time);
+
+}  // namespace zelkor

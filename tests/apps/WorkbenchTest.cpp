@@ -1,0 +1,82 @@
+#ifdef ZELKOR_SCREENS  // the screens are built
+
+#include "apps/JobTest.h"
+#include "apps/VirtualScreen.h"
+#include "support/Paths.h"
+
+// The workbench in a real window, with the module that it starts.
+namespace zelkor::test {
+namespace {
+
+constexpr const char* kMonth = "固定资产工作台　Works　2020年1月　下一步：";
+
+class WorkbenchTest : public JobTest {
+ protected:
+  void TearDown() override {
+    if (HasFailure()) screen_.keepPicture(pictureFolder() / "workbench-failed.png");
+  }
+  ProgramRun started(const std::vector<std::string>& words) const {
+    return ProgramRun(zelkorHomeProgram(), words, home.path(), ProgramOptions{.display = screen_.display()});
+  }
+  void waitFor(const std::string& step) const { screen_.focus(kMonth + step); }
+  void enter(const std::string& text) const {
+    screen_.type(text);
+    screen_.press("Return");
+  }
+
+  const VirtualScreen screen_{home.path()};
+};
+
+TEST_F(WorkbenchTest, WhatCannotBeOpenedIsTold) {
+  const auto ended = [this](const Words& words) {
+    return ProgramRun(zelkorHomeProgram(), words, home.path()).finish();
+  };
+  EXPECT_EQ(ended({"--nonsense"}).status, 2);
+  EXPECT_EQ(ended({"--date", "1.5.2020"}).status, 2);
+  EXPECT_EQ(ended({"--version"}).status, 0);
+  const ProgramResult missing = ended({home / "nowhere"});
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_NE(missing.errors.find("找不到文件"), std::string::npos) << missing.errors;
+}
+
+TEST_F(WorkbenchTest, ANewSetGoesThroughItsFirstMonth) {
+  ProgramRun workbench = started({});
+  screen_.focus("固定资产工作台　账套");
+  screen_.press("alt+n");
+  screen_.focus("新建账套");
+  for (const char* field : {"Works", "Ltd", "Li"}) enter(field);
+  enter("");  // the number that is offered
+  for (const char* field : {"2020", "1"}) enter(field);
+  screen_.press("space");  // sample archives
+  screen_.press("Tab");
+  enter(home / "set");
+  for (const char* key : {"Return", "Return"}) screen_.press(key);  // over the server's field
+  screen_.waitUntilClosed("新建账套");
+  screen_.focus("固定资产工作台　账套");
+  screen_.press("alt+o");
+  screen_.focus("操作员与操作日期");
+  for (const char* key : {"Return", "Return"}) screen_.press(key);
+  waitFor("卡片");
+
+  EXPECT_EQ(ctl({"cards", "import", arguments("5"), registerOf({"12000", "24000"})}).status, 0);
+  screen_.press("F5");
+  waitFor("计提折旧");
+  screen_.press("ctrl+2");  // a screen of the module, which the workbench starts
+  screen_.focus("部门编码表");
+  screen_.press("ctrl+w");
+  screen_.waitUntilClosed("部门编码表");
+  EXPECT_EQ(ctl({"run", arguments("8"), "--answers", "y,y,n"}).status, 0);
+  waitFor("计提折旧");
+  screen_.press("F5");
+  waitFor("制单");
+  screen_.keepPicture(pictureFolder() / "workbench.png");
+  screen_.press("ctrl+w");
+  const ProgramResult end = workbench.finish();
+  EXPECT_EQ(end.status, 0);
+  EXPECT_EQ(end.errors, "");
+}
+
+}  // namespace
+}  // namespace zelkor::test
+
+#endif

@@ -18,6 +18,8 @@ namespace {
 
 constexpr const char* kDataFile = "数据文件";
 constexpr const char* kSystemFile = "系统文件";
+constexpr std::string_view kRule = "规则 ";
+constexpr std::string_view kDeviceFails = "设备 I/O 错误：";  // as the engines begin it
 
 bool isUnknownName(const RuntimeError& error) {
   return error.is(ErrorNumber::CannotOpenTableOrQuery) || error.is(ErrorNumber::TooFewParameters);
@@ -28,17 +30,34 @@ bool isMissingNamed(const CheckResult& result) {
       result.findings, [](const Finding& one) { return one.rule->code == "F02" || one.rule->code == "F03"; });
 }
 
+/// Whether it is what an earlier finding tells of: a connection that broke has other words the next time.
+bool isTold(const Finding& finding, const RuntimeError& error) {
+  return finding.detail == error.what() ||
+         (error.is(ErrorNumber::DeviceIo) && finding.detail.starts_with(kDeviceFails));
+}
+
+/// Parts that fail for one reason are one finding: a damaged page or a connection that broke stops many.
+void tellNotDone(const std::string& part, const RuntimeError& error, CheckResult& result) {
+  const CheckRule* rule = findCheckRule("F05");
+  const auto told = std::ranges::find_if(
+      result.findings, [&](const Finding& one) { return one.rule == rule && isTold(one, error); });
+  if (told == result.findings.end()) {
+    result.findings.push_back({.rule = rule, .place = part, .detail = error.what()});
+  } else {
+    told->place += "、" + (part.starts_with(kRule) ? part.substr(kRule.size()) : part);
+  }
+}
+
 /// Does a part of the check. What fails because a table is not there, which has been told, is a note;
 /// anything else is a finding.
 void guarded(const std::string& part, CheckResult& result, const std::function<void()>& work) {
   try {
     work();
   } catch (const RuntimeError& error) {
-    const std::string told = part + " 没有检查：" + error.what();
     if (isUnknownName(error) && isMissingNamed(result)) {
-      result.notes.push_back(told);
+      result.notes.push_back(part + " 没有检查：" + error.what());
     } else {
-      result.findings.push_back({.rule = findCheckRule("F05"), .place = part, .detail = error.what()});
+      tellNotDone(part, error, result);
     }
   }
 }
@@ -109,7 +128,7 @@ CheckResult checkData(ReadBooks& books, const std::string& name, const DateTime&
   guarded("各月的数据", result, [&] {
     const CheckPeriod period = CheckPeriod::of(books.data(), date);
     for (const CheckRule& rule : checkRules())
-      guarded("规则 " + std::string(rule.code), result, [&] { ask(books, rule, period, result); });
+      guarded(std::string(kRule).append(rule.code), result, [&] { ask(books, rule, period, result); });
     guarded("与账务核对", result, [&] { checkLedger(books, period, result); });
   });
   sortByRule(result.findings);

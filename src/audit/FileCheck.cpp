@@ -72,8 +72,7 @@ class CatalogueCheck {
 void addIntegrity(const IntegrityCheck& integrity, const std::string& name, CheckResult& result) {
   for (const std::string& problem : integrity.problems)
     result.findings.push_back(found("F01", name, problem));
-  if (!integrity.notDone.empty())
-    result.notes.push_back(name + " 的存储没有由引擎检查：" + integrity.notDone);
+  if (!integrity.notDone.empty()) result.notes.push_back(name + "未经数据库引擎检查：" + integrity.notDone);
 }
 
 void checkTables(ReadBooks& books, const std::vector<TableDef>& tables, CheckResult& result) {

@@ -34,6 +34,19 @@ iif(c.sDeprMethodID='5' and c.lLife>6,ccur((c.dblValue-c.dblBV)*ccur((c.lLife-c.
     {"{noStatus}", "not exists (select a.sID from fa_Status a where a.sID=c.sStatusID)"},
     {"{noMethod}", "not exists (select a.sID from fa_Depreciations a where a.sID=c.sDeprMethodID)"},
     {"{noWay}", "not exists (select a.sID from fa_Origins a where a.sID=c.sOrgAddID)"},
+    // Card version c can be read. Where a column holds something of another type, it stands before or behind
+    // all values of its own.
+    {"{hasNumber}", "(c.sCardID>='0' and c.sCardID<':')"},
+    {"{hasDates}",
+     "(c.dStartdate>=#1900-1-1# and c.dStartdate<#3000-1-1# and (c.dTransDate is null or "
+     "(c.dTransDate>=#1900-1-1# and c.dTransDate<#3000-1-1#)) and (c.dDisposeDate is null or "
+     "(c.dDisposeDate>=#1900-1-1# and c.dDisposeDate<#3000-1-1#)))"},
+    {"{hasLife}",
+     "((c.lLife is null or (c.lLife>=0 and c.lLife<1000000)) and (c.lUsedMonths is null or "
+     "(c.lUsedMonths>=0 and c.lUsedMonths<1000000)))"},
+    {"{hasAmounts}",
+     "(c.dblValue>-1E14 and c.dblValue<1E14 and (c.dblBV is null or (c.dblBV>-1E14 and c.dblBV<1E14)) and "
+     "(c.dblTransInDeprTCard is null or (c.dblTransInDeprTCard>-1E14 and c.dblTransInDeprTCard<1E14)))"},
     // What the rows by department of the version of row d come to.
     {"{ofDepartments}",
      "(select sum(e.dblValue) from fa_Cards_Detail e where e.sCardNum=d.sCardNum and e.sCardID=d.sCardID)"},

@@ -36,7 +36,7 @@ struct BooksToCheck {
   DateTime date;
 };
 
-/// Asks all rules but those of the system file of a data file, told as `name`, as of the month of that day.
+/// Asks all rules of a data file, told as `name`, as of the month of that day, but not its engine.
 CheckResult checkData(ReadBooks& books, const std::string& name, const DateTime& date);
 
 /// Asks all rules of one state of the books. Reads on connections of its own and writes nothing, so that the

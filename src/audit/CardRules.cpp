@@ -191,6 +191,15 @@ from fa_Vouchers v
 where v.sVoucherName<>'折旧方法调整'
   and exists (select c.sCardNum from fa_Cards c where c.sCardNum=v.sCardNum)
   and not exists (select c.sCardNum from fa_Cards c where c.sCardNum=v.sCardNum and c.sVoucherNum=v.sNum))"},
+    {.code = "C19",
+     .severity = Severity::Error,
+     .meaning = "卡片的版本号、日期、年限或金额缺少，或读不出来",
+     .remedy = "卡片表被手工改动过：由管理员用 zelkorctl sql 改正所示的项目，或从备份恢复",
+     .statement = R"(
+select c.sCardNum as card, '版本 ' & c.sCardID as place,
+  iif({hasNumber},'','版本号 ') & iif({hasDates},'','日期 ') & iif({hasLife},'','使用年限、已计提月份 ')
+  & iif({hasAmounts},'','原值、净残值、累计折旧') as detail
+from fa_Cards c where iif({hasNumber} and {hasDates} and {hasLife} and {hasAmounts},0,1)=1)"},
 };
 
 }  // namespace

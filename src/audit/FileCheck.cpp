@@ -69,13 +69,13 @@ class CatalogueCheck {
 
 }  // namespace
 
-void checkFile(ReadBooks& books, const std::vector<TableDef>& tables, const std::string& name,
-               CheckResult& result) {
-  const IntegrityCheck integrity = books.tables().checkIntegrity();
+void addIntegrity(const IntegrityCheck& integrity, const std::string& name, CheckResult& result) {
   for (const std::string& problem : integrity.problems)
     result.findings.push_back(found("F01", name, problem));
-  if (!integrity.notDone.empty())
-    result.notes.push_back(name + " 的存储没有由引擎检查：" + integrity.notDone);
+  if (!integrity.notDone.empty()) result.notes.push_back(name + "未经数据库引擎检查：" + integrity.notDone);
+}
+
+void checkTables(ReadBooks& books, const std::vector<TableDef>& tables, CheckResult& result) {
   CatalogueCheck catalogue(books, result);
   for (const TableDef& table : tables) catalogue.check(table);
 }

@@ -9,9 +9,10 @@
 
 namespace zelkor {
 
-/// The file's own rules (F01 to F04): what the engine finds in it, and its tables, columns and indexes beside
-/// `tables` of the catalogue. `name` is how the file is told.
-void checkFile(ReadBooks& books, const std::vector<TableDef>& tables, const std::string& name,
-               CheckResult& result);
+/// What the engine's own check of that file has found (F01). `name` is how the file is told.
+void addIntegrity(const IntegrityCheck& integrity, const std::string& name, CheckResult& result);
+
+/// The tables, columns and indexes of the file beside `tables` of the catalogue (F02 to F04).
+void checkTables(ReadBooks& books, const std::vector<TableDef>& tables, CheckResult& result);
 
 }  // namespace zelkor

@@ -8,7 +8,7 @@ namespace {
 constexpr CheckRule kRules[] = {
     {.code = "F01",
      .severity = Severity::Error,
-     .meaning = "数据文件损坏：数据库引擎自己的检查发现问题",
+     .meaning = "数据文件损坏：数据库引擎自己的检查或读出内容时发现问题",
      .remedy = "停止使用，从备份恢复；只是索引损坏时，用 zelkorctl copy 复制一份，索引会重新建立"},
     {.code = "F02", .severity = Severity::Error, .meaning = "缺少表", .remedy = "从备份恢复"},
     {.code = "F03",
@@ -22,8 +22,8 @@ constexpr CheckRule kRules[] = {
                "复制一份"},
     {.code = "F05",
      .severity = Severity::Error,
-     .meaning = "有一项没有能够检查",
-     .remedy = "按所示错误查明数据；表被手工改动过时从备份恢复"},
+     .meaning = "有的项目未能检查",
+     .remedy = "按所示错误查明：与服务器的连接中断时再检查一次；数据有错、表被手工改动过时从备份恢复"},
 };
 
 }  // namespace

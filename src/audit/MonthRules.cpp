@@ -21,7 +21,7 @@ where abs(a.dblTotal-s.mTotal)>0.00005
 union all
 select {run}, a.dblTotal-t.dblTotal,
   '分配 ' & format(a.dblTotal,'0.00') & '，台账 ' & format(t.dblTotal,'0.00')
-from (select nz(sum(val(format(dblCredit,'0.00'))),0) as dblTotal from fa_DeprVouchers) a,
+from (select nz(sum({cents}),0)/100 as dblTotal from fa_DeprVouchers) a,
   (select nz(sum(dblDepr{run}),0) as dblTotal from fa_DeprTransactions) t
 where abs(a.dblTotal-t.dblTotal)>0.004)"},
     {.code = "M02",

@@ -16,7 +16,7 @@ Currency amountIn(const Recordset& row, std::string_view column) {
 
 std::optional<DateTime> dateIn(const Recordset& row, std::string_view column) {
   const Value value = row.Fields(column);
-  return value.isNull() ? std::nullopt : std::optional(value.as<DateTime>());
+  return value.isNull() ? std::nullopt : std::optional(CDate(value));
 }
 
 /// Goes through the versions of a card and keeps what they move in the year.

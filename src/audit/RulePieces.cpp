@@ -34,11 +34,26 @@ iif(c.sDeprMethodID='5' and c.lLife>6,ccur((c.dblValue-c.dblBV)*ccur((c.lLife-c.
     {"{noStatus}", "not exists (select a.sID from fa_Status a where a.sID=c.sStatusID)"},
     {"{noMethod}", "not exists (select a.sID from fa_Depreciations a where a.sID=c.sDeprMethodID)"},
     {"{noWay}", "not exists (select a.sID from fa_Origins a where a.sID=c.sOrgAddID)"},
+    // Card version c can be read. Where a column holds something of another type, it stands before or behind
+    // all values of its own.
+    {"{hasNumber}", "(c.sCardID>='0' and c.sCardID<':')"},
+    {"{hasDates}",
+     "(c.dStartdate>=#1900-1-1# and c.dStartdate<#3000-1-1# and (c.dTransDate is null or "
+     "(c.dTransDate>=#1900-1-1# and c.dTransDate<#3000-1-1#)) and (c.dDisposeDate is null or "
+     "(c.dDisposeDate>=#1900-1-1# and c.dDisposeDate<#3000-1-1#)))"},
+    {"{hasLife}",
+     "((c.lLife is null or (c.lLife>=0 and c.lLife<1000000)) and (c.lUsedMonths is null or "
+     "(c.lUsedMonths>=0 and c.lUsedMonths<1000000)))"},
+    {"{hasAmounts}",
+     "(c.dblValue>-1E14 and c.dblValue<1E14 and (c.dblBV is null or (c.dblBV>-1E14 and c.dblBV<1E14)) and "
+     "(c.dblTransInDeprTCard is null or (c.dblTransInDeprTCard>-1E14 and c.dblTransInDeprTCard<1E14)))"},
     // What the rows by department of the version of row d come to.
     {"{ofDepartments}",
      "(select sum(e.dblValue) from fa_Cards_Detail e where e.sCardNum=d.sCardNum and e.sCardID=d.sCardID)"},
     // Row s belongs to no card.
     {"{noCard}", "not exists (select c.sCardNum from fa_Cards c where c.sCardNum=s.sCardNum)"},
+    // A row of the allocation as the ledger keeps it: rounded to cents, a half away from zero.
+    {"{cents}", "sgn(dblCredit)*int(abs(dblCredit)*100+0.5000001)"},
     // The staged entries of the depreciation.
     {"{stagedRun}", "fa_ZWVouchers where ioutyear={year} and ioutperiod={run} and coutsign='折旧计提'"},
     // The vouchers in the ledger: month, kind, number.

@@ -33,7 +33,7 @@ bool FileDescriptor::close() {
 FileAccess accessOf(const std::filesystem::path& file) {
   struct stat found {};
   if (::stat(file.c_str(), &found) != 0) return {};
-  return {kOwner | (found.st_mode & (kGroup | S_IROTH)), found.st_gid};
+  return {kOwner | (found.st_mode & (kGroup | S_IROTH)), found.st_gid, found.st_uid};
 }
 
 FileAccess accessWithin(const std::filesystem::path& folder) {
@@ -69,12 +69,19 @@ bool forceToDisk(const std::filesystem::path& path) {
   return !file || ::fsync(file.get()) == 0 || errno == EINVAL;  // a file system that cannot be asked
 }
 
+// Where it fails the file is the superuser's, which is less than it could be.
+void giveToOwner(const FileDescriptor& file, const FileAccess& access) {
+  if (::geteuid() != 0 || access.owner == static_cast<uid_t>(-1)) return;
+  (void)!::fchown(file.get(), access.owner, static_cast<gid_t>(-1));
+}
+
 bool grant(const FileDescriptor& file, const FileAccess& access) {
   mode_t mode = access.mode;
   const bool ownGroup = access.group == static_cast<gid_t>(-1);
   if (!ownGroup && ::fchown(file.get(), static_cast<uid_t>(-1), access.group) != 0) {
     mode &= ~kGroup | ((mode & S_IRWXO) << kGroupShift);
   }
+  giveToOwner(file, access);
   return ::fchmod(file.get(), mode) == 0;
 }
 

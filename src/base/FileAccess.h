@@ -29,6 +29,7 @@ class FileDescriptor {
 struct FileAccess {
   mode_t mode = 0600;
   gid_t group = static_cast<gid_t>(-1);  // of whom the middle digit speaks; -1: the one that comes by itself
+  uid_t owner = static_cast<uid_t>(-1);  // given by the superuser alone; -1: whoever makes the file
 };
 
 /// That of a file which another one is made from; its owner's alone when there is no such file.
@@ -47,6 +48,8 @@ bool makeFolder(const std::filesystem::path& folder);
 /// read is left to the system.
 bool forceToDisk(const std::filesystem::path& path);
 
+/// Gives a file or folder to its owner, where the superuser has made it.
+void giveToOwner(const FileDescriptor& file, const FileAccess& access);
 /// Gives the file that access. A group that cannot be given keeps what strangers have: nobody gets more.
 bool grant(const FileDescriptor& file, const FileAccess& access);
 /// A new file that nobody else can have put there, links included; none with `errno` when it fails.

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/engine/Statement.h"
@@ -56,6 +57,13 @@ std::string textAt(const Recordset& rows, std::size_t column) {
 /// Texts compare in statements without regard to the case of letters.
 std::string keyAt(const Recordset& rows, std::size_t column) {
   return asciiLower(textAt(rows, column));
+}
+
+/// Nothing where the column holds no date, as in tables that were changed by hand: no condition takes it for
+/// one.
+Value dateAt(const Recordset& rows, std::size_t column) {
+  Value value = rows.Fields(column);
+  return IsDate(value) ? value : Value();
 }
 
 std::optional<MonthlyDepr> computed(const DeprBasis& basis) {
@@ -146,11 +154,11 @@ DeprVersion DeprCards::versionHere() const {
                    textAt(row, kSubject),    textAt(row, kSubjectName)};
   version.inArchives = department != departments_.end() && category != categories_.end() &&
                        !row.Fields(kDepartment).isNull() && !row.Fields(kCategory).isNull();
-  version.start = row.Fields(kStart);
+  version.start = dateAt(row, kStart);
   if (detail_ == DeprDetail::Figures) return version;
-  version.entered = row.Fields(kEntered);
-  version.changed = row.Fields(kChanged);
-  version.disposed = row.Fields(kDisposed);
+  version.entered = dateAt(row, kEntered);
+  version.changed = dateAt(row, kChanged);
+  version.disposed = dateAt(row, kDisposed);
   version.kind = static_cast<std::int32_t>(row.Fields(kKind).numberOrZero());
   version.sheet = textAt(row, kSheet);
   return version;

@@ -16,9 +16,11 @@ constexpr int kMostAttempts = 200;
                                                 difference.table + "：" + difference.reason);
 }
 
+/// A copy of the pages is as damaged as the original, whose name it bears.
 void requireSound(Engine& engine, const std::filesystem::path& file) {
   if (const std::string damage = engine.damage(); !damage.empty())
-    throw RuntimeError(ErrorNumber::UnrecognizedFormat, "文件“" + file.string() + "”已损坏：" + damage);
+    throw RuntimeError(ErrorNumber::UnrecognizedFormat,
+                       "账套的文件“" + file.filename().string() + "”已损坏，没有做备份：" + damage);
 }
 
 /// A copy of the pages holds the same rows where it is whole and they count the same.

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <fstream>
 #include <set>
 #include <span>
 
@@ -69,6 +70,7 @@ TEST(BookCheck, EachDamageIsFoundByItsRuleAlone) {
   books.check();                        // writes out
   std::set<std::string> proved{"F01"};  // below
   for (const auto& damage : casesIn("audit/damages.txt")) {
+    if (onServer() && proved.contains(damage[0])) continue;  // there each rule's query is asked once
     const CheckResult result = checkAfter(books.dataFile(), std::span(damage).subspan(1));
     EXPECT_EQ(codesOf(result), std::set{damage[0]}) << damage[1] << "\n"
                                                     << testing::PrintToString(linesOf(result));
@@ -85,10 +87,39 @@ void runIn(const std::string& file, const std::vector<std::string>& statements) 
   for (const std::string& statement : statements) engine->run(statement);
 }
 
+/// Fills the first page of a table or index with nothing.
+void emptyPageOf(const std::string& file, const std::string& name) {
+  const auto engine = openDataFile(file);
+  engine->run("PRAGMA wal_checkpoint(TRUNCATE)");
+  auto place = engine->prepare(
+      "SELECT (rootpage - 1) * page_size, page_size FROM sqlite_master, pragma_page_size WHERE name = '" +
+      name + "'");
+  place->step();
+  std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
+  stream.seekp(place->integer(0));
+  stream << std::string(static_cast<std::size_t>(place->integer(1)), '\0');
+  place.reset();
+}
+
 // The pages of two indexes change places.
 TEST(BookCheck, TheEngineFindsWhatIsWrongInTheFile) {
   if (onServer()) GTEST_SKIP() << "the server test below";
   TwoMonths books;
+  books.check();  // writes out
+  struct Cell {
+    std::string column;
+    const char* damaged;
+    const char* sound;
+    const char* code;
+  };
+  for (const Cell& one :
+       {Cell{"fa_DeptScale SET sDeprSubjectName", "CAST(x'E68A' AS TEXT)", "'折旧费'", "F01"},
+        {"fa_Cards SET dDisposeDate", "'x'", "NULL", "C19"}}) {
+    for (const char* content : {one.damaged, one.sound}) {
+      runIn(books.dataFile(), {"UPDATE " + one.column + " = " + content});
+      EXPECT_EQ(codesOf(books.check()).contains(one.code), content == one.damaged) << content;
+    }
+  }
   for (const char* sheet : {"'1','00001'", "'2','00002'"})
     books.execute(sql("insert into fa_CardsSheets (sID,sCardNum) values (", sheet, ")"));
   books.check();
@@ -99,6 +130,13 @@ TEST(BookCheck, TheEngineFindsWhatIsWrongInTheFile) {
                                            ") - rootpage WHERE name LIKE 'fa_CardsSheets!_!_%' ESCAPE '!'"});
   const CheckResult result = books.check();
   EXPECT_EQ(codesOf(result), std::set<std::string>{"F01"}) << testing::PrintToString(linesOf(result));
+
+  emptyPageOf(books.dataFile(), "fa_DeprTransactions");
+  std::vector<std::string> notAsked;  // told once, whatever rules it stops
+  for (const Finding& one : books.check().findings)
+    if (one.rule->code == "F05") notAsked.push_back(one.place);
+  ASSERT_EQ(notAsked.size(), 1U);
+  EXPECT_TRUE(notAsked.front().starts_with("规则 M01、M02、")) << notAsked.front();
 }
 
 // An index by a function that changes its mind.

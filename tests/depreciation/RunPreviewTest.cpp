@@ -6,9 +6,11 @@
 #include "changes/ChangeSheets.h"
 #include "depreciation/RunPreview.h"
 #include "DepreciationFixture.h"
+#include "store/accountset/DataFile.h"
 #include "support/Golden.h"
 #include "support/KeptPromise.h"
 #include "support/MonthlyRun.h"
+#include "support/TestServer.h"
 
 namespace zelkor::test {
 namespace {
@@ -92,6 +94,11 @@ std::string firstDifference(const std::vector<std::string>& before, const std::v
 
 TEST_F(RunPreviewTest, PromisesWhatTheRunThenBooks) {
   addOddCards();
+  add({.cardNum = "00012"});
+  execute("update fa_Cards set dStartdate=Null where sCardNum='00012'");
+  engine.flush();
+  if (!onServer())  // a file keeps what is no date, too
+    openDataFile(context.gstrZtFile)->run("UPDATE fa_Cards SET dStartdate='soon' WHERE sCardNum='00012'");
   const RunPreview promise = preview();
   const auto [cards, planned] = firstMonths(promise, planDepr(db(), context.gdOpDate, 24));
   runMonth(context, dialogs);

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -166,7 +167,12 @@ TEST_F(BackupTest, IsRestoredOverWhatIsThereWhichIsKept) {
   mark("old");
   const fs::path backup = backUp(order()).folder;
   mark("new");
+  constexpr uid_t kSomebody = 65534;
+  const bool isPrivileged = geteuid() == 0;
   if (!onServer()) fs::permissions(data(), fs::perms(0660));
+  if (!onServer() && isPrivileged) {
+    ASSERT_EQ(chown(data().c_str(), kSomebody, kSomebody), 0);
+  }
   const Restored restored = restoreBackup(restoring(backup, home / "set"));
   EXPECT_EQ(marks(), "old,old");
   EXPECT_THAT(textsOf(restored.problems), IsEmpty());
@@ -176,7 +182,10 @@ TEST_F(BackupTest, IsRestoredOverWhatIsThereWhichIsKept) {
   EXPECT_EQ(marksIn(restored.kept->folder), "new,new");
   EXPECT_THAT(namesIn(home / "set"), ElementsAre("ZkData.Mdb", "ZkSystem.Mdb"));
   if (!onServer()) {
-    EXPECT_EQ(fs::status(data()).permissions(), fs::perms(0660));
+    struct stat found {};
+    EXPECT_EQ(stat(data().c_str(), &found), 0);
+    EXPECT_EQ(found.st_mode & 07777, 0660U);
+    EXPECT_EQ(found.st_uid, isPrivileged ? kSomebody : geteuid());
   }
   restoreBackup(restoring(backup, home / "another"));
   EXPECT_EQ(marksIn(home / "another"), "old,old") << "where there was none";
@@ -234,6 +243,13 @@ TEST_F(BackupTest, WhatIsNotWholeOrNotMeantIsRefused) {
     EXPECT_THAT(namesIn(home / "set"), ElementsAreArray(before)) << one.name;
   }
   EXPECT_EQ(errorOf([&] { restoreBackup(restoring(backup, backup)); }), 5) << "into a backup";
+  fs::create_directory(home / "elsewhere");
+  for (const char* file : {"set/notes.txt", "set/ZkSystem.Mdb", "elsewhere/other.Mdb"}) {
+    if (!fs::exists(home / file)) writeFile(home / file, "mine");
+    const std::string content = readFile(home / file);
+    EXPECT_EQ(errorOf([&] { restoreBackup(restoring(backup, home / file)); }), 5) << file;
+    EXPECT_EQ(readFile(home / file), content) << "no account set's data file";
+  }
   EXPECT_EQ(errorOf([&] { backUp({.data = backup / "ZkData.Mdb", .system = backup / "ZkSystem.Mdb"}); }), 5);
 }
 

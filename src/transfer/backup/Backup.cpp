@@ -1,5 +1,6 @@
 #include "transfer/backup/Backup.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -141,7 +142,10 @@ BackupNote copySet(SetSource& source, const BackupOrder& order, const fs::path& 
 fs::path folderFor(const BackupOrder& order) {
   fs::path folder = order.to.empty() ? backupsBeside(order.data) : order.to;
   try {
-    makeFolder(folder);
+    const bool isNew = makeFolder(folder);
+    if (isNew && order.to.empty())  // whoever keeps the set lists and restores what lies beside it
+      giveToOwner(FileDescriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)),
+                  accessOf(order.data));
   } catch (const fs::filesystem_error& error) {
     throw systemError("不能建立备份文件夹“" + folder.string() + "”", error.code().value());
   }
@@ -189,6 +193,9 @@ MadeBackup backUp(const BackupOrder& order) {
 MadeBackup backUp(SetSource& source, const BackupOrder& order) {
   try {
     return makeBackup(source, order);
+  } catch (const RuntimeError& error) {
+    if (!error.is(ErrorNumber::DiskFull)) throw;
+    throw RuntimeError(ErrorNumber::DiskFull, "磁盘空间不足，备份没有完成；不完整的备份已清除。");
   } catch (const fs::filesystem_error& error) {
     throw systemError("不能备份“" + order.data + "”", error.code().value());
   }

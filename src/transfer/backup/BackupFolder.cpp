@@ -86,6 +86,7 @@ void shareFolder(const FileDescriptor& folder, const FileAccess& files, const fs
   mode_t mode = files.mode & (S_IRWXG | S_IRWXO);
   if (!isGiven) mode &= ~static_cast<mode_t>(S_IRWXG);
   mode |= (mode & (S_IRGRP | S_IROTH)) >> 2U;  // to read is to enter
+  giveToOwner(folder, files);
   ::fchmod(folder.get(), S_IRWXU | (mode & original.st_mode));
 }
 

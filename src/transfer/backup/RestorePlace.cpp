@@ -5,6 +5,7 @@
 #include "base/FileAccess.h"
 #include "base/RuntimeError.h"
 #include "base/SystemError.h"
+#include "base/Text.h"
 #include "transfer/backup/BackupFolder.h"
 
 namespace zelkor {
@@ -21,6 +22,14 @@ fs::path realPathOf(const fs::path& file) {
   const fs::path whole = fs::absolute(file, failure);
   const fs::path real = fs::weakly_canonical(whole, failure);
   return failure ? whole : real;
+}
+
+/// A file of any other name has to be half of an account set: nothing else is to be replaced by one.
+void requireDataFile(const fs::path& data, const fs::path& system) {
+  if (data == system) refuse("“" + data.string() + "”是系统文件：请给出账套所在目录或其数据文件。");
+  if (data.filename() == kBackedUpData || !fs::exists(data)) return;
+  if (fs::exists(system) && asciiLower(data.extension().string()) == ".mdb") return;
+  refuse("“" + data.string() + "”不是账套的数据文件，不能用备份替换它：请给出账套所在目录或其数据文件。");
 }
 
 /// A second name costs no room; where there can be none, or the files change hands, it is a copy.
@@ -41,6 +50,7 @@ RestorePlace restorePlaceOf(const fs::path& target) {
   const fs::path data = realPathOf(isFile ? target : folder / kBackedUpData);
   const fs::path system = realPathOf(folder / kBackedUpSystem);
   const RestorePlace place{.folder = data.parent_path(), .data = data, .system = system};
+  requireDataFile(data, system);
   if (isBackup(place.folder)) refuse("“" + place.folder.string() + "”本身是一个备份，不能在其中恢复。");
   if (system.parent_path() != place.folder)
     refuse("数据文件“" + data.string() + "”和系统文件“" + system.string() +

@@ -66,7 +66,14 @@ RuntimeError nullInColumn(std::string_view message) {
           "字段 '" + behind(message, "failed: ") + "' 不能包含 Null 值，必须在此字段中输入一个值。"};
 }
 
-[[noreturn]] void raiseByPrimaryCode(int code, const std::string& message) {
+/// The engine tells of damage without naming the file.
+RuntimeError unrecognized(sqlite3* handle) {
+  const char* file = sqlite3_db_filename(handle, "main");
+  if (file == nullptr || *file == '\0') return RuntimeError(ErrorNumber::UnrecognizedFormat);
+  return {ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式 '" + std::string(file) + "'。"};
+}
+
+[[noreturn]] void raiseByPrimaryCode(sqlite3* handle, int code, const std::string& message) {
   switch (code & 0xff) {
     case SQLITE_CONSTRAINT:
       if (code == SQLITE_CONSTRAINT_NOTNULL) throw nullInColumn(message);
@@ -84,7 +91,7 @@ RuntimeError nullInColumn(std::string_view message) {
       throw RuntimeError(ErrorNumber::FileLocked, "数据文件正被另一个进程锁定，无法使用。");
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      throw RuntimeError(ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式。");
+      throw unrecognized(handle);
     default:
       throw RuntimeError(ErrorNumber::OperationNotUpdatable, "数据库引擎错误：" + message);
   }
@@ -100,7 +107,7 @@ void raiseSqliteError(sqlite3* handle, int code) {
     raiseTableExists(message);
     raiseUnknownName(message);
   }
-  raiseByPrimaryCode(code, message);
+  raiseByPrimaryCode(handle, code, message);
 }
 
 }  // namespace zelkor

@@ -4,7 +4,8 @@
 
 namespace zelkor {
 
-/// The engine's own check of the file: its pages, its rows, and the indexes against the rows.
+/// The engine's own check of the file: its pages, its rows, and the indexes against the rows; then whether
+/// its texts are UTF-8.
 IntegrityCheck sqliteIntegrity(Engine& engine);
 
 }  // namespace zelkor

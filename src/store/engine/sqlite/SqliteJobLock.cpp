@@ -32,7 +32,7 @@ std::string lockPathOf(const std::string& dataFile) {
 void shareAmongWriters(const FileDescriptor& lock, const struct stat& data, mode_t mode) {
   const bool isRoot = ::geteuid() == 0;
   if (isRoot && ::fchown(lock.get(), data.st_uid, data.st_gid) != 0) return;
-  grant(lock, {.mode = mode, .group = data.st_gid});
+  grant(lock, {.mode = mode, .group = data.st_gid, .owner = data.st_uid});
 }
 
 std::optional<JobNote> noteOfHolder(const std::string& path) {

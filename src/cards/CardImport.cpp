@@ -4,13 +4,12 @@
 #include <exception>
 #include <iterator>
 #include <optional>
-#include <ostream>
 #include <set>
 #include <utility>
 
 #include "base/Csv.h"
 #include "base/CsvTable.h"
-#include "base/EndSignals.h"
+#include "base/LongJob.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardRow.h"
@@ -29,6 +28,7 @@ struct RegisterRow {
   std::vector<CellProblem> problems = {};
   CardValues card = {};
   std::exception_ptr failure = {};  // of the engine, which ends the import
+  KeptRows::Row text = {};          // as it was read
 
   bool isGood() const { return broken.empty() && problems.empty() && !failure; }
 };
@@ -184,22 +184,25 @@ void CardImport::save(RegisterRows& rows) const {
   }
 }
 
-void print(std::ostream& out, const RegisterRow& row) {
-  if (!row.broken.empty()) out << row.broken << '\n';
-  if (row.problems.empty()) return;
-  out << "第" << row.line << "行";
+std::string sentenceOf(std::size_t line, const std::vector<CellProblem>& problems) {
+  std::string sentence = "第" + std::to_string(line) + "行";
   const char* separator = "，";
-  for (const CellProblem& problem : row.problems) {
-    out << separator << "列“" << problem.column << "”：" << problem.reason;
+  for (const CellProblem& problem : problems) {
+    sentence += separator;
+    sentence += "列“" + problem.column + "”：" + problem.reason;
     separator = "；";
   }
-  out << '\n';
+  return sentence;
+}
+
+std::string whyRefused(const RegisterRow& row) {
+  return row.broken.empty() ? sentenceOf(row.line, row.problems) : row.broken;
 }
 
 /// The next row; nothing at the end. A row whose quotes are wrong is refused like any other bad row.
-std::optional<RegisterRow> nextRow(CsvReader& reader, const CardImport& import) {
+std::optional<RegisterRow> nextRow(TableRows& rows, const CardImport& import) {
   try {
-    const auto record = reader.next();
+    const auto record = rows.next();
     return record ? std::optional(import.check(*record)) : std::nullopt;
   } catch (const CsvError& error) {
     return RegisterRow{.broken = error.what()};
@@ -207,11 +210,12 @@ std::optional<RegisterRow> nextRow(CsvReader& reader, const CardImport& import) 
 }
 
 /// The next rows that go out together; the last of them may have failed.
-RegisterRows nextRows(CsvReader& reader, const CardImport& import) {
+RegisterRows nextRows(TableRows& table, const CardImport& import, const ImportProblems& problems) {
   RegisterRows rows;
   while (rows.size() < StatementGroup::kThings && (rows.empty() || !rows.back().failure)) {
-    auto row = nextRow(reader, import);
+    auto row = nextRow(table, import);
     if (!row) break;
+    row->text = problems.lastRow();
     rows.push_back(std::move(*row));
   }
   return rows;
@@ -228,37 +232,45 @@ void requireNoFailure(const RegisterRow& row) {
   }
 }
 
-RegisterColumns columnsOf(CsvReader& reader, std::ostream& problems) {
-  const auto header = reader.next();
+RegisterColumns columnsOf(TableRows& rows, ImportProblems& problems) {
+  const auto header = rows.next();
   if (!header) throw RuntimeError(ErrorNumber::DataTypeConversion, "文件是空的：没有表头");
   RegisterColumns columns(header->fields);
   for (const std::string& caption : columns.unknown()) {
-    problems << "第" << header->line << "行，列“" << caption << "”：不是卡片的项目，已忽略此列\n";
+    problems.tell(sentenceOf(header->line, {{caption, "不是卡片的项目，已忽略此列"}}));
   }
   return columns;
 }
 
 }  // namespace
 
-ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems) {
-  requireUtf8(csv);
-  CsvReader reader{std::string(csv)};
-  RegisterColumns columns = columnsOf(reader, problems);
+ImportResult importCards(RunContext& context, TableRows& table, int newType, ImportProblems& problems) {
+  RegisterColumns columns = columnsOf(table, problems);
   ImportResult result;
   OneTransaction transaction(context.engine.workspace());
   context.dbZKData.lockForWriting();
   const CardImport import(context, std::move(columns), static_cast<NewCardType>(newType));
-  for (RegisterRows rows = nextRows(reader, import); !rows.empty(); rows = nextRows(reader, import)) {
+  LongJob job(context.dialogs, "正在导入卡片", table.count());
+  for (RegisterRows rows = nextRows(table, import, problems); !rows.empty();
+       rows = nextRows(table, import, problems)) {
     import.save(rows);
     for (const RegisterRow& row : rows) {
       requireNoFailure(row);
-      print(problems, row);
+      if (!row.isGood()) problems.refuse(row.text, whyRefused(row));
       ++(row.isGood() ? result.stored : result.refused);
+      job.step();
     }
-    goOnUnlessSignalled();
   }
   transaction.commit();
   return result;
+}
+
+ImportResult importCards(RunContext& context, std::string_view csv, int newType, std::ostream& problems) {
+  requireUtf8(csv);
+  CsvReader reader{std::string(csv)};
+  KeptRows rows(reader);
+  ImportProblems told(problems, rows);
+  return importCards(context, rows, newType, told);
 }
 
 }  // namespace zelkor

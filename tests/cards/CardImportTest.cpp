@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "cards/CardImport.h"
+#include "cards/CardPreview.h"
 #include "support/AccountSetFixture.h"
 #include "support/Golden.h"
 #include "support/Paths.h"
@@ -36,6 +37,11 @@ class ImportTest : public AccountSetTest {
   ImportResult import(const Rows& rows, int newType = 1) {
     problems.str("");
     return importCards(context, csvOf(rows), newType, problems);
+  }
+
+  ImportPreview preview(const Rows& cells, int newType = 1) {
+    CsvReader rows(csvOf(cells));
+    return previewCards(context, rows, newType);
   }
 
   static void setCell(Rows& rows, const std::string& column, const std::string& value) {
@@ -161,6 +167,10 @@ TEST_F(ImportTest, ABadRowIsNamedAndTheOthersAreKept) {
     rows.push_back(rows[1]);
     if (c.newType == 2) rows[2][9] = "2020-5-1";
     setCell(rows, c.column, c.value);
+    const ImportPreview shown = preview(rows, c.newType);
+    ASSERT_EQ(shown.problems.size(), 1U) << c.column << " " << c.value;
+    EXPECT_EQ(shown.problems[0].column, c.column);
+    EXPECT_EQ(shown.problems[0].reason, c.reason);
     const ImportResult result = import(rows, c.newType);
     EXPECT_EQ(result.stored, 1) << c.column << " " << c.value;
     EXPECT_EQ(result.refused, 1) << c.column << " " << c.value;
@@ -263,6 +273,34 @@ TEST_F(ImportTest, NumbersGivenByHandAreNotInvented) {
   execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
   EXPECT_EQ(import(goodRegister()).stored, 0);
   EXPECT_EQ(problems.str(), "第2行，列“固定资产编号”：不能为空：本账套的固定资产编号由手工输入\n");
+}
+
+TEST_F(ImportTest, APreviewSaysWhatWouldBecomeOfTheRows) {
+  Rows rows = goodRegister();
+  ASSERT_EQ(import(rows).stored, 1);
+  rows[0].push_back("备注");
+  rows[1].push_back("x");
+  rows.resize(5, rows[1]);
+  rows[1][0] = "00001";
+  for (const std::size_t same : {2, 3}) rows[same][0] = "a7";
+  ImportPreview shown = preview(rows);
+  EXPECT_EQ(shown.rows, 4U);
+  EXPECT_EQ(shown.badRows, 2U);
+  EXPECT_EQ(shown.firstRows.size(), 4U);
+  EXPECT_EQ(shown.problems[0].reason, "“00001”已存在");
+  EXPECT_EQ(shown.problems[1].reason, "“a7”与第3行重复");
+  EXPECT_EQ(shown.problems[1].line, 4U);
+  EXPECT_EQ(shown.columns[3].takenFor, "编码，必填");
+  EXPECT_EQ(shown.columns[7].takenFor, "月数，必填");
+  EXPECT_EQ(shown.columns[10].takenFor, "金额，必填");
+  EXPECT_EQ(shown.columns[16].takenFor, "");
+  execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
+  EXPECT_EQ(preview(goodRegister()).problems[0].reason, "不能为空：本账套的固定资产编号由手工输入");
+  rows[0][10] = "原价";
+  shown = preview(rows);
+  EXPECT_EQ(shown.missing, std::vector<std::string>{"原值"});
+  EXPECT_FALSE(shown.canBeImported());
+  EXPECT_EQ(row("select count(*) from fa_Cards"), "1");
 }
 
 TEST_F(ImportTest, AFileThatCannotBeReadAsARegisterSavesNothing) {

@@ -1,6 +1,7 @@
 #include "archives/AssetTypeMaintenance.h"
 
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -26,23 +27,47 @@ std::string joinedParts(const AssetTypeCodeParts& parts, std::size_t count) {
   return code;
 }
 
-std::string nextAssetTypeID(Database& database) {
-  const Recordset highest = database.OpenRecordset("select Max(val(sID)) as iMax from fa_AssetTypes");
-  return sql(highest.Fields("iMax").numberOrZero() + 1);
+constexpr const char* kHighestID = "select Max(val(sID)) as iMax from fa_AssetTypes";
+
+std::string assetTypeOf(std::string_view code) {
+  return sql("select * from fa_AssetTypes where sNum='", code, "'");
+}
+
+std::string methodOf(std::string_view name) {
+  return sql("select * from fa_Depreciations where sName='", name, "'");
+}
+
+std::string methodID(const Recordset& method) {
+  return method.Eof() ? std::string() : method.TextOrEmpty("sID");
 }
 
 /// Counts a new category with the one above it; gives the parent's sID and sNum as they are in the INSERT.
-std::string countWithParent(Database& database, std::string_view parentCode) {
-  const Recordset parent =
-      database.OpenRecordset(sql("select * from fa_AssetTypes where sNum='", parentCode, "'"));
+std::string countWithParent(StatementGroup& group, const std::string& parentCode) {
+  const Recordset parent = group.rowsOf(assetTypeOf(parentCode));
   if (parent.Eof()) {
-    database.Execute("update fa_AssetTypes set lChilds=lChilds+1 where sNum='&'");
+    group.execute("update fa_AssetTypes set lChilds=lChilds+1 where sNum='&'");
     return "1,NULL";
   }
   const std::string parentNum = parent.TextOrEmpty("sNum");
   std::string values = sql("'", parent.TextOrEmpty("sID"), "','", parentNum, "'");
-  database.Execute(sql("update fa_AssetTypes set lChilds=lChilds+1 where sNum='", parentNum, "'"));
+  group.execute(sql("update fa_AssetTypes set lChilds=lChilds+1 where sNum='", parentNum, "'"));
   return values;
+}
+
+void insertAssetType(StatementGroup& group, const AssetTypeEntry& entry, int level) {
+  const std::string parentCode = joinedParts(entry.parts, static_cast<std::size_t>(level - 1));
+  group.foresee({methodOf(entry.methodName), kHighestID, assetTypeOf(parentCode)});
+  const std::string method = methodID(group.rowsOf(methodOf(entry.methodName)));
+  const std::string typeID = sql(group.rowsOf(kHighestID).Fields("iMax").numberOrZero() + 1);
+  const std::string parentValues = countWithParent(group, parentCode);
+  const auto& parts = entry.parts;
+  group.execute(
+      sql("insert into fa_AssetTypes (sNum,sName,iLife,dblBVRate,sUnit,iDeprType,"
+          "sDeprMethodNum,sModelID,sNum1,sNum2,sNum3,sNum4,iLevel,lChilds,sID,sParentID,"
+          "sParentNum,iDefineType) values ('",
+          entry.code(), "','", entry.name, "',", lifeInMonths(entry), ",", residualRate(entry), ",",
+          unitOrNull(entry), ",", entry.depreciationRule, ",'", method, "','1','", parts[0], "','", parts[1],
+          "','", parts[2], "','", parts[3], "',", level, ",0,'", typeID, "',", parentValues, ",1)"));
 }
 
 }  // namespace
@@ -53,43 +78,35 @@ std::string AssetTypeEntry::code() const {
 
 AssetTypeSaved updateAssetType(Database& database, const AssetTypeEntry& entry, std::string_view oldCode) {
   const std::string code = entry.code();
-  const Recordset other = database.OpenRecordset(
-      sql("select * from fa_AssetTypes where sNum='", code, "' and sNum<>'", oldCode, "'"));
-  if (!other.Eof()) return AssetTypeSaved::CodeTaken;
+  const std::string other =
+      sql("select * from fa_AssetTypes where sNum='", code, "' and sNum<>'", oldCode, "'");
+  StatementGroup group(database);
+  group.foresee({other, methodOf(entry.methodName)});
+  if (!group.rowsOf(other).Eof()) return AssetTypeSaved::CodeTaken;
   database.Execute(sql("update fa_AssetTypes set sNum='", code, "',sName='", entry.name,
                        "',iLife=", lifeInMonths(entry), ",dblBVRate=", residualRate(entry),
                        ",sUnit=", unitOrNull(entry), ",iDeprType=", entry.depreciationRule,
-                       ",sDeprMethodNum='", depreciationMethodID(database, entry.methodName),
+                       ",sDeprMethodNum='", methodID(group.rowsOf(methodOf(entry.methodName))),
                        "',sModelID='1'", " where sNum='", oldCode, "'"));
   return AssetTypeSaved::Stored;
 }
 
 void addAssetType(Database& database, const AssetTypeEntry& entry, int level) {
-  const std::string methodID = depreciationMethodID(database, entry.methodName);
-  const std::string typeID = nextAssetTypeID(database);
-  const std::string parentValues =
-      countWithParent(database, joinedParts(entry.parts, static_cast<std::size_t>(level - 1)));
-  const auto& parts = entry.parts;
-  database.Execute(sql(
-      "insert into fa_AssetTypes (sNum,sName,iLife,dblBVRate,sUnit,iDeprType,"
-      "sDeprMethodNum,sModelID,sNum1,sNum2,sNum3,sNum4,iLevel,lChilds,sID,sParentID,"
-      "sParentNum,iDefineType) values ('",
-      entry.code(), "','", entry.name, "',", lifeInMonths(entry), ",", residualRate(entry), ",",
-      unitOrNull(entry), ",", entry.depreciationRule, ",'", methodID, "','1','", parts[0], "','", parts[1],
-      "','", parts[2], "','", parts[3], "',", level, ",0,'", typeID, "',", parentValues, ",1)"));
+  StatementGroup group(database);
+  group.runAll([&] { insertAssetType(group, entry, level); });
 }
 
 void deleteAssetType(Database& database, std::string_view code) {
-  const Recordset row = database.OpenRecordset(sql("select * from fa_AssetTypes where sNum='", code, "'"));
-  database.Execute(
-      sql("update fa_AssetTypes set lChilds=lChilds-1 where sID='", row.TextOrEmpty("sParentID"), "'"));
-  database.Execute(sql("delete from fa_AssetTypes where sNum='", code, "'"));
+  StatementGroup group(database);
+  group.foresee({assetTypeOf(code)});
+  group.execute(sql("update fa_AssetTypes set lChilds=lChilds-1 where sID='",
+                    group.rowsOf(assetTypeOf(code)).TextOrEmpty("sParentID"), "'"));
+  group.execute(sql("delete from fa_AssetTypes where sNum='", code, "'"));
+  group.run();
 }
 
 std::string depreciationMethodID(Database& database, std::string_view name) {
-  const Recordset method =
-      database.OpenRecordset(sql("select * from fa_Depreciations where sName='", name, "'"));
-  return method.Eof() ? std::string() : method.TextOrEmpty("sID");
+  return methodID(database.OpenRecordset(methodOf(name)));
 }
 
 }  // namespace zelkor

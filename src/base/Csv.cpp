@@ -28,13 +28,18 @@ bool isNumber(std::string_view text) {
 
 }  // namespace
 
-CsvError::CsvError(std::size_t line, std::size_t column, const std::string& reason)
+CsvError::CsvError(std::size_t line, std::size_t column, const std::string& reason, std::string record)
     : std::runtime_error("第 " + std::to_string(line) + " 行第 " + std::to_string(column) + " 列：" + reason),
       line_(line),
-      column_(column) {}
+      column_(column),
+      record_(std::move(record)) {}
 
 CsvReader::CsvReader(std::string text) : text_(std::move(text)) {
   if (text_.starts_with(kByteOrderMark)) at_ = lineStart_ = kByteOrderMark.size();
+}
+
+std::size_t CsvReader::count() const {
+  return static_cast<std::size_t>(std::ranges::count(text_, '\n'));
 }
 
 bool CsvReader::atLineBreak() const {
@@ -51,14 +56,18 @@ bool CsvReader::skipLineBreak() {
 
 void CsvReader::fail(std::size_t position, const std::string& reason) {
   const std::string_view before = std::string_view(text_).substr(lineStart_, position - lineStart_);
-  const CsvError error(line_, Len(before) + 1, reason);
-  skipRestOfLine(position);
-  throw error;
+  const std::size_t line = line_;
+  const std::size_t column = Len(before) + 1;
+  throw CsvError(line, column, reason, skipRestOfLine(position));
 }
 
-void CsvReader::skipRestOfLine(std::size_t position) {
+/// Returns the record as far as it is skipped.
+std::string CsvReader::skipRestOfLine(std::size_t position) {
   at_ = std::min(text_.find('\n', position), text_.size());
+  std::string record = text_.substr(recordStart_, at_ - recordStart_);
+  if (record.ends_with('\r')) record.pop_back();
   skipLineBreak();
+  return record;
 }
 
 std::optional<CsvRecord> CsvReader::next() {
@@ -67,6 +76,7 @@ std::optional<CsvRecord> CsvReader::next() {
   if (atEnd()) return std::nullopt;
   CsvRecord record;
   record.line = line_;
+  recordStart_ = at_;
   for (;;) {
     record.fields.push_back(readField());
     if (atEnd() || skipLineBreak()) return record;
@@ -93,11 +103,10 @@ void CsvReader::requireWritable(std::size_t start, std::size_t startLine, std::s
   const auto line = startLine + static_cast<std::size_t>(std::ranges::count(before, '\n'));
   const std::size_t lineStart = lineBreak == std::string_view::npos ? startOfLine : start + lineBreak + 1;
   const char32_t code = firstCharacter(field.substr(found)).code;
-  const CsvError error(
-      line, Len(std::string_view(text_).substr(lineStart, start + found - lineStart)) + 1,
-      code == kNoCharacter ? "不是有效的 UTF-8 文本" : "文本中不能有字符 " + codePoint(code));
-  skipRestOfLine(at_);
-  throw error;
+  const std::size_t column = Len(std::string_view(text_).substr(lineStart, start + found - lineStart)) + 1;
+  throw CsvError(line, column,
+                 code == kNoCharacter ? "不是有效的 UTF-8 文本" : "文本中不能有字符 " + codePoint(code),
+                 skipRestOfLine(at_));
 }
 
 std::string CsvReader::readQuoted() {

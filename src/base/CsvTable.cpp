@@ -23,10 +23,10 @@ std::optional<std::size_t> placeOf(std::string_view caption, const std::vector<s
 
 }  // namespace
 
-CsvTable::CsvTable(std::string_view csv, std::span<const std::string_view> captions,
+CsvTable::CsvTable(TableRows& rows, std::span<const std::string_view> captions,
                    std::span<const std::string_view> optional) try
-    : reader_((requireUtf8(csv), std::string(csv))) {
-  const auto header = reader_.next();
+    : rows_(rows) {
+  const auto header = rows.next();
   if (!header) refuse("文件是空的：没有表头");
   width_ = header->fields.size();
   for (const std::string_view caption : captions) {
@@ -40,7 +40,7 @@ CsvTable::CsvTable(std::string_view csv, std::span<const std::string_view> capti
 }
 
 std::optional<CsvTableRow> CsvTable::next() try {
-  const auto record = reader_.next();
+  const auto record = rows_.next();
   if (!record) return std::nullopt;
   if (record->fields.size() != width_) {
     throw CsvRowError(record->line, "有" + std::to_string(record->fields.size()) + "列，表头有" +
@@ -53,13 +53,19 @@ std::optional<CsvTableRow> CsvTable::next() try {
   throw CsvRowError(0, error.what());
 }
 
-std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std::string_view> captions) try {
-  CsvTable table(csv, captions);
-  std::vector<CsvTableRow> rows;
-  while (auto row = table.next()) rows.push_back(std::move(*row));
-  return rows;
+std::vector<CsvTableRow> readCsvTable(TableRows& rows, std::span<const std::string_view> captions) try {
+  CsvTable table(rows, captions);
+  std::vector<CsvTableRow> all;
+  while (auto row = table.next()) all.push_back(std::move(*row));
+  return all;
 } catch (const CsvRowError& error) {
   refuse((error.line() > 0 ? "第" + std::to_string(error.line()) + "行" : "") + error.what());
+}
+
+std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std::string_view> captions) {
+  requireUtf8(csv);
+  CsvReader reader{std::string(csv)};
+  return readCsvTable(reader, captions);
 }
 
 std::string csvCellText(std::size_t line, std::string_view column, const std::string& text) {

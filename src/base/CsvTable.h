@@ -30,25 +30,26 @@ class CsvRowError : public std::runtime_error {
   std::size_t line_;
 };
 
-/// A CSV file in UTF-8 that is read row by row. Its header names the columns, in any order; others are not
-/// read.
+/// A table that is read row by row. Its header names the columns, in any order; others are not read.
 class CsvTable {
  public:
-  /// Error 3421 for a text that is not UTF-8 or has no header, and for a caption that is missing or repeated.
-  /// The cells of an optional column that is missing are empty.
-  CsvTable(std::string_view csv, std::span<const std::string_view> captions,
+  /// Error 3421 for a table without a header, and for a caption that is missing or repeated. The cells of an
+  /// optional column that is missing are empty. `rows` must outlive the object.
+  CsvTable(TableRows& rows, std::span<const std::string_view> captions,
            std::span<const std::string_view> optional = {});
 
   /// The next row; nothing at the end. Raises CsvRowError; reading may go on then.
   std::optional<CsvTableRow> next();
 
  private:
-  CsvReader reader_;
+  TableRows& rows_;
   std::size_t width_ = 0;
   std::vector<std::optional<std::size_t>> places_;  // of the captions in the header
 };
 
-/// All rows of such a file. Error 3421 for a row that is none of the table, too.
+/// All rows of such a table. Error 3421 for a row that is none of it, too.
+std::vector<CsvTableRow> readCsvTable(TableRows& rows, std::span<const std::string_view> captions);
+/// The same of a CSV text; error 3421 when it is not UTF-8, too.
 std::vector<CsvTableRow> readCsvTable(std::string_view csv, std::span<const std::string_view> captions);
 
 /// What is to be said of one cell, with its place.

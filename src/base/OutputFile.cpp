@@ -8,11 +8,11 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdlib>
-#include <cstring>
 #include <ostream>
 #include <streambuf>
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 namespace zelkor {
 namespace {
@@ -87,6 +87,17 @@ std::optional<int> descriptorOf(const fs::path& file) {
   return std::nullopt;
 }
 
+std::string pathOf(const FileDescriptor& file) {
+  return "/proc/self/fd/" + std::to_string(file.get());
+}
+
+/// A file in that folder that has no name yet; none where the file system knows no such files.
+FileDescriptor namelessFile(const fs::path& folder) {
+  FileDescriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR));
+  if (file && ::access(pathOf(file).c_str(), F_OK) != 0) return FileDescriptor();
+  return file;
+}
+
 }  // namespace
 
 class OutputFile::Stream : public std::ostream {
@@ -129,7 +140,7 @@ OutputFile::~OutputFile() {
 
 std::ostream& OutputFile::open() {
   FileDescriptor file = direct_ ? openDirectly() : openBeside();
-  if (!file) cannotWrite(file_, std::strerror(errno));
+  if (!file) cannotWrite(file_, systemReason(errno));
   stream_ = std::make_unique<Stream>(std::move(file));
   return *stream_;
 }
@@ -144,12 +155,35 @@ FileDescriptor OutputFile::openDirectly() const {
   return file;
 }
 
+// A file that has no name yet leaves nothing when the program is killed.
 FileDescriptor OutputFile::openBeside() {
-  std::string name = folderOf(file_) / ".zelkor-XXXXXX";
-  FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
-  if (!file) return file;
-  beside_ = name;
+  FileDescriptor file = namelessFile(folderOf(file_));
+  if (file) {
+    nameless_ = FileDescriptor(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0));
+    if (!nameless_) return FileDescriptor();
+  } else {
+    std::string name = folderOf(file_) / ".zelkor-XXXXXX";
+    file = FileDescriptor(::mkostemp(name.data(), O_CLOEXEC));
+    if (!file) return file;
+    beside_ = name;
+  }
   return grant(file, options_.access) ? std::move(file) : FileDescriptor();
+}
+
+/// False with `errno` when it cannot be named.
+bool OutputFile::nameBeside() {
+  constexpr int kMostTries = 1000;
+  const fs::path folder = folderOf(file_);
+  const std::string beginning = ".zelkor-" + std::to_string(::getpid()) + "-";
+  for (int i = 0; i < kMostTries; ++i) {
+    const fs::path name = folder / (beginning + std::to_string(i));
+    if (::linkat(AT_FDCWD, pathOf(nameless_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+      beside_ = name;
+      return true;
+    }
+    if (errno != EEXIST) return false;
+  }
+  return false;
 }
 
 void OutputFile::complete() {
@@ -157,7 +191,7 @@ void OutputFile::complete() {
   stream_->flush();
   if (!direct_) buffer.note(::fsync(buffer.file().get()) == 0);
   buffer.close();
-  if (buffer.failure() != 0) cannotWrite(file_, std::strerror(buffer.failure()));
+  if (buffer.failure() != 0) cannotWrite(file_, systemReason(buffer.failure()));
   stream_.reset();
 }
 
@@ -168,14 +202,15 @@ void OutputFile::finish() {
 
 // A file that has come meanwhile is not replaced unasked; where a file cannot have two names, nothing shows.
 void OutputFile::keep() {
+  if (nameless_ && !nameBeside()) cannotWrite(file_, systemReason(errno));
   if (!options_.replace && ::link(beside_.c_str(), file_.c_str()) == 0) {
     ::unlink(beside_.c_str());
   } else {
-    if (!options_.replace && errno == EEXIST) cannotWrite(file_, std::strerror(errno));
-    if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, std::strerror(errno));
+    if (!options_.replace && errno == EEXIST) cannotWrite(file_, systemReason(errno));
+    if (::rename(beside_.c_str(), file_.c_str()) != 0) cannotWrite(file_, systemReason(errno));
   }
   beside_.clear();
-  if (!forceToDisk(folderOf(file_))) cannotWrite(file_, std::strerror(errno));
+  if (!forceToDisk(folderOf(file_))) cannotWrite(file_, systemReason(errno));
 }
 
 }  // namespace zelkor

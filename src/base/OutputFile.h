@@ -43,10 +43,12 @@ class OutputFile {
 
   FileDescriptor openDirectly() const;
   FileDescriptor openBeside();
+  bool nameBeside();
   void keep();
 
   std::filesystem::path file_;
-  std::filesystem::path beside_;  // empty where it is written directly
+  std::filesystem::path beside_;  // its name until it has its place; empty while it has none
+  FileDescriptor nameless_;       // what is written, where it needs no name until it is whole
   std::optional<int> descriptor_;
   Options options_;
   bool direct_ = false;

@@ -4,24 +4,55 @@
 #include <cstring>
 
 namespace zelkor {
+namespace {
 
-RuntimeError systemError(const std::string& attempt, int failure) {
+ErrorNumber numberOf(int failure) {
   switch (failure) {
     case ENOSPC:
     case EDQUOT:
-      return {ErrorNumber::DiskFull, attempt + "：磁盘空间不足"};
+      return ErrorNumber::DiskFull;
     case EROFS:
-      return {ErrorNumber::CannotOpenReadOnly, attempt + "：所在的磁盘是只读的"};
     case EACCES:
     case EPERM:
-      return {ErrorNumber::CannotOpenReadOnly, attempt + "：没有权限"};
     case ENAMETOOLONG:
-      return {ErrorNumber::CannotOpenReadOnly, attempt + "：路径太长"};
+      return ErrorNumber::CannotOpenReadOnly;
     case ENOENT:
-      return {ErrorNumber::FileNotFound, attempt + "：找不到所在的文件夹"};
+      return ErrorNumber::FileNotFound;
     default:
-      return {ErrorNumber::DeviceIo, attempt + "：" + std::strerror(failure)};
+      return ErrorNumber::DeviceIo;
   }
+}
+
+}  // namespace
+
+std::string systemReason(int failure) {
+  switch (failure) {
+    case ENOSPC:
+    case EDQUOT:
+      return "磁盘空间不足";
+    case EROFS:
+      return "所在的磁盘是只读的";
+    case EACCES:
+    case EPERM:
+      return "没有权限";
+    case ENAMETOOLONG:
+      return "路径太长";
+    case ENOENT:
+    case ENOTDIR:
+      return "找不到所在的文件夹";
+    case EEXIST:
+      return "文件已存在";
+    case EFBIG:
+      return "文件太大";
+    case EIO:
+      return "磁盘读写出错";
+    default:
+      return std::strerror(failure);
+  }
+}
+
+RuntimeError systemError(const std::string& attempt, int failure) {
+  return {numberOf(failure), attempt + "：" + systemReason(failure)};
 }
 
 }  // namespace zelkor

@@ -263,6 +263,13 @@ CardArchives CardArchives::read(RunContext& context) {
   return archives;
 }
 
+std::vector<std::string_view> registerCaptions() {
+  std::vector<std::string_view> captions;
+  for (const CardFieldRow& field : cardFields())
+    if (field.inRegister) captions.push_back(field.label);
+  return captions;
+}
+
 RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
   for (const std::string& cell : header) {
     captions_.push_back(Trim(cell));
@@ -273,10 +280,10 @@ RegisterColumns::RegisterColumns(const std::vector<std::string>& header) {
     }
   }
   std::string missing;
-  for (const CardFieldRow& field : cardFields()) {
-    if (!field.inRegister || std::ranges::find(captions_, field.label) != captions_.end()) continue;
+  for (const std::string_view caption : registerCaptions()) {
+    if (std::ranges::find(captions_, caption) != captions_.end()) continue;
     missing += missing.empty() ? "“" : "、“";
-    missing.append(field.label).append("”");
+    missing.append(caption).append("”");
   }
   if (!missing.empty()) throw RuntimeError(ErrorNumber::DataTypeConversion, "表头中缺少列" + missing);
 }

@@ -118,8 +118,7 @@ std::string ledgerDetailColumns() {
 
 }  // namespace
 
-void readSubject(StatementGroup& group, const CardValues& values, CardSubject& subject) {
-  const std::string& text = values[CardField::DepreciationSubject];
+void readSubject(StatementGroup& group, const std::string& text, CardSubject& subject) {
   if (text.empty()) return;
   if (text.find(',') != std::string::npos) {
     std::tie(subject.code, subject.name) = splitAtComma(text);
@@ -196,20 +195,20 @@ void insertDeprTransactionDetail(StatementGroup& group, const CardEntry& card) {
                     values, ",0)"));
 }
 
-void updateCardRows(Database& database, const CardEntry& card, std::string_view cardNum) {
+void updateCardRows(StatementGroup& group, const CardEntry& card, std::string_view cardNum) {
   const std::string columns =
       assignments(card, columnsOfAll()) + assignments(card, columnsOfWorkload(card.layout));
-  database.Execute(
+  group.execute(
       sql("Update FA_Cards Set ", std::string_view(columns).substr(1), " Where sCardNum='", cardNum, "'"));
 }
 
-void updateDeprTransaction(Database& database, const CardEntry& card, std::string_view cardNum) {
+void updateDeprTransaction(StatementGroup& group, const CardEntry& card, std::string_view cardNum) {
   using enum CardField;
   std::string monthAssignments;
   for (int n = card.month + 1; n <= kMonthsOfYear; ++n) {
     monthAssignments += sql(",dblMonthValue", n, "=", card[AccumulatedDepreciation]);
   }
-  database.Execute(
+  group.execute(
       sql("Update FA_DeprTransactions Set sDeprAssetNum='", card[AssetNumber], "',iInputPeriod=", card.month,
           ",dblInputValue=", card[OriginalValue], ",dblInputDeprTotal=", card[AccumulatedDepreciation],
           ",dblMonthDeprTotal=", card[AccumulatedDepreciation], ",dblInputBV=", card[ResidualValue],

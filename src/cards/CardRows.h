@@ -21,7 +21,7 @@ struct CardSubject {
 
 /// Takes the depreciation subject from the card's text, or has it looked up with the group. `subject` stays
 /// where it is until the group has been run.
-void readSubject(StatementGroup& group, const CardValues& values, CardSubject& subject);
+void readSubject(StatementGroup& group, const std::string& text, CardSubject& subject);
 
 /// A card ready to be written: its values, and what was made of them. Numbers go into the statements as they
 /// are typed; a blank one breaks its statement. Lives, months and dates are converted, with error 13 for what
@@ -56,9 +56,9 @@ void insertDeprTransaction(StatementGroup& group, const CardEntry& card);
 void insertDeprTransactionDetail(StatementGroup& group, const CardEntry& card);
 
 /// Rewrites every version of the card in place.
-void updateCardRows(Database& database, const CardEntry& card, std::string_view cardNum);
+void updateCardRows(StatementGroup& group, const CardEntry& card, std::string_view cardNum);
 /// Rewrites the card's ledger row; its monthly values take the accumulated depreciation, not the original
 /// value that a new card writes there.
-void updateDeprTransaction(Database& database, const CardEntry& card, std::string_view cardNum);
+void updateDeprTransaction(StatementGroup& group, const CardEntry& card, std::string_view cardNum);
 
 }  // namespace zelkor

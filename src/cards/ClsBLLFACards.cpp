@@ -4,24 +4,14 @@
 
 #include "base/Conversion.h"
 #include "base/Format.h"
+#include "cards/CardSequences.h"
+#include "cards/NewCards.h"
 #include "cards/VoucherStaging.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
 
 namespace {
-
-/// The number that follows `text`, filled up with zeros to `length`; 1 follows what is no number.
-std::string nextInSequence(const std::string& text, std::int32_t length) {
-  const Value last(text);
-  const std::int32_t number = IsNumeric(last) ? CLng(last) : 0;
-  return Format(CLng(number + 1.0), std::string(static_cast<std::size_t>(length), '0'));
-}
-
-StagedAsset stagedAsset(const CardEntry& card, std::string_view cardNum) {
-  return {std::string(cardNum), card[CardField::AdditionWay], card[CardField::OriginalValue], card.department,
-          card.month};
-}
 
 std::string walkStatement(CardMove move, std::string_view currentID) {
   switch (move) {
@@ -85,56 +75,29 @@ bool ClsBLLFACards::UpdateCard(const CardValues& values, int month, std::string_
   return attempt("UpdateCard", false, [&] {
     CardSubject subject;
     StatementGroup group(zkData());
-    readSubject(group, values, subject);
+    readSubject(group, values[CardField::DepreciationSubject], subject);
     group.run();
     const CardEntry card(values, layout, month, subject);
-    updateCardRows(zkData(), card, cardNum);
-    updateDeprTransaction(zkData(), card, cardNum);
-    restageChangedAsset(zkData(), context_, stagedAsset(card, cardNum));
+    updateCardRows(group, card, cardNum);
+    updateDeprTransaction(group, card, cardNum);
+    restageChangedAsset(group, context_, stagedAsset(card, cardNum));
     return true;
   });
 }
 
 bool ClsBLLFACards::SaveNewCard(CardValues& values, int month, NewCardType type, CardLayout layout) {
   return attempt("SaveNewCard", false, [&] {
-    NewCardKeys keys;
-    keys.type = type;
-    CardSubject subject;
-    readForNewCard(values, keys, subject);
-    writeNewCard(CardEntry(values, layout, month, subject), keys);
+    NewCards cards(type);
+    StatementGroup group(zkData());
+    cards.read(group, values);
+    group.run();
+    const CardEntry card = cards.entry(values, layout, month);
+    cards.write(group, card);
+    if (type == NewCardType::AddedInPeriod)
+      stageNewAsset(group, context_, stagedAsset(card, card[CardField::CardNumber]));
+    group.run();
     return true;
   });
-}
-
-void ClsBLLFACards::readForNewCard(CardValues& values, NewCardKeys& keys, CardSubject& subject) {
-  StatementGroup group(zkData());
-  group.open("Select Top 1 * From FA_Cards Order by clng(sCardID) Desc", [&](const Recordset& newest) {
-    keys.cardID = newest.Eof() ? "1" : sql(CLng(CLng(newest.Fields("sCardID")) + 1.0));
-  });
-  std::string& method = values[CardField::DepreciationMethod];
-  if (!method.empty()) {
-    group.open(sql("select * from fa_depreciations where sName='", method, "'"), [&](const Recordset& row) {
-      if (!row.Eof()) method = row.Text("sID");
-    });
-  }
-  readSubject(group, values, subject);
-  group.open("select max(lOptID) as a from FA_Cards",
-             [&](const Recordset& highest) { keys.lOptID = CLng(highest.Fields("a").numberOrZero() + 1); });
-  group.run();
-}
-
-void ClsBLLFACards::writeNewCard(const CardEntry& card, const NewCardKeys& keys) {
-  StatementGroup group(zkData());
-  insertCard(group, card, keys);
-  insertDeptScale(group, card, keys);
-  insertCardDetail(group, card, keys);
-  insertDeprTransaction(group, card);
-  insertDeprTransactionDetail(group, card);
-  if (keys.type == NewCardType::AddedInPeriod) {
-    stageNewAsset(group, context_, stagedAsset(card, card[CardField::CardNumber]));
-  } else {
-    group.run();
-  }
 }
 
 double ClsBLLFACards::GetDeprTotal(std::string_view cardNum) {

@@ -13,9 +13,6 @@
 
 namespace zelkor {
 
-/// Digits of card numbers, and of the running part of asset numbers.
-inline constexpr std::int32_t kSequenceLength = 5;
-
 /// A step through all versions of all cards, in the order of their sCardID.
 enum class CardMove : int { First = 1, Previous = 2, Next = 3, Last = 4 };
 
@@ -65,10 +62,6 @@ class ClsBLLFACards : public BusinessClass {
   Recordset GetCard(std::string_view cardID);
 
  private:
-  /// What is read for a new card: keys, subject, and the method's sID for its name.
-  void readForNewCard(CardValues& values, NewCardKeys& keys, CardSubject& subject);
-  void writeNewCard(const CardEntry& card, const NewCardKeys& keys);
-
   const RunContext& context_;
 };
 

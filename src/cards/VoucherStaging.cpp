@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
@@ -11,11 +12,13 @@ namespace zelkor {
 
 namespace {
 
+/// The number of an event of which a staged row would be rewritten.
+constexpr const char* kRewritten = "02";
+
 /// What the rows of one event share.
 struct StagedEvent {
-  std::string digest;
+  const std::string& digest;
   std::string coutid;
-  std::int32_t firstLine = 1;
 };
 
 /// One row: its line within the event, the amounts as text, its order within the voucher.
@@ -25,24 +28,6 @@ struct StagedRow {
   std::string_view credit;
   int order;
 };
-
-/// Reads it behind the statements of the group.
-StagedEvent readEvent(StatementGroup& group, const StagedAsset& asset) {
-  StagedEvent event;
-  group.open(sql("select * from fa_Origins where sID='", asset.originID, "'"), [&](const Recordset& origin) {
-    if (!origin.Eof()) event.digest = origin.TextOrEmpty("sName");
-  });
-  group.open(sql("select Max(inid) as inidmax from fa_ZWVouchers where coutsysname='FA' and ioutperiod=",
-                 asset.month, " and coutsign='卡片' and coutno_id='02'"),
-             [&](const Recordset& highest) {
-               event.firstLine = CLng(highest.Fields("inidmax").numberOrZero() + 1);
-             });
-  group.open("select Max(val(coutid)) as imax from fa_ZWVouchers", [&](const Recordset& highest) {
-    event.coutid = Format(highest.Fields("imax").numberOrZero() + 1, "00000000000000000000");
-  });
-  group.run();
-  return event;
-}
 
 void insertRow(StatementGroup& group, const RunContext& context, const StagedAsset& asset,
                const StagedEvent& event, const StagedRow& row) {
@@ -63,24 +48,56 @@ void insertRow(StatementGroup& group, const RunContext& context, const StagedAss
 
 }  // namespace
 
+StagedAsset stagedAsset(const CardEntry& card, std::string_view cardNum) {
+  return {std::string(cardNum), card[CardField::AdditionWay], card[CardField::OriginalValue], card.department,
+          card.month};
+}
+
+void AssetStaging::read(StatementGroup& group, const std::string& originID, int month) {
+  if (const auto [place, isNew] = digests_.try_emplace(originID); isNew) {
+    group.open(sql("select * from fa_Origins where sID='", originID, "'"),
+               [&digest = place->second](const Recordset& origin) {
+                 if (!origin.Eof()) digest = origin.TextOrEmpty("sName");
+               });
+  }
+  if (std::exchange(haveRead_, true)) return;
+  group.open(sql("select Max(inid) as inidmax from fa_ZWVouchers where coutsysname='FA' and ioutperiod=",
+                 month, " and coutsign='卡片' and coutno_id='", kRewritten, "'"),
+             [this](const Recordset& highest) { lastLine_ = highest.Fields("inidmax").numberOrZero(); });
+  group.open("select Max(val(coutid)) as imax from fa_ZWVouchers",
+             [this](const Recordset& highest) { lastKey_ = highest.Fields("imax").numberOrZero(); });
+}
+
+void AssetStaging::write(StatementGroup& group, const StagedAsset& asset) {
+  const std::int32_t line = CLng(lastLine_ + 1);
+  const StagedEvent event{digests_.at(asset.originID), Format(lastKey_ + 1, "00000000000000000000")};
+  insertRow(group, context_, asset, event, {line, asset.originalValue, "0", 1});
+  insertRow(group, context_, asset, event, {line + 1, "0", asset.originalValue, 2});
+  if (asset.cardNum == kRewritten && asset.month == context_.gdOpDate.month()) lastLine_ = line + 1;
+  lastKey_ = Val(event.coutid);
+}
+
 void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
   StatementGroup group(database);
   stageNewAsset(group, context, asset);
 }
 
 void stageNewAsset(StatementGroup& group, const RunContext& context, const StagedAsset& asset) {
-  const StagedEvent event = readEvent(group, asset);
-  insertRow(group, context, asset, event, {event.firstLine, asset.originalValue, "0", 1});
-  insertRow(group, context, asset, event, {event.firstLine + 1, "0", asset.originalValue, 2});
+  AssetStaging staging(context);
+  staging.read(group, asset.originID, asset.month);
+  group.run();
+  staging.write(group, asset);
   group.run();
 }
 
-void restageChangedAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
+void restageChangedAsset(StatementGroup& group, const RunContext& context, const StagedAsset& asset) {
   const std::string condition =
       sql(" from fa_ZWVouchers where coutsysname='FA' and ioutperiod=", asset.month,
-          " and coutsign='卡片' and coutno_id='02' and cDefine9='", asset.cardNum, "'");
-  if (database.OpenRecordset(sql("select *", condition)).Eof()) return;
-  StatementGroup group(database);
+          " and coutsign='卡片' and coutno_id='", kRewritten, "' and cDefine9='", asset.cardNum, "'");
+  bool isStaged = false;
+  group.open(sql("select *", condition), [&](const Recordset& rows) { isStaged = !rows.Eof(); });
+  group.run();
+  if (!isStaged) return;
   group.execute(sql("delete", condition));
   stageNewAsset(group, context, asset);
 }

@@ -60,19 +60,20 @@ void requireAmounts(const ChangeSheet& sheet) {
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
   requireAmounts(sheet);
-  const VersionKeys keys = keysBehindAll(saving.database, 11);
+  saving.group.foresee({kHighestVersion});
+  const VersionKeys keys = keysBehindAll(saving, 11);
   addVersion(saving, keys, {});
   addSheet(saving, ChangeKind::AccumulatedDepr, keys.lOptID, sheet.before.text, sheet.after.text);
 }
 
 void correctLedgers(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
-  saving.database.Execute(sql("Update fa_Deprtransactions Set dblDeprT", saving.systemMonth(), "=",
-                              amountAfter(sheet), " Where sCardNum='", sheet.cardNum, "'"));
-  saving.database.Execute(sql("Update fa_Total Set dblDeprTotal=dblDeprTotal +",
-                              amountAfter(sheet) - amountBefore(sheet), " Where sDeptNum='",
-                              saving.card.text("sDeptNum"), "' And sTypeNum='", saving.card.text("sTypeNum"),
-                              "'"));
+  saving.group.execute(sql("Update fa_Deprtransactions Set dblDeprT", saving.systemMonth(), "=",
+                           amountAfter(sheet), " Where sCardNum='", sheet.cardNum, "'"));
+  saving.group.execute(sql("Update fa_Total Set dblDeprTotal=dblDeprTotal +",
+                           amountAfter(sheet) - amountBefore(sheet), " Where sDeptNum='",
+                           saving.card.text("sDeptNum"), "' And sTypeNum='", saving.card.text("sTypeNum"),
+                           "'"));
 }
 
 }  // namespace

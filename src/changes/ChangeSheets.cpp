@@ -34,7 +34,7 @@ MessageBox savedBox() {
 void commit(Workspace& workspace, const SheetRules& rules, const SheetSaving& saving) {
   std::exception_ptr failure;
   try {
-    if (rules.afterwards != nullptr) rules.afterwards(saving);
+    if (rules.afterwards != nullptr) saving.group.runAll([&] { rules.afterwards(saving); });
   } catch (const RuntimeError&) {
     failure = std::current_exception();
   }
@@ -110,8 +110,9 @@ SheetResult ChangeSheets::save(const ChangeSheet& sheet) {
   try {
     workspace.BeginTrans();
     if (auto box = rules.check(sheet)) return refused(std::move(*box));
-    const SheetSaving saving{context_, database_, sheet, loaded(card_)};
-    rules.write(saving);
+    StatementGroup group(database_);
+    const SheetSaving saving{context_, database_, sheet, loaded(card_), group};
+    group.runAll([&] { rules.write(saving); });
     result.toolbarAsSaved = true;
     commit(workspace, rules, saving);
     card_.reset();

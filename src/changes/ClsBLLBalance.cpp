@@ -20,10 +20,24 @@ void copyByPosition(Recordset& cards, const CardVersion& source) {
   }
 }
 
-std::string nextCardID(Database& database) {
-  const Recordset highest =
-      database.OpenRecordset("select top 1 sCardID from fa_Cards  order by clng(sCardID) desc");
-  return sql(CLng(CDbl(highest.Fields("sCardID")) + 1));
+constexpr const char* kHighestCardID = "select top 1 sCardID from fa_Cards  order by clng(sCardID) desc";
+
+void addSheet(StatementGroup& group, const MethodChange& change) {
+  group.add("select * from fa_Vouchers", [&change](Recordset& sheet) {
+    sheet.AddNew();
+    sheet.Collect("sNum", change.sheetNumber);
+    sheet.Collect("sCardNum", change.cardNum);
+    sheet.Collect("lOptID", change.operationNumber);
+    sheet.Collect("iVoucherType", kVoucherTypeOfMethodChange);
+    sheet.Collect("sVoucherName", kBalanceCaption);
+    sheet.Collect("sVoucherEngName", kBalanceCaption);
+    sheet.Collect("sBeforeVoucher", change.methodBefore);
+    sheet.Collect("sAfterVoucher", change.methodAfter);
+    sheet.Collect("memReason", change.reason);
+    sheet.Collect("dTransdate", change.date);
+    sheet.Collect("iTransPeriod", kPeriodOfSheet);
+    sheet.Collect("sOperatorVou", change.operatorName);
+  });
 }
 
 }  // namespace
@@ -34,50 +48,35 @@ Recordset ClsBLLBalance::rstGetCards() {
 
 bool ClsBLLBalance::AddCards(const MethodChange& change, MethodLeft left) {
   return attempt("AddCards", false, [&] {
-    addVersion(change, left);
-    addSheet(change);
+    StatementGroup group(zkData());
+    group.runAll([&] {
+      addVersion(group, change, left);
+      addSheet(group, change);
+    });
     return true;
   });
 }
 
-void ClsBLLBalance::addVersion(const MethodChange& change, MethodLeft left) {
-  const std::string cardID = nextCardID(zkData());
-  const Recordset row =
-      zkData().OpenRecordset(sql("select * from fa_Cards where sCardNum='", change.cardNum, "'"));
-  const CardVersion source(row);
-  Recordset cards = zkData().OpenRecordset("select top 1 * from fa_Cards ");
-  cards.AddNew();
-  cards.Collect("sCardID", cardID);
-  cards.Collect("sCardNum", change.cardNum);
-  copyByPosition(cards, source);
-  cards.Collect("dTransDate", change.date);
-  if (left == MethodLeft::Workload) {
-    cards.Collect("dblPerDepr", 0.0);
-    cards.Collect("dblTransInDeprTCard", 0.0);
-  }
-  cards.Collect("iTransPeriod", clock_.now().month());
-  cards.Collect("dblNetValueAct", CDbl(source["dblNetValueAct"]) - CDbl(source["dblTransInDeprTCard"]));
-  cards.Collect("lDeprMonthsAct", source["lUsedMonths"]);
-  cards.Collect("sDeprMethodID", change.methodAfter);
-  cards.Update();
-}
-
-void ClsBLLBalance::addSheet(const MethodChange& change) {
-  Recordset sheets = zkData().OpenRecordset("select * from fa_Vouchers");
-  sheets.AddNew();
-  sheets.Collect("sNum", change.sheetNumber);
-  sheets.Collect("sCardNum", change.cardNum);
-  sheets.Collect("lOptID", change.operationNumber);
-  sheets.Collect("iVoucherType", kVoucherTypeOfMethodChange);
-  sheets.Collect("sVoucherName", kBalanceCaption);
-  sheets.Collect("sVoucherEngName", kBalanceCaption);
-  sheets.Collect("sBeforeVoucher", change.methodBefore);
-  sheets.Collect("sAfterVoucher", change.methodAfter);
-  sheets.Collect("memReason", change.reason);
-  sheets.Collect("dTransdate", change.date);
-  sheets.Collect("iTransPeriod", kPeriodOfSheet);
-  sheets.Collect("sOperatorVou", change.operatorName);
-  sheets.Update();
+void ClsBLLBalance::addVersion(StatementGroup& group, const MethodChange& change, MethodLeft left) {
+  const std::string versions = sql("select * from fa_Cards where sCardNum='", change.cardNum, "'");
+  group.foresee({kHighestCardID, versions});
+  const std::string cardID = sql(CLng(CDbl(group.rowsOf(kHighestCardID).Fields("sCardID")) + 1));
+  const CardVersion source(group.rowsOf(versions));
+  group.add("select top 1 * from fa_Cards ", [&](Recordset& card) {
+    card.AddNew();
+    card.Collect("sCardID", cardID);
+    card.Collect("sCardNum", change.cardNum);
+    copyByPosition(card, source);
+    card.Collect("dTransDate", change.date);
+    if (left == MethodLeft::Workload) {
+      card.Collect("dblPerDepr", 0.0);
+      card.Collect("dblTransInDeprTCard", 0.0);
+    }
+    card.Collect("iTransPeriod", clock_.now().month());
+    card.Collect("dblNetValueAct", CDbl(source["dblNetValueAct"]) - CDbl(source["dblTransInDeprTCard"]));
+    card.Collect("lDeprMonthsAct", source["lUsedMonths"]);
+    card.Collect("sDeprMethodID", change.methodAfter);
+  });
 }
 
 }  // namespace zelkor

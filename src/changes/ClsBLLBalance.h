@@ -4,6 +4,7 @@
 
 #include "startup/BusinessClass.h"
 #include "startup/RunContext.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -36,8 +37,7 @@ class ClsBLLBalance : public BusinessClass {
   bool AddCards(const MethodChange& change, MethodLeft left);
 
  private:
-  void addVersion(const MethodChange& change, MethodLeft left);
-  void addSheet(const MethodChange& change);
+  void addVersion(StatementGroup& group, const MethodChange& change, MethodLeft left);
 
   const Clock& clock_;
 };

@@ -40,10 +40,12 @@ std::optional<MessageBox> check(const ChangeSheet& sheet) {
 }
 
 void write(const SheetSaving& saving) {
+  constexpr const char* kHighestOperation = "select max(lOptID) from fa_vouchers";
   const ChangeSheet& sheet = saving.sheet;
+  saving.group.foresee({kHighestOperation, kLastOfRegister});
   addVersion(saving, keysBehind(saving.card, 1),
              {{"dblValue", sheet.after.text}, {"dblBV", sheet.residualAfter}});
-  const std::int32_t sheetOptID = operationBehind(saving.database, "select max(lOptID) from fa_vouchers");
+  const std::int32_t sheetOptID = operationBehind(saving, kHighestOperation);
   addSheet(saving, ChangeKind::OriginalValue, sheetOptID, sheet.before.text, sheet.after.text);
   addRegisterRow(saving);
 }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "base/CsvTable.h"
+#include "base/LongJob.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardVersions.h"
@@ -12,6 +13,7 @@
 #include "changes/CardDetailList.h"
 #include "changes/ChangeSheets.h"
 #include "changes/ClsBalanType.h"
+#include "changes/SheetRules.h"
 #include "startup/ImportLog.h"
 #include "store/accountset/OneTransaction.h"
 #include "store/engine/Statement.h"
@@ -23,6 +25,7 @@ constexpr std::array<std::string_view, 5> kCaptions = {"变动类型", "卡片�
                                                        "变动原因"};
 enum Column : std::size_t { kKind, kCardNum, kAfter, kSiteAfter, kReason };
 constexpr std::array<std::string_view, 1> kOptional = {"变动后地点"};
+constexpr const char* kNotSaved = "此类变动单不保存";
 
 /// How a row ended: the number of its sheet, or why there is none.
 struct RowEnd {
@@ -62,8 +65,8 @@ std::string textOf(const SheetRow& row) {
 /// Saves the rows of one file.
 class SheetImport {
  public:
-  explicit SheetImport(RunContext& context)
-      : context_(context), log_(context, "导入变动单"), balance_(context), methods_(context) {
+  SheetImport(RunContext& context, bool saves)
+      : context_(context), saves_(saves), log_(context, "导入变动单"), balance_(context), methods_(context) {
     balance_.setZkDataPath(context.gstrZtFile);
     methods_.setZkDataPath(context.gstrZtFile);
   }
@@ -74,6 +77,7 @@ class SheetImport {
   std::optional<std::string> savedBefore(const SheetRow& row);
   void begin(const SheetRow& row, const std::string& sheet);
   RowEnd saveByKind(const SheetRow& row);
+  static RowEnd checked(ChangeKind kind, const ChangeSheet& sheet);
   RowEnd saveSheet(ChangeKind kind, const SheetRow& row);
   RowEnd saveBalanceSheet(const SheetRow& row);
   SheetResult load(ChangeSheets& sheets, const SheetRow& row, ChangeSheet& sheet);
@@ -81,6 +85,7 @@ class SheetImport {
   std::string methodIDOf(const std::string& name);
 
   RunContext& context_;
+  bool saves_;
   ImportLog log_;
   std::map<ChangeKind, ChangeSheets> sheets_;
   ClsBLLBalance balance_;
@@ -183,6 +188,14 @@ std::optional<std::string> SheetImport::enter(ChangeKind kind, const SheetRow& r
   }
 }
 
+/// What the save would refuse before it writes.
+RowEnd SheetImport::checked(ChangeKind kind, const ChangeSheet& sheet) {
+  const SheetRules& rules = rulesOf(kind);
+  if (rules.write == nullptr) return refused(kNotSaved);
+  const auto box = rules.check(sheet);
+  return box ? refused(box->text) : RowEnd{SheetEnd::Saved, sheet.number};
+}
+
 RowEnd SheetImport::saveSheet(ChangeKind kind, const SheetRow& row) {
   ChangeSheets& sheets = sheets_.try_emplace(kind, context_, kind).first->second;
   ChangeSheet sheet = sheets.newSheet();
@@ -190,11 +203,12 @@ RowEnd SheetImport::saveSheet(ChangeKind kind, const SheetRow& row) {
   endIfFailed(loaded.failure);
   if (!loaded.done()) return refused(loaded.box->text);
   if (auto problem = enter(kind, row, sheet)) return refused(inColumn(kAfter, *problem));
+  if (!saves_) return checked(kind, sheet);
   begin(row, sheet.number);
   const SheetResult result = sheets.save(sheet);
   endIfFailed(result.failure);
   if (result.done()) return {SheetEnd::Saved, sheet.number};
-  if (result.outcome == SheetResult::Outcome::Nothing) return refused("此类变动单不保存");
+  if (result.outcome == SheetResult::Outcome::Nothing) return refused(kNotSaved);
   if (result.toolbarAsSaved) return refused("变动单 " + sheet.number + " 之后出错：" + result.box->text);
   if (result.outcome == SheetResult::Outcome::Failed) return refused(failureText(row, result.box->text));
   return refused(result.box->text);
@@ -216,6 +230,7 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   sheet.reason = row.reason;
   if (const auto refusal = balanceRefusal(sheet)) return refused(refusal->text);
   if (sheet.methodAfterID.empty()) return refused(inColumn(kAfter, "折旧方法中没有“" + row.after + "”"));
+  if (!saves_) return {SheetEnd::Saved, sheet.number};
   begin(row, sheet.number);
   const BalanceSaved result = saveBalance(balance_, sheet);
   endIfFailed(balance_.takeFailure());
@@ -256,13 +271,41 @@ std::optional<ImportedSheet> importNext(CsvTable& table, SheetImport& import) {
   }
 }
 
+void importAll(RunContext& context, bool saves, TableRows& rows,
+               const std::function<void(const ImportedSheet&)>& ended) {
+  CsvTable table(rows, kCaptions, kOptional);
+  SheetImport import(context, saves);
+  LongJob job(context.dialogs, saves ? "正在导入变动单" : "正在检查变动单", rows.count());
+  while (const auto imported = importNext(table, import)) {
+    ended(*imported);
+    job.step();
+  }
+}
+
 }  // namespace
 
-void importSheets(RunContext& context, std::string_view csv,
+void importSheets(RunContext& context, TableRows& rows,
                   const std::function<void(const ImportedSheet&)>& ended) {
-  CsvTable table(csv, kCaptions, kOptional);
-  SheetImport import(context);
-  while (const auto imported = importNext(table, import)) ended(*imported);
+  importAll(context, true, rows, ended);
+}
+
+void checkSheets(RunContext& context, TableRows& rows,
+                 const std::function<void(const ImportedSheet&)>& ended) {
+  importAll(context, false, rows, ended);
+}
+
+std::vector<std::string_view> sheetCaptions() {
+  std::vector<std::string_view> captions(kCaptions.begin(), kCaptions.end());
+  std::erase(captions, kOptional.front());
+  return captions;
+}
+
+std::string_view descriptionOfColumn(std::string_view caption) {
+  constexpr std::array<std::string_view, kCaptions.size()> kDescriptions = {
+      "名称，必填", "编码，必填", "按变动类型，必填", "文字", "文字，必填"};
+  const auto found = std::ranges::find(kCaptions, caption);
+  return found == kCaptions.end() ? ""
+                                  : kDescriptions.at(static_cast<std::size_t>(found - kCaptions.begin()));
 }
 
 }  // namespace zelkor

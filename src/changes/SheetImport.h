@@ -5,7 +5,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/Csv.h"
 #include "changes/SheetRow.h"
 #include "startup/RunContext.h"
 
@@ -22,14 +24,23 @@ struct ImportedSheet {
   std::string text;  // number of the sheet, or why there is none
 };
 
-/// Saves each row of a CSV text (变动类型, 卡片编号, 变动后内容, 变动后地点, 变动原因) as a change sheet, in
+/// Saves each row of a table (变动类型, 卡片编号, 变动后内容, 变动后地点, 变动原因) as a change sheet, in
 /// their order and by the checks of the screens, and calls `ended` after each; a refused row does not stop
 /// the others. A question that a screen would ask counts as answered with yes. Raises RuntimeError, with
-/// nothing saved, when the text is not UTF-8 or its header lacks a needed column.
+/// nothing saved, when the header lacks a needed column.
 ///
 /// The log of operations keeps each row that was saved, in one transaction with its sheet. A file that was
 /// cut short is given again as a whole: rows that the log has for the open month are not saved twice.
-void importSheets(RunContext& context, std::string_view csv,
+void importSheets(RunContext& context, TableRows& rows,
                   const std::function<void(const ImportedSheet&)>& ended);
+
+/// The same up to each save: Saved says of a row that its screen would go on to write it.
+void checkSheets(RunContext& context, TableRows& rows,
+                 const std::function<void(const ImportedSheet&)>& ended);
+
+/// The captions that such a table has to have.
+std::vector<std::string_view> sheetCaptions();
+/// What a column of that caption holds: "编码，必填"; empty for one that is not read.
+std::string_view descriptionOfColumn(std::string_view caption);
 
 }  // namespace zelkor

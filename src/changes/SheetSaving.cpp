@@ -20,34 +20,39 @@ void setAll(Recordset& row, const ColumnValues& values) {
 
 }  // namespace
 
-void addCopy(Recordset& table, const CardVersion& source, const std::vector<std::string_view>& except,
-             const ColumnValues& values) {
-  table.AddNew();
-  for (std::size_t i = 0; i < table.FieldCount(); ++i) {
-    const std::string& column = table.FieldName(i);
-    const bool left =
-        std::ranges::any_of(except, [&](std::string_view name) { return equalsIgnoringCase(name, column); });
-    const Value* value = left ? nullptr : source.find(column);
-    if (value != nullptr) table.Collect(column, *value);
-  }
-  setAll(table, values);
-  table.Update();
+void addCopy(StatementGroup& group, std::string_view table, const CardVersion& source,
+             const std::vector<std::string_view>& except, const ColumnValues& values) {
+  group.add(table, [&](Recordset& row) {
+    row.AddNew();
+    for (std::size_t i = 0; i < row.FieldCount(); ++i) {
+      const std::string& column = row.FieldName(i);
+      const bool left = std::ranges::any_of(
+          except, [&](std::string_view name) { return equalsIgnoringCase(name, column); });
+      const Value* value = left ? nullptr : source.find(column);
+      if (value != nullptr) row.Collect(column, *value);
+    }
+    setAll(row, values);
+  });
+}
+
+void addRow(StatementGroup& group, std::string_view table, const ColumnValues& values) {
+  group.add(table, [&](Recordset& row) {
+    row.AddNew();
+    setAll(row, values);
+  });
 }
 
 VersionKeys keysBehind(const CardVersion& card, int optType) {
   return {sql(numberBehind(card["sCardID"])), numberBehind(card["lOptID"]), optType};
 }
 
-VersionKeys keysBehindAll(Database& database, int optType) {
-  const Recordset highest =
-      database.OpenRecordset("Select Top 1  *   From fa_cards  Order BY Val(sCardID)  Desc  ");
-  const std::int32_t next = CLng(Val(highest.Text("sCardID")) + 1);
+VersionKeys keysBehindAll(const SheetSaving& saving, int optType) {
+  const std::int32_t next = CLng(Val(saving.group.rowsOf(kHighestVersion).Text("sCardID")) + 1);
   return {sql(next), next, optType};
 }
 
-std::int32_t operationBehind(Database& database, std::string_view statement) {
-  const Recordset highest = database.OpenRecordset(statement);
-  return CLng(highest.Fields(std::size_t{0}).numberOrZero() + 1);
+std::int32_t operationBehind(const SheetSaving& saving, std::string_view statement) {
+  return CLng(saving.group.rowsOf(statement).Fields(std::size_t{0}).numberOrZero() + 1);
 }
 
 void addVersion(const SheetSaving& saving, const VersionKeys& keys, const ColumnValues& values) {
@@ -58,43 +63,39 @@ void addVersion(const SheetSaving& saving, const VersionKeys& keys, const Column
                    {"sOperator", saving.context.gstrUser},
                    {"sVoucherNum", saving.sheet.number}};
   all.insert(all.end(), values.begin(), values.end());
-  Recordset cards = saving.database.OpenRecordset("Select  *  From fa_cards   Where 1=0 ");
-  addCopy(cards, saving.card, {"sCardID"}, all);
+  addCopy(saving.group, "Select  *  From fa_cards   Where 1=0 ", saving.card, {"sCardID"}, all);
 }
 
 void addSheet(const SheetSaving& saving, ChangeKind kind, std::int32_t lOptID, const std::string& before,
               const std::string& after, const ColumnValues& values) {
   const ChangeSheet& sheet = saving.sheet;
-  Recordset sheets = saving.database.OpenRecordset("select * from fa_Vouchers");
-  sheets.AddNew();
-  setAll(sheets, {{"sNum", sheet.number},
-                  {"sCardNum", sheet.cardNum},
-                  {"lOptID", lOptID},
-                  {"sVoucherName", captionOf(kind)},
-                  {"sVoucherEngName", captionOf(kind)},
-                  {"iVoucherType", voucherTypeOf(kind)},
-                  {"lPreOptID", CLng(Val(sheet.number) - 1)},
-                  {"sBeforeVoucher", before},
-                  {"sAfterVoucher", after},
-                  {"memReason", sheet.reason},
-                  {"dTransDate", sheet.date},
-                  {"sOperatorVou", sheet.operatorName}});
-  setAll(sheets, values);
-  sheets.Update();
+  ColumnValues all{{"sNum", sheet.number},
+                   {"sCardNum", sheet.cardNum},
+                   {"lOptID", lOptID},
+                   {"sVoucherName", captionOf(kind)},
+                   {"sVoucherEngName", captionOf(kind)},
+                   {"iVoucherType", voucherTypeOf(kind)},
+                   {"lPreOptID", CLng(Val(sheet.number) - 1)},
+                   {"sBeforeVoucher", before},
+                   {"sAfterVoucher", after},
+                   {"memReason", sheet.reason},
+                   {"dTransDate", sheet.date},
+                   {"sOperatorVou", sheet.operatorName}};
+  all.insert(all.end(), values.begin(), values.end());
+  addRow(saving.group, "select * from fa_Vouchers", all);
 }
 
 // The last number in the order of text: after ten rows the same number comes again and again.
 void addRegisterRow(const SheetSaving& saving) {
-  Recordset rows = saving.database.OpenRecordset("Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ");
-  const std::string number = rows.Eof() ? "1" : textOfDouble(Val(rows.TextOrEmpty("sID")) + 1);
-  rows.AddNew();
-  setAll(rows, {{"sID", number},
-                {"sCardNum", saving.sheet.cardNum},
-                {"sNum", saving.sheet.number},
-                {"sVoucherNum", saving.sheet.number},
-                {"dStartdate", saving.card["dStartdate"]},
-                {"memReason", saving.sheet.reason}});
-  rows.Update();
+  const Recordset last = saving.group.rowsOf(kLastOfRegister);
+  const std::string number = last.Eof() ? "1" : textOfDouble(Val(last.TextOrEmpty("sID")) + 1);
+  addRow(saving.group, "select * from fa_CardsSheets",
+         {{"sID", number},
+          {"sCardNum", saving.sheet.cardNum},
+          {"sNum", saving.sheet.number},
+          {"sVoucherNum", saving.sheet.number},
+          {"dStartdate", saving.card["dStartdate"]},
+          {"memReason", saving.sheet.reason}});
 }
 
 std::string nextSheetNumber(Database& database) {

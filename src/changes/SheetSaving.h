@@ -10,6 +10,7 @@
 #include "changes/ChangeKind.h"
 #include "changes/ChangeSheet.h"
 #include "startup/RunContext.h"
+#include "store/engine/StatementGroup.h"
 
 // What the saving of all kinds of sheet has in common.
 namespace zelkor {
@@ -20,6 +21,7 @@ struct SheetSaving {
   Database& database;
   const ChangeSheet& sheet;
   const CardVersion& card;  // the version that the sheet has shown
+  StatementGroup& group;
 
   /// Month of the system date.
   int systemMonth() const { return context.clock.now().month(); }
@@ -27,9 +29,16 @@ struct SheetSaving {
 
 using ColumnValues = std::vector<std::pair<std::string_view, Value>>;
 
-/// Adds the row to a table that is open, all columns of `source` that it has but those in `except`.
-void addCopy(Recordset& table, const CardVersion& source, const std::vector<std::string_view>& except,
-             const ColumnValues& values);
+/// Adds a row to what the statement opens: all columns of `source` that it has but those in `except`.
+void addCopy(StatementGroup& group, std::string_view table, const CardVersion& source,
+             const std::vector<std::string_view>& except, const ColumnValues& values);
+/// Adds a row of these values.
+void addRow(StatementGroup& group, std::string_view table, const ColumnValues& values);
+
+/// The statements that the numbers of a save are read by.
+inline constexpr const char* kHighestVersion =
+    "Select Top 1  *   From fa_cards  Order BY Val(sCardID)  Desc  ";
+inline constexpr const char* kLastOfRegister = "Select Top 1 *  From  fa_cardsSheets Order By sID DESC  ";
 
 struct VersionKeys {
   std::string cardID;
@@ -40,10 +49,10 @@ struct VersionKeys {
 /// The keys after those of the version shown, as 原值增加 and 使用状况调整 number theirs.
 VersionKeys keysBehind(const CardVersion& card, int optType);
 /// The keys after the highest sCardID of the table, lOptID being the same number.
-VersionKeys keysBehindAll(Database& database, int optType);
+VersionKeys keysBehindAll(const SheetSaving& saving, int optType);
 
 /// The operation number after the highest one, which the statement asks for; Null counts as 0.
-std::int32_t operationBehind(Database& database, std::string_view statement);
+std::int32_t operationBehind(const SheetSaving& saving, std::string_view statement);
 
 /// Adds a copy of the version shown that differs in its keys, in what every sheet sets, and in `values`.
 void addVersion(const SheetSaving& saving, const VersionKeys& keys, const ColumnValues& values);

@@ -29,20 +29,7 @@ std::vector<Receiver> receivers(const ChangeSheet& sheet) {
   return found;
 }
 
-/// The details of the card's last operation stand again under the keys of the row left behind.
-void copyEarlier(const SheetSaving& saving, const VersionKeys& keys) {
-  const std::string& card = saving.sheet.cardNum;
-  const Recordset last = saving.database.OpenRecordset(
-      sql("select max(lOptID) as ch from fa_cards_detail where sCardNum='", card, "'"));
-  if (last.Fields("ch").isNull()) return;
-  Recordset rows = saving.database.OpenRecordset(sql(
-      "select * from fa_cards_detail where lOptID =", CLng(last.Fields("ch")), " and sCardNum='", card, "'"));
-  std::vector<CardVersion> details;
-  for (; !rows.Eof(); rows.MoveNext()) details.emplace_back(rows);
-  for (const CardVersion& detail : details) {
-    addCopy(rows, detail, {"sID"}, {{"lOptID", keys.lOptID}, {"sCardID", keys.cardID}});
-  }
-}
+constexpr const char* kDetails = "select * from fa_cards_detail";
 
 Value scaled(const Value& figure, double scale) {
   return figure.isNull() ? Value() : Value(CDbl(figure) * scale / kWholeAsset);
@@ -50,23 +37,24 @@ Value scaled(const Value& figure, double scale) {
 
 void addReceiver(const SheetSaving& saving, const VersionKeys& keys, const Receiver& receiver) {
   const CardVersion& card = saving.card;
-  Recordset details = saving.database.OpenRecordset("select * from fa_cards_detail");
-  details.AddNew();
-  details.Collect("sCardID", keys.cardID);
-  details.Collect("lOptID", keys.lOptID);
-  details.Collect("sCardNum", saving.sheet.cardNum);
-  details.Collect("sDeptNum", receiver.department);
-  details.Collect("dDisposeDate", card["dDisposeDate"]);
-  details.Collect("iDisposePeriod", card["iDisposePeriod"]);
-  for (const char* column : kScaledFigures) details.Collect(column, scaled(card[column], receiver.scale));
-  for (const char* column : kWholeFigures) details.Collect(column, card[column]);
-  details.Update();
+  ColumnValues values{{"sCardID", keys.cardID},
+                      {"lOptID", keys.lOptID},
+                      {"sCardNum", saving.sheet.cardNum},
+                      {"sDeptNum", receiver.department},
+                      {"dDisposeDate", card["dDisposeDate"]},
+                      {"iDisposePeriod", card["iDisposePeriod"]}};
+  for (const char* column : kScaledFigures) values.emplace_back(column, scaled(card[column], receiver.scale));
+  for (const char* column : kWholeFigures) values.emplace_back(column, card[column]);
+  addRow(saving.group, kDetails, values);
 }
 
 }  // namespace
 
-void carryDetails(const SheetSaving& saving, const TransferKeys& keys) {
-  copyEarlier(saving, keys.left);
+// The details of the card's last operation stand again under the keys of the row left behind.
+void carryDetails(const SheetSaving& saving, const CarriedRows& carried, const TransferKeys& keys) {
+  for (const CardVersion& detail : carried.details(saving.group))
+    addCopy(saving.group, kDetails, detail, {"sID"},
+            {{"lOptID", keys.left.lOptID}, {"sCardID", keys.left.cardID}});
   for (const Receiver& receiver : receivers(saving.sheet)) addReceiver(saving, keys.receiving, receiver);
 }
 

@@ -8,6 +8,8 @@
 namespace zelkor {
 namespace {
 
+constexpr const char* kShares = "select * from fa_deptscale";
+
 /// What comes before and after the first comma.
 std::pair<std::string, std::string> codeAndName(const std::string& text) {
   const std::size_t comma = text.find(',');
@@ -28,50 +30,36 @@ std::string elementOf(const std::string& joined, std::size_t index) {
 /// The shares of one card as they are carried on.
 class ShareCarrying {
  public:
-  explicit ShareCarrying(const SheetSaving& saving)
-      : saving_(saving), highest_(number("select max(lOptID) as ch from fa_deptscale", "ch")) {}
+  ShareCarrying(const SheetSaving& saving, const CarriedRows& carried)
+      : saving_(saving),
+        carried_(carried),
+        highest_(saving.group.rowsOf(CarriedRows::kHighestShare).Fields("ch")) {}
 
   void copyEarlier();
   void addWhole(const std::string& department);
   void addSplit(const DepartSplit& split);
 
  private:
-  Value number(std::string_view statement, std::string_view column) {
-    return saving_.database.OpenRecordset(statement).Fields(column);
-  }
   std::int32_t operationBehind(const Value& fallback, int step) const {
     return CLng(CDbl(highest_.isNull() ? fallback : highest_) + step);
   }
   void add(const std::string& department, ColumnValues values);
-  std::vector<CardVersion> earlierShares();
 
   const SheetSaving& saving_;
+  const CarriedRows& carried_;
   Value highest_;
   double lastID_ = 0;
   std::optional<CardVersion> previous_;
 };
 
-std::vector<CardVersion> ShareCarrying::earlierShares() {
-  const std::string& card = saving_.sheet.cardNum;
-  const Value last =
-      number(sql("select max(lOptID) as ch0 from fa_deptscale where sCardNum='", card, "'"), "ch0");
-  std::vector<CardVersion> shares;
-  if (last.isNull()) return shares;
-  Recordset rows = saving_.database.OpenRecordset(
-      sql("select * from fa_deptscale where lOptID=", CLng(last), " and sCardNum='", card, "'"));
-  for (; !rows.Eof(); rows.MoveNext()) shares.emplace_back(rows);
-  return shares;
-}
-
 // The share before the transfer stands again, under the operation of the row left behind.
 void ShareCarrying::copyEarlier() {
-  const auto shares = earlierShares();
+  const auto shares = carried_.shares(saving_.group);
   const auto count = static_cast<double>(shares.size());
   for (const CardVersion& share : shares) {
     const Value& id = share["sID"];
     lastID_ = id.isNull() ? 0 : CDbl(id) + count;
-    Recordset table = saving_.database.OpenRecordset("select * from fa_deptscale");
-    addCopy(table, share, {"sID", "lOptID"},
+    addCopy(saving_.group, kShares, share, {"sID", "lOptID"},
             {{"sID", lastID_}, {"lOptID", operationBehind(share["lOptID"], 1)}});
     previous_ = share;
   }
@@ -82,10 +70,7 @@ void ShareCarrying::add(const std::string& department, ColumnValues values) {
                                {"sCardNum", saving_.sheet.cardNum},
                                {"lOptID", operationBehind(saving_.card["lOptID"], 2)},
                                {"sDeptNum", department}});
-  Recordset table = saving_.database.OpenRecordset("select * from fa_deptscale");
-  table.AddNew();
-  for (const auto& [column, value] : values) table.Collect(column, value);
-  table.Update();
+  addRow(saving_.group, kShares, values);
 }
 
 void ShareCarrying::addWhole(const std::string& department) {
@@ -113,8 +98,8 @@ void ShareCarrying::addSplit(const DepartSplit& split) {
 
 }  // namespace
 
-void carryShares(const SheetSaving& saving) {
-  ShareCarrying shares(saving);
+void carryShares(const SheetSaving& saving, const CarriedRows& carried) {
+  ShareCarrying shares(saving, carried);
   shares.copyEarlier();
   const ChangeSheet& sheet = saving.sheet;
   if (sheet.split.empty()) {

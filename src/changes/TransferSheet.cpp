@@ -65,10 +65,12 @@ std::optional<MessageBox> check(const ChangeSheet& sheet) {
   return std::nullopt;
 }
 
+constexpr const char* kHighestCardID = "select max(sCardID) from fa_cards";
+constexpr const char* kHighestOperation = "select max(lOptID) from fa_Vouchers";
+
 /// Keys of the two versions. The highest number is that of the text order and is held in 16 bits.
 TransferKeys nextKeys(const SheetSaving& saving) {
-  const Recordset highest = saving.database.OpenRecordset("select max(sCardID) from fa_cards");
-  const std::int16_t cardID = CInt(highest.Fields(std::size_t{0}));
+  const std::int16_t cardID = CInt(saving.group.rowsOf(kHighestCardID).Fields(std::size_t{0}));
   const double lOptID = CDbl(saving.card["lOptID"]);
   return {.left = {sql(CInt(cardID + 1.0)), CLng(lOptID + 1), kRowLeftBehind},
           .receiving = {sql(CInt(cardID + 2.0)), CLng(lOptID + 2), kRowReceiving}};
@@ -89,13 +91,17 @@ void addVersions(const SheetSaving& saving, const TransferKeys& keys) {
 
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
+  const CarriedRows carried(sheet.cardNum);
+  saving.group.foresee({kHighestCardID, kHighestOperation, CarriedRows::kHighestShare, carried.lastShare(),
+                        carried.lastDetail()});
+  carried.foresee(saving.group);
   const TransferKeys keys = nextKeys(saving);
-  const std::int32_t sheetOptID = operationBehind(saving.database, "select max(lOptID) from fa_Vouchers");
+  const std::int32_t sheetOptID = operationBehind(saving, kHighestOperation);
   addVersions(saving, keys);
   addSheet(saving, ChangeKind::Transfer, sheetOptID, sheet.before.text, sheet.after.text,
            {{"sSiteAfter", sheet.siteAfter}});
-  carryShares(saving);
-  carryDetails(saving, keys);
+  carryShares(saving, carried);
+  carryDetails(saving, carried, keys);
 }
 
 }  // namespace

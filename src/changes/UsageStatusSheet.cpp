@@ -25,6 +25,7 @@ std::optional<MessageBox> check(const ChangeSheet& sheet) {
 
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
+  saving.group.foresee({kLastOfRegister});
   const VersionKeys keys = keysBehind(saving.card, 10);
   addVersion(saving, keys, {{"sStatusID", sheet.after.tag}});
   addSheet(saving, ChangeKind::UsageStatus, keys.lOptID, sheet.before.tag, sheet.after.tag);

@@ -26,7 +26,8 @@ std::optional<MessageBox> check(const ChangeSheet& sheet) {
 
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
-  const VersionKeys keys = keysBehindAll(saving.database, 12);
+  saving.group.foresee({kHighestVersion});
+  const VersionKeys keys = keysBehindAll(saving, 12);
   addVersion(saving, keys, {{"lLife", monthsOnSheet(sheet.after.text)}});
   addSheet(saving, ChangeKind::UsefulLife, keys.lOptID, sheet.before.text, sheet.after.text);
 }

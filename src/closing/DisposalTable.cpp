@@ -78,8 +78,12 @@ void DisposalReader::add(const CsvTableRow& row) {
 
 }  // namespace
 
-std::vector<CsvTableRow> readDisposalRows(const std::string& csv) {
-  return readCsvTable(csv, kCaptions);
+std::vector<CsvTableRow> readDisposalRows(TableRows& rows) {
+  return readCsvTable(rows, kCaptions);
+}
+
+std::vector<std::string_view> disposalCaptions() {
+  return {kCaptions.begin(), kCaptions.end()};
 }
 
 DisposalTable listDisposals(Database& data, std::span<const CsvTableRow> rows) {

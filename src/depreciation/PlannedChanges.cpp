@@ -174,7 +174,9 @@ void ChangeReader::readAddition(DateTime date) {
 
 PlannedChanges readPlannedChanges(Database& data, DateTime month, std::string_view csv,
                                   std::vector<std::string>& problems) {
-  CsvTable table(csv, kCaptions, std::span(kCaptions).subspan(kCardNum));
+  requireUtf8(csv);
+  CsvReader rows{std::string(csv)};
+  CsvTable table(rows, kCaptions, std::span(kCaptions).subspan(kCardNum));
   ChangeReader reader(data, month, problems);
   for (bool more = true; more;) {
     try {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <map>
-#include <ostream>
 
 #include "base/CsvTable.h"
 #include "base/EndSignals.h"
@@ -67,6 +66,12 @@ std::vector<std::string> WorkloadImport::store(const CsvTableRow& row) {
   return {};
 }
 
+std::string linesOf(const std::vector<std::string>& sentences) {
+  std::string lines;
+  for (const std::string& sentence : sentences) lines += (lines.empty() ? "" : "\n") + sentence;
+  return lines;
+}
+
 /// Stores a row. A failure of the engine ends the import with its reason and the place.
 std::vector<std::string> stored(WorkloadImport& import, const CsvTableRow& row) {
   try {
@@ -79,15 +84,15 @@ std::vector<std::string> stored(WorkloadImport& import, const CsvTableRow& row) 
 
 /// Imports the next row; false at the end. A line that is no row of the table is refused like any other bad
 /// row.
-bool importNext(CsvTable& table, WorkloadImport& import, ImportResult& result, std::ostream& problems) {
+bool importNext(CsvTable& table, WorkloadImport& import, ImportResult& result, ImportProblems& problems) {
   try {
     const auto row = table.next();
     if (!row) return false;
     const auto found = stored(import, *row);
-    for (const std::string& problem : found) problems << problem << '\n';
+    if (!found.empty()) problems.refuse(linesOf(found));
     ++(found.empty() ? result.stored : result.refused);
   } catch (const CsvRowError& error) {
-    problems << (error.line() > 0 ? sql("第", error.line(), "行：") : "") << error.what() << '\n';
+    problems.refuse((error.line() > 0 ? sql("第", error.line(), "行：") : "") + error.what());
     ++result.refused;
   }
   return true;
@@ -95,8 +100,12 @@ bool importNext(CsvTable& table, WorkloadImport& import, ImportResult& result, s
 
 }  // namespace
 
-ImportResult importWorkload(RunContext& context, std::string_view csv, std::ostream& problems) {
-  CsvTable table(csv, kCaptions);
+std::vector<std::string_view> workloadCaptions() {
+  return {kCaptions.begin(), kCaptions.end()};
+}
+
+ImportResult importWorkload(RunContext& context, TableRows& rows, ImportProblems& problems) {
+  CsvTable table(rows, kCaptions);
   ImportResult result;
   OneTransaction transaction(context.engine.workspace());
   context.dbZKData.lockForWriting();

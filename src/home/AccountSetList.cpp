@@ -1,16 +1,13 @@
 #include "home/AccountSetList.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <ostream>
 #include <thread>
 
+#include "base/KeptLines.h"
 #include "base/LockedFile.h"
 #include "base/OutputFile.h"
 #include "base/Text.h"
@@ -25,15 +22,6 @@ constexpr std::size_t kFields = 7;
 constexpr mode_t kOwnersAlone = 0600;
 constexpr int kAttempts = 40;  // to become the only writer
 constexpr std::chrono::milliseconds kBetweenAttempts{25};
-
-fs::path configurationFolder() {
-  const char* named = std::getenv("XDG_CONFIG_HOME");
-  if (named != nullptr && *named == '/') return named;
-  const char* home = std::getenv("HOME");
-  if (home != nullptr && *home == '/') return fs::path(home) / ".config";
-  const passwd* login = ::getpwuid(::geteuid());
-  return fs::path(login == nullptr ? "/tmp" : login->pw_dir) / ".config";
-}
 
 std::string escaped(std::string_view text) {
   std::string result;

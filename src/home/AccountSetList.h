@@ -37,6 +37,7 @@ class AccountSetList {
   /// Reads the file; one that is not there is an empty list.
   explicit AccountSetList(std::filesystem::path file);
 
+  const std::filesystem::path& file() const { return file_; }
   const std::vector<KnownAccountSet>& sets() const { return sets_; }
   /// Lines of the file that could not be read.
   std::size_t unreadable() const { return unreadable_; }

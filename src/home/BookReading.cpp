@@ -1,6 +1,7 @@
 #include "home/BookReading.h"
 
 #include <sstream>
+#include <utility>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
@@ -8,21 +9,54 @@
 
 namespace zelkor {
 
-BookReading readBooks(const BooksPlace& place) {
-  std::ostringstream unsaid;  // that older books can be renewed is told in the list of account sets
-  DbEngine engine(unsaid);
-  Books books{engine.OpenDatabase(place.dataFile), engine.OpenDatabase(place.systemFile), place.account,
-              place.date};
-  BookReading reading;
-  reading.header = accountHeader(books.system, place.account);
-  const CardTally cards = tallyCards(books);
-  reading.facts = readMonthFacts(books, cards);
+namespace {
+
+/// Opened for one reading.
+class OpenBooks {
+ public:
+  explicit OpenBooks(const BooksPlace& place)
+      : engine_(unsaid_),
+        books_{engine_.OpenDatabase(place.dataFile), engine_.OpenDatabase(place.systemFile), place.account,
+               place.date, place.dataFile} {}
+
+  BookReading read(TallyDepth depth) {
+    BookReading reading;
+    reading.header = accountHeader(books_.system, books_.account);
+    const CardTally cards = tallyCards(books_, depth);
+    reading.facts = readMonthFacts(books_, cards);
+    if (depth == TallyDepth::Whole) addFigures(cards, reading);
+    reading.month = monthState(reading.facts);
+    return reading;
+  }
+
+ private:
+  void addFigures(const CardTally& cards, BookReading& reading) {
+    compareWithRun(books_, cards, reading.facts);
+    reading.figures = readFigures(books_, cards);
+    reading.recent = readRecentWork(books_, cards.newest);
+    // The ledger keeps each card's amount with two decimals, the staged entries have the sum of all four.
+    if (reading.facts.depreciationIsStaged)
+      reading.figures->depreciation = Val(Format(reading.facts.depreciation, "0.00"));
+  }
+
+  std::ostringstream unsaid_;  // that older books can be renewed is told in the list of account sets
+  DbEngine engine_;
+  Books books_;
+};
+
+}  // namespace
+
+void takeCheck(BookReading& reading, std::optional<KeptCheck> check) {
+  reading.facts.check = std::move(check);
   reading.month = monthState(reading.facts);
-  reading.figures = readFigures(books, cards);
-  // The ledger keeps each card's amount with two decimals, the staged entries have the sum of all four.
-  if (reading.facts.depreciationIsStaged)
-    reading.figures.depreciation = Val(Format(reading.facts.depreciation, "0.00"));
-  return reading;
+}
+
+BookReading readSteps(const BooksPlace& place) {
+  return OpenBooks(place).read(TallyDepth::Numbers);
+}
+
+BookReading readBooks(const BooksPlace& place) {
+  return OpenBooks(place).read(TallyDepth::Whole);
 }
 
 }  // namespace zelkor

@@ -5,6 +5,7 @@
 #include "home/AccountHeader.h"
 #include "home/BookFigures.h"
 #include "home/MonthState.h"
+#include "home/RecentWork.h"
 
 namespace zelkor {
 
@@ -22,11 +23,17 @@ struct BookReading {
   AccountHeader header;
   MonthFacts facts;
   MonthState month;
-  BookFigures figures;
+  std::optional<BookFigures> figures;  // none in a first reading
+  RecentWork recent;                   // likewise
 };
 
-/// Reads all that the workbench shows, through connections of its own, which are closed again. Errors as
-/// DbEngine::OpenDatabase.
+/// Takes in the last check of the month, and judges the month again.
+void takeCheck(BookReading& reading, std::optional<KeptCheck> check);
+
+/// Reads the steps alone, without what takes time: whether a run would give other figures now, and what the
+/// assets come to. Through connections of its own, which are closed again. Errors as DbEngine::OpenDatabase.
+BookReading readSteps(const BooksPlace& place);
+/// The same with all that the workbench shows.
 BookReading readBooks(const BooksPlace& place);
 
 }  // namespace zelkor

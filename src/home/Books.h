@@ -13,6 +13,7 @@ struct Books {
   Database system;
   std::string account;
   DateTime date;
+  std::string dataFile;
 
   int year() const { return date.year(); }
   int month() const { return date.month(); }

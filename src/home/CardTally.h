@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -30,7 +31,7 @@ using Allocations = std::map<std::tuple<std::string, std::string, std::string>, 
 /// the number in sCardID. A disposal, which bears the date of the machine, also counts from the month on for
 /// which it was staged.
 struct CardTally {
-  std::unordered_map<std::string, TalliedCard> byNumber;
+  long versions = 0;
   long cards = 0;  // card numbers
   long inUse = 0;
   long disposed = 0;
@@ -39,12 +40,18 @@ struct CardTally {
   std::optional<DateTime> lastEntered;
   long withoutSubject = 0;  // in use, and depreciated to no subject
   std::vector<std::string> workloadCards;
-  // What the month's run would allocate now, and the cards with which it would end in an error.
-  long inService = 0;
-  Allocations due;
-  long notComputable = 0;
+  long inService = 0;  // that the month's run takes
+
+  // Of a whole tally only:
+  std::unordered_map<std::string, TalliedCard> byNumber;
+  Allocations due;                  // what the run would allocate now,
+  long notComputable = 0;           // and the cards with which it would end in an error
+  std::vector<std::string> newest;  // numbers of the versions that came last
 };
 
-CardTally tallyCards(Books& books);
+/// The numbers alone are there several times as soon.
+enum class TallyDepth : std::uint8_t { Numbers, Whole };
+
+CardTally tallyCards(Books& books, TallyDepth depth);
 
 }  // namespace zelkor

@@ -37,36 +37,38 @@ class SpawnActions {
                      "不能启动程序“" + program + "”：" + std::strerror(failure));
 }
 
-/// Nothing of ours but standard error goes into the child: the other descriptors close themselves there.
-pid_t spawned(const std::string& program, const std::vector<std::string>& arguments, int errors) {
+/// Nothing of ours but these two goes into the child: the other descriptors close themselves there.
+pid_t spawned(const std::string& program, const std::vector<std::string>& arguments, int errors, int output) {
   std::vector<char*> words{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
   words.push_back(nullptr);
   SpawnActions actions;
   ::posix_spawn_file_actions_adddup2(actions.get(), errors, STDERR_FILENO);
+  ::posix_spawn_file_actions_adddup2(actions.get(), output, STDOUT_FILENO);
   pid_t child = 0;
   const int failure = ::posix_spawn(&child, program.c_str(), actions.get(), nullptr, words.data(), ::environ);
   if (failure != 0) refuse(program, failure);
   return child;
 }
 
-}  // namespace
-
-ChildProgram::ChildProgram(const std::string& program, const std::vector<std::string>& arguments)
-    : errors_(::memfd_create("zelkor-errors", MFD_CLOEXEC)) {
-  if (!errors_) refuse(program, errno);
-  const pid_t child = spawned(program, arguments, errors_.get());
-  process_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
-  if (!process_) refuse(program, errno);
-}
-
-std::string ChildProgram::errorsSoFar() const {
+std::string contentOf(const FileDescriptor& file) {
   std::string text;
   std::array<char, 4096> buffer{};
   ssize_t length = 0;
-  while ((length = ::pread(errors_.get(), buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0)
+  while ((length = ::pread(file.get(), buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0)
     text.append(buffer.data(), static_cast<std::size_t>(length));
   return text;
+}
+
+}  // namespace
+
+ChildProgram::ChildProgram(const std::string& program, const std::vector<std::string>& arguments)
+    : errors_(::memfd_create("zelkor-errors", MFD_CLOEXEC)),
+      output_(::memfd_create("zelkor-output", MFD_CLOEXEC)) {
+  if (!errors_ || !output_) refuse(program, errno);
+  const pid_t child = spawned(program, arguments, errors_.get(), output_.get());
+  process_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
+  if (!process_) refuse(program, errno);
 }
 
 ChildEnd ChildProgram::finish() {
@@ -75,7 +77,7 @@ ChildEnd ChildProgram::finish() {
          errno == EINTR) {
   }
   const int status = end.si_code == CLD_EXITED ? end.si_status : kSignalled + end.si_status;
-  return {status, errorsSoFar()};
+  return {status, contentOf(errors_), contentOf(output_)};
 }
 
 std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end) {

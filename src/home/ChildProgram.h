@@ -12,6 +12,7 @@ namespace zelkor {
 struct ChildEnd {
   int status = 0;      // exit status, or 128 and the number of the signal that ended it
   std::string errors;  // what it told on standard error
+  std::string output;  // and on standard output
 
   bool failed() const { return status != 0; }
 };
@@ -28,9 +29,8 @@ class ChildProgram {
   ChildEnd finish();
 
  private:
-  std::string errorsSoFar() const;
-
-  FileDescriptor errors_;   // a file without a name: nothing is lost when nobody reads, and nobody waits
+  FileDescriptor errors_;  // files without a name: nothing is lost when nobody reads, and nobody waits
+  FileDescriptor output_;
   FileDescriptor process_;  // the process itself, as the system calls it
 };
 

@@ -15,6 +15,7 @@
 #include "home/FrmEndDetail.h"
 #include "home/FrmLogin.h"
 #include "home/frmStepMark.h"
+#include "home/OwnCommands.h"
 #include "store/engine/Statement.h"
 #include "ui/Guide.h"
 #include "ui/Layout.h"
@@ -25,6 +26,7 @@ namespace {
 constexpr const char* kTitle = "固定资产工作台";
 constexpr std::chrono::minutes kBetweenReadings{1};
 constexpr qint64 kFreshMilliseconds = 1500;  // a reading that is not older is not done again by a look
+constexpr std::int16_t kClosing = 20;
 constexpr std::int16_t kReset = 23;
 constexpr std::int16_t kReports = 25;
 constexpr int kMonths = 12;
@@ -47,8 +49,12 @@ std::vector<frmChart::Point> pointsOf(const std::array<std::optional<double>, Bo
 
 }  // namespace
 
-FrmHome::FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, const std::string& module)
-    : Form(host, "FrmHome", kTitle, Unload::Plain), list_(list), opened_(std::move(opened)), module_(module) {
+FrmHome::FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, HomePrograms programs)
+    : Form(host, "FrmHome", kTitle, Unload::Plain),
+      list_(list),
+      checks_(list.file().parent_path() / CheckMemory::usualFile().filename()),
+      opened_(std::move(opened)),
+      programs_(std::move(programs)) {
   arrangeControls();
   connectEvents();
   everyMinute_.start(kBetweenReadings);
@@ -73,6 +79,8 @@ void FrmHome::connectEvents() {
       });
     });
   }
+  on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
+  connectRecent();
   on(TxtCommand->completer(), qOverload<const QString&>(&QCompleter::activated), &FrmHome::startByName);
 }
 
@@ -117,6 +125,7 @@ void FrmHome::changeLogin() {
 void FrmHome::logIn(OpenedSet opened) {
   opened_ = std::move(opened);
   reading_.reset();
+  focusedNext_ = false;
   lastEnd_.clear();
   lastErrors_.clear();
   showHead();
@@ -137,44 +146,53 @@ void FrmHome::showHead() {
   setWindowTitle(toQt(title));
 }
 
+/// The steps of books that are seen for the first time come first.
 void FrmHome::read() {
-  if (worker_.isBusy()) {
+  if (restoring_ || worker_.isBusy()) {
     readAgain_ = true;
     return;
   }
   readAgain_ = false;
   sinceRead_.start();
-  worker_.start([this, place = opened_.place()]() -> frmWorker::Result {
+  if (!reading_) readIn(readSteps);
+  readIn(readBooks);
+}
+
+void FrmHome::readIn(BookReading (*routine)(const BooksPlace&)) {
+  worker_.start([this, routine, place = opened_.place()]() -> frmWorker::Result {
     try {
-      return [this, place, reading = readBooks(place)] {
+      return [this, place, reading = routine(place)] {
         host().dispatch([&] {
           if (place == opened_.place()) takeReading(reading);
-          if (readAgain_) read();
+          if (readAgain_ && !worker_.isBusy()) read();
         });
       };
     } catch (const std::exception& error) {
       return [this, place, reason = std::string(error.what())] {
         host().dispatch([&] {
           if (place == opened_.place()) readingFailed(reason);
-          if (readAgain_) read();
+          if (readAgain_ && !worker_.isBusy()) read();
         });
       };
     }
   });
 }
 
-void FrmHome::takeReading(const BookReading& reading) {
-  const bool isFirst = !reading_;
+void FrmHome::takeReading(BookReading reading) {
+  takeCheck(reading, checks_.lastOf(opened_.set.dataFile, opened_.set.account, opened_.date));
   trouble_.clear();
-  reading_ = reading;
-  if (!reading.header.name.empty()) {
-    opened_.set.name = reading.header.name;
-    opened_.set.unit = reading.header.unit;
+  reading_ = std::move(reading);
+  if (!reading_->header.name.empty()) {
+    opened_.set.name = reading_->header.name;
+    opened_.set.unit = reading_->header.unit;
   }
   showHead();
   showMonth();
-  showFigures(reading.figures);
-  if (isFirst && CmdNext->isEnabled()) CmdNext->setFocus();
+  if (reading_->figures) showFigures(*reading_->figures);
+  if (reading_->figures) showRecent();
+  const bool goesOn = CmdNext->isEnabled() && !CmdNext->isHidden();
+  if (!focusedNext_ && goesOn) CmdNext->setFocus();
+  focusedNext_ = focusedNext_ || goesOn;
 }
 
 /// What was seen before stays in sight; nothing can be started from it.
@@ -211,6 +229,8 @@ void FrmHome::showStep(std::size_t index, const MonthStep& step, bool isNext) {
     text += text.isEmpty() ? note : "<br>" + note;
   }
   LblCounts[index]->setText(text);
+  const int lines = step.note.empty() || step.counts.empty() ? 1 : 2;
+  LblCounts[index]->setMinimumHeight(lines * LblCounts[index]->fontMetrics().lineSpacing());
   LblLast[index]->setText(step.last ? toQt(Format(*step.last, "yyyy-mm-dd")) : QString());
   CmdStep[index]->setText(toQt(captionOf(step.commands.front())));
   auto* menu = new QMenu(CmdMore[index]);
@@ -262,6 +282,8 @@ void FrmHome::lockCommands() {
     CmdMore[i]->setEnabled(ready);
   }
   CmdLogin->setEnabled(canStart());
+  CmdPlan->setEnabled(ready);
+  lockReports();
   const bool closed = reading_ && reading_->month.period != PeriodState::Open && reading_->facts.open &&
                       reading_->facts.open->month <= kMonths;
   if (closed) {
@@ -306,12 +328,26 @@ void FrmHome::startByName(const QString& caption) {
 
 void FrmHome::start(const StepCommand& command) {
   if (!canStart()) return;
-  if (command.runType == kReset && command.screen.empty() && !confirmReset()) return;
+  if (!command.own.empty()) return startOwn(command.own);
+  if (command.isRun(kReset) && !confirmReset()) return;
+  if ((command.isRun(kReset) || command.isRun(kClosing)) && !offerBackup(command)) return;
+  startModule(command);
+}
+
+void FrmHome::startModule(const StepCommand& command) {
   const std::string caption(captionOf(command));
+  startChild(programs_.module, caption, argumentsFor(command, opened_),
+             [this, caption](const ChildEnd& end) { ended(caption, end); });
+}
+
+void FrmHome::startChild(const std::string& program, const std::string& caption,
+                         const std::vector<std::string>& arguments, Ended afterwards) {
   lastErrors_.clear();
   try {
-    module_.start(caption, argumentsFor(command, opened_),
-                  [this, caption](const ChildEnd& end) { host().dispatch([&] { ended(caption, end); }); });
+    module_.start(program, caption, arguments,
+                  [this, afterwards = std::move(afterwards)](const ChildEnd& end) {
+                    host().dispatch([&] { afterwards(end); });
+                  });
   } catch (const RuntimeError& error) {
     lastEnd_ = error.what();
     lastErrors_ = error.what();
@@ -328,7 +364,7 @@ bool FrmHome::confirmReset() {
 
 void FrmHome::ended(const std::string& caption, const ChildEnd& end) {
   lastEnd_ = end.failed() ? "⚠ " + sentenceAboutEnd(caption, end) : "“" + caption + "”已结束";
-  lastErrors_ = end.failed() ? sentenceAboutEnd(caption, end) + "\n\n" + end.errors : "";
+  lastErrors_ = end.failed() ? sentenceAboutEnd(caption, end) + "\n\n" + end.errors + end.output : "";
   showStatus();
   lockCommands();
   read();

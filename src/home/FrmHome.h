@@ -9,29 +9,40 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 #include <QToolButton>
 #include <string>
 
 #include "home/AccountSetList.h"
+#include "home/CheckMemory.h"
+#include "home/Findings.h"
 #include "home/frmChart.h"
 #include "home/frmModule.h"
 #include "home/frmWorker.h"
 #include "home/OpenedSet.h"
+#include "home/Reopening.h"
+#include "startup/RecentReports.h"
+#include "ui/FlexGrid.h"
 #include "ui/Form.h"
 
 namespace zelkor {
+
+/// The programs that the workbench starts.
+struct HomePrograms {
+  std::string module;  // the screens
+  std::string tool;    // checks, backups, files
+};
 
 /// The workbench: where the month of an account set stands, what is next, what the assets come to. It writes
 /// nothing into the books: each command starts the module, one at a time, and afterwards the books are read
 /// again.
 class FrmHome final : public Form {
  public:
-  static constexpr std::size_t kSteps = 9;
+  static constexpr std::size_t kSteps = 11;
   static constexpr std::size_t kFigures = 4;
 
-  /// `module` is the program that the commands start.
-  FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, const std::string& module);
+  FrmHome(FormHost& host, AccountSetList& list, OpenedSet opened, HomePrograms programs);
 
   bool isScreen() const override { return true; }
 
@@ -58,6 +69,14 @@ class FrmHome final : public Form {
   frmChart* ChartDepartments = make<frmChart>("ChartDepartments");
   frmChart* ChartCategories = make<frmChart>("ChartCategories");
   frmChart* ChartMonths = make<frmChart>("ChartMonths");
+  QPushButton* CmdPlan = make<QPushButton>("CmdPlan", "未来折旧(&L)…");
+  QTabWidget* TabsRecent = make<QTabWidget>("TabsRecent");
+  FlexGrid* GridCards = make<FlexGrid>("GridCards");
+  FlexGrid* GridVouchers = make<FlexGrid>("GridVouchers");
+  FlexGrid* GridReports = make<FlexGrid>("GridReports");
+  QPushButton* CmdReport = make<QPushButton>("CmdReport", "再打开");
+  QPushButton* CmdPdf = make<QPushButton>("CmdPdf", "另存 PDF…");
+  QPushButton* CmdWorkbook = make<QPushButton>("CmdWorkbook", "另存 Excel…");
   QLabel* LblStatus = make<QLabel>("LblStatus");
   QPushButton* CmdDetail = make<QPushButton>("CmdDetail", "详情(&X)…");
   QMenuBar* menu_ = new QMenuBar(this);
@@ -67,6 +86,7 @@ class FrmHome final : public Form {
   QLayout* head();
   QLayout* stepLines();
   QLayout* figureTiles();
+  void arrangeRecent();
   void makeMenus();
   void makeStepsMenu();
   void makeFinder();
@@ -79,32 +99,67 @@ class FrmHome final : public Form {
   void showHead();
 
   void read();
-  void takeReading(const BookReading& reading);
+  void readIn(BookReading (*routine)(const BooksPlace&));
+  void takeReading(BookReading reading);
   void readingFailed(const std::string& reason);
   void showMonth();
   void showStep(std::size_t index, const MonthStep& step, bool isNext);
   void showFigures(const BookFigures& figures);
   void showStatus();
 
-  bool canStart() { return !module_.isRunning(); }
+  bool canStart() { return !module_.isRunning() && !restoring_; }
   void startNext();
   void startStep(std::size_t index);
   void startByName(const QString& caption);
   void start(const StepCommand& command);
+  void startModule(const StepCommand& command);
+  using Ended = std::function<void(const ChildEnd&)>;
+  void startChild(const std::string& program, const std::string& caption,
+                  const std::vector<std::string>& arguments, Ended afterwards);
   bool confirmReset();
   void ended(const std::string& caption, const ChildEnd& end);
   void showDetail();
   void lockCommands();
 
+  // FrmHomeOwn.cpp
+  void startOwn(std::string_view name);
+  void startTool(std::string_view command, const std::vector<std::string>& words, Ended afterwards);
+  void check();
+  void checked(const OpenedSet& of, const std::string& work, const ChildEnd& end);
+  void showFindings(Findings findings);
+  void backUp(const std::string& folder, const std::string& label, std::function<void()> then = {});
+  void backUpElsewhere();
+  bool offerBackup(const StepCommand& command);
+  void reopen();
+  void askReopening(const std::optional<Reopening>& reopening);
+  void restore(const Reopening& reopening);
+  void showPreview();
+  void showPlan();
+
+  // FrmHomeRecent.cpp
+  void connectRecent();
+  void showRecent();
+  void showReports();
+  void openRecent(std::int16_t runType);
+  const RecentReport* currentReport() const;
+  void openReport();
+  void saveReport(const char* format);
+  void lockReports();
+
   AccountSetList& list_;
+  CheckMemory checks_;
   OpenedSet opened_;
   std::optional<BookReading> reading_;
-  std::string trouble_;     // why the books could not be read
-  std::string lastEnd_;     // what came of the last command
-  std::string lastErrors_;  // all that it told, where it failed
+  std::vector<RecentReport> reports_;  // as they are listed
+  std::string trouble_;                // why the books could not be read
+  std::string lastEnd_;                // what came of the last command
+  std::string lastErrors_;             // all that it told, where it failed
   bool readAgain_ = false;
+  bool focusedNext_ = false;  // the next step has had the focus that it gets at first
+  bool restoring_ = false;    // nobody may have the books open
   QElapsedTimer sinceRead_;
   QTimer everyMinute_;
+  HomePrograms programs_;
   frmModule module_;
   frmWorker worker_;
 };

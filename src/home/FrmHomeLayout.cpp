@@ -1,3 +1,4 @@
+#include <iterator>
 #include <QCompleter>
 #include <QGridLayout>
 #include <QStringListModel>
@@ -16,7 +17,7 @@ namespace {
 constexpr QSize kSize(1100, 680);
 constexpr int kStepsWidth = 580;
 constexpr int kCommandWidth = 190;
-constexpr int kStepHeight = 42;
+constexpr int kStepHeight = 31;
 constexpr int kCaptionWidth = 112;
 constexpr int kLastWidth = 76;
 constexpr int kButtonWidth = 152;
@@ -24,6 +25,14 @@ constexpr int kMarkSize = 22;
 constexpr std::array<const char*, FrmHome::kFigures> kFigureCaptions{"原值", "累计折旧", "净值", "本月折旧"};
 
 enum StepColumn { Mark, Caption, Counts, Last, Button, More };
+
+/// The keys along the row of digits.
+QKeySequence stepKey(std::size_t index) {
+  constexpr Qt::Key kKeys[] = {Qt::Key_1, Qt::Key_2, Qt::Key_3, Qt::Key_4, Qt::Key_5,    Qt::Key_6,
+                               Qt::Key_7, Qt::Key_8, Qt::Key_9, Qt::Key_0, Qt::Key_Minus};
+  static_assert(std::size(kKeys) == FrmHome::kSteps);
+  return QKeySequence(Qt::CTRL | kKeys[index]);
+}
 
 QFrame* card() {
   auto* frame = new QFrame;
@@ -44,14 +53,16 @@ void FrmHome::arrangeControls() {
   ChartCategories->setEmptyText("还没有卡片");
   ChartMonths->setTitle("本年各月折旧");
   ChartMonths->setEmptyText("还没有计提");
-  ChartMonths->setFocusPolicy(Qt::ClickFocus);  // Tab goes on to what stands beside the steps
   auto* steps = card();
   arrange(steps, stepLines());
   steps->setMinimumWidth(kStepsWidth);
-  auto* left = column({steps, wide(ChartMonths)});
+  TabsRecent->setMinimumWidth(kStepsWidth);
+  arrangeRecent();
   auto* right = column({figureTiles(), wide(ChartDepartments), wide(ChartCategories)});
-  arrange(this, column({head(), row({wide(LblHeadline), CmdNext}), wide(row({Item(left, 3), Item(right, 2)})),
-                        rule(), row({wide(LblStatus), CmdDetail})}));
+  auto* month = row({Item(steps, 3), Item(right, 2)});
+  auto* recent = row({Item(TabsRecent, 3), Item(ChartMonths, 2)});
+  arrange(this, column({head(), row({wide(LblHeadline), CmdNext}), Item(month, 3), Item(recent, 1), rule(),
+                        row({wide(LblStatus), CmdDetail})}));
   makeMenus();
   makeFinder();
   layout()->setMenuBar(menu_);
@@ -80,7 +91,7 @@ QLayout* FrmHome::stepLines() {
     LblStep[i]->setFixedWidth(kCaptionWidth);
     LblStep[i]->setText(toQt(captionOf(static_cast<StepKind>(i))));
     LblCounts[i]->setTextFormat(Qt::RichText);
-    LblCounts[i]->setMinimumHeight(kStepHeight);
+    grid->setRowMinimumHeight(line, kStepHeight);
     LblCounts[i]->setWordWrap(true);
     LblLast[i]->setFixedWidth(kLastWidth);
     LblLast[i]->setProperty("note", true);
@@ -118,8 +129,27 @@ QLayout* FrmHome::figureTiles() {
   LblCards->setProperty("note", true);
   auto* all = column({});
   all->addLayout(tiles);
-  all->addWidget(LblCards);
+  CmdPlan->setAutoDefault(false);
+  all->addLayout(row({LblCards, stretch(), CmdPlan}));
   return all;
+}
+
+void FrmHome::arrangeRecent() {
+  constexpr int kListHeight = 60;
+  for (FlexGrid* grid : {GridCards, GridVouchers, GridReports}) {
+    grid->fitColumns();
+    grid->fillWith(1);
+    grid->setMinimumHeight(kListHeight);
+  }
+  GridCards->setAccessibleName("最近的卡片");
+  GridVouchers->setAccessibleName("最近的凭证");
+  GridReports->setAccessibleName("最近的报表");
+  fillTabs(*TabsRecent,
+           {{"最近的卡片", column({wide(GridCards)})},
+            {"最近的凭证", column({wide(GridVouchers)})},
+            {"最近的报表", row({wide(GridReports), column({CmdReport, CmdPdf, CmdWorkbook, stretch()})})}});
+  for (int page = 0; page < TabsRecent->count(); ++page)
+    TabsRecent->widget(page)->layout()->setContentsMargins(4, 4, 4, 4);
 }
 
 void FrmHome::makeMenus() {
@@ -152,7 +182,7 @@ void FrmHome::makeStepsMenu() {
     const std::string caption(captionOf(static_cast<StepKind>(i)));
     commands.emplace_back(
         CommandCaption(caption.c_str(), ("step " + caption).c_str()), [this, i] { startStep(i); },
-        &FrmHome::canStart, QKeySequence(QString("Ctrl+%1").arg(i + 1)));
+        &FrmHome::canStart, stepKey(i));
   }
   addCommands(menu, commands);
 }

@@ -83,9 +83,7 @@ void readDepreciation(Books& books, const CardTally& cards, MonthFacts& facts) {
   facts.depreciation = staged.Fields("total").numberOrZero();
   facts.lastDepreciation = dayIn(staged, "lastDay");
   facts.cardsInService = cards.inService;
-  facts.cardsNotComputable = cards.notComputable;
-  facts.changedSinceRun =
-      facts.lastRun == books.month() && (cards.notComputable > 0 || !isAllocated(books.data, cards.due));
+  facts.comparedWithRun = false;
 }
 
 void readEvents(Books& books, MonthFacts& facts) {
@@ -100,6 +98,16 @@ void readEvents(Books& books, MonthFacts& facts) {
           books.year(), " and ioutperiod=", books.month(), " and mc<>0"));
   facts.billedEvents = static_cast<long>(billed.Fields("n").numberOrZero());
   facts.lastBilled = dayIn(billed, "lastDay");
+}
+
+void readBackups(Books& books, MonthFacts& facts) {
+  const std::vector<SetBackup> backups = backupsOf(books.dataFile, books.account);
+  if (const SetBackup* last = lastOfMonth(backups, books.year(), books.month())) {
+    facts.backup = last->note.time;
+    facts.sinceBackup = rowsSince(last->note, books.data);
+  }
+  const auto closed = closedBefore(facts.open);
+  if (closed && lastOfMonth(backups, closed->year, closed->month)) facts.reopening = closed;
 }
 
 void takeCards(const CardTally& cards, MonthFacts& facts) {
@@ -127,7 +135,15 @@ MonthFacts readMonthFacts(Books& books, const CardTally& cards) {
   readWorkload(books, cards, facts);
   readDepreciation(books, cards, facts);
   readEvents(books, facts);
+  readBackups(books, facts);
   return facts;
+}
+
+void compareWithRun(Books& books, const CardTally& cards, MonthFacts& facts) {
+  facts.comparedWithRun = true;
+  facts.cardsNotComputable = cards.notComputable;
+  facts.changedSinceRun =
+      facts.lastRun == books.month() && (cards.notComputable > 0 || !isAllocated(books.data, cards.due));
 }
 
 }  // namespace zelkor

@@ -2,9 +2,12 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "home/Books.h"
 #include "home/CardTally.h"
+#include "home/CheckMemory.h"
+#include "home/SetBackups.h"
 #include "store/engine/JobLock.h"
 #include "store/settings/OpenMonth.h"
 
@@ -40,9 +43,10 @@ struct MonthFacts {
   bool depreciationIsStaged = false;
   double depreciation = 0;  // of the month, as it was staged
   std::optional<DateTime> lastDepreciation;
+  bool comparedWithRun = true;   // the cards were, so that the next two are known
   bool changedSinceRun = false;  // a run would give other figures now
-  long cardsInService = 0;       // that the run takes
   long cardsNotComputable = 0;
+  long cardsInService = 0;  // that the run takes
 
   long pendingEvents = 0;
   double pendingAmount = 0;
@@ -51,10 +55,17 @@ struct MonthFacts {
 
   long disposals = 0;
 
+  std::optional<KeptCheck> check;       // the last one of the month
+  std::optional<DateTime> backup;       // the time of the last one that was made while the month was open
+  std::vector<RowsSince> sinceBackup;   // what has come to the books since
+  std::optional<OpenPeriod> reopening;  // the closed month that a backup can bring back
+
   std::optional<JobNote> busyWith;  // another job
 };
 
-/// Reads them. The cards are those of the same books.
+/// Reads them, the check excepted. The cards are those of the same books.
 MonthFacts readMonthFacts(Books& books, const CardTally& cards);
+/// Compares what the run has allocated with what the cards would come to now.
+void compareWithRun(Books& books, const CardTally& cards, MonthFacts& facts);
 
 }  // namespace zelkor

@@ -7,6 +7,7 @@
 #include "base/Format.h"
 #include "base/Text.h"
 #include "home/AccountHeader.h"
+#include "home/OwnCommands.h"
 #include "startup/OnlyJob.h"
 #include "startup/RunTypes.h"
 #include "store/engine/Statement.h"
@@ -18,15 +19,17 @@ struct KindNames {
   std::string_view caption;
   std::string_view name;
 };
-constexpr std::array<KindNames, 9> kKinds{{{"初始化", "initialisation"},
-                                           {"档案", "archives"},
-                                           {"卡片", "cards"},
-                                           {"变动单", "changes"},
-                                           {"工作量", "workload"},
-                                           {"计提折旧", "depreciation"},
-                                           {"制单", "vouchers"},
-                                           {"资产减少", "disposals"},
-                                           {"对账与月末结账", "closing"}}};
+constexpr std::array<KindNames, 11> kKinds{{{"初始化", "initialisation"},
+                                            {"档案", "archives"},
+                                            {"卡片", "cards"},
+                                            {"变动单", "changes"},
+                                            {"工作量", "workload"},
+                                            {"计提折旧", "depreciation"},
+                                            {"制单", "vouchers"},
+                                            {"资产减少", "disposals"},
+                                            {"检查", "check"},
+                                            {"备份", "backup"},
+                                            {"对账与月末结账", "closing"}}};
 constexpr std::size_t kMonthLength = 7;  // of "2020-01-01"
 constexpr std::array<KindNames, 5> kStates{
     {{"已完成", "done"}, {"待办", "open"}, {"请查看", "attention"}, {"无", "idle"}, {"未到", "waiting"}}};
@@ -139,7 +142,10 @@ void judgeRun(const MonthFacts& facts, PeriodState period, MonthStep& step) {
 }
 
 MonthStep depreciation(const MonthFacts& facts, PeriodState period) {
-  MonthStep step{.kind = StepKind::Depreciation, .commands = runs({8, 19, 9})};
+  MonthStep step{.kind = StepKind::Depreciation, .commands = runs({8})};
+  step.commands.push_back(StepCommand::ofOwn(own::kPreview));
+  for (const StepCommand& command : runs({19, 9})) step.commands.push_back(command);
+  step.commands.push_back(StepCommand::ofOwn(own::kPlan));
   if (!facts.depreciates) {
     step.state = StepState::Idle;
     step.counts = "本账套不计提折旧";
@@ -181,12 +187,68 @@ MonthStep disposals(const MonthFacts& facts) {
   return step;
 }
 
-MonthStep closing(const MonthFacts& facts, PeriodState period, const std::vector<MonthStep>& before) {
-  MonthStep step{.kind = StepKind::Closing, .state = StepState::Open, .commands = runs({20, 21})};
-  const auto unfinished = std::ranges::count_if(before, [](const MonthStep& earlier) {
-    return earlier.state == StepState::Open ||
-           (earlier.state == StepState::Waiting && earlier.kind == StepKind::Depreciation);
+/// How many of the month's steps still have to be done.
+long unfinishedOf(const std::vector<MonthStep>& steps) {
+  return std::ranges::count_if(steps, [](const MonthStep& step) {
+    return step.state == StepState::Open ||
+           (step.state == StepState::Waiting && step.kind == StepKind::Depreciation);
   });
+}
+
+/// What should be done before the month is closed, once all the rest of it is: the system itself does not ask
+/// for it.
+StepState dueState(PeriodState period, long unfinished) {
+  return period == PeriodState::Open && unfinished == 0 ? StepState::Open : StepState::Idle;
+}
+
+std::string foundText(const KeptCheck& check) {
+  if (check.errors + check.warnings == 0)
+    return check.notes == 0 ? "没有发现问题" : sql("没有要处理的问题，说明 ", check.notes, " 项");
+  return sql("错误 ", check.errors, " 项，警告 ", check.warnings, " 项");
+}
+
+MonthStep check(const MonthFacts& facts, PeriodState period, const MonthState& month) {
+  const long unfinished = unfinishedOf(month.steps);
+  MonthStep step{.kind = StepKind::Check,
+                 .state = dueState(period, unfinished),
+                 .counts = "本月还没有检查",
+                 .commands = {StepCommand::ofOwn(own::kCheck)}};
+  if (!facts.check) return step;
+  step.counts = foundText(*facts.check);
+  step.last = facts.check->time;
+  if (facts.check->work != month.work) {
+    step.note = "检查以后又有变动";
+  } else if (facts.check->errors + facts.check->warnings > 0) {
+    step.state = StepState::Attention;
+    step.note = "请再次检查，逐项查看并处理";
+  } else {
+    step.state = StepState::Done;
+  }
+  return step;
+}
+
+MonthStep backup(const MonthFacts& facts, PeriodState period, const MonthState& month) {
+  MonthStep step{.kind = StepKind::Backup,
+                 .state = dueState(period, unfinishedOf(month.steps)),
+                 .counts = period == PeriodState::Closed ? "没有结账前的备份" : "本月还没有备份",
+                 .last = facts.backup,
+                 .commands = {StepCommand::ofOwn(own::kBackup), StepCommand::ofOwn(own::kBackupTo)}};
+  if (facts.reopening) step.commands.push_back(StepCommand::ofOwn(own::kReopen));
+  if (!facts.backup) return step;
+  step.counts = sql(period == PeriodState::Closed ? "结账前的备份 " : "已备份 ",
+                    Format(*facts.backup, "yyyy-mm-dd hh:nn"));
+  if (period == PeriodState::Closed || facts.sinceBackup.empty()) {
+    step.state = StepState::Done;
+  } else {
+    step.note = "以后又有：" + textOf(facts.sinceBackup);
+  }
+  return step;
+}
+
+MonthStep closing(const MonthFacts& facts, PeriodState period, const MonthState& month) {
+  MonthStep step{.kind = StepKind::Closing, .state = StepState::Open, .commands = runs({20, 21})};
+  if (facts.reopening) step.commands.push_back(StepCommand::ofOwn(own::kReopen));
+  const long unfinished = unfinishedOf(month.steps);
   if (period == PeriodState::Closed) {
     step.state = StepState::Done;
     step.counts = "已结账";
@@ -197,7 +259,7 @@ MonthStep closing(const MonthFacts& facts, PeriodState period, const std::vector
     step.state = StepState::Waiting;
     step.note = sql("前面还有 ", unfinished, " 步没有完成");
   } else {
-    step.counts = "可以结账；结账前请备份";
+    step.counts = "可以结账";
   }
   return step;
 }
@@ -231,7 +293,8 @@ std::string headlineOf(const MonthState& state, const MonthFacts& facts) {
   if (state.period == PeriodState::Closed) return month + "已结账，" + openPeriodText(*facts.open) + "。";
   if (state.period == PeriodState::Ahead)
     return "操作日期在 " + month + "，" + openPeriodText(*facts.open) + "。";
-  if (!state.next) return month + "没有待办的事。";
+  if (!state.next)
+    return month + (facts.comparedWithRun ? "没有待办的事。" : "，正在核对计提以后有没有变动…");
   const MonthStep& next = state.steps[*state.next];
   const std::string_view detail = next.note.empty() ? next.counts : next.note;
   return sql(month, "，下一步：", captionOf(next.kind), detail.empty() ? "" : "（", detail,
@@ -254,6 +317,7 @@ std::string_view nameOf(StepState state) {
 }
 
 std::string_view captionOf(const StepCommand& command) {
+  if (!command.own.empty()) return findOwnCommand(command.own)->caption;
   if (!command.screen.empty()) return findExtraScreen(command.screen)->caption;
   return findRunType(command.runType)->caption;
 }
@@ -269,10 +333,15 @@ MonthState monthState(const MonthFacts& facts) {
                  depreciation(facts, state.period),
                  vouchers(facts),
                  disposals(facts)};
-  state.steps.push_back(closing(facts, state.period, state.steps));
+  for (const MonthStep& step : state.steps) state.work += step.counts + ";";
+  state.steps.push_back(check(facts, state.period, state));
+  state.steps.push_back(backup(facts, state.period, state));
+  state.steps.push_back(closing(facts, state.period, state));
   letWait(state, facts);
   const auto next = std::ranges::find(state.steps, StepState::Open, &MonthStep::state);
-  if (next != state.steps.end()) state.next = static_cast<std::size_t>(next - state.steps.begin());
+  const bool known = facts.comparedWithRun || !facts.depreciationIsStaged ||
+                     (next != state.steps.end() && next->kind <= StepKind::Depreciation);
+  if (next != state.steps.end() && known) state.next = static_cast<std::size_t>(next - state.steps.begin());
   state.headline = headlineOf(state, facts);
   return state;
 }

@@ -20,6 +20,8 @@ enum class StepKind : std::uint8_t {
   Depreciation,
   Vouchers,
   Disposals,
+  Check,
+  Backup,
   Closing,
 };
 
@@ -40,10 +42,15 @@ enum class StepState : std::uint8_t {
 std::string_view captionOf(StepState state);
 std::string_view nameOf(StepState state);
 
-/// What the module is started for: a run type, or a screen that none starts.
+/// What the module is started for: a run type, or a screen that none starts; or what the workbench does
+/// itself.
 struct StepCommand {
   std::int16_t runType = 0;
   std::string_view screen = {};
+  std::string_view own = {};  // of ownCommands
+
+  static StepCommand ofOwn(std::string_view name) { return {0, {}, name}; }
+  bool isRun(std::int16_t type) const { return runType == type && screen.empty() && own.empty(); }
 
   bool operator==(const StepCommand&) const = default;
 };
@@ -67,6 +74,7 @@ struct MonthState {
   std::vector<MonthStep> steps;
   std::optional<std::size_t> next;  // the first open step
   std::string headline;             // one sentence: where the month stands and what is next
+  std::string work;                 // the counts of what is worked on, by which a later state is told apart
 };
 
 /// What the facts come to.

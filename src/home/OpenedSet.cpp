@@ -1,23 +1,27 @@
 #include "home/OpenedSet.h"
 
+#include "home/OwnCommands.h"
 #include "startup/Arguments.h"
 
 namespace zelkor {
 
+std::string argumentString(std::int16_t runType, const OpenedSet& opened) {
+  return composeArguments({.dataFile = opened.set.dataFile,
+                           .user = opened.user,
+                           .date = opened.date,
+                           .runType = runType,
+                           .systemFile = opened.set.systemFile,
+                           .account = opened.set.account});
+}
+
 std::vector<std::string> argumentsFor(const StepCommand& command, const OpenedSet& opened) {
-  const ExtraScreenRow* screen = command.screen.empty() ? nullptr : findExtraScreen(command.screen);
-  const std::string arguments =
-      composeArguments({.dataFile = opened.set.dataFile,
-                        .user = opened.user,
-                        .date = opened.date,
-                        .runType = screen == nullptr ? command.runType : screen->runType,
-                        .systemFile = opened.set.systemFile,
-                        .account = opened.set.account});
-  if (screen == nullptr) return {arguments};
+  if (command.screen.empty()) return {argumentString(command.runType, opened)};
+  const std::string arguments = argumentString(findExtraScreen(command.screen)->runType, opened);
   return {"--screen", std::string(command.screen), arguments};
 }
 
 RunGroup groupOf(const StepCommand& command) {
+  if (!command.own.empty()) return findOwnCommand(command.own)->group;
   if (!command.screen.empty()) return findExtraScreen(command.screen)->group;
   return findRunType(command.runType)->group;
 }
@@ -29,6 +33,8 @@ std::vector<StepCommand> allCommands() {
       if (row.group == group) all.push_back({.runType = row.runType});
     for (const ExtraScreenRow& row : extraScreens())
       if (row.group == group) all.push_back({.runType = 0, .screen = row.name});
+    for (const OwnCommandRow& row : ownCommands())
+      if (row.group == group) all.push_back(StepCommand::ofOwn(row.name));
   }
   return all;
 }

@@ -19,7 +19,9 @@ struct OpenedSet {
   BooksPlace place() const { return {set.dataFile, set.systemFile, set.account, date}; }
 };
 
-/// What the module is started with for a command. Error 5 when an argument string cannot carry it.
+/// The argument string of a run type. Error 5 when it cannot carry the set, or the operator.
+std::string argumentString(std::int16_t runType, const OpenedSet& opened);
+/// What the module is started with for a command. Errors as argumentString.
 std::vector<std::string> argumentsFor(const StepCommand& command, const OpenedSet& opened);
 
 /// The menu in which it is.

@@ -146,12 +146,25 @@ void frmChart::paintBars(QPainter& painter, QRect room) const {
   }
 }
 
+int frmChart::widestLabel(const QFontMetrics& metrics) const {
+  int widest = 0;
+  for (const Point& point : points_) widest = std::max(widest, metrics.horizontalAdvance(point.label));
+  return widest;
+}
+
+/// One of how many points has its label written, so that they have room.
+std::size_t frmChart::labelledEvery(const QFontMetrics& metrics, double step) const {
+  const double widest = widestLabel(metrics) + kGap;
+  return static_cast<std::size_t>(std::max(1.0, std::ceil(widest / std::max(1.0, step))));
+}
+
 void frmChart::paintLine(QPainter& painter, QRect room) const {
   const QFontMetrics metrics = painter.fontMetrics();
   const double most = highest(points_);
   const QString top = shortAmount(most);
-  const QRect plot = room.adjusted(metrics.horizontalAdvance(top) + kGap, metrics.height() / 2, -kGap,
-                                   -metrics.height() - 2);
+  const int halfLabel = widestLabel(metrics) / 2;
+  const QRect plot = room.adjusted(std::max(metrics.horizontalAdvance(top) + kGap, halfLabel),
+                                   metrics.height() / 2, -std::max(kGap, halfLabel), -metrics.height() - 2);
   painter.setPen(color(kAxis));
   for (const int y : {plot.top(), plot.center().y(), plot.bottom()})
     painter.drawLine(plot.left(), y, plot.right(), y);
@@ -164,19 +177,22 @@ void frmChart::paintLine(QPainter& painter, QRect room) const {
   scale(plot.top(), top);
   scale(plot.bottom(), "0");
   const double step = plot.width() / std::max(1.0, static_cast<double>(points_.size()) - 1);
+  const std::size_t every = labelledEvery(metrics, step);
   QPolygonF line;
   for (std::size_t i = 0; i < points_.size(); ++i) {
     const double x = plot.left() + step * static_cast<double>(i);
-    const int half = static_cast<int>(step / 2) + 1;
-    painter.drawText(QRect(static_cast<int>(x) - half, plot.bottom() + 2, 2 * half, metrics.height()),
-                     Qt::AlignHCenter | Qt::AlignTop, points_[i].label);
+    const int half = static_cast<int>(step * static_cast<double>(every) / 2) + 1;
+    if (i % every == 0)
+      painter.drawText(QRect(static_cast<int>(x) - half, plot.bottom() + 2, 2 * half, metrics.height()),
+                       Qt::AlignHCenter | Qt::AlignTop, points_[i].label);
     if (points_[i].amount)
       line << QPointF(x, plot.bottom() - plot.height() * std::max(0.0, *points_[i].amount) / most);
   }
   painter.setPen(QPen(color(kBar), 2));
   painter.drawPolyline(line);
   painter.setBrush(color(kBar));
-  for (const QPointF& point : line) painter.drawEllipse(point, 3, 3);
+  if (every == 1)
+    for (const QPointF& point : line) painter.drawEllipse(point, 3, 3);
 }
 
 void frmChart::mouseReleaseEvent(QMouseEvent* event) {

@@ -44,6 +44,8 @@ class frmChart final : public QWidget {
  private:
   void paintBars(QPainter& painter, QRect room) const;
   void paintLine(QPainter& painter, QRect room) const;
+  int widestLabel(const QFontMetrics& metrics) const;
+  std::size_t labelledEvery(const QFontMetrics& metrics, double step) const;
   void tell();
   bool isEmpty() const;
   void savePicture();

@@ -4,9 +4,9 @@
 
 namespace zelkor {
 
-void frmModule::start(const std::string& caption, const std::vector<std::string>& arguments,
-                      std::function<void(const ChildEnd&)> ended) {
-  child_ = std::make_unique<ChildProgram>(program_, arguments);
+void frmModule::start(const std::string& program, const std::string& caption,
+                      const std::vector<std::string>& arguments, std::function<void(const ChildEnd&)> ended) {
+  child_ = std::make_unique<ChildProgram>(program, arguments);
   caption_ = caption;
   ended_ = std::move(ended);
   end_ = std::make_unique<QSocketNotifier>(child_->endDescriptor(), QSocketNotifier::Read);

@@ -10,23 +10,20 @@
 
 namespace zelkor {
 
-/// The module, started for one command after the other.
+/// Programs beside this one, started for one command after the other.
 class frmModule {
  public:
-  explicit frmModule(std::string program) : program_(std::move(program)) {}
-
   bool isRunning() const { return child_ != nullptr; }
   /// What the command that runs is called.
   const std::string& caption() const { return caption_; }
 
   /// Starts it; `ended` is called once, by the event loop. Errors as ChildProgram.
-  void start(const std::string& caption, const std::vector<std::string>& arguments,
-             std::function<void(const ChildEnd&)> ended);
+  void start(const std::string& program, const std::string& caption,
+             const std::vector<std::string>& arguments, std::function<void(const ChildEnd&)> ended);
 
  private:
   void finish();
 
-  std::string program_;
   std::string caption_;
   std::unique_ptr<ChildProgram> child_;
   std::unique_ptr<QSocketNotifier> end_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "base/TextGrid.h"
 #include "paper/Page.h"
 
@@ -10,6 +12,8 @@ namespace zelkor {
 inline constexpr double kCellPadding = 0.35;  // beside a text
 inline constexpr double kCellMargins = 2 * kCellPadding;
 inline constexpr double kRowPadding = 0.4;  // above and below a text together
+
+inline constexpr std::string_view kGoesOn = "（续）";  // after the name of a group, overleaf
 
 inline constexpr double kMarginSize = 9;  // points; of the lines above and below the table
 

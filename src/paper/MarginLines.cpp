@@ -23,7 +23,12 @@ class Setter {
       block_.height += kLinePitch * size_;
       return;
     }
-    for (const std::string* text : {&line.left, &line.centre, &line.right}) addBroken(*text);
+    addBroken(line.left);
+    if (!line.left.empty() && !(line.centre.empty() && line.right.empty())) {
+      return add({"", line.centre, line.right});
+    }
+    addBroken(line.centre);
+    addBroken(line.right);
   }
   MarginBlock take() { return std::move(block_); }
 

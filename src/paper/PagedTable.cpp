@@ -41,6 +41,7 @@ PagedTable::PagedTable(const PaperTable& table, PageSize size, TextWidths& width
   setMargins();
   fitHeader();
   paginate();
+  spareLastPage();
 }
 
 void PagedTable::fitWidths() {
@@ -79,19 +80,27 @@ ColumnNeed PagedTable::needOf(std::size_t column, const CarriedSums& sums) {
 /// What is carried over is bold, whatever the cell is.
 void PagedTable::addTexts(std::size_t column, ColumnNeed& need) {
   const bool carried = !table_.carried.empty() && table_.carried[column] != CarriedOver::Nothing;
+  const double goesOn = column == columns_.front() && hasGroups() ? widths_.of(kGoesOn, Face::Regular) : 0;
   std::string_view before;
   Face faceBefore = Face::Regular;
   for (const std::size_t row : rows_) {
     const std::string& text = grid_.text(row, column);
     const Face face = carried ? Face::Bold : faceOf(grid_, row, column);
     if (text == before && face == faceBefore) continue;
-    const double width = widths_.of(text, face);
+    const double width = widths_.of(text, face) + goesOn;
     need.whole = std::max(need.whole, width);
     if (width > need.least) need.least = std::max(need.least, widestPiece(text, face, widths_));
     before = text;
     faceBefore = face;
   }
   need.least = std::min(need.least, kLongestPiece);
+}
+
+/// Whether there are rows whose first column is empty, as those of a group are below the one that names it.
+bool PagedTable::hasGroups() const {
+  return table_.carried.empty() && std::ranges::any_of(rows_, [this](std::size_t row) {
+           return !grid_.isTotal(row) && grid_.text(row, columns_.front()).empty();
+         });
 }
 
 /// A caption over several columns shares their width, and the first row's makes them a unit.
@@ -223,8 +232,9 @@ void PagedTable::paginate() {
   const double carriedRow = sums.any() ? rowHeight(1) : 0;
   // The last row of a page may be the carried one.
   const double whole = bodyBottom() - bodyTop() - carriedRow;
-  double used = 0;
-  starts_.push_back({});
+  double& used = lastUsed_;
+  used = 0;
+  starts_.assign(1, {});
   const auto turn = [&](std::size_t row, std::size_t line) {
     starts_.push_back({row, line, sums.texts()});
     used = carriedRow;
@@ -249,6 +259,28 @@ void PagedTable::paginate() {
         used += rowHeight(rest);
     }
   }
+}
+
+/// Where a few rows alone would be on the last page, somewhat smaller letters make room for them before it.
+void PagedTable::spareLastPage() {
+  constexpr std::size_t kMostPages = 8;  // of more, one does not matter
+  constexpr double kFewRows = 1.0 / 6;   // of a page
+  constexpr double kSizeStep = 0.5;
+  constexpr double kLeastShare = 0.85;  // of the letters' size
+  const std::size_t pages = starts_.size();
+  const double usual = fit_.size;
+  if (pages < 2 || pages > kMostPages || lastUsed_ > (bodyBottom() - bodyTop()) * kFewRows) return;
+  const auto setSize = [this](double size) {
+    fit_.size = size;
+    fitHeader();
+    paginate();
+  };
+  const double smallest = std::max(kSmallestSize, usual * kLeastShare);
+  for (double size = usual - kSizeStep; size >= smallest; size -= kSizeStep) {
+    setSize(size);
+    if (starts_.size() < pages) return;
+  }
+  setSize(usual);
 }
 
 }  // namespace zelkor

@@ -16,7 +16,7 @@ namespace zelkor {
 
 /// A table on its pages. Texts are broken into lines, no letter of the table is smaller than kSmallestSize,
 /// and nothing is cut: columns that do not fit go on on pages beside, rows on pages below, a total with the
-/// row above it. Table and widths must outlive it.
+/// row above it. A page that begins within a group of rows names it. Table and widths must outlive it.
 class PagedTable {
  public:
   PagedTable(const PaperTable& table, PageSize size, TextWidths& widths);
@@ -46,6 +46,7 @@ class PagedTable {
   ColumnNeed needOf(std::size_t column, const CarriedSums& sums);
   void addCaptions(std::size_t column, ColumnNeed& need);
   void addTexts(std::size_t column, ColumnNeed& need);
+  bool hasGroups() const;
   void setMargins();
   std::string pageNumber(std::size_t number) const;
   std::vector<HeaderCell> headerCells(const std::vector<std::size_t>& band) const;
@@ -54,6 +55,7 @@ class PagedTable {
   std::size_t linesIn(double height) const;
   bool leavesTotalAlone(std::size_t place, std::size_t lines, double room, double page) const;
   void paginate();
+  void spareLastPage();
   std::size_t lineCount(std::size_t row) const;
   std::vector<std::string_view> cellLines(std::size_t row, std::size_t place) const;
 
@@ -74,6 +76,7 @@ class PagedTable {
   MarginBlock foot_;
   std::vector<double> headerHeights_;
   std::vector<Start> starts_;
+  double lastUsed_ = 0;  // of the body's height, on the last pages
 };
 
 }  // namespace zelkor

@@ -93,7 +93,9 @@ class PagedTable::Drawing {
     const Start end = isLast() ? Start{paged_.rows_.size(), 0, {}} : paged_.starts_[sheet_ + 1];
     for (std::size_t i = start.row; i < end.row || (i == end.row && end.line > 0); ++i) {
       const std::size_t from = i == start.row ? start.line : 0;
-      drawRow(paged_.rows_[i], from, i == end.row ? end.line : std::string::npos);
+      const std::size_t to = i == end.row ? end.line : std::string::npos;
+      drawLead(i, from, to);
+      drawRow(paged_.rows_[i], from, to);
     }
     if (carries() && !isLast()) drawCarried("过次页", end.carried);
     if (y_ <= top) return;
@@ -119,6 +121,46 @@ class PagedTable::Drawing {
       drawLines(shown, {lefts_[i], y_}, lefts_[i + 1] - lefts_[i], paged_.grid_.alignment(column), face);
     }
     endRow(std::min(to, count) - from);
+  }
+
+  /// What stands in the first column of a row that has nothing there: the group that goes on from the page
+  /// before, the label of a total that is on a page beside.
+  std::string leadOf(std::size_t i) const {
+    const TextGrid& grid = paged_.grid_;
+    const std::size_t first = paged_.columns_.front();
+    const std::size_t row = paged_.rows_[i];
+    if (band_.front() != 0 || !grid.text(row, first).empty()) return {};
+    if (grid.isTotal(row)) return labelBeside(row);
+    if (carries() || sheet_ == 0 || i != paged_.starts_[sheet_].row) return {};
+    while (i-- > 0 && !grid.isTotal(paged_.rows_[i])) {
+      const std::string& name = grid.text(paged_.rows_[i], first);
+      if (!name.empty()) return name + std::string(kGoesOn);
+    }
+    return {};
+  }
+  std::string labelBeside(std::size_t row) const {
+    for (std::size_t place = 0; place < paged_.columns_.size(); ++place) {
+      const std::size_t column = paged_.columns_[place];
+      if (paged_.grid_.alignment(column) != Align::Left || paged_.grid_.text(row, column).empty()) continue;
+      return std::ranges::find(band_, place) == band_.end() ? paged_.grid_.text(row, column) : std::string();
+    }
+    return {};
+  }
+
+  /// As much of it as the row has room for.
+  void drawLead(std::size_t i, std::size_t from, std::size_t to) {
+    const std::string lead = leadOf(i);
+    if (lead.empty()) return;
+    const std::size_t row = paged_.rows_[i];
+    const std::size_t room = std::min(to, paged_.lineCount(row)) - from;
+    const Face face = faceOf(paged_.grid_, row, paged_.columns_.front());
+    const std::string_view whole = lead;
+    for (const std::string_view text : {whole, whole.substr(0, whole.rfind(kGoesOn))}) {
+      const auto lines = linesOf(text, paged_.innerWidth(0), face, paged_.widths_);
+      if (lines.size() > room) continue;
+      drawLines(lines, {lefts_[0], y_}, lefts_[1] - lefts_[0], Align::Left, face);
+      return;
+    }
   }
 
   void drawCarried(std::string_view label, const std::vector<std::string>& texts) {

@@ -9,7 +9,8 @@
 
 namespace zelkor {
 
-/// Three texts of a line above or below a table; where they do not fit side by side, below each other.
+/// Three texts of a line above or below a table; where they do not fit side by side, the left one is above
+/// the others, or all are below each other.
 struct MarginLine {
   std::string left;
   std::string centre;

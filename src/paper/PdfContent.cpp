@@ -91,7 +91,7 @@ void appendUnit(std::string& text, std::uint32_t unit) {
 
 void appendContent(std::string& content, const Page& page, double height, PdfFont (&faces)[2]) {
   appendPoints(content, kRuleWidth);
-  content += "w ";
+  content += "w 2 J ";  // to the corners, beyond the ends
   appendPoints(content, kBoxShade);
   content += "g ";
   appendPoints(content, kRuleShade);

@@ -71,6 +71,14 @@ void writeLines(Grid& grid, Database& data, const Recordset& card) {
   writeLine(grid, card, {{}, value, ledger.Fields("dblDepr1").number(), ledger.Fields("dblDeprT1").number()});
 }
 
+/// The asset as the card's last version has it.
+std::string assetOf(Database& data, const std::string& card) {
+  const Recordset last =
+      data.OpenRecordset(sql("select top 1 sAssetNum,sAssetName from fa_cards where sCardNum='", card,
+                             "' order by val(sCardID) desc"));
+  return "固定资产：" + last.TextOrEmpty("sAssetNum") + " " + last.TextOrEmpty("sAssetName");
+}
+
 }  // namespace
 
 /// Of all cards that meet the conditions the first alone.
@@ -79,6 +87,7 @@ void BuildCardLedger(RunContext& run, const ReportConditions& conditions, Report
   Grid grid(view.grid, kColumns);
   const Recordset card = run.dbZKData.OpenRecordset(cardQuery(chosenAssets(conditions)));
   if (card.Eof()) return;
+  view.subject = assetOf(run.dbZKData, card.Text("sCardNum"));
   writeLines(grid, run.dbZKData, card);
   grid.addTotalRow(kColumns.digest, "本期合计");
 }

@@ -3,7 +3,9 @@
 #include <optional>
 
 #include "archives/FrmFATypes.h"
+#include "reports/ConditionTexts.h"
 #include "reports/FrmBBXS.h"
+#include "startup/RecentReports.h"
 #include "ui/BusyCursor.h"
 
 namespace zelkor {
@@ -113,8 +115,19 @@ ReportOutcome FrmBBTJ::compute() {
 }
 
 void FrmBBTJ::CmdYes_Click() {
-  if (compute() == ReportOutcome::Computed) showReportView(host(), view_);
+  if (compute() == ReportOutcome::Computed) {
+    remember();
+    showReportView(host(), view_);
+  }
   close();
+}
+
+/// For whoever wants to see it again; a program that stands nowhere is nobody's.
+void FrmBBTJ::remember() {
+  if (run().programFolder.empty()) return;
+  RecentReports(RecentReports::usualFile())
+      .remember({run().gstrZtFile, run().gstrAccountId, std::string(kind_.name),
+                 conditionTexts(kind_, conditions()), run().clock.now()});
 }
 
 }  // namespace zelkor

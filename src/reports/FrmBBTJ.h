@@ -72,6 +72,7 @@ class FrmBBTJ final : public Form {
   void showChosen();
   ReportConditions conditions() const;
   ReportOutcome compute();
+  void remember();
   void escapePressed() override { close(); }
 
   const ReportKind& kind_;

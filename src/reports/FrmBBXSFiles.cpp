@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
@@ -9,6 +10,7 @@
 #include <QPrinter>
 #include <QPrintPreviewDialog>
 #include <QStandardPaths>
+#include <QToolBar>
 
 #include "base/RuntimeError.h"
 #include "reports/FrmBBXS.h"
@@ -66,6 +68,12 @@ std::optional<ChosenFile> askForFile(QWidget& over, const QString& title) {
   dialog.selectFile(title);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return chosenFile(dialog.selectedFiles().front(), dialog.selectedNameFilter());
+}
+
+/// The preview's last command opens the system's dialog.
+QAction* printing(const QPrintPreviewDialog& preview) {
+  const QToolBar* commands = preview.findChild<QToolBar*>();
+  return commands && !commands->actions().isEmpty() ? commands->actions().last() : nullptr;
 }
 
 }  // namespace
@@ -152,6 +160,7 @@ void FrmBBXS::printSeen(TablePrinter& pages, QPrinter& printer) {
     const BusyCursor busy;
     attempt([&] { pages.print(*device); });
   });
+  if (QAction* print = printing(preview)) print->setShortcut(QKeySequence::Print);
   preview.exec();
 }
 

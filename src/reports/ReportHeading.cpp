@@ -27,7 +27,7 @@ std::string monthOf(const RunContext& run) {
 }
 
 std::string joinedConditions(const ReportView& view) {
-  std::string all;
+  std::string all = view.subject;
   for (const ConditionLine& line : view.conditionLines) {
     if (!line.visible || line.text.empty()) continue;
     all += (all.empty() ? "" : std::string(kGap)) + line.text;

@@ -22,6 +22,7 @@ struct ReportView {
   std::string title;                            // the report's name
   std::string unitLine = kUnitLineAsDrawn;      // Label1(0)
   std::array<ConditionLine, 2> conditionLines;  // Label1(1), Label1(2)
+  std::string subject;                          // what it is about; on paper and in files alone
   bool secondLineMovedUp = false;               // Label1(2) stands where Label1(1) is
   std::string periodCaption = "期间：";         // Label3
   bool periodListVisible = true;                // Combo1

@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kTwipsPerCharacter = 110;  // of a column's width in the workbook
 constexpr double kNarrowest = 8;
-constexpr double kWidest = 60;
+constexpr double kWidest = 40;
 constexpr double kWidestOnPage = 240;  // characters; in more no print can be read
 constexpr double kWidestBeside =
     165;                            // where pages stand side by side, whatever font takes the place of 宋体
@@ -69,7 +69,7 @@ class SheetWriter {
         ledger_(report.ledger),
         options_(options) {
     for (std::size_t column = 0; column < grid_.columns(); ++column) {
-      if (!grid_.columnHidden(column)) columns_.push_back({column, letters(columns_.size()), 0});
+      if (!grid_.columnHidden(column)) columns_.push_back({column, letters(columns_.size())});
     }
     for (const std::string& line :
          {heading_.title, joined(heading_.account, heading_.unit),
@@ -116,6 +116,7 @@ class SheetWriter {
     std::size_t inGrid;
     std::string letters;  // its name in the sheet
     double width = 0;     // in characters
+    bool broken = false;  // has texts of several lines
   };
 
   static std::string joined(const std::string& one, const std::string& other) {
@@ -123,8 +124,8 @@ class SheetWriter {
   }
 
   SheetMargins margins() const {
-    return {marginTexts(marginText(joined(heading_.account, heading_.unit)), marginText(heading_.title),
-                        marginText(heading_.period)),
+    return {marginTexts(marginLines(marginText(heading_.account), marginText(heading_.unit)), "",
+                        marginLines(marginText(heading_.title), marginText(heading_.period))),
             marginTexts(marginText(heading_.preparedBy), "第 &P 页 共 &N 页", marginText(heading_.printed))};
   }
 
@@ -142,9 +143,16 @@ class SheetWriter {
            fixed + std::to_string(lastHeader() + last);
   }
 
+  /// In characters: as the grid has them, or wider where their texts need it.
   void fitWidths() {
     double all = 0;
-    for (Column& column : columns_) all += column.width = widthOf(column.inGrid);
+    for (Column& column : columns_) {
+      const double widest = widestText(column.inGrid);
+      const double told = std::max(kNarrowest, grid_.columnWidth(column.inGrid) / kTwipsPerCharacter);
+      column.width = std::max(told, std::min(kWidest, widest + kCellPadding));
+      column.broken = widest > column.width;
+      all += column.width;
+    }
     wide_ = all > kWidestOnPage;
     if (wide_) findPages();
   }
@@ -177,12 +185,6 @@ class SheetWriter {
                  storedWidth(columns_[i].width) + "\" customWidth=\"1\"/>");
     }
     out_.write("</cols>");
-  }
-
-  /// In characters: as the grid has it, or wider where its texts need it.
-  double widthOf(std::size_t column) const {
-    const double told = std::max(kNarrowest, grid_.columnWidth(column) / kTwipsPerCharacter);
-    return std::max(told, std::min(kWidest, widestText(column) + kCellPadding));
   }
 
   /// A caption over several columns shares their width.
@@ -230,17 +232,18 @@ class SheetWriter {
     if (isNumberCell(grid_, row, column.inGrid)) {
       writeNumber(column.letters, bodyStyle(formOf(text, column.inGrid), align, total), text);
     } else if (isDateCell(grid_, row, column.inGrid)) {
-      writeNumber(column.letters, bodyStyle(NumberForm::Date, align, total),
+      writeNumber(column.letters, bodyStyle(CellForm::Date, align, total),
                   textOfDouble(parseDate(text)->toSerial()));
     } else {
-      writeText(column.letters, bodyStyle(NumberForm::General, align, total), text);
+      const CellForm form = column.broken ? CellForm::Lines : CellForm::General;
+      writeText(column.letters, bodyStyle(form, align, total), text);
     }
   }
 
-  NumberForm formOf(const std::string& text, std::size_t column) const {
-    if (options_.money && holdsAmounts(grid_, column)) return NumberForm::Thousands;
+  CellForm formOf(const std::string& text, std::size_t column) const {
+    if (options_.money && holdsAmounts(grid_, column)) return CellForm::Thousands;
     const bool amount = text.size() > 3 && text[text.size() - 3] == '.';
-    return amount ? NumberForm::TwoDecimals : NumberForm::General;
+    return amount ? CellForm::TwoDecimals : CellForm::General;
   }
 
   void beginRow(std::string_view height = "") {

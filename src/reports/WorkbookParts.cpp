@@ -72,25 +72,30 @@ constexpr std::string_view kHeadStyles =
 
 constexpr int kFirstBodyStyle = 3;
 constexpr int kAlignments = 3;
-constexpr std::array kNumberForms{0, 2, 4, 164};  // by NumberForm; all but the date's need not be defined
+constexpr std::array kNumberForms{0, 2, 4, 164, 0};  // by CellForm; all but the date's need not be defined
 constexpr std::array kAlignmentNames{"left", "center", "right"};
 
-std::string cellStyle(int numberForm, const char* alignment, bool bold) {
+std::string cellStyle(int numberForm, const char* alignment, bool bold, bool lines) {
   std::string style = "<xf numFmtId=\"" + std::to_string(numberForm) + "\" fontId=\"" + (bold ? "2" : "0") +
                       "\" fillId=\"0\" borderId=\"1\" xfId=\"0\"";
   if (bold) style += " applyFont=\"1\"";
   if (numberForm != 0) style += " applyNumberFormat=\"1\"";
   style += " applyBorder=\"1\" applyAlignment=\"1\"><alignment horizontal=\"";
   style += alignment;
-  return style + "\"/></xf>";
+  style += "\" vertical=\"center\"";
+  if (lines) style += " wrapText=\"1\"";
+  return style + "/></xf>";
 }
 
 /// In the order that bodyStyle tells.
 std::string styles() {
   std::string list{kHeadStyles};
   for (const bool bold : {false, true}) {
-    for (const int form : kNumberForms) {
-      for (const char* alignment : kAlignmentNames) list += cellStyle(form, alignment, bold);
+    for (std::size_t form = 0; form < kNumberForms.size(); ++form) {
+      const bool lines = static_cast<CellForm>(form) == CellForm::Lines;
+      for (const char* alignment : kAlignmentNames) {
+        list += cellStyle(kNumberForms.at(form), alignment, bold, lines);
+      }
     }
   }
   const std::size_t count = kFirstBodyStyle + 2 * kNumberForms.size() * kAlignmentNames.size();
@@ -165,7 +170,7 @@ bool beginsWithEscape(std::string_view text) {
 
 }  // namespace
 
-int bodyStyle(NumberForm form, Align align, bool bold) {
+int bodyStyle(CellForm form, Align align, bool bold) {
   const int forms = static_cast<int>(kNumberForms.size());
   return kFirstBodyStyle + ((bold ? forms : 0) + static_cast<int>(form)) * kAlignments +
          static_cast<int>(align);
@@ -204,15 +209,20 @@ std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins) {
 }
 
 std::string marginText(std::string_view text) {
-  constexpr std::size_t kMostCharacters = 60;  // of 255 that a margin has in all
+  constexpr std::size_t kMostCharacters = 48;  // of 255 that a margin has in all; more would reach the others
   std::string kept;
   for (const char letter : Left(text, kMostCharacters)) kept += letter == '&' ? "&&" : std::string(1, letter);
   return kept;
 }
 
+std::string marginLines(const std::string& first, const std::string& second) {
+  return first + (first.empty() || second.empty() ? "" : "\n") + second;
+}
+
 std::string marginTexts(const std::string& left, const std::string& centre, const std::string& right) {
-  return (left.empty() ? "" : "&L" + left) + (centre.empty() ? "" : "&C" + centre) +
-         (right.empty() ? "" : "&R" + right);
+  const std::string size = "&9";  // points
+  return (left.empty() ? "" : "&L" + size + left) + (centre.empty() ? "" : "&C" + size + centre) +
+         (right.empty() ? "" : "&R" + size + right);
 }
 
 std::string cellText(std::string_view text) {

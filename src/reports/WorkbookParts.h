@@ -10,14 +10,14 @@
 // What a workbook holds around the rows of its sheets, in Office Open XML.
 namespace zelkor {
 
-/// How a number is shown.
-enum class NumberForm { General, TwoDecimals, Thousands, Date };
+/// How a cell shows what is in it: a number, or a text, of several lines where it is long.
+enum class CellForm { General, TwoDecimals, Thousands, Date, Lines };
 
 /// Places in the list of styles.
 inline constexpr int kPlainStyle = 0;
 inline constexpr int kTitleStyle = 1;
 inline constexpr int kHeaderStyle = 2;
-int bodyStyle(NumberForm form, Align align, bool bold);
+int bodyStyle(CellForm form, Align align, bool bold);
 
 struct WorkbookPart {
   std::string name;
@@ -50,6 +50,8 @@ std::string sheetBeginning(const WorkbookSheet& sheet, bool selected);
 std::string sheetEnd(const WorkbookSheet& sheet, const SheetMargins& margins);
 /// A text for the margin of a page; what would be a code there is none.
 std::string marginText(std::string_view text);
+/// Two of them, the second below the first where there are both.
+std::string marginLines(const std::string& first, const std::string& second);
 /// Three of them, or of codes.
 std::string marginTexts(const std::string& left, const std::string& centre, const std::string& right);
 

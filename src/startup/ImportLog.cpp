@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -34,12 +35,14 @@ std::optional<std::string> ImportLog::take(const std::string& row) {
 
 // By a recordset: a row may hold quotes.
 void ImportLog::note(const std::string& row, const std::string& savedAs) {
-  Recordset log = context_.dbZKData.OpenRecordset("select * from Fa_log where 1=0");
-  log.AddNew();
-  log.Collect("dDate", context_.gdOpDate);
-  log.Collect("sOperater", context_.gstrUser);
-  log.Collect("mMemo", job_ + savedAs + std::string(kColon) + row);
-  log.Update();
+  StatementGroup group(context_.dbZKData);
+  group.add("select * from Fa_log where 1=0", [&](Recordset& log) {
+    log.AddNew();
+    log.Collect("dDate", context_.gdOpDate);
+    log.Collect("sOperater", context_.gstrUser);
+    log.Collect("mMemo", job_ + savedAs + std::string(kColon) + row);
+  });
+  group.run();
 }
 
 }  // namespace zelkor

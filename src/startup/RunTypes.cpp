@@ -177,9 +177,10 @@ const RunTypeRow* findRunType(std::int32_t runType) {
 }
 
 std::span<const ExtraScreenRow> extraScreens() {
-  static constexpr std::array<ExtraScreenRow, 2> kScreens{
+  static constexpr std::array<ExtraScreenRow, 3> kScreens{
       {{"workload", "工作量", RunGroup::Processing, "frmGZL", 8},
-       {"voucher-types", "凭证类别", RunGroup::Archives, "FrmEditPZType", 10}}};
+       {"voucher-types", "凭证类别", RunGroup::Archives, "FrmEditPZType", 10},
+       {"last-report", "最近的报表", RunGroup::Reports, "FrmBBXS", 25}}};
   return kScreens;
 }
 

@@ -73,6 +73,9 @@ constexpr Chapter kChapters[] = {
     {"FrmLogin", 22},
     {"FrmConfirmName", 22},
     {"FrmEndDetail", 22},
+    {"FrmFindings", 16},
+    {"FrmPreview", 11},
+    {"FrmPlan", 11},
 };
 
 /// Where the package puts the guide, and where it lies in a checkout.

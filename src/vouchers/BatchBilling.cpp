@@ -222,7 +222,9 @@ bool BatchBilling::ToolSave() {
     request_.merge = CheckHB && lines_.rows() != kHeaderAndTwoLines;
     request_.CheckHB = CheckHB;
     makeKey();
-    for (std::size_t row = 1; row < lines_.rows(); ++row) storeLine(row);
+    StatementGroup group(run_.dbZKData);
+    for (std::size_t row = 1; row < lines_.rows(); ++row) storeLine(group, row);
+    group.run();
   });
 }
 
@@ -235,11 +237,11 @@ void BatchBilling::makeKey() {
   request_.scOutSign = lines_.text(1, line_column::Sign) + "(" + request_.eventNumber + ")";
 }
 
-void BatchBilling::storeLine(std::size_t row) {
+void BatchBilling::storeLine(StatementGroup& group, std::size_t row) const {
   const std::string number = mergeNumber_.empty() ? "Null" : "'" + mergeNumber_ + "'";
-  run_.dbZKData.Execute(sql("update fa_ZWVouchers set cDefine2=", number, ",cDefine5='", row, "',cDefine10='",
-                            request_.scOutSign, "',ccode='", codeOf(lines_.text(row, line_column::Subject)),
-                            "' where i_id=", lines_.text(row, line_column::RowId)));
+  group.execute(sql("update fa_ZWVouchers set cDefine2=", number, ",cDefine5='", row, "',cDefine10='",
+                    request_.scOutSign, "',ccode='", codeOf(lines_.text(row, line_column::Subject)),
+                    "' where i_id=", lines_.text(row, line_column::RowId)));
 }
 
 }  // namespace zelkor

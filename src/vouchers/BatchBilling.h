@@ -74,7 +74,7 @@ class BatchBilling {
   bool belongs(std::size_t row) const;
   void loadEvent(const std::string& voucherKey);
   void makeKey();
-  void storeLine(std::size_t row);
+  void storeLine(StatementGroup& group, std::size_t row) const;
 
   RunContext& run_;
   TextGrid selection_;

@@ -2,6 +2,7 @@
 
 #include "base/Conversion.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -30,10 +31,12 @@ std::int32_t ClsBLLPZType::GetDsignID(std::string_view sign) {
 
 bool ClsBLLPZType::UpdateDsigns(std::string_view sign, const std::vector<std::string>& codes) {
   return attempt("UpdateDsigns", false, [&] {
-    zkData().Execute(sql("Delete * From Dsigns Where cSign='", sign, "'"));
+    StatementGroup group(zkData());
+    group.execute(sql("Delete * From Dsigns Where cSign='", sign, "'"));
     for (const std::string& code : codes) {
-      zkData().Execute(sql("Insert Into Dsigns (csign,ccode) Values('", sign, "','", code, "')"));
+      group.execute(sql("Insert Into Dsigns (csign,ccode) Values('", sign, "','", code, "')"));
     }
+    group.run();
     return true;
   });
 }

@@ -1,6 +1,9 @@
 #include "vouchers/VoucherFill.h"
 
+#include <cstdint>
+
 #include "base/Conversion.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/engine/Statement.h"
 #include "vouchers/ErrorTrap.h"
@@ -176,42 +179,65 @@ bool VoucherFill::checkLines() const {
 }
 
 /// A voucher that is in the ledger keeps its number, and its entries make way; another takes the next number.
-void VoucherFill::makeRoom() {
+void VoucherFill::makeRoom(StatementGroup& group) {
   if (bPZmodify_) {
-    run_.dbZKData.Execute(sql("delete from gl_accvouch where ino_id=", ino_id_, " and iperiod=", period_));
+    group.execute(sql("delete from gl_accvouch where ino_id=", ino_id_, " and iperiod=", period_));
     return;
   }
-  const Recordset highest = run_.dbZKData.OpenRecordset("select max(ino_id) as Max_ino_id from gl_accvouch");
-  ino_id_ = CInt(highest.Fields("Max_ino_id").numberOrZero() + 1);
+  constexpr const char* kHighest = "select max(ino_id) as Max_ino_id from gl_accvouch";
+  group.foresee({kHighest});
+  ino_id_ = CInt(group.rowsOf(kHighest).Fields("Max_ino_id").numberOrZero() + 1);
 }
 
-void VoucherFill::writeLines() {
+void VoucherFill::fillEntry(Recordset& entry, std::size_t number) const {
   const std::string& key = request_.scOutSign;
-  Recordset entries = run_.dbZKData.OpenRecordset("select top 1 * from gl_accvouch");
-  for (std::size_t i = 1; i <= localPZ_.RowCount(); ++i) {
-    const VoucherLine& line = localPZ_.Row(i);
-    entries.AddNew();
-    entries.Collect("iperiod", run_.period());
-    entries.Collect("Csign", localPZ_.VoucherSign);
-    entries.Collect("iSignSeq", localPZ_.SignSeq);
-    entries.Collect("ino_id", ino_id_);
-    entries.Collect("inid", static_cast<std::int32_t>(i));
-    entries.Collect("doutbilldate", localPZ_.VoucherDate);
-    entries.Collect("idoc", localPZ_.Attachments);
-    entries.Collect("cbill", localPZ_.BillMaker);
-    entries.Collect("ccheck", nullWhenEmpty(localPZ_.Checker));
-    entries.Collect("cbook", nullWhenEmpty(localPZ_.Bookkeeper));
-    entries.Collect("ccashier", nullWhenEmpty(localPZ_.Cashier));
-    entries.Collect("cdigest", line.Digest);
-    entries.Collect("ccode", line.SubjectCode);
-    entries.Collect("md", line.Debit);
-    entries.Collect("mc", line.Credit);
-    entries.Collect("dBill_Date", localPZ_.VoucherDate);
-    entries.Collect("coutsign", key.substr(0, key.find('(')));
-    if (key.find(kCardEvent) != std::string::npos) entries.Collect("coutno_id", request_.eventNumber);
-    entries.Collect("ccodecontrol", kModuleMark);
-    entries.Update();
+  const VoucherLine& line = localPZ_.Row(number);
+  entry.AddNew();
+  entry.Collect("iperiod", run_.period());
+  entry.Collect("Csign", localPZ_.VoucherSign);
+  entry.Collect("iSignSeq", localPZ_.SignSeq);
+  entry.Collect("ino_id", ino_id_);
+  entry.Collect("inid", static_cast<std::int32_t>(number));
+  entry.Collect("doutbilldate", localPZ_.VoucherDate);
+  entry.Collect("idoc", localPZ_.Attachments);
+  entry.Collect("cbill", localPZ_.BillMaker);
+  entry.Collect("ccheck", nullWhenEmpty(localPZ_.Checker));
+  entry.Collect("cbook", nullWhenEmpty(localPZ_.Bookkeeper));
+  entry.Collect("ccashier", nullWhenEmpty(localPZ_.Cashier));
+  entry.Collect("cdigest", line.Digest);
+  entry.Collect("ccode", line.SubjectCode);
+  entry.Collect("md", line.Debit);
+  entry.Collect("mc", line.Credit);
+  entry.Collect("dBill_Date", localPZ_.VoucherDate);
+  entry.Collect("coutsign", key.substr(0, key.find('(')));
+  if (key.find(kCardEvent) != std::string::npos) entry.Collect("coutno_id", request_.eventNumber);
+  entry.Collect("ccodecontrol", kModuleMark);
+}
+
+/// Entries stand as a saved voucher even where the staged rows cannot be marked.
+void VoucherFill::write() {
+  StatementGroup group(run_.dbZKData);
+  std::size_t lastEntry = SIZE_MAX;
+  try {
+    group.runAll([&] {
+      makeRoom(group);
+      group.addRows("select top 1 * from gl_accvouch", localPZ_.RowCount(),
+                    [this](Recordset& entry, std::size_t line) { fillEntry(entry, line + 1); });
+      lastEntry = group.added();
+      group.execute(sql("update fa_ZWVouchers set cDefine1='1' where cDefine10 like '", request_.scOutSign,
+                        "*' and ioutperiod=", run_.period()));
+    });
+  } catch (const RuntimeError&) {
+    if (group.carriedOut() >= lastEntry) noteSaved();
+    throw;
   }
+  noteSaved();
+}
+
+void VoucherFill::noteSaved() {
+  bPZmodify_ = true;
+  period_ = static_cast<std::int16_t>(run_.period());
+  localPZ_.VoucherState = voucher_state::Saved;
 }
 
 bool VoucherFill::Save() {
@@ -226,13 +252,7 @@ bool VoucherFill::Save() {
   }
   // A killed process leaves the voucher with its mark on the staged rows, or neither.
   const KeptTogether together = run_.dbZKData.keepTogether();
-  makeRoom();
-  writeLines();
-  bPZmodify_ = true;
-  period_ = static_cast<std::int16_t>(run_.period());
-  localPZ_.VoucherState = voucher_state::Saved;
-  run_.dbZKData.Execute(sql("update fa_ZWVouchers set cDefine1='1' where cDefine10 like '",
-                            request_.scOutSign, "*' and ioutperiod=", run_.period()));
+  write();
   return true;
 }
 

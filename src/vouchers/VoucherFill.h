@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "startup/RunContext.h"
+#include "store/engine/StatementGroup.h"
 #include "vouchers/Voucher.h"
 
 namespace zelkor {
@@ -69,8 +70,10 @@ class VoucherFill {
   void addLine(std::string digest, std::string code, Currency debit, Currency credit);
   bool refuse(const std::string& text) const;
   bool checkLines() const;
-  void makeRoom();
-  void writeLines();
+  void makeRoom(StatementGroup& group);
+  void fillEntry(Recordset& entry, std::size_t number) const;
+  void write();
+  void noteSaved();
 
   RunContext& run_;
   VoucherRequest request_;

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/JobTest.h"
+#include "support/WorkbookBytes.h"
 
 // The jobs of the administrator's tool: their status, and what they print where.
 namespace zelkor::test {
@@ -53,6 +54,48 @@ TEST_F(JobCallsTest, SheetsTellEveryRow) {
   EXPECT_EQ(again.output,
             "第2行 卡片 00001 使用年限调整：变动单 00001，以前已保存，不再保存\n第3行 卡片 00002 "
             "使用年限调整：变动单 00002\n共 2 行：已保存 1 行，以前已保存 1 行，拒绝 0 行\n");
+}
+
+TEST_F(JobCallsTest, AWorkbookIsLookedAtAndItsRefusedRowsAreMended) {
+  const auto text = [](const std::string& shown) {
+    return R"(<c t="inlineStr"><is><t>)" + shown + "</t></is></c>";
+  };
+  const auto lathe = [&](const std::string& value) {
+    std::string row;
+    for (const char* cell : {"车床", "021", "301", "101", "11", "120", "平均年限法(一)", "2018-03-05"})
+      row += text(cell);
+    return "<row>" + row + value + "<c><v>0.05</v></c></row>";
+  };
+  std::string header;
+  for (const char* caption : {"固定资产名称", "类别编号", "部门名称", "增加方式", "使用状况", "使用年限",
+                              "折旧方法", "开始使用日期", "原值", "净残值率"})
+    header += text(caption);
+  const std::string sheet = sheetOf("<row>" + header + "</row>" + lathe("<c><v>7000.5</v></c>") +
+                                    lathe(text("80OO")) + lathe("<c t=\"e\"><v>#N/A</v></c>"));
+  const std::string file = fileOf("register.xlsx", zipOf(workbookParts({{"台账", sheet}})));
+  const std::string cards = "select count(*) from fa_Cards";
+  const std::string before = sql(cards);
+
+  const ProgramResult preview = ctl({"cards", "import", arguments("5"), file, "--preview"});
+  EXPECT_EQ(preview.status, 1) << preview.errors;
+  EXPECT_THAT(preview.output,
+              AllOf(StartsWith("工作表“台账”，表头在第 1 行\n列“固定资产名称”：文字，必填\n"),
+                    HasSubstr("第3行，列“原值”：“80OO”不是数字\n第 4 行第 9 列：单元格是错误值 #N/A\n"),
+                    EndsWith("共 3 行：可以导入 1 行，有问题 2 行\n")));
+  EXPECT_EQ(sql(cards), before);
+
+  const std::string refused = home / "refused.csv";
+  const ProgramResult partly = ctl({"cards", "import", arguments("5"), file, "--refused", refused});
+  EXPECT_EQ(partly.status, 1);
+  EXPECT_THAT(partly.output, EndsWith("共 3 行：已保存 1 行，拒绝 2 行\n拒绝的行已存入 " + refused + "\n"));
+  EXPECT_EQ(ctl({"cards", "import", arguments("5"), file, "--refused", refused}).status, 1) << "it is there";
+  std::string mended = readFile(refused);
+  for (const char* bad : {"80OO", "#N/A"}) mended.replace(mended.rfind(bad), 4, "8000");
+  writeFile(refused, mended);
+  const ProgramResult rest =
+      ctl({"cards", "import", arguments("5"), refused, "--refused", home / "none.csv"});
+  EXPECT_EQ(rest.output, "共 2 行：已保存 2 行，拒绝 0 行\n") << rest.errors;
+  EXPECT_FALSE(std::filesystem::exists(home / "none.csv"));
 }
 
 TEST_F(JobCallsTest, TheMonthIsToldToPersonsAndScripts) {

@@ -96,6 +96,17 @@ TEST_F(ReportCommandsTest, TellsWhatThereIsInsteadOfWhatIsNot) {
   }
 }
 
+/// A script that was promised a file is told that there is none.
+TEST_F(ReportCommandsTest, WritesNoFileOfWhatNothingComputes) {
+  ReportOptions asked = options("评估汇总表");
+  EXPECT_EQ(run(asked).status, 0);
+  asked.file = file("report").string();
+  const Outcome outcome = run(asked);
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.problems, "报表“评估汇总表”没有内容，没有写出文件\n");
+  EXPECT_FALSE(fs::exists(file("report")));
+}
+
 TEST_F(ReportCommandsTest, SetsTheConditionsThatThePageHas) {
   ReportOptions asked = options("固定资产总账");
   asked.conditions = {"department=3", "category=01"};

@@ -124,6 +124,17 @@ void VirtualScreen::waitUntilClosed(const std::string& title) const {
   }
 }
 
+void VirtualScreen::answer(const std::string& title, const std::string& keys) const {
+  const std::string window = windowOf(title);
+  tool("windowfocus --sync " + window);
+  press(keys);
+  const std::string search = "DISPLAY=" + display_ + " xdotool search " + windowsTitled(title);
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (("\n" + runCommand(search).text).find("\n" + window + "\n") != std::string::npos) {
+    if (std::chrono::steady_clock::now() > end) throw std::runtime_error("still open: " + title);
+  }
+}
+
 void VirtualScreen::press(const std::string& keys) const {
   tool("key --clearmodifiers " + keys);
 }

@@ -22,6 +22,9 @@ class VirtualScreen {
   void focus(const std::string& title) const;
   /// Waits until no window with this title is to be seen.
   void waitUntilClosed(const std::string& title) const;
+  /// Waits for the window with this title, presses keys in it, and waits until it has gone: another one may
+  /// bear the same title.
+  void answer(const std::string& title, const std::string& keys) const;
   /// Presses keys by their names, such as "Return" or "ctrl+s".
   void press(const std::string& keys) const;
   void type(const std::string& text) const;

@@ -24,6 +24,26 @@ class WorkbenchTest : public JobTest {
     screen_.press("Return");
   }
 
+  /// By the button of the next step, as all that follows.
+  void runTheMonth() const {
+    screen_.press("Return");
+    screen_.answer("Zelkor", "Return");    // the work of the month has been entered
+    screen_.answer("固定资产", "Return");  // it takes its time
+    screen_.answer("固定资产", "alt+n");   // the list is not to be seen
+    screen_.answer("折旧分配表", "ctrl+w");
+    screen_.answer("固定资产", "Return");  // done
+  }
+  void closeTheMonth() const {
+    screen_.press("Return");
+    screen_.answer("固定资产工作台", "alt+n");  // there is a backup
+    screen_.focus("月末结账...");
+    screen_.press("shift+Tab");
+    screen_.answer("月末结账...", "space");
+    screen_.answer("与账务对账结果", "Return");
+    screen_.answer("固定资产", "Return");  // closed
+    screen_.answer("Zelkor", "Return");    // from which day on things can be changed
+  }
+
   const VirtualScreen screen_{home.path()};
 };
 
@@ -65,11 +85,21 @@ TEST_F(WorkbenchTest, ANewSetGoesThroughItsFirstMonth) {
   screen_.focus("部门编码表");
   screen_.press("ctrl+w");
   screen_.waitUntilClosed("部门编码表");
-  EXPECT_EQ(ctl({"run", arguments("8"), "--answers", "y,y,n"}).status, 0);
-  waitFor("计提折旧");
-  screen_.press("F5");
+  runTheMonth();
   waitFor("制单");
   screen_.keepPicture(pictureFolder() / "workbench.png");
+  const std::string subjects = fileOf("subjects.csv", "业务类型,方向,科目\n折旧计提,贷,1502\n");
+  EXPECT_EQ(ctl({"vouchers", "make", arguments("10"), "--subjects", subjects}).status, 0);
+  screen_.press("F5");
+  waitFor("检查");
+  screen_.press("Return");
+  waitFor("备份");
+  screen_.press("Return");
+  waitFor("对账与月末结账");
+  closeTheMonth();
+  screen_.focus("固定资产工作台　Works　2020年1月");
+  screen_.press("Return");
+  screen_.focus("固定资产工作台　Works　2020年2月　下一步：计提折旧");
   screen_.press("ctrl+w");
   const ProgramResult end = workbench.finish();
   EXPECT_EQ(end.status, 0);

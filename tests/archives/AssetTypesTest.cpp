@@ -35,6 +35,24 @@ const AssetTypeEntry kMachine = {.parts = {"02", "3"},
                                  .depreciationRule = 2,
                                  .methodName = "年数总和法"};
 
+TEST_F(AssetTypesTest, WaitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  AssetTypeEntry entry = kMachine;
+  std::vector<std::uint64_t> waits;
+  const auto count = [&](auto save) {
+    const std::uint64_t before = db().waits();
+    save();
+    engine.flush();
+    waits.push_back(db().waits() - before);
+  };
+  addAssetType(db(), entry, 2);
+  entry.parts[1] = "4";
+  count([&] { addAssetType(db(), entry, 2); });
+  count([&] { updateAssetType(db(), entry, "024"); });
+  count([&] { deleteAssetType(db(), "024"); });
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{3, 3, 3})) << "forced to disk included";
+}
+
 TEST_F(AssetTypesTest, readsCategories) {
   EXPECT_EQ(types.GetDeprMethodID("022"), "6");
   EXPECT_EQ(types.GetAssetLift("022"), 120);

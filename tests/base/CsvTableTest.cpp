@@ -19,7 +19,8 @@ TEST(CsvTableTest, GivesTheColumnsThatAreAskedForInTheirOrder) {
 
 TEST(CsvTableTest, GoesOnBehindARowThatIsNone) {
   constexpr std::array<std::string_view, 1> kOptional = {"原因"};
-  CsvTable table("卡片,其他\n1\n1,x,y\n\"2\"x,\n3,x\n", kCaptions, kOptional);
+  CsvReader rows("卡片,其他\n1\n1,x,y\n\"2\"x,\n3,x\n");
+  CsvTable table(rows, kCaptions, kOptional);
   EXPECT_THROW(table.next(), CsvRowError);
   EXPECT_THROW(table.next(), CsvRowError);
   EXPECT_THROW(table.next(), CsvRowError);

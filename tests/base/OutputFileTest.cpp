@@ -22,6 +22,11 @@ class OutputFileTest : public testing::Test {
       output.finish();
     });
   }
+  bool knowsNamelessFiles() const {
+    return static_cast<bool>(
+        FileDescriptor(::open(folder.path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600)));
+  }
+  long files() const { return std::distance(fs::directory_iterator(folder.path()), {}); }
   int mode(const char* name) const { return static_cast<int>(fs::status(folder / name).permissions()); }
 
   const TempDir folder;
@@ -38,6 +43,7 @@ TEST_F(OutputFileTest, TakesItsPlaceWhenItIsWhole) {
   EXPECT_FALSE(fs::exists(folder / "b")) << "was not finished";
   OutputFile late(folder / "b", {});
   late.open() << "new";
+  EXPECT_EQ(files(), knowsNamelessFiles() ? 1 : 2) << "nothing that a killed program would leave";
   writeFile(folder / "b", "came meanwhile");
   EXPECT_EQ(errorOf([&] { late.finish(); }), 57);
   EXPECT_EQ(readFile(folder / "b"), "came meanwhile");
@@ -56,6 +62,7 @@ TEST_F(OutputFileTest, ReplacesOnlyWhatItIsTold) {
   EXPECT_EQ(readFile(folder / "private"), "before");
   EXPECT_EQ(write(folder / "private", true), 0);
   EXPECT_EQ(readFile(folder / "private"), "new");
+  EXPECT_EQ(files(), 4);
 }
 
 TEST_F(OutputFileTest, WritesIntoAPipe) {

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "cards/CardImport.h"
+#include "cards/CardPreview.h"
 #include "support/AccountSetFixture.h"
 #include "support/Golden.h"
 #include "support/Paths.h"
@@ -36,6 +37,11 @@ class ImportTest : public AccountSetTest {
   ImportResult import(const Rows& rows, int newType = 1) {
     problems.str("");
     return importCards(context, csvOf(rows), newType, problems);
+  }
+
+  ImportPreview preview(const Rows& cells, int newType = 1) {
+    CsvReader rows(csvOf(cells));
+    return previewCards(context, rows, newType);
   }
 
   static void setCell(Rows& rows, const std::string& column, const std::string& value) {
@@ -71,7 +77,7 @@ TEST_F(ImportTest, ARowWaitsForAServerAFewTimes) {
   rows.resize(101, rows[1]);
   const std::uint64_t before = db().waits();
   EXPECT_EQ(import(rows).stored, 100);
-  EXPECT_EQ(db().waits() - before, 808U);
+  EXPECT_EQ(db().waits() - before, 9U);
 }
 
 TEST_F(ImportTest, AdditionsOfTheMonthAreStaged) {
@@ -156,6 +162,10 @@ TEST_F(ImportTest, ABadRowIsNamedAndTheOthersAreKept) {
     rows.push_back(rows[1]);
     if (c.newType == 2) rows[2][9] = "2020-5-1";
     setCell(rows, c.column, c.value);
+    const ImportPreview shown = preview(rows, c.newType);
+    ASSERT_EQ(shown.problems.size(), 1U) << c.column << " " << c.value;
+    EXPECT_EQ(shown.problems[0].column, c.column);
+    EXPECT_EQ(shown.problems[0].reason, c.reason);
     const ImportResult result = import(rows, c.newType);
     EXPECT_EQ(result.stored, 1) << c.column << " " << c.value;
     EXPECT_EQ(result.refused, 1) << c.column << " " << c.value;
@@ -217,10 +227,75 @@ TEST_F(ImportTest, AFailureOfTheEngineIsToldAndNothingIsSaved) {
   EXPECT_EQ(row("select count(*) from fa_Cards"), "0");
 }
 
+// What comes before it is told of, what comes behind it is not.
+TEST_F(ImportTest, AFailureOfTheEngineIsToldAtItsRow) {
+  execute("create unique index zk_once on fa_Cards (sAssetNum)");
+  Rows rows = goodRegister();
+  rows.insert(rows.end(), 5, rows[1]);
+  rows[2][8] = rows[5][8] = "平均法";
+  rows[3][0] = "00007";
+  rows[4][1] = "02100002";  // as the one before it has been given
+  std::string told;
+  try {
+    import(rows);
+  } catch (const RuntimeError& error) {
+    told = error.what();
+    EXPECT_TRUE(error.is(ErrorNumber::DuplicateKey)) << error.number();
+  }
+  EXPECT_EQ(told.find("导入停在第5行，没有保存任何卡片。"), 0U) << told;
+  EXPECT_EQ(problems.str(), "第3行，列“折旧方法”：折旧方法中没有“平均法”\n");
+  EXPECT_EQ(row("select count(*) from fa_Cards"), "0");
+}
+
+// Each counts for those that come behind it, as if it were there.
+TEST_F(ImportTest, RowsAreNumberedOneAfterTheOther) {
+  Rows rows = goodRegister();
+  rows.insert(rows.end(), 5, rows[1]);
+  setCell(rows, "卡片编号", "00041");
+  rows[2][1] = "0210009x";  // behind all of them, and no number: 1 comes behind it
+  rows[3][0] = "a7";        // so is this one
+  rows[5][0] = "A7";
+  EXPECT_EQ(import(rows).stored, 4);
+  EXPECT_EQ(problems.str(),
+            "第6行，列“卡片编号”：“A7”已存在\n"
+            "第7行，列“卡片编号”：“00001”已存在\n");
+  EXPECT_EQ(this->rows("select sCardID,lOptID,sCardNum,sAssetNum from fa_Cards order by val(sCardID)"),
+            (std::vector<std::string>{"1|1|00041|02100001", "2|2|00042|0210009x", "3|3|a7|02100001",
+                                      "4|4|00001|02100001"}));
+}
+
 TEST_F(ImportTest, NumbersGivenByHandAreNotInvented) {
   execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
   EXPECT_EQ(import(goodRegister()).stored, 0);
   EXPECT_EQ(problems.str(), "第2行，列“固定资产编号”：不能为空：本账套的固定资产编号由手工输入\n");
+}
+
+TEST_F(ImportTest, APreviewSaysWhatWouldBecomeOfTheRows) {
+  Rows rows = goodRegister();
+  ASSERT_EQ(import(rows).stored, 1);
+  rows[0].push_back("备注");
+  rows[1].push_back("x");
+  rows.resize(5, rows[1]);
+  rows[1][0] = "00001";
+  for (const std::size_t same : {2, 3}) rows[same][0] = "a7";
+  ImportPreview shown = preview(rows);
+  EXPECT_EQ(shown.rows, 4U);
+  EXPECT_EQ(shown.badRows, 2U);
+  EXPECT_EQ(shown.firstRows.size(), 4U);
+  EXPECT_EQ(shown.problems[0].reason, "“00001”已存在");
+  EXPECT_EQ(shown.problems[1].reason, "“a7”与第3行重复");
+  EXPECT_EQ(shown.problems[1].line, 4U);
+  EXPECT_EQ(shown.columns[3].takenFor, "编码，必填");
+  EXPECT_EQ(shown.columns[7].takenFor, "月数，必填");
+  EXPECT_EQ(shown.columns[10].takenFor, "金额，必填");
+  EXPECT_EQ(shown.columns[16].takenFor, "");
+  execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
+  EXPECT_EQ(preview(goodRegister()).problems[0].reason, "不能为空：本账套的固定资产编号由手工输入");
+  rows[0][10] = "原价";
+  shown = preview(rows);
+  EXPECT_EQ(shown.missing, std::vector<std::string>{"原值"});
+  EXPECT_FALSE(shown.canBeImported());
+  EXPECT_EQ(row("select count(*) from fa_Cards"), "1");
 }
 
 TEST_F(ImportTest, AFileThatCannotBeReadAsARegisterSavesNothing) {

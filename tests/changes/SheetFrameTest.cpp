@@ -37,6 +37,22 @@ class SheetFrameTest : public SheetTest {
   }
 };
 
+TEST_F(SheetFrameTest, ASaveWaitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  addCard("00002");
+  std::vector<std::uint64_t> waits;
+  for (const ChangeKind kind : kSavedKinds) {
+    saveGood(kind, "00002");
+    ChangeSheets kindOfSheets = sheets(kind);
+    const ChangeSheet sheet = goodSheet(kindOfSheets);
+    const std::uint64_t before = db().waits();
+    expectSaved(kindOfSheets.save(sheet));
+    engine.flush();
+    waits.push_back(db().waits() - before);
+  }
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{4, 4, 5, 4, 5})) << "forced to disk included";
+}
+
 TEST_F(SheetFrameTest, AUsageStatusIsShownByNameAndSavedById) {
   ChangeSheets statuses = sheets(ChangeKind::UsageStatus);
   const ChangeSheet sheet = goodSheet(statuses);

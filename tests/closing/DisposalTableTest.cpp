@@ -11,8 +11,8 @@ using testing::ElementsAre;
 class DisposalTableTest : public ClosingTest {
  protected:
   DisposalTable read(const std::string& rows) {
-    return listDisposals(db(),
-                         readDisposalRows("卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因\n" + rows));
+    CsvReader table("卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因\n" + rows);
+    return listDisposals(db(), readDisposalRows(table));
   }
 };
 

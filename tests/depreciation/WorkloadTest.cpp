@@ -47,7 +47,10 @@ TEST_F(WorkloadTest, TakesTheWorkOfAFileAsTheScreenDoes) {
       "00002,\"1,000\"\n00002,1000000000000.1\n00002\n00002,.5\n";
   for (int pass = 1; pass <= 2; ++pass) {
     std::ostringstream problems;
-    const ImportResult result = importWorkload(context, "\xEF\xBB\xBF卡片编号,本月工作量\n" + rows, problems);
+    CsvReader reader("\xEF\xBB\xBF卡片编号,本月工作量\n" + rows);
+    KeptRows kept(reader);
+    ImportProblems told(problems, kept);
+    const ImportResult result = importWorkload(context, kept, told);
     EXPECT_EQ(result.stored, 2);
     EXPECT_EQ(result.refused, 11);
     EXPECT_EQ(this->rows("select sCardNum,dblWork5,dblWorkT5 from fa_WorkLoad order by sCardNum"),

@@ -70,13 +70,12 @@ void saveSheets(RunContext& context) {
 }
 
 void importLines(RunContext& context, const std::function<void()>& told) {
-  importSheets(
-      context,
-      "变动类型,卡片编号,变动后内容,变动原因\n原值增加,00002,100,x\n折旧方法调整,00003,年数总和法,y\n",
-      [&](const ImportedSheet&) {
-        context.engine.flush();
-        told();
-      });
+  CsvReader rows(
+      "变动类型,卡片编号,变动后内容,变动原因\n原值增加,00002,100,x\n折旧方法调整,00003,年数总和法,y\n");
+  importSheets(context, rows, [&](const ImportedSheet&) {
+    context.engine.flush();
+    told();
+  });
 }
 
 TEST_F(PowerCutTest, TakesNothingThatWasTold) {

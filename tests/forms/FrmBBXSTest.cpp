@@ -144,8 +144,7 @@ TEST_F(FrmBBXSTest, savesTheReportAsAFile) {
     saveAs(form, file("d"), 3);
     EXPECT_EQ(readFile(file("d.html")) == "before", answer == Answer::No);
   }
-  tells("不能写文件“" + file("missing/f.pdf") + "”：No such file or directory", Icon::Exclamation,
-        "查看报表");
+  tells("不能写文件“" + file("missing/f.pdf") + "”：找不到所在的文件夹", Icon::Exclamation, "查看报表");
   saveAs(form, file("missing/f.pdf"), 1);
   inModalForm([](QWidget& dialog) { dialog.close(); });
   press(form, "mnuPopSave");
@@ -177,6 +176,8 @@ TEST_F(FrmBBXSTest, printsThePagesThatTheDocumentHas) {
     auto& preview = dynamic_cast<QPrintPreviewDialog&>(window);
     auto& pages = *preview.findChild<QPrintPreviewWidget*>();
     EXPECT_EQ(pages.pageCount(), 4);
+    const auto isKeyed = [](const QAction* one) { return one->shortcut() == QKeySequence::Print; };
+    EXPECT_EQ(std::ranges::count_if(preview.findChildren<QAction*>(), isKeyed), 1);
     preview.printer()->setOutputFileName(toQt(file("printed.pdf")));
     pages.print();
     preview.printer()->setOutputFileName(toQt(file("third.pdf")));

@@ -1,5 +1,6 @@
 #include "home/AccountSetList.h"
 #include "home/AccountSetState.h"
+#include "home/CheckMemory.h"
 #include "startup/OnlyJob.h"
 #include "store/engine/JobLock.h"
 #include "support/AccountSetFixture.h"
@@ -50,6 +51,20 @@ TEST_F(AccountSetListTest, AListThatCannotBeWrittenStillHoldsTheSet) {
   AccountSetList list(file);
   EXPECT_EQ(errorOf([&] { list.remember(set()); }), 57);
   EXPECT_EQ(list.sets(), std::vector{set()});
+}
+
+TEST_F(AccountSetListTest, TheLastCheckOfAMonthIsRemembered) {
+  const auto kept = directory / "config/zelkor/checks.tsv";
+  const KeptCheck first{day("2020-1-31 9:00:00"), 1, 2, 3, "在用 3 张"};
+  const KeptCheck second{day("2020-1-31 10:00:00"), 0, 0, 0, "在用 4 张"};
+  CheckMemory(kept).keep("/books/a", "001", day("2020-1-31"), first);
+  CheckMemory(kept).keep("/books/b", "001", day("2020-1-31"), second);
+  EXPECT_EQ(CheckMemory(kept).lastOf("/books/a", "001", day("2020-1-5")), first);
+  EXPECT_FALSE(CheckMemory(kept).lastOf("/books/a", "001", day("2020-2-5")));
+  writeFile(kept, readFile(kept) + "half a li");
+  CheckMemory(kept).keep("/books/a", "001", day("2020-1-31"), second);
+  EXPECT_EQ(CheckMemory(kept).lastOf("/books/a", "001", day("2020-1-5")), second);
+  EXPECT_EQ(CheckMemory(kept).lastOf("/books/b", "001", day("2020-1-5")), second);
 }
 
 TEST_F(AccountSetListTest, EachConditionOfASetIsSeen) {

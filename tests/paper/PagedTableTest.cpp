@@ -130,6 +130,22 @@ TEST(PagedTableTest, TellsOnEveryPageWhatItIs) {
   }
 }
 
+/// A long name has a line of its own, the others stay in their places.
+TEST(PagedTableTest, SetsALongNameAboveTheOthers) {
+  TextWidths widths = plainWidths();
+  PaperTable table = amounts(3, 3, "生产部");
+  const auto placed = [&](const std::string& text) {
+    const Page page = PagedTable(table, PageForm{}.size(), widths).page(0);
+    const auto found = std::ranges::find(page.texts, text, &PlacedText::text);
+    return found == page.texts.end() ? PlacedText{} : *found;
+  };
+  const PlacedText usual = placed("单位：元");
+  for (int i = 0; i < 50; ++i) table.head[0].left += "长";
+  EXPECT_LT(placed(table.head[0].left).y, placed("单位：元").y);
+  EXPECT_EQ(placed("单位：元").x, usual.x);
+  EXPECT_EQ(placed("期间：2020.01").y, placed("单位：元").y);
+}
+
 /// No text reaches over the line beside it, as a sum might that is longer than what it adds up.
 void expectInCells(const Page& page, TextWidths& widths) {
   for (const PlacedText& text : page.texts) {
@@ -194,6 +210,60 @@ TEST(PagedTableTest, LeavesNoTotalAlone) {
     EXPECT_EQ(total->face, Face::Bold);
   }
   EXPECT_EQ(pages, 2U);
+}
+
+/// The rows of a group, whose name is in its first row alone, and the letters' size of the last of them.
+PaperTable groups(std::size_t rows) {
+  PaperTable table = amounts(3, 0, "");
+  table.grid.addRow({"生产部", "1.00", "2.00"});
+  for (std::size_t row = 1; row < rows; ++row) table.grid.addRow({"", std::to_string(1000 + row), "2.00"});
+  table.grid.setTotal(table.grid.addRow({"合计", "1.00", "2.00"}));
+  return table;
+}
+
+TEST(PagedTableTest, NamesTheGroupThatGoesOnOverleaf) {
+  TextWidths widths = plainWidths();
+  PaperTable table = groups(70);
+  const PagedTable paged(table, PageForm{}.size(), widths);
+  ASSERT_EQ(paged.pages(), 3U);
+  for (const std::size_t page : {1, 2}) {
+    const std::string line = lineOf(paged.page(page), "生产部（续）");
+    EXPECT_TRUE(line.starts_with("生产部（续） 10")) << line;
+  }
+  EXPECT_EQ(lineOf(paged.page(0), "生产部（续）"), "");
+  table.carried.assign(3, CarriedOver::Nothing);
+  EXPECT_EQ(lineOf(PagedTable(table, PageForm{}.size(), widths).page(1), "生产部（续）"), "") << "a ledger";
+}
+
+/// A few rows more than a page are set in smaller letters, more of them are not.
+TEST(PagedTableTest, SparesALastPageOfFewRows) {
+  TextWidths widths = plainWidths();
+  std::map<double, std::size_t> pages;  // by the letters' size
+  for (std::size_t rows = 20; rows < 45; ++rows) {
+    const PaperTable table = groups(rows);
+    const PagedTable paged(table, PageForm{}.size(), widths);
+    const Page last = paged.page(paged.pages() - 1);
+    const double size = std::ranges::find(last.texts, "合计", &PlacedText::text)->size;
+    expectReadable(last, paged.size(), widths);
+    EXPECT_TRUE(size == kUsualSize || paged.pages() == 1) << rows << " rows";
+    pages[size] = std::max(pages[size], paged.pages());
+  }
+  EXPECT_EQ(pages, (std::map<double, std::size_t>{{8, 1}, {8.5, 1}, {9, 2}}));
+}
+
+/// The label of a total is in a column that pages beside do not have.
+TEST(PagedTableTest, NamesATotalOnThePagesBeside) {
+  PaperTable table = amounts(40, 3, "生产部");
+  table.grid.setTotal(table.grid.addRow({""}));
+  table.grid.setText(5, 1, "本期合计");
+  table.grid.setAlignment(1, Align::Left);
+  for (std::size_t row = 2; row < 5; ++row) table.grid.setText(row, 1, std::string(60, 'x'));
+  TextWidths widths = plainWidths();
+  const PagedTable paged(table, PageForm{}.size(), widths);
+  ASSERT_GT(paged.pages(), 3U);
+  for (std::size_t i = 0; i < paged.pages(); ++i) {
+    EXPECT_EQ(std::ranges::count(paged.page(i).texts, "本期合计", &PlacedText::text), 1) << "page " << i;
+  }
 }
 
 /// Few columns are as wide as the lines above them, within reason.

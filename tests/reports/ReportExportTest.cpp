@@ -169,8 +169,24 @@ TEST(ReportExportTest, MakesColumnsOfAWorkbookWideEnoughForTheirNumbers) {
   const std::string styles = partOf(directory / "a.xlsx", "xl/styles.xml");
   EXPECT_NE(styles.find("<xf numFmtId=\"2\" fontId=\"0\" fillId=\"0\" borderId=\"1\" xfId=\"0\" "
                         "applyNumberFormat=\"1\" applyBorder=\"1\" applyAlignment=\"1\">"
-                        "<alignment horizontal=\"center\"/></xf>"),
+                        "<alignment horizontal=\"center\" vertical=\"center\"/></xf>"),
             std::string::npos)
+      << styles;
+}
+
+/// A name that is longer than its column may be goes on below, others stay as they are.
+TEST(ReportExportTest, BreaksLongTextsOfAWorkbook) {
+  const TempDir directory;
+  ReportView view = sampleView();
+  view.grid.setText(3, 0, std::string(200, 'x'));
+  writeWorkbook(directory / "a.xlsx", "表", view);
+  const std::string sheet = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
+  for (const char* piece : {"<col min=\"1\" max=\"1\" width=\"40.7", "<c r=\"A7\" s=\"15\" t=\"inlineStr\">",
+                            "<c r=\"B7\" s=\"5\" t=\"inlineStr\">"}) {
+    EXPECT_NE(sheet.find(piece), std::string::npos) << piece << "\nin\n" << sheet;
+  }
+  const std::string styles = partOf(directory / "a.xlsx", "xl/styles.xml");
+  EXPECT_NE(styles.find("horizontal=\"left\" vertical=\"center\" wrapText=\"1\"/>"), std::string::npos)
       << styles;
 }
 
@@ -195,9 +211,11 @@ TEST(ReportExportTest, WritesASheetForEachReport) {
   book.finish();
   out.close();
   const std::string first = partOf(directory / "a.xlsx", "xl/worksheets/sheet1.xml");
-  for (const char* piece :
-       {"<c r=\"A5\" s=\"12\"><v>43861</v>", "<v>1.5E-05</v>", "<c r=\"B6\" s=\"23\"><v>123456789012.5</v>",
-        "<autoFilter ref=\"A4:B5\"/>", "<oddFooter>&amp;L制表人：陈会计&amp;C第 &amp;P 页 共 &amp;N 页"}) {
+  for (const char* piece : {"<c r=\"A5\" s=\"12\"><v>43861</v>", "<v>1.5E-05</v>",
+                            "<c r=\"B6\" s=\"26\"><v>123456789012.5</v>", "<autoFilter ref=\"A4:B5\"/>",
+                            "<oddFooter>&amp;L&amp;9制表人：陈会计&amp;C&amp;9第 &amp;P 页 共 &amp;N 页",
+                            "<oddHeader>&amp;L&amp;9账套：[001] 甲\n使用单位：甲 &amp;&amp; "
+                            "乙&amp;R&amp;9明细\n期间：2020.02</oddHeader>"}) {
     EXPECT_NE(first.find(piece), std::string::npos) << piece << "\nin\n" << first;
   }
   const std::string second = partOf(directory / "a.xlsx", "xl/worksheets/sheet2.xml");

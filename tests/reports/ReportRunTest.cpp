@@ -1,4 +1,5 @@
 #include "reports/ConditionPages.h"
+#include "reports/ConditionTexts.h"
 #include "reports/ReportFixture.h"
 #include "store/engine/Statement.h"
 #include "support/Golden.h"
@@ -26,6 +27,25 @@ TEST_F(ReportRunTest, NotesWhatWasAsked) {
     EXPECT_EQ(memos(), std::vector(one.begin() + 1, one.end())) << one[0];
   }
   EXPECT_NE(report("固定资产登记簿").find("[期间：p10 --- p11]"), std::string::npos);
+}
+
+// What a report was asked for is told by texts from which the same conditions come.
+TEST_F(ReportRunTest, ConditionsGoThroughTheirTexts) {
+  conditions.department = {"3", "生产部"};
+  conditions.type = {"02", "机器设备"};
+  conditions.compositionLevel = CompositionLevel::Detail;
+  conditions.statisticsLayout = StatisticsLayout::ByType;
+  conditions.typeLevel = "明细级";
+  for (LevelRange* levels : {&conditions.departmentRange, &conditions.typeRange, &conditions.periodTypeRange})
+    *levels = {"1", "2"};
+  for (auto& [page, periods] : conditions.periods) periods = {"2020.02", "2020.04"};
+  for (const ReportKind& kind : reportKinds()) {
+    const auto texts = conditionTexts(kind, conditions);
+    EXPECT_EQ(conditionTexts(kind, readConditions(context, kind, texts)), texts) << kind.name;
+    EXPECT_EQ(texts.front(), "period=2020.02") << kind.name;
+  }
+  EXPECT_EQ(conditionTexts(*findReport("固定资产总账"), conditions),
+            (std::vector<std::string>{"period=2020.02", "period-to=2020.04", "department=3", "category=02"}));
 }
 
 TEST_F(ReportRunTest, ShowsABoxInsteadOfTheOverAgeReport) {

@@ -44,6 +44,17 @@ class VoucherFillTest : public VoucherTest {
   std::optional<VoucherFill> window;
 };
 
+TEST_F(VoucherFillTest, ASaveWaitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  saveVoucher(cardVoucher("00001", "10"));
+  open(depreciationVoucher());
+  voucher.Row(4).SubjectCode = "1502";
+  const std::uint64_t before = db().waits();
+  EXPECT_TRUE(window->Save());
+  engine.flush();
+  EXPECT_EQ(db().waits() - before, 4U) << "forced to disk included";
+}
+
 TEST_F(VoucherFillTest, ShowsTheStagedLinesOfTheKey) {
   const Voucher shown = loaded(depreciationVoucher());
   EXPECT_EQ(shown.Caption, "记账凭证");

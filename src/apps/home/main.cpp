@@ -84,7 +84,8 @@ int runHome(const HomeCall& call) {
   host.dispatch([&] {
     auto opened = call.place.empty() ? openedFromList(host, list) : openedAt(host, list, call);
     if (!opened) return;
-    host.show<FrmHome>(list, std::move(*opened), context.programFolder + "/zelkor");
+    host.show<FrmHome>(list, std::move(*opened),
+                       HomePrograms{context.programFolder + "/zelkor", context.programFolder + "/zelkorctl"});
     shown = true;
   });
   if (const auto status = host.endStatus()) return *status;

@@ -15,7 +15,11 @@
 #include "depreciation/frmGZL.h"
 #include "depreciation/FrmZJFPB.h"
 #include "depreciation/frmZJQD.h"
+#include "reports/ConditionTexts.h"
 #include "reports/FrmBB.h"
+#include "reports/FrmBBXS.h"
+#include "reports/ReportRun.h"
+#include "startup/RecentReports.h"
 #include "store/settings/FrmInit.h"
 #include "store/settings/FrmXUANXIANG.h"
 #include "vouchers/ClsBLLPZType.h"
@@ -39,6 +43,26 @@ Job showingModal(FormHost& host) {
     FormType form(host);
     host.showModal(form);
   };
+}
+
+/// Shows the report that was looked at last in these books, under the same conditions.
+void showLastReport(RunContext& run, FormHost& host) {
+  const auto recent = RecentReports(RecentReports::usualFile()).of(run.gstrZtFile, run.gstrAccountId);
+  const ReportKind* kind = recent.empty() ? nullptr : findReport(recent.front().name);
+  if (kind == nullptr) {
+    run.dialogs.MsgBox("还没有看过报表。", Buttons::Ok, Icon::Information, "账簿与报表");
+    throw EndProgram{};
+  }
+  ReportView view;
+  try {
+    if (runReport(run, *kind, readConditions(run, *kind, recent.front().conditions), view) ==
+        ReportOutcome::Computed)
+      showReportView(host, view);
+  } catch (const ConditionRefused& refused) {
+    run.dialogs.MsgBox("“" + recent.front().name + "”不能按原来的条件打开：" + refused.what(), Buttons::Ok,
+                       Icon::Exclamation, "账簿与报表");
+  }
+  throw EndProgram{};
 }
 
 }  // namespace
@@ -72,6 +96,7 @@ void addScreens(RunTypeJobs& jobs, FormHost& host) {
   jobs.add("frmZJQD", showing<frmZJQD>(host));
   jobs.add("frmZJQD modal", showingModal<frmZJQD>(host));
   jobs.add("FrmBB", showing<FrmBB>(host));
+  jobs.add("FrmBBXS", [&host](RunContext& run, const ScreenProperties&) { showLastReport(run, host); });
   jobs.add("frmGZL", showing<frmGZL>(host));
   const auto voucherTypes = std::make_shared<ClsBLLPZType>(host.run().engine);
   jobs.add("FrmEditPZType", [&host, voucherTypes](RunContext& context, const ScreenProperties&) {

@@ -48,6 +48,8 @@ struct Asked {
   std::string backup;
 
   int newType = 1;
+  std::string refused;
+  bool progress = false;
   std::string answers;
   bool yes = false;
   bool preview = false;

@@ -9,6 +9,7 @@
 #include "apps/zelkorctl/Commands.h"
 #include "apps/zelkorctl/CopyCommand.h"
 #include "apps/zelkorctl/EachCommand.h"
+#include "apps/zelkorctl/ImportCalls.h"
 #include "apps/zelkorctl/ImportCommand.h"
 #include "apps/zelkorctl/JobArguments.h"
 #include "apps/zelkorctl/JobParameters.h"
@@ -50,23 +51,6 @@ int copy(const Asked& asked, std::ostream& output, std::ostream&) {
 
 int importJet(const Asked& asked, std::ostream& output, std::ostream&) {
   return importJetCommand(asked.file, asked.charset, transferOf(asked), output);
-}
-
-int importRegister(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return importCardsCommand(jobOf(asked, asked.newType == 1 ? 5 : 6), asked.file, asked.newType, output,
-                            problems);
-}
-
-int importChanges(const Asked& asked, std::ostream& output, std::ostream&) {
-  return importSheetsCommand(jobOf(asked, 24), asked.file, output);
-}
-
-int importWork(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return importWorkloadCommand(jobOf(asked, 8), asked.file, output, problems);
-}
-
-int dispose(const Asked& asked, std::ostream& output, std::ostream& problems) {
-  return disposeCommand(jobOf(asked, 22), asked.file, output, problems);
 }
 
 int pendingVouchers(const Asked& asked, std::ostream& output, std::ostream&) {
@@ -195,35 +179,6 @@ std::vector<Call> setCalls() {
            .run = translate}};
 }
 
-std::vector<Call> importCalls() {
-  return {
-      {.name = "cards import",
-       .text = "导入固定资产卡片",
-       .parameters = jobAfterBackup(
-           {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件，列名为卡片项目"},
-            {.name = "--new-type",
-             .field = &Asked::newType,
-             .text = "1 原始卡片，2 本月新增",
-             .value = "TYPE",
-             .words = {"1", "2"}}}),
-       .example = "zelkorctl cards import register.csv --set books",
-       .run = importRegister},
-      {.name = "sheets import",
-       .text = "成批保存变动单",
-       .parameters = jobAfterBackup(
-           {{.name = "FILE",
-             .field = &Asked::file,
-             .text = "UTF-8 编码的 CSV 文件：变动类型,卡片编号,变动后内容,变动后地点,变动原因"}}),
-       .example = "zelkorctl sheets import changes.csv --set books",
-       .run = importChanges},
-      {.name = "workload import",
-       .text = "录入工作量法资产的本月工作量",
-       .parameters = jobAfterBackup(
-           {{.name = "FILE", .field = &Asked::file, .text = "UTF-8 编码的 CSV 文件：卡片编号,本月工作量"}}),
-       .example = "zelkorctl workload import work.csv --set books",
-       .run = importWork}};
-}
-
 std::vector<Call> jobCalls() {
   return {
       {.name = "status",
@@ -231,14 +186,6 @@ std::vector<Call> jobCalls() {
        .parameters = jobParameters({{.name = "--json", .field = &Asked::json, .text = "以 JSON 输出"}}),
        .example = "zelkorctl status --set books",
        .run = status},
-      {.name = "dispose",
-       .text = "减少资产",
-       .parameters =
-           jobAfterBackup({{.name = "FILE",
-                            .field = &Asked::file,
-                            .text = "CSV 文件：卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因"}}),
-       .example = "zelkorctl dispose disposals.csv --set books",
-       .run = dispose},
       {.name = "vouchers pending",
        .text = "列出本月待制单的业务",
        .parameters = jobParameters({}),

@@ -2,12 +2,7 @@
 
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
 #include "apps/BatchJobs.h"
 #include "base/RuntimeError.h"
@@ -40,7 +35,7 @@ int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunCo
   const FixedClock fixed(job.today.value_or(DateTime{}));
   DbEngine engine;
   TerminalDialogs::Options options = job.dialogs;
-  if (::isatty(STDERR_FILENO) != 0) options.progress = &std::cerr;
+  if (job.progress || ::isatty(STDERR_FILENO) != 0) options.progress = &std::cerr;
   TerminalDialogs dialogs(std::cin, output, options);
   RunContext context(engine, dialogs, job.today ? static_cast<const Clock&>(fixed) : system);
   context.programFolder = programFolder();
@@ -56,15 +51,6 @@ int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<i
     prepareRun(context, job.arguments);
     return work(context);
   });
-}
-
-std::string contentOf(const std::string& path) {
-  std::error_code ignored;
-  const bool directory = std::filesystem::is_directory(path, ignored);
-  std::ifstream file(path, std::ios::binary);
-  if (file && !directory) return {std::istreambuf_iterator<char>(file), {}};
-  throw RuntimeError(ErrorNumber::FileNotFound,
-                     "不能读文件“" + path + "”：" + (directory ? "是一个目录" : std::strerror(errno)));
 }
 
 }  // namespace zelkor

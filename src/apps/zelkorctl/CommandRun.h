@@ -17,6 +17,7 @@ struct JobRun {
   std::string arguments;          // the argument string
   std::optional<DateTime> today;  // the time of the clock; nothing: the system's
   TerminalDialogs::Options dialogs = {};
+  bool progress = false;    // is shown where standard error is no terminal, too
   std::string backup = {};  // the folder that the set is backed up into before the job; empty: none
 };
 
@@ -26,8 +27,5 @@ int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunCo
 
 /// The same with the argument string read and both data files open.
 int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work);
-
-/// The file's bytes. Error 3024 says why it cannot be read.
-std::string contentOf(const std::string& path);
 
 }  // namespace zelkor

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "apps/zelkorctl/CommandRun.h"
+#include "apps/zelkorctl/ImportFile.h"
 #include "store/accountset/AccountSet.h"
 
 // The calls of zelkorctl. Each prints to `output` and returns the exit status; what cannot be done is raised
@@ -29,22 +30,23 @@ int translateCommand(const std::string& statement, const std::string& engine, st
 /// Runs the batch job that the argument string names.
 int runCommand(const JobRun& job, std::ostream& output);
 
-// Jobs that store the rows of a CSV file. The status is 1 when a row was refused.
+// Jobs that store the rows of a file. The status is 1 when a row was refused.
 
 /// Saves the rows as cards; see importCards.
-int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
+int importCardsCommand(const JobRun& job, const ImportOptions& options, int newType, std::ostream& output,
                        std::ostream& problems);
 
 /// Saves the rows as change sheets; see importSheets.
-int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output);
+int importSheetsCommand(const JobRun& job, const ImportOptions& options, std::ostream& output);
 
 /// Stores the rows as the month's work of cards; see importWorkload.
-int importWorkloadCommand(const JobRun& job, const std::string& file, std::ostream& output,
+int importWorkloadCommand(const JobRun& job, const ImportOptions& options, std::ostream& output,
                           std::ostream& problems);
 
 /// Takes the assets of the rows off the books as the screen's list does. Rows that the screen would not have
 /// let in are named in `problems` by line and column, and nothing is done then. The status is 1 too when the
 /// job ended in the runtime's report.
-int disposeCommand(const JobRun& job, const std::string& file, std::ostream& output, std::ostream& problems);
+int disposeCommand(const JobRun& job, const ImportOptions& options, std::ostream& output,
+                   std::ostream& problems);
 
 }  // namespace zelkor

@@ -17,6 +17,7 @@
 #include "apps/zelkorctl/CommandRun.h"
 #include "base/Characters.h"
 #include "base/EndSignals.h"
+#include "base/FileContent.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/engine/Statement.h"

@@ -8,6 +8,7 @@
 #include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 #include "cards/CardImport.h"
+#include "cards/CardRow.h"
 #include "changes/SheetImport.h"
 #include "closing/DisposalImport.h"
 #include "depreciation/WorkloadImport.h"
@@ -118,44 +119,48 @@ void printSums(const Disposals& sums, std::ostream& output) {
 }
 
 /// Imports a file whose good rows are stored together.
-int importTogether(const JobRun& job, const std::string& file, OnlyJob kind,
-                   const std::function<ImportResult(RunContext&, const std::string& csv)>& import,
+int importTogether(const JobRun& job, ImportFile& file, OnlyJob kind,
+                   const std::function<ImportResult(RunContext&, ImportProblems&)>& import,
                    std::ostream& output, std::ostream& problems) {
-  const std::string csv = contentOf(file);
   catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
+    ImportProblems told(problems, file.rows());
     ImportResult result;
     asOnlyJob(context, kind, [&] {
       backUpBefore(job, context, "导入前", output);
-      result = import(context, csv);
+      result = import(context, told);
     });
     problems.flush();
-    return summed({.stored = result.stored, .refused = result.refused}, output);
+    const int status = summed({.stored = result.stored, .refused = result.refused}, output);
+    file.writeRefused(output);
+    return status;
   });
 }
 
 }  // namespace
 
-int importCardsCommand(const JobRun& job, const std::string& file, int newType, std::ostream& output,
+int importCardsCommand(const JobRun& job, const ImportOptions& options, int newType, std::ostream& output,
                        std::ostream& problems) {
+  ImportFile file(options, registerCaptions());
   return importTogether(
       job, file, OnlyJob::CardImport,
-      [&](RunContext& context, const std::string& csv) {
-        return importCards(context, csv, newType, problems);
+      [&](RunContext& context, ImportProblems& told) {
+        return importCards(context, file.rows(), newType, told);
       },
       output, problems);
 }
 
-int importWorkloadCommand(const JobRun& job, const std::string& file, std::ostream& output,
+int importWorkloadCommand(const JobRun& job, const ImportOptions& options, std::ostream& output,
                           std::ostream& problems) {
+  ImportFile file(options, workloadCaptions());
   return importTogether(
       job, file, OnlyJob::WorkloadImport,
-      [&](RunContext& context, const std::string& csv) { return importWorkload(context, csv, problems); },
+      [&](RunContext& context, ImportProblems& told) { return importWorkload(context, file.rows(), told); },
       output, problems);
 }
 
-int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream& output) {
-  const std::string csv = contentOf(file);
+int importSheetsCommand(const JobRun& job, const ImportOptions& options, std::ostream& output) {
+  ImportFile file(options, sheetCaptions());
   catchEndSignals();
   return inPreparedRun(job, output, [&](RunContext& context) {
     Sums sums;
@@ -163,24 +168,28 @@ int importSheetsCommand(const JobRun& job, const std::string& file, std::ostream
     const auto ended = [&](const ImportedSheet& sheet) {
       count(sheet.end, sums);
       told.add(lineOf(sheet));
-      goOnUnlessSignalled();
+      if (sheet.end == SheetEnd::Refused) file.rows().refuse(lineOf(sheet));
     };
     asOnlyJob(context, OnlyJob::SheetImport, [&] {
       backUpBefore(job, context, "导入前", output);
       try {
-        importSheets(context, csv, ended);
+        importSheets(context, file.rows(), ended);
       } catch (...) {
         tellHowFar(context.engine.workspace(), told, sums, output);
         throw;
       }
     });
     told.tell();
-    return summed(sums, output);
+    const int status = summed(sums, output);
+    file.writeRefused(output);
+    return status;
   });
 }
 
-int disposeCommand(const JobRun& job, const std::string& file, std::ostream& output, std::ostream& problems) {
-  const auto rows = readDisposalRows(contentOf(file));
+int disposeCommand(const JobRun& job, const ImportOptions& options, std::ostream& output,
+                   std::ostream& problems) {
+  ImportFile file(options, disposalCaptions());
+  const auto rows = readDisposalRows(file.rows());
   catchEndSignals();
   return inRun(job, output, [&](RunContext& context) {
     Disposals sums;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "apps/zelkorctl/PlanJson.h"
+#include "base/FileContent.h"
 #include "base/Format.h"
 #include "depreciation/BooksMonth.h"
 #include "depreciation/DeprPlan.h"

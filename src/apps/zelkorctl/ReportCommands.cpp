@@ -5,10 +5,10 @@
 #include <ostream>
 #include <utility>
 
-#include "apps/zelkorctl/ReportConditionList.h"
 #include "apps/zelkorctl/ReportFiles.h"
 #include "base/LongJob.h"
 #include "base/RuntimeError.h"
+#include "reports/ConditionTexts.h"
 #include "reports/ReportExport.h"
 #include "reports/ReportRun.h"
 
@@ -16,6 +16,7 @@ namespace zelkor {
 namespace {
 
 constexpr int kPartlyDone = 1;
+constexpr int kNothingWritten = 1;
 constexpr int kWrongUsage = 2;
 
 void listReports(std::ostream& problems, const std::string& name) {
@@ -67,8 +68,8 @@ int writeOne(RunContext& context, const ReportKind& kind, const ReportOptions& o
   if (!options.file.empty()) file = reportFile(context, options.file, options.force);
   std::optional<FinishedReport> report = computed(context, kind, conditions);
   if (!report) {
-    problems << "报表“" << kind.name << "”没有内容\n";
-    return 0;
+    problems << "报表“" << kind.name << "”没有内容" << (file ? "，没有写出文件" : "") << "\n";
+    return file ? kNothingWritten : 0;
   }
   writeReport(std::move(*report), form, file ? file->open() : output);
   if (file) file->finish();

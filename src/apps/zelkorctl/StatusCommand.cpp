@@ -50,7 +50,8 @@ TextGrid figuresTable(const BookFigures& figures) {
 Json jsonOf(const MonthStep& step) {
   Json commands = Json::array();
   for (const StepCommand& command : step.commands) {
-    commands.push_back(command.screen.empty() ? Json(command.runType) : Json(command.screen));
+    const std::string_view name = command.own.empty() ? command.screen : command.own;
+    commands.push_back(name.empty() ? Json(command.runType) : Json(name));
   }
   return {{"step", nameOf(step.kind)},   {"caption", captionOf(step.kind)},
           {"state", nameOf(step.state)}, {"counts", step.counts},
@@ -94,7 +95,7 @@ Json jsonOf(const RunContext& run, const BookReading& reading) {
           {"next", next},
           {"headline", reading.month.headline},
           {"steps", steps},
-          {"figures", jsonOf(reading.figures)}};
+          {"figures", jsonOf(*reading.figures)}};
 }
 
 void printText(const RunContext& run, const BookReading& reading, std::ostream& output) {
@@ -102,15 +103,16 @@ void printText(const RunContext& run, const BookReading& reading, std::ostream& 
          << reading.month.headline << "\n\n";
   printGrid(output, stepsTable(reading.month));
   output << '\n';
-  printGrid(output, figuresTable(reading.figures));
+  printGrid(output, figuresTable(*reading.figures));
 }
 
 }  // namespace
 
 int statusCommand(const JobRun& job, bool json, std::ostream& output) {
   return inPreparedRun(job, output, [&](RunContext& run) {
-    const BookReading reading =
-        readBooks({run.gstrZtFile, run.gstrZkSysFile, run.gstrAccountId, run.gdOpDate});
+    BookReading reading = readBooks({run.gstrZtFile, run.gstrZkSysFile, run.gstrAccountId, run.gdOpDate});
+    takeCheck(reading,
+              CheckMemory(CheckMemory::usualFile()).lastOf(run.gstrZtFile, run.gstrAccountId, run.gdOpDate));
     if (json) {
       output << jsonOf(run, reading).dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     } else {

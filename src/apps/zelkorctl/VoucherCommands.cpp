@@ -3,6 +3,7 @@
 #include <optional>
 #include <ostream>
 
+#include "base/FileContent.h"
 #include "base/TextGridPrinter.h"
 #include "vouchers/ClsQueryPZ.h"
 #include "vouchers/VoucherMaker.h"

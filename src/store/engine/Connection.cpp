@@ -152,7 +152,7 @@ long Connection::write(EngineStatement& statement) {
   return touched;
 }
 
-std::optional<AheadStatement> Connection::ahead(std::string_view sql) {
+std::optional<AheadStatement> Connection::ahead(std::string_view sql, bool besideWrites) {
   using dialect::StatementKind;
   if (isPlainName(sql)) return std::nullopt;
   const auto statement = statements_.find(sql, shape_);
@@ -160,7 +160,7 @@ std::optional<AheadStatement> Connection::ahead(std::string_view sql) {
   AheadStatement ahead;
   if (statement->query) {
     ahead.rows = std::make_shared<RecordsetState>(shared_from_this(), statement->query, sql, shape_.literals);
-    ahead.rows->prepareAhead();
+    ahead.rows->prepareAhead(besideWrites);
     return ahead;
   }
   const bool isAction = translation.kind == StatementKind::Insert ||
@@ -171,6 +171,17 @@ std::optional<AheadStatement> Connection::ahead(std::string_view sql) {
   ahead.action = engine_->prepare(translation.sql.front());
   bindSlots(*ahead.action, translation.slots, shape_.literals);
   return ahead;
+}
+
+std::shared_ptr<RecordsetState> Connection::openForAdding(std::string_view sql) {
+  goOn();
+  if (isPlainName(sql)) return nullptr;
+  return withStatement(sql, [&](CachedStatement& statement) {
+    if (!statement.query) return std::shared_ptr<RecordsetState>();
+    auto state = std::make_shared<RecordsetState>(shared_from_this(), statement.query, sql, shape_.literals);
+    state->startLater();
+    return state;
+  });
 }
 
 void Connection::together(std::span<const AheadStatement> statements) {

@@ -42,7 +42,10 @@ class Connection : public std::enable_shared_from_this<Connection> {
   Recordset open(std::string_view sql);
 
   /// The statement translated and bound; nothing where it cannot go out together with others.
-  std::optional<AheadStatement> ahead(std::string_view sql);
+  /// One that reads beside others that write is in a form that is right whatever it meets.
+  std::optional<AheadStatement> ahead(std::string_view sql, bool besideWrites);
+  /// The query opened for nothing but adding a row; nothing where it is none.
+  std::shared_ptr<RecordsetState> openForAdding(std::string_view sql);
   /// Sends all of them and waits once. What fails is raised at the first of them that fails, and nothing of
   /// what they have written stays. Queries alone are sent only: `startSent` waits for each one's rows.
   void together(std::span<const AheadStatement> statements);

@@ -51,9 +51,9 @@ PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& transla
 bool PreparedQuery::fastFormAllowed() {
   if (!query_->guard()) return false;
   if (!guard_) guard_ = engine_.prepare(*query_->guard());
-  const bool irregular = guard_->step();
+  irregular_ = guard_->step();
   guard_->reset();
-  return !irregular;
+  return !irregular_;
 }
 
 bool PreparedQuery::mayEndEarly() const {
@@ -67,7 +67,7 @@ const std::shared_ptr<const Projection>& PreparedQuery::plain() {
 
 PreparedQuery::Run PreparedQuery::take() {
   const bool unknown = query_->keyed() && projection_->columns.empty();
-  return engine_.runsAhead() && unknown ? takeUnknown() : take(mayEndEarly(), projection_);
+  return engine_.runsAhead() && unknown ? takeUnknown() : take(mayEndEarly(), projection_, fastFormAllowed());
 }
 
 // Nobody has asked for a column yet: a statement that names its columns is asked for them.
@@ -75,23 +75,28 @@ PreparedQuery::Run PreparedQuery::takeUnknown() {
   constexpr std::size_t kNamedColumns = 24;
   const bool named = query_->columns().size() <= kNamedColumns;
   const bool mayBeCut = query_->sources().size() == 1 && !query_->top();
-  if (!mayBeCut && !named) return take(false, projection_);
-  Run run = take(mayBeCut && (query_->ordered() || !named), plain());
+  if (!mayBeCut && !named) return take(false, projection_, fastFormAllowed());
+  Run run = take(mayBeCut && (query_->ordered() || !named), plain(), fastFormAllowed());
   run.learns = true;
   return run;
 }
 
 PreparedQuery::Run PreparedQuery::takeWhole() {
-  return take(false, projection_);
+  return take(false, projection_, fastFormAllowed());
 }
 
-PreparedQuery::Run PreparedQuery::takeAhead() {
-  if (!projection_->columns.empty()) return takeWhole();
-  return take(false, plain());
+// The guard's answer is not waited for: where it finds something, the group fails and is carried out one by
+// one. Beside writes, and where it has found something once, the form is used that needs none.
+PreparedQuery::Run PreparedQuery::takeAhead(bool besideWrites) {
+  const bool isKnown = !projection_->columns.empty();
+  Run run = take(false, isKnown ? projection_ : plain(), query_->guard() && !irregular_ && !besideWrites);
+  if (run.fast) run.guard = engine_.prepare(engine_.words().requiringNone(*query_->guard()));
+  return run;
 }
 
-PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly, std::shared_ptr<const Projection> projection) {
-  Run run{nullptr, std::move(projection), fastFormAllowed(), firstRowsOnly};
+PreparedQuery::Run PreparedQuery::take(bool firstRowsOnly, std::shared_ptr<const Projection> projection,
+                                       bool fast) {
+  Run run{nullptr, std::move(projection), fast, firstRowsOnly};
   if (Idle& known = idle(run); run.projection == projection_ && !known.empty()) {
     run.statement = std::move(known.back());
     known.pop_back();

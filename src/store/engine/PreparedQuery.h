@@ -42,6 +42,8 @@ class PreparedQuery {
     bool fast = false;
     bool firstRowsOnly = false;
     bool learns = false;  // which of the columns that it delivers are asked for
+    /// Of one that goes out with others: what goes before it, and fails where its fast form may not be used.
+    std::unique_ptr<EngineStatement> guard = nullptr;
   };
   /// An idle or new statement, not yet bound. Checks the query's guard for whether the fast form may be used.
   /// The statement gives the first rows only where all of them are dear: many walks in an order end early,
@@ -52,7 +54,7 @@ class PreparedQuery {
   Run takeWhole();
   /// One of many that go out together, where each row that has to be read again is a wait: while nobody has
   /// asked for a column it delivers every plain one.
-  Run takeAhead();
+  Run takeAhead(bool besideWrites);
   static constexpr int kFirstRows = 50;
   void giveBack(Run run);
 
@@ -76,7 +78,7 @@ class PreparedQuery {
   bool mayEndEarly() const;
   Run takeUnknown();
   const std::shared_ptr<const Projection>& plain();
-  Run take(bool firstRowsOnly, std::shared_ptr<const Projection> projection);
+  Run take(bool firstRowsOnly, std::shared_ptr<const Projection> projection, bool fast);
   Idle& idle(const Run& run) { return idle_[run.fast ? 1 : 0][run.firstRowsOnly ? 1 : 0]; }
 
   Engine& engine_;
@@ -87,6 +89,7 @@ class PreparedQuery {
   std::shared_ptr<const Projection> plain_;  // without bytes; once it has been needed
   std::array<std::array<Idle, 2>, 2> idle_;
   std::unique_ptr<EngineStatement> guard_;
+  bool irregular_ = false;  // as the guard has found last
   RowByKey learnedByKey_;
   RowByKey plainByKey_;
 };

@@ -24,18 +24,33 @@ void RecordsetState::edit() {
   edit_ = RowEdit::editing();
 }
 
-RowEdit::Target RecordsetState::editTarget() const {
+RowEdit::Target RecordsetState::editTarget(const RowEdit& edit) const {
   RowEdit::Target target{query_->query().sources(), {}};
-  if (!edit_->isNewRow())
+  if (!edit.isNewRow())
     target.keys = std::span(keys_).subspan(static_cast<std::size_t>(current_) * sources(), sources());
   return target;
 }
 
 void RecordsetState::update() {
   if (!edit_) throw RuntimeError(ErrorNumber::UpdateWithoutEdit);
-  if (!untouched_) collectAll();
-  const std::optional<std::int64_t> newKey = edit_->write(*connection_, editTarget());
+  write(*edit_);
   edit_.reset();
+}
+
+RowEdit RecordsetState::takeEdit() {
+  if (!edit_) throw RuntimeError(ErrorNumber::UpdateWithoutEdit);
+  RowEdit edit = std::move(*edit_);
+  edit_.reset();
+  return edit;
+}
+
+std::unique_ptr<EngineStatement> RecordsetState::ahead(const RowEdit& edit) const {
+  return edit.ahead(*connection_, editTarget(edit));
+}
+
+void RecordsetState::write(const RowEdit& edit) {
+  if (!untouched_) collectAll();
+  const std::optional<std::int64_t> newKey = edit.write(*connection_, editTarget(edit));
   cachedRow_ = -1;
   if (untouched_ || !newKey || sources() != 1) return;
   // A new row comes after the others, and the current row stays current.
@@ -60,10 +75,11 @@ void RecordsetState::deleteRow() {
 
 void RecordsetState::find(std::string_view criteria, bool last) {
   if (!keyed()) throw RuntimeError(ErrorNumber::OperationNotSupported, "此类型的对象不支持该操作。");
-  collectAll();
-  edit_.reset();
   const auto statement = connection_->engine().prepare(query_->query().keysWhere(criteria));
   bindSlots(*statement, query_->slots(), literals_);
+  statement->sendAhead();  // one wait for both
+  collectAll();
+  edit_.reset();
   std::set<std::vector<RowKey>> matches;
   while (statement->step()) matches.insert(keysOf(*statement));
   const auto matchesRow = [&](long row) {

@@ -71,13 +71,19 @@ void RecordsetState::run() {
   if (streamNext()) standOn(0);
 }
 
-void RecordsetState::prepareAhead() {
-  run_ = query_->takeAhead();
+void RecordsetState::prepareAhead(bool besideWrites) {
+  run_ = query_->takeAhead(besideWrites);
   bindSlots(*run_.statement, query_->slots(), literals_);
+}
+
+void RecordsetState::sendAhead() {
+  if (run_.guard) run_.guard->sendAhead();
+  run_.statement->sendAhead();
 }
 
 void RecordsetState::startSent() {
   connection_->addReader(*this);
+  if (const auto guard = std::move(run_.guard)) guard->step();
   if (streamNext()) standOn(0);
 }
 

@@ -33,11 +33,15 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
 
   /// Runs the query (again) and moves to its first row.
   void start();
+  /// Instead of `start`: runs the query when a row is looked at.
+  void startLater() { untouched_ = true; }
   /// Instead of `start`: gets the query ready, puts it on its way without waiting for a row, and moves to the
   /// first.
-  void prepareAhead();
-  void sendAhead() { run_.statement->sendAhead(); }
+  void prepareAhead(bool besideWrites);
+  void sendAhead();
   void startSent();
+  /// Whether a check goes before the query when it is sent ahead.
+  bool isGuarded() const { return run_.guard != nullptr; }
   /// Gives up the statement; see the class.
   void letGo();
   /// Only a write interrupts the walk then.
@@ -69,6 +73,13 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void addNew();
   void edit();
   void update();
+  /// What `update` would write, which is no longer under way.
+  RowEdit takeEdit();
+  void write(const RowEdit& edit);
+  /// See RowEdit::ahead.
+  std::unique_ptr<EngineStatement> ahead(const RowEdit& edit) const;
+  /// Whether the query has to be run to see which rows there are before one is added.
+  bool isWholeTable() const { return query_->query().wholeTable(); }
   void cancelUpdate() { edit_.reset(); }
   void deleteRow();
 
@@ -105,7 +116,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   bool cacheHolds(std::size_t column) const;
   void readCurrentByKey(const PreparedQuery::RowByKey& byKey);
   void bindKeys(EngineStatement& statement);
-  RowEdit::Target editTarget() const;
+  RowEdit::Target editTarget(const RowEdit& edit) const;
 
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<PreparedQuery> query_;

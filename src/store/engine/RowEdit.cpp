@@ -27,15 +27,22 @@ std::size_t RowEdit::editedSource() const {
 }
 
 std::optional<std::int64_t> RowEdit::write(Connection& connection, const Target& target) const {
+  if (newRow_) return insert(connection, target);
   const std::size_t source = editedSource();
   const std::string& table = target.sources[source].table;
-  if (newRow_) return insert(connection, table);
   if (!target.keys[source]) throw RuntimeError(ErrorNumber::NoCurrentRecord);
   if (!fields_.empty()) update(connection, table, *target.keys[source]);
   return std::nullopt;
 }
 
-std::int64_t RowEdit::insert(Connection& connection, const std::string& table) const {
+std::unique_ptr<EngineStatement> RowEdit::ahead(Connection& connection, const Target& target) const {
+  if (!newRow_) return nullptr;
+  auto statement = connection.engine().prepare(insertion(connection, target));
+  bindFields(*statement);
+  return statement;
+}
+
+std::string RowEdit::insertion(Connection& connection, const Target& target) const {
   const dialect::EngineWords& words = connection.engine().words();
   std::string names;
   std::string places;
@@ -44,12 +51,19 @@ std::int64_t RowEdit::insert(Connection& connection, const std::string& table) c
     names += (names.empty() ? "" : ", ") + words.quoted(field.name);
     places += (places.empty() ? "" : ", ") + words.typedParameter(++number, field.type);
   }
-  const std::string into = "INSERT INTO " + words.quoted(table);
-  EngineStatement& statement = connection.prepared(
-      (fields_.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + places + ")") +
-      std::string(words.returningRowKey()));
+  const std::string into = "INSERT INTO " + words.quoted(target.sources[editedSource()].table);
+  return (fields_.empty() ? into + " DEFAULT VALUES" : into + " (" + names + ") VALUES (" + places + ")") +
+         std::string(words.returningRowKey());
+}
+
+void RowEdit::bindFields(EngineStatement& statement) const {
   int place = 0;
   for (const auto& [column, field] : fields_) bindValue(statement, ++place, field.value);
+}
+
+std::int64_t RowEdit::insert(Connection& connection, const Target& target) const {
+  EngineStatement& statement = connection.prepared(insertion(connection, target));
+  bindFields(statement);
   connection.write(statement);
   return connection.engine().lastRowKey();
 }
@@ -64,9 +78,8 @@ void RowEdit::update(Connection& connection, const std::string& table, std::int6
   EngineStatement& statement =
       connection.prepared("UPDATE " + words.quoted(table) + " SET " + assignments + " WHERE " +
                           std::string(words.rowKey()) + " = " + words.rowKeyParameter(number + 1));
-  int place = 0;
-  for (const auto& [column, field] : fields_) bindValue(statement, ++place, field.value);
-  statement.bindInteger(++place, key);
+  bindFields(statement);
+  statement.bindInteger(static_cast<int>(number + 1), key);
   if (connection.write(statement) == 0) throw RuntimeError(ErrorNumber::RecordDeleted);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -33,6 +34,8 @@ class RowEdit {
   const Value* find(std::size_t column) const;
   /// Writes the row; gives the key of a new row.
   std::optional<std::int64_t> write(Connection& connection, const Target& target) const;
+  /// The statement that would write it, if it is a new row, ready to be sent ahead of its answer.
+  std::unique_ptr<EngineStatement> ahead(Connection& connection, const Target& target) const;
 
  private:
   struct Field {
@@ -43,7 +46,9 @@ class RowEdit {
   };
 
   explicit RowEdit(bool newRow) : newRow_(newRow) {}
-  std::int64_t insert(Connection& connection, const std::string& table) const;
+  std::string insertion(Connection& connection, const Target& target) const;
+  void bindFields(EngineStatement& statement) const;
+  std::int64_t insert(Connection& connection, const Target& target) const;
   void update(Connection& connection, const std::string& table, std::int64_t key) const;
   std::size_t editedSource() const;
 

@@ -13,15 +13,6 @@ namespace {
 // Of so many queries the answers are awaited together: what is kept of them until they are used stays small.
 constexpr std::size_t kMostQueries = 4000;
 
-// What cannot be translated or bound fails when it is carried out by itself.
-std::optional<AheadStatement> aheadOf(Connection& connection, std::string_view sql) {
-  try {
-    return connection.ahead(sql);
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
-}
-
 void useRows(const std::function<void(Recordset&)>& use, std::shared_ptr<RecordsetState> state) {
   if (!use) return;
   Recordset rows(std::move(state));
@@ -30,12 +21,65 @@ void useRows(const std::function<void(Recordset&)>& use, std::shared_ptr<Records
 
 }  // namespace
 
+struct StatementGroup::AddedRow {
+  std::shared_ptr<RecordsetState> table;
+  RowEdit edit;
+};
+
 StatementGroup::StatementGroup(Database& database)
     : database_(database), sendsAhead_(database.connection().engine().sendsAhead()) {}
 
 void StatementGroup::execute(std::string_view sql) {
-  if (!sendsAhead_) return database_.Execute(sql);
-  steps_.push_back({std::string(sql), nullptr});
+  if (sendsAhead_) return steps_.push_back({std::string(sql), nullptr, nullptr});
+  database_.Execute(sql);
+  ++carriedOut_;
+}
+
+void StatementGroup::addRows(std::string_view sql, std::size_t rows,
+                             const std::function<void(Recordset&, std::size_t)>& fill) {
+  const auto table = sendsAhead_ ? database_.connection().openForAdding(sql) : nullptr;
+  if (table == nullptr) run();
+  Recordset row = table ? Recordset(table) : database_.OpenRecordset(sql);
+  if (table == nullptr) {
+    ++carriedOut_;
+  } else if (!table->isWholeTable()) {
+    steps_.push_back({std::string(sql), [](Recordset&) {}, nullptr});
+  }
+  for (std::size_t i = 0; i < rows; ++i) {
+    fill(row, i);
+    if (table == nullptr) {
+      row.Update();
+      ++carriedOut_;
+    } else {
+      steps_.push_back({"", nullptr, std::make_shared<const AddedRow>(AddedRow{table, table->takeEdit()})});
+    }
+  }
+}
+
+// What fails now fails again where it is asked for.
+void StatementGroup::foresee(const std::vector<std::string>& statements) {
+  if (!sendsAhead_) return;
+  StatementGroup ahead(database_);
+  for (const std::string& sql : statements)
+    ahead.open(sql, [this, &sql](const Recordset& rows) { foreseen_.insert_or_assign(sql, rows); });
+  try {
+    ahead.run();
+  } catch (const RuntimeError&) {
+    foreseen_.clear();
+  }
+}
+
+const Recordset* StatementGroup::foreseen(std::string_view sql) const {
+  const auto rows = foreseen_.find(sql);
+  return rows == foreseen_.end() ? nullptr : &rows->second;
+}
+
+Recordset StatementGroup::rowsOf(std::string_view sql) {
+  if (const Recordset* rows = foreseen(sql)) return *rows;
+  run();
+  Recordset rows = database_.OpenRecordset(sql);
+  ++carriedOut_;
+  return rows;
 }
 
 void StatementGroup::run() {
@@ -50,24 +94,42 @@ void StatementGroup::run() {
 }
 
 void StatementGroup::runOne(const Step& step) {
-  if (!step.use) return database_.Execute(step.sql);
-  Recordset rows = database_.OpenRecordset(step.sql);
-  step.use(rows);
+  if (step.row) {
+    step.row->table->write(step.row->edit);
+  } else if (!step.use) {
+    database_.Execute(step.sql);
+  } else {
+    Recordset rows = database_.OpenRecordset(step.sql);
+    step.use(rows);
+  }
+  ++carriedOut_;
+}
+
+// What cannot be translated or bound fails when it is carried out by itself.
+std::optional<AheadStatement> StatementGroup::aheadOf(const Step& step, bool besideWrites) {
+  try {
+    if (!step.row) return database_.connection().ahead(step.sql, besideWrites);
+    return AheadStatement{step.row->table->ahead(step.row->edit), nullptr};
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
 }
 
 std::size_t StatementGroup::runTogether(std::span<const Step> steps) {
-  Connection& connection = database_.connection();
   const auto write = [](std::span<const Step> some) {
     return std::ranges::any_of(some, [](const Step& step) { return step.use == nullptr; });
   };
-  if (!write(steps)) steps = steps.first(std::min(steps.size(), kMostQueries));
+  const bool besideWrites = write(steps);
+  if (!besideWrites) steps = steps.first(std::min(steps.size(), kMostQueries));
   Sent sent;
   for (const Step& step : steps) {
-    auto ahead = aheadOf(connection, step.sql);
-    if (!ahead || (ahead->rows != nullptr) != (step.use != nullptr)) break;
+    auto ahead = aheadOf(step, besideWrites);
+    const bool isQuery = step.use != nullptr;
+    if (!ahead || (ahead->rows != nullptr) != isQuery || (ahead->action != nullptr) == isQuery) break;
     sent.push_back(std::move(*ahead));
   }
-  if (sent.size() < 2) return 0;
+  // One alone gains something only where its guard goes along.
+  if (sent.empty() || (sent.size() == 1 && !(sent.front().rows && sent.front().rows->isGuarded()))) return 0;
   steps = steps.first(sent.size());
   return write(steps) ? carryOut(steps, std::move(sent)) : read(steps, std::move(sent));
 }
@@ -81,6 +143,7 @@ std::size_t StatementGroup::carryOut(std::span<const Step> steps, Sent sent) {
     for (const Step& step : steps) runOne(step);
     return steps.size();
   }
+  carriedOut_ += steps.size();
   for (std::size_t i = 0; i < steps.size(); ++i) useRows(steps[i].use, std::move(sent[i].rows));
   return steps.size();
 }
@@ -95,6 +158,7 @@ std::size_t StatementGroup::read(std::span<const Step> steps, Sent sent) {
       if (error.is(ErrorNumber::DeviceIo)) throw;
       return i;
     }
+    ++carriedOut_;
     useRows(steps[i].use, std::move(sent[i].rows));
   }
   return steps.size();

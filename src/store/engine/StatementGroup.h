@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <map>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -40,18 +43,50 @@ class StatementGroup {
   void open(std::string_view sql, Use use) {
     if (!sendsAhead_) {
       Recordset rows = database_.OpenRecordset(sql);
+      ++carriedOut_;
       return use(rows);
     }
-    steps_.push_back({std::string(sql), std::move(use)});
+    steps_.push_back({std::string(sql), std::move(use), nullptr});
   }
+  /// Opens the statement to add so many rows, of which `fill` begins each and sets its fields. It looks at no
+  /// other row.
+  void addRows(std::string_view sql, std::size_t rows,
+               const std::function<void(Recordset&, std::size_t)>& fill);
+  void add(std::string_view sql, const std::function<void(Recordset&)>& fill) {
+    addRows(sql, 1, [&fill](Recordset& row, std::size_t) { fill(row); });
+  }
+  /// Reads what will be asked for later, where an answer is a wait: on a server all of it together now, on
+  /// others each when it is asked for.
+  void foresee(const std::vector<std::string>& statements);
+  /// What was foreseen of it, if anything.
+  const Recordset* foreseen(std::string_view sql) const;
+  /// The rows of a query, foreseen or not; what has been added comes before one that was not.
+  Recordset rowsOf(std::string_view sql);
+  /// Calls `add`, which adds statements, and runs them. Where it fails, what it has added comes first, and
+  /// may fail first.
+  template <typename Add>
+  void runAll(Add add) {
+    try {
+      add();
+    } catch (const RuntimeError&) {
+      run();
+      throw;
+    }
+    run();
+  }
+  /// How many statements have been added, and carried out, so far.
+  std::size_t added() const { return carriedOut_ + steps_.size(); }
+  std::size_t carriedOut() const { return carriedOut_; }
   /// Carries out what was added. Rows of queries are used in their order; where the group writes too, after
   /// all of it, and until then their rows are kept.
   void run();
 
  private:
+  struct AddedRow;
   struct Step {
     std::string sql;
     std::function<void(Recordset&)> use;  // of a query
+    std::shared_ptr<const AddedRow> row;  // instead of both
   };
 
   using Sent = std::vector<AheadStatement>;
@@ -61,10 +96,13 @@ class StatementGroup {
   std::size_t carryOut(std::span<const Step> steps, Sent sent);
   std::size_t read(std::span<const Step> steps, Sent sent);
   void runOne(const Step& step);
+  std::optional<AheadStatement> aheadOf(const Step& step, bool besideWrites);
 
   Database& database_;
   bool sendsAhead_;
+  std::size_t carriedOut_ = 0;
   std::vector<Step> steps_;
+  std::map<std::string, Recordset, std::less<>> foreseen_;
 };
 
 /// Asks the queries, many together, and uses the rows of each; `failed` is told of those that fail, and the

@@ -1,49 +1,14 @@
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <optional>
 
+#include "base/Charset.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "transfer/jet/JetText.h"
 
 namespace zelkor::jet {
 namespace {
-
-/// A conversion to UTF-8 by the system's tables.
-class Converter {
- public:
-  explicit Converter(const std::string& charset) : handle_(iconv_open("UTF-8", charset.c_str())) {
-    if (handle_ == invalid())
-      throw RuntimeError(ErrorNumber::TypeMismatch, "系统不认识字符集 '" + charset + "'。");
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-  ~Converter() { iconv_close(handle_); }
-
-  /// Appends what it can read at the beginning of `bytes` and takes it away from there.
-  void convert(std::string_view& bytes, std::string& text) {
-    std::array<char, 512> piece{};
-    auto* from = const_cast<char*>(bytes.data());  // NOLINT: iconv does not write there
-    std::size_t left = bytes.size();
-    bool again = true;
-    while (again && left > 0) {
-      char* to = piece.data();
-      std::size_t room = piece.size();
-      again = iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1) && errno == E2BIG;
-      text.append(piece.data(), piece.size() - room);
-    }
-    bytes.remove_prefix(bytes.size() - left);
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-  }
-
- private:
-  static iconv_t invalid() { return reinterpret_cast<iconv_t>(-1); }  // NOLINT: iconv's own sign of a failure
-
-  iconv_t handle_;
-};
 
 /// Code page 936 as Windows has it, which is what its users call GBK: the system's GBK lacks the Euro sign
 /// and the places for characters of one's own. GB18030 has the latter where Windows puts them, but would also
@@ -73,7 +38,7 @@ class Gbk {
   }
 
  private:
-  Converter pairs_{"GB18030"};
+  CharsetConverter pairs_{"GB18030"};
 };
 
 class Jet3Decoder : public TextDecoder {
@@ -125,7 +90,7 @@ class Jet3Decoder : public TextDecoder {
       throw RuntimeError(ErrorNumber::TypeMismatch, "字符集 '" + charset + "' 不能用于 Jet 3 文件。");
   }
 
-  Converter converter_;
+  CharsetConverter converter_;
   std::optional<Gbk> gbk_;
 };
 

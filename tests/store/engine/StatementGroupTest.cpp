@@ -77,6 +77,63 @@ TEST_F(StatementGroupTest, AFailureLeavesWhatOneByOneLeaves) {
   }
 }
 
+// By recordsets, one of which a unique index refuses.
+TEST_F(StatementGroupTest, RowsThatAreAddedComeInTheirPlace) {
+  for (const char* table : {"select * from t", "select top 1 * from t", "select * from t where 1=0"}) {
+    for (const bool refused : {false, true}) {
+      const auto addAll = [&](const Lines& nums) {
+        StatementGroup group(db);
+        group.runAll([&] {
+          group.execute("insert into t (sNum,lN) values ('a',1)");
+          group.addRows(table, nums.size(), [&](Recordset& row, std::size_t i) {
+            row.AddNew();
+            row.Collect("sNum", nums[i]);
+            row.Collect("lN", static_cast<std::int32_t>(i));
+          });
+          group.execute("update t set lN=lN+10 where sNum<>'taken'");
+        });
+      };
+      const Lines nums = refused ? Lines{"b", "taken", "c"} : Lines{"b", "c"};
+      const Lines expected =
+          refused ? Lines{"a|1", "b|0", "taken|1"} : Lines{"a|11", "b|10", "c|11", "taken|1"};
+      Lines left = outcome(nums, addAll);
+      EXPECT_EQ(left.front().substr(0, 4), refused ? "3022" : "(non") << left.front();
+      left.erase(left.begin());
+      EXPECT_EQ(left, expected) << table;
+    }
+  }
+}
+
+TEST_F(StatementGroupTest, WhatIsForeseenIsWaitedForOnce) {
+  rows("select lN from t");
+  rows("select lN from u");
+  const std::uint64_t before = db.waits();
+  StatementGroup group(db);
+  group.foresee({"select max(lN) from t", "select min(lN) from u"});
+  group.execute("insert into t (sNum,lN) values ('a',7)");
+  EXPECT_EQ(group.rowsOf("select max(lN) from t").Fields(std::size_t{0}).number(), onServer() ? 1 : 7);
+  EXPECT_EQ(group.rowsOf("select min(lN) from u").Fields(std::size_t{0}).number(), 1);
+  if (onServer()) {
+    EXPECT_EQ(db.waits() - before, 1U);
+  }
+  EXPECT_EQ(group.rowsOf("select max(lN) as n from t").Fields("n").number(), 7) << "not foreseen";
+}
+
+// It fails where it is asked for, behind what comes before it.
+TEST_F(StatementGroupTest, AForeseenQueryFailsInItsPlace) {
+  StatementGroup group(db);
+  EXPECT_EQ(errorOf([&] {
+              group.runAll([&] {
+                group.foresee({"select max(lN) from t", "select max(lN) from nowhere"});
+                group.execute("insert into t (sNum,lN) values ('a',1)");
+                group.rowsOf("select max(lN) from nowhere");
+                group.execute("insert into t (sNum,lN) values ('b',1)");
+              });
+            }),
+            3078);
+  EXPECT_EQ(rows("select sNum from t order by sNum"), (Lines{"a", "taken"}));
+}
+
 TEST_F(StatementGroupTest, AReadThatFailsComesAfterTheUsesBeforeIt) {
   db.Execute("insert into t (sNum,lN) values ('x',0)");
   for (const char* bad :

@@ -66,6 +66,9 @@ class EngineWords {
   /// A query that gives a row when some text of the column is no whole number, or one beyond 16 bits where it
   /// is read as such; it is answered by those indexes.
   virtual std::string oddNumbers(const NumberColumn& column) const = 0;
+  /// A query that fails where the given one finds a row; on an engine that sends statements ahead of their
+  /// answers.
+  virtual std::string requiringNone(const std::string& query) const { return query; }
 };
 
 /// A base table's physical index name: index names of the dialect are per table, the engines' per database.

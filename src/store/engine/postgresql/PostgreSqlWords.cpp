@@ -46,6 +46,9 @@ class PostgreSqlWords final : public dialect::EngineWords {
                                                 const std::vector<ColumnInfo>& columns) const override;
   std::vector<std::string> numberIndexes(const TableInfo& table, const ColumnInfo& column) const override;
   std::string oddNumbers(const dialect::NumberColumn& column) const override;
+  std::string requiringNone(const std::string& query) const override {
+    return "SELECT 1 / CASE WHEN EXISTS (" + query + ") THEN 0 ELSE 1 END";
+  }
 };
 
 std::string PostgreSqlWords::columnType(const ColumnInfo& column) const {

@@ -21,6 +21,9 @@ class ConditionRefused : public std::runtime_error {
 ReportConditions readConditions(RunContext& run, const ReportKind& kind,
                                 const std::vector<std::string>& assignments);
 
+/// The texts by which readConditions sets what these conditions say of the report.
+std::vector<std::string> conditionTexts(const ReportKind& kind, const ReportConditions& conditions);
+
 /// The conditions of one of all reports of a month: every period is that of the run's date unless "period"
 /// tells another; a condition that other reports have is passed over.
 ReportConditions readMonthConditions(RunContext& run, const ReportKind& kind,

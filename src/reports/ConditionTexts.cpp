@@ -1,4 +1,4 @@
-#include "apps/zelkorctl/ReportConditionList.h"
+#include "reports/ConditionTexts.h"
 
 #include <algorithm>
 
@@ -12,6 +12,9 @@ namespace {
 [[noreturn]] void refuse(const std::string& text) {
   throw ConditionRefused(text);
 }
+
+constexpr std::string_view kCompositionNames[] = {"first", "detail"};
+constexpr std::string_view kLayoutNames[] = {"both", "department", "category"};
 
 /// Sets conditions one by one, by the keys of one report.
 class ConditionSetter {
@@ -109,12 +112,10 @@ class ConditionSetter {
     setListed((conditions_.*asked_.levels).to, kOfferedLevels, value);
   }
   void setComposition(const std::string& value) {
-    static constexpr std::string_view kNames[] = {"first", "detail"};
-    conditions_.compositionLevel = static_cast<CompositionLevel>(choose(kNames, value));
+    conditions_.compositionLevel = static_cast<CompositionLevel>(choose(kCompositionNames, value));
   }
   void setLayout(const std::string& value) {
-    static constexpr std::string_view kNames[] = {"both", "department", "category"};
-    conditions_.statisticsLayout = static_cast<StatisticsLayout>(choose(kNames, value));
+    conditions_.statisticsLayout = static_cast<StatisticsLayout>(choose(kLayoutNames, value));
   }
   void setDepartmentLevel(const std::string& value) {
     setListed(conditions_.departmentLevel, kOfferedDepartmentLevels, value);
@@ -150,6 +151,32 @@ ReportConditions readConditions(RunContext& run, const ReportKind& kind,
   ConditionSetter setter(run, kind);
   setAll(setter, assignments);
   return setter.conditions();
+}
+
+std::vector<std::string> conditionTexts(const ReportKind& kind, const ReportConditions& conditions) {
+  const PageConditions& asked = conditionsOf(kind.page);
+  std::vector<std::string> texts;
+  const auto add = [&texts](bool offered, std::string_view key, std::string_view value) {
+    if (offered && !value.empty()) texts.push_back(std::string(key) + "=" + std::string(value));
+  };
+  const auto periods = conditions.periods.find(kind.page);
+  if (periods != conditions.periods.end()) {
+    add(true, "period", periods->second.from);
+    add(asked.range, "period-to", periods->second.to);
+  }
+  add(asked.department, "department", conditions.department.code);
+  add(asked.type, "category", conditions.type.code);
+  if (asked.levels != nullptr) {
+    add(true, "from-level", (conditions.*asked.levels).from);
+    add(true, "to-level", (conditions.*asked.levels).to);
+  }
+  add(kind.page == ConditionPage::Composition, "composition",
+      kCompositionNames[static_cast<std::size_t>(conditions.compositionLevel)]);
+  const bool statistics = kind.page == ConditionPage::Statistics;
+  add(statistics, "layout", kLayoutNames[static_cast<std::size_t>(conditions.statisticsLayout)]);
+  add(statistics, "department-level", conditions.departmentLevel);
+  add(statistics, "category-level", conditions.typeLevel);
+  return texts;
 }
 
 ReportConditions readMonthConditions(RunContext& run, const ReportKind& kind,

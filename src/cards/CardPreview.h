@@ -1,0 +1,11 @@
+#pragma once
+
+#include "startup/ImportPreview.h"
+#include "startup/RunContext.h"
+
+namespace zelkor {
+
+/// What importCards would make of a register: the same checks, nothing is stored. Errors as there.
+ImportPreview previewCards(RunContext& context, TableRows& rows, int newType);
+
+}  // namespace zelkor

@@ -144,7 +144,7 @@ std::string wordsBehind(std::string_view group) {
   }
   if (!group.empty()) return words;
   for (const CallGroup& one : callGroups()) add(one.name);
-  return words + "--help --version";
+  return words + "--help --version --verbose";
 }
 
 constexpr const char* kCompletionHead = R"(# bash completion of zelkorctl

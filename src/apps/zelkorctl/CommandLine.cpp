@@ -43,6 +43,7 @@ class CommandLine {
     app_.option_defaults()->group("选项");
     app_.set_help_flag("-h,--help", "显示用法");
     app_.set_version_flag("--version", "zelkorctl " ZELKOR_VERSION, "显示版本");
+    app_.add_flag("--verbose", parsed_.verbose, "也说明到服务器的连接为何慢；写在调用之前");
     addDocument("--help-scdoc", manualSource);
     addDocument("--help-bash", bashCompletion);
     app_.footer("zelkorctl 调用 --help 显示一个调用的用法和例子。");

@@ -17,6 +17,7 @@ class WrongCall : public std::runtime_error {
 struct ParsedCall {
   const Call* call = nullptr;
   Asked asked;
+  bool verbose = false;  // tells what makes a connection slow, too
   std::string text;
 };
 

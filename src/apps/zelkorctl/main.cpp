@@ -4,6 +4,7 @@
 #include <string>
 
 #include "apps/zelkorctl/CommandLine.h"
+#include "apps/zelkorctl/Connections.h"
 #include "base/EndSignals.h"
 #include "base/RuntimeError.h"
 
@@ -23,6 +24,7 @@ int called(const ParsedCall& parsed) {
     std::cout << parsed.text << std::flush;
     return 0;
   }
+  if (parsed.verbose) tellConnection(parsed.asked, std::cerr);
   const int status = parsed.call->run(parsed.asked, std::cout, std::cerr);
   std::cout.flush();
   return status;

@@ -73,6 +73,8 @@ class Engine {
   virtual bool sendsAhead() const { return false; }
   /// Waits for the answers of all statements that were sent ahead, and keeps what they give.
   virtual void takeAnswers() {}
+  /// What somebody who looks for the reason of slow work should know of the connection; mostly empty.
+  virtual std::string remark() const { return {}; }
   /// How often an answer has been waited for: once for each round trip to a server.
   virtual std::uint64_t waits() const { return 0; }
   /// Opens a transaction that may write at once; waits for other writers.

@@ -41,17 +41,50 @@ bool takeAlone(PostgreSqlLink& server, const std::string& schema) {
   return false;
 }
 
+int numberIn(const PgResult& result) {
+  return std::atoi(PQgetvalue(result.get(), 0, 0));
+}
+
+/// Where a pooler gives each transaction another session, another connection is given the one that ours has
+/// just left: our settings, locks and statements would be those of whoever comes next. What we have left in
+/// it is given up.
+void requireOwnSession(PostgreSqlLink& server, const std::string& conninfo, int session) {
+  if (session == server.toldSession()) return;
+  PostgreSqlLink other(conninfo, server.manner());
+  if (numberIn(other.query("SELECT pg_backend_pid()", {})) != session) return;
+  server.run("DISCARD ALL");
+  throw RuntimeError(ErrorNumber::UnrecognizedFormat,
+                     "服务器前面的连接池把每个事务交给不同的会话，账套不能这样使用；请让它把会话分给整个连接"
+                     "（PgBouncer：pool_mode=session）。");
+}
+
 /// Makes the session see the books, and notes in it that it has them open, in one trip. Nobody looks at its
 /// other locks: a session at rest has none.
-ServerBooks openBooks(PostgreSqlLink& server, const std::string& schema, PostgreSqlEngine::Among among) {
+ServerBooks openBooks(PostgreSqlLink& server, const ServerFile& file, PostgreSqlEngine::Among among) {
+  const auto& [conninfo, schema] = file;
   std::vector<ServerQuestion> questions = sessionSettings(schema);
   const bool amongOthers = among == PostgreSqlEngine::Among::Others;
   if (amongOthers) questions.push_back({std::string("SELECT pg_advisory_lock_shared") + kOpenKey, {schema}});
+  questions.push_back({"SELECT pg_backend_pid()"});
   questions.push_back(booksQuestion(schema));
-  ServerBooks books = serverBooksIn(server.ask(questions).back().get(), schema);
+  const std::vector<PgResult> answers = server.ask(questions);
+  requireOwnSession(server, conninfo, numberIn(answers[answers.size() - 2]));
+  ServerBooks books = serverBooksIn(answers.back().get(), schema);
   if (!amongOthers && !takeAlone(server, schema))
     throw RuntimeError(ErrorNumber::FileLocked, "服务器上的 '" + schema + "' 正被别人打开，不能替换。");
   return books;
+}
+
+/// What stands between us and the server may refuse statements that go out together.
+ServerBooks openInSomeManner(std::shared_ptr<PostgreSqlLink>& link, const ServerFile& file,
+                             PostgreSqlEngine::Among among) {
+  try {
+    return openBooks(*link, file, among);
+  } catch (const RuntimeError&) {
+    if (!link->tripRefused()) throw;
+  }
+  link = std::make_shared<PostgreSqlLink>(file.conninfo, PostgreSqlLink::Manner::OneByOne);
+  return openBooks(*link, file, among);
 }
 
 }  // namespace
@@ -76,7 +109,13 @@ std::vector<ServerQuestion> sessionSettings(const std::string& schema) {
 PostgreSqlEngine::PostgreSqlEngine(const ServerFile& file, Among among)
     : link_(std::make_shared<PostgreSqlLink>(file.conninfo)),
       schema_(file.schema),
-      books_(openBooks(*link_, schema_, among)) {}
+      books_(openInSomeManner(link_, file, among)) {}
+
+std::string PostgreSqlEngine::remark() const {
+  if (link_->sendsTogether()) return {};
+  return "到服务器的连接不接受连续发送的语句，改为一条一条地发送：每条语句都要等一次往返，远处的服务器会慢得"
+         "多。";
+}
 
 std::unique_ptr<EngineStatement> PostgreSqlEngine::prepare(std::string_view sql) {
   return std::make_unique<PostgreSqlStatement>(PostgreSqlLink::statement(link_, sql));

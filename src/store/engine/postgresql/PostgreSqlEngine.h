@@ -29,7 +29,8 @@ class PostgreSqlEngine final : public Engine {
   void requireFile() override {}
   bool gathersWrites() const override { return false; }
   bool runsAhead() const override { return true; }
-  bool sendsAhead() const override { return true; }
+  bool sendsAhead() const override { return link_->sendsTogether(); }
+  std::string remark() const override;
   void takeAnswers() override { link_->readInWhatIsLeft(); }
   std::uint64_t waits() const override { return link_->waits(); }
   void begin() override;

@@ -3,7 +3,10 @@
 #include <libpq-fe.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <random>
 #include <string_view>
 #include <utility>
 
@@ -21,7 +24,18 @@ void PostgreSqlLink::Closer::operator()(pg_conn* connection) const {
   PQfinish(connection);
 }
 
-PostgreSqlLink::PostgreSqlLink(const std::string& conninfo) : connection_(PQconnectdb(conninfo.c_str())) {
+namespace {
+
+std::string randomTag() {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "zk_%08x_", std::random_device{}());
+  return text.data();
+}
+
+}  // namespace
+
+PostgreSqlLink::PostgreSqlLink(const std::string& conninfo, Manner manner)
+    : connection_(PQconnectdb(conninfo.c_str())), manner_(manner), tag_(randomTag()) {
   if (PQstatus(connection_.get()) != CONNECTION_OK)
     throw RuntimeError(ErrorNumber::DeviceIo,
                        "设备 I/O 错误：无法连接数据库服务器。" + messageOf(connection_.get()));
@@ -40,6 +54,10 @@ bool PostgreSqlLink::inTransaction() const {
   if (beginOwed_ && PQstatus(connection_.get()) == CONNECTION_OK) return true;
   const PGTransactionStatusType status = PQtransactionStatus(connection_.get());
   return status == PQTRANS_INTRANS || status == PQTRANS_INERROR;
+}
+
+int PostgreSqlLink::toldSession() const {
+  return PQbackendPID(connection_.get());
 }
 
 bool PostgreSqlLink::takeWritten() {

@@ -42,11 +42,16 @@ struct ServerQuestion {
 /// Outside a transaction what a trip writes is one transaction of its own. After a failure the server passes
 /// over the rest of the trip: the streams of those statements are marked as passed over.
 ///
+/// A pooler may stand between us and the server that takes one statement at a time: with OneByOne each goes
+/// out when the one before it has been answered, under no name.
+///
 /// The rows of a long result are read as they are asked for; before another trip begins, what is left of the
 /// last one is read in.
 class PostgreSqlLink {
  public:
-  explicit PostgreSqlLink(const std::string& conninfo);
+  enum class Manner : std::uint8_t { Together, OneByOne };
+
+  explicit PostgreSqlLink(const std::string& conninfo, Manner manner = Manner::Together);
   PostgreSqlLink(const PostgreSqlLink&) = delete;
   PostgreSqlLink& operator=(const PostgreSqlLink&) = delete;
   ~PostgreSqlLink();
@@ -78,8 +83,8 @@ class PostgreSqlLink {
   void drop(PostgreSqlStream& stream);
   /// Reads in all that is under way.
   void readInWhatIsLeft();
-  /// A name that no statement of the session has.
-  std::string newName() { return "zk_" + std::to_string(++named_); }
+  /// A name that no statement of the session has, and none of another process.
+  std::string newName() { return tag_ + std::to_string(++named_); }
   /// The statement is not used any more; the server is told with the next trip.
   void forget(const ServerStatement& statement);
 
@@ -93,6 +98,12 @@ class PostgreSqlLink {
   /// Whether something has been written since the last call.
   bool takeWritten();
   void noteWritten() { written_ = true; }
+  Manner manner() const { return manner_; }
+  bool sendsTogether() const { return manner_ == Manner::Together; }
+  /// Whether a trip has ended with the connection, or with words that the protocol is not understood.
+  bool tripRefused() const { return tripRefused_; }
+  /// The server's number of the session, as it was told when the connection was made: a pooler tells another.
+  int toldSession() const;
   /// How often the server has been waited for.
   std::uint64_t waits() const { return waits_; }
 
@@ -119,6 +130,7 @@ class PostgreSqlLink {
   PgResult checked(PgResult result) const;
   std::vector<std::string> preamble();
   void openTrip();
+  void runAlone(const std::vector<std::string>& commands);
   void put(const std::string& command);
   void ask();
   void readFront(std::size_t upTo);
@@ -130,6 +142,8 @@ class PostgreSqlLink {
   std::string columnsOfKey(const ServerFailure& failure) const;
 
   std::unique_ptr<pg_conn, Closer> connection_;
+  Manner manner_;
+  std::string tag_;
   std::unordered_map<std::string_view, std::weak_ptr<ServerStatement>> statements_;  // by their own texts
   std::vector<std::string> forgotten_;
   std::deque<Awaited> awaited_;
@@ -138,6 +152,7 @@ class PostgreSqlLink {
   bool tripInTransaction_ = false;
   bool tripHasWritten_ = false;
   bool beginOwed_ = false;
+  bool tripRefused_ = false;
   Savepoint savepoint_ = Savepoint::None;
   std::uint64_t named_ = 0;
   std::uint64_t waits_ = 0;

@@ -58,27 +58,45 @@ std::vector<std::string> PostgreSqlLink::preamble() {
 }
 
 void PostgreSqlLink::openTrip() {
-  if (asked_) readInWhatIsLeft();
+  if (asked_ || !sendsTogether()) readInWhatIsLeft();
   if (underWay_) return;
   tripInTransaction_ = inTransaction();
   tripHasWritten_ = false;
+  const std::vector<std::string> commands = preamble();
+  if (!sendsTogether()) runAlone(commands);
   underWay_ = true;
   PQenterPipelineMode(connection_.get());
-  for (const std::string& command : preamble()) {
+  if (!sendsTogether()) return;
+  for (const std::string& command : commands) {
     PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
     awaited_.emplace_back();
   }
 }
 
+void PostgreSqlLink::runAlone(const std::vector<std::string>& commands) {
+  for (const std::string& command : commands) {
+    ++waits_;
+    checked(PgResult(PQexec(connection_.get(), command.c_str())));
+  }
+  beginOwed_ = false;
+  if (tripInTransaction_) savepoint_ = Savepoint::Fresh;
+}
+
 void PostgreSqlLink::send(ServerStatement& statement, const PgValues& values, PostgreSqlStream& stream) {
   openTrip();
+  const std::vector<Oid> types(static_cast<std::size_t>(statement.parameters), kTextType);
+  const auto pointers = pointersTo(values);
+  if (!sendsTogether()) {
+    PQsendQueryParams(connection_.get(), statement.sql.c_str(), statement.parameters, types.data(),
+                      pointers.data(), nullptr, nullptr, 0);
+    awaited_.push_back({.stream = &stream});
+    return stream.begin();
+  }
   if (!std::exchange(statement.known, true)) {
-    const std::vector<Oid> types(static_cast<std::size_t>(statement.parameters), kTextType);
     PQsendPrepare(connection_.get(), statement.name.c_str(), statement.sql.c_str(), statement.parameters,
                   types.data());
     awaited_.push_back({.prepares = &statement});
   }
-  const auto pointers = pointersTo(values);
   PQsendQueryPrepared(connection_.get(), statement.name.c_str(), static_cast<int>(values.size()),
                       pointers.data(), nullptr, nullptr, 0);
   awaited_.push_back({.stream = &stream});
@@ -164,9 +182,16 @@ void PostgreSqlLink::passOverRest() {
   }
 }
 
+bool isProtocolRefused(const PGconn* connection, const PGresult* result) {
+  if (isBroken(connection)) return true;
+  const char* state = result == nullptr ? nullptr : PQresultErrorField(result, PG_DIAG_SQLSTATE);
+  return state != nullptr && (std::string_view(state) == "08P01" || std::string_view(state) == "0A000");
+}
+
 // The failure is that of the statement, or of the one for which the command went out. What the trip has
 // written is undone.
 void PostgreSqlLink::giveUpTrip(const Awaited& failing, const pg_result* result) {
+  tripRefused_ = isProtocolRefused(connection_.get(), result);
   std::exception_ptr failure;
   try {
     raise(result);

@@ -106,7 +106,7 @@ TEST_F(JobCallsTest, TheMonthIsToldToPersonsAndScripts) {
   const auto status = nlohmann::json::parse(ctl({"status", arguments("25"), "--json"}).output);
   EXPECT_EQ(status["next"], "vouchers");
   EXPECT_EQ(status["figures"]["depreciation"], 284.4);
-  EXPECT_EQ(status["steps"][5]["commands"], (nlohmann::json{8, 19, 9}));
+  EXPECT_EQ(status["steps"][5]["commands"], (nlohmann::json{8, "preview", 19, 9, "plan"}));
 }
 
 TEST_F(JobCallsTest, WorkIsTakenInFromAFile) {

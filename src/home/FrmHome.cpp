@@ -363,6 +363,7 @@ bool FrmHome::confirmReset() {
 }
 
 void FrmHome::ended(const std::string& caption, const ChildEnd& end) {
+  focusedNext_ = false;  // meanwhile it was locked, and the keyboard somewhere
   lastEnd_ = end.failed() ? "⚠ " + sentenceAboutEnd(caption, end) : "“" + caption + "”已结束";
   lastErrors_ = end.failed() ? sentenceAboutEnd(caption, end) + "\n\n" + end.errors + end.output : "";
   showStatus();

@@ -50,6 +50,7 @@ void FrmHome::checked(const OpenedSet& of, const std::string& work, const ChildE
   auto findings = findingsOf(end.output);
   const std::string caption(findOwnCommand(own::kCheck)->caption);
   if (!findings || end.status > kFoundSomething) return ended(caption, end);
+  focusedNext_ = false;
   const KeptCheck kept{run().clock.now(), findings->countOf("错误"), findings->countOf("警告"),
                        findings->countOf("说明"), work};
   checks_.keep(of.set.dataFile, of.set.account, of.date, kept);

@@ -59,8 +59,6 @@ void FormHost::showModal(Form& form) {
   modalLoops_.push_back(&loop);
   form.onClosed([&loop] { loop.quit(); });
   form.setWindowModality(Qt::ApplicationModal);
-  // Where it is the last window, what called it goes on all the same, with boxes of its own.
-  form.setAttribute(Qt::WA_QuitOnClose, false);
   openInFront(form);
   if (!sought_.isEmpty() && form.beginSearch(sought_)) sought_.clear();
   // Showing it may have closed it or ended the program; a loop that begins then would never be left.

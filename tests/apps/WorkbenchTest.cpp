@@ -31,7 +31,6 @@ class WorkbenchTest : public JobTest {
     screen_.answer("固定资产", "Return");  // it takes its time
     screen_.answer("固定资产", "alt+n");   // the list is not to be seen
     screen_.answer("折旧分配表", "ctrl+w");
-    screen_.answer("固定资产", "Return");  // done
   }
   void closeTheMonth() const {
     screen_.press("Return");

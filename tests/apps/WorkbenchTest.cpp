@@ -27,10 +27,10 @@ class WorkbenchTest : public JobTest {
   /// By the button of the next step, as all that follows.
   void runTheMonth() const {
     screen_.press("Return");
-    screen_.answer("Zelkor", "Return");    // the work of the month has been entered
-    screen_.answer("固定资产", "Return");  // it takes its time
-    screen_.answer("固定资产", "alt+n");   // the list is not to be seen
-    screen_.answer("折旧分配表", "ctrl+w");
+    screen_.answer("Zelkor", "Return");      // the work of the month has been entered
+    screen_.answer("固定资产", "Return");    // it takes its time
+    screen_.answer("固定资产", "alt+n");     // the list is not to be seen
+    screen_.answer("折旧分配表", "ctrl+w");  // ends the program
   }
   void closeTheMonth() const {
     screen_.press("Return");

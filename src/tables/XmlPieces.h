@@ -26,10 +26,10 @@ class XmlPieces {
  private:
   struct Tag {
     std::string_view name = {};  // with its prefix
-    std::size_t end = 0;    // behind it, counted from where it begins
-    bool closes = false;    // </name>
-    bool isWhole = false;   // <name/>
-    bool isMarkup = false;  // comment, instruction, declaration
+    std::size_t end = 0;         // behind it, counted from where it begins
+    bool closes = false;         // </name>
+    bool isWhole = false;        // <name/>
+    bool isMarkup = false;       // comment, instruction, declaration
   };
   bool more();
   bool toTag();

@@ -58,10 +58,14 @@ void catchEndSignals() {
   }
 }
 
-std::optional<int> takeEndSignal() {
+std::optional<int> endSignalStatus() {
   const int signal = noted.signal;
-  if (signal == 0 || noted.isTaken.exchange(true)) return std::nullopt;
-  return kSignalStatus + signal;
+  return signal == 0 ? std::nullopt : std::optional(kSignalStatus + signal);
+}
+
+std::optional<int> takeEndSignal() {
+  const auto status = endSignalStatus();
+  return status && !noted.isTaken.exchange(true) ? status : std::nullopt;
 }
 
 void goOnUnlessSignalled() {

@@ -13,7 +13,10 @@ inline constexpr int kSignalStatus = 128;
 /// From now on these signals are noted, unless whoever started the program has had them ignored.
 void catchEndSignals();
 
-/// Once, after such a signal: the exit status that says which one it was, 143 or 129.
+/// After such a signal: the exit status that says which one it was, 143 or 129.
+std::optional<int> endSignalStatus();
+
+/// The same, once.
 std::optional<int> takeEndSignal();
 
 /// Where a step ends: after such a signal, ends the program by EndProgram.

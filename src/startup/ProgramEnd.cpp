@@ -3,6 +3,8 @@
 #include <exception>
 #include <iostream>
 
+#include "base/EndSignals.h"
+
 namespace zelkor {
 namespace {
 
@@ -34,6 +36,7 @@ std::optional<int> guarded(RunContext& context, const std::function<void()>& wor
   } catch (const RuntimeError& error) {
     report(context, runtimeReport(error));
   } catch (const std::ios_base::failure&) {
+    if (const auto status = endSignalStatus()) return status;  // it has cut a write off
     report(context, "不能写出结果：输出已关闭");
   } catch (const std::exception& error) {
     report(context, std::string("内部错误：") + error.what());

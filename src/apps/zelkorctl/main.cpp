@@ -41,6 +41,7 @@ int runProgram(int argc, const char* const* argv) {
   } catch (const RuntimeError& error) {
     return failed("错误 " + std::to_string(error.number()) + "：" + error.what());
   } catch (const std::ios_base::failure&) {
+    if (const auto status = endSignalStatus()) return *status;  // it has cut a write off
     return failed("不能写出结果：输出已关闭");
   } catch (const std::exception& error) {
     return failed(std::string("内部错误：") + error.what());

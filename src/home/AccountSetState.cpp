@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/RuntimeError.h"
-#include "home/AccountHeader.h"
+#include "home/AccountTitle.h"
 #include "startup/Arguments.h"
 #include "startup/OnlyJob.h"
 #include "startup/RunTypes.h"
@@ -28,7 +28,7 @@ void look(AccountSetState& state) {
   DbEngine engine(notices);
   Database data = engine.OpenDatabase(state.set.dataFile);
   Database system = engine.OpenDatabase(state.set.systemFile);
-  if (AccountHeader header = accountHeader(system, state.set.account); !header.name.empty()) {
+  if (AccountTitle header = accountTitle(system, state.set.account); !header.name.empty()) {
     state.set.name = std::move(header.name);
     state.set.unit = std::move(header.unit);
   }

@@ -21,7 +21,7 @@ class OpenBooks {
 
   BookReading read(TallyDepth depth) {
     BookReading reading;
-    reading.header = accountHeader(books_.system, books_.account);
+    reading.header = accountTitle(books_.system, books_.account);
     const CardTally cards = tallyCards(books_, depth);
     reading.facts = readMonthFacts(books_, cards);
     if (depth == TallyDepth::Whole) addFigures(cards, reading);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "home/AccountHeader.h"
+#include "home/AccountTitle.h"
 #include "home/BookFigures.h"
 #include "home/MonthState.h"
 #include "home/RecentWork.h"
@@ -20,7 +20,7 @@ struct BooksPlace {
 };
 
 struct BookReading {
-  AccountHeader header;
+  AccountTitle header;
   MonthFacts facts;
   MonthState month;
   std::optional<BookFigures> figures;  // none in a first reading

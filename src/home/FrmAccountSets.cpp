@@ -5,7 +5,7 @@
 
 #include "base/Format.h"
 #include "base/RuntimeError.h"
-#include "home/AccountHeader.h"
+#include "home/AccountTitle.h"
 #include "home/FrmLogin.h"
 #include "home/FrmNewAccountSet.h"
 #include "store/engine/Statement.h"

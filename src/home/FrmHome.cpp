@@ -9,7 +9,7 @@
 
 #include "base/Format.h"
 #include "base/RuntimeError.h"
-#include "home/AccountHeader.h"
+#include "home/AccountTitle.h"
 #include "home/FrmAccountSets.h"
 #include "home/FrmConfirmName.h"
 #include "home/FrmEndDetail.h"

@@ -6,7 +6,7 @@
 
 #include "base/Format.h"
 #include "base/Text.h"
-#include "home/AccountHeader.h"
+#include "home/AccountTitle.h"
 #include "home/OwnCommands.h"
 #include "startup/OnlyJob.h"
 #include "startup/RunTypes.h"

@@ -38,8 +38,9 @@ using Relations = std::map<std::string, Relation, std::less<>>;
 Relations relationsOf(const WorkbookArchive& archive, const std::filesystem::path& part) {
   const auto file = part.parent_path() / "_rels" / (part.filename().string() + ".rels");
   if (!archive.has(file.string())) return {};
+  const XmlPart tree(archive, file.string());
   Relations relations;
-  for (const pugi::xml_node one : XmlPart(archive, file.string()).root().children()) {
+  for (const pugi::xml_node one : tree.root().children()) {
     const std::string_view type = attributeOf(one, "Type");
     const std::filesystem::path target = attributeOf(one, "Target");
     const auto path = target.is_absolute() ? target.relative_path() : part.parent_path() / target;

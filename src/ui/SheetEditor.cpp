@@ -144,7 +144,8 @@ void SheetEditor::openBeside(int step) {
 }
 
 bool SheetEditor::eventFilter(QObject* watched, QEvent* event) {
-  const bool taken = watched == box_ ? boxEvent(*event) : valueEvent(static_cast<QLabel*>(watched), *event);
+  auto* value = qobject_cast<QLabel*>(watched);  // none while one is being destroyed
+  const bool taken = watched == box_ ? boxEvent(*event) : value && valueEvent(value, *event);
   return taken || QObject::eventFilter(watched, event);
 }
 

@@ -45,7 +45,7 @@ class Desk {
 
   RunContext& context_;
   int number_;
-  const Workstation::Tell& tell_;
+  Workstation::Tell tell_;
   ClsBLLFACards cards_;
   std::map<ChangeKind, ChangeSheets> sheets_;
   int entered_ = 0;

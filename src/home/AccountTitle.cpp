@@ -1,10 +1,10 @@
-#include "home/AccountHeader.h"
+#include "home/AccountTitle.h"
 
 #include "store/engine/Statement.h"
 
 namespace zelkor {
 
-AccountHeader accountHeader(Database& system, const std::string& account) {
+AccountTitle accountTitle(Database& system, const std::string& account) {
   const Recordset row =
       system.OpenRecordset(sql("select cAcc_Name,cUnitName from za_account where cAcc_id='", account, "'"));
   if (row.Eof()) return {};

@@ -8,13 +8,13 @@
 namespace zelkor {
 
 /// What the system file calls an account set.
-struct AccountHeader {
+struct AccountTitle {
   std::string name;
   std::string unit;
 };
 
 /// Empty where the system file does not have the account.
-AccountHeader accountHeader(Database& system, const std::string& account);
+AccountTitle accountTitle(Database& system, const std::string& account);
 
 /// "2020年5月"
 std::string monthText(int year, int month);

@@ -35,7 +35,7 @@ class SheetReader {
   std::string textOfNumber(pugi::xml_node cell, std::string_view stored) const;
 
   const WorkbookMap& map_;
-  WorkbookPart part_;
+  ArchivePart part_;
   XmlPieces pieces_;
   pugi::xml_document tree_;
   std::size_t last_ = 0;    // number of the row that was read last

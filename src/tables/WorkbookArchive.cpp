@@ -43,13 +43,13 @@ void refuseWorkbook(const std::string& reason) {
   throw RuntimeError(ErrorNumber::DataTypeConversion, "工作簿读不出来：" + reason);
 }
 
-void WorkbookPart::Close::operator()(zip_file* file) const {
+void ArchivePart::Close::operator()(zip_file* file) const {
   zip_fclose(file);
 }
 
-WorkbookPart::WorkbookPart(zip_file* file, std::string name) : file_(file), name_(std::move(name)) {}
+ArchivePart::ArchivePart(zip_file* file, std::string name) : file_(file), name_(std::move(name)) {}
 
-std::size_t WorkbookPart::read(char* buffer, std::size_t size) {
+std::size_t ArchivePart::read(char* buffer, std::size_t size) {
   const zip_int64_t length = zip_fread(file_.get(), buffer, size);
   if (length < 0) refuseWorkbook(name_ + " 已损坏（" + zip_file_strerror(file_.get()) + "）");
   read_ += static_cast<std::size_t>(length);
@@ -57,7 +57,7 @@ std::size_t WorkbookPart::read(char* buffer, std::size_t size) {
   return static_cast<std::size_t>(length);
 }
 
-void WorkbookPart::finish() {
+void ArchivePart::finish() {
   std::array<char, 65536> rest;  // NOLINT: nobody looks at it
   while (read(rest.data(), rest.size()) > 0) {
   }
@@ -73,14 +73,14 @@ bool WorkbookArchive::has(const std::string& name) const {
   return zip_name_locate(archive_.get(), name.c_str(), 0) >= 0;
 }
 
-WorkbookPart WorkbookArchive::open(const std::string& name) const {
+ArchivePart WorkbookArchive::open(const std::string& name) const {
   zip_file* file = zip_fopen(archive_.get(), name.c_str(), 0);
   if (file == nullptr) refuseWorkbook(name + "（" + zip_strerror(archive_.get()) + "）");
   return {file, name};
 }
 
 std::string WorkbookArchive::text(const std::string& name) const {
-  WorkbookPart part = open(name);
+  ArchivePart part = open(name);
   std::string all;
   std::array<char, 65536> piece;  // NOLINT: written before it is read
   while (const std::size_t length = part.read(piece.data(), piece.size())) {

@@ -11,9 +11,9 @@ struct zip_file;
 namespace zelkor {
 
 /// A part of a workbook that is being read. What it unpacks to is bounded.
-class WorkbookPart {
+class ArchivePart {
  public:
-  WorkbookPart(zip_file* file, std::string name);
+  ArchivePart(zip_file* file, std::string name);
 
   /// The next bytes; 0 at the end, where the part's checksum has been found right.
   std::size_t read(char* buffer, std::size_t size);
@@ -36,7 +36,7 @@ class WorkbookArchive {
   explicit WorkbookArchive(std::string_view content);
 
   bool has(const std::string& name) const;
-  WorkbookPart open(const std::string& name) const;
+  ArchivePart open(const std::string& name) const;
   /// A part as a whole; refused beyond the size of those that describe a workbook.
   std::string text(const std::string& name) const;
 

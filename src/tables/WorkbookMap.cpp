@@ -59,7 +59,7 @@ std::string partOfType(const Relations& relations, std::string_view type) {
 TextList sharedTexts(const WorkbookArchive& archive, const std::string& name) {
   TextList texts;
   if (name.empty() || !archive.has(name)) return texts;
-  WorkbookPart part = archive.open(name);
+  ArchivePart part = archive.open(name);
   XmlPieces strings([&part](char* buffer, std::size_t size) { return part.read(buffer, size); }, "sst", "si");
   pugi::xml_document tree;
   std::size_t size = 0;

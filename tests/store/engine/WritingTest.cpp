@@ -196,6 +196,7 @@ TEST_F(WritingTest, ATableChangedByAnotherProcessIsReadAnew) {
   EXPECT_EQ(cell("select sMore from t"), "more");
   db.Execute("select sNum into copy from t");
   EXPECT_EQ(cell("select sNum from copy"), "1");
+  engine.flush();
   ASSERT_TRUE(stranger.run("DROP TABLE copy"));
   db.Execute("select sMore into copy from t");
   EXPECT_EQ(cell("select sMore from copy"), "more");

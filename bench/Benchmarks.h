@@ -71,6 +71,10 @@ double benchServerMonthEnd(const LargeAccountSet& set);
 /// prints a line each.
 void benchWire(const LargeAccountSet& set);
 
+/// How long another desk waits for what it saves, while nothing else happens, a month is run and a month is
+/// closed, all of them over a wire of 1 ms; prints the median, the 99th part of a hundred and the longest.
+void benchDesk(const LargeAccountSet& set);
+
 /// Runs every kind of job once on a server and prints which tables it went through as a whole, and its
 /// dearest statements where the server counts them.
 void benchServerScans(const LargeAccountSet& set);

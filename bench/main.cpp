@@ -32,6 +32,7 @@ void measure(std::string_view what, long largest) {
   if (what == "server") return measureServer(largest);
   if (what == "scans") return benchServerScans(LargeAccountSet(LargeAccountSet(largest), benchServer()));
   if (what == "wire") return benchWire(LargeAccountSet(LargeAccountSet(largest), benchServer()));
+  if (what == "desk") return benchDesk(LargeAccountSet(LargeAccountSet(largest), benchServer()));
   if (what == "import") return benchImport();
   const LargeAccountSet small(1000);
   const LargeAccountSet large(largest);
@@ -70,7 +71,7 @@ void measure(std::string_view what, long largest) {
 
 /// zelkor_bench
 /// [all|statements|run|plan|monthend|save|register|sheet|billing|reports|exports|check|backup|server|wire|
-/// scans|import] [cards of the largest account set]
+/// desk|scans|import] [cards of the largest account set]
 int main(int argc, char** argv) {
   try {
     zelkor::bench::measure(argc > 1 ? argv[1] : "all", argc > 2 ? std::atol(argv[2]) : 100000);

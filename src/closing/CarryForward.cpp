@@ -85,6 +85,7 @@ class CarryForward {
 };
 
 void CarryForward::carry(std::span<const CarriedCard> cards) {
+  const auto alone = data_.shutOthersOut();
   std::vector<Carried> carried;
   std::exception_ptr failure = failureOf([&] { readLedgers(cards, carried); });
   if (const auto earlier = failureOf([&] { readDepartments(carried); })) failure = earlier;

@@ -109,6 +109,7 @@ std::int16_t CalcCardDepr(RunContext& run, const std::string& cardNum) {
 }
 
 void calcCardsDepr(RunContext& run, std::span<const std::string> cardNums, DeprThisYear& deprThisYear) {
+  const auto alone = run.dbZKData.shutOthersOut();
   std::vector<ComputedCard> cards;
   std::exception_ptr failure;
   try {

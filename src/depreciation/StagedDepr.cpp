@@ -1,12 +1,14 @@
 #include "depreciation/StagedDepr.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -22,7 +24,7 @@ std::string digest(const RunContext& run) {
   return "计提第[" + std::to_string(run.period()) + "]期间折旧";
 }
 
-void addDebitRow(const RunContext& run, Recordset& staged, const Recordset& group, std::int16_t inid) {
+void setDebitRow(const RunContext& run, Recordset& staged, const Recordset& group, std::int16_t inid) {
   const std::string opDate = Format(run.gdOpDate, "yyyy-m-d");
   const std::string subject = group.TextOrEmpty("sSubjectNum");
   staged.AddNew();
@@ -49,7 +51,28 @@ void addDebitRow(const RunContext& run, Recordset& staged, const Recordset& grou
   for (const char* right : kEditingRights) staged.Collect(right, true);
   staged.Collect("cDefine5", inid);
   staged.Collect("cDefine10", "折旧计提");
-  staged.Update();
+}
+
+/// What the debit rows of a month come to.
+struct DebitRows {
+  Currency total;
+  std::int16_t next = 1;  // the number of the row after them
+};
+
+/// Adds one for each department and subject whose amount is not 0, many together.
+void addDebitRows(RunContext& run, StatementGroup& rows, DebitRows& added) {
+  Recordset groups = run.dbZKData.OpenRecordset(
+      "select sum(dblCredit) as dblJZE,sDeptNum,sSubjectNum from fa_DeprVouchers group by "
+      "sDeptNum,sSubjectNum");
+  for (; !groups.Eof(); groups.MoveNext()) {
+    const double amount = groups.Fields("dblJZE").numberOrZero();
+    if (amount == 0) continue;
+    rows.add("select * from fa_ZWVouchers",
+             [&](Recordset& staged) { setDebitRow(run, staged, groups, added.next); });
+    if (static_cast<std::size_t>(added.next) % StatementGroup::kThings == 0) rows.run();
+    added.total = Currency::fromDouble(added.total.toDouble() + amount);
+    added.next = CInt(static_cast<double>(added.next) + 1);
+  }
 }
 
 void addCreditRow(RunContext& run, Currency total, std::int16_t inid) {
@@ -72,22 +95,10 @@ void addCreditRow(RunContext& run, Currency total, std::int16_t inid) {
 void stageDepr(RunContext& run) {
   Database& data = run.dbZKData;
   data.Execute(sql("delete from fa_ZWVouchers where ioutperiod=", run.period(), " and coutsign='折旧计提'"));
-  Recordset groups = data.OpenRecordset(
-      "select sum(dblCredit) as dblJZE,sDeptNum,sSubjectNum from fa_DeprVouchers group by "
-      "sDeptNum,sSubjectNum");
-  Currency total;
-  std::int16_t inid = 1;
-  Recordset staged = data.OpenRecordset("fa_ZWVouchers");
-  for (; !groups.Eof(); groups.MoveNext()) {
-    const double amount = groups.Fields("dblJZE").numberOrZero();
-    if (amount == 0) continue;
-    addDebitRow(run, staged, groups, inid);
-    total = Currency::fromDouble(total.toDouble() + amount);
-    inid = CInt(static_cast<double>(inid) + 1);
-  }
-  staged.Close();
-  groups.Close();
-  addCreditRow(run, total, inid);
+  StatementGroup rows(data);
+  DebitRows debits;
+  rows.runAll([&] { addDebitRows(run, rows, debits); });
+  addCreditRow(run, debits.total, debits.next);
 }
 
 }  // namespace zelkor

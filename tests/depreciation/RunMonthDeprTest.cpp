@@ -1,3 +1,4 @@
+#include "depreciation/StagedDepr.h"
 #include "DepreciationFixture.h"
 #include "support/Golden.h"
 #include "support/MonthlyRun.h"
@@ -76,20 +77,22 @@ TEST_F(RunMonthDeprTest, replacesWhatAnEarlierRunLeft) {
   EXPECT_EQ(rows("select sNum from fa_DeprVoucherMain").size(), 2U);
 }
 
-// One wait for what is read of some cards and one for what is written.
+// One wait for what is read of some cards, one for what is written and one for its end; one for 200 staged
+// rows.
 TEST_F(RunMonthDeprTest, waitsForAServerOnceForManyCards) {
   if (!onServer()) GTEST_SKIP() << "needs a server";
   std::vector<std::uint64_t> waits;
   for (const int cards : {1, 10, 500}) {
     for (int n = static_cast<int>(rows("select sCardNum from fa_Cards").size()); n < cards; ++n) {
-      add({.cardNum = std::to_string(10000 + n)});
+      add({.cardNum = std::to_string(10000 + n), .subject = std::to_string(n % 300)});
     }
     const std::uint64_t before = db().waits();
     wholeRun();
     waits.push_back(db().waits() - before);
   }
-  EXPECT_EQ(waits, (std::vector<std::uint64_t>{23, 18, 24}));
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{24, 19, 28}));
   EXPECT_EQ(allocationRows().size(), 500U);
+  EXPECT_EQ(staged("inid").size(), 301U);
 }
 
 TEST_F(RunMonthDeprTest, writesTheCreditRowAlsoForNothing) {
@@ -146,6 +149,26 @@ TEST_F(RunMonthDeprTest, endsTheProgramWithoutACard) {
   EXPECT_EQ(row("select Count(*) from fa_ZWVouchers"), "0");
   EXPECT_EQ(row("select Count(*) from fa_DeprVoucherMain"), "0");
   EXPECT_EQ(needDepr(), before);
+}
+
+// The year's total of a card is read behind what is written for it, and before what follows.
+TEST_F(RunMonthDeprTest, endsAtTheCardWhoseYearOverflows) {
+  for (int n = 1; n <= 30; ++n) add({.cardNum = std::to_string(10000 + n), .value = "1000"});
+  execute(
+      "update fa_DeprTransactions set dblDepr1=900000000000000,dblDepr2=900000000000000 where "
+      "sCardNum='10010'");
+  expectRunQuestion(dialogs, Answer::Yes);
+  EXPECT_EQ(errorOf([&] { RunMonthDepr(context, {}); }), 6);
+  EXPECT_EQ(allocationRows().size(), 9U);
+  EXPECT_EQ(row("select Count(*) from fa_DeprTransactions where dblDepr5=7.9"), "10");
+  EXPECT_EQ(row("select Count(*) from fa_DeprTransactions where dblDeprThisYear=7.9"), "30");
+}
+
+TEST_F(RunMonthDeprTest, keepsTheStagedRowsBeforeOneThatFails) {
+  for (const char* row : {"'1',5", "'2',900000000000000", "'2',900000000000000", "'3',7"})
+    execute(sql("insert into fa_DeprVouchers (sDeptNum,dblCredit) values (", row, ")"));
+  EXPECT_NE(errorOf([&] { stageDepr(context); }), 0);
+  EXPECT_EQ(staged("inid,cdept_id,md"), std::vector<std::string>{"1|1|5"});
 }
 
 TEST_F(RunMonthDeprTest, leavesWhatWentBeforeAFailure) {

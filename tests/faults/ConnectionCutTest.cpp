@@ -6,6 +6,7 @@
 #include "faults/FaultFixture.h"
 #include "faults/ServerCuts.h"
 #include "faults/Workstation.h"
+#include "store/engine/StatementGroup.h"
 
 // What a server that goes away in the middle of the work has taken: a session that is ended, a server that is
 // restarted, one that crashes.
@@ -20,13 +21,23 @@ class ConnectionCutTest : public FaultFixture {
   }
 };
 
-/// Numbers its memos from 1 and tells of each that the server has taken; of every tenth when it is on disk.
-void writeMemos(RunContext& context, const Workstation::Tell& tell) {
-  for (int i = 1;; ++i) {
-    context.dbZKData.Execute("insert into Fa_log (mMemo) values ('" + std::to_string(i) + "')");
-    if (i % 10 == 0) context.engine.flush();
-    tell((i % 10 == 0 ? "forced " : "taken ") + std::to_string(i));
-  }
+/// So many memos, numbered, behind those before them.
+void writeMemos(RunContext& context, int written, int memos) {
+  StatementGroup group(context.dbZKData);
+  for (int i = 1; i <= memos; ++i)
+    group.execute("insert into Fa_log (mMemo) values ('" + std::to_string(written + i) + "')");
+  group.run();
+}
+
+/// Tells of its memos that the server has taken them; every tenth time when they are on disk.
+Workstation::Work writingGroupsOf(int memos) {
+  return [memos](RunContext& context, const Workstation::Tell& tell) {
+    for (int i = 1;; ++i) {
+      writeMemos(context, (i - 1) * memos, memos);
+      if (i % 10 == 0) context.engine.flush();
+      tell((i % 10 == 0 ? "forced " : "taken ") + std::to_string(i * memos));
+    }
+  };
 }
 
 struct Acknowledged {
@@ -42,16 +53,20 @@ struct Acknowledged {
   }
 };
 
-// The statements that the server has taken are there in their order without a gap. A crash may lose the last
-// ones, but none before the last flush; any other end loses none.
-TEST_F(ConnectionCutTest, WhatTheServerHasTakenStays) {
+class ConnectionCutInGroupsTest : public ConnectionCutTest, public testing::WithParamInterface<int> {};
+
+// The statements that the server has taken are there in their order without a gap, of a group all. A crash
+// may lose the last ones, but none before the last flush; any other end loses none.
+TEST_P(ConnectionCutInGroupsTest, WhatTheServerHasTakenStays) {
+  const int memos = GetParam();
   for (const Cut cut : {Cut::Session, Cut::Restart, Cut::Crash}) {
     SCOPED_TRACE(nameOf(cut));
     StartSignal start;
-    Workstation station(set, "张三", start, writeMemos);
+    Workstation station(set, "张三", start, writingGroupsOf(memos));
     start.give();
     Acknowledged acknowledged;
-    for (std::string line; acknowledged.taken < 137 && station.nextLine(line);) acknowledged.note(line);
+    for (std::string line; acknowledged.taken < 37 * memos && station.nextLine(line);)
+      acknowledged.note(line);
     cutOff(cut, set);
     Lines lines;
     EXPECT_EQ(station.finish(lines), 1);
@@ -64,9 +79,12 @@ TEST_F(ConnectionCutTest, WhatTheServerHasTakenStays) {
       ASSERT_NE(kept[i].find(" " + std::to_string(i + 1) + " |"), std::string::npos) << kept[i];
     EXPECT_GE(kept.size(),
               static_cast<std::size_t>(cut == Cut::Crash ? acknowledged.forced : acknowledged.taken));
+    EXPECT_EQ(kept.size() % static_cast<std::size_t>(memos), 0U);
     done({"sql", set.dataFile(), "delete from Fa_log"});
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Memos, ConnectionCutInGroupsTest, testing::Values(1, 50));
 
 TEST_F(ConnectionCutTest, AServerThatIsDownIsToldAtTheStart) {
   ASSERT_TRUE(controlTestServer("stop -m fast"));
@@ -79,27 +97,31 @@ TEST_F(ConnectionCutTest, AServerThatIsDownIsToldAtTheStart) {
   done(import());
 }
 
-TEST_F(ConnectionCutTest, AServerThatHangsIsWaitedFor) {
+TEST_P(ConnectionCutInGroupsTest, AServerThatHangsIsWaitedFor) {
   StartSignal start;
-  Workstation station(set, "张三", start, [](RunContext& context, const Workstation::Tell& tell) {
-    for (int i = 0; i < 2000; ++i) {
-      context.dbZKData.Execute("insert into Fa_log (mMemo) values ('x')");
-      if (i == 0) tell("begun");
-    }
-    tell("done");
-  });
+  constexpr int kMemos = 2000;
+  Workstation station(set, "张三", start,
+                      [memos = GetParam()](RunContext& context, const Workstation::Tell& tell) {
+                        for (int i = 0; i < kMemos; i += memos) {
+                          writeMemos(context, i, memos);
+                          if (i == 0) tell("begun");
+                        }
+                        tell("done");
+                      });
   start.give();
   std::string line;
   ASSERT_TRUE(station.nextLine(line));
-  const pid_t backend =
-      std::stoi(set.ask(std::string("SELECT pid") + kOtherSessions + " AND query ILIKE '%fa_log%'"));
+  // The last statement of a group sets what its first has set back.
+  const pid_t backend = std::stoi(set.ask(std::string("SELECT pid") + kOtherSessions +
+                                          " AND (query ILIKE '%fa_log%' OR query ILIKE '%lock_timeout%')" +
+                                          " ORDER BY state_change DESC LIMIT 1"));
   ASSERT_EQ(::kill(backend, SIGSTOP), 0);
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   ASSERT_EQ(::kill(backend, SIGCONT), 0);
   Lines lines;
   EXPECT_EQ(station.finish(lines), 0);
   EXPECT_EQ(lines, Lines{"done"});
-  EXPECT_EQ(set.rows("Fa_log").size(), 2000U);
+  EXPECT_EQ(set.rows("Fa_log").size(), static_cast<std::size_t>(kMemos));
 }
 
 }  // namespace

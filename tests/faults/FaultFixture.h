@@ -57,14 +57,16 @@ class FaultFixture : public ProgramTest {
     return content();
   }
 
-  const int cards;
-  KeptAccountSet set;
-
- private:
+  /// The number of a card of the register, counted from 0.
   static std::string numberOf(int card) {
     const std::string number = std::to_string(card + 1);
     return std::string(5 - number.size(), '0') + number;
   }
+
+  const int cards;
+  KeptAccountSet set;
+
+ private:
   static std::string sheetRows(int card) {
     const std::string number = numberOf(card);
     const std::string raised = "原值增加," + number + ",100,盘盈\n";

@@ -1,6 +1,7 @@
 #include "store/accountset/ReinitialiseAccount.h"
 
 #include <array>
+#include <cstddef>
 
 #include "store/catalogue/CopiedColumns.h"
 #include "store/engine/Statement.h"
@@ -8,6 +9,9 @@
 
 namespace zelkor {
 namespace {
+
+/// What is emptied together stays locked until the last table is filled.
+constexpr std::size_t kTablesTogether = 5;
 
 /// How a table gets back its first content.
 enum class Reset { FromTemplate, DeleteOnly, Recreate };
@@ -105,13 +109,14 @@ void ReinitialiseAccount(DbEngine& engine, const std::string& path, Database& da
   data = engine.OpenDatabase(path);
   StatementGroup group(data);
   resetOptions(group);
+  std::size_t waiting = 0;
   for (const ResetTable& table : kTables) {
-    if (table.reset != Reset::Recreate) {
-      resetTable(group, table);
-      continue;
+    const bool recreate = table.reset == Reset::Recreate;
+    if (recreate || ++waiting > kTablesTogether) {
+      group.run();
+      waiting = recreate ? 0 : 1;
     }
-    group.run();
-    recreateItemsManual(data);
+    recreate ? recreateItemsManual(data) : resetTable(group, table);
   }
   removeUserItems(group);
   group.execute("UPDATE GL_mend SET bflag_FA = 0");

@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "store/dialect/binding/NameErrors.h"
 #include "store/engine/Binding.h"
+#include "store/engine/Database.h"
 #include "store/engine/RecordsetState.h"
 
 namespace zelkor {
@@ -32,6 +33,11 @@ bool isUnknownName(const RuntimeError& error) {
          error.is(ErrorNumber::UndefinedFunction);
 }
 
+// What is known of the tables may be older than what others have done to them.
+bool mayBeOutdated(const RuntimeError& error) {
+  return isUnknownName(error) || error.is(ErrorNumber::TableAlreadyExists);
+}
+
 }  // namespace
 
 Connection::Connection(std::unique_ptr<Engine> engine, std::string advice)
@@ -55,7 +61,7 @@ auto Connection::withStatement(std::string_view sql, Use use) {
   try {
     return use(*statements_.find(sql, shape_));
   } catch (const RuntimeError& error) {
-    if (!isUnknownName(error)) throw;
+    if (!mayBeOutdated(error)) throw;
   }
   forgetTables();
   try {
@@ -184,29 +190,63 @@ std::shared_ptr<RecordsetState> Connection::openForAdding(std::string_view sql) 
   });
 }
 
-void Connection::together(std::span<const AheadStatement> statements) {
+void Connection::sendQueries(std::span<const AheadStatement> queries) {
   goOn();
-  const bool writes =
-      std::ranges::any_of(statements, [](const AheadStatement& one) { return one.action != nullptr; });
-  if (writes) {
-    letReadersGo();
-    gathering_.beforeWrite();
-    ++writes_;
-  }
+  gathering_.afterStatement();
+  for (const AheadStatement& query : queries) query.rows->sendAhead();
+}
+
+// What `use` raises takes back what has been written: outside a transaction one is begun for that. Its begin
+// goes along with the statements.
+void Connection::together(std::span<const AheadStatement> statements, const std::function<void()>& use) {
+  goOn();
+  letReadersGo();
+  gathering_.beforeWrite();
+  ++writes_;
+  const bool begins = use && !engine_->inTransaction();
   try {
-    for (const AheadStatement& one : statements) one.action ? one.action->sendAhead() : one.rows->sendAhead();
-    if (!writes) return;
-    engine_->takeAnswers();
-    for (const AheadStatement& one : statements) {
-      if (one.rows) one.rows->startSent();
-      while (one.action && one.action->step()) {
-      }
-    }
+    if (begins) engine_->begin();
+    carryOut(statements);
+    if (use) useBeforeKept(use);
+    if (begins) engine_->commit();
   } catch (const RuntimeError& reason) {
+    takeBack(begins);
     gathering_.afterFailure(reason);
+    throw;
+  } catch (...) {
+    takeBack(begins);
     throw;
   }
   gathering_.afterWrite();
+}
+
+// Reading on in the rows must not commit what may have to be taken back.
+void Connection::useBeforeKept(const std::function<void()>& use) {
+  const KeptTogether held(shared_from_this());
+  engine_->keepGroupForTakingBack(true);
+  use();
+  engine_->keepGroupForTakingBack(false);
+}
+
+void Connection::takeBack(bool begun) {
+  try {
+    engine_->keepGroupForTakingBack(false);
+    begun ? engine_->rollback() : engine_->takeBackGroup();
+  } catch (const RuntimeError&) {
+    // The connection is gone, and all that was not committed with it.
+  }
+}
+
+void Connection::carryOut(std::span<const AheadStatement> statements) {
+  engine_->openGroup();
+  for (const AheadStatement& one : statements) one.action ? one.action->sendAhead() : one.rows->sendAhead();
+  engine_->closeGroup();
+  engine_->takeAnswers();
+  for (const AheadStatement& one : statements) {
+    if (one.rows) one.rows->startSent();
+    while (one.action && one.action->step()) {
+    }
+  }
 }
 
 // Several engine statements that must stand or fall as the one statement that they are.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -46,9 +47,12 @@ class Connection : public std::enable_shared_from_this<Connection> {
   std::optional<AheadStatement> ahead(std::string_view sql, bool besideWrites);
   /// The query opened for nothing but adding a row; nothing where it is none.
   std::shared_ptr<RecordsetState> openForAdding(std::string_view sql);
-  /// Sends all of them and waits once. What fails is raised at the first of them that fails, and nothing of
-  /// what they have written stays. Queries alone are sent only: `startSent` waits for each one's rows.
-  void together(std::span<const AheadStatement> statements);
+  /// Sends statements some of which write, and waits once; then calls `use`, where there is one, before what
+  /// they have written is kept. A failure is that of the first that fails, or of `use`; nothing of what they
+  /// have written stays then.
+  void together(std::span<const AheadStatement> statements, const std::function<void()>& use);
+  /// Sends queries: `startSent` waits for each one's rows.
+  void sendQueries(std::span<const AheadStatement> queries);
 
   /// Commits gathered statements and lets recordsets give up the rows that they are still reading from.
   void writeOut();
@@ -84,6 +88,9 @@ class Connection : public std::enable_shared_from_this<Connection> {
   Recordset openQuery(std::string_view sql);
   long run(CachedStatement& statement, const dialect::Shape& shape);
   long runAction(CachedStatement& statement, const dialect::Shape& shape);
+  void carryOut(std::span<const AheadStatement> statements);
+  void useBeforeKept(const std::function<void()>& use);
+  void takeBack(bool begun);
   long runTableChange(const CachedStatement& statement, const dialect::Shape& shape);
   void sendParts(const CachedStatement& statement, const dialect::Shape& shape);
   void stepParts(const CachedStatement& statement, const dialect::Shape& shape);

@@ -42,6 +42,12 @@ void Database::lockForWriting() {
   connection().gathering().beforeWrite();
 }
 
+std::unique_ptr<KeptTogether> Database::shutOthersOut() {
+  if (!connection().engine().gathersWrites()) return nullptr;
+  connection().gathering().beforeWrite();
+  return std::make_unique<KeptTogether>(connection_);
+}
+
 std::uint64_t Database::waits() const {
   return connection().engine().waits();
 }

@@ -52,6 +52,9 @@ class Database {
   /// Inside a workspace transaction: takes the engine's write lock, where it has one, before the first write;
   /// waits for other writers. What is read from now on nobody else can change before the transaction ends.
   void lockForWriting();
+  /// Where a writer shuts all others out: does so until the result goes, so that what is read is what is
+  /// written by it. Elsewhere nothing.
+  [[nodiscard]] std::unique_ptr<KeptTogether> shutOthersOut();
   /// See Engine::waits.
   std::uint64_t waits() const;
   void Close() { connection_.reset(); }

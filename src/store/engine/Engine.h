@@ -73,6 +73,15 @@ class Engine {
   virtual bool sendsAhead() const { return false; }
   /// Waits for the answers of all statements that were sent ahead, and keeps what they give.
   virtual void takeAnswers() {}
+  /// Before and after the statements of a group that writes, sent with them: in between nobody's lock is
+  /// waited for longer than a moment, so that what the group has locked holds nobody up.
+  virtual void openGroup() {}
+  virtual void closeGroup() {}
+  /// Inside a transaction, after a group that has written: until it is kept no longer, all that it has
+  /// written can be taken back. What is only read meanwhile takes nothing of it back when it fails.
+  virtual void keepGroupForTakingBack(bool /*on*/) {}
+  /// Inside a transaction: takes back all that the group has written that was carried out last.
+  virtual void takeBackGroup() {}
   /// What somebody who looks for the reason of slow work should know of the connection; mostly empty.
   virtual std::string remark() const { return {}; }
   /// How often an answer has been waited for: once for each round trip to a server.

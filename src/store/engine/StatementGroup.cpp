@@ -30,7 +30,7 @@ StatementGroup::StatementGroup(Database& database)
     : database_(database), sendsAhead_(database.connection().engine().sendsAhead()) {}
 
 void StatementGroup::execute(std::string_view sql) {
-  if (sendsAhead_) return steps_.push_back({std::string(sql), nullptr, nullptr});
+  if (sendsAhead_) return steps_.push_back({.sql = std::string(sql)});
   database_.Execute(sql);
   ++carriedOut_;
 }
@@ -43,7 +43,7 @@ void StatementGroup::addRows(std::string_view sql, std::size_t rows,
   if (table == nullptr) {
     ++carriedOut_;
   } else if (!table->isWholeTable()) {
-    steps_.push_back({std::string(sql), [](Recordset&) {}, nullptr});
+    steps_.push_back({.sql = std::string(sql), .isQuery = true});
   }
   for (std::size_t i = 0; i < rows; ++i) {
     fill(row, i);
@@ -51,7 +51,7 @@ void StatementGroup::addRows(std::string_view sql, std::size_t rows,
       row.Update();
       ++carriedOut_;
     } else {
-      steps_.push_back({"", nullptr, std::make_shared<const AddedRow>(AddedRow{table, table->takeEdit()})});
+      steps_.push_back({.row = std::make_shared<const AddedRow>(AddedRow{table, table->takeEdit()})});
     }
   }
 }
@@ -83,24 +83,30 @@ Recordset StatementGroup::rowsOf(std::string_view sql) {
 }
 
 void StatementGroup::run() {
-  while (!steps_.empty()) {
-    const std::vector<Step> steps = std::exchange(steps_, {});
-    for (std::span<const Step> rest(steps); !rest.empty();) {
-      const std::size_t done = runTogether(rest);
-      if (done == 0) runOne(rest.front());
-      rest = rest.subspan(std::max(done, std::size_t{1}));
-    }
+  try {
+    while (!steps_.empty()) runTaken(std::exchange(steps_, {}));
+  } catch (...) {
+    steps_.clear();
+    throw;
+  }
+}
+
+void StatementGroup::runTaken(std::span<const Step> steps) {
+  while (!steps.empty()) {
+    const std::size_t done = runTogether(steps);
+    if (done == 0) runOne(steps.front());
+    steps = steps.subspan(std::max(done, std::size_t{1}));
   }
 }
 
 void StatementGroup::runOne(const Step& step) {
   if (step.row) {
     step.row->table->write(step.row->edit);
-  } else if (!step.use) {
+  } else if (!step.isQuery) {
     database_.Execute(step.sql);
   } else {
     Recordset rows = database_.OpenRecordset(step.sql);
-    step.use(rows);
+    if (step.use) step.use(rows);
   }
   ++carriedOut_;
 }
@@ -117,15 +123,15 @@ std::optional<AheadStatement> StatementGroup::aheadOf(const Step& step, bool bes
 
 std::size_t StatementGroup::runTogether(std::span<const Step> steps) {
   const auto write = [](std::span<const Step> some) {
-    return std::ranges::any_of(some, [](const Step& step) { return step.use == nullptr; });
+    return std::ranges::any_of(some, [](const Step& step) { return !step.isQuery; });
   };
   const bool besideWrites = write(steps);
   if (!besideWrites) steps = steps.first(std::min(steps.size(), kMostQueries));
   Sent sent;
   for (const Step& step : steps) {
     auto ahead = aheadOf(step, besideWrites);
-    const bool isQuery = step.use != nullptr;
-    if (!ahead || (ahead->rows != nullptr) != isQuery || (ahead->action != nullptr) == isQuery) break;
+    if (!ahead || (ahead->rows != nullptr) != step.isQuery || (ahead->action != nullptr) == step.isQuery)
+      break;
     sent.push_back(std::move(*ahead));
   }
   // One alone gains something only where its guard goes along.
@@ -134,23 +140,50 @@ std::size_t StatementGroup::runTogether(std::span<const Step> steps) {
   return write(steps) ? carryOut(steps, std::move(sent)) : read(steps, std::move(sent));
 }
 
+// Then what using the rows raises must come before that. A query that is only opened raises nothing then.
+bool StatementGroup::writesBehindAUse(std::span<const Step> steps) {
+  const auto used = std::ranges::find_if(steps, [](const Step& step) { return step.use != nullptr; });
+  return std::any_of(used, steps.end(), [](const Step& step) { return !step.isQuery; });
+}
+
 std::size_t StatementGroup::carryOut(std::span<const Step> steps, Sent sent) {
+  std::size_t used = 0;               // of the steps, from the first
+  std::size_t asked = steps_.size();  // behind them, by those uses
+  const auto use = [&] {
+    for (; used < steps.size(); ++used) {
+      useRows(steps[used].use, std::move(sent[used].rows));
+      asked = steps_.size();
+    }
+  };
+  const bool usesFirst = writesBehindAUse(steps);
   try {
-    database_.connection().together(sent);
+    database_.connection().together(sent, usesFirst ? std::function<void()>(use) : nullptr);
   } catch (const RuntimeError& error) {
     if (error.is(ErrorNumber::DeviceIo)) throw;  // nobody is there to take them again
     sent.clear();
-    for (const Step& step : steps) runOne(step);
+    steps_.resize(asked);
+    runUnused(steps, used);
     return steps.size();
   }
   carriedOut_ += steps.size();
-  for (std::size_t i = 0; i < steps.size(); ++i) useRows(steps[i].use, std::move(sent[i].rows));
+  use();
   return steps.size();
+}
+
+// All one by one, but for the first ones' rows, which have been used.
+void StatementGroup::runUnused(std::span<const Step> steps, std::size_t used) {
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    if (i >= used || !steps[i].use) {
+      runOne(steps[i]);
+    } else {
+      ++carriedOut_;
+    }
+  }
 }
 
 // A query that fails is left to be carried out by itself.
 std::size_t StatementGroup::read(std::span<const Step> steps, Sent sent) {
-  database_.connection().together(sent);
+  database_.connection().sendQueries(sent);
   for (std::size_t i = 0; i < steps.size(); ++i) {
     try {
       sent[i].rows->startSent();

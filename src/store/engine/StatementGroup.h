@@ -23,10 +23,10 @@ struct AheadStatement;
 /// those before it have written, and what they leave behind, a failure included, is what they leave when each
 /// is waited for.
 ///
-/// On a server they go out as a group that stands or falls as one: when one fails, all of them are taken back
-/// and carried out again one by one, up to the failure. An engine that answers at once carries each out as it
-/// is added. So whoever adds them must not count on either: the rows of a query are used when it is added, or
-/// when the group is run.
+/// On a server they go out as a group that stands or falls as one: when one fails, or has to wait for
+/// somebody's lock for more than a moment, all of them are taken back and carried out again one by one, up to
+/// the failure. An engine that answers at once carries each out as it is added. So whoever adds them must not
+/// count on either: the rows of a query are used when it is added, or when the group is run.
 class StatementGroup {
  public:
   /// Of so many things the statements go out together: enough that a wait hardly counts, few enough that
@@ -39,6 +39,10 @@ class StatementGroup {
   /// `use` is called with the rows, which are given up afterwards. It runs no statement that writes. It may
   /// add queries for what the rows have told; on a server they go out together after all that was added
   /// before.
+  ///
+  /// What it raises ends the group as a statement that fails does, and nothing stays of what was to be
+  /// written behind it; where something was, it is called once more to raise again. A failure of a query that
+  /// it asks by itself and passes over takes nothing back that the group has written.
   template <typename Use>
   void open(std::string_view sql, Use use) {
     if (!sendsAhead_) {
@@ -46,7 +50,7 @@ class StatementGroup {
       ++carriedOut_;
       return use(rows);
     }
-    steps_.push_back({std::string(sql), std::move(use), nullptr});
+    steps_.push_back({.sql = std::string(sql), .isQuery = true, .use = std::move(use)});
   }
   /// Opens the statement to add so many rows, of which `fill` begins each and sets its fields. It looks at no
   /// other row.
@@ -71,6 +75,9 @@ class StatementGroup {
     } catch (const RuntimeError&) {
       run();
       throw;
+    } catch (...) {
+      steps_.clear();
+      throw;
     }
     run();
   }
@@ -78,15 +85,17 @@ class StatementGroup {
   std::size_t added() const { return carriedOut_ + steps_.size(); }
   std::size_t carriedOut() const { return carriedOut_; }
   /// Carries out what was added. Rows of queries are used in their order; where the group writes too, after
-  /// all of it, and until then their rows are kept.
+  /// all of it, and until then their rows are kept. After a failure nothing that was added is left. On a
+  /// server that is one wait, and another where rows are used before something that is written.
   void run();
 
  private:
   struct AddedRow;
   struct Step {
-    std::string sql;
-    std::function<void(Recordset&)> use;  // of a query
-    std::shared_ptr<const AddedRow> row;  // instead of both
+    std::string sql{};
+    bool isQuery = false;
+    std::function<void(Recordset&)> use{};  // of a query whose rows somebody asks for
+    std::shared_ptr<const AddedRow> row{};  // instead of a statement
   };
 
   using Sent = std::vector<AheadStatement>;
@@ -95,7 +104,10 @@ class StatementGroup {
   std::size_t runTogether(std::span<const Step> steps);
   std::size_t carryOut(std::span<const Step> steps, Sent sent);
   std::size_t read(std::span<const Step> steps, Sent sent);
+  void runTaken(std::span<const Step> steps);
+  void runUnused(std::span<const Step> steps, std::size_t used);
   void runOne(const Step& step);
+  static bool writesBehindAUse(std::span<const Step> steps);
   std::optional<AheadStatement> aheadOf(const Step& step, bool besideWrites);
 
   Database& database_;

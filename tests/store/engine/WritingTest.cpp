@@ -194,6 +194,12 @@ TEST_F(WritingTest, ATableChangedByAnotherProcessIsReadAnew) {
                                       : "ALTER TABLE t ADD COLUMN sMore TEXT(10) COLLATE NOCASE"));
   db.Execute("insert into t (sNum,sMore) values ('1','more')");
   EXPECT_EQ(cell("select sMore from t"), "more");
+  db.Execute("select sNum into copy from t");
+  EXPECT_EQ(cell("select sNum from copy"), "1");
+  engine.flush();
+  ASSERT_TRUE(stranger.run("DROP TABLE copy"));
+  db.Execute("select sMore into copy from t");
+  EXPECT_EQ(cell("select sMore from copy"), "more");
 }
 
 struct BadFile {

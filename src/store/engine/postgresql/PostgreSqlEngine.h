@@ -32,6 +32,10 @@ class PostgreSqlEngine final : public Engine {
   bool sendsAhead() const override { return link_->sendsTogether(); }
   std::string remark() const override;
   void takeAnswers() override { link_->readInWhatIsLeft(); }
+  void openGroup() override;
+  void closeGroup() override;
+  void takeBackGroup() override { link_->takeBack(); }
+  void keepGroupForTakingBack(bool on) override { link_->keepSavepoint(on); }
   std::uint64_t waits() const override { return link_->waits(); }
   void begin() override;
   void commit() override;

@@ -97,6 +97,7 @@ PgResult PostgreSqlLink::checked(PgResult result) const {
 PgResult PostgreSqlLink::run(const std::string& sql) {
   readInWhatIsLeft();
   savepoint_ = Savepoint::None;
+  readSavepoint_ = false;
   ++waits_;
   const bool begins = std::exchange(beginOwed_, false);
   PgResult result =

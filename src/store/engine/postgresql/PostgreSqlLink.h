@@ -77,6 +77,8 @@ class PostgreSqlLink {
   /// Puts a statement on its way; its rows go into the stream, which has to stay where it is while it is
   /// open.
   void send(ServerStatement& statement, const PgValues& values, PostgreSqlStream& stream);
+  /// Puts a command without parameters on its way, whose rows nobody asks for.
+  void sendAhead(const std::string& command);
   /// Reads the next rows of an open stream, and all of those that are under way before it.
   void readOn(PostgreSqlStream& stream);
   /// Gives up what is left of a stream.
@@ -93,6 +95,11 @@ class PostgreSqlLink {
   void commit();
   void rollback();
   bool inTransaction() const;
+  /// Inside a transaction: undoes what the last trip has written before the savepoint was to be kept.
+  void takeBack();
+  /// After a trip that has written: its savepoint stays until it is kept no longer. What is only read
+  /// meanwhile undoes nothing of it when it fails.
+  void keepSavepoint(bool on);
   long changes() const { return changes_; }
   std::int64_t lastRowKey() const { return lastRowKey_; }
   /// Whether something has been written since the last call.
@@ -131,13 +138,13 @@ class PostgreSqlLink {
   std::vector<std::string> preamble();
   void openTrip();
   void runAlone(const std::vector<std::string>& commands);
-  void put(const std::string& command);
   void ask();
   void readFront(std::size_t upTo);
   void finishFront(PgResult result);
   void passOverRest();
   void endTrip();
   void giveUpTrip(const Awaited& failing, const pg_result* result);
+  void backToSavepoint();
   void noteCount(const pg_result* result);
   std::string columnsOfKey(const ServerFailure& failure) const;
 
@@ -154,6 +161,8 @@ class PostgreSqlLink {
   bool beginOwed_ = false;
   bool tripRefused_ = false;
   Savepoint savepoint_ = Savepoint::None;
+  bool savepointKept_ = false;
+  bool readSavepoint_ = false;  // set behind the one that is kept
   std::uint64_t named_ = 0;
   std::uint64_t waits_ = 0;
   long changes_ = 0;

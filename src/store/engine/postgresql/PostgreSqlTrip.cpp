@@ -21,6 +21,9 @@ constexpr unsigned kTextType = 25;  // the server's number of the type text
 constexpr const char* kSetSavepoint = "SAVEPOINT zk_step";
 constexpr const char* kLeaveSavepoint = "RELEASE zk_step";
 constexpr const char* kBackToSavepoint = "ROLLBACK TO zk_step";
+// Within the other, which takes it along when it goes.
+constexpr const char* kSetReadSavepoint = "SAVEPOINT zk_read";
+constexpr const char* kBackToReadSavepoint = "ROLLBACK TO zk_read";
 // Nearly every result is shorter; a longer one is walked through in pieces of this size.
 constexpr std::size_t kRowsAtOnce = 1000;
 constexpr std::size_t kAllRows = std::numeric_limits<std::size_t>::max();
@@ -52,6 +55,10 @@ std::vector<std::string> PostgreSqlLink::preamble() {
   for (const std::string& name : std::exchange(forgotten_, {})) commands.push_back("DEALLOCATE " + name);
   if (!tripInTransaction_) return commands;
   if (beginOwed_) commands.emplace_back("BEGIN");
+  if (savepointKept_ && savepoint_ != Savepoint::None) {
+    if (!std::exchange(readSavepoint_, true)) commands.emplace_back(kSetReadSavepoint);
+    return commands;
+  }
   if (savepoint_ == Savepoint::WrittenBehind) commands.emplace_back(kLeaveSavepoint);
   if (savepoint_ != Savepoint::Fresh) commands.emplace_back(kSetSavepoint);
   return commands;
@@ -67,10 +74,13 @@ void PostgreSqlLink::openTrip() {
   underWay_ = true;
   PQenterPipelineMode(connection_.get());
   if (!sendsTogether()) return;
-  for (const std::string& command : commands) {
-    PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
-    awaited_.emplace_back();
-  }
+  for (const std::string& command : commands) sendAhead(command);
+}
+
+void PostgreSqlLink::sendAhead(const std::string& command) {
+  openTrip();
+  PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+  awaited_.emplace_back();
 }
 
 void PostgreSqlLink::runAlone(const std::vector<std::string>& commands) {
@@ -164,7 +174,8 @@ void PostgreSqlLink::finishFront(PgResult result) {
   const PgResult end(PQgetResult(connection_.get()));
   if (PQresultStatus(end.get()) != PGRES_PIPELINE_SYNC) return giveUpTrip(front, end.get());
   beginOwed_ = false;
-  if (tripInTransaction_) savepoint_ = tripHasWritten_ ? Savepoint::WrittenBehind : Savepoint::Fresh;
+  if (tripInTransaction_ && !(savepointKept_ && savepoint_ == Savepoint::WrittenBehind))
+    savepoint_ = tripHasWritten_ ? Savepoint::WrittenBehind : Savepoint::Fresh;
   endTrip();
 }
 
@@ -211,9 +222,30 @@ void PostgreSqlLink::giveUpTrip(const Awaited& failing, const pg_result* result)
   endTrip();
   if (PQtransactionStatus(connection_.get()) != PQTRANS_INERROR) return;
   beginOwed_ = false;
+  backToSavepoint();
+}
+
+// While the savepoint is kept, what fails has only read.
+void PostgreSqlLink::backToSavepoint() {
   ++waits_;
-  const PgResult back(PQexec(connection_.get(), kBackToSavepoint));
-  savepoint_ = succeeded(back.get()) ? Savepoint::Fresh : Savepoint::None;
+  const PgResult back(PQexec(connection_.get(), readSavepoint_ ? kBackToReadSavepoint : kBackToSavepoint));
+  if (!succeeded(back.get())) {
+    savepoint_ = Savepoint::None;
+  } else if (!readSavepoint_) {
+    savepoint_ = Savepoint::Fresh;
+  }
+}
+
+// What is still under way belongs to the time before.
+void PostgreSqlLink::keepSavepoint(bool on) {
+  readInWhatIsLeft();
+  savepointKept_ = on;
+  readSavepoint_ = false;
+}
+
+void PostgreSqlLink::takeBack() {
+  readInWhatIsLeft();
+  if (inTransaction() && savepoint_ == Savepoint::WrittenBehind) backToSavepoint();
 }
 
 void PostgreSqlLink::noteCount(const pg_result* result) {

@@ -94,7 +94,14 @@ std::optional<NumberPicture> numberPicture(std::string_view text) {
   return anyPlace && before != ',' ? std::optional(picture) : std::nullopt;
 }
 
+/// "0" and "0.00", in which most numbers are shown: nothing is left out of such a text or put between.
+bool isFixed(const NumberPicture& picture) {
+  return picture.wholeZeros == 1 && picture.decimals == picture.decimalZeros &&
+         picture.point == (picture.decimals > 0) && !picture.thousands && !picture.percent;
+}
+
 std::string formatNumber(Decimal value, const NumberPicture& picture) {
+  if (isFixed(picture)) return fixedText(value, picture.decimals);
   if (picture.percent) value.exponent += 2;
   std::string text = fixedText(value, picture.decimals);
   const std::size_t sign = text.starts_with('-') ? 1 : 0;

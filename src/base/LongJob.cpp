@@ -7,7 +7,10 @@
 namespace zelkor {
 
 LongJob::LongJob(Dialogs& dialogs, std::string text, std::size_t steps, Milliseconds pause)
-    : dialogs_(dialogs), progress_{std::move(text), 0, steps}, pause_(pause), next_(Clock::now() + pause) {}
+    : dialogs_(dialogs),
+      progress_{std::move(text), 0, steps},
+      pause_(pause),
+      next_(CoarseClock::now() + pause) {}
 
 LongJob::~LongJob() {
   if (shown_) dialogs_.endProgress();
@@ -16,10 +19,10 @@ LongJob::~LongJob() {
 void LongJob::step() {
   ++progress_.done;
   goOnUnlessSignalled();
-  if (Clock::now() < next_) return;
+  if (CoarseClock::now() < next_) return;
   shown_ = true;
   dialogs_.showProgress(progress_);
-  next_ = Clock::now() + pause_;
+  next_ = CoarseClock::now() + pause_;
 }
 
 }  // namespace zelkor

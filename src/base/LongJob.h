@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "base/CoarseClock.h"
 #include "base/Dialogs.h"
 
 namespace zelkor {
@@ -25,12 +26,10 @@ class LongJob {
   void step();
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   Dialogs& dialogs_;
   Progress progress_;
   Milliseconds pause_;
-  Clock::time_point next_;
+  CoarseClock::time_point next_;
   bool shown_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Conversion.h"
+#include "base/Decimal.h"
 #include "base/RuntimeError.h"
 #include "store/dialect/binding/functions/ColumnConversion.h"
 #include "store/engine/ColumnValue.h"
@@ -42,8 +43,10 @@ bool readWhole(std::string_view text, std::int64_t& value) {
 }
 
 double realOf(const Literal& literal) {
-  if (std::int64_t whole = 0; readWhole(literal.content(), whole)) return static_cast<double>(whole);
-  if (const auto number = parseNumber(literal.content())) return *number;
+  const std::string_view text = literal.content();
+  if (const Numeral number = readNumeral(text, false); number.length == text.size() && number.length > 0)
+    return toDouble(number, text);
+  if (const auto number = parseNumber(text)) return *number;
   throw RuntimeError(ErrorNumber::SyntaxInQuery,
                      "数字的语法错误 在查询表达式 '" + std::string(literal.content()) + "' 中。");
 }

@@ -6,7 +6,8 @@
 
 namespace zelkor {
 
-ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns) {
+ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns)
+    : columns_(columns), next_(columns.size()) {
   places_.reserve(columns.size());
   for (std::size_t i = 0; i < columns.size(); ++i) places_.try_emplace(columns[i].name, i);
 }
@@ -26,8 +27,13 @@ std::size_t ColumnNames::Hash::operator()(std::string_view name) const {
 }
 
 std::optional<std::size_t> ColumnNames::find(std::string_view name) const {
+  if (columns_.empty()) return std::nullopt;
+  const std::size_t expected = next_[last_];
+  if (columns_[expected].name == name) return last_ = expected;
   const auto place = places_.find(name);
-  return place == places_.end() ? std::nullopt : std::optional(place->second);
+  if (place == places_.end()) return std::nullopt;
+  next_[last_] = place->second;
+  return last_ = place->second;
 }
 
 }  // namespace zelkor

@@ -125,7 +125,14 @@ void PreparedQuery::learn(std::size_t column) {
   learnedByKey_ = {};
 }
 
-const PreparedQuery::RowByKey& PreparedQuery::rowByKey(bool everyPlainColumn) {
+// To prepare a statement with every column of a wide table takes longer than two with a column or two.
+bool PreparedQuery::readsEveryColumn() const {
+  constexpr std::size_t kFewColumns = 2;
+  return engine_.runsAhead() || projection_->columns.size() > kFewColumns;
+}
+
+const PreparedQuery::RowByKey& PreparedQuery::rowByKey(bool isNewColumn) {
+  const bool everyPlainColumn = isNewColumn && readsEveryColumn();
   RowByKey& row = everyPlainColumn ? plainByKey_ : learnedByKey_;
   if (row.statement) return row;
   row.projection =

@@ -66,9 +66,9 @@ class PreparedQuery {
     std::unique_ptr<EngineStatement> statement;
     std::shared_ptr<const Projection> projection;
   };
-  /// With the columns that have been learned, or with every plain one: a row that is asked for one new column
+  /// With the columns that have been learned, or with every plain one: a row that is asked for a new column
   /// is soon asked for others.
-  const RowByKey& rowByKey(bool everyPlainColumn);
+  const RowByKey& rowByKey(bool isNewColumn);
   const Projection& projection() const { return *projection_; }
 
  private:
@@ -76,6 +76,7 @@ class PreparedQuery {
 
   bool fastFormAllowed();
   bool mayEndEarly() const;
+  bool readsEveryColumn() const;
   Run takeUnknown();
   const std::shared_ptr<const Projection>& plain();
   Run take(bool firstRowsOnly, std::shared_ptr<const Projection> projection, bool fast);

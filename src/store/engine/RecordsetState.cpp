@@ -163,6 +163,7 @@ std::vector<RecordsetState::RowKey> RecordsetState::keysOf(const EngineStatement
 }
 
 void RecordsetState::takeKeys() {
+  if (known_ == 0) keys_.reserve(sources());
   for (int i = 0; i < static_cast<int>(sources()); ++i) keys_.push_back(keyAt(*run_.statement, i));
 }
 

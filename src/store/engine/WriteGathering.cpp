@@ -18,7 +18,7 @@ void WriteGathering::begin() {
   requireNothingLost();
   if (engine_.inTransaction()) return;
   engine_.begin();
-  since_ = Clock::now();
+  since_ = CoarseClock::now();
 }
 
 void WriteGathering::afterWrite() {
@@ -45,7 +45,7 @@ void WriteGathering::forgetLoss() {
 
 void WriteGathering::afterStatement() {
   if (workspaceTransaction_ || holds_ > 0 || !engine_.inTransaction()) return;
-  if (!engine_.gathersWrites() || Clock::now() - since_ >= longestWait) commit();
+  if (!engine_.gathersWrites() || CoarseClock::now() - since_ >= longestWait) commit();
 }
 
 void WriteGathering::writeOut() {

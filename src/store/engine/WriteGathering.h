@@ -3,6 +3,7 @@
 #include <chrono>
 #include <optional>
 
+#include "base/CoarseClock.h"
 #include "base/RuntimeError.h"
 #include "store/engine/Engine.h"
 
@@ -50,7 +51,6 @@ class WriteGathering {
   void rollbackWorkspaceTransaction();
 
  private:
-  using Clock = std::chrono::steady_clock;
   static constexpr std::chrono::milliseconds longestWait{50};
 
   void begin();
@@ -60,7 +60,7 @@ class WriteGathering {
   void forgetLoss();
 
   Engine& engine_;
-  Clock::time_point since_;
+  CoarseClock::time_point since_;
   bool unsaved_ = false;  // the transaction that was begun last has written and has not been committed
   std::optional<RuntimeError> reason_;
   bool workspaceTransaction_ = false;

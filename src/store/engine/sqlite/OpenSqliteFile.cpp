@@ -143,6 +143,7 @@ void requireReadableLog(sqlite3* handle, const fs::path& file) {
 }  // namespace
 
 void requireShortPath(const fs::path& file, std::size_t spare) {
+  prepareEngine();
   const auto most = static_cast<std::size_t>(sqlite3_vfs_find(nullptr)->mxPathname) - kLongestEnding - spare;
   const std::size_t length = wholePath(file).native().size();
   if (length > most)

@@ -74,12 +74,12 @@ bool SqliteEngine::hasMoved() const {
 /// The system lets an open file be removed or replaced, and takes what is written to it all the same: it
 /// would be lost without a word.
 void SqliteEngine::lookForFile() {
-  nextLook_ = Clock::now() + kTimeBetweenLooks;
+  nextLook_ = CoarseClock::now() + kTimeBetweenLooks;
   if (hasMoved()) throw RuntimeError(ErrorNumber::FileNotFound, "找不到文件 '" + path_ + "'。");
 }
 
 void SqliteEngine::requireFile() {
-  if (Clock::now() >= nextLook_) lookForFile();
+  if (CoarseClock::now() >= nextLook_) lookForFile();
 }
 
 void SqliteEngine::begin() {

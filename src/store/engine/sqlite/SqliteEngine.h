@@ -1,8 +1,8 @@
 #pragma once
 
-#include <chrono>
 #include <string>
 
+#include "base/CoarseClock.h"
 #include "store/engine/Engine.h"
 #include "store/engine/sqlite/SqliteWords.h"
 
@@ -56,15 +56,13 @@ class SqliteEngine final : public Engine {
   void setBooksRevision(int revision) override;
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   bool hasMoved() const;
   void lookForFile();
 
   SqliteHandle handle_;
   std::string path_;
   bool alone_ = false;
-  Clock::time_point nextLook_;
+  CoarseClock::time_point nextLook_;
   bool unforced_ = false;  // something was committed since it was last forced to disk
   std::unique_ptr<EngineStatement> begin_;
   std::unique_ptr<EngineStatement> commit_;

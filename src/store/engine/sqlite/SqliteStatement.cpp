@@ -54,6 +54,7 @@ void SqliteStatement::bindBytes(int parameter, std::string_view value) {
 }
 
 bool SqliteStatement::step() {
+  cellColumn_ = kNone;
   const int code = sqlite3_step(handle_.get());
   if (code == SQLITE_ROW) return true;
   if (code == SQLITE_DONE) return false;
@@ -61,12 +62,21 @@ bool SqliteStatement::step() {
 }
 
 void SqliteStatement::reset() {
+  cellColumn_ = kNone;
   // The code repeats the failure of the last step, which has been raised already.
   (void)sqlite3_reset(handle_.get());
 }
 
+// The engine looks for the cell again at every question; one that has been found answers for itself.
+sqlite3_value* SqliteStatement::cell(int column) const {
+  if (column == cellColumn_) return cell_;
+  cell_ = sqlite3_column_value(handle_.get(), column);
+  cellColumn_ = column;
+  return cell_;
+}
+
 CellKind SqliteStatement::kind(int column) const {
-  switch (sqlite3_column_type(handle_.get(), column)) {
+  switch (sqlite3_value_type(cell(column))) {
     case SQLITE_INTEGER:
       return CellKind::Integer;
     case SQLITE_FLOAT:
@@ -81,23 +91,24 @@ CellKind SqliteStatement::kind(int column) const {
 }
 
 std::int64_t SqliteStatement::integer(int column) const {
-  return sqlite3_column_int64(handle_.get(), column);
+  return sqlite3_value_int64(cell(column));
 }
 
 double SqliteStatement::real(int column) const {
-  return sqlite3_column_double(handle_.get(), column);
+  return sqlite3_value_double(cell(column));
 }
 
 std::string_view SqliteStatement::text(int column) const {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_.get(), column));
+  sqlite3_value* const value = cell(column);
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
   if (text == nullptr) return {};
-  return {text, static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column))};
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 std::string_view SqliteStatement::bytesInPlace(int column) const {
-  const auto* content = static_cast<const char*>(sqlite3_column_blob(handle_.get(), column));
-  return {content == nullptr ? "" : content,
-          static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column))};
+  sqlite3_value* const value = cell(column);
+  const auto* content = static_cast<const char*>(sqlite3_value_blob(value));
+  return {content == nullptr ? "" : content, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 }  // namespace zelkor

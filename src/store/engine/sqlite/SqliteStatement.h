@@ -2,6 +2,8 @@
 
 #include "store/engine/sqlite/SqliteEngine.h"
 
+struct sqlite3_value;
+
 namespace zelkor {
 
 /// A prepared statement of SQLite.
@@ -26,8 +28,15 @@ class SqliteStatement final : public EngineStatement {
   std::string_view bytesInPlace(int column) const;
 
  private:
+  static constexpr int kNone = -1;
+
+  sqlite3_value* cell(int column) const;
+
   SqliteStatementHandle handle_;
   int parameters_ = 0;
+  // The cell that was asked for last is mostly asked once more, for its content.
+  mutable sqlite3_value* cell_ = nullptr;
+  mutable int cellColumn_ = kNone;
 };
 
 }  // namespace zelkor

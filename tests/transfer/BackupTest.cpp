@@ -93,6 +93,13 @@ TEST_F(BackupTest, HoldsBothFilesInOneStateWhileAnotherWrites) {
 
 TEST_F(BackupTest, SaysWhatItHoldsAndLetsNobodyMoreRead) {
   if (!onServer()) fs::permissions(data(), fs::perms(0640));
+  {
+    DbEngine engine;
+    for (const char* version : {"'9',100", "'10',150.5"})
+      engine.OpenDatabase(data()).Execute(
+          "insert into fa_Cards (sCardNum,sCardID,dblValue) values ('00001'," + std::string(version) + ")");
+    engine.flush();
+  }
   const MadeBackup made = backUp(order());
   EXPECT_EQ(made.folder, backups() / "001_2020-01_20200131-093000");
   EXPECT_THAT(namesIn(made.folder), ElementsAre("ZkData.Mdb", "ZkSystem.Mdb", "backup.txt"));
@@ -106,6 +113,8 @@ TEST_F(BackupTest, SaysWhatItHoldsAndLetsNobodyMoreRead) {
   EXPECT_EQ(listed[0].problem, "");
   EXPECT_EQ(listed[0].note.name, "示例账套");
   EXPECT_EQ(listed[0].note.month, "2020-01");
+  EXPECT_EQ(listed[0].note.cards, 1);
+  EXPECT_EQ(listed[0].note.value, "150.50");
   EXPECT_EQ(textOf(listed[0].note), readFile(made.folder / "backup.txt"));
   EXPECT_THAT(textsOf(compareTables(*openSource(data()), *openSource(made.folder / "ZkData.Mdb"))),
               IsEmpty());

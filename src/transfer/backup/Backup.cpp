@@ -57,13 +57,15 @@ std::string describeOwner(BackupNote& note, Database& system) {
   return first;
 }
 
-/// Reads what the note says of the account set from the copies.
+/// Reads what the note says of the account set from the copies. Of a card its newest version counts, by the
+/// number that its text is: as texts 9 would come behind 10.
 void describeSet(BackupNote& note, Database& data, Database& system) {
   const auto lastDay = lastDayOfOpenMonth(data, system, describeOwner(note, system));
   if (lastDay) note.month = Format(*lastDay, "yyyy-mm");
   const Recordset cards = data.OpenRecordset(
       "select count(*) as n, sum(dblValue) as v, sum(dblTransInDeprTCard) as d from fa_Cards where "
-      "dDisposeDate is null and sCardID in (select max(a.sCardID) from fa_Cards as a group by a.sCardNum)");
+      "dDisposeDate is null and val(sCardID) in (select max(val(a.sCardID)) from fa_Cards as a group by "
+      "a.sCardNum)");
   note.cards = CLng(cards.Fields("n"));
   const auto amount = [&](const char* field) {
     const Value sum = cards.Fields(field);

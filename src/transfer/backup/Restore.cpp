@@ -150,8 +150,8 @@ void Restoring::prepare(const Replacement& replacement, const fs::path& target, 
 void Restoring::intoFiles() {
   if (makeFolder(place_.folder)) folder_.emplace(place_.folder);
   finishReplacement(place_.data);
+  lock();  // first: who opens a file to look at it keeps another one from having it alone
   if (place_.hasSystem()) requireSameAccount();
-  lock();
   const std::string data = place_.data.filename().string();
   const std::string system = place_.system.filename().string();
   Replacement replacement(place_.folder, {data, system});
@@ -205,8 +205,8 @@ void Restoring::ontoServer() {
   if (hasData != hasSchema(system.conninfo, system.schema))
     refuse("服务器上只有 '" + data.schema + "' 和 '" + system.schema + "' 中的一个，不能一起替换。");
   if (hasData) {
-    requireSameAccount();
     lock();
+    requireSameAccount();
     keepWhatIsThere();
   }
   const auto newData = openSource(order_.backup / kBackedUpData);

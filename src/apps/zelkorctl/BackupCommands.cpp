@@ -5,6 +5,7 @@
 #include "apps/zelkorctl/CallChecks.h"
 #include "apps/zelkorctl/CommandLine.h"
 #include "apps/zelkorctl/JobArguments.h"
+#include "apps/zelkorctl/JobParameters.h"
 #include "base/Clock.h"
 #include "base/EndSignals.h"
 #include "base/Text.h"
@@ -115,6 +116,54 @@ int restore(const Asked& asked, std::ostream& output, std::ostream& problems) {
   }
 }
 
+Call backupCall() {
+  return {.name = "backup",
+          .text = "备份账套：数据文件和系统文件取同一时刻的状态，别人可以照常工作；写好后读回核对",
+          .parameters = {argumentStringParameter(),
+                         setParameter(),
+                         {.name = "--to",
+                          .field = &Asked::to,
+                          .text = "存放备份的目录；不给出时为账套所在目录下的 backups",
+                          .value = "DIR"},
+                         {.name = "--keep",
+                          .field = &Asked::keep,
+                          .text = "只保留最近的几个备份；每个月份的最后一个总是保留",
+                          .value = "NUMBER",
+                          .check = keepProblem},
+                         {.name = "--label", .field = &Asked::label, .text = "说明", .value = "TEXT"}},
+          .example = "zelkorctl backup --set books --to /backup --keep 14",
+          .run = backup};
+}
+
+Call backupsCall() {
+  return {.name = "backups",
+          .text = "列出目录中的备份；有损坏的则状态为 1",
+          .parameters = {{.name = "DIR", .field = &Asked::directory, .text = "存放备份的目录"},
+                         {.name = "--check", .field = &Asked::check, .text = "读出全部内容，核对校验值"}},
+          .example = "zelkorctl backups /backup --check",
+          .run = backups};
+}
+
+Call restoreCall() {
+  return {.name = "restore",
+          .text = "从备份恢复账套：两个文件一并替换，原来的先备份；账套不能正被打开",
+          .parameters = {{.name = "BACKUP", .field = &Asked::file, .text = "备份：backups 所列的目录"},
+                         {.name = "TARGET",
+                          .field = &Asked::target,
+                          .text = "账套所在目录，或其数据文件；没有账套的目录则新建"},
+                         {.name = "--to",
+                          .field = &Asked::to,
+                          .text = "原来的账套备份到这个目录；不给出时为 TARGET 下的 backups",
+                          .value = "DIR"},
+                         {.name = "--server",
+                          .field = &Asked::server,
+                          .text = "新建在 PostgreSQL 服务器上：连接参数，不含口令",
+                          .value = "CONNINFO",
+                          .check = serverProblem}},
+          .example = "zelkorctl restore /backup/001_2020-01_20200131-173000 books",
+          .run = restore};
+}
+
 }  // namespace
 
 void backUpBefore(const JobRun& job, RunContext& run, const std::string& label, std::ostream& output) {
@@ -134,52 +183,7 @@ void requireBackupFits(const JobRun& job) {
 }
 
 std::vector<Call> backupCalls() {
-  return {
-      {.name = "backup",
-       .text = "备份账套：数据文件和系统文件取同一时刻的状态，别人可以照常工作；写好后读回核对",
-       .parameters = {{.name = "ARGSTRING",
-                       .field = &Asked::arguments,
-                       .text = "参数串：数据文件,操作员,操作日期,运行类型,系统文件,账套号；用 --set 时省去",
-                       .with = With::ArgumentString},
-                      {.name = "--set",
-                       .field = &Asked::set,
-                       .text = "账套所在目录，或其数据文件（系统文件在同一目录）；代替参数串",
-                       .value = "DIR"},
-                      {.name = "--to",
-                       .field = &Asked::to,
-                       .text = "存放备份的目录；不给出时为账套所在目录下的 backups",
-                       .value = "DIR"},
-                      {.name = "--keep",
-                       .field = &Asked::keep,
-                       .text = "只保留最近的几个备份；每个月份的最后一个总是保留",
-                       .value = "NUMBER",
-                       .check = keepProblem},
-                      {.name = "--label", .field = &Asked::label, .text = "说明", .value = "TEXT"}},
-       .example = "zelkorctl backup --set books --to /backup --keep 14",
-       .run = backup},
-      {.name = "backups",
-       .text = "列出目录中的备份；有损坏的则状态为 1",
-       .parameters = {{.name = "DIR", .field = &Asked::directory, .text = "存放备份的目录"},
-                      {.name = "--check", .field = &Asked::check, .text = "读出全部内容，核对校验值"}},
-       .example = "zelkorctl backups /backup --check",
-       .run = backups},
-      {.name = "restore",
-       .text = "从备份恢复账套：两个文件一并替换，原来的先备份；账套不能正被打开",
-       .parameters = {{.name = "BACKUP", .field = &Asked::file, .text = "备份：backups 所列的目录"},
-                      {.name = "TARGET",
-                       .field = &Asked::target,
-                       .text = "账套所在目录，或其数据文件；没有账套的目录则新建"},
-                      {.name = "--to",
-                       .field = &Asked::to,
-                       .text = "原来的账套备份到这个目录；不给出时为 TARGET 下的 backups",
-                       .value = "DIR"},
-                      {.name = "--server",
-                       .field = &Asked::server,
-                       .text = "新建在 PostgreSQL 服务器上：连接参数，不含口令",
-                       .value = "CONNINFO",
-                       .check = serverProblem}},
-       .example = "zelkorctl restore /backup/001_2020-01_20200131-173000 books",
-       .run = restore}};
+  return {backupCall(), backupsCall(), restoreCall()};
 }
 
 }  // namespace zelkor

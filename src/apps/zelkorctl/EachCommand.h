@@ -21,7 +21,7 @@ struct EachOptions {
 /// The status is 1 when one failed. Error 5 when there is no such call, 3024 when there is no such place.
 int eachCommand(const EachOptions& options, std::ostream& output, std::ostream& problems);
 
-/// The call.
+/// The call `each` of the table of calls.
 Call eachCall();
 
 }  // namespace zelkor

@@ -8,17 +8,24 @@
 
 namespace zelkor {
 
+Parameter argumentStringParameter() {
+  return {.name = "ARGSTRING",
+          .field = &Asked::arguments,
+          .text = "参数串：数据文件,操作员,操作日期,运行类型,系统文件,账套号；用 --set 时省去",
+          .with = With::ArgumentString};
+}
+
+Parameter setParameter() {
+  return {.name = "--set",
+          .field = &Asked::set,
+          .text = "账套所在目录，或其数据文件（系统文件在同一目录）；代替参数串",
+          .value = "DIR"};
+}
+
 Parameters jobParameters(Parameters own) {
-  Parameters all{{.name = "ARGSTRING",
-                  .field = &Asked::arguments,
-                  .text = "参数串：数据文件,操作员,操作日期,运行类型,系统文件,账套号；用 --set 时省去",
-                  .with = With::ArgumentString}};
+  Parameters all{argumentStringParameter()};
   std::ranges::copy_if(own, std::back_inserter(all), [](const Parameter& one) { return !one.isOption(); });
-  const Parameters common{{.name = "--set",
-                           .field = &Asked::set,
-                           .text = "账套所在目录，或其数据文件（系统文件在同一目录）；代替参数串",
-                           .value = "DIR",
-                           .with = With::Both},
+  const Parameters common{setParameter(),
                           {.name = "--date",
                            .field = &Asked::date,
                            .text = "操作日期 yyyy-mm-dd；不给出时为未结账月份的最后一天",

@@ -8,6 +8,11 @@ namespace zelkor {
 
 using Parameters = std::vector<Parameter>;
 
+/// The argument string, for calls that work in an account set.
+Parameter argumentStringParameter();
+/// What is given in its place.
+Parameter setParameter();
+
 /// What every job takes: the account set, its own places and options, date and user.
 Parameters jobParameters(Parameters own);
 

@@ -1,17 +1,21 @@
 #include "base/FileContent.h"
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 namespace zelkor {
 namespace {
 
 constexpr std::uintmax_t kLargest = std::uintmax_t{1} << 30;
+
+std::string reasonOf(int failure) {
+  return failure == ENOENT ? "没有这个文件" : systemReason(failure);
+}
 
 }  // namespace
 
@@ -25,7 +29,7 @@ std::string contentOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (file && !directory) return {std::istreambuf_iterator<char>(file), {}};
   throw RuntimeError(ErrorNumber::FileNotFound,
-                     "不能读文件“" + path + "”：" + (directory ? "是一个目录" : std::strerror(errno)));
+                     "不能读文件“" + path + "”：" + (directory ? "是一个目录" : reasonOf(errno)));
 }
 
 }  // namespace zelkor

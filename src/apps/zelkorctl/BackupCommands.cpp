@@ -74,9 +74,10 @@ void printLine(const ListedBackup& one, std::ostream& output) {
 int backups(const Asked& asked, std::ostream& output, std::ostream&) {
   catchEndSignals();
   bool good = true;
+  const std::vector<ListedBackup> listed =
+      backupsIn(asked.directory, asked.check ? BackupCheck::Checksums : BackupCheck::Sizes);
   output << "备份\t时间\t账套\t名称\t月份\t卡片\t原值\t字节\t说明\t状态\n";
-  for (const ListedBackup& one :
-       backupsIn(asked.directory, asked.check ? BackupCheck::Checksums : BackupCheck::Sizes)) {
+  for (const ListedBackup& one : listed) {
     printLine(one, output);
     good = good && one.problem.empty();
   }

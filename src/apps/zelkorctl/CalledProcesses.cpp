@@ -15,11 +15,11 @@ extern "C" {  // the header does not say so itself
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 
 #include "base/EndSignals.h"
 #include "base/FileAccess.h"
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 namespace zelkor {
 namespace {
@@ -33,7 +33,7 @@ constexpr milliseconds kWithoutEnd{-1};
 constexpr milliseconds kPatience{15'000};
 
 [[noreturn]] void raise() {
-  throw RuntimeError(ErrorNumber::DeviceIo, std::string("不能启动进程：") + std::strerror(errno));
+  throw RuntimeError(ErrorNumber::DeviceIo, "不能启动进程：" + systemReason(errno));
 }
 
 /// What a process prints is kept in memory that looks like a file: nobody has to read along.

@@ -8,6 +8,7 @@
 #include "base/DateTime.h"
 #include "base/EmbeddedText.h"
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 #include "base/Text.h"
 #include "store/accountset/NewFile.h"
 #include "store/accountset/SampleArchives.h"
@@ -124,7 +125,7 @@ void createAccountSet(const fs::path& directory, const AccountSetOptions& option
     createBoth(directory, options);
   } catch (const fs::filesystem_error& error) {
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "无法在 '" + directory.string() + "' 建立账套：" + error.code().message());
+                       "无法在 '" + directory.string() + "' 建立账套：" + systemReason(error.code().value()));
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 #include "store/accountset/BooksRevision.h"
 #include "store/accountset/Replacement.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
@@ -101,7 +102,8 @@ void requireReadable(const fs::path& path) {
   if (failure == std::errc::filename_too_long)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "文件 " + name + " 的路径太长，无法打开。");
   if (status.type() == fs::file_type::none)
-    throw RuntimeError(ErrorNumber::CannotOpenReadOnly, "无法打开文件 " + name + "：" + failure.message());
+    throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
+                       "无法打开文件 " + name + "：" + systemReason(failure.value()));
   if (status.type() != fs::file_type::regular)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly, name + " 不是数据库文件，无法打开。");
   if (::access(path.c_str(), R_OK) != 0)

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 
 namespace zelkor {
 
@@ -26,9 +27,9 @@ NewFile::NewFile(fs::path file, const FileAccess& access)
   requireAbsent(path_);
   removeTemporary();
   if (!createFile(temporary_, access)) {
-    const std::error_code failure(errno, std::generic_category());
+    const int failure = errno;
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "无法建立文件 '" + path_.string() + "'：" + failure.message());
+                       "无法建立文件 '" + path_.string() + "'：" + systemReason(failure));
   }
 }
 
@@ -46,7 +47,7 @@ void NewFile::giveName() {
   if (!failure && !forceToDisk(folderOf(path_))) failure.assign(errno, std::generic_category());
   if (failure)
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "无法写入文件 '" + path_.string() + "'：" + failure.message());
+                       "无法写入文件 '" + path_.string() + "'：" + systemReason(failure.value()));
 }
 
 // An SQLite file has its log and the log's index beside it while it is open.

@@ -1,6 +1,7 @@
 #include "store/accountset/ServerAccountSet.h"
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 #include "store/accountset/NewFile.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/engine/postgresql/ServerLoad.h"
@@ -98,7 +99,7 @@ void createServerAccountSet(const std::string& conninfo, const fs::path& directo
     folder.keep();
   } catch (const fs::filesystem_error& error) {
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
-                       "无法在 '" + directory.string() + "' 建立账套：" + error.code().message());
+                       "无法在 '" + directory.string() + "' 建立账套：" + systemReason(error.code().value()));
   }
 }
 

@@ -158,7 +158,8 @@ std::vector<ListedBackup> backupsIn(const fs::path& folder, BackupCheck check) {
       backups.push_back(readBackup(entry.path(), check));
   if (failure)
     throw RuntimeError(ErrorNumber::FileNotFound,
-                       "不能读文件夹“" + folder.string() + "”：" + failure.message());
+                       "不能读文件夹“" + folder.string() + "”：" +
+                           (failure.value() == ENOENT ? "没有这个文件夹" : systemReason(failure.value())));
   std::ranges::sort(backups, isEarlier);
   return backups;
 }

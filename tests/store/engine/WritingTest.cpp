@@ -291,7 +291,7 @@ TEST(OpenDatabaseTest, TellsAFileWithoutPermissionFromWhatIsNoFile) {
   const fs::path closed = directory.path() / "closed";
   fs::create_directory(closed);
   fs::permissions(closed, fs::perms::none);
-  EXPECT_EQ(refusalAsNobody(closed / "ZkData.Mdb", "Permission denied"), 0);
+  EXPECT_EQ(refusalAsNobody(closed / "ZkData.Mdb", "：没有权限"), 0);
   fs::permissions(closed, fs::perms::owner_all);
 }
 

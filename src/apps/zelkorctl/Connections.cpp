@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <ostream>
-#include <string>
 
 #include "apps/zelkorctl/JobArguments.h"
 #include "base/RuntimeError.h"
@@ -10,9 +9,15 @@
 
 namespace zelkor {
 
+// Beside an account set the file is one of rows.
+std::string booksOf(const Asked& asked) {
+  const bool hasSet = !asked.set.empty() || !asked.arguments.empty();
+  return hasSet ? setFilesOf(asked).data : asked.file;
+}
+
 void tellConnection(const Asked& asked, std::ostream& output) {
   try {
-    const std::string file = asked.file.empty() ? setFilesOf(asked).data : asked.file;
+    const std::string file = booksOf(asked);
     if (!namesServer(file)) return;
     if (const std::string remark = openDataFile(file)->remark(); !remark.empty()) output << remark << '\n';
   } catch (const RuntimeError&) {

@@ -31,6 +31,12 @@ int unixSocket(const std::string& file, int (*use)(int, const sockaddr*, socklen
   return descriptor;
 }
 
+/// Before anybody polls: a socket that does not listen is ready at once, and gives no connection.
+int listenAt(int descriptor, const sockaddr* address, socklen_t length) {
+  constexpr int kMostWaiting = 5;
+  return ::bind(descriptor, address, length) != 0 ? -1 : ::listen(descriptor, kMostWaiting);
+}
+
 /// The messages of a client, as they come: each but the first one has a letter, then its length.
 class Messages {
  public:
@@ -63,10 +69,8 @@ class Messages {
 class NarrowPooler {
  public:
   NarrowPooler()
-      : listening_(unixSocket((directory_ / ".s.PGSQL.5432").string(), ::bind)),
-        thread_([this](const std::stop_token& stop) { serve(stop); }) {
-    ::listen(listening_, 5);
-  }
+      : listening_(unixSocket((directory_ / ".s.PGSQL.5432").string(), listenAt)),
+        thread_([this](const std::stop_token& stop) { serve(stop); }) {}
   NarrowPooler(const NarrowPooler&) = delete;
   NarrowPooler& operator=(const NarrowPooler&) = delete;
   ~NarrowPooler() {

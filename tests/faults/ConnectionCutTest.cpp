@@ -99,15 +99,18 @@ TEST_F(ConnectionCutTest, AServerThatIsDownIsToldAtTheStart) {
 
 TEST_P(ConnectionCutInGroupsTest, AServerThatHangsIsWaitedFor) {
   StartSignal start;
-  constexpr int kMemos = 2000;
-  Workstation station(set, "张三", start,
-                      [memos = GetParam()](RunContext& context, const Workstation::Tell& tell) {
-                        for (int i = 0; i < kMemos; i += memos) {
-                          writeMemos(context, i, memos);
-                          if (i == 0) tell("begun");
-                        }
-                        tell("done");
-                      });
+  StartSignal goOn;
+  constexpr int kGroups = 10;
+  const auto work = [&goOn, memos = GetParam()](RunContext& context, const Workstation::Tell& tell) {
+    for (int group = 0; group < kGroups; ++group) {
+      writeMemos(context, group * memos, memos);
+      if (group > 0) continue;
+      tell("begun");
+      goOn.await();
+    }
+    tell("done");
+  };
+  Workstation station(set, "张三", start, work);
   start.give();
   std::string line;
   ASSERT_TRUE(station.nextLine(line));
@@ -116,12 +119,13 @@ TEST_P(ConnectionCutInGroupsTest, AServerThatHangsIsWaitedFor) {
                                           " AND (query ILIKE '%fa_log%' OR query ILIKE '%lock_timeout%')" +
                                           " ORDER BY state_change DESC LIMIT 1"));
   ASSERT_EQ(::kill(backend, SIGSTOP), 0);
+  goOn.give();
   std::this_thread::sleep_for(std::chrono::milliseconds(300));
   ASSERT_EQ(::kill(backend, SIGCONT), 0);
   Lines lines;
   EXPECT_EQ(station.finish(lines), 0);
   EXPECT_EQ(lines, Lines{"done"});
-  EXPECT_EQ(set.rows("Fa_log").size(), static_cast<std::size_t>(kMemos));
+  EXPECT_EQ(set.rows("Fa_log").size(), static_cast<std::size_t>(kGroups * GetParam()));
 }
 
 }  // namespace

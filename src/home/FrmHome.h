@@ -20,6 +20,7 @@
 #include "home/frmChart.h"
 #include "home/frmModule.h"
 #include "home/frmWorker.h"
+#include "home/ImportReading.h"
 #include "home/OpenedSet.h"
 #include "home/Reopening.h"
 #include "startup/RecentReports.h"
@@ -123,6 +124,7 @@ class FrmHome final : public Form {
 
   // FrmHomeOwn.cpp
   void startOwn(std::string_view name);
+  void importFile(ImportKind kind);
   void startTool(std::string_view command, const std::vector<std::string>& words, Ended afterwards);
   void check();
   void checked(const OpenedSet& of, const std::string& work, const ChildEnd& end);

@@ -111,6 +111,7 @@ class FrmHome final : public Form {
   bool canStart() { return !module_.isRunning() && !restoring_; }
   void startNext();
   void startStep(std::size_t index);
+  void enterInList();
   void startByName(const QString& caption);
   void start(const StepCommand& command);
   void startModule(const StepCommand& command);

@@ -25,6 +25,8 @@ class ChildProgram {
   ChildProgram(const std::string& program, const std::vector<std::string>& arguments);
 
   int endDescriptor() const { return process_.get(); }
+  /// The end of what it has told on standard error until now, some thousand lines at most.
+  std::string endOfErrors() const;
   /// Waits for the end.
   ChildEnd finish();
 

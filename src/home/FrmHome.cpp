@@ -82,6 +82,7 @@ void FrmHome::connectEvents() {
   on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
   connectRecent();
   on(TxtCommand->completer(), qOverload<const QString&>(&QCompleter::activated), &FrmHome::startByName);
+  on(TxtCommand, &QLineEdit::returnPressed, &FrmHome::enterInList);
 }
 
 bool FrmHome::event(QEvent* event) {
@@ -309,6 +310,14 @@ void FrmHome::startNext() {
 void FrmHome::startStep(std::size_t index) {
   if (!reading_ || !CmdStep[index]->isEnabled()) return;
   start(reading_->month.steps[index].commands.front());
+}
+
+/// Enter while the list of names is shown, which hands it to the field alone: a name that has been walked to
+/// there is started by the list.
+void FrmHome::enterInList() {
+  if (TxtCommand->completer()->popup()->currentIndex().isValid()) return;
+  const auto start = [this, text = TxtCommand->text()] { host().dispatch([&] { startByName(text); }); };
+  QMetaObject::invokeMethod(TxtCommand, start, Qt::QueuedConnection);  // the list has to go first
 }
 
 /// The command that is called so, or the only one whose name has the text in it.

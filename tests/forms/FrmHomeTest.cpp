@@ -190,6 +190,12 @@ TEST_F(FrmHomeTest, ACommandIsFoundByItsName) {
   type(form, "TxtCommand", "分配");
   sendKey(control<QLineEdit>(form, "TxtCommand"), Qt::Key_Return);
   untilTold(form, "LblStatus", "“折旧分配表”已结束");
+  // While the list of names is shown it gets the keys.
+  auto& field = control<QLineEdit>(form, "TxtCommand");
+  type(form, "TxtCommand", "计提本月");
+  field.completer()->complete();
+  sendKey(*field.completer()->popup(), Qt::Key_Return);
+  untilTold(form, "LblStatus", "“计提本月折旧”已结束");
 }
 
 TEST_F(FrmHomeTest, NothingIsResetBeforeTheNameIsTyped) {

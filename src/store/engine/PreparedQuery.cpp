@@ -90,6 +90,7 @@ PreparedQuery::Run PreparedQuery::takeWhole() {
 PreparedQuery::Run PreparedQuery::takeAhead(bool besideWrites) {
   const bool isKnown = !projection_->columns.empty();
   Run run = take(false, isKnown ? projection_ : plain(), query_->guard() && !irregular_ && !besideWrites);
+  run.learns = !isKnown;
   if (run.fast) run.guard = engine_.prepare(engine_.words().requiringNone(*query_->guard()));
   return run;
 }

@@ -43,6 +43,9 @@ class StatementGroup {
   /// What it raises ends the group as a statement that fails does, and nothing stays of what was to be
   /// written behind it; where something was, it is called once more to raise again. A failure of a query that
   /// it asks by itself and passes over takes nothing back that the group has written.
+  ///
+  /// On a server rows come with the columns that were asked for when this statement went out last, at first
+  /// with all. Another column is read by itself: in a group that writes, behind all that it writes.
   template <typename Use>
   void open(std::string_view sql, Use use) {
     if (!sendsAhead_) {
@@ -81,6 +84,9 @@ class StatementGroup {
     }
     run();
   }
+  /// Whether what is added goes out together: who has many things to do then saves waits by reading for all
+  /// of them first.
+  bool goesOutTogether() const { return sendsAhead_; }
   /// How many statements have been added, and carried out, so far.
   std::size_t added() const { return carriedOut_ + steps_.size(); }
   std::size_t carriedOut() const { return carriedOut_; }

@@ -90,6 +90,13 @@ ChildEnd ChildProgram::finish() {
   return {status, contentOf(errors_), contentOf(output_)};
 }
 
+std::string firstSentence(const std::string& text) {
+  constexpr std::string_view kStop = "。";
+  const std::string line = text.substr(0, text.find('\n'));
+  const std::size_t stop = line.find(kStop);
+  return stop == std::string::npos ? line : line.substr(0, stop + kStop.size());
+}
+
 std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end) {
   std::string reason = end.errors;
   while (!reason.empty() && (reason.back() == '\n' || reason.back() == ' ')) reason.pop_back();

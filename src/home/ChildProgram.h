@@ -36,6 +36,9 @@ class ChildProgram {
   FileDescriptor process_;  // the process itself, as the system calls it
 };
 
+/// The first sentence of a text, or its first line.
+std::string firstSentence(const std::string& text);
+
 /// One sentence about an end that is no success: which job, why, by its first words.
 std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end);
 

@@ -102,6 +102,7 @@ class FrmHome final : public Form {
   void read();
   void readIn(BookReading (*routine)(const BooksPlace&));
   void takeReading(BookReading reading);
+  void noteTrouble(const std::string& reason);
   void readingFailed(const std::string& reason);
   void showMonth();
   void showStep(std::size_t index, const MonthStep& step, bool isNext);

@@ -170,10 +170,12 @@ TEST_F(FrmHomeTest, ASetThatVanishesAndComesBack) {
   press(form, "刷新");
   untilTold(form, "LblHeadline", "账套现在读不出来");
   EXPECT_FALSE(control<QPushButton>(form, "CmdStep2").isEnabled());
+  EXPECT_TRUE(control<QPushButton>(form, "CmdDetail").isVisible());
   std::filesystem::rename(context.gstrZtFile + ".away", context.gstrZtFile);
   press(form, "刷新");
   untilTold(form, "LblHeadline", "2020年1月，下一步");
   EXPECT_TRUE(control<QPushButton>(form, "CmdStep2").isEnabled());
+  EXPECT_FALSE(control<QPushButton>(form, "CmdDetail").isVisible());
 }
 
 TEST_F(FrmHomeTest, AClosedMonthOffersTheOpenOne) {

@@ -93,6 +93,8 @@ TEST_F(FrmImportTest, AFileIsLookedAtThenImportedAndItsRefusedRowsAreKept) {
   EXPECT_EQ(columnOf(form, "GridProblems", 2), Lines{"“8OOO”不是数字"});
   EXPECT_EQ(columnOf(form, "GridRows", 9), (Lines{"7000", "8OOO"}));
   EXPECT_EQ(columnOf(form, "GridColumns", 1).back(), "不认识，不导入");
+  const auto& columns = control<FlexGrid>(form, "GridColumns");
+  EXPECT_GT(columns.columnWidth(0), columns.fontMetrics().horizontalAdvance("固定资产名称"));
   EXPECT_EQ(control<QTabWidget>(form, "TabsPreview").currentIndex(), 2);
   EXPECT_EQ(row("select count(*) from fa_Cards"), "0");
   keepPicture(form, "FrmImport");

@@ -182,7 +182,7 @@ TEST(Workbook, ThatIsDamagedIsRefusedBeforeAnyRow) {
   const std::pair<std::string, const char*> cases[] = {
       {flipped, "xl/worksheets/r0.xml 已损坏"},
       {whole.substr(0, whole.size() - 100), "工作簿读不出来"},
-      {"PK\x03\x04nothing", "工作簿读不出来"},
+      {"PK\x03\x04nothing", "工作簿读不出来：文件已损坏，或不是 xlsx 工作簿"},
       {zipOf({{"mimetype", "x"}}), "不是 xlsx 工作簿"},
       {"\xD0\xCF\x11\xE0\xA1\xB1", "旧式的 .xls 工作簿"},
       {with(sheet, "<worksheet><sheetData><row>"), "XML 没有结束"},

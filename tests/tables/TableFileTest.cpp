@@ -253,6 +253,20 @@ TEST(KeptRowsTest, GiveATableThatIsMendedAndReadAgain) {
   std::ostringstream rest;
   mended.write(rest);
   EXPECT_EQ(rest.str(), "\xEF\xBB\xBF拒绝原因,a,b\r\n二,2,\"bad\"q\r\n") << "the first reason stays";
+
+  CsvReader moved("a,拒绝原因,b\n1,一,x\n2,二,\"bad\"q\n");
+  KeptRows inside(moved);
+  inside.next();
+  EXPECT_THAT(inside.next()->fields, testing::ElementsAre("1", "x"));
+  inside.refuse("三");
+  EXPECT_THROW(inside.next(), CsvError);
+  inside.refuse("四");
+  std::ostringstream kept;
+  inside.write(kept);
+  EXPECT_EQ(kept.str(),
+            "\xEF\xBB\xBF"
+            "a,拒绝原因,b\r\n1,三,x\r\n2,二,\"bad\"q\r\n")
+      << "in its place";
 }
 
 }  // namespace

@@ -151,7 +151,7 @@ TEST_F(PruningTest, LeavesTheLastOfEachMonthAndWhatIsNotItsOwn) {
   make("other", "2020-01", "elsewhere");
   make("damaged", "2020-01");
   writeFile(backups() / "damaged/ZkData.Mdb", "xx");
-  fs::create_directories(backups() / "mine");
+  fs::create_directories(backups() / "mine/backup.txt");  // no note
   note_.month = "2020-02";
   EXPECT_THAT(pruneBackups(backups(), note_, 5).gone, IsEmpty());
   {

@@ -10,11 +10,10 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <system_error>
 
+#include "base/FileContent.h"
 #include "base/RuntimeError.h"
 #include "base/SystemError.h"
 #include "transfer/backup/Checksum.h"
@@ -31,9 +30,13 @@ constexpr std::string_view kDamagedBeginning = "damaged_";
   throw systemError("不能写备份文件夹“" + folder.string() + "”", failure);
 }
 
-std::string contentOf(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+/// Nothing where it cannot be read.
+std::string noteIn(const fs::path& folder) {
+  try {
+    return contentOf((folder / kBackupNoteName).string());
+  } catch (const RuntimeError&) {
+    return {};
+  }
 }
 
 std::string problemOf(const fs::path& file, const BackedUpFile& noted, BackupCheck check) {
@@ -138,7 +141,7 @@ std::string nameForDamaged(const std::string& time) {
 
 ListedBackup readBackup(const fs::path& folder, BackupCheck check) {
   ListedBackup backup{folder, {}, {}};
-  const auto note = backupNoteOf(contentOf(folder / kBackupNoteName));
+  const auto note = backupNoteOf(noteIn(folder));
   if (!note) {
     backup.problem = isOfDamaged(folder) ? "恢复前已损坏的文件，没有清单"
                                          : std::string("清单 ") + kBackupNoteName + " 已损坏或不能读取";

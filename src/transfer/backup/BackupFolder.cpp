@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <map>
 #include <system_error>
+#include <tuple>
 
 #include "base/FileContent.h"
 #include "base/RuntimeError.h"
@@ -135,8 +136,15 @@ bool isBackup(const fs::path& folder) {
   return fs::exists(folder / kBackupNoteName, ignored) || isUnfinished(folder) || isOfDamaged(folder);
 }
 
-std::string nameForDamaged(const std::string& time) {
-  return std::string(kDamagedBeginning) + time;
+std::string stampOf(DateTime time) {
+  std::string stamp = time.toIso();
+  std::erase_if(stamp, [](char c) { return c == '-' || c == ':'; });
+  std::ranges::replace(stamp, ' ', '-');
+  return stamp;
+}
+
+std::string nameForDamaged(DateTime time) {
+  return std::string(kDamagedBeginning) + stampOf(time);
 }
 
 ListedBackup readBackup(const fs::path& folder, BackupCheck check) {

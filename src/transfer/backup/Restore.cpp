@@ -131,11 +131,8 @@ void Restoring::keepDamaged() {
   before_.reset();
   for (const fs::path& file : {place_.data, place_.system})
     if (fs::exists(file)) holds_.push_back(holdSqliteFile(file.string()));
-  std::string time = order_.note.since.toIso();
-  std::erase_if(time, [](char c) { return c == '-' || c == ':'; });
-  std::ranges::replace(time, ' ', '-');
   const fs::path in = order_.keepIn.empty() ? backupsBeside(place_.data) : order_.keepIn;
-  restored_.keptAsIs = keepFilesAsTheyAre(place_, in, time);
+  restored_.keptAsIs = keepFilesAsTheyAre(place_, in, order_.note.since);
 }
 
 void Restoring::prepare(const Replacement& replacement, const fs::path& target, const char* name,

@@ -17,13 +17,6 @@ namespace fs = std::filesystem;
   throw RuntimeError(ErrorNumber::InvalidProcedureCall, reason);
 }
 
-fs::path realPathOf(const fs::path& file) {
-  std::error_code failure;
-  const fs::path whole = fs::absolute(file, failure);
-  const fs::path real = fs::weakly_canonical(whole, failure);
-  return failure ? whole : real;
-}
-
 /// A file of any other name has to be half of an account set: nothing else is to be replaced by one.
 void requireDataFile(const fs::path& data, const fs::path& system) {
   if (data == system) refuse("“" + data.string() + "”是系统文件：请给出账套所在目录或其数据文件。");
@@ -58,7 +51,7 @@ RestorePlace restorePlaceOf(const fs::path& target) {
   return place;
 }
 
-fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, const std::string& time) {
+fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, DateTime time) {
   try {
     makeFolder(in);
     const std::string name = nameForDamaged(time);

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
+
+#include "base/DateTime.h"
 
 namespace zelkor {
 
@@ -23,6 +24,6 @@ RestorePlace restorePlaceOf(const std::filesystem::path& target);
 /// Keeps the files of a damaged account set as they are, with the engine's logs, in a new folder; gives it.
 /// They may be open for nobody.
 std::filesystem::path keepFilesAsTheyAre(const RestorePlace& place, const std::filesystem::path& in,
-                                         const std::string& time);
+                                         DateTime time);
 
 }  // namespace zelkor

@@ -243,6 +243,10 @@ TEST_F(BackupTest, WhatIsNotWholeOrNotMeantIsRefused) {
     EXPECT_THAT(namesIn(home / "set"), ElementsAreArray(before)) << one.name;
   }
   EXPECT_EQ(errorOf([&] { restoreBackup(restoring(backup, backup)); }), 5) << "into a backup";
+  RestoreOrder keptNowhere = restoring(backup, home / "set");
+  keptNowhere.keepIn = home / "none/kept";
+  EXPECT_THAT([&] { restoreBackup(keptNowhere); },
+              testing::ThrowsMessage<RuntimeError>(HasSubstr("不能建立备份文件夹")));
   fs::create_directory(home / "elsewhere");
   for (const char* file : {"set/notes.txt", "set/ZkSystem.Mdb", "elsewhere/other.Mdb"}) {
     if (!fs::exists(home / file)) writeFile(home / file, "mine");

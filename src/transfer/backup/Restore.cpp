@@ -64,6 +64,7 @@ class Restoring {
   void lock();
   void keepWhatIsThere();
   void keepDamaged();
+  void keepSoundOrDamaged();
   void prepare(const Replacement& replacement, const fs::path& target, const char* name,
                const std::string& checksum);
   BackupOrder orderForKept() const;
@@ -135,6 +136,16 @@ void Restoring::keepDamaged() {
   restored_.keptAsIs = keepFilesAsTheyAre(place_, in, order_.note.since);
 }
 
+void Restoring::keepSoundOrDamaged() {
+  try {
+    keepWhatIsThere();
+  } catch (const RuntimeError& error) {
+    const bool lacksFile = error.is(ErrorNumber::FileNotFound) && !before_;  // not the place for the backup
+    if (!error.is(ErrorNumber::UnrecognizedFormat) && !lacksFile) throw;
+    keepDamaged();
+  }
+}
+
 void Restoring::prepare(const Replacement& replacement, const fs::path& target, const char* name,
                         const std::string& checksum) {
   const fs::path original = order_.backup / name;
@@ -156,14 +167,7 @@ void Restoring::intoFiles() {
   prepare(replacement, place_.system, kBackedUpSystem, restored_.note.system.checksum);
   for (const std::string& name : {data, system})  // not those of a newer program
     openDataFileForReading(replacement.prepared(name).string());
-  if (!place_.isNew()) {
-    try {
-      keepWhatIsThere();
-    } catch (const RuntimeError& error) {
-      if (!error.is(ErrorNumber::UnrecognizedFormat) && !error.is(ErrorNumber::FileNotFound)) throw;
-      keepDamaged();
-    }
-  }
+  if (!place_.isNew()) keepSoundOrDamaged();
   goOnUnlessSignalled();
   replacement.carryOut();
   if (folder_) folder_->keep();

@@ -209,7 +209,7 @@ NewBackupFolder::NewBackupFolder(fs::path above, const FileAccess& files, const 
   shareFolder(lock_, files, like);
 }
 
-// Another process that looks for what is left over can be quicker to lock it.
+// Another process that looks for what is left over can be quicker to lock it, and then has taken it away.
 bool NewBackupFolder::make() {
   static std::atomic<unsigned> number = 0;
   const auto moment = std::chrono::steady_clock::now().time_since_epoch().count();
@@ -221,7 +221,7 @@ bool NewBackupFolder::make() {
     fail(above_, errno);
   }
   lock_ = locked(path_, LOCK_EX);
-  return static_cast<bool>(lock_);
+  return lock_ && ::access(path_.c_str(), F_OK) == 0;
 }
 
 NewBackupFolder::~NewBackupFolder() {

@@ -1,5 +1,6 @@
 #include "transfer/backup/RestorePlace.h"
 
+#include <cerrno>
 #include <system_error>
 
 #include "base/FileAccess.h"
@@ -25,11 +26,17 @@ void requireDataFile(const fs::path& data, const fs::path& system) {
   refuse("“" + data.string() + "”不是账套的数据文件，不能用备份替换它：请给出账套所在目录或其数据文件。");
 }
 
-/// A second name costs no room; where there can be none, or the files change hands, it is a copy.
+void force(const fs::path& path) {
+  if (!forceToDisk(path)) throw systemError("不能保留原来的文件", errno);
+}
+
+/// A second name costs no room; where there can be none it is a copy.
 void keepFile(const fs::path& file, const fs::path& kept) {
   std::error_code failure;
   fs::create_hard_link(file, kept, failure);
-  if (failure) fs::copy_file(file, kept);
+  if (!failure) return;
+  fs::copy_file(file, kept);
+  force(kept);
 }
 
 }  // namespace
@@ -61,7 +68,7 @@ fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, DateT
       for (const char* ending : {"", "-wal", "-journal"})
         if (const fs::path one = fs::path(file).concat(ending); fs::exists(one))
           keepFile(one, kept / one.filename());
-    forceToDisk(kept);
+    force(kept);
     return kept;
   } catch (const fs::filesystem_error& error) {
     throw systemError("不能保留原来的文件", error.code().value());

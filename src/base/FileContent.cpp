@@ -1,10 +1,11 @@
 #include "base/FileContent.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <optional>
 
 #include "base/RuntimeError.h"
 
@@ -12,6 +13,17 @@ namespace zelkor {
 namespace {
 
 constexpr std::uintmax_t kLargest = std::uintmax_t{1} << 30;
+
+/// All that is left to read; nothing where reading fails.
+std::optional<std::string> restOf(std::istream& file) {
+  std::string content;
+  std::array<char, 65536> piece;  // NOLINT: written before it is read
+  do {
+    file.read(piece.data(), piece.size());
+    content.append(piece.data(), static_cast<std::size_t>(file.gcount()));
+  } while (file);
+  return file.bad() ? std::nullopt : std::optional(std::move(content));
+}
 
 }  // namespace
 
@@ -23,7 +35,8 @@ std::string contentOf(const std::string& path) {
   if (!noRegularFile && size > kLargest)
     throw RuntimeError(ErrorNumber::DataTypeConversion, "文件“" + path + "”超过 1 GB");
   std::ifstream file(path, std::ios::binary);
-  if (file && !directory) return {std::istreambuf_iterator<char>(file), {}};
+  if (file && !directory)
+    if (auto content = restOf(file)) return std::move(*content);
   throw RuntimeError(ErrorNumber::FileNotFound,
                      "不能读文件“" + path + "”：" + (directory ? "是一个目录" : std::strerror(errno)));
 }

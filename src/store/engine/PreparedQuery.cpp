@@ -46,7 +46,9 @@ PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& transla
       query_(translation.query),
       slots_(translation.slots),
       columnNames_(query_->columns()),
-      projection_(std::make_shared<const Projection>(startingProjection(*query_))) {}
+      projection_(std::make_shared<const Projection>(startingProjection(*query_))) {
+  for (const dialect::OutputColumn& column : query_->columns()) types_.push_back(column.type);
+}
 
 bool PreparedQuery::fastFormAllowed() {
   if (!query_->guard()) return false;

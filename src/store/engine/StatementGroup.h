@@ -116,6 +116,10 @@ class StatementGroup {
   static bool writesBehindAUse(std::span<const Step> steps);
   std::optional<AheadStatement> aheadOf(const Step& step, bool besideWrites);
 
+  friend std::size_t thingsInGroup(const Database& database);
+
+  static bool sendsAhead(const Database& database);
+
   Database& database_;
   bool sendsAhead_;
   std::size_t carriedOut_ = 0;
@@ -129,11 +133,16 @@ void askEach(Database& database, std::span<const std::string> queries,
              const std::function<void(std::size_t query, Recordset& rows)>& use,
              const std::function<void(const RuntimeError& error)>& failed);
 
+/// Of how many things the statements are to be put into one group. Where each statement is answered at once
+/// it is one: what is read for it is used while it is at hand, and nothing is kept of many.
+std::size_t thingsInGroup(const Database& database);
+
 /// Calls `work` with each part of the things, as many as go out together.
 template <typename Things, typename Work>
-void forEachGroup(const Things& things, Work work) {
-  for (std::size_t first = 0; first < things.size(); first += StatementGroup::kThings)
-    work(std::span(things).subspan(first, std::min(StatementGroup::kThings, things.size() - first)));
+void forEachGroup(const Database& database, const Things& things, Work work) {
+  const std::size_t most = thingsInGroup(database);
+  for (std::size_t first = 0; first < things.size(); first += most)
+    work(std::span(things).subspan(first, std::min(most, things.size() - first)));
 }
 
 }  // namespace zelkor

@@ -15,7 +15,8 @@ constexpr int kRounds = 5;
 
 void stageEvents(RunContext& run, long events) {
   for (long number = 1; number <= events; ++number) {
-    stageNewAsset(run.dbZKData, run, {std::to_string(number), "101", "1234.56", "301", run.period()});
+    StatementGroup group(run.dbZKData);
+    stageNewAsset(group, run, {std::to_string(number), "101", "1234.56", "301", run.period()});
   }
   run.engine.flush();
 }

@@ -3,13 +3,16 @@
 #include <cstdio>
 #include <functional>
 #include <random>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "base/RuntimeError.h"
 #include "Benchmarks.h"
+#include "cards/CardImport.h"
 #include "cards/ClsBLLFACards.h"
 #include "closing/MonthEnd.h"
 #include "DelayingProxy.h"
@@ -43,6 +46,19 @@ std::vector<Job> jobs() {
              RunMonthDepr(run, {[] {}, [] {}});
            }},
           {"month-end", closeAndEnd}};
+}
+
+/// As many cards again, which get their numbers in the import.
+Job importOf(long cards) {
+  std::string csv =
+      "固定资产名称,类别编号,部门名称,增加方式,使用状况,使用年限,折旧方法,开始使用日期,原值,净残值率,"
+      "累计折旧,录入日期,对应折旧科目\n";
+  for (long i = 0; i < cards; ++i)
+    csv += "车床,021,301,101,11,120,平均年限法(一),2019-6-15,100000,0.05,4740,2020-01-01,410502\n";
+  return {"card import", [csv = std::move(csv), cards](RunContext& run) {
+            std::ostringstream problems;
+            if (importCards(run, csv, 1, problems).stored != cards) throw std::runtime_error(problems.str());
+          }};
 }
 
 /// The file of the socket on which the server listens.
@@ -100,7 +116,7 @@ void saveAtADesk(const LargeAccountSet& set, const std::stop_token& stop, Second
     const std::string& other = numbers[random() % numbers.size()];
     ledgers.push_back(secondsOf([&] {
       run.dbZKData.Execute(
-          sql("update fa_DeprTransactions set dblWorkTotal=", number, " where sCardNum='", other, "'"));
+          sql("update fa_DeprTransactions set dblInputValue=", number, " where sCardNum='", other, "'"));
       run.engine.flush();
     }));
   }
@@ -134,7 +150,9 @@ void benchDesk(const LargeAccountSet& set) {
 }
 
 void benchWire(const LargeAccountSet& set) {
-  for (const Job& job : jobs())
+  std::vector<Job> all = jobs();
+  all.push_back(importOf(set.cards()));
+  for (const Job& job : all)
     for (const int roundTrip : {0, 1000, 5000, 20000})
       measure(set, job, std::chrono::microseconds(roundTrip));
 }

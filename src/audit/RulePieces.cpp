@@ -38,9 +38,9 @@ iif(c.sDeprMethodID='5' and c.lLife>6,ccur((c.dblValue-c.dblBV)*ccur((c.lLife-c.
     // all values of its own.
     {"{hasNumber}", "(c.sCardID>='0' and c.sCardID<':')"},
     {"{hasDates}",
-     "(c.dStartdate>=#1900-1-1# and c.dStartdate<#3000-1-1# and (c.dTransDate is null or "
-     "(c.dTransDate>=#1900-1-1# and c.dTransDate<#3000-1-1#)) and (c.dDisposeDate is null or "
-     "(c.dDisposeDate>=#1900-1-1# and c.dDisposeDate<#3000-1-1#)))"},
+     "(c.dStartdate>=#100-1-1# and c.dStartdate<=#9999-12-31# and (c.dTransDate is null or "
+     "(c.dTransDate>=#100-1-1# and c.dTransDate<=#9999-12-31#)) and (c.dDisposeDate is null or "
+     "(c.dDisposeDate>=#100-1-1# and c.dDisposeDate<=#9999-12-31#)))"},
     {"{hasLife}",
      "((c.lLife is null or (c.lLife>=0 and c.lLife<1000000)) and (c.lUsedMonths is null or "
      "(c.lUsedMonths>=0 and c.lUsedMonths<1000000)))"},

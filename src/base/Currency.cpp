@@ -27,6 +27,7 @@ Currency Currency::fromDecimal(const Decimal& value) {
 }
 
 Currency Currency::fromDouble(double value) {
+  if (const auto amount = tenThousandthsOf(value)) return fromScaled(*amount);
   if (!std::isfinite(value)) throw RuntimeError(ErrorNumber::Overflow);
   return fromDecimal(decimalOf(value));
 }

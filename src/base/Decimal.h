@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +17,18 @@ struct Decimal {
 
   bool isZero() const { return coefficient == 0; }
 };
+
+/// The count of ten-thousandths that the decimal text of a double says; nothing where it has more decimals,
+/// or more than 15 digits. Amounts have at most four decimals.
+inline std::optional<std::int64_t> tenThousandthsOf(double value) {
+  constexpr double kUnits = 10000;
+  constexpr double kMostDigits = 1e15;    // fewer than 16 digits always find the way back
+  constexpr double kRounding = 0x1.8p52;  // added, it leaves no room for decimals: half to even
+  const double scaled = value * kUnits;
+  if (!(std::fabs(scaled) < kMostDigits)) return std::nullopt;
+  const double whole = (scaled + kRounding) - kRounding;
+  return whole / kUnits == value ? std::optional(static_cast<std::int64_t>(whole)) : std::nullopt;
+}
 
 /// The 15 significant digits of a finite double, trailing zeros not removed.
 Decimal decimalOf(double value);

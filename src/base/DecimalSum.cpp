@@ -16,8 +16,6 @@ namespace {
 
 constexpr int kAmountExponent = -4;
 constexpr double kAmountScale = 10000;
-constexpr double kMostDigits = 1e15;
-constexpr double kRounding = 0x1.8p52;  // added, it leaves no room for decimals: half to even
 constexpr std::int64_t kExactInteger = std::int64_t{1} << 53;
 // Digits of a quotient beyond those of the sum: more than a count and a double have together.
 constexpr int kMoreDigits = 40;
@@ -105,14 +103,10 @@ Decimal nearestDecimalOf(double value) {
 
 }  // namespace
 
-// A ten-thousandth that divides back to the very double is its decimal text.
 bool DecimalSum::addAmount(double value) {
-  const double scaled = value * kAmountScale;
-  if (!(std::fabs(scaled) < kMostDigits)) return false;
-  const double whole = (scaled + kRounding) - kRounding;
-  if (whole / kAmountScale != value) return false;
-  amounts_ += static_cast<std::int64_t>(whole);
-  return true;
+  const auto amount = tenThousandthsOf(value);
+  if (amount) amounts_ += *amount;
+  return amount.has_value();
 }
 
 void DecimalSum::addOther(double value) {

@@ -48,6 +48,13 @@ std::filesystem::path folderOf(const std::filesystem::path& path) {
   return whole.parent_path();
 }
 
+std::filesystem::path realPathOf(const std::filesystem::path& file) {
+  std::error_code failure;
+  const std::filesystem::path whole = std::filesystem::absolute(file, failure);
+  std::filesystem::path real = std::filesystem::weakly_canonical(whole, failure);
+  return failure ? whole : real;
+}
+
 bool makeFolder(const std::filesystem::path& folder) {
   const std::filesystem::path above = folderOf(folder);
   struct stat found {};

@@ -39,6 +39,8 @@ FileAccess accessWithin(const std::filesystem::path& folder);
 
 /// The folder that a file or a folder of that path lies in.
 std::filesystem::path folderOf(const std::filesystem::path& path);
+/// The path of the file itself, by whatever links it was reached; as far as it is there.
+std::filesystem::path realPathOf(const std::filesystem::path& file);
 
 /// Makes a folder for its owner, or for the group that the folder above hands down (setgid, writable), and
 /// forces its name to disk; false when it is there already. Raises filesystem_error.

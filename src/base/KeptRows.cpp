@@ -22,12 +22,11 @@ std::optional<CsvRecord> KeptRows::next() try {
     return record;
   }
   dropReason(*record);
-  last_ = {};
-  last_.record_ = csvLine(record->fields);
+  last_.fields_ = record->fields;
+  last_.text_.reset();
   return record;
 } catch (const CsvError& error) {
-  last_.record_ = error.record();
-  last_.hasReason_ = reasonColumn_ == 0U;
+  last_.text_ = error.record();
   throw;
 }
 
@@ -40,12 +39,24 @@ void KeptRows::refuse(Row row, const std::string& reason) {
   refused_.push_back({reason, std::move(row)});
 }
 
+std::string KeptRows::withReason(std::vector<std::string> fields, const std::string& reason) const {
+  const std::size_t place = std::min(reasonColumn_.value_or(0), fields.size());
+  fields.insert(fields.begin() + static_cast<std::ptrdiff_t>(place), reason);
+  return csvLine(fields);
+}
+
+/// The text of a row that breaks the format stays as it is, with an earlier reason where one was.
 void KeptRows::write(std::ostream& out) const {
-  std::vector<std::string> header{std::string(kReason)};
-  if (header_) header.insert(header.end(), header_->begin(), header_->end());
-  out << kByteOrderMark << csvLine(header) << "\r\n";
-  for (const auto& [reason, row] : refused_)
-    out << (row.hasReason_ ? "" : csvField(reason) + ",") << row.record_ << "\r\n";
+  out << kByteOrderMark << withReason(header_.value_or(std::vector<std::string>()), std::string(kReason))
+      << "\r\n";
+  for (const auto& [reason, row] : refused_) {
+    if (row.text_) {
+      out << (reasonColumn_ ? "" : csvField(reason) + ",") << *row.text_;
+    } else {
+      out << withReason(row.fields_, reason);
+    }
+    out << "\r\n";
+  }
 }
 
 std::string csvLine(const std::vector<std::string>& fields) {

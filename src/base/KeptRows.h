@@ -10,7 +10,7 @@ namespace zelkor {
 
 /// Rows of a table that keep what was refused of them, to be written as a table that can be mended and
 /// imported again. A reason stands before each row, in a column of its own, which is dropped when such a
-/// table is read.
+/// table is read, wherever it stands, and written in its place again.
 class KeptRows final : public TableRows {
  public:
   static constexpr std::string_view kReason = "拒绝原因";
@@ -20,12 +20,12 @@ class KeptRows final : public TableRows {
 
   std::optional<CsvRecord> next() override;
   std::size_t count() const override { return rows_.count(); }
-  /// A row as it was read, for who reads on before it is known whether the row is taken.
+  /// A row as it was read, for whoever reads on before it is known whether the row is taken.
   class Row {
    private:
     friend class KeptRows;
-    std::string record_;
-    bool hasReason_ = false;  // it begins with an earlier one
+    std::vector<std::string> fields_;
+    std::optional<std::string> text_;  // instead, of one that breaks the format
   };
   const Row& last() const { return last_; }
   /// The row that was read last is not taken.
@@ -43,6 +43,7 @@ class KeptRows final : public TableRows {
     Row row;
   };
   void dropReason(CsvRecord& record) const;
+  std::string withReason(std::vector<std::string> fields, const std::string& reason) const;
 
   TableRows& rows_;
   std::optional<std::vector<std::string>> header_;

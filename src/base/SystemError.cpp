@@ -17,6 +17,7 @@ ErrorNumber numberOf(int failure) {
     case ENAMETOOLONG:
       return ErrorNumber::CannotOpenReadOnly;
     case ENOENT:
+    case ENOTDIR:
       return ErrorNumber::FileNotFound;
     default:
       return ErrorNumber::DeviceIo;

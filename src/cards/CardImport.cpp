@@ -117,7 +117,7 @@ std::string problemOfAssetNumber(const CardSequences& sequences, std::string& as
                                  const std::string& category) {
   if (!assetNumber.empty()) return {};
   assetNumber = sequences.nextAssetNumber(category);
-  if (assetNumber.empty()) return "不能为空：本账套的固定资产编号由手工输入";
+  if (assetNumber.empty()) return kNumberedByHand;
   const std::string_view sequence = std::string_view(assetNumber).substr(category.size());
   return isBehindTheLast(sequence) ? kUsedUp : std::string();
 }

@@ -5,6 +5,7 @@
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "cards/CardRow.h"
+#include "cards/CardSequences.h"
 #include "cards/ClsBLLFACards.h"
 
 namespace zelkor {
@@ -47,15 +48,16 @@ class GivenNumbers {
 
   std::vector<CellProblem> check(std::size_t line, const CardValues& card) {
     const std::string& number = card[CardField::CardNumber];
-    const auto [earlier, isNew] = lines_.try_emplace(asciiLower(number), line);
-    if (!number.empty() && !isNew) {
+    const auto earlier = number.empty() ? lines_.end() : lines_.find(asciiLower(number));
+    if (earlier != lines_.end()) {
       const std::string place =
           earlier->second == 0 ? "已存在" : "与第" + std::to_string(earlier->second) + "行重复";
       return {{std::string(cardFieldLabel(CardField::CardNumber)), "“" + number + "”" + place}};
     }
-    if (!card[CardField::AssetNumber].empty() || !givesNoAssetNumbers(card)) return {};
-    return {
-        {std::string(cardFieldLabel(CardField::AssetNumber)), "不能为空：本账套的固定资产编号由手工输入"}};
+    if (card[CardField::AssetNumber].empty() && givesNoAssetNumbers(card))
+      return {{std::string(cardFieldLabel(CardField::AssetNumber)), kNumberedByHand}};
+    lines_.emplace(asciiLower(number), line);
+    return {};
   }
 
  private:

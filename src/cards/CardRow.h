@@ -55,8 +55,6 @@ class RegisterColumns {
 
   std::size_t count() const { return captions_.size(); }
   const std::string& caption(std::size_t column) const { return captions_[column]; }
-  /// The field that a column holds; nothing where its cells are not read.
-  std::optional<CardField> field(std::size_t column) const { return fields_[column]; }
   /// Captions that are no field of a card; their cells are not read.
   const std::vector<std::string>& unknown() const { return unknown_; }
   /// The cells in card order.

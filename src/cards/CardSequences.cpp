@@ -27,6 +27,19 @@ std::string nextInSequence(const std::string& text, std::int32_t length) {
   return Format(CLng(number + 1.0), std::string(static_cast<std::size_t>(length), '0'));
 }
 
+bool areNumberedByHand(const Recordset& parameter) {
+  return !parameter.Eof() && parameter.TextOrEmpty("cValue") == "0";
+}
+
+std::string lastAssetOf(std::string_view category) {
+  return sql("Select Top 1 * From FA_Cards Where sTypeNum='", category, "' Order by sAssetNum Desc");
+}
+
+std::string assetSequenceBehind(std::string last, std::string_view category, std::int32_t length) {
+  if (last.starts_with(category)) last.erase(0, category.size());
+  return nextInSequence(last, length);
+}
+
 void CardSequences::read(StatementGroup& group, const CardValues& card) {
   if (!std::exchange(haveRead_, true)) readCardNumbers(group);
   if (card[CardField::AssetNumber].empty()) readAssetNumbers(group, card[CardField::CategoryCode]);
@@ -36,19 +49,16 @@ void CardSequences::readCardNumbers(StatementGroup& group) {
   group.open("Select Top 1 * From FA_Cards Order by sCardNum Desc", [this](const Recordset& last) {
     if (!last.Eof()) card_ = last.TextOrEmpty("sCardNum");
   });
-  group.open("Select * From AccInformation Where cName='iCardNumType' And cSysID='FA'",
-             [this](const Recordset& parameter) {
-               byHand_ = !parameter.Eof() && parameter.TextOrEmpty("cValue") == "0";
-             });
+  group.open(kHowAssetsAreNumbered,
+             [this](const Recordset& parameter) { byHand_ = areNumberedByHand(parameter); });
 }
 
 void CardSequences::readAssetNumbers(StatementGroup& group, const std::string& category) {
   const auto [place, isNew] = assets_.try_emplace(asciiLower(category));
   if (!isNew) return;
-  group.open(sql("Select Top 1 * From FA_Cards Where sTypeNum='", category, "' Order by sAssetNum Desc"),
-             [&highest = place->second](const Recordset& last) {
-               if (!last.Eof()) highest = last.TextOrEmpty("sAssetNum");
-             });
+  group.open(lastAssetOf(category), [&highest = place->second](const Recordset& last) {
+    if (!last.Eof()) highest = last.TextOrEmpty("sAssetNum");
+  });
 }
 
 std::string CardSequences::nextCardNumber() const {
@@ -57,9 +67,8 @@ std::string CardSequences::nextCardNumber() const {
 
 std::string CardSequences::nextAssetNumber(const std::string& category) const {
   if (byHand_) return {};
-  std::string number = assets_.at(asciiLower(category)).value_or("0");
-  if (number.starts_with(category)) number.erase(0, category.size());
-  return category + nextInSequence(number, kSequenceLength);
+  return category +
+         assetSequenceBehind(assets_.at(asciiLower(category)).value_or("0"), category, kSequenceLength);
 }
 
 bool CardSequences::isBehindAll(std::string_view cardNumber) const {

@@ -17,6 +17,17 @@ inline constexpr std::int32_t kSequenceLength = 5;
 /// The number that follows `text`, filled up with zeros to `length`; 1 follows what is no number.
 std::string nextInSequence(const std::string& text, std::int32_t length);
 
+/// Why the number of an asset may not be left blank in some account sets.
+inline constexpr const char* kNumberedByHand = "不能为空：本账套的固定资产编号由手工输入";
+
+/// What tells whether numbers of assets are given by hand, and what its row says.
+inline constexpr const char* kHowAssetsAreNumbered =
+    "Select * From AccInformation Where cName='iCardNumType' And cSysID='FA'";
+bool areNumberedByHand(const Recordset& parameter);
+/// The last asset of a category in the order of text, and the running part of the number behind its own.
+std::string lastAssetOf(std::string_view category);
+std::string assetSequenceBehind(std::string last, std::string_view category, std::int32_t length);
+
 /// The highest numbers of cards and assets in the order of text, from which the next ones are drawn. A card
 /// that is noted counts as one that is there.
 class CardSequences {

@@ -11,12 +11,11 @@ constexpr int kTransferredOut = 6;
 constexpr int kNeverCurrent = 8;
 
 /// The versions that count by `date`, each card's newest first.
-Recordset versionsByCard(Database& database, DateTime date, std::string_view condition) {
+std::string versionsByCard(DateTime date, std::string_view condition) {
   const std::string day = dayText(date);
-  return database.OpenRecordset(
-      sql("Select sCardNum,iOptType,dDisposeDate From fa_Cards Where dInputDate<=#", day,
-          "# And (dTransDate<=#", day, "# Or dTransDate Is Null) And (dDisposeDate<=#", day,
-          "# Or dDisposeDate Is Null)", condition, " Order By sCardNum,val(sCardID) Desc"));
+  return sql("Select sCardNum,iOptType,dDisposeDate From fa_Cards Where dInputDate<=#", day,
+             "# And (dTransDate<=#", day, "# Or dTransDate Is Null) And (dDisposeDate<=#", day,
+             "# Or dDisposeDate Is Null)", condition, " Order By sCardNum,val(sCardID) Desc");
 }
 
 bool holdsItsCard(const Recordset& newest) {
@@ -44,7 +43,8 @@ std::string versionsInForce(DateTime date) {
 std::set<std::string> cardsInForce(Database& database, DateTime date) {
   std::set<std::string> cards;
   std::optional<std::string> last;
-  for (Recordset versions = versionsByCard(database, date, ""); !versions.Eof(); versions.MoveNext()) {
+  for (Recordset versions = database.OpenRecordset(versionsByCard(date, "")); !versions.Eof();
+       versions.MoveNext()) {
     std::string card = versions.TextOrEmpty("sCardNum");
     if (last == card) continue;
     if (holdsItsCard(versions)) cards.insert(card);
@@ -54,8 +54,15 @@ std::set<std::string> cardsInForce(Database& database, DateTime date) {
 }
 
 bool isCardInForce(Database& database, std::string_view cardNum, DateTime date) {
-  const Recordset versions = versionsByCard(database, date, sql(" And sCardNum='", cardNum, "'"));
-  return !versions.Eof() && holdsItsCard(versions);
+  return areInForce(database.OpenRecordset(versionsOfCard(cardNum, date)));
+}
+
+std::string versionsOfCard(std::string_view cardNum, DateTime date) {
+  return versionsByCard(date, sql(" And sCardNum='", cardNum, "'"));
+}
+
+bool areInForce(const Recordset& versionsOfCard) {
+  return !versionsOfCard.Eof() && holdsItsCard(versionsOfCard);
 }
 
 }  // namespace zelkor

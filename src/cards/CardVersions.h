@@ -27,5 +27,8 @@ std::string versionsInForceBeginning(DateTime date);
 std::set<std::string> cardsInForce(Database& database, DateTime date);
 /// The same for one card; false for one that is not there.
 bool isCardInForce(Database& database, std::string_view cardNum, DateTime date);
+/// The statement by which that is read, and what its rows say.
+std::string versionsOfCard(std::string_view cardNum, DateTime date);
+bool areInForce(const Recordset& versionsOfCard);
 
 }  // namespace zelkor

@@ -46,22 +46,17 @@ std::string ClsBLLFACards::GetNewCardNum(std::int32_t& length) {
 
 std::string ClsBLLFACards::GetNewAssetNum(std::string_view typeCode) {
   return attempt("GetNewAssetNum", std::string(), [&] {
-    const Recordset parameter =
-        zkData().OpenRecordset("Select * From AccInformation Where cName='iCardNumType' And cSysID='FA'");
-    const bool byHand = !parameter.Eof() && parameter.TextOrEmpty("cValue") == "0";
+    const bool byHand = areNumberedByHand(zkData().OpenRecordset(kHowAssetsAreNumbered));
     return byHand ? std::string() : std::string(typeCode) + GetNewAssetNum1(typeCode);
   });
 }
 
 std::string ClsBLLFACards::GetNewAssetNum1(std::string_view typeCode) {
   return attempt("GetNewAssetNum1", std::string(), [&] {
-    const Recordset last = zkData().OpenRecordset(
-        sql("Select Top 1 * From FA_Cards Where sTypeNum='", typeCode, "' Order by sAssetNum Desc"));
-    std::string number = last.Eof() ? "0" : last.TextOrEmpty("sAssetNum");
-    if (number.starts_with(typeCode)) number.erase(0, typeCode.size());
+    const Recordset last = zkData().OpenRecordset(lastAssetOf(typeCode));
     std::int32_t length = 0;
     GetNewCardNum(length);
-    return nextInSequence(number, length);
+    return assetSequenceBehind(last.Eof() ? "0" : last.TextOrEmpty("sAssetNum"), typeCode, length);
   });
 }
 

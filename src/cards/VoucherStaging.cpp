@@ -77,11 +77,6 @@ void AssetStaging::write(StatementGroup& group, const StagedAsset& asset) {
   lastKey_ = Val(event.coutid);
 }
 
-void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset) {
-  StatementGroup group(database);
-  stageNewAsset(group, context, asset);
-}
-
 void stageNewAsset(StatementGroup& group, const RunContext& context, const StagedAsset& asset) {
   AssetStaging staging(context);
   staging.read(group, asset.originID, asset.month);

@@ -42,9 +42,7 @@ class AssetStaging {
   std::map<std::string, std::string> digests_;  // by the origin's sID
 };
 
-/// Stages one asset.
-void stageNewAsset(Database& database, const RunContext& context, const StagedAsset& asset);
-/// The same after the statements of the group, which is run.
+/// Stages one asset after the statements of the group, which is run.
 void stageNewAsset(StatementGroup& group, const RunContext& context, const StagedAsset& asset);
 
 /// Rewrites the two rows of a changed card, if they bear "02" as the number of their event. Rows that were

@@ -130,34 +130,43 @@ TextGrid cardDetailList(Database& database, ChangeKind kind, DateTime operatingD
   return cardsToTransfer(database, operatingDate);
 }
 
+std::string versionInForceOf(std::string_view cardNum, DateTime date) {
+  return sql(versionsInForceBeginning(date), ") And fa_Cards.sCardNum='", cardNum,
+             "' GROUP BY fa_Cards.sCardNum) And  fa_Cards.sCardNum='", cardNum,
+             "' Order By val(fa_Cards.sCardID) Desc");
+}
+
 std::optional<CardVersion> versionInForce(Database& database, std::string_view cardNum, DateTime date) {
-  return firstVersion(database, sql(versionsInForceBeginning(date), ") And fa_Cards.sCardNum='", cardNum,
-                                    "' GROUP BY fa_Cards.sCardNum) And  fa_Cards.sCardNum='", cardNum,
-                                    "' Order By val(fa_Cards.sCardID) Desc"));
+  return firstVersion(database, versionInForceOf(cardNum, date));
 }
 
 std::vector<std::string> transferListRow(Database& database, const CardVersion& version) {
-  const std::string codes = version.text("sDeptNum");
-  return {version.text("sCardNum"),
-          version.text("sAssetNum"),
-          version.text("sAssetName"),
-          shownDate(version["dStartdate"]),
-          version.text("sStyle"),
-          departmentNames(database, codes),
-          codes,
-          shownDate(version["dInputDate"])};
+  return transferListRow(version, departmentNames(database, version.text("sDeptNum")));
+}
+
+std::vector<std::string> transferListRow(const CardVersion& version, const std::string& departmentNames) {
+  return {version.text("sCardNum"),         version.text("sAssetNum"),       version.text("sAssetName"),
+          shownDate(version["dStartdate"]), version.text("sStyle"),          departmentNames,
+          version.text("sDeptNum"),         shownDate(version["dInputDate"])};
 }
 
 std::string departmentNames(Database& database, std::string_view codes) {
+  return departmentNames(database.OpenRecordset(departmentsOf(codes)), codes);
+}
+
+std::string departmentsOf(std::string_view codes) {
+  if (codes.find('/') == std::string_view::npos)
+    return sql("select sname from fa_departments where snum='", codes, "'");
   std::string quoted;
   for (const std::string& code : Split(codes, '/')) quoted += sql(quoted.empty() ? "'" : ",'", code, "'");
+  return sql("select sname from fa_departments where snum in (", quoted, ")");
+}
+
+std::string departmentNames(Recordset departments, std::string_view codes) {
   const bool several = codes.find('/') != std::string_view::npos;
-  Recordset rows =
-      database.OpenRecordset(several ? sql("select sname from fa_departments where snum in (", quoted, ")")
-                                     : sql("select sname from fa_departments where snum='", codes, "'"));
   std::string names;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    names += (names.empty() ? "" : "/") + rows.TextOrEmpty("sname");
+  for (; !departments.Eof(); departments.MoveNext()) {
+    names += (names.empty() ? "" : "/") + departments.TextOrEmpty("sname");
     if (!several) break;
   }
   return names;

@@ -32,10 +32,18 @@ inline constexpr std::size_t kTransferEntryDateColumn = 7;
 /// The card's version in force on the date, which the list of 部门转移 shows.
 std::optional<CardVersion> versionInForce(Database& database, std::string_view cardNum, DateTime date);
 
+/// The statement by which it is read.
+std::string versionInForceOf(std::string_view cardNum, DateTime date);
+
 /// The row of the list of 部门转移 for a version.
 std::vector<std::string> transferListRow(Database& database, const CardVersion& version);
+/// The same where the names of its departments have been read.
+std::vector<std::string> transferListRow(const CardVersion& version, const std::string& departmentNames);
 
 /// The name of a department, or the names of several whose codes are joined by "/", joined likewise.
 std::string departmentNames(Database& database, std::string_view codes);
+/// The statement by which they are read, and what its rows say.
+std::string departmentsOf(std::string_view codes);
+std::string departmentNames(Recordset departments, std::string_view codes);
 
 }  // namespace zelkor

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <span>
+#include <utility>
 
 #include "base/CsvTable.h"
 #include "base/LongJob.h"
@@ -13,7 +15,9 @@
 #include "changes/CardDetailList.h"
 #include "changes/ChangeSheets.h"
 #include "changes/ClsBalanType.h"
+#include "changes/RowsOfSheets.h"
 #include "changes/SheetRules.h"
+#include "changes/TransferBatch.h"
 #include "startup/ImportLog.h"
 #include "store/accountset/OneTransaction.h"
 #include "store/engine/Statement.h"
@@ -21,10 +25,6 @@
 namespace zelkor {
 namespace {
 
-constexpr std::array<std::string_view, 5> kCaptions = {"变动类型", "卡片编号", "变动后内容", "变动后地点",
-                                                       "变动原因"};
-enum Column : std::size_t { kKind, kCardNum, kAfter, kSiteAfter, kReason };
-constexpr std::array<std::string_view, 1> kOptional = {"变动后地点"};
 constexpr const char* kNotSaved = "此类变动单不保存";
 
 /// How a row ended: the number of its sheet, or why there is none.
@@ -38,7 +38,7 @@ RowEnd refused(std::string reason) {
 }
 
 std::string inColumn(std::size_t column, const std::string& problem) {
-  return "列“" + std::string(kCaptions[column]) + "”：" + problem;
+  return "列“" + std::string(kSheetCaptions[column]) + "”：" + problem;
 }
 
 /// An error that no check has foreseen says nothing of the row.
@@ -62,6 +62,8 @@ std::string textOf(const SheetRow& row) {
   return text;
 }
 
+using Ended = std::function<void(const ImportedSheet&)>;
+
 /// Saves the rows of one file.
 class SheetImport {
  public:
@@ -72,8 +74,14 @@ class SheetImport {
   }
 
   RowEnd save(const SheetRow& row);
+  /// Whether the row can be saved with others.
+  bool canGoWithOthers(const SheetRow& row) const;
+  /// Saves transfers of different cards, as many together as none is refused between.
+  void saveTogether(std::span<const ReadRow> rows, const Ended& ended);
 
  private:
+  std::vector<std::optional<ReadyTransfer>> readTogether(std::span<const ReadRow> rows);
+  bool savedTogether(std::span<const ReadRow> rows, std::span<std::optional<ReadyTransfer>> transfers);
   std::optional<std::string> savedBefore(const SheetRow& row);
   void begin(const SheetRow& row, const std::string& sheet);
   RowEnd saveByKind(const SheetRow& row);
@@ -154,7 +162,7 @@ RowEnd SheetImport::saveByKind(const SheetRow& row) {
   if (auto problem = quoteProblem(row.cardNum)) return refused("列“卡片编号”：" + *problem);
   if (row.kind == kBalanceCaption) return saveBalanceSheet(row);
   if (const auto kind = changeKindOf(row.kind)) return saveSheet(*kind, row);
-  return refused(inColumn(kKind, "没有变动类型“" + row.kind + "”，应为 " + kindsText()));
+  return refused(inColumn(sheet_column::Kind, "没有变动类型“" + row.kind + "”，应为 " + kindsText()));
 }
 
 /// Transfers go by the list of the versions in force, the other kinds by the typed number.
@@ -202,7 +210,7 @@ RowEnd SheetImport::saveSheet(ChangeKind kind, const SheetRow& row) {
   const SheetResult loaded = load(sheets, row, sheet);
   endIfFailed(loaded.failure);
   if (!loaded.done()) return refused(loaded.box->text);
-  if (auto problem = enter(kind, row, sheet)) return refused(inColumn(kAfter, *problem));
+  if (auto problem = enter(kind, row, sheet)) return refused(inColumn(sheet_column::After, *problem));
   if (!saves_) return checked(kind, sheet);
   begin(row, sheet.number);
   const SheetResult result = sheets.save(sheet);
@@ -229,7 +237,8 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   sheet.methodAfterID = methodIDOf(row.after);
   sheet.reason = row.reason;
   if (const auto refusal = balanceRefusal(sheet)) return refused(refusal->text);
-  if (sheet.methodAfterID.empty()) return refused(inColumn(kAfter, "折旧方法中没有“" + row.after + "”"));
+  if (sheet.methodAfterID.empty())
+    return refused(inColumn(sheet_column::After, "折旧方法中没有“" + row.after + "”"));
   if (!saves_) return {SheetEnd::Saved, sheet.number};
   begin(row, sheet.number);
   const BalanceSaved result = saveBalance(balance_, sheet);
@@ -239,46 +248,89 @@ RowEnd SheetImport::saveBalanceSheet(const SheetRow& row) {
   return {SheetEnd::Saved, sheet.number};
 }
 
-/// Saves a row. A failure of the engine ends the import with its reason and the place.
-RowEnd saved(SheetImport& import, const SheetRow& row, std::size_t line) {
+/// A failure of the engine ends the import with its reason and the place.
+RuntimeError stoppedAt(std::size_t line, const RuntimeError& error) {
+  return {static_cast<ErrorNumber>(error.number()), sql("导入停在第", line, "行。", error.what())};
+}
+
+void saveOne(SheetImport& import, const ReadRow& row, const Ended& ended) {
+  ImportedSheet imported{.line = row.line, .row = row.row, .text = row.problem};
   try {
-    return import.save(row);
+    if (row.row) {
+      RowEnd end = import.save(*row.row);
+      imported.end = end.end;
+      imported.text = std::move(end.text);
+    }
   } catch (const RuntimeError& error) {
-    throw RuntimeError(static_cast<ErrorNumber>(error.number()),
-                       sql("导入停在第", line, "行。", error.what()));
+    throw stoppedAt(row.line, error);
   }
+  ended(imported);
 }
 
-ImportedSheet importRow(SheetImport& import, const CsvTableRow& row) {
-  const auto& cells = row.cells;
-  ImportedSheet imported{
-      .line = row.line,
-      .row = SheetRow{cells[kKind], cells[kCardNum], cells[kAfter], cells[kSiteAfter], cells[kReason]},
-      .text = {}};
-  RowEnd end = saved(import, *imported.row, row.line);
-  imported.end = end.end;
-  imported.text = std::move(end.text);
-  return imported;
+bool SheetImport::canGoWithOthers(const SheetRow& row) const {
+  return saves_ && StatementGroup(context_.dbZKData).goesOutTogether() && zelkor::canGoWithOthers(row) &&
+         !log_.knows(textOf(row));
 }
 
-/// The next row; nothing at the end. A line that is no row of the table is refused like any other bad row.
-std::optional<ImportedSheet> importNext(CsvTable& table, SheetImport& import) {
+// What cannot be read together tells why when it is saved by itself.
+std::vector<std::optional<ReadyTransfer>> SheetImport::readTogether(std::span<const ReadRow> rows) {
+  std::vector<SheetRow> asked;
+  for (const ReadRow& row : rows) asked.push_back(*row.row);
   try {
-    const auto row = table.next();
-    return row ? std::optional(importRow(import, *row)) : std::nullopt;
-  } catch (const CsvRowError& error) {
-    return ImportedSheet{.line = error.line(), .row = std::nullopt, .text = error.what()};
+    return readTransfers(context_, asked);
+  } catch (const RuntimeError& error) {
+    if (error.is(ErrorNumber::DeviceIo)) throw stoppedAt(rows.front().line, error);
+  }
+  return std::vector<std::optional<ReadyTransfer>>(rows.size());
+}
+
+// Of a failure nothing is left here: saved by itself, the row that fails tells it.
+bool SheetImport::savedTogether(std::span<const ReadRow> rows,
+                                std::span<std::optional<ReadyTransfer>> transfers) {
+  std::vector<ReadyTransfer> ready;
+  for (std::optional<ReadyTransfer>& transfer : transfers) ready.push_back(*transfer);
+  try {
+    saveTransfers(context_, ready, [&](StatementGroup& group, std::size_t i) {
+      log_.note(group, textOf(*rows[i].row), ready[i].sheet.number);
+    });
+  } catch (const RuntimeError& error) {
+    rollBackIfPossible(context_.engine);
+    if (error.is(ErrorNumber::DeviceIo)) throw stoppedAt(rows.front().line, error);
+    return false;
+  }
+  for (std::size_t i = 0; i < ready.size(); ++i) transfers[i]->sheet.number = ready[i].sheet.number;
+  return true;
+}
+
+void SheetImport::saveTogether(std::span<const ReadRow> rows, const Ended& ended) {
+  auto transfers = readTogether(rows);
+  for (std::size_t next = 0; next < rows.size();) {
+    const auto begin = transfers.begin() + static_cast<std::ptrdiff_t>(next);
+    const auto end = std::find(begin, transfers.end(), std::nullopt);
+    const auto together = static_cast<std::size_t>(end - begin);
+    const bool saved = together > 1 && savedTogether(rows.subspan(next, together), {begin, end});
+    const std::size_t behind = next + std::max(together, std::size_t{1});
+    for (; next < behind; ++next) {
+      if (!saved) {
+        saveOne(*this, rows[next], ended);
+      } else {
+        ended({rows[next].line, rows[next].row, SheetEnd::Saved, transfers[next]->sheet.number});
+      }
+    }
   }
 }
 
-void importAll(RunContext& context, bool saves, TableRows& rows,
-               const std::function<void(const ImportedSheet&)>& ended) {
-  CsvTable table(rows, kCaptions, kOptional);
+void importAll(RunContext& context, bool saves, TableRows& table, const Ended& ended) {
   SheetImport import(context, saves);
-  LongJob job(context.dialogs, saves ? "正在导入变动单" : "正在检查变动单", rows.count());
-  while (const auto imported = importNext(table, import)) {
-    ended(*imported);
-    job.step();
+  RowsOfSheets groups(table, [&import](const SheetRow& row) { return import.canGoWithOthers(row); });
+  LongJob job(context.dialogs, saves ? "正在导入变动单" : "正在检查变动单", table.count());
+  for (auto rows = groups.next(); !rows.empty(); rows = groups.next()) {
+    if (rows.size() == 1) {
+      saveOne(import, rows.front(), ended);
+    } else {
+      import.saveTogether(rows, ended);
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) job.step();
   }
 }
 
@@ -295,17 +347,18 @@ void checkSheets(RunContext& context, TableRows& rows,
 }
 
 std::vector<std::string_view> sheetCaptions() {
-  std::vector<std::string_view> captions(kCaptions.begin(), kCaptions.end());
-  std::erase(captions, kOptional.front());
+  std::vector<std::string_view> captions(kSheetCaptions.begin(), kSheetCaptions.end());
+  std::erase(captions, kOptionalSheetCaptions.front());
   return captions;
 }
 
 std::string_view descriptionOfColumn(std::string_view caption) {
-  constexpr std::array<std::string_view, kCaptions.size()> kDescriptions = {
+  constexpr std::array<std::string_view, kSheetCaptions.size()> kDescriptions = {
       "名称，必填", "编码，必填", "按变动类型，必填", "文字", "文字，必填"};
-  const auto found = std::ranges::find(kCaptions, caption);
-  return found == kCaptions.end() ? ""
-                                  : kDescriptions.at(static_cast<std::size_t>(found - kCaptions.begin()));
+  const auto found = std::ranges::find(kSheetCaptions, caption);
+  return found == kSheetCaptions.end()
+             ? ""
+             : kDescriptions.at(static_cast<std::size_t>(found - kSheetCaptions.begin()));
 }
 
 }  // namespace zelkor

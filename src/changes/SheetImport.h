@@ -25,9 +25,10 @@ struct ImportedSheet {
 };
 
 /// Saves each row of a table (变动类型, 卡片编号, 变动后内容, 变动后地点, 变动原因) as a change sheet, in
-/// their order and by the checks of the screens, and calls `ended` after each; a refused row does not stop
-/// the others. A question that a screen would ask counts as answered with yes. Raises RuntimeError, with
-/// nothing saved, when the header lacks a needed column.
+/// their order and by the checks of the screens, and calls `ended` for each, in that order, when it has ended
+/// (beside a server transfers of different cards go out together: rows may have been read on by then); a
+/// refused row does not stop the others. A question that a screen would ask counts as answered with yes.
+/// Raises RuntimeError, with nothing saved, when the header lacks a needed column.
 ///
 /// The log of operations keeps each row that was saved, in one transaction with its sheet. A file that was
 /// cut short is given again as a whole: rows that the log has for the open month are not saved twice.

@@ -36,10 +36,15 @@ struct Archive {
   std::string_view name;
 };
 
-/// The entry of that code, spelled as the archive has it; nothing without one.
-std::optional<ArchiveEntry> entryOf(Database& database, const Archive& archive, const std::string& code) {
-  const Recordset row =
-      database.OpenRecordset(sql("select * from ", archive.table, " where ", archive.code, "='", code, "'"));
+constexpr Archive kStatuses{"fa_Status", "sID", "sName"};
+constexpr Archive kDepartments{"fa_departments", "sNum", "sName"};
+
+std::string searchFor(const Archive& archive, const std::string& code) {
+  return sql("select * from ", archive.table, " where ", archive.code, "='", code, "'");
+}
+
+/// The entry as the archive has it; nothing without one.
+std::optional<ArchiveEntry> entryIn(const Recordset& row, const Archive& archive) {
   if (row.Eof()) return std::nullopt;
   return ArchiveEntry{row.TextOrEmpty(archive.code), row.TextOrEmpty(archive.name)};
 }
@@ -123,7 +128,7 @@ std::optional<std::string> formProblem(ChangeKind kind, const std::string& after
 }
 
 std::optional<std::string> chooseStatus(Database& database, const std::string& statusID, ChangeSheet& sheet) {
-  const auto status = entryOf(database, {"fa_Status", "sID", "sName"}, statusID);
+  const auto status = entryIn(database.OpenRecordset(searchFor(kStatuses, statusID)), kStatuses);
   if (!status || statusID == "0") return "使用状况中没有“" + statusID + "”";
   sheet.after = {status->name, status->code};
   return std::nullopt;
@@ -132,8 +137,21 @@ std::optional<std::string> chooseStatus(Database& database, const std::string& s
 std::optional<std::string> chooseDepartments(Database& database, const std::string& cell,
                                              ChangeSheet& sheet) {
   if (cell.empty()) return std::nullopt;  // nothing chosen
-  if (cell.find_first_of(":/") != std::string::npos) return chooseSplit(database, cell, sheet);
-  const auto department = entryOf(database, {"fa_departments", "sNum", "sName"}, cell);
+  if (!isOneDepartment(cell)) return chooseSplit(database, cell, sheet);
+  return chooseDepartment(database.OpenRecordset(departmentOf(cell)), cell, sheet);
+}
+
+bool isOneDepartment(const std::string& cell) {
+  return !cell.empty() && cell.find_first_of(":/") == std::string::npos;
+}
+
+std::string departmentOf(const std::string& cell) {
+  return searchFor(kDepartments, cell);
+}
+
+std::optional<std::string> chooseDepartment(const Recordset& found, const std::string& cell,
+                                            ChangeSheet& sheet) {
+  const auto department = entryIn(found, kDepartments);
   if (!department || cell == "&") return "使用部门非末级部门或不存在，请重新录入或参照选择";
   sheet.chooseDepartment(department->code, department->name);
   return std::nullopt;

@@ -29,5 +29,11 @@ std::optional<std::string> chooseStatus(Database& database, const std::string& s
 
 /// One department, or a split as code:percent:subject joined by "/"; the subject may be left out.
 std::optional<std::string> chooseDepartments(Database& database, const std::string& cell, ChangeSheet& sheet);
+/// Whether the cell is one department, which is the one of that code: the statement by which it is read, and
+/// what its rows say.
+bool isOneDepartment(const std::string& cell);
+std::string departmentOf(const std::string& cell);
+std::optional<std::string> chooseDepartment(const Recordset& found, const std::string& cell,
+                                            ChangeSheet& sheet);
 
 }  // namespace zelkor

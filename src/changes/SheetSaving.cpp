@@ -4,6 +4,7 @@
 
 #include "base/Conversion.h"
 #include "base/Format.h"
+#include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "store/engine/Statement.h"
 
@@ -51,8 +52,26 @@ VersionKeys keysBehindAll(const SheetSaving& saving, int optType) {
   return {sql(next), next, optType};
 }
 
+Value highest(const SheetSaving& saving, std::string_view statement) {
+  if (saving.numbers != nullptr)
+    if (const auto known = saving.numbers->find(statement); known != saving.numbers->end())
+      return known->second;
+  return saving.group.rowsOf(statement).Fields(std::size_t{0});
+}
+
+void noteHighest(const SheetSaving& saving, std::string_view statement, const Value& number) {
+  if (saving.numbers != nullptr) saving.numbers->insert_or_assign(std::string(statement), number);
+}
+
+void requireDigits(std::string_view number) {
+  if (number.find_first_not_of("0123456789") != std::string_view::npos)
+    throw RuntimeError(ErrorNumber::OperationNotSupported);
+}
+
 std::int32_t operationBehind(const SheetSaving& saving, std::string_view statement) {
-  return CLng(saving.group.rowsOf(statement).Fields(std::size_t{0}).numberOrZero() + 1);
+  const std::int32_t number = CLng(highest(saving, statement).numberOrZero() + 1);
+  noteHighest(saving, statement, number);
+  return number;
 }
 
 void addVersion(const SheetSaving& saving, const VersionKeys& keys, const ColumnValues& values) {
@@ -99,9 +118,16 @@ void addRegisterRow(const SheetSaving& saving) {
 }
 
 std::string nextSheetNumber(Database& database) {
+  return sheetNumberBehind(lastSheetNumber(database));
+}
+
+std::string lastSheetNumber(Database& database) {
   const Recordset sheets = database.OpenRecordset("Select  * From fa_Vouchers  Order By sNum Desc ");
-  const double last = sheets.Eof() ? 0 : Val(sheets.TextOrEmpty("sNum"));
-  return Format(last + 1, "00000");
+  return sheets.Eof() ? "" : sheets.TextOrEmpty("sNum");
+}
+
+std::string sheetNumberBehind(const std::string& last) {
+  return Format(Val(last) + 1, "00000");
 }
 
 MessageBox refusal(std::string text, std::string title) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,6 +17,10 @@
 // What the saving of all kinds of sheet has in common.
 namespace zelkor {
 
+/// What the statements by which the next numbers are read would find, had all that was added to a group been
+/// written.
+using NumbersToBe = std::map<std::string, Value, std::less<>>;
+
 /// A save on its way, inside the transaction of the default workspace.
 struct SheetSaving {
   const RunContext& context;
@@ -22,6 +28,7 @@ struct SheetSaving {
   const ChangeSheet& sheet;
   const CardVersion& card;  // the version that the sheet has shown
   StatementGroup& group;
+  NumbersToBe* numbers = nullptr;  // of several saves that go out together
 
   /// Month of the system date.
   int systemMonth() const { return context.clock.now().month(); }
@@ -51,6 +58,14 @@ VersionKeys keysBehind(const CardVersion& card, int optType);
 /// The keys after the highest sCardID of the table, lOptID being the same number.
 VersionKeys keysBehindAll(const SheetSaving& saving, int optType);
 
+/// The highest number, which the statement asks for; may be Null.
+Value highest(const SheetSaving& saving, std::string_view statement);
+/// What it will be when all is written that has been added.
+void noteHighest(const SheetSaving& saving, std::string_view statement, const Value& number);
+
+/// Raises for a number whose order as a text is the engine's own, so that nobody else can tell the highest.
+void requireDigits(std::string_view number);
+
 /// The operation number after the highest one, which the statement asks for; Null counts as 0.
 std::int32_t operationBehind(const SheetSaving& saving, std::string_view statement);
 
@@ -64,6 +79,9 @@ void addRegisterRow(const SheetSaving& saving);
 
 /// Number of the sheet that is saved next, five digits.
 std::string nextSheetNumber(Database& database);
+/// The last one in the order of text, empty where there is none, and the number after it.
+std::string lastSheetNumber(Database& database);
+std::string sheetNumberBehind(const std::string& last);
 
 /// A box that refuses a sheet.
 MessageBox refusal(std::string text, std::string title = "固定资产");

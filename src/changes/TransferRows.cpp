@@ -27,8 +27,7 @@ std::string CarriedRows::detailsOf(const Value& lOptID) const {
   return sql("select * from fa_cards_detail where lOptID =", CLng(lOptID), " and ", condition_);
 }
 
-void CarriedRows::foresee(StatementGroup& group) const {
-  std::vector<std::string> statements;
+void CarriedRows::addFound(const StatementGroup& group, std::vector<std::string>& statements) const {
   const auto add = [&](const std::string& last, auto statementOf) {
     const Recordset* found = group.foreseen(last);
     if (found == nullptr) return;
@@ -37,7 +36,6 @@ void CarriedRows::foresee(StatementGroup& group) const {
   };
   add(lastShare_, &CarriedRows::sharesOf);
   add(lastDetail_, &CarriedRows::detailsOf);
-  group.foresee(statements);
 }
 
 std::vector<CardVersion> CarriedRows::shares(StatementGroup& group) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,8 +27,8 @@ class CarriedRows {
   /// The rows of the operations that these two have found; none where they have found none.
   std::vector<CardVersion> shares(StatementGroup& group) const;
   std::vector<CardVersion> details(StatementGroup& group) const;
-  /// Has the group read these rows, once it has read what finds them.
-  void foresee(StatementGroup& group) const;
+  /// Adds the statements of these rows, once the group has foreseen what finds them.
+  void addFound(const StatementGroup& group, std::vector<std::string>& statements) const;
 
  private:
   std::string sharesOf(const Value& lOptID) const;
@@ -37,6 +38,12 @@ class CarriedRows {
   std::string lastShare_;
   std::string lastDetail_;
 };
+
+/// The statement of the card's newest version, whose place is shown as the one before.
+std::string newestOfCard(const std::string& cardNum);
+
+/// Has the group read what the transfers of these cards are numbered and carried on from.
+void foreseeTransfers(StatementGroup& group, std::span<const CarriedRows> carried);
 
 /// Carries the shares of the departments into fa_DeptScale. The rows are numbered after the highest
 /// operation of that table, which need not be those of the two versions.

@@ -31,9 +31,7 @@ std::string elementOf(const std::string& joined, std::size_t index) {
 class ShareCarrying {
  public:
   ShareCarrying(const SheetSaving& saving, const CarriedRows& carried)
-      : saving_(saving),
-        carried_(carried),
-        highest_(saving.group.rowsOf(CarriedRows::kHighestShare).Fields("ch")) {}
+      : saving_(saving), carried_(carried), highest_(highest(saving, CarriedRows::kHighestShare)) {}
 
   void copyEarlier();
   void addWhole(const std::string& department);
@@ -66,10 +64,12 @@ void ShareCarrying::copyEarlier() {
 }
 
 void ShareCarrying::add(const std::string& department, ColumnValues values) {
+  const std::int32_t lOptID = operationBehind(saving_.card["lOptID"], 2);
   values.insert(values.end(), {{"sID", ++lastID_},
                                {"sCardNum", saving_.sheet.cardNum},
-                               {"lOptID", operationBehind(saving_.card["lOptID"], 2)},
+                               {"lOptID", lOptID},
                                {"sDeptNum", department}});
+  noteHighest(saving_, CarriedRows::kHighestShare, lOptID);
   addRow(saving_.group, kShares, values);
 }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "base/Conversion.h"
 #include "cards/CardVersions.h"
 #include "changes/CardDetailList.h"
@@ -46,9 +48,7 @@ void show(Database& database, const CardVersion& card, ChangeSheet& sheet) {
 
 void showPicked(Database& database, const CardVersion& card, const ListRow& /*row*/, ChangeSheet& sheet) {
   show(database, card, sheet);
-  const Recordset newest = database.OpenRecordset(
-      sql("select top 1 * from fa_Cards where sCardNum='", sheet.cardNum, "' order by val(sCardID) desc"));
-  sheet.siteBefore = newest.TextOrEmpty("sSite");
+  sheet.siteBefore = database.OpenRecordset(newestOfCard(sheet.cardNum)).TextOrEmpty("sSite");
 }
 
 // The months alone are compared, without their years.
@@ -70,10 +70,14 @@ constexpr const char* kHighestOperation = "select max(lOptID) from fa_Vouchers";
 
 /// Keys of the two versions. The highest number is that of the text order and is held in 16 bits.
 TransferKeys nextKeys(const SheetSaving& saving) {
-  const std::int16_t cardID = CInt(saving.group.rowsOf(kHighestCardID).Fields(std::size_t{0}));
+  const Value highestID = highest(saving, kHighestCardID);
+  const std::int16_t cardID = CInt(highestID);
+  if (saving.numbers != nullptr) requireDigits(highestID.text());
   const double lOptID = CDbl(saving.card["lOptID"]);
-  return {.left = {sql(CInt(cardID + 1.0)), CLng(lOptID + 1), kRowLeftBehind},
-          .receiving = {sql(CInt(cardID + 2.0)), CLng(lOptID + 2), kRowReceiving}};
+  const TransferKeys keys{.left = {sql(CInt(cardID + 1.0)), CLng(lOptID + 1), kRowLeftBehind},
+                          .receiving = {sql(CInt(cardID + 2.0)), CLng(lOptID + 2), kRowReceiving}};
+  noteHighest(saving, kHighestCardID, std::max({highestID.text(), keys.left.cardID, keys.receiving.cardID}));
+  return keys;
 }
 
 void addVersions(const SheetSaving& saving, const TransferKeys& keys) {
@@ -92,9 +96,7 @@ void addVersions(const SheetSaving& saving, const TransferKeys& keys) {
 void write(const SheetSaving& saving) {
   const ChangeSheet& sheet = saving.sheet;
   const CarriedRows carried(sheet.cardNum);
-  saving.group.foresee({kHighestCardID, kHighestOperation, CarriedRows::kHighestShare, carried.lastShare(),
-                        carried.lastDetail()});
-  carried.foresee(saving.group);
+  if (saving.numbers == nullptr) foreseeTransfers(saving.group, {&carried, 1});
   const TransferKeys keys = nextKeys(saving);
   const std::int32_t sheetOptID = operationBehind(saving, kHighestOperation);
   addVersions(saving, keys);
@@ -105,6 +107,20 @@ void write(const SheetSaving& saving) {
 }
 
 }  // namespace
+
+std::string newestOfCard(const std::string& cardNum) {
+  return sql("select top 1 * from fa_Cards where sCardNum='", cardNum, "' order by val(sCardID) desc");
+}
+
+void foreseeTransfers(StatementGroup& group, std::span<const CarriedRows> carried) {
+  std::vector<std::string> statements{kHighestCardID, kHighestOperation, CarriedRows::kHighestShare};
+  for (const CarriedRows& ofCard : carried)
+    statements.insert(statements.end(), {ofCard.lastShare(), ofCard.lastDetail()});
+  group.foresee(statements);
+  statements.clear();
+  for (const CarriedRows& ofCard : carried) ofCard.addFound(group, statements);
+  group.foresee(statements);
+}
 
 const SheetRules& transferRules() {
   static constexpr PickRules kPick{.check = checkPick, .find = findPicked, .show = showPicked};

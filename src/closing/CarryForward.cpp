@@ -177,7 +177,7 @@ void carryLedgersForward(RunContext& run) {
   CarryForward forward(run);
   const std::vector<CarriedCard> cards = carriedCards(run.dbZKData);
   LongJob job(run.dialogs, "正在整理卡片数据，请稍候……", cards.size());
-  forEachGroup(cards, [&](std::span<const CarriedCard> group) {
+  forEachGroup(run.dbZKData, cards, [&](std::span<const CarriedCard> group) {
     forward.carry(group);
     for (std::size_t i = 0; i < group.size(); ++i) job.step();
   });

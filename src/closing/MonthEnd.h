@@ -13,7 +13,7 @@ namespace zelkor {
 struct MonthEndScreens {
   ShowPercent backup;  // called for the first time before the backup begins
   std::function<void(const std::optional<std::string>& failure)> backupEnded;  // as BackInfo gives it
-  // Before all else, when nobody else can begin to close; what it raises, nothing has been done.
+  // Before all else, while nobody else can begin to close; when it raises an error nothing has been done.
   std::function<void()> before = {};
 };
 

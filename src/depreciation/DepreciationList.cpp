@@ -96,7 +96,7 @@ void fillWorkingTable(Database& data, const char* cardNums, const char* columns,
     cards.push_back(rows.TextOrEmpty("sCardNum"));
   if (cards.empty()) return;
   data.Execute(sql("SELECT ", columns, " into yxkp", rest(cards.front())));
-  forEachGroup(std::span(cards).subspan(1), [&](std::span<const std::string> some) {
+  forEachGroup(data, std::span(cards).subspan(1), [&](std::span<const std::string> some) {
     StatementGroup group(data);
     for (const std::string& card : some)
       group.execute(sql("insert into yxkp SELECT ", columns, " ", rest(card)));

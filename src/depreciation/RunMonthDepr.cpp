@@ -41,7 +41,7 @@ bool computeCards(RunContext& run) {
   DeprThisYear deprThisYear(run.dbZKData);
   LongJob job(run.dialogs, "正在计提折旧，请稍候……", cardNums.size());
   try {
-    forEachGroup(cardNums, [&](std::span<const std::string> group) {
+    forEachGroup(run.dbZKData, cardNums, [&](std::span<const std::string> group) {
       calcCardsDepr(run, group, deprThisYear);
       for (std::size_t i = 0; i < group.size(); ++i) job.step();
     });

@@ -67,8 +67,7 @@ void addDebitRows(RunContext& run, StatementGroup& rows, DebitRows& added) {
   for (; !groups.Eof(); groups.MoveNext()) {
     const double amount = groups.Fields("dblJZE").numberOrZero();
     if (amount == 0) continue;
-    rows.add("select * from fa_ZWVouchers",
-             [&](Recordset& staged) { setDebitRow(run, staged, groups, added.next); });
+    rows.add("fa_ZWVouchers", [&](Recordset& staged) { setDebitRow(run, staged, groups, added.next); });
     if (static_cast<std::size_t>(added.next) % StatementGroup::kThings == 0) rows.run();
     added.total = Currency::fromDouble(added.total.toDouble() + amount);
     added.next = CInt(static_cast<double>(added.next) + 1);

@@ -3,10 +3,12 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -19,6 +21,7 @@ namespace {
 
 constexpr int kSignalled = 128;
 constexpr int kRefused = 2;
+constexpr off_t kEndOfErrors = 262144;
 
 class SpawnActions {
  public:
@@ -51,11 +54,12 @@ pid_t spawned(const std::string& program, const std::vector<std::string>& argume
   return child;
 }
 
-std::string contentOf(const FileDescriptor& file) {
+std::string contentOf(const FileDescriptor& file, off_t from = 0) {
   std::string text;
   std::array<char, 4096> buffer{};
   ssize_t length = 0;
-  while ((length = ::pread(file.get(), buffer.data(), buffer.size(), static_cast<off_t>(text.size()))) > 0)
+  while ((length =
+              ::pread(file.get(), buffer.data(), buffer.size(), from + static_cast<off_t>(text.size()))) > 0)
     text.append(buffer.data(), static_cast<std::size_t>(length));
   return text;
 }
@@ -71,6 +75,12 @@ ChildProgram::ChildProgram(const std::string& program, const std::vector<std::st
   if (!process_) refuse(program, errno);
 }
 
+std::string ChildProgram::endOfErrors() const {
+  struct stat file {};
+  if (::fstat(errors_.get(), &file) != 0) return {};
+  return contentOf(errors_, std::max<off_t>(file.st_size - kEndOfErrors, 0));
+}
+
 ChildEnd ChildProgram::finish() {
   siginfo_t end{};
   while (::waitid(static_cast<idtype_t>(P_PIDFD), static_cast<id_t>(process_.get()), &end, WEXITED) != 0 &&
@@ -80,12 +90,19 @@ ChildEnd ChildProgram::finish() {
   return {status, contentOf(errors_), contentOf(output_)};
 }
 
+std::string firstSentence(const std::string& text) {
+  constexpr std::string_view kStop = "。";
+  const std::string line = text.substr(0, text.find('\n'));
+  const std::size_t stop = line.find(kStop);
+  return stop == std::string::npos ? line : line.substr(0, stop + kStop.size());
+}
+
 std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end) {
   std::string reason = end.errors;
   while (!reason.empty() && (reason.back() == '\n' || reason.back() == ' ')) reason.pop_back();
   for (char& c : reason)
     if (c == '\n') c = ' ';
-  if (end.status > kSignalled && reason.empty()) {
+  if (end.status > kSignalled) {  // whatever it told before
     reason = sql("被信号 ", end.status - kSignalled, " 终止；已保存的内容都在");
   } else if (reason.empty()) {
     reason = end.status == kRefused ? "另一个界面或另一项作业正在进行" : sql("结束状态 ", end.status);

@@ -25,6 +25,8 @@ class ChildProgram {
   ChildProgram(const std::string& program, const std::vector<std::string>& arguments);
 
   int endDescriptor() const { return process_.get(); }
+  /// The end of what it has told on standard error until now, some thousand lines at most.
+  std::string endOfErrors() const;
   /// Waits for the end.
   ChildEnd finish();
 
@@ -33,6 +35,9 @@ class ChildProgram {
   FileDescriptor output_;
   FileDescriptor process_;  // the process itself, as the system calls it
 };
+
+/// The first sentence of a text, or its first line.
+std::string firstSentence(const std::string& text);
 
 /// One sentence about an end that is no success: which job, why, by its first words.
 std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end);

@@ -6,8 +6,10 @@
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "home/AccountTitle.h"
+#include "home/FrmImportJet.h"
 #include "home/FrmLogin.h"
 #include "home/FrmNewAccountSet.h"
+#include "home/FrmRestore.h"
 #include "store/engine/Statement.h"
 #include "ui/Layout.h"
 
@@ -53,6 +55,8 @@ FrmAccountSets::FrmAccountSets(FormHost& host, AccountSetList& list)
   on(CmdOpen, &QPushButton::clicked, &FrmAccountSets::open);
   on(CmdNew, &QPushButton::clicked, &FrmAccountSets::makeNew);
   on(CmdAdd, &QPushButton::clicked, &FrmAccountSets::add);
+  on(CmdJet, &QPushButton::clicked, &FrmAccountSets::importJet);
+  on(CmdRestore, &QPushButton::clicked, &FrmAccountSets::restore);
   on(CmdRemove, &QPushButton::clicked, &FrmAccountSets::remove);
   on(CmdExit, &QPushButton::clicked, [this] { close(); });
   showSets();
@@ -65,8 +69,10 @@ void FrmAccountSets::arrangeControls() {
   LblDetail->setWordWrap(true);
   LblDetail->setMinimumHeight(kDetailHeight);
   LblDetail->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  arrange(this, column({wide(GridSets), LblDetail,
-                        row({CmdOpen, space(12), CmdNew, CmdAdd, CmdRemove, stretch(), CmdExit})}));
+  arrange(
+      this,
+      column({wide(GridSets), LblDetail,
+              row({CmdOpen, space(12), CmdNew, CmdAdd, CmdJet, CmdRestore, CmdRemove, stretch(), CmdExit})}));
   setDefaultButton(CmdOpen);
   resize(kSize);
 }
@@ -125,7 +131,10 @@ void FrmAccountSets::showDetail() {
   CmdRemove->setEnabled(chosen);
   CmdOpen->setEnabled(chosen && (!states_[index] || states_[index]->canBeOpened()));
   if (list_.sets().empty()) {
-    LblDetail->setText("列表里还没有账套。“新建账套”建一个新的，“加入已有的账套”指明账套所在的文件夹。");
+    LblDetail->setText(
+        "列表里还没有账套。“新建账套”建一个新的，“加入已有的账套”指明账套所在的文件夹；旧系统的数据和以前的备"
+        "份"
+        "也可以在这里导入、恢复。");
   } else if (list_.unreadable() > 0) {
     LblDetail->setText(toQt(sql("账套列表的文件有 ", list_.unreadable(),
                                 " 行读不出来，已略去；下次保存时原文件另存为 .damaged。")));
@@ -164,11 +173,16 @@ void FrmAccountSets::makeNew() {
 
 void FrmAccountSets::add() {
   const QString folder = QFileDialog::getExistingDirectory(this, "账套所在的文件夹");
-  if (folder.isEmpty()) return;
+  if (!folder.isEmpty()) addFrom(fromQt(folder));
+}
+
+void FrmAccountSets::addFrom(const std::string& folder) {
   try {
-    const std::vector<KnownAccountSet> found = accountSetsAt(fromQt(folder));
+    const std::vector<KnownAccountSet> found = accountSetsAt(folder);
     if (found.empty()) return tell("系统文件中没有账套。");
     for (KnownAccountSet set : found) {
+      for (const KnownAccountSet& known : list_.sets())
+        if (known.isSame(set)) set.user = known.user;
       set.lastUsed = run().clock.now();
       remember(set);
     }
@@ -177,6 +191,27 @@ void FrmAccountSets::add() {
   } catch (const RuntimeError& error) {
     tell(error.what());
   }
+}
+
+/// The program that brings account sets from place to place.
+std::string FrmAccountSets::tool() {
+  return run().programFolder + "/zelkorctl";
+}
+
+void FrmAccountSets::importJet() {
+  FrmImportJet form(host(), tool());
+  host().showModal(form);
+  if (!form.made().empty()) addFrom(form.made());
+}
+
+void FrmAccountSets::restore() {
+  const std::size_t index = selected();
+  const bool chosen = index < list_.sets().size();
+  const auto folder =
+      chosen ? std::filesystem::path(list_.sets()[index].dataFile).parent_path() : std::filesystem::path();
+  FrmRestore form(host(), folder.string(), tool());
+  host().showModal(form);
+  if (!form.restored().empty()) addFrom(form.restored());
 }
 
 void FrmAccountSets::remove() {

@@ -13,7 +13,8 @@
 
 namespace zelkor {
 
-/// The account sets that a person knows: opens one, makes one, takes one into the list or out of it.
+/// The account sets that a person knows: opens one, makes one, brings one in from old files or a backup,
+/// takes one into the list or out of it.
 class FrmAccountSets final : public Form {
  public:
   /// The list is kept by who shows the form.
@@ -29,6 +30,8 @@ class FrmAccountSets final : public Form {
   QPushButton* CmdOpen = make<QPushButton>("CmdOpen", "打开(&O)");
   QPushButton* CmdNew = make<QPushButton>("CmdNew", "新建账套(&N)…");
   QPushButton* CmdAdd = make<QPushButton>("CmdAdd", "加入已有的账套(&A)…");
+  QPushButton* CmdJet = make<QPushButton>("CmdJet", "导入旧数据文件(&J)…");
+  QPushButton* CmdRestore = make<QPushButton>("CmdRestore", "从备份恢复(&B)…");
   QPushButton* CmdRemove = make<QPushButton>("CmdRemove", "从列表移除(&R)");
   QPushButton* CmdExit = make<QPushButton>("CmdExit", "退出");
 
@@ -42,6 +45,10 @@ class FrmAccountSets final : public Form {
   void open();
   void makeNew();
   void add();
+  void addFrom(const std::string& folder);
+  void importJet();
+  void restore();
+  std::string tool();
   void remove();
   bool remember(const KnownAccountSet& set);
   void tell(const std::string& text);
@@ -50,7 +57,7 @@ class FrmAccountSets final : public Form {
   std::vector<std::optional<AccountSetState>> states_;  // of the sets in their order, once they are known
   std::size_t shown_ = 0;                               // which showing of the list they belong to
   std::optional<OpenedSet> opened_;
-  frmWorker worker_;
+  frmWorker worker_{frmWorker::kBriefly};
 };
 
 }  // namespace zelkor

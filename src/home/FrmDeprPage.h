@@ -59,7 +59,7 @@ class FrmDeprPage final : public Form {
   bool shown_ = false;  // tables are
   int asked_ = 0;       // which reading is the last one
   frmModule tool_;
-  frmWorker worker_;
+  frmWorker worker_{frmWorker::kBriefly};
 };
 
 }  // namespace zelkor

@@ -82,6 +82,7 @@ void FrmHome::connectEvents() {
   on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
   connectRecent();
   on(TxtCommand->completer(), qOverload<const QString&>(&QCompleter::activated), &FrmHome::startByName);
+  on(TxtCommand, &QLineEdit::returnPressed, &FrmHome::enterInList);
 }
 
 bool FrmHome::event(QEvent* event) {
@@ -179,8 +180,8 @@ void FrmHome::readIn(BookReading (*routine)(const BooksPlace&)) {
 }
 
 void FrmHome::takeReading(BookReading reading) {
+  noteTrouble("");
   takeCheck(reading, checks_.lastOf(opened_.set.dataFile, opened_.set.account, opened_.date));
-  trouble_.clear();
   reading_ = std::move(reading);
   if (!reading_->header.name.empty()) {
     opened_.set.name = reading_->header.name;
@@ -197,14 +198,21 @@ void FrmHome::takeReading(BookReading reading) {
 
 /// What was seen before stays in sight; nothing can be started from it.
 void FrmHome::readingFailed(const std::string& reason) {
-  trouble_ = reason;
+  noteTrouble(reason);
   showMonth();
+}
+
+/// All of it can be read and copied, unless a command has left something there.
+void FrmHome::noteTrouble(const std::string& reason) {
+  if (lastErrors_.empty() || lastErrors_ == trouble_) lastErrors_ = reason;
+  trouble_ = reason;
+  showStatus();
 }
 
 void FrmHome::showMonth() {
   const MonthState* month = reading_ ? &reading_->month : nullptr;
   if (!trouble_.empty()) {
-    LblHeadline->setText(toQt("⚠ 账套现在读不出来：" + trouble_ + " 按 F5 再试。"));
+    LblHeadline->setText(toQt("⚠ 账套现在读不出来：" + firstSentence(trouble_) + " 按 F5 再试。"));
   } else {
     LblHeadline->setText(month ? toQt(month->headline) : QString("正在读取…"));
   }
@@ -309,6 +317,14 @@ void FrmHome::startNext() {
 void FrmHome::startStep(std::size_t index) {
   if (!reading_ || !CmdStep[index]->isEnabled()) return;
   start(reading_->month.steps[index].commands.front());
+}
+
+/// Enter while the list of names is shown, which hands it to the field alone: a name that has been walked to
+/// there is started by the list.
+void FrmHome::enterInList() {
+  if (TxtCommand->completer()->popup()->currentIndex().isValid()) return;
+  const auto start = [this, text = TxtCommand->text()] { host().dispatch([&] { startByName(text); }); };
+  QMetaObject::invokeMethod(TxtCommand, start, Qt::QueuedConnection);  // the list has to go first
 }
 
 /// The command that is called so, or the only one whose name has the text in it.

@@ -20,6 +20,7 @@
 #include "home/frmChart.h"
 #include "home/frmModule.h"
 #include "home/frmWorker.h"
+#include "home/ImportReading.h"
 #include "home/OpenedSet.h"
 #include "home/Reopening.h"
 #include "startup/RecentReports.h"
@@ -101,6 +102,7 @@ class FrmHome final : public Form {
   void read();
   void readIn(BookReading (*routine)(const BooksPlace&));
   void takeReading(BookReading reading);
+  void noteTrouble(const std::string& reason);
   void readingFailed(const std::string& reason);
   void showMonth();
   void showStep(std::size_t index, const MonthStep& step, bool isNext);
@@ -110,6 +112,7 @@ class FrmHome final : public Form {
   bool canStart() { return !module_.isRunning() && !restoring_; }
   void startNext();
   void startStep(std::size_t index);
+  void enterInList();
   void startByName(const QString& caption);
   void start(const StepCommand& command);
   void startModule(const StepCommand& command);
@@ -123,6 +126,7 @@ class FrmHome final : public Form {
 
   // FrmHomeOwn.cpp
   void startOwn(std::string_view name);
+  void importFile(ImportKind kind);
   void startTool(std::string_view command, const std::vector<std::string>& words, Ended afterwards);
   void check();
   void checked(const OpenedSet& of, const std::string& work, const ChildEnd& end);

@@ -6,6 +6,7 @@
 #include "home/FrmHome.h"
 #include "home/frmStepMark.h"
 #include "startup/RunTypes.h"
+#include "store/engine/Statement.h"
 #include "ui/Layout.h"
 
 namespace zelkor {
@@ -23,6 +24,8 @@ constexpr int kLastWidth = 76;
 constexpr int kButtonWidth = 152;
 constexpr int kMarkSize = 22;
 constexpr std::array<const char*, FrmHome::kFigures> kFigureCaptions{"原值", "累计折旧", "净值", "本月折旧"};
+
+constexpr std::string_view kGroupKeys = "ARCBPT";  // with Alt, one for each RunGroup
 
 enum StepColumn { Mark, Caption, Counts, Last, Button, More };
 
@@ -161,7 +164,8 @@ void FrmHome::makeMenus() {
                      {"退出", [this] { close(); }, nullptr, QKeySequence("Ctrl+W")}});
   makeStepsMenu();
   for (const RunGroup group : runGroups()) {
-    QMenu* menu = menu_->addMenu(toQt(captionOf(group)));
+    const char key = kGroupKeys.at(static_cast<std::size_t>(group));
+    QMenu* menu = menu_->addMenu(toQt(sql(captionOf(group), "(&", std::string(1, key), ")")));
     std::vector<Command> commands;
     for (const StepCommand& command : allCommands()) {
       if (groupOf(command) != group) continue;

@@ -5,6 +5,7 @@
 #include "home/FrmDeprPage.h"
 #include "home/FrmFindings.h"
 #include "home/FrmHome.h"
+#include "home/FrmImport.h"
 #include "home/OwnCommands.h"
 #include "store/engine/Statement.h"
 #include "ui/Layout.h"
@@ -28,12 +29,20 @@ std::string firstLine(const std::string& text) {
 
 void FrmHome::startOwn(std::string_view name) {
   if (!reading_ || !trouble_.empty()) return;
+  if (name == own::kImportCards) importFile(ImportKind::Cards);
+  if (name == own::kImportSheets) importFile(ImportKind::Sheets);
   if (name == own::kCheck) check();
   if (name == own::kBackup) backUp("", "");
   if (name == own::kBackupTo) backUpElsewhere();
   if (name == own::kReopen) reopen();
   if (name == own::kPreview) showPreview();
   if (name == own::kPlan) showPlan();
+}
+
+void FrmHome::importFile(ImportKind kind) {
+  FrmImport form(host(), kind, opened_, programs_.tool);
+  host().showModal(form);
+  if (form.imported()) read();
 }
 
 void FrmHome::startTool(std::string_view command, const std::vector<std::string>& words, Ended afterwards) {

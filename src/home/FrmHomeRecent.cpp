@@ -29,6 +29,7 @@ void FrmHome::connectRecent() {
 void FrmHome::showRecent() {
   GridCards->setGrid(gridOf(reading_->recent.cards));
   GridVouchers->setGrid(gridOf(reading_->recent.vouchers));
+  for (FlexGrid* grid : {GridCards, GridVouchers}) grid->widenColumns();
   showReports();
 }
 
@@ -36,6 +37,7 @@ void FrmHome::showReports() {
   reports_ = RecentReports(RecentReports::usualFile()).of(opened_.set.dataFile, opened_.set.account);
   const auto row = GridReports->currentGridRow();
   GridReports->setGrid(gridOf(reports_));
+  GridReports->widenColumns();
   if (!reports_.empty()) GridReports->selectGridRow(row && *row <= reports_.size() ? *row : 1);
   lockReports();
 }

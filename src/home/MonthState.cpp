@@ -82,6 +82,7 @@ MonthStep cards(const MonthFacts& facts) {
                  .counts = sql("在用 ", facts.cardsInUse, " 张，本月录入 ", facts.cardsEntered, " 张"),
                  .last = facts.lastCard,
                  .commands = runs({6, 5, 7})};
+  step.commands.push_back(StepCommand::ofOwn(own::kImportCards));
   if (facts.cards == 0) {
     step.counts = "还没有卡片";
     offerFirst(step.commands, 5);
@@ -94,11 +95,13 @@ MonthStep cards(const MonthFacts& facts) {
 }
 
 MonthStep changes(const MonthFacts& facts) {
-  return {.kind = StepKind::Changes,
-          .state = facts.sheets == 0 ? StepState::Idle : StepState::Done,
-          .counts = facts.sheets == 0 ? "本月没有变动单" : sql("本月 ", facts.sheets, " 张"),
-          .last = facts.lastSheet,
-          .commands = runs({24, 14, 15, 16, 17, 18, 11})};
+  MonthStep step{.kind = StepKind::Changes,
+                 .state = facts.sheets == 0 ? StepState::Idle : StepState::Done,
+                 .counts = facts.sheets == 0 ? "本月没有变动单" : sql("本月 ", facts.sheets, " 张"),
+                 .last = facts.lastSheet,
+                 .commands = runs({24, 14, 15, 16, 17, 18, 11})};
+  step.commands.push_back(StepCommand::ofOwn(own::kImportSheets));
+  return step;
 }
 
 bool isDepreciated(const MonthFacts& facts, PeriodState period) {

@@ -11,6 +11,8 @@ constexpr OwnCommandRow kRows[] = {
     {own::kBackup, "备份账套", RunGroup::Account},
     {own::kBackupTo, "备份到其他文件夹…", RunGroup::Account},
     {own::kReopen, "恢复到结账前…", RunGroup::Account},
+    {own::kImportCards, "导入卡片…", RunGroup::Cards},
+    {own::kImportSheets, "导入变动单…", RunGroup::Changes},
     {own::kPreview, "预览计提", RunGroup::Processing},
     {own::kPlan, "未来折旧", RunGroup::Processing},
 };

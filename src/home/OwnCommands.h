@@ -9,6 +9,8 @@ namespace zelkor {
 
 // What the workbench can do beside starting the module.
 namespace own {
+inline constexpr std::string_view kImportCards = "import-cards";
+inline constexpr std::string_view kImportSheets = "import-sheets";
 inline constexpr std::string_view kCheck = "check";
 inline constexpr std::string_view kBackup = "backup";
 inline constexpr std::string_view kBackupTo = "backup-to";

@@ -17,6 +17,9 @@ class frmModule {
   /// What the command that runs is called.
   const std::string& caption() const { return caption_; }
 
+  /// See ChildProgram; empty where none runs.
+  std::string endOfErrors() const { return child_ ? child_->endOfErrors() : std::string(); }
+
   /// Starts it; `ended` is called once, by the event loop. Errors as ChildProgram.
   void start(const std::string& program, const std::string& caption,
              const std::vector<std::string>& arguments, std::function<void(const ChildEnd&)> ended);

@@ -1,17 +1,10 @@
 #include "home/frmWorker.h"
 
-#include <chrono>
 #include <utility>
 
 namespace zelkor {
-namespace {
 
-/// A server that does not answer must not keep the program from its end.
-constexpr std::chrono::seconds kPatience{2};
-
-}  // namespace
-
-frmWorker::frmWorker() {
+frmWorker::frmWorker(std::chrono::milliseconds patience) : patience_(patience) {
   shared_->receiver = &receiver_;
   thread_ = std::thread([shared = shared_] { work(shared); });
 }
@@ -24,7 +17,7 @@ frmWorker::~frmWorker() {
     shared_->receiver = nullptr;
     shared_->jobs.clear();
     shared_->changed.notify_all();
-    ended = shared_->changed.wait_for(lock, kPatience, [this] { return shared_->ended; });
+    ended = shared_->changed.wait_for(lock, patience_, [this] { return shared_->ended; });
   }
   if (ended) {
     thread_.join();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -17,10 +18,14 @@ class frmWorker {
   using Result = std::function<void()>;
   using Job = std::function<Result()>;
 
-  frmWorker();
+  static constexpr std::chrono::milliseconds kUntilEnd{2000};
+  static constexpr std::chrono::milliseconds kBriefly{50};  // for who goes while other windows stay
+
+  /// `patience` is how long its end waits for what is still under way.
+  explicit frmWorker(std::chrono::milliseconds patience = kUntilEnd);
   frmWorker(const frmWorker&) = delete;
   frmWorker& operator=(const frmWorker&) = delete;
-  /// What is still under way is waited for a moment and then left alone; its result is dropped.
+  /// What is then still under way is left alone, a server that does not answer; its result is dropped.
   ~frmWorker();
 
   /// Lines the job up; it may raise nothing.
@@ -41,6 +46,7 @@ class frmWorker {
   static void work(const std::shared_ptr<Shared>& shared);
   static void deliver(Shared& shared, Result result);
 
+  std::chrono::milliseconds patience_;
   QObject receiver_;
   std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
   std::thread thread_;

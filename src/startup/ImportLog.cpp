@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "store/engine/Statement.h"
-#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -33,16 +32,25 @@ std::optional<std::string> ImportLog::take(const std::string& row) {
   return earliest;
 }
 
-// By a recordset: a row may hold quotes.
+bool ImportLog::knows(const std::string& row) const {
+  const auto saved = saved_.find(row);
+  return saved != saved_.end() && !saved->second.empty();
+}
+
 void ImportLog::note(const std::string& row, const std::string& savedAs) {
   StatementGroup group(context_.dbZKData);
+  note(group, row, savedAs);
+  group.run();
+}
+
+// By a recordset: a row may hold quotes.
+void ImportLog::note(StatementGroup& group, const std::string& row, const std::string& savedAs) {
   group.add("select * from Fa_log where 1=0", [&](Recordset& log) {
     log.AddNew();
     log.Collect("dDate", context_.gdOpDate);
     log.Collect("sOperater", context_.gstrUser);
     log.Collect("mMemo", job_ + savedAs + std::string(kColon) + row);
   });
-  group.run();
 }
 
 }  // namespace zelkor

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "startup/RunContext.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -21,8 +22,12 @@ class ImportLog {
 
   /// What a row of that text was saved as, the earliest first, each once; nothing when none is left.
   std::optional<std::string> take(const std::string& row);
+  /// Whether that would give something.
+  bool knows(const std::string& row) const;
   /// Notes in the log what the row is saved as. Goes with the rows of the save: both stay or neither.
   void note(const std::string& row, const std::string& savedAs);
+  /// The same with a group.
+  void note(StatementGroup& group, const std::string& row, const std::string& savedAs);
 
  private:
   RunContext& context_;

@@ -46,13 +46,14 @@ std::optional<WorkbookRow> SheetReader::next() {
 
 WorkbookRow SheetReader::rowOf(pugi::xml_node row) {
   const std::string_view number = attributeOf(row, "r");
-  WorkbookRow result{.number = number.empty() ? last_ + 1 : numberOf(number), .cells = {}, .problem = {}};
+  WorkbookRow result{.number = number.empty() ? last_ + 1 : numberOf(number), .cells = {}, .problems = {}};
   if (result.number <= last_ || result.number > kRows) refuseWorkbook("行的次序不对");
   last_ = result.number;
   column_ = 0;
   for (const pugi::xml_node cell : row.children()) take(cell, result);
   dropBlankEnd(result.cells);
-  if (result.badColumn > result.cells.size()) result.cells.resize(result.badColumn);
+  if (!result.problems.empty())
+    result.cells.resize(std::max(result.cells.size(), result.problems.back().column));
   return result;
 }
 
@@ -68,9 +69,7 @@ void SheetReader::take(pugi::xml_node cell, WorkbookRow& row) {
   if (text.empty() && problem.empty()) return;
   row.cells.resize(*column);
   row.cells.push_back(isWritable ? std::move(text) : writable(text));
-  if (problem.empty() || row.badColumn > 0) return;
-  row.badColumn = *column + 1;
-  row.problem = std::move(problem);
+  if (!problem.empty()) row.problems.push_back({*column + 1, std::move(problem)});
 }
 
 std::string SheetReader::textOf(pugi::xml_node cell, std::string& problem) const {

@@ -11,10 +11,15 @@ namespace zelkor {
 
 /// A row of a sheet that is not empty.
 struct WorkbookRow {
+  /// A cell without a value that can be used.
+  struct Problem {
+    std::size_t column;  // from 1
+    std::string reason;
+  };
+
   std::size_t number = 0;  // from 1
   std::vector<std::string> cells;
-  std::size_t badColumn = 0;  // from 1: a cell without a value that can be used; 0: none
-  std::string problem;        // why
+  std::vector<Problem> problems;  // in the order of their columns
 };
 
 /// The rows of a sheet, one after the other. Errors as WorkbookArchive.

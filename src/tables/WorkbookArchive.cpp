@@ -21,7 +21,9 @@ class ZipError {
   ZipError& operator=(const ZipError&) = delete;
   ~ZipError() { zip_error_fini(&error_); }
   zip_error_t* get() { return &error_; }
-  std::string text() { return zip_error_strerror(&error_); }
+  std::string text() {
+    return std::string("文件已损坏，或不是 xlsx 工作簿（") + zip_error_strerror(&error_) + "）";
+  }
 
  private:
   zip_error_t error_{};

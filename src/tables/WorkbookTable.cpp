@@ -28,32 +28,28 @@ class HeldRows final : public TableRows {
     std::size_t end = 0;      // in the text
     std::size_t problem = 0;  // number of it, from 1
   };
-  struct Problem {
-    std::size_t column;
-    std::string reason;
-  };
-
   std::string text_;
   std::vector<Held> rows_;
-  std::vector<Problem> problems_;
+  std::vector<WorkbookRow::Problem> problems_;
   std::size_t next_ = 0;
 };
 
-/// Takes the cells of those columns.
+/// Takes the cells of those columns, which are in order; what is wrong in others is nothing to the table.
 void HeldRows::add(const WorkbookRow& row, const std::vector<std::size_t>& columns) {
   const auto isBlank = [&row](std::size_t column) {
     return column >= row.cells.size() || Trim(row.cells[column]).empty();
   };
-  if (std::ranges::all_of(columns, isBlank) && row.badColumn == 0) return;
+  const auto problem = std::ranges::find_if(row.problems, [&columns](const WorkbookRow::Problem& one) {
+    return std::ranges::binary_search(columns, one.column - 1);
+  });
+  const bool isBad = problem != row.problems.end();
+  if (std::ranges::all_of(columns, isBlank) && !isBad) return;
   if (text_.size() > kLargestTable) refuseWorkbook("工作表太大，请分成几个");
-  const char* between = "";
-  for (const std::size_t column : columns) {
-    text_ += between;
-    if (column < row.cells.size()) text_ += row.cells[column];
-    between = "\x1F";
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (i > 0) text_ += kBetween;
+    if (columns[i] < row.cells.size()) text_ += row.cells[columns[i]];
   }
-  const bool isBad = row.badColumn > 0 && std::ranges::find(columns, row.badColumn - 1) != columns.end();
-  if (isBad) problems_.push_back({row.badColumn, row.problem});
+  if (isBad) problems_.push_back(*problem);
   rows_.push_back({row.number, text_.size(), isBad ? problems_.size() : 0});
 }
 
@@ -69,7 +65,7 @@ std::optional<CsvRecord> HeldRows::next() {
   }
   record.fields.emplace_back(rest);
   if (row.problem == 0) return record;
-  const Problem& problem = problems_[row.problem - 1];
+  const WorkbookRow::Problem& problem = problems_[row.problem - 1];
   throw CsvError(row.line, problem.column, problem.reason, csvLine(record.fields));
 }
 

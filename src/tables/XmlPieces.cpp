@@ -1,6 +1,7 @@
 #include "tables/XmlPieces.h"
 
-#include <array>
+#include <algorithm>
+#include <utility>
 
 #include "tables/DamagedWorkbook.h"
 

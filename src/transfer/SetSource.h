@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -14,7 +14,6 @@ namespace zelkor {
 
 /// The two files of an account set.
 enum class SetPart : std::uint8_t { Data, System };
-inline constexpr std::array kSetParts{SetPart::Data, SetPart::System};
 
 /// Both files of an account set in one state: nothing that was committed in one of them is missing in the
 /// other. Others go on working; what they write from now on is not seen.

@@ -1,5 +1,7 @@
+#include "archives/ArchiveTrees.h"
 #include "archives/AssetTypeList.h"
 #include "archives/AssetTypeMaintenance.h"
+#include "archives/AssetTypeTree.h"
 #include "archives/ClsBLLAssentTypes.h"
 #include "support/AccountSetFixture.h"
 #include "support/Golden.h"
@@ -51,6 +53,12 @@ TEST_F(AssetTypesTest, WaitsForAServerAFewTimes) {
   count("add", [&] { addAssetType(db(), entry, 2); });
   count("update", [&] { updateAssetType(db(), entry, "024"); });
   count("delete", [&] { deleteAssetType(db(), "024"); });
+  count("tree of categories", [&] { assetTypeTree(db()); });
+  count("tree of methods", [&] { depreciationMethodTree(db()); });
+  count("a category shown", [&] { readAssetType(db(), "022"); });
+  count("departments to pick", [&] { departPickTree(db()); });
+  count("statuses to pick", [&] { statusPickTree(db()); });
+  count("reductions to pick", [&] { reductionPickTree(db()); });
   expectGolden("archives/golden/waits.txt", waits);
 }
 

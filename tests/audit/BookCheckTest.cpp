@@ -79,6 +79,8 @@ TEST(BookCheck, EachDamageIsFoundByItsRuleAlone) {
   }
   for (const CheckRule& rule : checkRules())
     EXPECT_TRUE(proved.contains(std::string(rule.code))) << rule.code;
+  const std::vector<std::string> old{"update fa_Cards set dStartdate=#1895-1-1# where sCardNum='00007'"};
+  EXPECT_FALSE(codesOf(checkAfter(books.dataFile(), old)).contains("C19")) << "a date, if an old one";
 }
 
 /// Statements in the engine's own words, on a connection of their own.

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/Conversion.h"
+#include "base/Decimal.h"
 #include "base/RuntimeError.h"
 
 namespace zelkor {
@@ -19,6 +20,9 @@ TEST(TextOfDouble, AgreesWithExactPrinting) {
     std::snprintf(exact, sizeof exact, "%.14e", amount);
     ASSERT_EQ(Val(textOfDouble(amount)), std::strtod(exact, nullptr)) << exact;
     ASSERT_EQ(Val(exact), std::strtod(exact, nullptr));
+    if (amount < 9e14) {
+      ASSERT_EQ(Currency::fromDouble(-amount), -Currency::fromDecimal(decimalOf(amount))) << exact;
+    }
   }
   for (const double power : {0.001, 0.01, 0.1, 1.0, 10.0, 1e6, 1e14, 1e15}) {
     for (const double near : {std::nextafter(power, 0), power, std::nextafter(power, 2 * power)}) {

@@ -76,7 +76,8 @@ TEST_F(LockedFileTest, SaysWhyThereIsNone) {
   for (const auto& [file, number] : cases) {
     EXPECT_EQ(errorOf([&, name = file.string()] { take(name); }), number) << file;
   }
-  for (const auto& [failure, number] : {std::pair(ENOSPC, 3183), {EDQUOT, 3183}, {EROFS, 3051}, {EIO, 57}}) {
+  for (const auto& [failure, number] :
+       {std::pair(ENOSPC, 3183), {EDQUOT, 3183}, {EROFS, 3051}, {ENOTDIR, 3024}, {EIO, 57}}) {
     EXPECT_EQ(systemError("", failure).number(), number);
   }
 }

@@ -295,7 +295,13 @@ TEST_F(ImportTest, APreviewSaysWhatWouldBecomeOfTheRows) {
   EXPECT_EQ(shown.columns[10].takenFor, "金额，必填");
   EXPECT_EQ(shown.columns[16].takenFor, "");
   execute("update AccInformation set cValue='0' where cSysID='FA' and cName='iCardNumType'");
-  EXPECT_EQ(preview(goodRegister()).problems[0].reason, "不能为空：本账套的固定资产编号由手工输入");
+  Rows byHand = goodRegister();
+  byHand.push_back(byHand[1]);
+  byHand[1][0] = byHand[2][0] = "b8";
+  byHand[2][1] = "x1";
+  shown = preview(byHand);
+  EXPECT_EQ(shown.badRows, 1U) << "a row that is refused does not use its number up";
+  EXPECT_EQ(shown.problems[0].reason, "不能为空：本账套的固定资产编号由手工输入");
   rows[0][10] = "原价";
   shown = preview(rows);
   EXPECT_EQ(shown.missing, std::vector<std::string>{"原值"});

@@ -72,6 +72,25 @@ class DepreciationListTest : public DepreciationTest {
   }
 };
 
+TEST_F(DepreciationListTest, waitsForAServerAFewTimes) {
+  if (!onServer()) GTEST_SKIP() << "needs a server";
+  std::string waits;
+  const auto count = [&](const std::string& what, const auto& work) {
+    const std::uint64_t before = db().waits();
+    work();
+    waits += what + " " + std::to_string(db().waits() - before) + "\n";
+  };
+  for (const int cards : {1, 100, 500}) {
+    for (int n = static_cast<int>(rows("select sCardNum from fa_Cards").size()); n < cards; ++n)
+      add({.cardNum = std::to_string(10000 + n), .inputPeriod = "5"});
+    count(std::to_string(cards) + " cards", [&] { depreciationList(context); });
+    count("of a period", [&] { depreciationListByDepartment(context, "2020.5", "301"); });
+  }
+  count("departments", [&] { depreciationListDepartments(context); });
+  count("categories", [&] { depreciationListAssetTypes(context); });
+  expectGolden("depreciation/golden/waits.txt", waits);
+}
+
 TEST_F(DepreciationListTest, listsEveryCardsNewestVersion) {
   addCards();
   execute("create table yxkp (leftover long)");

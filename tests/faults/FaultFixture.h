@@ -32,6 +32,8 @@ class FaultFixture : public ProgramTest {
     std::ofstream sheets(home / "sheets.csv");
     sheets << "变动类型,卡片编号,变动后内容,变动原因\n";
     for (int i = 0; i < cards / 20; ++i) sheets << sheetRows(i);
+    for (int i = cards / 20; i < cards / 8; ++i)
+      sheets << "部门转移," << numberOf(i) << (i % 9 == 5 ? ",301" : ",302") << ",调拨\n";
     std::ofstream disposals(home / "disposals.csv");
     disposals << "卡片编号,减少日期,减少方式,清理收入,清理费用,清理原因\n";
     for (int i = 0; i < cards / 10; ++i) disposals << numberOf(i) << ",,205,,,报废\n";

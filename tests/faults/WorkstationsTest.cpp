@@ -156,9 +156,9 @@ TEST_F(WorkstationsTest, ANumberThatMustBeUniqueIsGivenOnce) {
   expectSame("statuses", rows("select sID,sName from fa_Status where sName like '会计*'"), told.sheets);
 }
 
-constexpr const char* kTableExists = "unsaved|3010";
-constexpr const char* kTableUnknown = "unsaved|3078";
-constexpr const char* kTableGone = "unsaved|3376";
+constexpr const char* kTableExists = "unsaved|3010|";
+constexpr const char* kTableUnknown = "unsaved|3078|";
+constexpr const char* kTableGone = "unsaved|3376|";
 
 // The list is put together in one table of the data file, which each who looks at it makes again: at once
 // they get in each other's way, and the program that meets that ends with the engine's error.
@@ -169,12 +169,14 @@ TEST_F(WorkstationsTest, DepreciationListsAtOnceDisturbEachOtherOnly) {
       try {
         depreciationList(here);
       } catch (const RuntimeError& error) {
-        tell(zelkor::sql("unsaved|", error.number()));
+        tell(zelkor::sql("unsaved|", error.number(), "|", error.what()));
       }
     }
   });
   for (const std::string& error : told.unsaved)
-    EXPECT_TRUE(error == kTableExists || error == kTableGone || error == kTableUnknown) << error;
+    EXPECT_TRUE(error.starts_with(kTableExists) || error.starts_with(kTableGone) ||
+                error.starts_with(kTableUnknown))
+        << error;
   EXPECT_EQ(textsOf(depreciationList(context)).size(), static_cast<std::size_t>(kCardsToImport + 2));
 }
 

@@ -170,10 +170,12 @@ TEST_F(FrmHomeTest, ASetThatVanishesAndComesBack) {
   press(form, "刷新");
   untilTold(form, "LblHeadline", "账套现在读不出来");
   EXPECT_FALSE(control<QPushButton>(form, "CmdStep2").isEnabled());
+  EXPECT_TRUE(control<QPushButton>(form, "CmdDetail").isVisible());
   std::filesystem::rename(context.gstrZtFile + ".away", context.gstrZtFile);
   press(form, "刷新");
   untilTold(form, "LblHeadline", "2020年1月，下一步");
   EXPECT_TRUE(control<QPushButton>(form, "CmdStep2").isEnabled());
+  EXPECT_FALSE(control<QPushButton>(form, "CmdDetail").isVisible());
 }
 
 TEST_F(FrmHomeTest, AClosedMonthOffersTheOpenOne) {
@@ -190,6 +192,12 @@ TEST_F(FrmHomeTest, ACommandIsFoundByItsName) {
   type(form, "TxtCommand", "分配");
   sendKey(control<QLineEdit>(form, "TxtCommand"), Qt::Key_Return);
   untilTold(form, "LblStatus", "“折旧分配表”已结束");
+  // While the list of names is shown it gets the keys.
+  auto& field = control<QLineEdit>(form, "TxtCommand");
+  type(form, "TxtCommand", "计提本月");
+  field.completer()->complete();
+  sendKey(*field.completer()->popup(), Qt::Key_Return);
+  untilTold(form, "LblStatus", "“计提本月折旧”已结束");
 }
 
 TEST_F(FrmHomeTest, NothingIsResetBeforeTheNameIsTyped) {

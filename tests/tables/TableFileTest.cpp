@@ -130,6 +130,7 @@ TEST(Workbook, ShowsTheTableThatFits) {
   const std::string late = R"(<row r="5"><c r="B5" t="inlineStr"><is><t> a</t></is></c>)"
                            R"(<c r="D5" t="inlineStr"><is><t>b</t></is></c></row><row r="6"/>)";
   const std::string title = R"(<row r="1">)" + inline_("清册") + "</row>";
+  const std::string error = R"(<c t="e"><v>#N/A</v></c>)";
   const struct {
     std::vector<std::pair<std::string, std::string>> sheets;
     const char *source, *rows;
@@ -145,6 +146,12 @@ TEST(Workbook, ShowsTheTableThatFits) {
       {{{"A", sheetOf(kHeader + "<row><c/><c/><c><v>3</v></c></row><row><c><v>1</v></c></row>")}},
        "工作表“A”，表头在第 1 行",
        "1 a|b\n3 1|\n"},
+      // Of what is wrong in a row that counts which stands below a caption.
+      {{{"A", sheetOf("<row>" + inline_(" ") + inline_("a") + inline_("b") + "</row><row>" + error +
+                      "<c><v>2</v></c>" + error + "</row><row>" + error + "</row><row>" + error +
+                      "<c><v>4</v></c></row>")}},
+       "工作表“A”，表头在第 1 行",
+       "1 a|b\n!第 2 行第 3 列：单元格是错误值 #N/A\n4 4|\n"},
   };
   for (const auto& c : cases) {
     TableFile file = readTableFile(zipOf(workbookParts(c.sheets)), {.needed = {"a", "b"}});
@@ -182,7 +189,7 @@ TEST(Workbook, ThatIsDamagedIsRefusedBeforeAnyRow) {
   const std::pair<std::string, const char*> cases[] = {
       {flipped, "xl/worksheets/r0.xml 已损坏"},
       {whole.substr(0, whole.size() - 100), "工作簿读不出来"},
-      {"PK\x03\x04nothing", "工作簿读不出来"},
+      {"PK\x03\x04nothing", "工作簿读不出来：文件已损坏，或不是 xlsx 工作簿"},
       {zipOf({{"mimetype", "x"}}), "不是 xlsx 工作簿"},
       {"\xD0\xCF\x11\xE0\xA1\xB1", "旧式的 .xls 工作簿"},
       {with(sheet, "<worksheet><sheetData><row>"), "XML 没有结束"},
@@ -246,6 +253,20 @@ TEST(KeptRowsTest, GiveATableThatIsMendedAndReadAgain) {
   std::ostringstream rest;
   mended.write(rest);
   EXPECT_EQ(rest.str(), "\xEF\xBB\xBF拒绝原因,a,b\r\n二,2,\"bad\"q\r\n") << "the first reason stays";
+
+  CsvReader moved("a,拒绝原因,b\n1,一,x\n2,二,\"bad\"q\n");
+  KeptRows inside(moved);
+  inside.next();
+  EXPECT_THAT(inside.next()->fields, testing::ElementsAre("1", "x"));
+  inside.refuse("三");
+  EXPECT_THROW(inside.next(), CsvError);
+  inside.refuse("四");
+  std::ostringstream kept;
+  inside.write(kept);
+  EXPECT_EQ(kept.str(),
+            "\xEF\xBB\xBF"
+            "a,拒绝原因,b\r\n1,三,x\r\n2,二,\"bad\"q\r\n")
+      << "in its place";
 }
 
 }  // namespace

@@ -160,7 +160,7 @@ TEST_F(PruningTest, LeavesTheLastOfEachMonthAndWhatIsNotItsOwn) {
   make("other", "2020-01", "elsewhere");
   make("damaged", "2020-01");
   writeFile(backups() / "damaged/ZkData.Mdb", "xx");
-  fs::create_directories(backups() / "mine");
+  fs::create_directories(backups() / "mine/backup.txt");  // no note
   note_.month = "2020-02";
   EXPECT_THAT(pruneBackups(backups(), note_, 5).gone, IsEmpty());
   {
@@ -252,6 +252,10 @@ TEST_F(BackupTest, WhatIsNotWholeOrNotMeantIsRefused) {
     EXPECT_THAT(namesIn(home / "set"), ElementsAreArray(before)) << one.name;
   }
   EXPECT_EQ(errorOf([&] { restoreBackup(restoring(backup, backup)); }), 5) << "into a backup";
+  RestoreOrder keptNowhere = restoring(backup, home / "set");
+  keptNowhere.keepIn = home / "none/kept";
+  EXPECT_THAT([&] { restoreBackup(keptNowhere); },
+              testing::ThrowsMessage<RuntimeError>(HasSubstr("不能建立备份文件夹")));
   fs::create_directory(home / "elsewhere");
   for (const char* file : {"set/notes.txt", "set/ZkSystem.Mdb", "elsewhere/other.Mdb"}) {
     if (!fs::exists(home / file)) writeFile(home / file, "mine");

@@ -17,7 +17,8 @@ class VoucherTest : public AccountSetTest {
  protected:
   /// An addition with its debit and its credit row, without subjects.
   void stageCard(const std::string& cardNum, const std::string& value) {
-    stageNewAsset(db(), context, {cardNum, "101", value, "301", context.period()});
+    StatementGroup group(db());
+    stageNewAsset(group, context, {cardNum, "101", value, "301", context.period()});
   }
   /// The month's depreciation: 410502 once for 301 and once for 302, 550202 for 1, and one credit row without
   /// a subject.

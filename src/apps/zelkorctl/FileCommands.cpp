@@ -1,5 +1,8 @@
+#include <deque>
 #include <functional>
+#include <optional>
 #include <ostream>
+#include <utility>
 
 #include "apps/zelkorctl/BackupCommands.h"
 #include "apps/zelkorctl/CommandRun.h"
@@ -53,6 +56,33 @@ std::string lineOf(const ImportedSheet& sheet) {
       (line.empty() ? "" : "：") + std::string(sheet.end == SheetEnd::Refused ? "" : "变动单 ") + sheet.text;
   return line + (sheet.end == SheetEnd::Before ? "，以前已保存，不再保存" : "");
 }
+
+/// The rows of a file whose ends are told later than they are read, but in their order.
+class RowsReadOn final : public TableRows {
+ public:
+  explicit RowsReadOn(KeptRows& rows) : rows_(rows) {}
+
+  std::optional<CsvRecord> next() override try {
+    auto record = rows_.next();
+    if (record && std::exchange(hasHeader_, true)) read_.push_back(rows_.last());
+    return record;
+  } catch (const CsvError&) {
+    read_.push_back(rows_.last());
+    throw;
+  }
+  std::size_t count() const override { return rows_.count(); }
+  /// The row whose end is told next.
+  KeptRows::Row takeFirst() {
+    KeptRows::Row row = std::move(read_.front());
+    read_.pop_front();
+    return row;
+  }
+
+ private:
+  KeptRows& rows_;
+  bool hasHeader_ = false;
+  std::deque<KeptRows::Row> read_;
+};
 
 /// Tells how far a file came that the program does not go on with. Where it cannot be made sure that what was
 /// saved is on disk nothing is reported; given again, the file reports those rows as saved before.
@@ -165,15 +195,17 @@ int importSheetsCommand(const JobRun& job, const ImportOptions& options, std::os
   return inPreparedRun(job, output, [&](RunContext& context) {
     Sums sums;
     ToldLines told(context.engine, output);
+    RowsReadOn rows(file.rows());
     const auto ended = [&](const ImportedSheet& sheet) {
       count(sheet.end, sums);
       told.add(lineOf(sheet));
-      if (sheet.end == SheetEnd::Refused) file.rows().refuse(lineOf(sheet));
+      KeptRows::Row row = rows.takeFirst();
+      if (sheet.end == SheetEnd::Refused) file.rows().refuse(std::move(row), lineOf(sheet));
     };
     asOnlyJob(context, OnlyJob::SheetImport, [&] {
       backUpBefore(job, context, "导入前", output);
       try {
-        importSheets(context, file.rows(), ended);
+        importSheets(context, rows, ended);
       } catch (...) {
         tellHowFar(context.engine.workspace(), told, sums, output);
         throw;

@@ -104,14 +104,6 @@ void writeList(const fs::path& folder, const std::vector<std::string>& names) {
   giveName(written, listIn(folder));
 }
 
-/// The file itself, by whatever links it was reached.
-fs::path realPathOf(const fs::path& file) {
-  std::error_code failure;
-  const fs::path whole = fs::absolute(file, failure);
-  const fs::path real = fs::weakly_canonical(whole, failure);
-  return failure ? whole : real;
-}
-
 std::unique_ptr<LockedFile> lockOf(const fs::path& file) {
   const auto end = std::chrono::steady_clock::now() + kPatience;
   while (true) {

@@ -24,8 +24,9 @@ class Replacement {
   FileDescriptor create(const std::string& name, const FileAccess& access) const;
   /// Where it lies until then.
   std::filesystem::path prepared(const std::string& name) const;
-  /// Carries all of them to their places, with their logs gone. The files that they replace must be open for
-  /// nobody, and their content on disk. An error leaves what was there before.
+  /// Carries all of them to their places; the logs of what was there go. Nobody may have those files open. An
+  /// error leaves what was there before; or where the list bears its name already, whoever opens one next
+  /// goes on.
   void carryOut();
 
  private:

@@ -6,8 +6,7 @@
 
 namespace zelkor {
 
-ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns)
-    : columns_(columns), next_(columns.size()) {
+ColumnNames::ColumnNames(std::span<const dialect::OutputColumn> columns) {
   places_.reserve(columns.size());
   for (std::size_t i = 0; i < columns.size(); ++i) places_.try_emplace(columns[i].name, i);
 }
@@ -27,13 +26,26 @@ std::size_t ColumnNames::Hash::operator()(std::string_view name) const {
 }
 
 std::optional<std::size_t> ColumnNames::find(std::string_view name) const {
-  if (columns_.empty()) return std::nullopt;
-  const std::size_t expected = next_[last_];
-  if (columns_[expected].name == name) return last_ = expected;
+  if (next_ < asked_.size() && asked_[next_].isCalled(name)) {
+    const std::size_t column = asked_[next_].column;
+    if (++next_ == asked_.size()) next_ = 0;
+    return column;
+  }
   const auto place = places_.find(name);
   if (place == places_.end()) return std::nullopt;
-  next_[last_] = place->second;
-  return last_ = place->second;
+  expectAfter(name, place->second);
+  return place->second;
+}
+
+void ColumnNames::expectAfter(std::string_view name, std::size_t column) const {
+  auto asked = std::ranges::find(asked_, column, &Asked::column);
+  if (asked == asked_.end()) {
+    Asked one{{}, static_cast<std::uint16_t>(name.size()), static_cast<std::uint16_t>(column)};
+    if (name.size() > one.letters.size() || column != one.column) return;
+    name.copy(one.letters.data(), name.size());
+    asked = asked_.insert(asked, one);
+  }
+  next_ = static_cast<std::size_t>(asked - asked_.begin() + 1) % asked_.size();
 }
 
 }  // namespace zelkor

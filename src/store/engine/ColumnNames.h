@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -26,12 +29,23 @@ class ColumnNames {
   struct Same {
     bool operator()(std::string_view a, std::string_view b) const { return dialect::sameName(a, b); }
   };
-  std::span<const dialect::OutputColumn> columns_;
+  /// A name that has been asked for, kept in place: those of a row are in a few lines of the cache.
+  struct Asked {
+    std::array<char, 28> letters;
+    std::uint16_t length;
+    std::uint16_t column;
+
+    bool isCalled(std::string_view name) const {
+      return name.size() == length && std::memcmp(name.data(), letters.data(), length) == 0;
+    }
+  };
+
+  void expectAfter(std::string_view name, std::size_t column) const;
+
   std::unordered_map<std::string_view, std::size_t, Hash, Same> places_;
-  // Each row is mostly asked for the same columns in the same order: for each column, which one was asked for
-  // after it the last time.
-  mutable std::vector<std::size_t> next_;
-  mutable std::size_t last_ = 0;
+  // Each row is mostly asked for the same columns in the same order, which is this one.
+  mutable std::vector<Asked> asked_;
+  mutable std::size_t next_ = 0;  // place in it of the column that is to be expected
 };
 
 }  // namespace zelkor

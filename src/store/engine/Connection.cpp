@@ -28,6 +28,10 @@ bool isPlainName(std::string_view text) {
          std::ranges::none_of(text, [](char c) { return c == ' ' || c == '\t' || c == '\n'; });
 }
 
+std::string allOf(std::string_view table) {
+  return "select * from [" + std::string(table) + "]";
+}
+
 bool isUnknownName(const RuntimeError& error) {
   return error.is(ErrorNumber::CannotOpenTableOrQuery) || error.is(ErrorNumber::TooFewParameters) ||
          error.is(ErrorNumber::UndefinedFunction);
@@ -93,7 +97,7 @@ Recordset Connection::open(std::string_view sqlOrTable) {
 
 Recordset Connection::openTable(std::string_view table) {
   if (schema_.table(table) == nullptr) throw dialect::unknownTable(table);
-  return openQuery("select * from [" + std::string(table) + "]");
+  return openQuery(allOf(table));
 }
 
 Recordset Connection::openQuery(std::string_view sql) {
@@ -181,7 +185,7 @@ std::optional<AheadStatement> Connection::ahead(std::string_view sql, bool besid
 
 std::shared_ptr<RecordsetState> Connection::openForAdding(std::string_view sql) {
   goOn();
-  if (isPlainName(sql)) return nullptr;
+  if (isPlainName(sql)) return schema_.table(sql) ? openForAdding(allOf(sql)) : nullptr;
   return withStatement(sql, [&](CachedStatement& statement) {
     if (!statement.query) return std::shared_ptr<RecordsetState>();
     auto state = std::make_shared<RecordsetState>(shared_from_this(), statement.query, sql, shape_.literals);

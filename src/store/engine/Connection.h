@@ -45,7 +45,7 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// The statement translated and bound; nothing where it cannot go out together with others.
   /// One that reads beside others that write is in a form that is right whatever it meets.
   std::optional<AheadStatement> ahead(std::string_view sql, bool besideWrites);
-  /// The query opened for nothing but adding a row; nothing where it is none.
+  /// The query, or the table of that name, opened for nothing but adding rows; nothing where it is none.
   std::shared_ptr<RecordsetState> openForAdding(std::string_view sql);
   /// Sends statements some of which write, and waits once; then calls `use`, where there is one, before what
   /// they have written is kept. A failure is that of the first that fails, or of `use`; nothing of what they

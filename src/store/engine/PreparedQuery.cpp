@@ -46,7 +46,9 @@ PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& transla
       query_(translation.query),
       slots_(translation.slots),
       columnNames_(query_->columns()),
-      projection_(std::make_shared<const Projection>(startingProjection(*query_))) {}
+      projection_(std::make_shared<const Projection>(startingProjection(*query_))) {
+  for (const dialect::OutputColumn& column : query_->columns()) types_.push_back(column.type);
+}
 
 bool PreparedQuery::fastFormAllowed() {
   if (!query_->guard()) return false;
@@ -90,6 +92,7 @@ PreparedQuery::Run PreparedQuery::takeWhole() {
 PreparedQuery::Run PreparedQuery::takeAhead(bool besideWrites) {
   const bool isKnown = !projection_->columns.empty();
   Run run = take(false, isKnown ? projection_ : plain(), query_->guard() && !irregular_ && !besideWrites);
+  run.learns = !isKnown;
   if (run.fast) run.guard = engine_.prepare(engine_.words().requiringNone(*query_->guard()));
   return run;
 }

@@ -33,6 +33,7 @@ class PreparedQuery {
 
   const dialect::Query& query() const { return *query_; }
   const ColumnNames& columnNames() const { return columnNames_; }
+  dialect::ColumnType typeOf(std::size_t column) const { return types_[column]; }
   std::span<const dialect::ParameterSlot> slots() const { return slots_; }
 
   /// A statement on its way through a result, and what it delivers after the row keys and tie keys.
@@ -86,6 +87,7 @@ class PreparedQuery {
   std::shared_ptr<const dialect::Query> query_;
   std::vector<dialect::ParameterSlot> slots_;
   ColumnNames columnNames_;
+  std::vector<dialect::ColumnType> types_;  // of the columns, close together
   std::shared_ptr<const Projection> projection_;
   std::shared_ptr<const Projection> plain_;  // without bytes; once it has been needed
   std::array<std::array<Idle, 2>, 2> idle_;

@@ -280,7 +280,7 @@ Value RecordsetState::value(std::size_t column) {
   if (keyed()) return keyedValue(column);
   if (!onStreamedRow()) return rows_[static_cast<std::size_t>(current_)][column];
   return readCell(*run_.statement, static_cast<int>(query_->query().tieKeys() + column),
-                  columns()[column].type);
+                  query_->typeOf(column));
 }
 
 Value RecordsetState::keyedValue(std::size_t column) {
@@ -288,7 +288,7 @@ Value RecordsetState::keyedValue(std::size_t column) {
     if (const int place = run_.projection->placeOf[column]; place >= 0) {
       if (run_.learns) query_->learn(column);
       const auto first = static_cast<int>(sources() + query_->query().tieKeys());
-      return readCell(*run_.statement, first + place, columns()[column].type);
+      return readCell(*run_.statement, first + place, query_->typeOf(column));
     }
   }
   const bool isNew = query_->projection().placeOf[column] < 0 && columns()[column].source;

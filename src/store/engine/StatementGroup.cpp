@@ -26,8 +26,11 @@ struct StatementGroup::AddedRow {
   RowEdit edit;
 };
 
-StatementGroup::StatementGroup(Database& database)
-    : database_(database), sendsAhead_(database.connection().engine().sendsAhead()) {}
+StatementGroup::StatementGroup(Database& database) : database_(database), sendsAhead_(sendsAhead(database)) {}
+
+bool StatementGroup::sendsAhead(const Database& database) {
+  return database.connection().engine().sendsAhead();
+}
 
 void StatementGroup::execute(std::string_view sql) {
   if (sendsAhead_) return steps_.push_back({.sql = std::string(sql)});
@@ -195,6 +198,10 @@ std::size_t StatementGroup::read(std::span<const Step> steps, Sent sent) {
     useRows(steps[i].use, std::move(sent[i].rows));
   }
   return steps.size();
+}
+
+std::size_t thingsInGroup(const Database& database) {
+  return StatementGroup::sendsAhead(database) ? StatementGroup::kThings : 1;
 }
 
 // After one that fails those behind it go out once more.

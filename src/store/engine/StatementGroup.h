@@ -43,6 +43,9 @@ class StatementGroup {
   /// What it raises ends the group as a statement that fails does, and nothing stays of what was to be
   /// written behind it; where something was, it is called once more to raise again. A failure of a query that
   /// it asks by itself and passes over takes nothing back that the group has written.
+  ///
+  /// On a server rows come with the columns that were asked for when this statement went out last, at first
+  /// with all. Another column is read by itself: in a group that writes, behind all that it writes.
   template <typename Use>
   void open(std::string_view sql, Use use) {
     if (!sendsAhead_) {
@@ -81,6 +84,9 @@ class StatementGroup {
     }
     run();
   }
+  /// Whether what is added goes out together: who has many things to do then saves waits by reading for all
+  /// of them first.
+  bool goesOutTogether() const { return sendsAhead_; }
   /// How many statements have been added, and carried out, so far.
   std::size_t added() const { return carriedOut_ + steps_.size(); }
   std::size_t carriedOut() const { return carriedOut_; }
@@ -110,6 +116,10 @@ class StatementGroup {
   static bool writesBehindAUse(std::span<const Step> steps);
   std::optional<AheadStatement> aheadOf(const Step& step, bool besideWrites);
 
+  friend std::size_t thingsInGroup(const Database& database);
+
+  static bool sendsAhead(const Database& database);
+
   Database& database_;
   bool sendsAhead_;
   std::size_t carriedOut_ = 0;
@@ -123,11 +133,16 @@ void askEach(Database& database, std::span<const std::string> queries,
              const std::function<void(std::size_t query, Recordset& rows)>& use,
              const std::function<void(const RuntimeError& error)>& failed);
 
+/// Of how many things the statements are to be put into one group. Where each statement is answered at once
+/// it is one: what is read for it is used while it is at hand, and nothing is kept of many.
+std::size_t thingsInGroup(const Database& database);
+
 /// Calls `work` with each part of the things, as many as go out together.
 template <typename Things, typename Work>
-void forEachGroup(const Things& things, Work work) {
-  for (std::size_t first = 0; first < things.size(); first += StatementGroup::kThings)
-    work(std::span(things).subspan(first, std::min(StatementGroup::kThings, things.size() - first)));
+void forEachGroup(const Database& database, const Things& things, Work work) {
+  const std::size_t most = thingsInGroup(database);
+  for (std::size_t first = 0; first < things.size(); first += most)
+    work(std::span(things).subspan(first, std::min(most, things.size() - first)));
 }
 
 }  // namespace zelkor

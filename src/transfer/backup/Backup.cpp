@@ -90,22 +90,13 @@ std::string machineName() {
   return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
 }
 
-std::string placeOf(const std::string& file) {
-  std::error_code failure;
-  const fs::path whole = fs::weakly_canonical(fs::absolute(file, failure), failure);
-  return failure ? file : whole.string();
-}
-
 /// A number as the name of a folder can hold it.
 std::string nameOf(const BackupNote& note) {
   std::string account = note.account;
   std::ranges::replace_if(
       account, [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == '/' || c == '.'; }, '_');
   const std::string month = note.month.empty() ? "0000-00" : note.month;
-  std::string time = note.time.toIso();
-  std::erase_if(time, [](char c) { return c == '-' || c == ':'; });
-  std::ranges::replace(time, ' ', '-');
-  return account + "_" + month + "_" + time;
+  return account + "_" + month + "_" + stampOf(note.time);
 }
 
 void writeNote(const fs::path& file, const BackupNote& note, const FileAccess& access) {
@@ -135,7 +126,7 @@ BackupNote copySet(SetSource& source, const BackupOrder& order, const fs::path& 
                   .label = order.label,
                   .program = order.program,
                   .machine = machineName(),
-                  .source = placeOf(order.data),
+                  .source = realPathOf(order.data).string(),
                   .revision = revisionOf(source.of(SetPart::Data).engine())};
   describeSet(note, data, system);
   return note;

@@ -10,11 +10,11 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <system_error>
+#include <tuple>
 
+#include "base/FileContent.h"
 #include "base/RuntimeError.h"
 #include "base/SystemError.h"
 #include "transfer/backup/Checksum.h"
@@ -31,9 +31,13 @@ constexpr std::string_view kDamagedBeginning = "damaged_";
   throw systemError("不能写备份文件夹“" + folder.string() + "”", failure);
 }
 
-std::string contentOf(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+/// Nothing where it cannot be read.
+std::string noteIn(const fs::path& folder) {
+  try {
+    return contentOf((folder / kBackupNoteName).string());
+  } catch (const RuntimeError&) {
+    return {};
+  }
 }
 
 std::string problemOf(const fs::path& file, const BackedUpFile& noted, BackupCheck check) {
@@ -132,13 +136,20 @@ bool isBackup(const fs::path& folder) {
   return fs::exists(folder / kBackupNoteName, ignored) || isUnfinished(folder) || isOfDamaged(folder);
 }
 
-std::string nameForDamaged(const std::string& time) {
-  return std::string(kDamagedBeginning) + time;
+std::string stampOf(DateTime time) {
+  std::string stamp = time.toIso();
+  std::erase_if(stamp, [](char c) { return c == '-' || c == ':'; });
+  std::ranges::replace(stamp, ' ', '-');
+  return stamp;
+}
+
+std::string nameForDamaged(DateTime time) {
+  return std::string(kDamagedBeginning) + stampOf(time);
 }
 
 ListedBackup readBackup(const fs::path& folder, BackupCheck check) {
   ListedBackup backup{folder, {}, {}};
-  const auto note = backupNoteOf(contentOf(folder / kBackupNoteName));
+  const auto note = backupNoteOf(noteIn(folder));
   if (!note) {
     backup.problem = isOfDamaged(folder) ? "恢复前已损坏的文件，没有清单"
                                          : std::string("清单 ") + kBackupNoteName + " 已损坏或不能读取";
@@ -199,7 +210,7 @@ NewBackupFolder::NewBackupFolder(fs::path above, const FileAccess& files, const 
   shareFolder(lock_, files, like);
 }
 
-// Another process that looks for what is left over can be quicker to lock it.
+// Another process that looks for what is left over can be quicker to lock it, and then has taken it away.
 bool NewBackupFolder::make() {
   static std::atomic<unsigned> number = 0;
   const auto moment = std::chrono::steady_clock::now().time_since_epoch().count();
@@ -211,7 +222,7 @@ bool NewBackupFolder::make() {
     fail(above_, errno);
   }
   lock_ = locked(path_, LOCK_EX);
-  return static_cast<bool>(lock_);
+  return lock_ && ::access(path_.c_str(), F_OK) == 0;
 }
 
 NewBackupFolder::~NewBackupFolder() {

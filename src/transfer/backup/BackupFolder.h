@@ -18,8 +18,10 @@ inline constexpr const char* kBackedUpSystem = "ZkSystem.Mdb";
 
 /// Whether the folder is a backup, was meant to be one, or keeps the files of a damaged account set.
 bool isBackup(const std::filesystem::path& folder);
-/// What a folder of the latter kind is called.
-std::string nameForDamaged(const std::string& time);
+/// A time as the names of folders hold it: "20200131-093000".
+std::string stampOf(DateTime time);
+/// What a folder with the files of a damaged account set is called.
+std::string nameForDamaged(DateTime time);
 
 struct ListedBackup {
   std::filesystem::path folder;

@@ -1,6 +1,7 @@
 #include "transfer/backup/BackupNote.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <map>
 

@@ -64,6 +64,7 @@ class Restoring {
   void lock();
   void keepWhatIsThere();
   void keepDamaged();
+  void keepSoundOrDamaged();
   void prepare(const Replacement& replacement, const fs::path& target, const char* name,
                const std::string& checksum);
   BackupOrder orderForKept() const;
@@ -131,11 +132,18 @@ void Restoring::keepDamaged() {
   before_.reset();
   for (const fs::path& file : {place_.data, place_.system})
     if (fs::exists(file)) holds_.push_back(holdSqliteFile(file.string()));
-  std::string time = order_.note.since.toIso();
-  std::erase_if(time, [](char c) { return c == '-' || c == ':'; });
-  std::ranges::replace(time, ' ', '-');
   const fs::path in = order_.keepIn.empty() ? backupsBeside(place_.data) : order_.keepIn;
-  restored_.keptAsIs = keepFilesAsTheyAre(place_, in, time);
+  restored_.keptAsIs = keepFilesAsTheyAre(place_, in, order_.note.since);
+}
+
+void Restoring::keepSoundOrDamaged() {
+  try {
+    keepWhatIsThere();
+  } catch (const RuntimeError& error) {
+    const bool lacksFile = error.is(ErrorNumber::FileNotFound) && !before_;  // not the place for the backup
+    if (!error.is(ErrorNumber::UnrecognizedFormat) && !lacksFile) throw;
+    keepDamaged();
+  }
 }
 
 void Restoring::prepare(const Replacement& replacement, const fs::path& target, const char* name,
@@ -159,14 +167,7 @@ void Restoring::intoFiles() {
   prepare(replacement, place_.system, kBackedUpSystem, restored_.note.system.checksum);
   for (const std::string& name : {data, system})  // not those of a newer program
     openDataFileForReading(replacement.prepared(name).string());
-  if (!place_.isNew()) {
-    try {
-      keepWhatIsThere();
-    } catch (const RuntimeError& error) {
-      if (!error.is(ErrorNumber::UnrecognizedFormat) && !error.is(ErrorNumber::FileNotFound)) throw;
-      keepDamaged();
-    }
-  }
+  if (!place_.isNew()) keepSoundOrDamaged();
   goOnUnlessSignalled();
   replacement.carryOut();
   if (folder_) folder_->keep();

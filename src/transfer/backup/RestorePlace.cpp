@@ -1,5 +1,6 @@
 #include "transfer/backup/RestorePlace.h"
 
+#include <cerrno>
 #include <system_error>
 
 #include "base/FileAccess.h"
@@ -17,13 +18,6 @@ namespace fs = std::filesystem;
   throw RuntimeError(ErrorNumber::InvalidProcedureCall, reason);
 }
 
-fs::path realPathOf(const fs::path& file) {
-  std::error_code failure;
-  const fs::path whole = fs::absolute(file, failure);
-  const fs::path real = fs::weakly_canonical(whole, failure);
-  return failure ? whole : real;
-}
-
 /// A file of any other name has to be half of an account set: nothing else is to be replaced by one.
 void requireDataFile(const fs::path& data, const fs::path& system) {
   if (data == system) refuse("“" + data.string() + "”是系统文件：请给出账套所在目录或其数据文件。");
@@ -32,11 +26,17 @@ void requireDataFile(const fs::path& data, const fs::path& system) {
   refuse("“" + data.string() + "”不是账套的数据文件，不能用备份替换它：请给出账套所在目录或其数据文件。");
 }
 
-/// A second name costs no room; where there can be none, or the files change hands, it is a copy.
+void force(const fs::path& path) {
+  if (!forceToDisk(path)) throw systemError("不能保留原来的文件", errno);
+}
+
+/// A second name costs no room; where there can be none it is a copy.
 void keepFile(const fs::path& file, const fs::path& kept) {
   std::error_code failure;
   fs::create_hard_link(file, kept, failure);
-  if (failure) fs::copy_file(file, kept);
+  if (!failure) return;
+  fs::copy_file(file, kept);
+  force(kept);
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ RestorePlace restorePlaceOf(const fs::path& target) {
   return place;
 }
 
-fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, const std::string& time) {
+fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, DateTime time) {
   try {
     makeFolder(in);
     const std::string name = nameForDamaged(time);
@@ -68,7 +68,7 @@ fs::path keepFilesAsTheyAre(const RestorePlace& place, const fs::path& in, const
       for (const char* ending : {"", "-wal", "-journal"})
         if (const fs::path one = fs::path(file).concat(ending); fs::exists(one))
           keepFile(one, kept / one.filename());
-    forceToDisk(kept);
+    force(kept);
     return kept;
   } catch (const fs::filesystem_error& error) {
     throw systemError("不能保留原来的文件", error.code().value());

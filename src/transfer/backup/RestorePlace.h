@@ -1,7 +1,8 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
+
+#include "base/DateTime.h"
 
 namespace zelkor {
 
@@ -16,13 +17,13 @@ struct RestorePlace {
   bool isNew() const { return !hasData() && !hasSystem(); }
 };
 
-/// The place that a folder or a data file stands for, which has to be there no more than its folder's folder.
-/// Error 5 for a place that is none: a backup, or files in two folders.
+/// The place that a folder or a data file stands for. Only the folder above it has to be there. Error 5 for a
+/// place that is none: a backup, or files in two folders.
 RestorePlace restorePlaceOf(const std::filesystem::path& target);
 
-/// Keeps the files of a damaged account set as they are, with the engine's logs, in a new folder; gives it.
-/// They may be open for nobody.
+/// Keeps the files of a damaged account set as they are, with the engine's logs, on disk in a new folder;
+/// gives it. Nobody may have them open. Error as `systemError`.
 std::filesystem::path keepFilesAsTheyAre(const RestorePlace& place, const std::filesystem::path& in,
-                                         const std::string& time);
+                                         DateTime time);
 
 }  // namespace zelkor

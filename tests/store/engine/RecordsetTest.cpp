@@ -35,6 +35,20 @@ TEST_F(RecordsetTest, ReadsEveryTypeInItsOwnKind) {
   EXPECT_EQ(errorOf([&] { rs.Text("dBought"); }), 94);
 }
 
+// Each row is expected to be asked for what the one before it was asked for.
+TEST_F(RecordsetTest, ColumnsAreFoundInAnyOrder) {
+  db.Execute("insert into dept (sNum,sName) values ('D1','Works')");
+  const std::map<std::string, std::size_t> places = {
+      {"sNum", 0}, {"sName", 1}, {"SNAME", 1}, {"dblValue", 2}, {"lLife", 3}};
+  std::vector<std::string> names = {"SNAME", "dblValue", "lLife", "sName", "sNum", "sNum"};
+  do {
+    Recordset rs = db.OpenRecordset("select asset.*, dept.sName from asset, dept order by asset.sNum");
+    for (bool more = true; more && !rs.Eof();
+         rs.MoveNext(), more = std::ranges::next_permutation(names).found)
+      for (const std::string& name : names) ASSERT_EQ(rs.Fields(name), rs.Fields(places.at(name))) << name;
+  } while (std::ranges::next_permutation(names).found);
+}
+
 TEST_F(RecordsetTest, PositionFollowsTheWalk) {
   Recordset none = db.OpenRecordset("select * from asset where sNum='none'");
   EXPECT_TRUE(none.Eof());

@@ -91,7 +91,8 @@ void raiseNameError(const ServerFailure& failure) {
   if (failure.state == "42883" && name.starts_with("zk_"))  // the account set's functions are older
     throw RuntimeError(ErrorNumber::UndefinedFunction,
                        "表达式中 '" + name.substr(0, name.find('(')) + "' 函数未定义。");
-  if (failure.state == "42P07") raiseNameTaken(name);
+  // 42710: the row type of a table that another session makes at this moment.
+  if (failure.state == "42P07" || failure.state == "42710") raiseNameTaken(name);
   if (const std::string taken = nameMadeAtOnce(failure); !taken.empty()) raiseNameTaken(taken);
 }
 

@@ -176,7 +176,7 @@ std::optional<AheadStatement> Connection::ahead(std::string_view sql, bool besid
   const bool isAction = translation.kind == StatementKind::Insert ||
                         translation.kind == StatementKind::Update ||
                         translation.kind == StatementKind::Delete;
-  if (!isAction || translation.guard) return std::nullopt;
+  if (!isAction) return std::nullopt;
   if (!statement->action) statement->action = engine_->prepare(translation.sql.front());
   ahead.action = engine_->prepare(translation.sql.front());
   bindSlots(*ahead.action, translation.slots, shape_.literals);

@@ -6,6 +6,9 @@
 namespace zelkor {
 namespace {
 
+// Of a statement with no more columns all of them are worth fetching.
+constexpr std::size_t kNamedColumns = 24;
+
 Projection startingProjection(const dialect::Query& query) {
   std::vector<std::size_t> columns;
   if (!query.keyed()) {
@@ -74,7 +77,6 @@ PreparedQuery::Run PreparedQuery::take() {
 
 // Nobody has asked for a column yet: a statement that names its columns is asked for them.
 PreparedQuery::Run PreparedQuery::takeUnknown() {
-  constexpr std::size_t kNamedColumns = 24;
   const bool named = query_->columns().size() <= kNamedColumns;
   const bool mayBeCut = query_->sources().size() == 1 && !query_->top();
   if (!mayBeCut && !named) return take(false, projection_, fastFormAllowed());
@@ -92,7 +94,7 @@ PreparedQuery::Run PreparedQuery::takeWhole() {
 PreparedQuery::Run PreparedQuery::takeAhead(bool besideWrites) {
   const bool isKnown = !projection_->columns.empty();
   Run run = take(false, isKnown ? projection_ : plain(), query_->guard() && !irregular_ && !besideWrites);
-  run.learns = !isKnown;
+  run.learns = !isKnown && query_->columns().size() > kNamedColumns;
   if (run.fast) run.guard = engine_.prepare(engine_.words().requiringNone(*query_->guard()));
   return run;
 }

@@ -157,8 +157,10 @@ void FrmBBXS::printSeen(TablePrinter& pages, QPrinter& printer) {
   preview.setWindowTitle("打印预览 - " + printer.docName());
   preview.resize(size().expandedTo(preview.sizeHint()));
   on(&preview, &QPrintPreviewDialog::paintRequested, [&](QPrinter* device) {
-    const BusyCursor busy;
-    attempt([&] { pages.print(*device); });
+    attempt([&] {
+      const BusyCursor busy;  // not over a box that tells of a failure
+      pages.print(*device);
+    });
   });
   if (QAction* print = printing(preview)) print->setShortcut(QKeySequence::Print);
   preview.exec();

@@ -3,8 +3,6 @@
 #include <functional>
 #include <string>
 
-class QApplication;
-
 namespace zelkor {
 
 /// Runs a program with windows: signals, theme and application are ready when `work` is called, whose result

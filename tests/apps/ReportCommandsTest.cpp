@@ -46,6 +46,12 @@ class ReportCommandsTest : public AccountSetTest {
         reportCommand({.arguments = arguments(), .today = std::nullopt}, asked, output, problems);
     return {status, output.str(), problems.str()};
   }
+  /// By the program, which writes no file larger than that.
+  ProgramResult called(std::vector<std::string> words, unsigned long largest = 0) const {
+    words.insert(words.begin(), {"report", arguments()});
+    return ProgramRun(zelkorctlProgram(), words, directory.path(), {.display = "", .largestFile = largest})
+        .finish();
+  }
   fs::path file(const char* name) const { return directory / name; }
 
   std::string account = "001";
@@ -321,10 +327,7 @@ TEST_F(ReportCommandsTest, TellsOfAFullDisk) {
   for (const std::string format : {"text", "csv", "html", "xlsx", "pdf"}) {
     writeFile(file("kept"), "before");
     const auto written = [&](const std::string& name, unsigned long largest) {
-      return ProgramRun(zelkorctlProgram(),
-                        {"report", arguments(), "固定资产总账", "--format", format, "--out", name, "--force"},
-                        directory.path(), {.display = "", .largestFile = largest})
-          .finish();
+      return called({"固定资产总账", "--format", format, "--out", name, "--force"}, largest);
     };
     const ProgramResult full = written(file("kept").string(), 100);
     EXPECT_EQ(full.status, 1) << format;
@@ -357,18 +360,13 @@ TEST_F(ReportCommandsTest, WritesTheSamePagesInEveryLocale) {
 /// The largest of the month's files does not fit any more: none takes its place.
 TEST_F(ReportCommandsTest, LeavesNoFileOfTheMonthOnAFullDisk) {
   fs::create_directory(file("filed"));
-  const auto written = [&](unsigned long largest) {
-    return ProgramRun(zelkorctlProgram(),
-                      {"report", arguments(), "--all", "--format", "xlsx", "--out", file("filed").string()},
-                      directory.path(), {.display = "", .largestFile = largest})
-        .finish();
-  };
-  EXPECT_EQ(written(0).status, 0);
+  const std::vector<std::string> all{"--all", "--format", "xlsx", "--out", file("filed").string()};
+  EXPECT_EQ(called(all).status, 0);
   std::uintmax_t largest = 0;
   for (const auto& one : fs::directory_iterator(file("filed"))) largest = std::max(largest, one.file_size());
   fs::remove_all(file("filed"));
   fs::create_directory(file("filed"));
-  const ProgramResult full = written(largest - 1);
+  const ProgramResult full = called(all, largest - 1);
   EXPECT_EQ(full.status, 1);
   EXPECT_NE(full.errors.find("错误 57"), std::string::npos) << full.errors;
   EXPECT_TRUE(fs::is_empty(file("filed")));
@@ -390,17 +388,12 @@ TEST_F(ReportCommandsTest, TellsThatItsOutputIsClosed) {
 }
 
 TEST_F(ReportCommandsTest, TheProgramTellsItsStatus) {
-  const auto status = [&](const std::vector<std::string>& more) {
-    std::vector<std::string> words{"report", arguments()};
-    words.insert(words.end(), more.begin(), more.end());
-    return ProgramRun(zelkorctlProgram(), words, directory.path()).finish().status;
-  };
-  EXPECT_EQ(status({"固定资产总账"}), 0);
-  EXPECT_EQ(status({"固定资产总账", "--format", "doc"}), 2);
-  EXPECT_EQ(status({"固定资产总账", "--page", "a5"}), 2);
+  EXPECT_EQ(called({"固定资产总账"}).status, 0);
+  EXPECT_EQ(called({"固定资产总账", "--format", "doc"}).status, 2);
+  EXPECT_EQ(called({"固定资产总账", "--page", "a5"}).status, 2);
   execute("drop table fa_status");
   engine.flush();
-  EXPECT_EQ(status({"固定资产使用状况分析表"}), 1);
+  EXPECT_EQ(called({"固定资产使用状况分析表"}).status, 1);
 }
 
 }  // namespace

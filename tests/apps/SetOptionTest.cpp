@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include "apps/JobTest.h"
+#include "apps/zelkorctl/CommandLine.h"
+#include "apps/zelkorctl/Connections.h"
 
 // Jobs that are given an account set instead of an argument string.
 namespace zelkor::test {
@@ -48,12 +50,28 @@ TEST_F(SetOptionTest, SaysWhyAnAccountSetDoesNotDo) {
       {{"run", arguments("21"), "--set", folder()}, 2, "RUNTYPE"},
       {{"run", "21", "--date", "2020-01-31"}, 2, "--date 要与 --set 一起用"},
       {{"run", "21", "--set", folder(), "--date", "31.1."}, 2, "“31.1.”不是 yyyy-mm-dd 形式的日期"},
-      {{"vouchers", "list", arguments("12"), "--set", folder()}, 2, "多余的参数"}};
+      {{"vouchers", "list", arguments("12"), "--set", folder()}, 2, "多余的参数"},
+      {{"cards", "import", arguments("5"), "none.csv"}, 1, "不能读文件“none.csv”：没有这个文件\n"},
+      {{"backups", home / "none"}, 1, "不能读文件夹“" + (home / "none").string() + "”：没有这个文件夹\n"}};
   for (const auto& [call, status, message] : cases) {
     const ProgramResult result = ctl(call);
     EXPECT_EQ(result.status, status) << message;
     EXPECT_THAT(result.errors, HasSubstr(message));
     EXPECT_EQ(result.output, "");
+  }
+}
+
+// Whose connection is told of with --verbose.
+TEST_F(SetOptionTest, TheBooksAreThoseOfTheSetAndNotTheFileOfRows) {
+  create();
+  const std::string set = folder();
+  const std::pair<std::vector<const char*>, std::string> cases[] = {
+      {{"cards", "import", "rows.csv", "--set", set.c_str()}, file()},
+      {{"workload", "import", "a.Mdb,b,2020-01-31,8,c.Mdb,001", "rows.csv"}, "a.Mdb"},
+      {{"sql", "a.Mdb", "select 1"}, "a.Mdb"}};
+  for (auto [words, books] : cases) {
+    words.insert(words.begin(), "zelkorctl");
+    EXPECT_EQ(booksOf(parseCall(static_cast<int>(words.size()), words.data()).asked), books);
   }
 }
 

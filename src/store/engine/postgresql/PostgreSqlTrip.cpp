@@ -193,11 +193,15 @@ void PostgreSqlLink::passOverRest() {
   }
 }
 
+namespace {
+
 bool isProtocolRefused(const PGconn* connection, const PGresult* result) {
   if (isBroken(connection)) return true;
   const char* state = result == nullptr ? nullptr : PQresultErrorField(result, PG_DIAG_SQLSTATE);
   return state != nullptr && (std::string_view(state) == "08P01" || std::string_view(state) == "0A000");
 }
+
+}  // namespace
 
 // The failure is that of the statement, or of the one for which the command went out. What the trip has
 // written is undone.

@@ -1,5 +1,6 @@
 #include "base/Format.h"
 #include "depreciation/RunPreview.h"
+#include "depreciation/StagedDepr.h"
 
 namespace zelkor {
 namespace {
@@ -56,9 +57,9 @@ DeprTable entryTable(const RunPreview& preview) {
                             {"贷方", kAmountWidth, true}});
   for (const PreviewedEntry& entry : preview.entries) {
     const DeprPlace& place = entry.place;
-    grid.addRow({std::to_string(entry.line), "计提第[" + std::to_string(preview.month.month()) + "]期间折旧",
-                 place.subject, place.subjectName, place.department, place.departmentName,
-                 Format(entry.debit, "0.00"), amountText(entry.credit)});
+    grid.addRow({std::to_string(entry.line), stagedDeprDigest(preview.month.month()), place.subject,
+                 place.subjectName, place.department, place.departmentName, Format(entry.debit, "0.00"),
+                 amountText(entry.credit)});
   }
   return {"待制单分录", std::move(grid)};
 }

@@ -20,10 +20,6 @@ constexpr std::array<const char*, 9> kEditingRights = {"bvouchedit", "bvouchAddo
                                                        "bvalueedit", "bcodeedit",       "bPCSedit",
                                                        "bDeptedit",  "bItemedit",       "bCusSupInput"};
 
-std::string digest(const RunContext& run) {
-  return "计提第[" + std::to_string(run.period()) + "]期间折旧";
-}
-
 void setDebitRow(const RunContext& run, Recordset& staged, const Recordset& group, std::int16_t inid) {
   const std::string opDate = Format(run.gdOpDate, "yyyy-m-d");
   const std::string subject = group.TextOrEmpty("sSubjectNum");
@@ -42,7 +38,7 @@ void setDebitRow(const RunContext& run, Recordset& staged, const Recordset& grou
   staged.Collect("coutid", kVoucherKey);
   staged.Collect("idoc", 0);
   staged.Collect("cbill", run.gstrUser);
-  staged.Collect("cdigest", digest(run));
+  staged.Collect("cdigest", stagedDeprDigest(run.period()));
   if (!subject.empty()) staged.Collect("ccode", subject);
   staged.Collect("md", group.Fields("dblJZE"));
   staged.Collect("mc", 0);
@@ -85,11 +81,15 @@ void addCreditRow(RunContext& run, Currency total, std::int16_t inid) {
           "bPCSedit,bDeptedit,bItemedit,bCusSupInput,cDefine5,cDefine10) values ('",
           run.gstrAccountId, "',", run.gdOpDate.year(), ",'FA','8.10',#", opDate, "#,", run.period(),
           ",'折旧计提','01',", inid, ",#", opDate, "#,'折旧计提','", kVoucherKey, "',0,'", run.gstrUser,
-          "','", digest(run), "',0,", total, ",'FA,#',true,true,true,true,true,true,true,true,true,", inid,
-          ",'折旧计提')"));
+          "','", stagedDeprDigest(run.period()), "',0,", total,
+          ",'FA,#',true,true,true,true,true,true,true,true,true,", inid, ",'折旧计提')"));
 }
 
 }  // namespace
+
+std::string stagedDeprDigest(int month) {
+  return "计提第[" + std::to_string(month) + "]期间折旧";
+}
 
 void stageDepr(RunContext& run) {
   Database& data = run.dbZKData;

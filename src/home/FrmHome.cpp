@@ -72,12 +72,7 @@ void FrmHome::connectEvents() {
   for (std::size_t i = 0; i < kSteps; ++i) on(CmdStep[i], &QPushButton::clicked, [this, i] { startStep(i); });
   for (frmChart* chart : {ChartDepartments, ChartCategories, ChartMonths}) {
     chart->onOpened([this] { this->host().dispatch([this] { start({.runType = kReports}); }); });
-    chart->onNotSaved([this](const QString& file) {
-      this->host().dispatch([&] {
-        run().dialogs.MsgBox("没有保存：不能写文件“" + fromQt(file) + "”。", Buttons::Ok, Icon::Exclamation,
-                             kTitle);
-      });
-    });
+    chart->saveThrough(host());
   }
   on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
   connectRecent();

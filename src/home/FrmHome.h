@@ -26,6 +26,7 @@
 #include "startup/RecentReports.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
+#include "ui/SaveDialog.h"
 
 namespace zelkor {
 
@@ -147,7 +148,7 @@ class FrmHome final : public Form {
   void openRecent(std::int16_t runType);
   const RecentReport* currentReport() const;
   void openReport();
-  void saveReport(const char* format);
+  void saveReport(const FileForm& form);
   void lockReports();
 
   AccountSetList& list_;

@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <QBuffer>
 #include <QContextMenuEvent>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
-#include <QSaveFile>
 
 #include "base/Format.h"
+#include "home/frmSavedText.h"
 #include "ui/Texts.h"
 
 namespace zelkor {
@@ -207,24 +207,27 @@ void frmChart::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmChart::contextMenuEvent(QContextMenuEvent* event) {
+  if (host_ == nullptr) return;
   QMenu menu(this);
-  menu.addAction("保存为图片…", this, [this] { savePicture(); });
-  menu.addAction("保存数字（CSV）…", this, [this] { saveNumbers(); });
+  menu.addAction("保存为图片…", this, [this] { host_->dispatch([this] { savePicture(); }); });
+  menu.addAction("保存数字（CSV）…", this, [this] { host_->dispatch([this] { saveNumbers(); }); });
   menu.exec(event->globalPos());
 }
 
+std::optional<SavedFile> frmChart::askFor(const FileForm& form) {
+  return askWhereToSave(host_->run().dialogs, *this, title_, {&form, 1});
+}
+
 void frmChart::savePicture() {
-  const QString file = QFileDialog::getSaveFileName(this, "保存为图片", title_ + ".png", "图片 (*.png)");
-  if (!file.isEmpty() && !grab().save(file) && notSaved_) notSaved_(file);
+  const auto file = askFor({"png", "图片 (*.png)"});
+  QByteArray picture;
+  QBuffer bytes(&picture);
+  if (file && grab().save(&bytes, "png")) saveText(host_->run().dialogs, file->name, picture.toStdString());
 }
 
 void frmChart::saveNumbers() {
-  const QString name = QFileDialog::getSaveFileName(this, "保存数字", title_ + ".csv", "CSV (*.csv)");
-  if (name.isEmpty()) return;
-  QSaveFile file(name);
-  const QByteArray bytes = csv().toUtf8();
-  const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-  if (!saved && notSaved_) notSaved_(name);
+  if (const auto file = askFor({"csv", "CSV (*.csv)"}))
+    saveText(host_->run().dialogs, file->name, csv().toStdString());
 }
 
 }  // namespace zelkor

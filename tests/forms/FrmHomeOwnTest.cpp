@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <QFileDialog>
 
 #include "forms/HomeTest.h"
 
@@ -134,6 +135,35 @@ TEST_F(FrmHomeTest, WhatTheRunWouldBookAndWhatIsStillToCome) {
     click(plan, "CmdClose");
   });
   press(form, "未来折旧");
+}
+
+/// The whole name counts, which is longer than what is typed.
+TEST_F(FrmHomeTest, WhatIsThereIsReplacedOnlyWhereItIsAgreed) {
+  useBooks();
+  RecentReports(RecentReports::usualFile())
+      .remember({context.gstrZtFile, "001", "价值结构分析表", {"period=2020.01"}, day("2020-1-31")});
+  QWidget& form = home();
+  const auto saveAs = [&](QWidget& over, const char* button, const char* name, Answer answer) {
+    const std::string kept = (directory / (std::string(name) + ".xlsx")).string();
+    writeFile(kept, "before");
+    dialogs.expectYesNo("文件“" + kept + "”已存在，是否替换？", answer, Icon::Question, "另存为");
+    inModalForm([&](QWidget& window) {
+      dynamic_cast<QFileDialog&>(window).selectFile(toQt((directory / name).string()));
+      dynamic_cast<QDialog&>(window).accept();
+    });
+    click(over, button);
+    return kept;
+  };
+  EXPECT_EQ(readFile(saveAs(form, "CmdWorkbook", "report", Answer::No)), "before");
+  const std::string report = saveAs(form, "CmdWorkbook", "report", Answer::Yes);
+  untilTold(form, "LblStatus", "已保存到“" + report);
+  EXPECT_TRUE(readFile(report).starts_with("PK"));
+  inModalForm([&](QWidget& preview) {
+    until([&] { return preview.findChild<FlexGrid*>("Grid2") != nullptr; }, "computed");
+    EXPECT_EQ(readFile(saveAs(preview, "CmdSave", "run.2020", Answer::No)), "before");
+    click(preview, "CmdClose");
+  });
+  press(form, "预览计提");
 }
 
 TEST_F(FrmHomeTest, WhatWasDoneLastIsBelow) {

@@ -157,20 +157,20 @@ void FrmHome::read() {
 void FrmHome::readIn(BookReading (*routine)(const BooksPlace&)) {
   worker_.start([this, routine, place = opened_.place()]() -> frmWorker::Result {
     try {
-      return [this, place, reading = routine(place)] {
-        host().dispatch([&] {
-          if (place == opened_.place()) takeReading(reading);
-          if (readAgain_ && !worker_.isBusy()) read();
-        });
-      };
+      return [this, place, reading = routine(place)] { takeFrom(place, [&] { takeReading(reading); }); };
     } catch (const std::exception& error) {
       return [this, place, reason = std::string(error.what())] {
-        host().dispatch([&] {
-          if (place == opened_.place()) readingFailed(reason);
-          if (readAgain_ && !worker_.isBusy()) read();
-        });
+        takeFrom(place, [&] { readingFailed(reason); });
       };
     }
+  });
+}
+
+/// Takes what was found out beside the windows; not if other books are open by now.
+void FrmHome::takeFrom(const BooksPlace& place, const std::function<void()>& take) {
+  host().dispatch([&] {
+    if (place == opened_.place()) take();
+    if (readAgain_ && !worker_.isBusy()) read();
   });
 }
 

@@ -102,6 +102,7 @@ class FrmHome final : public Form {
 
   void read();
   void readIn(BookReading (*routine)(const BooksPlace&));
+  void takeFrom(const BooksPlace& place, const std::function<void()>& take);
   void takeReading(BookReading reading);
   void noteTrouble(const std::string& reason);
   void readingFailed(const std::string& reason);
@@ -136,8 +137,8 @@ class FrmHome final : public Form {
   void backUpElsewhere();
   bool offerBackup(const StepCommand& command);
   void reopen();
-  void askReopening(const std::optional<Reopening>& reopening);
-  void restore(const Reopening& reopening);
+  void askReopening(const BooksPlace& of, const std::optional<Reopening>& reopening);
+  void restore(const BooksPlace& of, const Reopening& reopening);
   void showPreview();
   void showPlan();
 

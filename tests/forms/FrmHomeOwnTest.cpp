@@ -118,6 +118,19 @@ TEST_F(FrmHomeTest, AClosedMonthIsOpenedAgainFromItsBackup) {
   EXPECT_EQ(backups().size(), 2U) << "what was there is kept";
 }
 
+/// While the backup is looked for the person goes on to another day's books.
+TEST_F(FrmHomeTest, ALateAnswerAboutReopeningIsDropped) {
+  useBooks();
+  backUp({.data = context.gstrZtFile, .system = context.gstrZkSysFile, .now = day("2020-2-1")});
+  execute("update AccInformation set cValue='2' where cSysID='FA' and cName='iLastPeriod'");
+  engine.flush();
+  QWidget& form = home();
+  press(form, "恢复到结账前…");
+  click(form, "CmdNext");
+  untilTold(form, "LblHeadline", "2020年2月，下一步");
+  EXPECT_TRUE(control<QPushButton>(form, "CmdStep2").isEnabled());
+}
+
 TEST_F(FrmHomeTest, WhatTheRunWouldBookAndWhatIsStillToCome) {
   useBooks();
   QWidget& form = home();

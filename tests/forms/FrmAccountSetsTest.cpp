@@ -40,6 +40,14 @@ TEST_F(FrmAccountSetsTest, ASetIsOpenedByWhomAndForWhichDay) {
   EXPECT_EQ(AccountSetList(directory / "config/account-sets.tsv").sets().front().user, "王会计");
 }
 
+TEST_F(FrmAccountSetsTest, ASetThatIsNotKnownYetIsOpenedOnceItIs) {
+  list.remember(opened().set);
+  auto& form = host.show<FrmAccountSets>(list);
+  inComingForm([](QWidget& login) { click(login, "CmdOK"); });
+  click(form, "CmdOpen");
+  until([&] { return form.opened().has_value(); }, "opened");
+}
+
 TEST_F(FrmAccountSetsTest, ANewSetIsMadeAndListed) {
   auto& form = host.show<FrmAccountSets>(list);
   keepPicture(form, "FrmAccountSets-empty");
@@ -53,6 +61,8 @@ TEST_F(FrmAccountSetsTest, ANewSetIsMadeAndListed) {
     control<QLineEdit>(create, "TxtFolder").setText(QString::fromStdString(folder));
     keepPicture(create, "FrmNewAccountSet");
     click(create, "CmdOK");
+    tells("正在建立账套，请等它结束。", Icon::Information, "固定资产工作台");
+    click(create, "CmdCancel");
     until([&] { return !create.isVisible(); }, "made");
   });
   click(form, "CmdNew");

@@ -24,9 +24,9 @@ void FrmHome::connectRecent() {
   showReports();
 }
 
-void FrmHome::showRecent() {
-  GridCards->setGrid(gridOf(reading_->recent.cards));
-  GridVouchers->setGrid(gridOf(reading_->recent.vouchers));
+void FrmHome::showRecent(const RecentWork& recent) {
+  GridCards->setGrid(gridOf(recent.cards));
+  GridVouchers->setGrid(gridOf(recent.vouchers));
   for (FlexGrid* grid : {GridCards, GridVouchers}) grid->widenColumns();
   showReports();
 }

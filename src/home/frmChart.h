@@ -28,6 +28,8 @@ class frmChart final : public QWidget {
   /// What is said where there is nothing to show.
   void setEmptyText(const QString& text) { emptyText_ = text; }
   void show(Kind kind, std::vector<Point> points);
+  /// Shows that nothing is known yet.
+  void forget();
   void onOpened(std::function<void()> listener) { opened_ = std::move(listener); }
   /// Lets it be saved; where that fails a box says so.
   void saveThrough(FormHost& host) { host_ = &host; }
@@ -51,6 +53,7 @@ class frmChart final : public QWidget {
   std::size_t labelledEvery(const QFontMetrics& metrics, double step) const;
   void tell();
   bool isEmpty() const;
+  QString emptyText() const;
   void savePicture();
   void saveNumbers();
   std::optional<SavedFile> askFor(const FileForm& form);
@@ -58,6 +61,7 @@ class frmChart final : public QWidget {
   QString title_;
   QString emptyText_ = "没有数据";
   Kind kind_ = Kind::Bars;
+  bool known_ = false;
   std::vector<Point> points_;
   std::function<void()> opened_;
   FormHost* host_ = nullptr;

@@ -1,4 +1,6 @@
 #include <QCompleter>
+#include <QPointer>
+#include <QToolButton>
 
 #include "forms/HomeTest.h"
 
@@ -69,7 +71,7 @@ TEST_F(FrmHomeTest, AKilledModuleAndAMissingOneAreTold) {
   untilTold(killed, "LblStatus", "被信号 9 终止");
   std::filesystem::remove(directory / "module");
   press(killed, "资产类别");
-  untilTold(killed, "LblStatus", "不能启动程序");
+  untilTold(killed, "LblStatus", "不能启动程序“" + (directory / "module").string() + "”：没有这个程序");
   EXPECT_TRUE(control<QPushButton>(killed, "CmdNext").isEnabled());
 }
 
@@ -82,6 +84,11 @@ TEST_F(FrmHomeTest, ASetThatVanishesAndComesBack) {
   untilTold(form, "LblHeadline", "账套现在读不出来");
   EXPECT_FALSE(control<QPushButton>(form, "CmdStep2").isEnabled());
   EXPECT_TRUE(control<QPushButton>(form, "CmdDetail").isVisible());
+  inModalForm([](QWidget& login) { click(login, "CmdOK"); });
+  press(form, "操作员与操作日期…");
+  EXPECT_EQ(textOf(form, "LblHeadline"), "正在读取…") << "nothing is known of what is opened now";
+  EXPECT_EQ(textOf(form, "LblCounts1") + textOf(form, "LblFigure0"), "");
+  untilTold(form, "LblHeadline", "账套现在读不出来");
   std::filesystem::rename(context.gstrZtFile + ".away", context.gstrZtFile);
   press(form, "刷新");
   untilTold(form, "LblHeadline", "2020年1月，下一步");
@@ -96,6 +103,28 @@ TEST_F(FrmHomeTest, AClosedMonthOffersTheOpenOne) {
   EXPECT_EQ(textOf(form, "CmdNext"), "改到2020年2月");
   click(form, "CmdNext");
   untilTold(form, "LblHeadline", "2020年2月，下一步");
+}
+
+TEST_F(FrmHomeTest, AfterTheYearsClosingTheNextStepIsWhatItsButtonSays) {
+  execute("update AccInformation set cValue='13' where cSysID='FA' and cName='iLastPeriod'");
+  engine.flush();
+  context.gdOpDate = day("2021-1-31");
+  QWidget& form = home("exit 0", "2021年1月");
+  const std::string next = textOf(form, "CmdNext");
+  click(form, "CmdNext");
+  untilTold(form, "LblStatus", "“" + next + "”已结束");
+}
+
+TEST_F(FrmHomeTest, AMenuThatIsLookedAtStaysThroughAReading) {
+  QWidget& form = home();
+  execute("update fa_departments set sSubjectNum='550202' where sNum<>'&'");
+  engine.flush();
+  const QPointer<QMenu> menu = control<QToolButton>(form, "CmdMore1").menu();
+  menu->popup(QPoint());
+  press(form, "刷新");
+  until([&] { return textOf(form, "LblCounts1").find("没有设") == std::string::npos; }, "read again");
+  ASSERT_TRUE(menu);
+  menu->close();
 }
 
 TEST_F(FrmHomeTest, ACommandIsFoundByItsName) {

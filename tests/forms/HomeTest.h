@@ -79,9 +79,9 @@ class FrmHomeTest : public FormTest {
     until([&] { return textOf(form, label).find(text) != std::string::npos; }, text.c_str());
     EXPECT_NE(textOf(form, label).find(text), std::string::npos) << textOf(form, label);
   }
-  FrmHome& home(const std::string& does = "exit 0") {
+  FrmHome& home(const std::string& does = "exit 0", const std::string& month = "2020年1月") {
     auto& form = host.show<FrmHome>(list, opened(), HomePrograms{module(does), zelkorctlProgram()});
-    untilTold(form, "LblHeadline", "2020年1月");
+    untilTold(form, "LblHeadline", month);
     until([&] { return !textOf(form, "LblFigure0").empty(); }, "read to the end");
     return form;
   }

@@ -47,6 +47,15 @@ std::string systemReason(int failure) {
       return "文件太大";
     case EIO:
       return "磁盘读写出错";
+    case ENOMEM:
+      return "内存不足";
+    case EAGAIN:
+      return "系统的资源不足";
+    case EMFILE:
+    case ENFILE:
+      return "打开的文件太多";
+    case ENOEXEC:
+      return "不是可执行的程序";
     default:
       return std::strerror(failure);
   }

@@ -11,9 +11,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 
 #include "base/RuntimeError.h"
+#include "base/SystemError.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -36,8 +36,9 @@ class SpawnActions {
 };
 
 [[noreturn]] void refuse(const std::string& program, int failure) {
-  throw RuntimeError(failure == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::DeviceIo,
-                     "不能启动程序“" + program + "”：" + std::strerror(failure));
+  throw RuntimeError(
+      failure == ENOENT ? ErrorNumber::FileNotFound : ErrorNumber::DeviceIo,
+      "不能启动程序“" + program + "”：" + (failure == ENOENT ? "没有这个程序" : systemReason(failure)));
 }
 
 /// Nothing of ours but these two goes into the child: the other descriptors close themselves there.

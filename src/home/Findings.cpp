@@ -40,7 +40,9 @@ long Findings::countOf(std::string_view severity) const {
 
 std::optional<Findings> findingsOf(const std::string& json) {
   const Json whole = Json::parse(json, nullptr, false);
-  if (!whole.is_object() || !whole.contains("sound") || !whole["findings"].is_array()) return std::nullopt;
+  if (!whole.is_object() || !whole.contains("sound") || !whole.contains("findings") ||
+      !whole["findings"].is_array())
+    return std::nullopt;
   Findings findings{.sound = whole["sound"] == true, .all = {}, .notes = {}};
   for (const Json& one : whole["findings"]) findings.all.push_back(findingOf(one));
   if (whole.contains("notes"))

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 
 #include "base/Format.h"
+#include "base/LoginName.h"
 #include "base/RuntimeError.h"
 #include "home/AccountTitle.h"
 #include "home/FrmImportJet.h"
@@ -53,6 +54,8 @@ FrmAccountSets::FrmAccountSets(FormHost& host, AccountSetList& list)
   on(GridSets, &FlexGrid::rowSelected, &FrmAccountSets::showDetail);
   on(GridSets, &FlexGrid::rowOpened, &FrmAccountSets::open);
   on(CmdOpen, &QPushButton::clicked, &FrmAccountSets::open);
+  for (QPushButton* other : {CmdNew, CmdAdd, CmdJet, CmdRestore, CmdRemove})
+    on(other, &QPushButton::clicked, [this] { wanted_.reset(); });  // first of all
   on(CmdNew, &QPushButton::clicked, &FrmAccountSets::makeNew);
   on(CmdAdd, &QPushButton::clicked, &FrmAccountSets::add);
   on(CmdJet, &QPushButton::clicked, &FrmAccountSets::importJet);
@@ -85,6 +88,7 @@ void FrmAccountSets::showSets() {
   }
   GridSets->setGrid(std::move(grid));
   states_.assign(list_.sets().size(), std::nullopt);
+  wanted_.reset();
   ++shown_;
   if (!list_.sets().empty()) GridSets->selectGridRow(1);
   look();
@@ -93,15 +97,17 @@ void FrmAccountSets::showSets() {
 
 // Each on its own: one on a server that does not answer must not hold up the others for longer than itself.
 void FrmAccountSets::look() {
-  for (std::size_t i = 0; i < list_.sets().size(); ++i) {
-    worker_.start([this, i, shown = shown_, set = list_.sets()[i]] {
-      return [this, i, shown, state = lookAt(set)] {
-        host().dispatch([&] {
-          if (shown == shown_) lookedAt(i, state);
-        });
-      };
-    });
-  }
+  for (std::size_t i = 0; i < list_.sets().size(); ++i) lookAtOne(worker_, i);
+}
+
+void FrmAccountSets::lookAtOne(frmWorker& worker, std::size_t index) {
+  worker.start([this, index, shown = shown_, set = list_.sets()[index]] {
+    return [this, index, shown, state = lookAt(set)] {
+      host().dispatch([&] {
+        if (shown == shown_ && !opened_) lookedAt(index, state);
+      });
+    };
+  });
 }
 
 void FrmAccountSets::lookedAt(std::size_t index, const AccountSetState& state) {
@@ -111,7 +117,9 @@ void FrmAccountSets::lookedAt(std::size_t index, const AccountSetState& state) {
   GridSets->setText(index + 1, column_of::OpenMonth, openMonthText(state));
   GridSets->setText(index + 1, column_of::State, std::string(captionOf(state.condition)));
   GridSets->fitColumns();
+  const bool opens = wanted_ == index;
   showDetail();
+  if (opens) open();
 }
 
 /// The index of the current set; that behind the last one where there is none.
@@ -126,6 +134,7 @@ void FrmAccountSets::select(const KnownAccountSet& set) {
 }
 
 void FrmAccountSets::showDetail() {
+  if (wanted_ != selected() || states_[*wanted_]) wanted_.reset();
   const std::size_t index = selected();
   const bool chosen = index < list_.sets().size();
   CmdRemove->setEnabled(chosen);
@@ -138,6 +147,8 @@ void FrmAccountSets::showDetail() {
   } else if (list_.unreadable() > 0) {
     LblDetail->setText(toQt(sql("账套列表的文件有 ", list_.unreadable(),
                                 " 行读不出来，已略去；下次保存时原文件另存为 .damaged。")));
+  } else if (wanted_) {
+    LblDetail->setText("正在查看这个账套，随后打开…");
   } else {
     LblDetail->setText(chosen && states_[index] ? toQt(states_[index]->detail) : QString());
   }
@@ -146,8 +157,14 @@ void FrmAccountSets::showDetail() {
 void FrmAccountSets::open() {
   const std::size_t index = selected();
   if (index >= list_.sets().size()) return;
-  if (!states_[index]) states_[index] = lookAt(list_.sets()[index]);
-  const AccountSetState& state = *states_[index];
+  if (states_[index]) return openSeen(*states_[index]);
+  if (wanted_ == index) return;
+  wanted_ = index;
+  lookAtOne(opener_, index);
+  showDetail();
+}
+
+void FrmAccountSets::openSeen(const AccountSetState& state) {
   if (!state.canBeOpened()) return tell(state.detail);
   const DateTime now = run().clock.now();
   const std::string user = state.set.user.empty() ? loginName() : state.set.user;

@@ -38,11 +38,13 @@ class FrmAccountSets final : public Form {
   void arrangeControls();
   void showSets();
   void look();
+  void lookAtOne(frmWorker& worker, std::size_t index);
   void lookedAt(std::size_t index, const AccountSetState& state);
   std::size_t selected() const;
   void select(const KnownAccountSet& set);
   void showDetail();
   void open();
+  void openSeen(const AccountSetState& state);
   void makeNew();
   void add();
   void addFrom(const std::string& folder);
@@ -56,8 +58,10 @@ class FrmAccountSets final : public Form {
   AccountSetList& list_;
   std::vector<std::optional<AccountSetState>> states_;  // of the sets in their order, once they are known
   std::size_t shown_ = 0;                               // which showing of the list they belong to
+  std::optional<std::size_t> wanted_;                   // the set that is opened once it is known
   std::optional<OpenedSet> opened_;
   frmWorker worker_{frmWorker::kBriefly};
+  frmWorker opener_{frmWorker::kBriefly};  // for what does not wait behind the others
 };
 
 }  // namespace zelkor

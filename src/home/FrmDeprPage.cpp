@@ -1,7 +1,6 @@
 #include "home/FrmDeprPage.h"
 
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <utility>
 
 #include "base/RuntimeError.h"
@@ -9,6 +8,7 @@
 #include "ui/GridFindBar.h"
 #include "ui/Layout.h"
 #include "ui/Reading.h"
+#include "ui/SaveDialog.h"
 
 namespace zelkor {
 
@@ -40,8 +40,7 @@ FrmDeprPage::FrmDeprPage(FormHost& host, DeprPageOrder order)
   on(ComboMonths, &QComboBox::activated, &FrmDeprPage::read);
   on(CmdSave, &QPushButton::clicked, &FrmDeprPage::save);
   on(CmdClose, &QPushButton::clicked, [this] { close(); });
-  ChartMonths->onNotSaved(
-      [this](const QString& file) { LblStatus->setText("⚠ 没有保存：不能写文件“" + file + "”。"); });
+  ChartMonths->saveThrough(host);
   read();
 }
 
@@ -130,22 +129,18 @@ void FrmDeprPage::showMonths(const std::vector<DeprPage::Amount>& months) {
 }
 
 void FrmDeprPage::save() {
-  const QString workbook = "工作簿 (*.xlsx)";
-  const QString plain = "CSV (*.csv)";
-  QString chosen = workbook;
-  QString file = QFileDialog::getSaveFileName(this, "另存为", QString(order_.title) + ".xlsx",
-                                              workbook + ";;" + plain, &chosen);
-  if (file.isEmpty()) return;
-  const bool isCsv = file.endsWith(".csv") || (chosen == plain && !file.endsWith(".xlsx"));
-  if (QFileInfo(file).suffix().isEmpty()) file += isCsv ? ".csv" : ".xlsx";
+  static constexpr FileForm kForms[] = {{"xlsx", "工作簿 (*.xlsx)"}, {"csv", "CSV (*.csv)"}};
+  const auto file = askWhereToSave(run().dialogs, *this, order_.title, kForms);
+  if (!file) return;
   std::vector<std::string> words = order_.words(months());
-  for (const std::string& word : {std::string("--format"), std::string(isCsv ? "csv" : "xlsx"),
-                                  std::string("--out"), fromQt(file), std::string("--force")})
+  for (const std::string& word : {std::string("--format"), fromQt(file->format), std::string("--out"),
+                                  fromQt(file->name), std::string("--force")})
     words.push_back(word);
   LblStatus->setText("正在保存…");
   try {
-    tool_.start(order_.tool, order_.title, words,
-                [this, file](const ChildEnd& end) { host().dispatch([&] { saved(file, end); }); });
+    tool_.start(order_.tool, order_.title, words, [this, name = file->name](const ChildEnd& end) {
+      host().dispatch([&] { saved(name, end); });
+    });
   } catch (const RuntimeError& error) {
     LblStatus->setText(toQt(std::string("⚠ ") + error.what()));
   }

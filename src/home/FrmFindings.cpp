@@ -2,13 +2,13 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <utility>
 
 #include "home/frmSavedText.h"
 #include "startup/RunTypes.h"
 #include "store/engine/Statement.h"
 #include "ui/Layout.h"
+#include "ui/SaveDialog.h"
 
 namespace zelkor {
 
@@ -102,8 +102,9 @@ void FrmFindings::copy() {
 }
 
 void FrmFindings::save() {
-  const QString file = QFileDialog::getSaveFileName(this, "另存为", "检查结果.csv", "CSV (*.csv)");
-  if (!file.isEmpty()) saveText(run().dialogs, file, csvOf(findings_));
+  static constexpr FileForm kForms[] = {{"csv", "CSV (*.csv)"}};
+  if (const auto file = askWhereToSave(run().dialogs, *this, "检查结果", kForms))
+    saveText(run().dialogs, file->name, csvOf(findings_));
 }
 
 }  // namespace zelkor

@@ -14,7 +14,6 @@
 #include "home/FrmConfirmName.h"
 #include "home/FrmEndDetail.h"
 #include "home/FrmLogin.h"
-#include "home/frmStepMark.h"
 #include "home/OwnCommands.h"
 #include "store/engine/Statement.h"
 #include "ui/Guide.h"
@@ -30,22 +29,6 @@ constexpr std::int16_t kClosing = 20;
 constexpr std::int16_t kReset = 23;
 constexpr std::int16_t kReports = 25;
 constexpr int kMonths = 12;
-
-QString amountText(double amount) {
-  return toQt(Format(amount, "#,##0.00"));
-}
-
-std::vector<frmChart::Point> pointsOf(const std::vector<NamedAmount>& amounts) {
-  std::vector<frmChart::Point> points;
-  for (const NamedAmount& one : amounts) points.push_back({toQt(one.name), one.amount});
-  return points;
-}
-
-std::vector<frmChart::Point> pointsOf(const std::array<std::optional<double>, BookFigures::kMonths>& months) {
-  std::vector<frmChart::Point> points;
-  for (std::size_t i = 0; i < months.size(); ++i) points.push_back({QString::number(i + 1), months[i]});
-  return points;
-}
 
 }  // namespace
 
@@ -72,12 +55,7 @@ void FrmHome::connectEvents() {
   for (std::size_t i = 0; i < kSteps; ++i) on(CmdStep[i], &QPushButton::clicked, [this, i] { startStep(i); });
   for (frmChart* chart : {ChartDepartments, ChartCategories, ChartMonths}) {
     chart->onOpened([this] { this->host().dispatch([this] { start({.runType = kReports}); }); });
-    chart->onNotSaved([this](const QString& file) {
-      this->host().dispatch([&] {
-        run().dialogs.MsgBox("没有保存：不能写文件“" + fromQt(file) + "”。", Buttons::Ok, Icon::Exclamation,
-                             kTitle);
-      });
-    });
+    chart->saveThrough(host());
   }
   on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
   connectRecent();
@@ -129,8 +107,10 @@ void FrmHome::logIn(OpenedSet opened) {
   focusedNext_ = false;
   lastEnd_.clear();
   lastErrors_.clear();
+  trouble_.clear();
   showHead();
   showStatus();
+  showNothing();
   showMonth();
   read();
 }
@@ -162,20 +142,20 @@ void FrmHome::read() {
 void FrmHome::readIn(BookReading (*routine)(const BooksPlace&)) {
   worker_.start([this, routine, place = opened_.place()]() -> frmWorker::Result {
     try {
-      return [this, place, reading = routine(place)] {
-        host().dispatch([&] {
-          if (place == opened_.place()) takeReading(reading);
-          if (readAgain_ && !worker_.isBusy()) read();
-        });
-      };
+      return [this, place, reading = routine(place)] { takeFrom(place, [&] { takeReading(reading); }); };
     } catch (const std::exception& error) {
       return [this, place, reason = std::string(error.what())] {
-        host().dispatch([&] {
-          if (place == opened_.place()) readingFailed(reason);
-          if (readAgain_ && !worker_.isBusy()) read();
-        });
+        takeFrom(place, [&] { readingFailed(reason); });
       };
     }
+  });
+}
+
+/// Takes what was found out beside the windows; not if other books are open by now.
+void FrmHome::takeFrom(const BooksPlace& place, const std::function<void()>& take) {
+  host().dispatch([&] {
+    if (place == opened_.place()) take();
+    if (readAgain_ && !worker_.isBusy()) read();
   });
 }
 
@@ -190,7 +170,7 @@ void FrmHome::takeReading(BookReading reading) {
   showHead();
   showMonth();
   if (reading_->figures) showFigures(*reading_->figures);
-  if (reading_->figures) showRecent();
+  if (reading_->figures) showRecent(reading_->recent);
   const bool goesOn = CmdNext->isEnabled() && !CmdNext->isHidden();
   if (!focusedNext_ && goesOn) CmdNext->setFocus();
   focusedNext_ = focusedNext_ || goesOn;
@@ -207,65 +187,6 @@ void FrmHome::noteTrouble(const std::string& reason) {
   if (lastErrors_.empty() || lastErrors_ == trouble_) lastErrors_ = reason;
   trouble_ = reason;
   showStatus();
-}
-
-void FrmHome::showMonth() {
-  const MonthState* month = reading_ ? &reading_->month : nullptr;
-  if (!trouble_.empty()) {
-    LblHeadline->setText(toQt("⚠ 账套现在读不出来：" + firstSentence(trouble_) + " 按 F5 再试。"));
-  } else {
-    LblHeadline->setText(month ? toQt(month->headline) : QString("正在读取…"));
-  }
-  LblHeadline->setStyleSheet(trouble_.empty() ? "font-size: 15px; font-weight: bold;"
-                                              : "font-size: 15px; font-weight: bold; color: #b23b3b;");
-  for (std::size_t i = 0; month && i < kSteps; ++i) showStep(i, month->steps[i], month->next == i);
-  lockCommands();
-}
-
-void FrmHome::showStep(std::size_t index, const MonthStep& step, bool isNext) {
-  LblMark[index]->setPixmap(stepMark(step.state, static_cast<int>(index + 1)));
-  LblMark[index]->setToolTip(toQt(captionOf(step.state)));
-  LblMark[index]->setAccessibleName(toQt(captionOf(step.state)));
-  QFont font = LblStep[index]->font();
-  font.setBold(isNext);
-  LblStep[index]->setFont(font);
-  QString text = toQt(step.counts).toHtmlEscaped();
-  if (!step.note.empty()) {
-    const bool alarming = step.state == StepState::Attention || step.state == StepState::Open;
-    const QString note = QString("<span style='color:%1'>%2</span>")
-                             .arg(alarming ? "#9a5b00" : "#5b6773", toQt(step.note).toHtmlEscaped());
-    text += text.isEmpty() ? note : "<br>" + note;
-  }
-  LblCounts[index]->setText(text);
-  const int lines = step.note.empty() || step.counts.empty() ? 1 : 2;
-  LblCounts[index]->setMinimumHeight(lines * LblCounts[index]->fontMetrics().lineSpacing());
-  LblLast[index]->setText(step.last ? toQt(Format(*step.last, "yyyy-mm-dd")) : QString());
-  CmdStep[index]->setText(toQt(captionOf(step.commands.front())));
-  auto* menu = new QMenu(CmdMore[index]);
-  std::vector<Command> others;
-  for (std::size_t i = 1; i < step.commands.size(); ++i) {
-    const std::string caption(captionOf(step.commands[i]));
-    others.emplace_back(CommandCaption(caption.c_str(), ("more " + caption).c_str()),
-                        [this, command = step.commands[i]] { start(command); });
-  }
-  for (const Command& other : others) {
-    QAction* entry = menu->addAction(other.text());
-    entry->setObjectName(other.name());
-    on(entry, &QAction::triggered, [this, other] { other.run(*this); });
-  }
-  delete CmdMore[index]->menu();
-  CmdMore[index]->setMenu(menu);
-  CmdMore[index]->setVisible(!others.empty());
-}
-
-void FrmHome::showFigures(const BookFigures& figures) {
-  const std::array<double, kFigures> amounts{figures.value, figures.accumulated, figures.netValue(),
-                                             figures.depreciation};
-  for (std::size_t i = 0; i < kFigures; ++i) LblFigure[i]->setText(amountText(amounts[i]));
-  LblCards->setText(toQt(sql("在用 ", figures.cardsInUse, " 张，已减少 ", figures.cardsDisposed, " 张")));
-  ChartDepartments->show(frmChart::Kind::Bars, pointsOf(figures.depreciationByDepartment));
-  ChartCategories->show(frmChart::Kind::Bars, pointsOf(figures.netValueByCategory));
-  ChartMonths->show(frmChart::Kind::Line, pointsOf(figures.depreciationByMonth));
 }
 
 void FrmHome::showStatus() {
@@ -292,24 +213,29 @@ void FrmHome::lockCommands() {
   CmdLogin->setEnabled(canStart());
   CmdPlan->setEnabled(ready);
   lockReports();
-  const bool closed = reading_ && reading_->month.period != PeriodState::Open && reading_->facts.open &&
-                      reading_->facts.open->month <= kMonths;
-  if (closed) {
-    CmdNext->setText(toQt("改到" + monthText(reading_->facts.open->year, reading_->facts.open->month)));
+  const auto other = otherMonth();
+  if (other) {
+    CmdNext->setText(toQt("改到" + monthText(other->year, other->month)));
   } else if (reading_ && reading_->month.next) {
     CmdNext->setText(toQt(captionOf(reading_->month.steps[*reading_->month.next].commands.front())));
   }
-  CmdNext->setVisible(closed || (reading_ && reading_->month.next));
+  CmdNext->setVisible(other || (reading_ && reading_->month.next));
   CmdNext->setEnabled(ready);
 }
 
-void FrmHome::startNext() {
+/// The open month where another one is shown; none once the year's last one has been closed.
+std::optional<OpenPeriod> FrmHome::otherMonth() const {
+  if (!reading_ || reading_->month.period == PeriodState::Open) return std::nullopt;
   const auto& open = reading_->facts.open;
-  if (reading_->month.period != PeriodState::Open && open) {
-    OpenedSet other = opened_;
-    other.date = offeredDate(open, run().clock.now());
-    logIn(std::move(other));
-  } else if (reading_->month.next) {
+  return open && open->month <= kMonths ? open : std::nullopt;
+}
+
+void FrmHome::startNext() {
+  if (const auto other = otherMonth()) {
+    OpenedSet moved = opened_;
+    moved.date = offeredDate(other, run().clock.now());
+    logIn(std::move(moved));
+  } else if (reading_ && reading_->month.next) {
     startStep(*reading_->month.next);
   }
 }

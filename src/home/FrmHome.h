@@ -19,6 +19,7 @@
 #include "home/Findings.h"
 #include "home/frmChart.h"
 #include "home/frmModule.h"
+#include "home/frmStepText.h"
 #include "home/frmWorker.h"
 #include "home/ImportReading.h"
 #include "home/OpenedSet.h"
@@ -26,6 +27,7 @@
 #include "startup/RecentReports.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
+#include "ui/SaveDialog.h"
 
 namespace zelkor {
 
@@ -61,7 +63,7 @@ class FrmHome final : public Form {
   QPushButton* CmdNext = make<QPushButton>("CmdNext");
   std::array<QLabel*, kSteps> LblMark = makeArray<QLabel, kSteps>("LblMark");
   std::array<QLabel*, kSteps> LblStep = makeArray<QLabel, kSteps>("LblStep");
-  std::array<QLabel*, kSteps> LblCounts = makeArray<QLabel, kSteps>("LblCounts");
+  std::array<frmStepText*, kSteps> LblCounts = makeArray<frmStepText, kSteps>("LblCounts");
   std::array<QLabel*, kSteps> LblLast = makeArray<QLabel, kSteps>("LblLast");
   std::array<QPushButton*, kSteps> CmdStep = makeArray<QPushButton, kSteps>("CmdStep");
   std::array<QToolButton*, kSteps> CmdMore = makeArray<QToolButton, kSteps>("CmdMore");
@@ -101,15 +103,21 @@ class FrmHome final : public Form {
 
   void read();
   void readIn(BookReading (*routine)(const BooksPlace&));
+  void takeFrom(const BooksPlace& place, const std::function<void()>& take);
   void takeReading(BookReading reading);
   void noteTrouble(const std::string& reason);
   void readingFailed(const std::string& reason);
-  void showMonth();
-  void showStep(std::size_t index, const MonthStep& step, bool isNext);
-  void showFigures(const BookFigures& figures);
   void showStatus();
 
+  // FrmHomeMonth.cpp
+  void showMonth();
+  void showStep(std::size_t index, const MonthStep& step, bool isNext);
+  void showMore(std::size_t index, const MonthStep& step);
+  void showFigures(const BookFigures& figures);
+  void showNothing();
+
   bool canStart() { return !module_.isRunning() && !restoring_; }
+  std::optional<OpenPeriod> otherMonth() const;
   void startNext();
   void startStep(std::size_t index);
   void enterInList();
@@ -135,19 +143,19 @@ class FrmHome final : public Form {
   void backUpElsewhere();
   bool offerBackup(const StepCommand& command);
   void reopen();
-  void askReopening(const std::optional<Reopening>& reopening);
-  void restore(const Reopening& reopening);
+  void askReopening(const BooksPlace& of, const std::optional<Reopening>& reopening);
+  void restore(const BooksPlace& of, const Reopening& reopening);
   void showPreview();
   void showPlan();
 
   // FrmHomeRecent.cpp
   void connectRecent();
-  void showRecent();
+  void showRecent(const RecentWork& recent);
   void showReports();
   void openRecent(std::int16_t runType);
   const RecentReport* currentReport() const;
   void openReport();
-  void saveReport(const char* format);
+  void saveReport(const FileForm& form);
   void lockReports();
 
   AccountSetList& list_;

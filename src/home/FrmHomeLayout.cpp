@@ -93,9 +93,7 @@ QLayout* FrmHome::stepLines() {
     LblMark[i]->setFixedSize(kMarkSize, kMarkSize);
     LblStep[i]->setFixedWidth(kCaptionWidth);
     LblStep[i]->setText(toQt(captionOf(static_cast<StepKind>(i))));
-    LblCounts[i]->setTextFormat(Qt::RichText);
     grid->setRowMinimumHeight(line, kStepHeight);
-    LblCounts[i]->setWordWrap(true);
     LblLast[i]->setFixedWidth(kLastWidth);
     LblLast[i]->setProperty("note", true);
     CmdStep[i]->setFixedWidth(kButtonWidth);

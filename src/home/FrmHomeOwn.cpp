@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QFileDialog>
 #include <utility>
 
@@ -123,15 +124,20 @@ bool FrmHome::offerBackup(const StepCommand& command) {
 void FrmHome::reopen() {
   worker_.start([this, place = opened_.place()]() -> frmWorker::Result {
     try {
-      return [this, found = readReopening(place)] { host().dispatch([&] { askReopening(found); }); };
+      return [this, place, found = readReopening(place)] {
+        takeFrom(place, [&] { askReopening(place, found); });
+      };
     } catch (const std::exception& error) {
-      return [this, reason = std::string(error.what())] { host().dispatch([&] { readingFailed(reason); }); };
+      return [this, place, reason = std::string(error.what())] {
+        takeFrom(place, [&] { readingFailed(reason); });
+      };
     }
   });
 }
 
-void FrmHome::askReopening(const std::optional<Reopening>& reopening) {
-  if (!canStart()) return;
+/// An answer that comes while another set is being chosen is dropped.
+void FrmHome::askReopening(const BooksPlace& of, const std::optional<Reopening>& reopening) {
+  if (!canStart() || QApplication::activeModalWidget() != nullptr) return;
   if (!reopening) {
     run().dialogs.MsgBox("没有结账前的备份，不能恢复：备份要在结账以前做，放在账套文件夹下的 backups 里。",
                          Buttons::Ok, Icon::Information, kTitle);
@@ -145,12 +151,13 @@ void FrmHome::askReopening(const std::optional<Reopening>& reopening) {
   if (answer != Answer::Yes || !canStart()) return;
   // What is being read has to be closed first.
   restoring_ = true;
-  worker_.start([this, reopening = *reopening]() -> frmWorker::Result {
-    return [this, reopening] { host().dispatch([&] { restore(reopening); }); };
+  lockCommands();
+  worker_.start([this, of, reopening = *reopening]() -> frmWorker::Result {
+    return [this, of, reopening] { host().dispatch([&] { restore(of, reopening); }); };
   });
 }
 
-void FrmHome::restore(const Reopening& reopening) {
+void FrmHome::restore(const BooksPlace& of, const Reopening& reopening) {
   const auto after = [this, reopening](const ChildEnd& end) {
     restoring_ = false;
     if (end.failed()) return ended(std::string(findOwnCommand(own::kReopen)->caption), end);
@@ -161,8 +168,10 @@ void FrmHome::restore(const Reopening& reopening) {
     showStatus();
     lockCommands();
   };
-  startTool(own::kReopen, {"restore", reopening.backup.string(), opened_.set.dataFile}, after);
-  if (!module_.isRunning()) restoring_ = false;  // the tool could not be started
+  startTool(own::kReopen, {"restore", reopening.backup.string(), of.dataFile}, after);
+  if (module_.isRunning()) return;
+  restoring_ = false;  // the tool could not be started
+  lockCommands();
 }
 
 void FrmHome::showPreview() {

@@ -1,5 +1,3 @@
-#include <QFileDialog>
-
 #include "home/FrmHome.h"
 #include "home/RecentGrids.h"
 #include "ui/Layout.h"
@@ -21,14 +19,14 @@ void FrmHome::connectRecent() {
   on(GridReports, &FlexGrid::rowOpened, &FrmHome::openReport);
   on(GridReports, &FlexGrid::rowSelected, &FrmHome::lockReports);
   on(CmdReport, &QPushButton::clicked, &FrmHome::openReport);
-  on(CmdPdf, &QPushButton::clicked, [this] { saveReport("pdf"); });
-  on(CmdWorkbook, &QPushButton::clicked, [this] { saveReport("xlsx"); });
+  on(CmdPdf, &QPushButton::clicked, [this] { saveReport({"pdf", "PDF 文件 (*.pdf)"}); });
+  on(CmdWorkbook, &QPushButton::clicked, [this] { saveReport({"xlsx", "工作簿 (*.xlsx)"}); });
   showReports();
 }
 
-void FrmHome::showRecent() {
-  GridCards->setGrid(gridOf(reading_->recent.cards));
-  GridVouchers->setGrid(gridOf(reading_->recent.vouchers));
+void FrmHome::showRecent(const RecentWork& recent) {
+  GridCards->setGrid(gridOf(recent.cards));
+  GridVouchers->setGrid(gridOf(recent.vouchers));
   for (FlexGrid* grid : {GridCards, GridVouchers}) grid->widenColumns();
   showReports();
 }
@@ -61,22 +59,20 @@ void FrmHome::openReport() {
   start({.runType = 0, .screen = kLastReport});
 }
 
-void FrmHome::saveReport(const char* format) {
+void FrmHome::saveReport(const FileForm& form) {
   const RecentReport* current = currentReport();
   if (current == nullptr) return;
   const RecentReport report = *current;
-  const QString ending = "." + QString(format);
-  QString file = QFileDialog::getSaveFileName(this, "另存为", toQt(report.name) + ending, "*" + ending);
-  if (file.isEmpty() || !canStart()) return;
-  if (!file.endsWith(ending)) file += ending;
+  const auto file = askWhereToSave(run().dialogs, *this, toQt(report.name), {&form, 1});
+  if (!file || !canStart()) return;
   std::vector<std::string> words{"report", argumentString(kReports, opened_), report.name};
   for (const std::string& condition : report.conditions)
     words.insert(words.end(), {"--condition", condition});
-  words.insert(words.end(), {"--format", format, "--money", "--out", fromQt(file), "--force"});
-  startChild(programs_.tool, "另存报表", words, [this, file](const ChildEnd& end) {
+  words.insert(words.end(), {"--format", form.format, "--money", "--out", fromQt(file->name), "--force"});
+  startChild(programs_.tool, "另存报表", words, [this, name = fromQt(file->name)](const ChildEnd& end) {
     ended("另存报表", end);
     if (end.failed()) return;
-    lastEnd_ = "已保存到“" + fromQt(file) + "”";
+    lastEnd_ = "已保存到“" + name + "”";
     showStatus();
   });
 }

@@ -1,8 +1,5 @@
 #include "home/FrmLogin.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include "base/RuntimeError.h"
 #include "ui/Focus.h"
 #include "ui/Layout.h"
@@ -77,11 +74,6 @@ std::optional<OpenedSet> askLogin(FormHost& host, const OpenedSet& opened,
   FrmLogin login(host, opened, open);
   host.showModal(login);
   return login.agreed();
-}
-
-std::string loginName() {
-  const passwd* login = ::getpwuid(::getuid());
-  return login != nullptr ? login->pw_name : std::to_string(::getuid());
 }
 
 }  // namespace zelkor

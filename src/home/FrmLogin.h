@@ -44,7 +44,4 @@ class FrmLogin final : public Form {
 std::optional<OpenedSet> askLogin(FormHost& host, const OpenedSet& opened,
                                   const std::optional<OpenPeriod>& open);
 
-/// The name of whoever works at the machine.
-std::string loginName();
-
 }  // namespace zelkor

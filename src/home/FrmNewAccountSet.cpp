@@ -1,6 +1,7 @@
 #include "home/FrmNewAccountSet.h"
 
 #include <filesystem>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
 
@@ -115,8 +116,7 @@ void FrmNewAccountSet::CmdOK_Click() {
 
 // On a server this takes its time.
 void FrmNewAccountSet::create(const std::string& folder) {
-  CmdOK->setEnabled(false);
-  CmdOK->setText("正在建立…");
+  lock(true);
   worker_.start([this, folder, server = fromQt(TxtServer->text().trimmed()), chosen = options()] {
     return [this, folder, failure = failureOfMaking(folder, server, chosen)] {
       host().dispatch([&] { ended(folder, failure); });
@@ -124,9 +124,22 @@ void FrmNewAccountSet::create(const std::string& folder) {
   });
 }
 
+void FrmNewAccountSet::lock(bool making) {
+  making_ = making;
+  CmdOK->setEnabled(!making);
+  CmdOK->setText(making ? "正在建立…" : "确定");
+}
+
+// A set that is made is listed, too.
+void FrmNewAccountSet::closeEvent(QCloseEvent* event) {
+  if (!making_) return Form::closeEvent(event);
+  event->ignore();
+  host().dispatch(
+      [this] { run().dialogs.MsgBox("正在建立账套，请等它结束。", Buttons::Ok, Icon::Information, kTitle); });
+}
+
 void FrmNewAccountSet::ended(const std::string& folder, const std::string& failure) {
-  CmdOK->setEnabled(true);
-  CmdOK->setText("确定");
+  lock(false);
   if (!failure.empty()) return refuse("没有建立账套：" + failure, *TxtFolder);
   made_ = accountSetsAt(folder).front();
   close();

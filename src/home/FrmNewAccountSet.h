@@ -37,16 +37,19 @@ class FrmNewAccountSet final : public Form {
   QPushButton* CmdCancel = make<QPushButton>("CmdCancel", "取消");
 
   void arrangeControls();
+  void closeEvent(QCloseEvent* event) override;
   void escapePressed() override { close(); }
   bool enterPressed(QObject* control) override;
   void CmdFolder_Click();
   void CmdOK_Click();
   void create(const std::string& folder);
   void ended(const std::string& folder, const std::string& failure);
+  void lock(bool making);
   void refuse(const std::string& reason, QWidget& field);
   AccountSetOptions options() const;
 
   std::optional<KnownAccountSet> made_;
+  bool making_ = false;
   frmWorker worker_;
 };
 

@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <QBuffer>
 #include <QContextMenuEvent>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
-#include <QSaveFile>
 
+#include "base/Csv.h"
 #include "base/Format.h"
+#include "home/frmSavedText.h"
 #include "ui/Texts.h"
 
 namespace zelkor {
@@ -65,8 +66,20 @@ QString shortAmount(double amount) {
 void frmChart::show(Kind kind, std::vector<Point> points) {
   kind_ = kind;
   points_ = std::move(points);
+  known_ = true;
   tell();
   update();
+}
+
+void frmChart::forget() {
+  points_.clear();
+  known_ = false;
+  tell();
+  update();
+}
+
+QString frmChart::emptyText() const {
+  return known_ ? emptyText_ : QString("正在读取…");
 }
 
 bool frmChart::isEmpty() const {
@@ -79,14 +92,15 @@ void frmChart::tell() {
   for (const Point& point : points_)
     if (point.amount) lines << point.label + " " + toQt(Format(*point.amount, "#,##0.00"));
   setAccessibleName(title_);
-  setAccessibleDescription(isEmpty() ? emptyText_ : lines.join("，"));
+  setAccessibleDescription(isEmpty() ? emptyText() : lines.join("，"));
   setToolTip(isEmpty() ? QString() : lines.join('\n'));
 }
 
 QString frmChart::csv() const {
-  QString text = QString(QChar(0xFEFF)) + title_ + ",金额\n";
+  QString text = QString(QChar(0xFEFF)) + toQt(spreadsheetField(fromQt(title_))) + ",金额\n";
   for (const Point& point : points_)
-    if (point.amount) text += point.label + "," + toQt(Format(*point.amount, "0.00")) + "\n";
+    if (point.amount)
+      text += toQt(spreadsheetField(fromQt(point.label))) + "," + toQt(Format(*point.amount, "0.00")) + "\n";
   return text;
 }
 
@@ -107,7 +121,7 @@ void frmChart::paintEvent(QPaintEvent* /*event*/) {
   const QRect room = inside.adjusted(0, titleHeight + kGap / 2, 0, 0);
   if (isEmpty()) {
     painter.setPen(color(kFaint));
-    painter.drawText(room, Qt::AlignCenter, emptyText_);
+    painter.drawText(room, Qt::AlignCenter, emptyText());
   } else if (kind_ == Kind::Bars) {
     paintBars(painter, room);
   } else {
@@ -191,7 +205,7 @@ void frmChart::paintLine(QPainter& painter, QRect room) const {
   painter.setPen(QPen(color(kBar), 2));
   painter.drawPolyline(line);
   painter.setBrush(color(kBar));
-  if (every == 1)
+  if (every == 1 || line.size() == 1)
     for (const QPointF& point : line) painter.drawEllipse(point, 3, 3);
 }
 
@@ -207,24 +221,27 @@ void frmChart::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmChart::contextMenuEvent(QContextMenuEvent* event) {
+  if (host_ == nullptr) return;
   QMenu menu(this);
-  menu.addAction("保存为图片…", this, [this] { savePicture(); });
-  menu.addAction("保存数字（CSV）…", this, [this] { saveNumbers(); });
+  menu.addAction("保存为图片…", this, [this] { host_->dispatch([this] { savePicture(); }); });
+  menu.addAction("保存数字（CSV）…", this, [this] { host_->dispatch([this] { saveNumbers(); }); });
   menu.exec(event->globalPos());
 }
 
+std::optional<SavedFile> frmChart::askFor(const FileForm& form) {
+  return askWhereToSave(host_->run().dialogs, *this, title_, {&form, 1});
+}
+
 void frmChart::savePicture() {
-  const QString file = QFileDialog::getSaveFileName(this, "保存为图片", title_ + ".png", "图片 (*.png)");
-  if (!file.isEmpty() && !grab().save(file) && notSaved_) notSaved_(file);
+  const auto file = askFor({"png", "图片 (*.png)"});
+  QByteArray picture;
+  QBuffer bytes(&picture);
+  if (file && grab().save(&bytes, "png")) saveText(host_->run().dialogs, file->name, picture.toStdString());
 }
 
 void frmChart::saveNumbers() {
-  const QString name = QFileDialog::getSaveFileName(this, "保存数字", title_ + ".csv", "CSV (*.csv)");
-  if (name.isEmpty()) return;
-  QSaveFile file(name);
-  const QByteArray bytes = csv().toUtf8();
-  const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-  if (!saved && notSaved_) notSaved_(name);
+  if (const auto file = askFor({"csv", "CSV (*.csv)"}))
+    saveText(host_->run().dialogs, file->name, csv().toStdString());
 }
 
 }  // namespace zelkor

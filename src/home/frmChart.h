@@ -7,6 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "ui/FormHost.h"
+#include "ui/SaveDialog.h"
+
 namespace zelkor {
 
 /// Amounts as bars under each other, or as a line over the months of a year. A click opens what they are
@@ -25,9 +28,11 @@ class frmChart final : public QWidget {
   /// What is said where there is nothing to show.
   void setEmptyText(const QString& text) { emptyText_ = text; }
   void show(Kind kind, std::vector<Point> points);
+  /// Shows that nothing is known yet.
+  void forget();
   void onOpened(std::function<void()> listener) { opened_ = std::move(listener); }
-  /// Told the file that could not be written.
-  void onNotSaved(std::function<void(const QString&)> listener) { notSaved_ = std::move(listener); }
+  /// Lets it be saved; where that fails a box says so.
+  void saveThrough(FormHost& host) { host_ = &host; }
 
   /// The numbers, as a spreadsheet reads them.
   QString csv() const;
@@ -48,15 +53,18 @@ class frmChart final : public QWidget {
   std::size_t labelledEvery(const QFontMetrics& metrics, double step) const;
   void tell();
   bool isEmpty() const;
+  QString emptyText() const;
   void savePicture();
   void saveNumbers();
+  std::optional<SavedFile> askFor(const FileForm& form);
 
   QString title_;
   QString emptyText_ = "没有数据";
   Kind kind_ = Kind::Bars;
+  bool known_ = false;
   std::vector<Point> points_;
   std::function<void()> opened_;
-  std::function<void(const QString&)> notSaved_;
+  FormHost* host_ = nullptr;
 };
 
 /// "1,234" for a figure in a narrow place, "123.4万" for a long one.

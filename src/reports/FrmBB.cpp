@@ -112,6 +112,7 @@ bool FrmBB::enterPressed(QObject* control) {
   if (control == TreeView1) {
     TreeView1_DblClick();
   } else if (control == ListView1) {
+    if (QListWidgetItem* item = ListView1->currentItem()) item->setSelected(true);
     openReport();
   } else {
     return false;

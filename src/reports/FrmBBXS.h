@@ -47,7 +47,6 @@ class FrmBBXS final : public Form {
   void printSeen(TablePrinter& pages, QPrinter& printer);
   void printUnseen(TablePrinter& pages, QPrinter& printer, std::size_t count);
   void saveReport();
-  bool mayReplace(const QString& file);
   FinishedReport finished();
   void attempt(const std::function<void()>& routine);
   void escapePressed() override { close(); }

@@ -4,12 +4,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewDialog>
-#include <QStandardPaths>
 #include <QToolBar>
 
 #include "base/RuntimeError.h"
@@ -19,56 +16,17 @@
 #include "reports/ReportFile.h"
 #include "reports/ReportPaper.h"
 #include "ui/BusyCursor.h"
+#include "ui/SaveDialog.h"
 
 namespace zelkor {
 namespace {
 
 constexpr std::size_t kMostPreviewed = 500;  // pages; a preview of these takes two seconds and 60 MB
 
-struct FileForm {
-  const char* format;
-  const char* filter;
-};
 constexpr std::array<FileForm, 4> kForms{{{"xlsx", "工作簿 (*.xlsx)"},
                                           {"pdf", "PDF 文件 (*.pdf)"},
                                           {"csv", "CSV 文件 (*.csv)"},
                                           {"html", "网页 (*.html)"}}};
-
-struct ChosenFile {
-  QString name;
-  QString format;
-};
-
-QString formatOf(const QString& filter) {
-  return std::ranges::find(kForms, filter, &FileForm::filter)->format;
-}
-
-bool isFormat(const QString& suffix) {
-  return std::ranges::find(kForms, suffix, &FileForm::format) != kForms.end();
-}
-
-/// What the name ends in counts, or else the form that was chosen.
-ChosenFile chosenFile(const QString& name, const QString& filter) {
-  const QString suffix = QFileInfo(name).suffix().toLower();
-  if (isFormat(suffix)) return {name, suffix};
-  return {name + "." + formatOf(filter), formatOf(filter)};
-}
-
-std::optional<ChosenFile> askForFile(QWidget& over, const QString& title) {
-  QFileDialog dialog(&over, "另存为");
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the name may not be complete yet
-  QStringList filters;
-  for (const FileForm& form : kForms) filters << form.filter;
-  dialog.setNameFilters(filters);
-  dialog.setDefaultSuffix(kForms.front().format);
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
-                   [&dialog](const QString& filter) { dialog.setDefaultSuffix(formatOf(filter)); });
-  dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-  dialog.selectFile(title);
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return chosenFile(dialog.selectedFiles().front(), dialog.selectedNameFilter());
-}
 
 /// The preview's last command opens the system's dialog.
 QAction* printing(const QPrintPreviewDialog& preview) {
@@ -115,15 +73,9 @@ void FrmBBXS::attempt(const std::function<void()>& routine) {
   }
 }
 
-bool FrmBBXS::mayReplace(const QString& file) {
-  if (!QFileInfo::exists(file)) return true;
-  const std::string question = "文件“" + fromQt(file) + "”已存在，是否替换？";
-  return run().dialogs.MsgBox(question, Buttons::YesNo, Icon::Question, "另存为") == Answer::Yes;
-}
-
 void FrmBBXS::saveReport() {
-  const auto file = askForFile(*this, toQt(view_.title));
-  if (!file || !mayReplace(file->name)) return;
+  const auto file = askWhereToSave(run().dialogs, *this, toQt(view_.title), kForms);
+  if (!file) return;
   attempt([&] {
     const BusyCursor busy;
     const auto out = reportFile(run(), fromQt(file->name), true);

@@ -24,6 +24,7 @@ class FrmImportTest : public FormTest {
     context.gdOpDate = day("2020-1-31");
     context.programFolder = directory.path().string();
     setenv("HOME", directory.path().c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (directory / "config").c_str(), 1);
   }
 
   OpenedSet opened() const {

@@ -7,6 +7,7 @@
 #include "apps/BatchJobs.h"
 #include "apps/home/HomeCall.h"
 #include "base/EndSignals.h"
+#include "base/LoginName.h"
 #include "base/RuntimeError.h"
 #include "home/FrmAccountSets.h"
 #include "home/FrmHome.h"

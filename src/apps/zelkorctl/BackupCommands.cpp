@@ -8,6 +8,7 @@
 #include "apps/zelkorctl/JobParameters.h"
 #include "base/Clock.h"
 #include "base/EndSignals.h"
+#include "base/LoginName.h"
 #include "base/Text.h"
 #include "startup/OnlyJob.h"
 #include "transfer/backup/Restore.h"

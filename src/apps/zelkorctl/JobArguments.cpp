@@ -1,10 +1,8 @@
 #include "apps/zelkorctl/JobArguments.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <filesystem>
 
+#include "base/LoginName.h"
 #include "base/RuntimeError.h"
 #include "base/Text.h"
 #include "startup/Arguments.h"
@@ -44,11 +42,6 @@ std::string argumentsOf(const Asked& asked, int runType) {
 }
 
 }  // namespace
-
-std::string loginName() {
-  const passwd* login = ::getpwuid(::getuid());
-  return login ? login->pw_name : std::to_string(::getuid());
-}
 
 SetFiles setFilesOf(const Asked& asked) {
   if (asked.set.empty()) {

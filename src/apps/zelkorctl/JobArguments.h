@@ -15,9 +15,6 @@ struct SetFiles {
 /// Those that are asked for, whether they are there or not. Error 5 for an argument string without them.
 SetFiles setFilesOf(const Asked& asked);
 
-/// The name that the user has logged in by.
-std::string loginName();
-
 /// The run of a job that is asked for: by its argument string, or by an account set with the run type. Error
 /// 5 when the account set does not say what an argument string needs, or the string cannot carry it.
 JobRun jobOf(const Asked& asked, int runType);

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "depreciation/BookFigures.h"
 #include "home/AccountTitle.h"
-#include "home/BookFigures.h"
 #include "home/MonthState.h"
 #include "home/RecentWork.h"
 

@@ -23,8 +23,12 @@ std::string textOfMonth(const BackupNote& note) {
 }
 
 void print(const BackupNote& note, std::ostream& output) {
-  output << "账套 " << note.account << ' ' << note.name << "，" << textOfMonth(note) << "，卡片 "
-         << note.cards << " 张，原值 " << note.value << "，累计折旧 " << note.accumulated;
+  output << "账套 " << note.account << ' ' << note.name << "，" << textOfMonth(note);
+  if (note.value.empty()) {
+    output << "，卡片、原值和累计折旧算不出来";
+  } else {
+    output << "，卡片 " << note.cards << " 张，原值 " << note.value << "，累计折旧 " << note.accumulated;
+  }
 }
 
 /// Prints what could not be kept as it is; gives whether there is none of it.

@@ -136,7 +136,11 @@ Call backupCall() {
                           .text = "只保留最近的几个备份；每个月份的最后一个总是保留",
                           .value = "NUMBER",
                           .check = keepProblem},
-                         {.name = "--label", .field = &Asked::label, .text = "说明", .value = "TEXT"}},
+                         {.name = "--label",
+                          .field = &Asked::label,
+                          .text = "一行说明，不超过 200 字",
+                          .value = "TEXT",
+                          .check = labelProblem}},
           .example = "zelkorctl backup --set books --to /backup --keep 14",
           .run = backup};
 }

@@ -152,6 +152,10 @@ TEST_F(MonthStateTest, CheckAndBackupAreTheLastStepsBeforeTheClosing) {
   ASSERT_TRUE(reopening);
   EXPECT_EQ(reopening->day, day("2020-1-31"));
   EXPECT_NE(reopening->question.find("2020-01-31 17:00:00"), std::string::npos) << reopening->question;
+  EXPECT_FALSE(reopening->renamed);
+  run.engine.OpenDatabase(run.gstrZkSysFile).Execute("update za_account set cUnitName='新单位'");
+  run.engine.flush();
+  EXPECT_TRUE(readReopening(place())->renamed);
 }
 
 // A first look has the same steps but for what takes time.

@@ -280,6 +280,26 @@ TEST_F(BackupTest, WhatIsNotWholeOrNotMeantIsRefused) {
   EXPECT_EQ(errorOf([&] { backUp({.data = backup / "ZkData.Mdb", .system = backup / "ZkSystem.Mdb"}); }), 5);
 }
 
+TEST_F(BackupTest, AnotherSetOfTheSameNumberIsReplacedOnlyWhereItIsMeant) {
+  mark("old");
+  RestoreOrder restoring = this->restoring(backUp(order()).folder, home / "set");
+  mark("new");
+  for (const char* column : {"cAcc_Name", "cUnitName"}) {
+    const std::string name = "select " + std::string(column) + " from za_account";
+    DbEngine().OpenDatabase(system()).Execute("update za_account set " + std::string(column) + "='别的'");
+    restoring.renamed = false;
+    EXPECT_THAT([&] { restoreBackup(restoring); }, testing::ThrowsMessage<RuntimeError>(testing::AllOf(
+                                                       HasSubstr("别的"), HasSubstr("--renamed"))));
+    EXPECT_EQ(marks(), "new,new");
+    restoring.renamed = true;
+    restoreBackup(restoring);
+    EXPECT_EQ(marks(), "old,old");
+    EXPECT_EQ(rowsOf(DbEngine().OpenDatabase(system()).OpenRecordset(name)).front().find("别的"),
+              std::string::npos);
+    mark("new");
+  }
+}
+
 TEST_F(BackupTest, AnAccountSetThatIsOpenIsNotReplaced) {
   const fs::path backup = backUp(order()).folder;
   mark("new");

@@ -182,6 +182,27 @@ std::string accountsIn(const std::string& systemFile) {
   return numbersOf(system);
 }
 
+std::string nameOfSet(const BackupNote& note) {
+  return "“" + note.name + "”" + (note.unit.empty() ? "" : "（" + note.unit + "）");
+}
+
+std::string otherNameThan(const BackupNote& backup, const std::string& systemFile) {
+  try {
+    Database system = openForReading(systemFile);
+    BackupNote there{.account = backup.account};
+    describeOwner(there, system);
+    const bool isKnown = !there.name.empty() || !there.unit.empty();
+    const bool isSame = there.name == backup.name && there.unit == backup.unit;
+    return isKnown && !isSame ? nameOfSet(there) : std::string();
+  } catch (const RuntimeError&) {
+    return {};
+  }
+}
+
+std::string remarkOnName(const BackupNote& backup, const std::string& otherName) {
+  return "账套号相同，名称或使用单位不同：现在是" + otherName + "，备份是" + nameOfSet(backup) + "。";
+}
+
 fs::path backupsBeside(const fs::path& data) {
   return folderOf(data) / "backups";
 }

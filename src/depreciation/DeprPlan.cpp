@@ -115,6 +115,7 @@ DeprPlan PlanMaker::make() {
     plan_.cards.clear();
     plan_.amounts.clear();
     return std::move(plan_);
+    plan_.totals.clear();
   }
   plan_.remarks.push_back(monthName(plan_.month) +
                           "与当月计提相同，以后各月是推算：已计提月份逐月增加，到净残值为止");

@@ -168,7 +168,9 @@ void FrmHome::restore(const BooksPlace& of, const Reopening& reopening) {
     showStatus();
     lockCommands();
   };
-  startTool(own::kReopen, {"restore", reopening.backup.string(), of.dataFile}, after);
+  std::vector<std::string> words{"restore", reopening.backup.string(), of.dataFile};
+  if (reopening.renamed) words.emplace_back("--renamed");
+  startTool(own::kReopen, words, after);
   if (module_.isRunning()) return;
   restoring_ = false;  // the tool could not be started
   lockCommands();

@@ -194,6 +194,21 @@ TEST_F(FrmImportTest, ABackupIsChosenAndRestored) {
   untilTold(form, "已恢复到 " + target);
   EXPECT_EQ(readFile(given()), "restore\n" + backup.folder.string() + "\n" + target + "\n");
   EXPECT_EQ(form.restored(), target);
+  context.dbZKSystem.Execute("update za_account set cUnitName='新单位'");
+  engine.flush();
+  type(form, "TxtTarget", toQt(folder));
+  MessageBox box{"用 2020-01-31 00:00 的备份（" + backup.note.name + "，" + backup.note.month + "）替换 " +
+                     folder +
+                     " 中的账套？备份以后的记录都不在其中；原来的账套先备份。\n\n"
+                     "账套号相同，名称或使用单位不同：现在是“" +
+                     backup.note.name + "”（新单位），备份是" + nameOfSet(backup.note) + "。",
+                 Buttons::YesNo, Icon::Exclamation, kTitle};
+  box.defaultButton = DefaultButton::Second;
+  dialogs.expect(box, Answer::Yes);
+  click(form, "CmdRestore");
+  untilTold(form, "已恢复到 " + folder);
+  EXPECT_TRUE(
+      readFile(given()).ends_with("restore\n" + backup.folder.string() + "\n" + folder + "\n--renamed\n"));
   type(form, "TxtFrom", toQt((directory / "nowhere").string()));
   sendKey(control<QLineEdit>(form, "TxtFrom"), Qt::Key_Return);
   untilTold(form, "没有这个文件夹");

@@ -70,6 +70,7 @@ TEST_F(AccountSetListTest, TheLastCheckOfAMonthIsRemembered) {
 TEST_F(AccountSetListTest, EachConditionOfASetIsSeen) {
   EXPECT_EQ(lookAt(set()).condition, AccountSetCondition::Ready);
   EXPECT_EQ(lookAt(set()).set.name, "示例账套");
+  EXPECT_EQ(lookAt(set()).server.empty(), !onServer());
 
   {
     const auto attempt = db().lockForJob({.kind = 'm', .since = day("2020-1-31"), .user = "李会计"});

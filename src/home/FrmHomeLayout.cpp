@@ -18,7 +18,7 @@ namespace {
 constexpr QSize kSize(1100, 680);
 constexpr int kStepsWidth = 640;  // as in a window of its size: in a narrower one texts would take more lines
 constexpr int kCommandWidth = 190;
-constexpr int kStepHeight = 30;
+constexpr int kStepHeight = 31;
 constexpr int kCaptionWidth = 112;
 constexpr int kLastWidth = 76;
 constexpr int kButtonWidth = 152;
@@ -155,6 +155,8 @@ void FrmHome::arrangeRecent() {
   // Beside the captions, where they take no height.
   auto* buttons = page(row({CmdReport, CmdPdf, CmdWorkbook}));
   buttons->layout()->setContentsMargins(0, 0, 0, 2);
+  for (QPushButton* button : {CmdReport, CmdPdf, CmdWorkbook})
+    button->setStyleSheet("padding: 1px 12px; min-height: 0;");
   TabsRecent->setCornerWidget(buttons);
   const auto showButtons = [this, buttons] {
     buttons->setVisible(TabsRecent->currentWidget()->isAncestorOf(GridReports));

@@ -64,10 +64,7 @@ void FrmHome::openReport() {
 void FrmHome::startReport(const std::string& name, const std::vector<std::string>& conditions) {
   if (!isReady()) return;
   RecentReports recent(RecentReports::usualFile());
-  const RecentReport wanted{opened_.set.dataFile, opened_.set.account, name, conditions, run().clock.now()};
-  recent.remember(wanted);
-  const std::vector<RecentReport> kept = recent.of(wanted.dataFile, wanted.account);
-  if (kept.empty() || !kept.front().isSame(wanted)) {
+  if (!recent.remember({opened_.set.dataFile, opened_.set.account, name, conditions, run().clock.now()})) {
     lastEnd_ = "⚠ 不能直接打开“" + name + "”：写不了 " + RecentReports::usualFile().string() +
                "。请从“账簿与报表”打开。";
     return showStatus();

@@ -65,6 +65,11 @@ TEST_F(AccountSetListTest, TheLastCheckOfAMonthIsRemembered) {
   CheckMemory(kept).keep("/books/a", "001", day("2020-1-31"), second);
   EXPECT_EQ(CheckMemory(kept).lastOf("/books/a", "001", day("2020-1-5")), second);
   EXPECT_EQ(CheckMemory(kept).lastOf("/books/b", "001", day("2020-1-5")), second);
+
+  CheckMemory nowhere(kept / "below a file");
+  nowhere.keep("/books/a", "001", day("2020-1-31"), first);
+  nowhere.keep("/books/a", "001", day("2020-1-31"), second);
+  EXPECT_EQ(nowhere.lastOf("/books/a", "001", day("2020-1-5")), second) << "the step is done all the same";
 }
 
 TEST_F(AccountSetListTest, EachConditionOfASetIsSeen) {

@@ -29,7 +29,6 @@ std::string firstLine(const std::string& text) {
 }  // namespace
 
 void FrmHome::startOwn(std::string_view name) {
-  if (!reading_ || !trouble_.empty()) return;
   if (name == own::kImportCards) importFile(ImportKind::Cards);
   if (name == own::kImportSheets) importFile(ImportKind::Sheets);
   if (name == own::kCheck) check();

@@ -20,12 +20,14 @@ constexpr const char* kCaption = "从备份恢复";
 constexpr QSize kSize(900, 480);
 
 namespace column_of {
-constexpr std::size_t Folder = 8;
+enum : std::size_t { Cards = 4, Value = 5, Folder = 8 };
 }
 
 TextGrid gridOf(const std::vector<ListedBackup>& backups) {
   TextGrid grid;
   grid.setHeader("时间|账套号|账套名称|月份|卡片|原值|说明|状态|备份");
+  for (const std::size_t figure : {column_of::Cards, column_of::Value})
+    grid.setAlignment(figure, Align::Right);
   for (const ListedBackup& one : backups) {
     const BackupNote& note = one.note;
     const bool isKnown = !note.account.empty();

@@ -121,6 +121,20 @@ TEST_F(FrmImportTest, AFileIsLookedAtThenImportedAndItsRefusedRowsAreKept) {
   click(form, "CmdDetail");
 }
 
+/// The rows are stored by then: whoever gave the whole file again would have them twice.
+TEST_F(FrmImportTest, RefusedRowsThatCannotBeKeptAreNoFailureOfTheImport) {
+  auto& form = host.show<FrmImport>(
+      ImportKind::Cards, opened(),
+      tool("echo 共 2 行：已保存 1 行，拒绝 1 行; echo zelkorctl: 错误 57：磁盘空间不足 >&2; exit 1"));
+  choose(form, registerOf({"7000", "8OOO"}));
+  untilTold(form, "可以导入 1 行");
+  click(form, "CmdImport");
+  untilTold(form, "导入完成。共 2 行：已保存 1 行，拒绝 1 行\n拒绝的行没能另存");
+  EXPECT_NE(textOf(form, "LblState").find("不要再导入整个文件"), std::string::npos);
+  EXPECT_FALSE(control<QPushButton>(form, "CmdRefused").isVisible());
+  EXPECT_TRUE(control<QPushButton>(form, "CmdDetail").isVisible());
+}
+
 TEST_F(FrmImportTest, WhatCannotBeImportedIsTold) {
   auto& form = host.show<FrmImport>(ImportKind::Sheets, opened(), tool("exit 0"));
   EXPECT_FALSE(control<QComboBox>(form, "CmbNewType").isVisible());

@@ -180,7 +180,8 @@ const Lexeme& Lexer::next() {
 // there.
 bool Lexer::passOver(std::string_view text, const Lexer& other) {
   if (text.empty()) return true;
-  if (!rest().starts_with(text)) return false;
+  if (cursor_ == end_ || *cursor_ != text.front()) return false;
+  if (text.size() > 1 && !rest().starts_with(text)) return false;
   cursor_ += text.size();
   memory_ = other.memory_;
   const std::size_t length = memory_.lexeme.source.size();

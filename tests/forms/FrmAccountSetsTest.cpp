@@ -51,6 +51,7 @@ TEST_F(FrmAccountSetsTest, ASetThatIsNotKnownYetIsOpenedOnceItIs) {
 TEST_F(FrmAccountSetsTest, ANewSetIsMadeAndListed) {
   auto& form = host.show<FrmAccountSets>(list);
   keepPicture(form, "FrmAccountSets-empty");
+  EXPECT_TRUE(control<QPushButton>(form, "CmdNew").isDefault());
   const std::string folder = (directory / "new").string();
   inModalForm([&](QWidget& create) {
     type(create, "TxtName", "新厂");
@@ -67,6 +68,7 @@ TEST_F(FrmAccountSetsTest, ANewSetIsMadeAndListed) {
   });
   click(form, "CmdNew");
   EXPECT_EQ(columnOf(form, "GridSets", 0), Lines{"新厂"});
+  EXPECT_TRUE(control<QPushButton>(form, "CmdOpen").isDefault());
   until([&] { return columnOf(form, "GridSets", 4) == Lines{"未初始化"}; }, "looked at");
   dialogs.expectYesNo("从列表移除“新厂”？账套的文件不会删除。", Answer::Yes, Icon::Question,
                       "固定资产工作台");

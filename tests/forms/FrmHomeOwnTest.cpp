@@ -162,7 +162,7 @@ TEST_F(FrmHomeTest, WhatIsThereIsReplacedOnlyWhereItIsAgreed) {
     const std::string kept = (directory / (std::string(name) + ".xlsx")).string();
     writeFile(kept, "before");
     dialogs.expectYesNo("文件“" + kept + "”已存在，是否替换？", answer, Icon::Question, "另存为");
-    inModalForm([&](QWidget& window) {
+    inComingForm([&](QWidget& window) {
       dynamic_cast<QFileDialog&>(window).selectFile(toQt((directory / name).string()));
       dynamic_cast<QDialog&>(window).accept();
     });

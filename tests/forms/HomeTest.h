@@ -47,12 +47,13 @@ class FrmHomeTest : public FormTest {
     return script.string();
   }
   std::filesystem::path given() const { return directory / "given"; }
-  /// Does something in the modal form that comes once a child has ended.
+  /// Does something in the next modal form, in its time: once a child has ended.
   static void inComingForm(std::function<void(QWidget&)> action) {
     auto* look = new QTimer;
-    QObject::connect(look, &QTimer::timeout, [look, action = std::move(action)] {
+    const auto* before = QApplication::activeModalWidget();
+    QObject::connect(look, &QTimer::timeout, [look, before, action = std::move(action)] {
       QWidget* form = QApplication::activeModalWidget();
-      if (form == nullptr) return;
+      if (form == nullptr || form == before) return;
       look->stop();
       look->deleteLater();
       action(*form);

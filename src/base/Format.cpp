@@ -94,14 +94,17 @@ std::optional<NumberPicture> numberPicture(std::string_view text) {
   return anyPlace && before != ',' ? std::optional(picture) : std::nullopt;
 }
 
-/// "0" and "0.00", in which most numbers are shown: nothing is left out of such a text or put between.
-bool isFixed(const NumberPicture& picture) {
-  return picture.wholeZeros == 1 && picture.decimals == picture.decimalZeros &&
-         picture.point == (picture.decimals > 0) && !picture.thousands && !picture.percent;
+/// The decimals of "0" and "0.00", in which most numbers are shown: nothing is left out of such a text or put
+/// between.
+std::optional<std::size_t> fixedDecimals(std::string_view picture) {
+  constexpr std::size_t kFirst = 2;
+  if (picture == "0") return 0;
+  const bool fixed = picture.size() > kFirst && picture.starts_with("0.") &&
+                     picture.find_first_not_of('0', kFirst) == std::string_view::npos;
+  return fixed ? std::optional(picture.size() - kFirst) : std::nullopt;
 }
 
 std::string formatNumber(Decimal value, const NumberPicture& picture) {
-  if (isFixed(picture)) return fixedText(value, picture.decimals);
   if (picture.percent) value.exponent += 2;
   std::string text = fixedText(value, picture.decimals);
   const std::size_t sign = text.starts_with('-') ? 1 : 0;
@@ -198,6 +201,10 @@ std::string formatDate(DateTime date, std::string_view picture) {
 
 std::string Format(const Value& value, std::string_view picture) {
   if (value.isNull()) return {};
+  if (const auto decimals = fixedDecimals(picture)) {
+    const auto number = numberIn(value);
+    return number ? fixedText(*number, *decimals) : CStr(value);
+  }
   if (const auto shown = numberPicture(picture)) {
     const auto number = numberIn(value);
     return number ? formatNumber(*number, *shown) : CStr(value);

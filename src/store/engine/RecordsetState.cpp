@@ -5,7 +5,6 @@
 #include "base/RuntimeError.h"
 #include "store/dialect/binding/NameErrors.h"
 #include "store/engine/Binding.h"
-#include "store/engine/ColumnValue.h"
 #include "store/engine/Connection.h"
 
 namespace zelkor {
@@ -265,27 +264,13 @@ void RecordsetState::moveLast() {
   standOn(known_ - 1);
 }
 
-std::size_t RecordsetState::columnIndex(std::string_view name) const {
-  if (const auto column = query_->columnNames().find(name)) return *column;
+void RecordsetState::raiseUnknownColumn(std::string_view name) const {
   throw connection_->withAdvice(dialect::unknownItem(name));
 }
 
 void RecordsetState::requireCurrentRow() const {
   if (currentDeleted_) throw RuntimeError(ErrorNumber::RecordDeleted);
   if (current_ < 0 || atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
-}
-
-// Where the statement that stands on the current row delivers the column; -1 where there is none, or where
-// something else has to be done to read it.
-int RecordsetState::placeInStream(std::size_t column) const {
-  if (edit_ || !onStreamedRow() || run_.learns || column >= run_.projection->placeOf.size()) return -1;
-  const int place = run_.projection->placeOf[column];
-  return place < 0 ? -1 : query_->firstColumn() + place;
-}
-
-Value RecordsetState::value(std::size_t column) {
-  const int place = placeInStream(column);
-  return place < 0 ? valueElsewhere(column) : readCell(*run_.statement, place, query_->typeOf(column));
 }
 
 Value RecordsetState::valueElsewhere(std::size_t column) {

@@ -10,6 +10,7 @@
 
 #include "base/Value.h"
 #include "store/dialect/reading/Shape.h"
+#include "store/engine/ColumnValue.h"
 #include "store/engine/PreparedQuery.h"
 #include "store/engine/RowEdit.h"
 
@@ -66,8 +67,14 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   }
 
   const std::vector<dialect::OutputColumn>& columns() const { return query_->query().columns(); }
-  std::size_t columnIndex(std::string_view name) const;
-  Value value(std::size_t column);
+  std::size_t columnIndex(std::string_view name) const {
+    if (const auto column = query_->columnNames().find(name)) return *column;
+    raiseUnknownColumn(name);
+  }
+  Value value(std::size_t column) {
+    const int place = placeInStream(column);
+    return place < 0 ? valueElsewhere(column) : readCell(*run_.statement, place, query_->typeOf(column));
+  }
 
   void set(std::size_t column, const Value& value);
   void addNew();
@@ -94,7 +101,13 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   bool keyed() const { return query_->query().keyed(); }
   bool streaming() const { return run_.statement != nullptr; }
   bool onStreamedRow() const { return streaming() && current_ >= 0 && current_ == known_ - 1; }
-  int placeInStream(std::size_t column) const;
+  /// Where the statement that is on the current row delivers the column; -1 where there is none, or where
+  /// something else has to be done to read it.
+  int placeInStream(std::size_t column) const {
+    if (edit_ || !onStreamedRow() || run_.learns || column >= run_.projection->placeOf.size()) return -1;
+    const int place = run_.projection->placeOf[column];
+    return place < 0 ? -1 : query_->firstColumn() + place;
+  }
 
   void look();
   void run();
@@ -114,6 +127,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void standOn(long row);
 
   void requireCurrentRow() const;
+  [[noreturn]] void raiseUnknownColumn(std::string_view name) const;
   Value valueElsewhere(std::size_t column);
   Value keyedValue(std::size_t column);
   bool cacheHolds(std::size_t column) const;

@@ -182,7 +182,7 @@ std::vector<Value> RecordsetState::decodeStreamedRow() const {
 // on as it began.
 void RecordsetState::widenStream() {
   if (!streaming() || !keyed() || known_ != 1 || run_.projection->covers(query_->projection())) return;
-  PreparedQuery::Run wider = query_->take();
+  PreparedQuery::Run wider = run_.firstRowsOnly ? query_->take() : query_->takeWhole();
   try {
     bindSlots(*wider.statement, query_->slots(), literals_);
     if (wider.statement->step() && keysOf(*wider.statement) == keys_) std::swap(run_, wider);
@@ -290,6 +290,9 @@ Value RecordsetState::keyedValue(std::size_t column) {
       const auto first = static_cast<int>(sources() + query_->query().tieKeys());
       return readCell(*run_.statement, first + place, query_->typeOf(column));
     }
+    // What has come without being learned is asked for as well: a wider statement goes on delivering it.
+    if (!run_.learns)
+      for (const std::size_t delivered : run_.projection->columns) query_->learn(delivered);
   }
   const bool isNew = query_->projection().placeOf[column] < 0 && columns()[column].source;
   query_->learn(column);

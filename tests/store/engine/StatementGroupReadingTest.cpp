@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "store/engine/Foresight.h"
 #include "store/engine/StatementGroupFixture.h"
 
 namespace zelkor::test {
@@ -42,6 +43,38 @@ TEST_F(StatementGroupTest, AForeseenQueryFailsInItsPlace) {
             }),
             3078);
   EXPECT_EQ(rows("select sNum from t order by sNum"), (Lines{"a", "taken"}));
+}
+
+// Each is asked for as if nothing had been foreseen; where an answer is a wait, that is one for all.
+TEST_F(StatementGroupTest, ForesightGivesWhatIsAskedForNext) {
+  const Lines asked{"select max(lN) as a from t", "select min(lN) as a from u", "select max(lN) as a from t"};
+  const auto waitsOf = [&](bool foreseen, const std::function<void()>& meanwhile) {
+    std::optional<Foresight> ahead;
+    const std::uint64_t before = db.waits();
+    if (foreseen) ahead.emplace(db, asked);
+    meanwhile();
+    Lines seen;
+    for (const std::string& query : asked) seen.push_back(cell(query));
+    EXPECT_EQ(seen, (Lines{cell(asked[0]), "1", cell(asked[0])}));
+    return db.waits() - before;
+  };
+  waitsOf(false, [] {});
+  const std::uint64_t each = waitsOf(false, [] {});
+  const auto write = [this] { db.Execute("update t set lN=lN+1"); };
+  const std::uint64_t none = onServer() ? 2 : 0;  // waits for what is asked again to compare
+  EXPECT_EQ(each, onServer() ? 5U : 0U);
+  EXPECT_EQ(waitsOf(true, [] {}), none + (onServer() ? 1 : 0));
+  EXPECT_EQ(waitsOf(true, write), onServer() ? each + 2 : 0) << "what was written makes them old";
+  EXPECT_EQ(waitsOf(true, [this] { engine.flush(); }), none + (onServer() ? 2 : 0)) << "and the flush";
+  EXPECT_EQ(waitsOf(false, [&] { Foresight(db, asked); }), onServer() ? each + 1 : 0) << "it has gone";
+}
+
+TEST_F(StatementGroupTest, WhatFailsIsNotForeseen) {
+  const Foresight ahead(db, {"select max(lN) as a from t", "select 1/(lN-lN) as a from u", "select a from",
+                             "select min(lN) as a from t"});
+  EXPECT_EQ(cell("select min(lN) as a from t") + cell("select max(lN) as a from t"), "11");
+  EXPECT_EQ(errorOf([this] { cell("select 1/(lN-lN) as a from u"); }), 11);
+  EXPECT_NE(errorOf([this] { cell("select a from"); }), 0);
 }
 
 TEST_F(StatementGroupTest, AReadThatFailsComesAfterTheUsesBeforeIt) {

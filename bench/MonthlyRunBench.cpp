@@ -9,6 +9,7 @@ namespace {
 double floorSeconds(const LargeAccountSet& original) {
   const LargeAccountSet set(original);
   BareFile file(set.dataFile());
+  file.forceCommits();
   return secondsOf([&] { monthlyRunFloor(file); });
 }
 

@@ -16,8 +16,6 @@ namespace {
 constexpr int kCards = 200;
 constexpr int kFirst = 900000;
 constexpr int kRounds = 7;
-// The other side is measured until its cards are forced to disk.
-constexpr const char* kForcing = "PRAGMA synchronous=FULL";
 constexpr long kLastNumber = 99999;  // numbers of cards have five digits
 
 /// Saves cards with numbers from `first` on; false when one was refused.
@@ -49,7 +47,7 @@ std::vector<double> secondsOfSaving(const LargeAccountSet& original) {
 std::vector<double> secondsOfFloor(const LargeAccountSet& original) {
   const LargeAccountSet set(original);
   BareFile file(set.dataFile());
-  file.run(kForcing);
+  file.forceCommits();
   SaveCardFloor floor(file);
   std::vector<double> rounds;
   for (int round = 0; round < kRounds; ++round) {
@@ -97,7 +95,7 @@ double secondsOfImport(const LargeAccountSet& original, const std::string& csv, 
 double secondsOfImportFloor(const LargeAccountSet& original, long cards) {
   const LargeAccountSet set(original);
   BareFile file(set.dataFile());
-  file.run(kForcing);
+  file.forceCommits();
   SaveCardFloor floor(file);
   return secondsOf([&] {
     file.run("BEGIN IMMEDIATE");

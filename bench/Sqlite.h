@@ -28,6 +28,8 @@ class BareFile {
   void run(const std::string& sql) {
     if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) fail(sql);
   }
+  /// Commits wait from now on until they are on the disk. What the other side writes is measured until it is.
+  void forceCommits() { run("PRAGMA synchronous=FULL"); }
   [[noreturn]] void fail(std::string_view sql) const {
     throw std::runtime_error(std::string(sqlite3_errmsg(handle_.get())) + " in " + std::string(sql));
   }

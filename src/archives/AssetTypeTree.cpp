@@ -26,12 +26,14 @@ void addTypes(LevelTree& tree, LevelTree::Place above, Recordset& types) {
 void LoadAllClass(Database& database, LevelTree& tree) {
   try {
     StatementGroup group(database);
-    group.open("select * from fa_AssetTypes where sNum='&'", [&tree](const Recordset& root) {
+    std::size_t rootPlace = 0;
+    group.open("select * from fa_AssetTypes where sNum='&'", [&](const Recordset& root) {
       tree.add({},
                {std::string(kAssetTypeRootKey), "", root.Eof() ? std::string() : root.TextOrEmpty("sName")});
+      rootPlace = tree.newPlaces().front();  // what is below it is asked for here, also where that fails
     });
     group.open("select * from fa_AssetTypes where iLevel=1",
-               [&tree](Recordset& types) { addTypes(tree, tree.newPlaces().front(), types); });
+               [&](Recordset& types) { addTypes(tree, rootPlace, types); });
     group.run();
   } catch (const RuntimeError& error) {
     WriteErrorLog(error.number(), error.what(), "LoadAllClass");

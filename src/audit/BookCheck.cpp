@@ -44,7 +44,8 @@ void tellNotDone(const std::string& part, const RuntimeError& error, CheckResult
   if (told == result.findings.end()) {
     result.findings.push_back({.rule = rule, .place = part, .detail = error.what()});
   } else {
-    told->place += "、" + (part.starts_with(kRule) ? part.substr(kRule.size()) : part);
+    const bool goesOn = part.starts_with(kRule) && told->place.starts_with(kRule);
+    told->place += "、" + (goesOn ? part.substr(kRule.size()) : part);
   }
 }
 

@@ -23,7 +23,8 @@ constexpr CheckRule kRules[] = {
     {.code = "F05",
      .severity = Severity::Error,
      .meaning = "有的项目未能检查",
-     .remedy = "按所示错误查明：与服务器的连接中断时再检查一次；数据有错、表被手工改动过时从备份恢复"},
+     .remedy = "按所示错误查明：磁盘已满时腾出空间，与服务器的连接中断时，再检查一次；数据有错、表被手工改动"
+               "过时从备份恢复"},
 };
 
 }  // namespace

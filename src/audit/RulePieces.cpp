@@ -53,7 +53,7 @@ iif(c.sDeprMethodID='5' and c.lLife>6,ccur((c.dblValue-c.dblBV)*ccur((c.lLife-c.
     // Row s belongs to no card.
     {"{noCard}", "not exists (select c.sCardNum from fa_Cards c where c.sCardNum=s.sCardNum)"},
     // A row of the allocation as the ledger keeps it: rounded to cents, a half away from zero.
-    {"{cents}", "sgn(dblCredit)*int(abs(dblCredit)*100+0.5000001)"},
+    {"{cents}", "fix(dblCredit*100+iif(dblCredit<0,-0.5000001,0.5000001))"},
     // The staged entries of the depreciation.
     {"{stagedRun}", "fa_ZWVouchers where ioutyear={year} and ioutperiod={run} and coutsign='折旧计提'"},
     // The vouchers in the ledger: month, kind, number.

@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
+/// 0 where no character begins so.
 std::size_t sequenceLength(unsigned char lead) {
-  if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead < 0xE0) return 2;
   if (lead >= 0xE0 && lead < 0xF0) return 3;
   return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
@@ -22,11 +22,10 @@ bool isWritable(char32_t code) {
 
 }  // namespace
 
-Character firstCharacter(std::string_view text) {
+Character firstLongCharacter(std::string_view text) {
   constexpr std::array<char32_t, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
   const auto lead = static_cast<unsigned char>(text[0]);
   const std::size_t length = sequenceLength(lead);
-  if (length == 1) return {lead, 1};
   if (length == 0 || length > text.size()) return {};
   char32_t code = lead & (0xFFU >> (length + 1));
   for (std::size_t i = 1; i < length; ++i) {

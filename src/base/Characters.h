@@ -17,8 +17,14 @@ struct Character {
   std::size_t length = 1;  // in bytes
 };
 
+/// The first character of a text that does not begin with an ASCII character.
+Character firstLongCharacter(std::string_view text);
+
 /// The first character of a text that is not empty; one byte without a code where it is no valid UTF-8.
-Character firstCharacter(std::string_view text);
+inline Character firstCharacter(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  return lead < 0x80 ? Character{lead, 1} : firstLongCharacter(text);
+}
 
 /// Where the first character stands that no text may hold: a control character other than tab and line break,
 /// one that Unicode keeps from use, or a byte that is none; npos when there is none.

@@ -339,10 +339,26 @@ class DateReader {
   Kind meridiem_ = Kind::End;
 };
 
+// "2004-4-1", as days are in statements, needs no reader of every form.
+std::optional<DateTime> readDay(std::string_view text) {
+  constexpr std::array<std::size_t, 3> kMostDigits = {4, 2, 2};
+  std::array<int, 3> parts{};
+  std::size_t at = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (i > 0 && (at == text.size() || text[at++] != '-')) return std::nullopt;
+    const std::size_t first = at;
+    for (; at < text.size() && at < first + kMostDigits[i] && isDigit(text[at]); ++at)
+      parts[i] = parts[i] * 10 + (text[at] - '0');
+    if (at == first || (i == 0 && at < kMostDigits[0])) return std::nullopt;
+  }
+  return at == text.size() ? DateTime::fromParts(parts[0], parts[1], parts[2]) : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<DateTime> parseDate(std::string_view text) {
   if (const auto stored = parseIsoDate(text)) return stored;
+  if (const auto day = readDay(text)) return day;
   return DateReader{}.read(text);
 }
 

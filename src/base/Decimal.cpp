@@ -131,9 +131,29 @@ std::size_t readExponent(std::string_view text, int& exponent) {
   return at;
 }
 
+// Most numerals are a few digits with a point among them and nothing behind: length 0 for any other.
+Numeral readShort(std::string_view text) {
+  constexpr std::size_t kMostDigits = 18;  // of them a coefficient holds any
+  if (text.size() > kMostDigits) return {};
+  std::uint64_t coefficient = 0;
+  std::size_t at = 0;
+  const auto readDigits = [&] {
+    const std::size_t first = at;
+    for (; at < text.size() && isDigit(text[at]); ++at)
+      coefficient = coefficient * 10 + static_cast<std::uint64_t>(text[at] - '0');
+    return at - first;
+  };
+  const std::size_t whole = readDigits();
+  if (at < text.size() && text[at] == '.') ++at;
+  const std::size_t decimals = readDigits();
+  if (at < text.size() || whole + decimals == 0) return {};
+  return {{false, coefficient, -static_cast<int>(decimals)}, text.size(), true};
+}
+
 }  // namespace
 
 Numeral readNumeral(std::string_view text, bool thousands) {
+  if (const Numeral few = readShort(text); few.length > 0) return few;
   Numeral numeral;
   Decimal& value = numeral.value;
   bool point = false;

@@ -47,7 +47,7 @@ std::vector<KeptLines::Line> KeptLines::read() const {
   return lines;
 }
 
-void KeptLines::write(const std::vector<Line>& lines) const {
+bool KeptLines::write(const std::vector<Line>& lines) const {
   try {
     std::error_code ignored;
     fs::create_directories(file_.parent_path(), ignored);
@@ -61,8 +61,9 @@ void KeptLines::write(const std::vector<Line>& lines) const {
       output << '\n';
     }
     file.finish();
+    return true;
   } catch (const RuntimeError&) {
-    // Nothing depends on it.
+    return false;
   }
 }
 

@@ -22,8 +22,9 @@ class KeptLines {
       : file_(std::move(file)), heading_(heading), fields_(fields) {}
 
   std::vector<Line> read() const;
-  /// Keeps no more than a few hundred. A line with a tab or a line break in a field is left out.
-  void write(const std::vector<Line>& lines) const;
+  /// Keeps no more than a few hundred. A line with a tab or a line break in a field is left out. Whether it
+  /// could be written.
+  bool write(const std::vector<Line>& lines) const;
 
  private:
   std::filesystem::path file_;

@@ -91,7 +91,7 @@ std::string RTrim(std::string_view text) {
 }
 
 std::string Trim(std::string_view text) {
-  return LTrim(RTrim(text));
+  return LTrim(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 std::string UCase(std::string_view text) {

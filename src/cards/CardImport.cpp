@@ -212,6 +212,7 @@ std::optional<RegisterRow> nextRow(TableRows& rows, const CardImport& import) {
 /// The next rows that go out together; the last of them may have failed.
 RegisterRows nextRows(TableRows& table, const CardImport& import, const ImportProblems& problems) {
   RegisterRows rows;
+  rows.reserve(StatementGroup::kThings);
   while (rows.size() < StatementGroup::kThings && (rows.empty() || !rows.back().failure)) {
     auto row = nextRow(table, import);
     if (!row) break;

@@ -299,11 +299,12 @@ CardValues RegisterColumns::values(const std::vector<std::string>& cells) const 
 std::vector<CellProblem> readCardRow(const RegisterColumns& columns, const std::vector<std::string>& cells,
                                      const CardArchives& archives, const CardDefaults& defaults,
                                      CardValues& card) {
-  const std::string widths =
-      "有" + std::to_string(cells.size()) + "列，表头有" + std::to_string(columns.count()) + "列";
-  if (cells.size() < columns.count()) return {{columns.caption(cells.size()), "缺少：本行只" + widths}};
+  const auto widths = [&] {
+    return "有" + std::to_string(cells.size()) + "列，表头有" + std::to_string(columns.count()) + "列";
+  };
+  if (cells.size() < columns.count()) return {{columns.caption(cells.size()), "缺少：本行只" + widths()}};
   if (cells.size() > columns.count())
-    return {{columns.caption(columns.count() - 1), "其后多出列：本行" + widths}};
+    return {{columns.caption(columns.count() - 1), "其后多出列：本行" + widths()}};
 
   std::vector<CellProblem> problems;
   refuseQuotes(columns, cells, problems);

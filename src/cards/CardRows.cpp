@@ -168,7 +168,7 @@ void insertDeprTransaction(StatementGroup& group, const CardEntry& card) {
   std::string monthColumns;
   std::string monthValues;
   for (int n = card.month + 1; n <= kMonthsOfYear; ++n) {
-    monthColumns += sql(",dblMonthValue", n);
+    monthColumns.append(",dblMonthValue").append(std::to_string(n));
     monthValues.append(",").append(card[OriginalValue]);
   }
   group.execute(sql(

@@ -31,13 +31,13 @@ std::string monthName(DateTime month) {
   return sql(month.year(), "年", month.month(), "月");
 }
 
-std::vector<std::string> openMonthRemarks(Database& data, DateTime date) {
-  const double open = Val(readParameter(data, "iLastPeriod").value_or(""));
-  const bool initialised = !readParameter(data, "dStartDate").value_or("").empty();
-  if (!initialised || open < 1 || open > 13 || open == date.month()) return {};
-  const std::string month = monthName(date);
-  if (open > date.month()) return {month + "已经结账"};
-  return {sql("未结账的月份是", open, "月，", month, "以前还有月份没有结账")};
+std::vector<std::string> openMonthRemarks(Database& data, DateTime date,
+                                          const std::optional<OpenPeriod>& open) {
+  const double month = Val(readParameter(data, "iLastPeriod").value_or(""));
+  const bool isOpen = !readParameter(data, "dStartDate").value_or("").empty() && month >= 1 && month <= 13;
+  if (!isOpen) return {};
+  const std::string remark = remarkOnMonth(open.value_or(OpenPeriod{date.year(), CInt(month)}), date);
+  return remark.empty() ? std::vector<std::string>() : std::vector{remark};
 }
 
 std::optional<std::string> whyNotCompared(Database& data, DateTime month) {

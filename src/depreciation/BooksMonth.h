@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/DateTime.h"
-#include "store/engine/Database.h"
+#include "store/settings/OpenMonth.h"
 
 namespace zelkor {
 
@@ -15,8 +15,9 @@ DateTime firstOfMonth(DateTime day);
 std::string monthName(DateTime month);
 
 /// What is to be said where the month of the operating date is not the one that is to be closed next: a
-/// sentence, or none.
-std::vector<std::string> openMonthRemarks(Database& data, DateTime date);
+/// sentence, or none. Without `open` that is taken to be in the year of the date.
+std::vector<std::string> openMonthRemarks(Database& data, DateTime date,
+                                          const std::optional<OpenPeriod>& open);
 
 /// Why nothing can be compared with the month before, a sentence; nothing where a run has booked that month.
 /// `month` is the first day of the month.

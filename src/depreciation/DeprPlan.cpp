@@ -15,12 +15,13 @@ namespace {
 /// Computes the plan card by card.
 class PlanMaker {
  public:
-  PlanMaker(Database& data, DateTime date, std::size_t months, const PlannedChanges& changes)
+  PlanMaker(Database& data, DateTime date, std::size_t months, const PlannedChanges& changes,
+            const std::optional<OpenPeriod>& open)
       : data_(data), changes_(changes) {
     plan_.month = firstOfMonth(date);
     plan_.months = months;
     plan_.totals.resize(months);
-    plan_.remarks = openMonthRemarks(data, date);
+    plan_.remarks = openMonthRemarks(data, date, open);
   }
 
   DeprPlan make();
@@ -114,6 +115,7 @@ DeprPlan PlanMaker::make() {
   if (!plan_.problems.empty()) {
     plan_.cards.clear();
     plan_.amounts.clear();
+    plan_.totals.clear();
     return std::move(plan_);
   }
   plan_.remarks.push_back(monthName(plan_.month) +
@@ -127,8 +129,9 @@ DeprPlan PlanMaker::make() {
 
 }  // namespace
 
-DeprPlan planDepr(Database& data, DateTime date, std::size_t months, const PlannedChanges& changes) {
-  return PlanMaker(data, date, months, changes).make();
+DeprPlan planDepr(Database& data, DateTime date, std::size_t months, const PlannedChanges& changes,
+                  const std::optional<OpenPeriod>& open) {
+  return PlanMaker(data, date, months, changes, open).make();
 }
 
 }  // namespace zelkor

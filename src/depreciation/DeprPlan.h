@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "depreciation/DeprGroups.h"
 #include "depreciation/DeprTable.h"
 #include "depreciation/PlannedChanges.h"
+#include "store/settings/OpenMonth.h"
 
 namespace zelkor {
 
@@ -40,8 +42,9 @@ struct DeprPlan {
 
 /// Computes the depreciation of the operating date's month, as the run books it, and of the months behind it:
 /// as the formulas give it when months go on being used up, until the residual value is reached. It only
-/// reads.
-DeprPlan planDepr(Database& data, DateTime date, std::size_t months, const PlannedChanges& changes = {});
+/// reads. `open` is the month that is to be closed next, where the system file tells its year.
+DeprPlan planDepr(Database& data, DateTime date, std::size_t months, const PlannedChanges& changes = {},
+                  const std::optional<OpenPeriod>& open = {});
 
 /// The totals by department, category and subject, a column for each month.
 std::vector<DeprTable> planTables(const DeprPlan& plan);

@@ -4,8 +4,6 @@
 namespace zelkor {
 namespace {
 
-constexpr int kNumberWidth = 1400;
-constexpr int kNameWidth = 2600;
 constexpr int kAmountWidth = 1400;
 
 /// A header of the captions, the months and their sum.
@@ -15,7 +13,7 @@ TextGrid monthGrid(const DeprPlan& plan, const std::vector<std::string>& caption
   grid.setHeaderRows(1);
   for (std::size_t i = 0; i < columns; ++i) {
     const bool amount = i >= captions.size();
-    grid.setColumnWidth(i, amount ? kAmountWidth : i % 2 == 0 ? kNumberWidth : kNameWidth);
+    grid.setColumnWidth(i, amount ? kAmountWidth : i % 2 == 0 ? kDeprNumberWidth : kDeprNameWidth);
     if (amount) grid.setAlignment(i, Align::Right);
     if (!amount) grid.setText(0, i, captions[i]);
   }

@@ -8,6 +8,10 @@
 
 namespace zelkor {
 
+// Widths of columns in twips.
+inline constexpr int kDeprNumberWidth = 1400;
+inline constexpr int kDeprNameWidth = 2600;
+
 /// One of the tables that a preview or a plan is shown as.
 struct DeprTable {
   std::string title;

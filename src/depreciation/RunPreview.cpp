@@ -17,9 +17,10 @@ namespace {
 /// Computes the preview card by card.
 class PreviewMaker {
  public:
-  PreviewMaker(Database& data, DateTime date) : data_(data), reasons_(data, firstOfMonth(date)) {
+  PreviewMaker(Database& data, DateTime date, const std::optional<OpenPeriod>& open)
+      : data_(data), reasons_(data, firstOfMonth(date)) {
     preview_.month = firstOfMonth(date);
-    preview_.remarks = openMonthRemarks(data, date);
+    preview_.remarks = openMonthRemarks(data, date, open);
     const auto reason = whyNotCompared(data_, preview_.month);
     if (reason) preview_.remarks.push_back(*reason);
     preview_.compared = !reason;
@@ -160,8 +161,8 @@ RunPreview PreviewMaker::make() {
 
 }  // namespace
 
-RunPreview previewMonthDepr(Database& data, DateTime date) {
-  return PreviewMaker(data, date).make();
+RunPreview previewMonthDepr(Database& data, DateTime date, const std::optional<OpenPeriod>& open) {
+  return PreviewMaker(data, date, open).make();
 }
 
 }  // namespace zelkor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "depreciation/DeprCards.h"
 #include "depreciation/DeprGroups.h"
 #include "depreciation/DeprTable.h"
+#include "store/settings/OpenMonth.h"
 
 namespace zelkor {
 
@@ -58,7 +60,8 @@ struct RunPreview {
 };
 
 /// Computes what RunMonthDepr would book on the operating date, without writing and without a lock.
-RunPreview previewMonthDepr(Database& data, DateTime date);
+/// `open` is the month that is to be closed next, where the system file tells its year.
+RunPreview previewMonthDepr(Database& data, DateTime date, const std::optional<OpenPeriod>& open = {});
 
 /// The figures as tables: by department, subject and category, the staged entries, the cards that changed.
 std::vector<DeprTable> previewTables(const RunPreview& preview);

@@ -5,8 +5,6 @@
 namespace zelkor {
 namespace {
 
-constexpr int kNumberWidth = 1400;
-constexpr int kNameWidth = 2600;
 constexpr int kAmountWidth = 1600;
 constexpr int kReasonWidth = 6000;
 constexpr std::size_t kBefore = 2;  // in the table of a group
@@ -30,8 +28,8 @@ std::vector<std::string> cellsOf(const std::string& number, const std::string& n
 DeprTable groupTable(const std::string& of, const std::vector<DeprGroup<TwoMonths>>& groups, bool compared) {
   const std::string numberCaption = of + "编号";
   const std::string nameCaption = of + "名称";
-  TextGrid grid = deprGrid({{numberCaption, kNumberWidth},
-                            {nameCaption, kNameWidth},
+  TextGrid grid = deprGrid({{numberCaption, kDeprNumberWidth},
+                            {nameCaption, kDeprNameWidth},
                             {"上月", kAmountWidth, true},
                             {"本月", kAmountWidth, true},
                             {"差额", kAmountWidth, true}});
@@ -48,11 +46,11 @@ DeprTable groupTable(const std::string& of, const std::vector<DeprGroup<TwoMonth
 
 DeprTable entryTable(const RunPreview& preview) {
   TextGrid grid = deprGrid({{"行号", 800},
-                            {"摘要", kNameWidth},
-                            {"科目编号", kNumberWidth},
-                            {"科目名称", kNameWidth},
-                            {"部门编号", kNumberWidth},
-                            {"部门名称", kNameWidth},
+                            {"摘要", kDeprNameWidth},
+                            {"科目编号", kDeprNumberWidth},
+                            {"科目名称", kDeprNameWidth},
+                            {"部门编号", kDeprNumberWidth},
+                            {"部门名称", kDeprNameWidth},
                             {"借方", kAmountWidth, true},
                             {"贷方", kAmountWidth, true}});
   for (const PreviewedEntry& entry : preview.entries) {
@@ -65,11 +63,11 @@ DeprTable entryTable(const RunPreview& preview) {
 }
 
 DeprTable changeTable(const std::vector<PreviewedChange>& changes) {
-  TextGrid grid = deprGrid({{"卡片编号", kNumberWidth},
-                            {"固定资产名称", kNameWidth},
-                            {"部门", kNameWidth},
-                            {"类别", kNameWidth},
-                            {"科目", kNameWidth},
+  TextGrid grid = deprGrid({{"卡片编号", kDeprNumberWidth},
+                            {"固定资产名称", kDeprNameWidth},
+                            {"部门", kDeprNameWidth},
+                            {"类别", kDeprNameWidth},
+                            {"科目", kDeprNameWidth},
                             {"上月", kAmountWidth, true},
                             {"本月", kAmountWidth, true},
                             {"差额", kAmountWidth, true},

@@ -11,6 +11,7 @@
 #include "startup/OnlyJob.h"
 #include "startup/RunTypes.h"
 #include "store/accountset/DbEngine.h"
+#include "store/accountset/ServerAccountSet.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -61,6 +62,7 @@ std::string_view captionOf(AccountSetCondition condition) {
 AccountSetState lookAt(const KnownAccountSet& set) {
   AccountSetState state{.set = set};
   try {
+    state.server = serverOf(set.dataFile);
     look(state);
   } catch (const std::exception& error) {
     const bool missing = isMissing(set.dataFile) || isMissing(set.systemFile);

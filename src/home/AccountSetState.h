@@ -26,6 +26,7 @@ std::string_view captionOf(AccountSetCondition condition);
 struct AccountSetState {
   AccountSetCondition condition = AccountSetCondition::Ready;
   std::string detail = {};  // why it is not ready, in a sentence
+  std::string server = {};  // where its tables lie, "host=pg dbname=zelkor"; empty for files
   KnownAccountSet set;      // with what its system file says
   std::optional<OpenPeriod> open = {};
 

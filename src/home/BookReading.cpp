@@ -1,11 +1,10 @@
 #include "home/BookReading.h"
 
-#include <sstream>
 #include <utility>
 
 #include "base/Conversion.h"
 #include "base/Format.h"
-#include "store/accountset/DbEngine.h"
+#include "store/accountset/ReadingDatabase.h"
 
 namespace zelkor {
 
@@ -15,9 +14,8 @@ namespace {
 class OpenBooks {
  public:
   explicit OpenBooks(const BooksPlace& place)
-      : engine_(unsaid_),
-        books_{engine_.OpenDatabase(place.dataFile), engine_.OpenDatabase(place.systemFile), place.account,
-               place.date, place.dataFile} {}
+      : books_{openDatabaseForReading(place.dataFile), openDatabaseForReading(place.systemFile),
+               place.account, place.date, place.dataFile} {}
 
   BookReading read(TallyDepth depth) {
     BookReading reading;
@@ -39,8 +37,6 @@ class OpenBooks {
       reading.figures->depreciation = Val(Format(reading.facts.depreciation, "0.00"));
   }
 
-  std::ostringstream unsaid_;  // that older books can be renewed is told in the list of account sets
-  DbEngine engine_;
   Books books_;
 };
 

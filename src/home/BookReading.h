@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "depreciation/BookFigures.h"
 #include "home/AccountTitle.h"
-#include "home/BookFigures.h"
 #include "home/MonthState.h"
 #include "home/RecentWork.h"
 
@@ -31,7 +31,7 @@ struct BookReading {
 void takeCheck(BookReading& reading, std::optional<KeptCheck> check);
 
 /// Reads the steps alone, without what takes time: whether a run would give other figures now, and what the
-/// assets come to. Through connections of its own, which are closed again. Errors as DbEngine::OpenDatabase.
+/// assets come to. Through connections of its own, which are closed again. Errors as openDatabaseForReading.
 BookReading readSteps(const BooksPlace& place);
 /// The same with all that the workbench shows.
 BookReading readBooks(const BooksPlace& place);

@@ -40,7 +40,9 @@ std::filesystem::path CheckMemory::usualFile() {
 
 std::optional<KeptCheck> CheckMemory::lastOf(const std::string& dataFile, const std::string& account,
                                              DateTime day) const {
-  for (const KeptLines::Line& line : linesIn(file_).read()) {
+  std::vector<KeptLines::Line> lines = linesIn(file_).read();
+  lines.insert(lines.begin(), unwritten_.begin(), unwritten_.end());
+  for (const KeptLines::Line& line : lines) {
     const auto time = parseIsoDate(line[Time]);
     if (!time || !isOf(line, dataFile, account, day)) continue;
     return KeptCheck{*time, numberOf(line[Errors]), numberOf(line[Warnings]), numberOf(line[Notes]),
@@ -53,10 +55,11 @@ void CheckMemory::keep(const std::string& dataFile, const std::string& account, 
                        const KeptCheck& check) {
   const KeptLines file = linesIn(file_);
   std::vector<KeptLines::Line> lines = file.read();
-  std::erase_if(lines, [&](const auto& line) { return isOf(line, dataFile, account, day); });
+  for (auto* known : {&lines, &unwritten_})
+    std::erase_if(*known, [&](const auto& line) { return isOf(line, dataFile, account, day); });
   lines.insert(lines.begin(), {dataFile, account, monthOf(day), check.time.toIso(), sql(check.errors),
                                sql(check.warnings), sql(check.notes), check.work});
-  file.write(lines);
+  if (!file.write(lines)) unwritten_.push_back(lines.front());
 }
 
 }  // namespace zelkor

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/DateTime.h"
 
@@ -20,7 +21,8 @@ struct KeptCheck {
 };
 
 /// The checks that a person has made, the last one of each month of an account set, in a text file of the
-/// person's own: the books themselves do not tell. What cannot be read or written is as if it were not there.
+/// person's own: the books themselves do not tell. What cannot be read is as if it were not there; what
+/// cannot be written is known as long as this is.
 class CheckMemory {
  public:
   /// Beside the list of account sets.
@@ -35,6 +37,7 @@ class CheckMemory {
 
  private:
   std::filesystem::path file_;
+  std::vector<std::vector<std::string>> unwritten_;  // lines of the file
 };
 
 }  // namespace zelkor

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <sstream>
 
 #include "base/RuntimeError.h"
 #include "base/SystemError.h"
@@ -91,6 +92,21 @@ ChildEnd ChildProgram::finish() {
   return {status, contentOf(errors_), contentOf(output_)};
 }
 
+namespace {
+
+/// What a program has told, without the name that the administrator's tool puts before it.
+std::string inOneLine(const std::string& told) {
+  constexpr std::string_view kTool = "zelkorctl: ";
+  std::istringstream lines(told);
+  std::string all;
+  for (std::string line; std::getline(lines, line);)
+    all += (all.empty() ? "" : " ") + (line.starts_with(kTool) ? line.substr(kTool.size()) : line);
+  while (all.ends_with(' ')) all.pop_back();
+  return all;
+}
+
+}  // namespace
+
 std::string firstSentence(const std::string& text) {
   constexpr std::string_view kStop = "。";
   const std::string line = text.substr(0, text.find('\n'));
@@ -99,10 +115,7 @@ std::string firstSentence(const std::string& text) {
 }
 
 std::string sentenceAboutEnd(std::string_view job, const ChildEnd& end) {
-  std::string reason = end.errors;
-  while (!reason.empty() && (reason.back() == '\n' || reason.back() == ' ')) reason.pop_back();
-  for (char& c : reason)
-    if (c == '\n') c = ' ';
+  std::string reason = inOneLine(end.errors);
   if (end.status > kSignalled) {  // whatever it told before
     reason = sql("被信号 ", end.status - kSignalled, " 终止；已保存的内容都在");
   } else if (reason.empty()) {

@@ -1,30 +1,39 @@
 #include "home/DeprPages.h"
 
-#include <sstream>
 #include <utility>
 
 #include "base/Format.h"
 #include "depreciation/DeprPlan.h"
 #include "depreciation/RunPreview.h"
-#include "store/accountset/DbEngine.h"
+#include "store/accountset/ReadingDatabase.h"
 
 namespace zelkor {
+namespace {
+
+/// The data, opened for one page, and the month that is to be closed next.
+struct OpenPages {
+  explicit OpenPages(const BooksPlace& place) : data(openDatabaseForReading(place.dataFile)) {
+    Database system = openDatabaseForReading(place.systemFile);
+    open = openPeriod(data, system, place.account);
+  }
+
+  Database data;
+  std::optional<OpenPeriod> open;
+};
+
+}  // namespace
 
 DeprPage previewPage(const BooksPlace& place) {
-  std::ostringstream unsaid;
-  DbEngine engine(unsaid);
-  Database data = engine.OpenDatabase(place.dataFile);
-  RunPreview preview = previewMonthDepr(data, place.date);
+  OpenPages books(place);
+  RunPreview preview = previewMonthDepr(books.data, place.date, books.open);
   DeprPage page{std::move(preview.remarks), std::move(preview.problems), {}, {}};
   if (page.problems.empty()) page.tables = previewTables(preview);
   return page;
 }
 
 DeprPage planPage(const BooksPlace& place, std::size_t months) {
-  std::ostringstream unsaid;
-  DbEngine engine(unsaid);
-  Database data = engine.OpenDatabase(place.dataFile);
-  DeprPlan plan = planDepr(data, place.date, months);
+  OpenPages books(place);
+  DeprPlan plan = planDepr(books.data, place.date, months, {}, books.open);
   DeprPage page{std::move(plan.remarks), std::move(plan.problems), {}, {}};
   if (!page.problems.empty()) return page;
   page.tables = planTables(plan);

@@ -23,7 +23,7 @@ struct DeprPage {
   std::vector<Amount> months;
 };
 
-/// What the month's run would book. Reads through connections of its own. Errors as DbEngine::OpenDatabase.
+/// What the month's run would book. Reads through connections of its own. Errors as openDatabaseForReading.
 DeprPage previewPage(const BooksPlace& place);
 /// What is still to come. Likewise.
 DeprPage planPage(const BooksPlace& place, std::size_t months);

@@ -46,6 +46,10 @@ std::string usedText(const KnownAccountSet& set) {
   return set.user.empty() ? "还没有用过" : Format(set.lastUsed, "yyyy-mm-dd hh:nn");
 }
 
+std::string folderOf(const KnownAccountSet& set) {
+  return std::filesystem::path(set.dataFile).parent_path().string();
+}
+
 }  // namespace
 
 FrmAccountSets::FrmAccountSets(FormHost& host, AccountSetList& list)
@@ -76,32 +80,32 @@ void FrmAccountSets::arrangeControls() {
       this,
       column({wide(GridSets), LblDetail,
               row({CmdOpen, space(12), CmdNew, CmdAdd, CmdJet, CmdRestore, CmdRemove, stretch(), CmdExit})}));
-  setDefaultButton(CmdOpen);
   resize(kSize);
 }
 
 void FrmAccountSets::showSets() {
-  TextGrid grid = emptyList();
-  for (const KnownAccountSet& set : list_.sets()) {
-    grid.addRow({set.name, set.unit, set.account, "", "…", usedText(set), set.user,
-                 std::filesystem::path(set.dataFile).parent_path().string()});
-  }
-  GridSets->setGrid(std::move(grid));
-  states_.assign(list_.sets().size(), std::nullopt);
+  rows_.clear();
   wanted_.reset();
   ++shown_;
-  if (!list_.sets().empty()) GridSets->selectGridRow(1);
+  TextGrid grid = emptyList();
+  for (const KnownAccountSet& set : list_.sets()) {
+    grid.addRow({set.name, set.unit, set.account, "", "…", usedText(set), set.user, folderOf(set)});
+    rows_.push_back({set, {}});
+  }
+  GridSets->setGrid(std::move(grid));
+  if (!rows_.empty()) GridSets->selectGridRow(1);
+  setDefaultButton(rows_.empty() ? CmdNew : CmdOpen);
   look();
   showDetail();
 }
 
 // Each on its own: one on a server that does not answer must not hold up the others for longer than itself.
 void FrmAccountSets::look() {
-  for (std::size_t i = 0; i < list_.sets().size(); ++i) lookAtOne(worker_, i);
+  for (std::size_t i = 0; i < rows_.size(); ++i) lookAtOne(worker_, i);
 }
 
 void FrmAccountSets::lookAtOne(frmWorker& worker, std::size_t index) {
-  worker.start([this, index, shown = shown_, set = list_.sets()[index]] {
+  worker.start([this, index, shown = shown_, set = rows_[index].set] {
     return [this, index, shown, state = lookAt(set)] {
       host().dispatch([&] {
         if (shown == shown_ && !opened_) lookedAt(index, state);
@@ -111,11 +115,13 @@ void FrmAccountSets::lookAtOne(frmWorker& worker, std::size_t index) {
 }
 
 void FrmAccountSets::lookedAt(std::size_t index, const AccountSetState& state) {
-  states_.at(index) = state;
+  rows_.at(index).state = state;
   GridSets->setText(index + 1, column_of::Name, state.set.name);
   GridSets->setText(index + 1, column_of::Unit, state.set.unit);
   GridSets->setText(index + 1, column_of::OpenMonth, openMonthText(state));
   GridSets->setText(index + 1, column_of::State, std::string(captionOf(state.condition)));
+  if (!state.server.empty())
+    GridSets->setText(index + 1, column_of::Folder, folderOf(state.set) + "　服务器 " + state.server);
   GridSets->fitColumns();
   const bool opens = wanted_ == index;
   showDetail();
@@ -125,21 +131,22 @@ void FrmAccountSets::lookedAt(std::size_t index, const AccountSetState& state) {
 /// The index of the current set; that behind the last one where there is none.
 std::size_t FrmAccountSets::selected() const {
   const auto row = GridSets->currentGridRow();
-  return row && *row > 0 ? *row - 1 : list_.sets().size();
+  return row && *row > 0 && *row <= rows_.size() ? *row - 1 : rows_.size();
 }
 
 void FrmAccountSets::select(const KnownAccountSet& set) {
-  for (std::size_t i = 0; i < list_.sets().size(); ++i)
-    if (list_.sets()[i].isSame(set)) GridSets->selectGridRow(i + 1);
+  for (std::size_t i = 0; i < rows_.size(); ++i)
+    if (rows_[i].set.isSame(set)) GridSets->selectGridRow(i + 1);
 }
 
 void FrmAccountSets::showDetail() {
-  if (wanted_ != selected() || states_[*wanted_]) wanted_.reset();
   const std::size_t index = selected();
-  const bool chosen = index < list_.sets().size();
+  const bool chosen = index < rows_.size();
+  const auto state = chosen ? rows_[index].state : std::nullopt;
+  if (wanted_ != index || state) wanted_.reset();
   CmdRemove->setEnabled(chosen);
-  CmdOpen->setEnabled(chosen && (!states_[index] || states_[index]->canBeOpened()));
-  if (list_.sets().empty()) {
+  CmdOpen->setEnabled(chosen && (!state || state->canBeOpened()));
+  if (rows_.empty()) {
     LblDetail->setText(
         "列表里还没有账套。“新建账套”建一个新的，“加入已有的账套”指明账套所在的文件夹；旧系统的数据和以前的备"
         "份"
@@ -150,14 +157,14 @@ void FrmAccountSets::showDetail() {
   } else if (wanted_) {
     LblDetail->setText("正在查看这个账套，随后打开…");
   } else {
-    LblDetail->setText(chosen && states_[index] ? toQt(states_[index]->detail) : QString());
+    LblDetail->setText(state ? toQt(state->detail) : QString());
   }
 }
 
 void FrmAccountSets::open() {
   const std::size_t index = selected();
-  if (index >= list_.sets().size()) return;
-  if (states_[index]) return openSeen(*states_[index]);
+  if (index >= rows_.size()) return;
+  if (const auto state = rows_[index].state) return openSeen(*state);
   if (wanted_ == index) return;
   wanted_ = index;
   lookAtOne(opener_, index);
@@ -223,18 +230,15 @@ void FrmAccountSets::importJet() {
 
 void FrmAccountSets::restore() {
   const std::size_t index = selected();
-  const bool chosen = index < list_.sets().size();
-  const auto folder =
-      chosen ? std::filesystem::path(list_.sets()[index].dataFile).parent_path() : std::filesystem::path();
-  FrmRestore form(host(), folder.string(), tool());
+  FrmRestore form(host(), index < rows_.size() ? folderOf(rows_[index].set) : std::string(), tool());
   host().showModal(form);
   if (!form.restored().empty()) addFrom(form.restored());
 }
 
 void FrmAccountSets::remove() {
   const std::size_t index = selected();
-  if (index >= list_.sets().size()) return;
-  const KnownAccountSet set = list_.sets()[index];
+  if (index >= rows_.size()) return;
+  const KnownAccountSet set = rows_[index].set;
   if (run().dialogs.MsgBox("从列表移除“" + set.name + "”？账套的文件不会删除。", Buttons::YesNo,
                            Icon::Question, kTitle) != Answer::Yes)
     return;

@@ -25,6 +25,11 @@ class FrmAccountSets final : public Form {
   const std::optional<OpenedSet>& opened() const { return opened_; }
 
  private:
+  struct Row {
+    KnownAccountSet set;
+    std::optional<AccountSetState> state;  // once it is known
+  };
+
   FlexGrid* GridSets = make<FlexGrid>("GridSets");
   QLabel* LblDetail = make<QLabel>("LblDetail");
   QPushButton* CmdOpen = make<QPushButton>("CmdOpen", "打开(&O)");
@@ -56,9 +61,9 @@ class FrmAccountSets final : public Form {
   void tell(const std::string& text);
 
   AccountSetList& list_;
-  std::vector<std::optional<AccountSetState>> states_;  // of the sets in their order, once they are known
-  std::size_t shown_ = 0;                               // which showing of the list they belong to
-  std::optional<std::size_t> wanted_;                   // the set that is opened once it is known
+  std::vector<Row> rows_;              // as they are shown: the list itself may be ahead of them
+  std::size_t shown_ = 0;              // which showing of the list they belong to
+  std::optional<std::size_t> wanted_;  // the set that is opened once it is known
   std::optional<OpenedSet> opened_;
   frmWorker worker_{frmWorker::kBriefly};
   frmWorker opener_{frmWorker::kBriefly};  // for what does not wait behind the others

@@ -27,7 +27,6 @@ constexpr std::chrono::minutes kBetweenReadings{1};
 constexpr qint64 kFreshMilliseconds = 1500;  // a reading that is not older is not done again by a look
 constexpr std::int16_t kClosing = 20;
 constexpr std::int16_t kReset = 23;
-constexpr std::int16_t kReports = 25;
 constexpr int kMonths = 12;
 
 }  // namespace
@@ -53,10 +52,7 @@ void FrmHome::connectEvents() {
   on(CmdDetail, &QPushButton::clicked, &FrmHome::showDetail);
   on(&everyMinute_, &QTimer::timeout, &FrmHome::read);
   for (std::size_t i = 0; i < kSteps; ++i) on(CmdStep[i], &QPushButton::clicked, [this, i] { startStep(i); });
-  for (frmChart* chart : {ChartDepartments, ChartCategories, ChartMonths}) {
-    chart->onOpened([this] { this->host().dispatch([this] { start({.runType = kReports}); }); });
-    chart->saveThrough(host());
-  }
+  connectCharts();
   on(CmdPlan, &QPushButton::clicked, [this] { start(StepCommand::ofOwn(own::kPlan)); });
   connectRecent();
   on(TxtCommand->completer(), qOverload<const QString&>(&QCompleter::activated), &FrmHome::startByName);
@@ -201,7 +197,7 @@ void FrmHome::showStatus() {
 /// One command at a time, none while nobody knows how the books are.
 void FrmHome::lockCommands() {
   enableCommands();
-  const bool ready = canStart() && reading_ && trouble_.empty();
+  const bool ready = isReady();
   for (std::size_t i = 0; i < kSteps; ++i) {
     const MonthStep* step = reading_ ? &reading_->month.steps[i] : nullptr;
     const bool possible = ready &&
@@ -262,14 +258,25 @@ void FrmHome::startByName(const QString& caption) {
     if (name == caption) break;
     if (!caption.isEmpty() && name.contains(caption)) found.push_back(command);
   }
+  if (found.empty()) tellOfCommand("没有名称中有“" + fromQt(caption) + "”的命令。");
+  if (found.size() > 1) TxtCommand->completer()->complete();
   if (found.size() != 1) return;
+  if (!mayStart(found.front()))
+    return tellOfCommand("现在不能开始“" + std::string(captionOf(found.front())) + "”。");
   TxtCommand->clear();
   TxtCommand->completer()->popup()->hide();
   start(found.front());
 }
 
+/// While a command runs its own line stays.
+void FrmHome::tellOfCommand(const std::string& text) {
+  lastEnd_ = text;
+  lastErrors_ = trouble_;
+  showStatus();
+}
+
 void FrmHome::start(const StepCommand& command) {
-  if (!canStart()) return;
+  if (!mayStart(command)) return;
   if (!command.own.empty()) return startOwn(command.own);
   if (command.isRun(kReset) && !confirmReset()) return;
   if ((command.isRun(kReset) || command.isRun(kClosing)) && !offerBackup(command)) return;

@@ -117,11 +117,15 @@ class FrmHome final : public Form {
   void showNothing();
 
   bool canStart() { return !module_.isRunning() && !restoring_; }
+  /// Whether it is known how the books are, too.
+  bool isReady() { return canStart() && reading_ && trouble_.empty(); }
+  bool mayStart(const StepCommand& command) { return command.own.empty() ? canStart() : isReady(); }
   std::optional<OpenPeriod> otherMonth() const;
   void startNext();
   void startStep(std::size_t index);
   void enterInList();
   void startByName(const QString& caption);
+  void tellOfCommand(const std::string& text);
   void start(const StepCommand& command);
   void startModule(const StepCommand& command);
   using Ended = std::function<void(const ChildEnd&)>;
@@ -155,6 +159,9 @@ class FrmHome final : public Form {
   void openRecent(std::int16_t runType);
   const RecentReport* currentReport() const;
   void openReport();
+  void startReport(const std::string& name, const std::vector<std::string>& conditions);
+  void connectCharts();
+  std::string month() const;
   void saveReport(const FileForm& form);
   void lockReports();
 

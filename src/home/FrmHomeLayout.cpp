@@ -16,7 +16,7 @@ using namespace layout;
 namespace {
 
 constexpr QSize kSize(1100, 680);
-constexpr int kStepsWidth = 580;
+constexpr int kStepsWidth = 640;  // as in a window of its size: in a narrower one texts would take more lines
 constexpr int kCommandWidth = 190;
 constexpr int kStepHeight = 31;
 constexpr int kCaptionWidth = 112;
@@ -88,6 +88,7 @@ QLayout* FrmHome::stepLines() {
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(0);
   grid->setColumnStretch(Counts, 1);
+  grid->setRowStretch(static_cast<int>(kSteps), 1);  // what is left lies below them
   for (std::size_t i = 0; i < kSteps; ++i) {
     const int line = static_cast<int>(i);
     LblMark[i]->setFixedSize(kMarkSize, kMarkSize);
@@ -97,6 +98,7 @@ QLayout* FrmHome::stepLines() {
     LblLast[i]->setFixedWidth(kLastWidth);
     LblLast[i]->setProperty("note", true);
     CmdStep[i]->setFixedWidth(kButtonWidth);
+    CmdStep[i]->setToolTip(stepKey(i).toString());
     CmdMore[i]->setPopupMode(QToolButton::InstantPopup);
     CmdMore[i]->setText("⋯");
     CmdMore[i]->setFocusPolicy(Qt::StrongFocus);
@@ -136,7 +138,7 @@ QLayout* FrmHome::figureTiles() {
 }
 
 void FrmHome::arrangeRecent() {
-  constexpr int kListHeight = 60;
+  constexpr int kListHeight = 84;  // the headings and two rows
   for (FlexGrid* grid : {GridCards, GridVouchers, GridReports}) {
     grid->fitColumns();
     grid->fillWith(1);
@@ -145,12 +147,22 @@ void FrmHome::arrangeRecent() {
   GridCards->setAccessibleName("最近的卡片");
   GridVouchers->setAccessibleName("最近的凭证");
   GridReports->setAccessibleName("最近的报表");
-  fillTabs(*TabsRecent,
-           {{"最近的卡片", column({wide(GridCards)})},
-            {"最近的凭证", column({wide(GridVouchers)})},
-            {"最近的报表", row({wide(GridReports), column({CmdReport, CmdPdf, CmdWorkbook, stretch()})})}});
+  fillTabs(*TabsRecent, {{"最近的卡片", column({wide(GridCards)})},
+                         {"最近的凭证", column({wide(GridVouchers)})},
+                         {"最近的报表", column({wide(GridReports)})}});
   for (int page = 0; page < TabsRecent->count(); ++page)
     TabsRecent->widget(page)->layout()->setContentsMargins(4, 4, 4, 4);
+  // Beside the captions, where they take no height.
+  auto* buttons = page(row({CmdReport, CmdPdf, CmdWorkbook}));
+  buttons->layout()->setContentsMargins(0, 0, 0, 2);
+  for (QPushButton* button : {CmdReport, CmdPdf, CmdWorkbook})
+    button->setStyleSheet("padding: 1px 12px; min-height: 0;");
+  TabsRecent->setCornerWidget(buttons);
+  const auto showButtons = [this, buttons] {
+    buttons->setVisible(TabsRecent->currentWidget()->isAncestorOf(GridReports));
+  };
+  on(TabsRecent, &QTabWidget::currentChanged, showButtons);
+  showButtons();
 }
 
 void FrmHome::makeMenus() {
@@ -169,7 +181,8 @@ void FrmHome::makeMenus() {
       if (groupOf(command) != group) continue;
       const std::string caption(captionOf(command));
       commands.emplace_back(
-          caption.c_str(), [this, command] { start(command); }, &FrmHome::canStart);
+          caption.c_str(), [this, command] { start(command); },
+          [this, command] { return mayStart(command); });
     }
     addCommands(menu, commands);
   }

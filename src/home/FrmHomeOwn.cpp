@@ -29,7 +29,6 @@ std::string firstLine(const std::string& text) {
 }  // namespace
 
 void FrmHome::startOwn(std::string_view name) {
-  if (!reading_ || !trouble_.empty()) return;
   if (name == own::kImportCards) importFile(ImportKind::Cards);
   if (name == own::kImportSheets) importFile(ImportKind::Sheets);
   if (name == own::kCheck) check();
@@ -168,7 +167,9 @@ void FrmHome::restore(const BooksPlace& of, const Reopening& reopening) {
     showStatus();
     lockCommands();
   };
-  startTool(own::kReopen, {"restore", reopening.backup.string(), of.dataFile}, after);
+  std::vector<std::string> words{"restore", reopening.backup.string(), of.dataFile};
+  if (reopening.renamed) words.emplace_back("--renamed");
+  startTool(own::kReopen, words, after);
   if (module_.isRunning()) return;
   restoring_ = false;  // the tool could not be started
   lockCommands();

@@ -1,3 +1,4 @@
+#include "base/Format.h"
 #include "home/FrmHome.h"
 #include "home/RecentGrids.h"
 #include "ui/Layout.h"
@@ -9,7 +10,10 @@ namespace {
 constexpr std::int16_t kCards = 7;
 constexpr std::int16_t kVouchers = 12;
 constexpr std::int16_t kReports = 25;
-constexpr std::string_view kLastReport = "last-report";
+constexpr StepCommand kLastReport{.screen = "last-report"};
+constexpr StepCommand kAllocation{.runType = 9};
+constexpr const char* kByCategory = "价值结构分析表";
+constexpr const char* kByMonth = "固定资产总账";
 
 }  // namespace
 
@@ -41,7 +45,7 @@ void FrmHome::showReports() {
 }
 
 void FrmHome::openRecent(std::int16_t runType) {
-  if (reading_ && trouble_.empty()) start({.runType = runType});
+  if (isReady()) start({.runType = runType});
 }
 
 const RecentReport* FrmHome::currentReport() const {
@@ -49,14 +53,44 @@ const RecentReport* FrmHome::currentReport() const {
   return row && *row > 0 && *row <= reports_.size() ? &reports_[*row - 1] : nullptr;
 }
 
-/// It becomes the last one, which the module shows.
 void FrmHome::openReport() {
   const RecentReport* current = currentReport();
-  if (current == nullptr || !CmdReport->isEnabled()) return;
-  RecentReport again = *current;
-  again.time = run().clock.now();
-  RecentReports(RecentReports::usualFile()).remember(again);
-  start({.runType = 0, .screen = kLastReport});
+  if (current == nullptr) return;
+  const RecentReport again = *current;
+  startReport(again.name, again.conditions);
+}
+
+/// It becomes the last one, which the module shows.
+void FrmHome::startReport(const std::string& name, const std::vector<std::string>& conditions) {
+  if (!isReady()) return;
+  RecentReports recent(RecentReports::usualFile());
+  if (!recent.remember({opened_.set.dataFile, opened_.set.account, name, conditions, run().clock.now()})) {
+    lastEnd_ = "⚠ 不能直接打开“" + name + "”：写不了 " + RecentReports::usualFile().string() +
+               "。请从“账簿与报表”打开。";
+    return showStatus();
+  }
+  startChild(programs_.module, name, argumentsFor(kLastReport, opened_),
+             [this, name](const ChildEnd& end) { ended(name, end); });
+}
+
+/// Each opens the report that tells what it shows.
+void FrmHome::connectCharts() {
+  const auto connect = [this](frmChart* chart, const std::string& report, const std::function<void()>& open) {
+    chart->saveThrough(host());
+    chart->onOpened(toQt(report), [this, open] { host().dispatch(open); });
+  };
+  connect(ChartDepartments, std::string(captionOf(kAllocation)), [this] {
+    if (isReady()) start(kAllocation);
+  });
+  connect(ChartCategories, kByCategory, [this] { startReport(kByCategory, {"period=" + month()}); });
+  connect(ChartMonths, kByMonth, [this] {
+    startReport(kByMonth, {"period=" + Format(opened_.date, "yyyy") + ".01", "period-to=" + month()});
+  });
+}
+
+/// As the reports' conditions have it.
+std::string FrmHome::month() const {
+  return Format(opened_.date, "yyyy.mm");
 }
 
 void FrmHome::saveReport(const FileForm& form) {
@@ -78,7 +112,7 @@ void FrmHome::saveReport(const FileForm& form) {
 }
 
 void FrmHome::lockReports() {
-  const bool possible = currentReport() != nullptr && canStart() && reading_ && trouble_.empty();
+  const bool possible = currentReport() != nullptr && isReady();
   for (QPushButton* button : {CmdReport, CmdPdf, CmdWorkbook}) button->setEnabled(possible);
 }
 

@@ -44,8 +44,11 @@ std::string joined(const std::vector<std::string>& texts) {
 
 /// The line of the import's sums, behind which only the place of the refused rows is told.
 std::string sumsIn(const std::string& told) {
-  const std::size_t begin = told.rfind("共 ");
-  return begin == std::string::npos ? std::string() : told.substr(begin, told.find('\n', begin) - begin);
+  constexpr std::string_view kBegin = "\n共 ";
+  const std::string lines = "\n" + told;
+  const std::size_t begin = lines.rfind(kBegin);
+  return begin == std::string::npos ? std::string()
+                                    : lines.substr(begin + 1, lines.find('\n', begin + 1) - begin - 1);
 }
 
 std::string sumsOf(const ImportPreview& preview) {
@@ -267,19 +270,25 @@ void FrmImport::ended(const ChildEnd& end) {
   told_ = firstLines(errors + end.output);
   reading_.reset();  // the same rows are not imported twice
   std::error_code ignored;
-  const bool hasRefused = std::filesystem::exists(refused_, ignored);
-  const bool failed = end.failed() && !hasRefused;
-  std::string text = failed ? sentenceAboutEnd(captionOf(order_.kind), {end.status, errors, end.output}) +
-                                  "\n在文件名处按回车重新检查" +
-                                  (order_.kind == ImportKind::Sheets ? "；以前已保存的行不会再保存。" : "。")
-                            : "导入完成。" + sumsIn(end.output);
-  if (hasRefused) text += "\n拒绝的行连同原因存在 " + refused_ + "，改正后可以再导入。";
-  if (!hasRefused) refused_.clear();
-  say(text, end.failed());
-  showInTitle(failed ? "没有完成" : "导入完成");
+  if (!std::filesystem::exists(refused_, ignored)) refused_.clear();
+  const bool done = !end.failed() || !sumsIn(end.output).empty();
+  say(done ? "导入完成。" + sumsIn(end.output) + aboutRefused(end)
+           : sentenceAboutEnd(captionOf(order_.kind), {end.status, errors, end.output}) +
+                 "\n在文件名处按回车重新检查" + (isOnce() ? "；以前已保存的行不会再保存。" : "。"),
+      end.failed());
+  showInTitle(done ? "导入完成" : "没有完成");
   lockControls();
-  if (failed) return returnTo(*TxtFile);
-  (hasRefused ? CmdRefused : CmdClose)->setFocus();
+  if (!done) return returnTo(*TxtFile);
+  (!refused_.empty() ? CmdRefused : end.failed() ? CmdDetail : CmdClose)->setFocus();
+}
+
+/// Where they lie; or, where they could not be kept, what to do then: the other rows are stored.
+std::string FrmImport::aboutRefused(const ChildEnd& end) const {
+  if (!refused_.empty()) return "\n拒绝的行连同原因存在 " + refused_ + "，改正后可以再导入。";
+  if (!end.failed()) return {};
+  return "\n拒绝的行没能另存，各行的原因和没有另存的原因见“详情”。" +
+         std::string(isOnce() ? "改正后可以再导入整个文件，以前已保存的行不会再保存。"
+                              : "不要再导入整个文件，已保存的行会重复。");
 }
 
 void FrmImport::CmdDetail_Click() {

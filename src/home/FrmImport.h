@@ -65,6 +65,9 @@ class FrmImport final : public ToolForm {
   void CmdImport_Click();
   void showProgress();
   void ended(const ChildEnd& end);
+  std::string aboutRefused(const ChildEnd& end) const;
+  /// Whether a row that was stored before is not stored again.
+  bool isOnce() const { return order_.kind == ImportKind::Sheets; }
   void CmdDetail_Click();
   void CmdRefused_Click();
   void lockControls() override;

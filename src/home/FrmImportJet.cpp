@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/FileAccess.h"
+#include "base/SystemError.h"
 #include "base/Text.h"
 #include "home/ImportReading.h"
 #include "ui/Layout.h"
@@ -117,7 +118,7 @@ void FrmImportJet::CmdImport_Click() {
   try {
     makeFolder(folder_);
   } catch (const fs::filesystem_error& error) {
-    return refuse("不能建立文件夹“" + folder_ + "”：" + error.code().message(), *TxtFolder);
+    return refuse("不能建立文件夹“" + folder_ + "”：" + systemReason(error.code().value()), *TxtFolder);
   }
   if (goesOn) return carry(textOf(TxtSystem), folder_ + "/" + kSystemFile);
   TxtTold->clear();

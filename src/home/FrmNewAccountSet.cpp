@@ -56,6 +56,7 @@ void FrmNewAccountSet::arrangeControls() {
   SpinMonth->setRange(1, kMonths);
   SpinMonth->setValue(today.month());
   TxtServer->setPlaceholderText("留空：建在文件夹里。例：host=pg dbname=zelkor");
+  TxtFolder->setPlaceholderText("一个新的文件夹，例：/home/li/账套001");
   dressPick(CmdFolder, TxtFolder);
   SpinMonth->setAccessibleName("启用月");
   SpinMonth->setSuffix(" 月");

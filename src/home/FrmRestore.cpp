@@ -6,6 +6,7 @@
 
 #include "base/Format.h"
 #include "home/FrmEndDetail.h"
+#include "transfer/backup/Backup.h"
 #include "ui/Layout.h"
 
 namespace zelkor {
@@ -19,12 +20,14 @@ constexpr const char* kCaption = "从备份恢复";
 constexpr QSize kSize(900, 480);
 
 namespace column_of {
-constexpr std::size_t Folder = 8;
+enum : std::size_t { Cards = 4, Value = 5, Folder = 8 };
 }
 
 TextGrid gridOf(const std::vector<ListedBackup>& backups) {
   TextGrid grid;
   grid.setHeader("时间|账套号|账套名称|月份|卡片|原值|说明|状态|备份");
+  for (const std::size_t figure : {column_of::Cards, column_of::Value})
+    grid.setAlignment(figure, Align::Right);
   for (const ListedBackup& one : backups) {
     const BackupNote& note = one.note;
     const bool isKnown = !note.account.empty();
@@ -151,14 +154,24 @@ void FrmRestore::CmdRestore_Click() {
   if (backup == nullptr) return;
   if (const std::string problem = problemOfSetFolder(target); !problem.empty())
     return refuse(problem, *TxtTarget);
-  if (!confirmed(*backup, target)) return;
-  told_.clear();
-  if (startTool(kCaption, {"restore", backup->folder.string(), target},
-                [this, target](const ChildEnd& end) { ended(target, end); }))
-    say("正在恢复…");
+  const std::string system = (std::filesystem::path(target) / kBackedUpSystem).string();
+  if (!std::filesystem::exists(system)) return ask(*backup, target, {});
+  looking_ = true;
+  say("正在读…");
+  lockControls();
+  worker_.start([this, backup = *backup, target, system]() -> frmWorker::Result {
+    return [this, backup, target, name = otherNameThan(backup.note, system)] {
+      host().dispatch([&] {
+        looking_ = false;
+        say("");
+        lockControls();
+        ask(backup, target, name);
+      });
+    };
+  });
 }
 
-bool FrmRestore::confirmed(const ListedBackup& backup, const std::string& target) {
+void FrmRestore::ask(const ListedBackup& backup, const std::string& target, const std::string& otherName) {
   const bool replaces = std::filesystem::exists(std::filesystem::path(target) / "ZkData.Mdb");
   const std::string which = Format(backup.note.time, "yyyy-mm-dd hh:nn") + " 的备份（" + backup.note.name +
                             "，" + (backup.note.month.empty() ? "没有未结账的月份" : backup.note.month) +
@@ -166,12 +179,19 @@ bool FrmRestore::confirmed(const ListedBackup& backup, const std::string& target
   const std::string text =
       replaces ? "用 " + which + "替换 " + target + " 中的账套？备份以后的记录都不在其中；原来的账套先备份。"
                : "把 " + which + "恢复到 " + target + "？";
-  return run().dialogs.MsgBox({.text = text,
-                               .buttons = Buttons::YesNo,
-                               .icon = replaces ? Icon::Exclamation : Icon::Question,
-                               .title = kTitle,
-                               .defaultButton = replaces ? DefaultButton::Second : DefaultButton::First}) ==
-         Answer::Yes;
+  const std::string remark = otherName.empty() ? "" : "\n\n" + remarkOnName(backup.note, otherName);
+  const Answer answer =
+      run().dialogs.MsgBox({.text = text + remark,
+                            .buttons = Buttons::YesNo,
+                            .icon = replaces ? Icon::Exclamation : Icon::Question,
+                            .title = kTitle,
+                            .defaultButton = replaces ? DefaultButton::Second : DefaultButton::First});
+  if (answer != Answer::Yes) return;
+  std::vector<std::string> words{"restore", backup.folder.string(), target};
+  if (!otherName.empty()) words.emplace_back("--renamed");
+  told_.clear();
+  if (startTool(kCaption, words, [this, target](const ChildEnd& end) { ended(target, end); }))
+    say("正在恢复…");
 }
 
 void FrmRestore::ended(const std::string& target, const ChildEnd& end) {
@@ -188,7 +208,7 @@ void FrmRestore::ended(const std::string& target, const ChildEnd& end) {
 }
 
 void FrmRestore::lockControls() {
-  const bool runs = toolRuns();
+  const bool runs = toolRuns() || looking_;
   for (QWidget* control :
        {static_cast<QWidget*>(TxtFrom), static_cast<QWidget*>(CmdFrom), static_cast<QWidget*>(GridBackups),
         static_cast<QWidget*>(TxtTarget), static_cast<QWidget*>(CmdTarget)})

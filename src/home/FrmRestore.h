@@ -41,12 +41,13 @@ class FrmRestore final : public ToolForm {
   void takeList(std::vector<ListedBackup> found);
   const ListedBackup* chosen() const;
   void CmdRestore_Click();
-  bool confirmed(const ListedBackup& backup, const std::string& target);
+  void ask(const ListedBackup& backup, const std::string& target, const std::string& otherName);
   void ended(const std::string& target, const ChildEnd& end);
   void lockControls() override;
 
   std::string listed_;  // the folder whose backups are shown
   std::vector<ListedBackup> backups_;
+  bool looking_ = false;  // at what is in the target
   std::string told_;
   std::string restored_;
   frmWorker worker_{frmWorker::kBriefly};

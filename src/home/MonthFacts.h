@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "home/Books.h"
-#include "home/CardTally.h"
+#include "depreciation/Books.h"
+#include "depreciation/CardTally.h"
 #include "home/CheckMemory.h"
 #include "home/SetBackups.h"
 #include "store/engine/JobLock.h"

@@ -72,7 +72,6 @@ MonthStep archives(const MonthFacts& facts) {
     step.state = StepState::Attention;
     step.note = sql(facts.departmentsWithoutSubject, " 个部门没有设对应折旧科目");
   }
-  step.commands.push_back({.runType = 0, .screen = "voucher-types"});
   return step;
 }
 
@@ -164,6 +163,7 @@ MonthStep vouchers(const MonthFacts& facts) {
                  .counts = "没有待制单的业务",
                  .last = facts.lastBilled,
                  .commands = runs({10, 12})};
+  step.commands.push_back({.runType = 0, .screen = "voucher-types"});
   const std::string billed = facts.billedEvents > 0 ? sql("已制 ", facts.billedEvents, " 笔") : "";
   if (facts.pendingEvents > 0) {
     step.state = StepState::Open;

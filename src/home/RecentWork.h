@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "home/Books.h"
+#include "depreciation/CardTally.h"
 
 namespace zelkor {
 
@@ -26,7 +26,7 @@ struct RecentVoucher {
 
 /// What was done last in the books, the newest first.
 struct RecentWork {
-  static constexpr std::size_t kMost = 8;  // of each
+  static constexpr std::size_t kMost = CardTally::kMostNewest;  // of each
 
   std::vector<RecentCard> cards;
   std::vector<RecentVoucher> vouchers;

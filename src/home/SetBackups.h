@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "home/Books.h"
+#include "depreciation/Books.h"
 #include "store/settings/OpenMonth.h"
 #include "transfer/backup/BackupNote.h"
 

@@ -93,7 +93,16 @@ void frmChart::tell() {
     if (point.amount) lines << point.label + " " + toQt(Format(*point.amount, "#,##0.00"));
   setAccessibleName(title_);
   setAccessibleDescription(isEmpty() ? emptyText() : lines.join("，"));
-  setToolTip(isEmpty() ? QString() : lines.join('\n'));
+  if (isEmpty()) lines.clear();
+  if (opened_) lines << "单击打开“" + openedWhat_ + "”，右键保存";
+  setToolTip(lines.join('\n'));
+}
+
+void frmChart::onOpened(const QString& what, std::function<void()> listener) {
+  openedWhat_ = what;
+  opened_ = std::move(listener);
+  setCursor(Qt::PointingHandCursor);
+  tell();
 }
 
 QString frmChart::csv() const {

@@ -30,7 +30,8 @@ class frmChart final : public QWidget {
   void show(Kind kind, std::vector<Point> points);
   /// Shows that nothing is known yet.
   void forget();
-  void onOpened(std::function<void()> listener) { opened_ = std::move(listener); }
+  /// What a click opens is told in the tip.
+  void onOpened(const QString& what, std::function<void()> listener);
   /// Lets it be saved; where that fails a box says so.
   void saveThrough(FormHost& host) { host_ = &host; }
 
@@ -63,6 +64,7 @@ class frmChart final : public QWidget {
   Kind kind_ = Kind::Bars;
   bool known_ = false;
   std::vector<Point> points_;
+  QString openedWhat_;
   std::function<void()> opened_;
   FormHost* host_ = nullptr;
 };

@@ -1,11 +1,24 @@
 #include "home/frmWorker.h"
 
+#include <atomic>
+#include <cstdlib>
+#include <iostream>
 #include <utility>
 
 namespace zelkor {
+namespace {
+
+/// How many threads of workers there are in the process.
+std::atomic<int>& threads() {
+  static std::atomic<int> count = 0;
+  return count;
+}
+
+}  // namespace
 
 frmWorker::frmWorker(std::chrono::milliseconds patience) : patience_(patience) {
   shared_->receiver = &receiver_;
+  ++threads();
   thread_ = std::thread([shared = shared_] { work(shared); });
 }
 
@@ -57,9 +70,17 @@ void frmWorker::work(const std::shared_ptr<Shared>& shared) {
     }
     deliver(*shared, job());
   }
+  --threads();
   const std::lock_guard lock(shared->mutex);
   shared->ended = true;
   shared->changed.notify_all();
+}
+
+void frmWorker::endProcess(int status) {
+  if (threads() == 0) std::exit(status);
+  std::cout.flush();
+  std::cerr.flush();
+  std::_Exit(status);
 }
 
 }  // namespace zelkor

@@ -33,6 +33,10 @@ class frmWorker {
   /// Whether jobs are under way or lined up.
   bool isBusy() const;
 
+  /// Ends the process. Where a job was left alone it may be anywhere, in a library's code too: nothing is
+  /// taken down beneath it then, neither what is static nor what libraries do at the end.
+  [[noreturn]] static void endProcess(int status);
+
  private:
   struct Shared {
     std::mutex mutex;

@@ -1,8 +1,13 @@
 #include "startup/Main.h"
 
+#include <ostream>
+#include <utility>
+
 #include "base/RuntimeError.h"
 #include "startup/Arguments.h"
 #include "startup/Logs.h"
+#include "store/accountset/BooksRevision.h"
+#include "store/accountset/ReadingDatabase.h"
 
 namespace zelkor {
 namespace {
@@ -28,6 +33,17 @@ void refuseSecondCopy(RunContext& context, const std::function<bool()>& becomeOn
   throw EndProgram{kRefusedStatus};
 }
 
+using OpenBooks = std::function<Database(const std::string& file)>;
+
+void prepare(RunContext& context, const std::string& arguments, const OpenBooks& open) {
+  TraceLine("命令行参数:" + arguments);
+  ReadCommandArgs(context, arguments);
+  context.gstrDeprStates = {"", "正常计提", "总提折旧", "总不提折旧"};
+  context.dbZKData = open(context.gstrZtFile);
+  context.dbZKSystem = open(context.gstrZkSysFile);
+  ParseArgs(context, arguments);
+}
+
 }  // namespace
 
 void RunDefaultType(RunContext& context, std::int32_t runType, const RunTypeJobs& jobs) {
@@ -37,12 +53,17 @@ void RunDefaultType(RunContext& context, std::int32_t runType, const RunTypeJobs
 }
 
 void prepareRun(RunContext& context, const std::string& arguments) {
-  TraceLine("命令行参数:" + arguments);
-  ReadCommandArgs(context, arguments);
-  context.gstrDeprStates = {"", "正常计提", "总提折旧", "总不提折旧"};
-  context.dbZKData = context.engine.OpenDatabase(context.gstrZtFile);
-  context.dbZKSystem = context.engine.OpenDatabase(context.gstrZkSysFile);
-  ParseArgs(context, arguments);
+  prepare(context, arguments, [&](const std::string& file) { return context.engine.OpenDatabase(file); });
+}
+
+void prepareReading(RunContext& context, const std::string& arguments, std::ostream& notices) {
+  bool isTold = false;
+  prepare(context, arguments, [&](const std::string& file) {
+    std::string advice;
+    Database books = openDatabaseForReading(file, &advice);
+    if (!advice.empty() && !std::exchange(isTold, true)) notices << renewalNotice(advice);
+    return books;
+  });
 }
 
 void Main(RunContext& context, const std::string& arguments, const RunTypeJobs& jobs,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <iosfwd>
 #include <string>
 
 #include "startup/RunContext.h"
@@ -22,6 +23,10 @@ void startExtraScreen(RunContext& context, const std::string& name, const std::s
 
 /// The part of Main that makes the context ready: globals, captions, both data files, ClsOpArgs.
 void prepareRun(RunContext& context, const std::string& arguments);
+
+/// The same for a job that only reads: the data files may be read-only. To `notices` goes, once, that the
+/// books are older than the program.
+void prepareReading(RunContext& context, const std::string& arguments, std::ostream& notices);
 
 /// Starts run types 5, 6 and 7 and does nothing for any other. A failure while FrmAddCards is shown is
 /// ignored.

@@ -61,7 +61,7 @@ std::string inWords(const std::vector<std::string>& conditions) {
   return words;
 }
 
-void RecentReports::remember(const RecentReport& report) {
+bool RecentReports::remember(const RecentReport& report) {
   const KeptLines file = linesIn(file_);
   std::vector<KeptLines::Line> lines = file.read();
   std::erase_if(lines, [&](const KeptLines::Line& line) {
@@ -69,7 +69,7 @@ void RecentReports::remember(const RecentReport& report) {
     return !known || known->isSame(report);
   });
   lines.insert(lines.begin(), lineOf(report));
-  file.write(lines);
+  return file.write(lines);
 }
 
 }  // namespace zelkor

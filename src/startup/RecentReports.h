@@ -35,8 +35,8 @@ class RecentReports {
 
   /// Of an account set, the newest first.
   std::vector<RecentReport> of(const std::string& dataFile, const std::string& account) const;
-  /// Puts it before the others, in the place of the same one.
-  void remember(const RecentReport& report);
+  /// Puts it before the others, in the place of the same one. Whether that could be written.
+  bool remember(const RecentReport& report);
 
  private:
   std::filesystem::path file_;

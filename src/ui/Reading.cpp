@@ -104,6 +104,7 @@ Widgets partsOf(const QWidget& widget) {
   Widgets parts;
   if (const auto* tabs = qobject_cast<const QTabWidget*>(&widget)) {
     parts.push_back(tabs->tabBar());
+    parts.push_back(tabs->cornerWidget());
     for (int i = 0; i < tabs->count(); ++i) parts.push_back(tabs->widget(i));
   } else if (const auto* split = qobject_cast<const QSplitter*>(&widget)) {
     for (int i = 0; i < split->count(); ++i) parts.push_back(split->widget(i));

@@ -5,7 +5,7 @@
 
 #include "apps/JobTest.h"
 
-// zelkorctl check: its status, its forms, and that it only reads.
+// zelkorctl check: its status, its forms; and the calls that only read.
 namespace zelkor::test {
 namespace {
 
@@ -21,6 +21,11 @@ class CheckCommandTest : public JobTest {
                               Words{"run", "8", "--set", folder(), "--answers", "y,y,n"}})
       EXPECT_EQ(ctl(call).status, 0);
   }
+  Words withSet(Words call, const std::string& date = "2020-01-31") const {
+    call.insert(call.end(), {"--set", folder(), "--date", date});
+    return call;
+  }
+  const std::vector<Words> kReading{{"check"}, {"status"}, {"plan"}, {"run", "8", "--preview"}};
   std::map<std::string, std::string> filesOfSet() const {
     std::map<std::string, std::string> files;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder()))
@@ -55,8 +60,32 @@ TEST_F(CheckCommandTest, ReadsAndWritesNothing) {
   for (const char* file : {"ZkData.Mdb", "ZkSystem.Mdb"})
     fs::permissions(fs::path(folder()) / file, fs::perms::owner_read);
   const auto before = filesOfSet();
-  EXPECT_EQ(ctl({"check", "--set", folder()}).status, 0);
-  EXPECT_EQ(filesOfSet(), before);
+  for (const Words& call : kReading) {
+    const ProgramResult result = ctl(withSet(call));
+    EXPECT_EQ(result.status, 0) << call.front() << result.errors;
+    EXPECT_EQ(filesOfSet(), before) << call.front();
+  }
+}
+
+TEST_F(CheckCommandTest, AMonthOutsideTheBooksIsTold) {
+  keepBooks();
+  for (const Words& call : kReading) {
+    const ProgramResult before = ctl(withSet(call, "2019-12-31"));
+    EXPECT_EQ(before.status, 2) << call.front();
+    EXPECT_EQ(before.errors, "操作日期在2019年12月，账套从2020年1月开始：请另给操作日期。\n");
+    EXPECT_EQ(before.output, "");
+    const ProgramResult behind = ctl(withSet(call, "2022-01-31"));
+    EXPECT_EQ(behind.errors, "") << call.front();
+    EXPECT_THAT(behind.output, HasSubstr("2020年1月")) << call.front() << ": the open one";
+  }
+}
+
+TEST_F(CheckCommandTest, WhoCannotReadTheBooksIsSentToTheCheck) {
+  create();
+  sql("drop table fa_DeprTransactions");
+  const ProgramResult result = ctl(withSet({"status"}));
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("（账套的表或数据有错，请用 zelkorctl check 查明）\n"));
 }
 
 TEST_F(CheckCommandTest, AWrongCallIsStatusTwo) {

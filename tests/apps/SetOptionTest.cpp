@@ -52,6 +52,9 @@ TEST_F(SetOptionTest, SaysWhyAnAccountSetDoesNotDo) {
       {{"run", "21", "--set", folder(), "--date", "31.1."}, 2, "“31.1.”不是 yyyy-mm-dd 形式的日期"},
       {{"vouchers", "list", arguments("12"), "--set", folder()}, 2, "多余的参数"},
       {{"cards", "import", arguments("5"), "none.csv"}, 1, "不能读文件“none.csv”：没有这个文件\n"},
+      {{"backup", "--set", folder(), "--label", "\xB1\xB8"}, 2, "说明不是 UTF-8 编码的文字"},
+      {{"backup", "--set", folder(), "--label", "a\nb"}, 2, "说明只能是一行文字"},
+      {{"backup", "--set", folder(), "--label", std::string(201, 'x')}, 2, "说明有 201 个字，最多 200 个"},
       {{"backups", home / "none"}, 1, "不能读文件夹“" + (home / "none").string() + "”：没有这个文件夹\n"}};
   for (const auto& [call, status, message] : cases) {
     const ProgramResult result = ctl(call);

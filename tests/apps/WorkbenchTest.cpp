@@ -72,6 +72,9 @@ TEST_F(WorkbenchTest, WhatCannotBeOpenedIsTold) {
   };
   EXPECT_EQ(ended({"--nonsense"}).status, 2);
   EXPECT_EQ(ended({"--date", "1.5.2020"}).status, 2);
+  EXPECT_EQ(ended({"--user"}).status, 2);
+  EXPECT_EQ(ended({"/one", "/another"}).status, 2);
+  EXPECT_NE(ended({"--help-bash"}).output.find("@(--user|--date)"), std::string::npos);
   EXPECT_EQ(ended({"--version"}).status, 0);
   const ProgramResult missing = ended({home / "nowhere"});
   EXPECT_EQ(missing.status, 1);

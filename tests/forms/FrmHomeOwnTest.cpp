@@ -2,6 +2,8 @@
 #include <QFileDialog>
 
 #include "forms/HomeTest.h"
+#include "reports/ConditionTexts.h"
+#include "reports/ReportCatalogue.h"
 
 // What the workbench does beside starting the module: checks, backups, what was done last.
 namespace zelkor::test {
@@ -199,11 +201,39 @@ TEST_F(FrmHomeTest, WhatWasDoneLastIsBelow) {
   keepPicture(form, "FrmHome-reports");
   gridOf(form, "GridReports").selectGridRow(2);
   click(form, "CmdReport");
-  untilTold(form, "LblStatus", "“最近的报表”已结束");
+  untilTold(form, "LblStatus", "“固定资产总账”已结束");
   EXPECT_EQ(readFile(given()).substr(0, 21), "--screen\nlast-report\n");
   EXPECT_EQ(RecentReports(RecentReports::usualFile()).of(context.gstrZtFile, "001").front().name,
             "固定资产总账")
       << "it is the one that the module shows";
+}
+
+TEST_F(FrmHomeTest, EachChartOpensItsReport) {
+  useBooks();
+  context.gdOpDate = day("2020-3-31");
+  QWidget& form = home("exit 0", "2020年3月");
+  sendKey(control<frmChart>(form, "ChartDepartments"), Qt::Key_Return);
+  untilTold(form, "LblStatus", "“折旧分配表”已结束");
+  const std::tuple<const char*, const char*, Lines> cases[] = {
+      {"ChartCategories", "价值结构分析表", {"period=2020.03"}},
+      {"ChartMonths", "固定资产总账", {"period=2020.01", "period-to=2020.03"}}};
+  for (const auto& [chart, report, conditions] : cases) {
+    sendKey(control<frmChart>(form, chart), Qt::Key_Return);
+    untilTold(form, "LblStatus", "“" + std::string(report) + "”已结束");
+    const RecentReport last = RecentReports(RecentReports::usualFile()).of(context.gstrZtFile, "001").front();
+    EXPECT_EQ(last.name, report);
+    EXPECT_EQ(last.conditions, conditions);
+    ASSERT_TRUE(findReport(report));
+    EXPECT_EQ(
+        conditionTexts(*findReport(report), readConditions(context, *findReport(report), conditions))[0],
+        conditions[0]);
+  }
+  std::filesystem::remove_all(directory / "config");
+  writeFile(directory / "config", "in the way of the folder");
+  std::filesystem::remove(given());
+  sendKey(control<frmChart>(form, "ChartMonths"), Qt::Key_Return);
+  untilTold(form, "LblStatus", "不能直接打开“固定资产总账”");
+  EXPECT_FALSE(std::filesystem::exists(given())) << "it would be another report";
 }
 
 }  // namespace

@@ -17,7 +17,11 @@ TEST_F(FrmHomeTest, TheMonthIsShownAndItsNextStepIsTheDefault) {
   EXPECT_EQ(textOf(form, "LblFigure3"), "239,253.00");
   EXPECT_FALSE(control<QPushButton>(form, "CmdStep0").isEnabled()) << "the wizard has been gone through";
   EXPECT_NE(control<frmChart>(form, "ChartDepartments").csv().indexOf("生产部"), -1);
+  EXPECT_EQ(command(control<QToolButton>(form, "CmdMore6"), "more 凭证类别").text(), "凭证类别");
+  EXPECT_EQ(form.height(), 680) << "as much as fits on a screen of 768 lines";
   keepPicture(form, "FrmHome");
+  form.resize(1, 1);
+  EXPECT_LE(form.height(), 680) << "its texts take no more lines where it is narrow";
 }
 
 TEST_F(FrmHomeTest, ACommandIsStartedAsTheShellWouldAndReadsAgainAtItsEnd) {
@@ -84,6 +88,7 @@ TEST_F(FrmHomeTest, ASetThatVanishesAndComesBack) {
   untilTold(form, "LblHeadline", "账套现在读不出来");
   EXPECT_FALSE(control<QPushButton>(form, "CmdStep2").isEnabled());
   EXPECT_TRUE(control<QPushButton>(form, "CmdDetail").isVisible());
+  EXPECT_FALSE(command(form, "检查账套").isEnabled());
   inModalForm([](QWidget& login) { click(login, "CmdOK"); });
   press(form, "操作员与操作日期…");
   EXPECT_EQ(textOf(form, "LblHeadline"), "正在读取…") << "nothing is known of what is opened now";
@@ -129,6 +134,9 @@ TEST_F(FrmHomeTest, AMenuThatIsLookedAtStaysThroughAReading) {
 
 TEST_F(FrmHomeTest, ACommandIsFoundByItsName) {
   QWidget& form = home();
+  type(form, "TxtCommand", "绝无");
+  sendKey(control<QLineEdit>(form, "TxtCommand"), Qt::Key_Return);
+  EXPECT_EQ(textOf(form, "LblStatus"), "没有名称中有“绝无”的命令。");
   type(form, "TxtCommand", "分配");
   sendKey(control<QLineEdit>(form, "TxtCommand"), Qt::Key_Return);
   untilTold(form, "LblStatus", "“折旧分配表”已结束");

@@ -121,6 +121,20 @@ TEST_F(FrmImportTest, AFileIsLookedAtThenImportedAndItsRefusedRowsAreKept) {
   click(form, "CmdDetail");
 }
 
+/// The rows are stored by then: whoever gave the whole file again would have them twice.
+TEST_F(FrmImportTest, RefusedRowsThatCannotBeKeptAreNoFailureOfTheImport) {
+  auto& form = host.show<FrmImport>(
+      ImportKind::Cards, opened(),
+      tool("echo 共 2 行：已保存 1 行，拒绝 1 行; echo zelkorctl: 错误 57：磁盘空间不足 >&2; exit 1"));
+  choose(form, registerOf({"7000", "8OOO"}));
+  untilTold(form, "可以导入 1 行");
+  click(form, "CmdImport");
+  untilTold(form, "导入完成。共 2 行：已保存 1 行，拒绝 1 行\n拒绝的行没能另存");
+  EXPECT_NE(textOf(form, "LblState").find("不要再导入整个文件"), std::string::npos);
+  EXPECT_FALSE(control<QPushButton>(form, "CmdRefused").isVisible());
+  EXPECT_TRUE(control<QPushButton>(form, "CmdDetail").isVisible());
+}
+
 TEST_F(FrmImportTest, WhatCannotBeImportedIsTold) {
   auto& form = host.show<FrmImport>(ImportKind::Sheets, opened(), tool("exit 0"));
   EXPECT_FALSE(control<QComboBox>(form, "CmbNewType").isVisible());
@@ -194,6 +208,21 @@ TEST_F(FrmImportTest, ABackupIsChosenAndRestored) {
   untilTold(form, "已恢复到 " + target);
   EXPECT_EQ(readFile(given()), "restore\n" + backup.folder.string() + "\n" + target + "\n");
   EXPECT_EQ(form.restored(), target);
+  context.dbZKSystem.Execute("update za_account set cUnitName='新单位'");
+  engine.flush();
+  type(form, "TxtTarget", toQt(folder));
+  MessageBox box{"用 2020-01-31 00:00 的备份（" + backup.note.name + "，" + backup.note.month + "）替换 " +
+                     folder +
+                     " 中的账套？备份以后的记录都不在其中；原来的账套先备份。\n\n"
+                     "账套号相同，名称或使用单位不同：现在是“" +
+                     backup.note.name + "”（新单位），备份是" + nameOfSet(backup.note) + "。",
+                 Buttons::YesNo, Icon::Exclamation, kTitle};
+  box.defaultButton = DefaultButton::Second;
+  dialogs.expect(box, Answer::Yes);
+  click(form, "CmdRestore");
+  untilTold(form, "已恢复到 " + folder);
+  EXPECT_TRUE(
+      readFile(given()).ends_with("restore\n" + backup.folder.string() + "\n" + folder + "\n--renamed\n"));
   type(form, "TxtFrom", toQt((directory / "nowhere").string()));
   sendKey(control<QLineEdit>(form, "TxtFrom"), Qt::Key_Return);
   untilTold(form, "没有这个文件夹");

@@ -65,11 +65,17 @@ TEST_F(AccountSetListTest, TheLastCheckOfAMonthIsRemembered) {
   CheckMemory(kept).keep("/books/a", "001", day("2020-1-31"), second);
   EXPECT_EQ(CheckMemory(kept).lastOf("/books/a", "001", day("2020-1-5")), second);
   EXPECT_EQ(CheckMemory(kept).lastOf("/books/b", "001", day("2020-1-5")), second);
+
+  CheckMemory nowhere(kept / "below a file");
+  nowhere.keep("/books/a", "001", day("2020-1-31"), first);
+  nowhere.keep("/books/a", "001", day("2020-1-31"), second);
+  EXPECT_EQ(nowhere.lastOf("/books/a", "001", day("2020-1-5")), second) << "the step is done all the same";
 }
 
 TEST_F(AccountSetListTest, EachConditionOfASetIsSeen) {
   EXPECT_EQ(lookAt(set()).condition, AccountSetCondition::Ready);
   EXPECT_EQ(lookAt(set()).set.name, "示例账套");
+  EXPECT_EQ(lookAt(set()).server.empty(), !onServer());
 
   {
     const auto attempt = db().lockForJob({.kind = 'm', .since = day("2020-1-31"), .user = "李会计"});

@@ -1,3 +1,4 @@
+#include "base/Format.h"
 #include "home/BookReading.h"
 #include "home/Reopening.h"
 #include "store/engine/Statement.h"
@@ -111,7 +112,8 @@ TEST_F(MonthStateTest, CheckAndBackupAreTheLastStepsBeforeTheClosing) {
   const RunContext& run = books.run();
   const auto backUpAt = [&](const char* time) {
     run.engine.flush();
-    backUp({.data = run.gstrZtFile, .system = run.gstrZkSysFile, .account = "001", .now = day(time)});
+    return backUp({.data = run.gstrZtFile, .system = run.gstrZkSysFile, .account = "001", .now = day(time)})
+        .note;
   };
   const auto step = [&](const BookReading& found, StepKind kind) {
     return stepText(found.month.steps[static_cast<std::size_t>(kind)], false);
@@ -133,7 +135,9 @@ TEST_F(MonthStateTest, CheckAndBackupAreTheLastStepsBeforeTheClosing) {
   takeCheck(found, KeptCheck{day("2020-1-31"), 0, 0, 0, "of before"});
   EXPECT_EQ(step(found, StepKind::Check),
             " check: open | 没有发现问题 | ! 检查以后又有变动 | 2020-1-31 | check");
-  backUpAt("2020-1-31 17:00:00");
+  const BackupNote note = backUpAt("2020-1-31 17:00:00");
+  EXPECT_EQ(note.accumulated, Format(reading().figures->accumulated, "0.00"));
+  EXPECT_EQ(note.value, Format(reading().figures->value, "0.00"));
   EXPECT_EQ(step(reading(), StepKind::Backup),
             " backup: done | 已备份 2020-01-31 17:00 | 2020-1-31 17:00:00 | backup");
   books.changeLife("00001", "25年0月");
@@ -148,6 +152,10 @@ TEST_F(MonthStateTest, CheckAndBackupAreTheLastStepsBeforeTheClosing) {
   ASSERT_TRUE(reopening);
   EXPECT_EQ(reopening->day, day("2020-1-31"));
   EXPECT_NE(reopening->question.find("2020-01-31 17:00:00"), std::string::npos) << reopening->question;
+  EXPECT_FALSE(reopening->renamed);
+  run.engine.OpenDatabase(run.gstrZkSysFile).Execute("update za_account set cUnitName='新单位'");
+  run.engine.flush();
+  EXPECT_TRUE(readReopening(place())->renamed);
 }
 
 // A first look has the same steps but for what takes time.

@@ -95,9 +95,15 @@ TEST_F(BackupTest, SaysWhatItHoldsAndLetsNobodyMoreRead) {
   if (!onServer()) fs::permissions(data(), fs::perms(0640));
   {
     DbEngine engine;
+    Database books = engine.OpenDatabase(data());
     for (const char* version : {"'9',100", "'10',150.5"})
-      engine.OpenDatabase(data()).Execute(
-          "insert into fa_Cards (sCardNum,sCardID,dblValue) values ('00001'," + std::string(version) + ")");
+      books.Execute(
+          "insert into fa_Cards (sCardNum,dInputDate,iOptType,sCardID,dblValue) values "
+          "('00001',#2020-01-05#,1," +
+          std::string(version) + ")");
+    books.Execute(
+        "insert into fa_DeprTransactions (sCardNum,dblInputDeprTotal,dblDepr1,dblDepr2) values "
+        "('00001',40,2.5,9)");
     engine.flush();
   }
   const MadeBackup made = backUp(order());
@@ -115,9 +121,17 @@ TEST_F(BackupTest, SaysWhatItHoldsAndLetsNobodyMoreRead) {
   EXPECT_EQ(listed[0].note.month, "2020-01");
   EXPECT_EQ(listed[0].note.cards, 1);
   EXPECT_EQ(listed[0].note.value, "150.50");
+  EXPECT_EQ(listed[0].note.accumulated, "42.50") << "to the end of the open month";
   EXPECT_EQ(textOf(listed[0].note), readFile(made.folder / "backup.txt"));
   EXPECT_THAT(textsOf(compareTables(*openSource(data()), *openSource(made.folder / "ZkData.Mdb"))),
               IsEmpty());
+}
+
+TEST_F(BackupTest, BooksThatCannotBeReckonedAreBackedUpAllTheSame) {
+  DbEngine().OpenDatabase(data()).Execute("drop table fa_DeprTransactions");
+  const BackupNote note = backUp(order()).note;
+  EXPECT_EQ(note.month, "2020-01");
+  EXPECT_EQ(note.value, "");
 }
 
 TEST(BackupNoteText, IsKnownFromAnyOther) {
@@ -264,6 +278,26 @@ TEST_F(BackupTest, WhatIsNotWholeOrNotMeantIsRefused) {
     EXPECT_EQ(readFile(home / file), content) << "no account set's data file";
   }
   EXPECT_EQ(errorOf([&] { backUp({.data = backup / "ZkData.Mdb", .system = backup / "ZkSystem.Mdb"}); }), 5);
+}
+
+TEST_F(BackupTest, AnotherSetOfTheSameNumberIsReplacedOnlyWhereItIsMeant) {
+  mark("old");
+  RestoreOrder restoring = this->restoring(backUp(order()).folder, home / "set");
+  mark("new");
+  for (const char* column : {"cAcc_Name", "cUnitName"}) {
+    const std::string name = "select " + std::string(column) + " from za_account";
+    DbEngine().OpenDatabase(system()).Execute("update za_account set " + std::string(column) + "='别的'");
+    restoring.renamed = false;
+    EXPECT_THAT([&] { restoreBackup(restoring); }, testing::ThrowsMessage<RuntimeError>(testing::AllOf(
+                                                       HasSubstr("别的"), HasSubstr("--renamed"))));
+    EXPECT_EQ(marks(), "new,new");
+    restoring.renamed = true;
+    restoreBackup(restoring);
+    EXPECT_EQ(marks(), "old,old");
+    EXPECT_EQ(rowsOf(DbEngine().OpenDatabase(system()).OpenRecordset(name)).front().find("别的"),
+              std::string::npos);
+    mark("new");
+  }
 }
 
 TEST_F(BackupTest, AnAccountSetThatIsOpenIsNotReplaced) {

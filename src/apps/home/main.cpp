@@ -12,6 +12,7 @@
 #include "home/FrmAccountSets.h"
 #include "home/FrmHome.h"
 #include "home/FrmLogin.h"
+#include "home/frmWorker.h"
 #include "startup/ProgramEnd.h"
 #include "ui/QtDialogs.h"
 #include "ui/WindowProgram.h"
@@ -108,6 +109,6 @@ int main(int argc, char** argv) {
     std::cout << call.text << std::flush;
     return std::cout ? 0 : 1;
   }
-  return zelkor::runWindowProgram(argc, argv, "zelkor-home", "在终端里可用 zelkorctl status",
-                                  [&] { return zelkor::runHome(call); });
+  zelkor::frmWorker::endProcess(zelkor::runWindowProgram(
+      argc, argv, "zelkor-home", "在终端里可用 zelkorctl status", [&] { return zelkor::runHome(call); }));
 }

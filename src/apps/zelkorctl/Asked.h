@@ -46,6 +46,7 @@ struct Asked {
   std::string keep;
   std::string label;
   std::string backup;
+  bool renamed = false;
 
   int newType = 1;
   std::string refused;

@@ -23,8 +23,12 @@ std::string textOfMonth(const BackupNote& note) {
 }
 
 void print(const BackupNote& note, std::ostream& output) {
-  output << "账套 " << note.account << ' ' << note.name << "，" << textOfMonth(note) << "，卡片 "
-         << note.cards << " 张，原值 " << note.value << "，累计折旧 " << note.accumulated;
+  output << "账套 " << note.account << ' ' << note.name << "，" << textOfMonth(note);
+  if (note.value.empty()) {
+    output << "，卡片、原值和累计折旧算不出来";
+  } else {
+    output << "，卡片 " << note.cards << " 张，原值 " << note.value << "，累计折旧 " << note.accumulated;
+  }
 }
 
 /// Prints what could not be kept as it is; gives whether there is none of it.
@@ -106,6 +110,7 @@ int restore(const Asked& asked, std::ostream& output, std::ostream& problems) {
                            .server = asked.server,
                            .keepIn = asked.to,
                            .keptLabel = "恢复前",
+                           .renamed = asked.renamed,
                            .note = {.kind = static_cast<char>(OnlyJob::Restore),
                                     .since = SystemClock().now(),
                                     .user = loginName()},
@@ -132,7 +137,11 @@ Call backupCall() {
                           .text = "只保留最近的几个备份；每个月份的最后一个总是保留",
                           .value = "NUMBER",
                           .check = keepProblem},
-                         {.name = "--label", .field = &Asked::label, .text = "说明", .value = "TEXT"}},
+                         {.name = "--label",
+                          .field = &Asked::label,
+                          .text = "一行说明，不超过 200 字",
+                          .value = "TEXT",
+                          .check = labelProblem}},
           .example = "zelkorctl backup --set books --to /backup --keep 14",
           .run = backup};
 }
@@ -157,6 +166,9 @@ Call restoreCall() {
                           .field = &Asked::to,
                           .text = "原来的账套备份到这个目录；不给出时为 TARGET 下的 backups",
                           .value = "DIR"},
+                         {.name = "--renamed",
+                          .field = &Asked::renamed,
+                          .text = "账套号相同而名称或使用单位不同时也恢复：账套改过名称"},
                          {.name = "--server",
                           .field = &Asked::server,
                           .text = "新建在 PostgreSQL 服务器上：连接参数，不含口令",

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "base/Characters.h"
 #include "base/DateTime.h"
 #include "base/TerminalDialogs.h"
 #include "base/Text.h"
@@ -48,6 +49,15 @@ std::string jobsProblem(const std::string& text) {
 
 std::string keepProblem(const std::string& text) {
   return rangeProblem(text, 1, 100'000);
+}
+
+std::string labelProblem(const std::string& text) {
+  constexpr std::size_t kMost = 200;
+  if (!isValidUtf8(text)) return "说明不是 UTF-8 编码的文字";
+  if (findUnwritable(text) != std::string::npos || text.find_first_of("\t\r\n") != std::string::npos)
+    return "说明只能是一行文字，不能有换行和其他控制字符";
+  const std::size_t length = Len(text);
+  return length <= kMost ? "" : sql("说明有 ", length, " 个字，最多 ", kMost, " 个");
 }
 
 std::string monthProblem(const std::string& text) {

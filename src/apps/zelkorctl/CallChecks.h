@@ -14,6 +14,8 @@ std::string serverProblem(const std::string& text);
 std::string yearProblem(const std::string& text);
 std::string jobsProblem(const std::string& text);
 /// How many backups are kept.
+/// A line of text of a length that a list can show.
+std::string labelProblem(const std::string& text);
 std::string keepProblem(const std::string& text);
 std::string monthProblem(const std::string& text);
 std::string monthsProblem(const std::string& text);

@@ -83,8 +83,8 @@ int report(const Asked& asked, std::ostream& output, std::ostream& problems) {
                        output, problems);
 }
 
-int status(const Asked& asked, std::ostream& output, std::ostream&) {
-  return statusCommand(jobOf(asked, 25), asked.json, output);
+int status(const Asked& asked, std::ostream& output, std::ostream& problems) {
+  return statusCommand(jobOf(asked, 25), asked.json, output, problems);
 }
 
 int sql(const Asked& asked, std::ostream& output, std::ostream&) {

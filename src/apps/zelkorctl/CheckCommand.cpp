@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
+#include <utility>
 
 #include "apps/zelkorctl/CommandRun.h"
 #include "apps/zelkorctl/JobArguments.h"
@@ -12,7 +13,9 @@
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "startup/Arguments.h"
+#include "store/accountset/ReadingDatabase.h"
 #include "store/engine/Statement.h"
+#include "store/settings/OpenMonth.h"
 
 namespace zelkor {
 namespace {
@@ -110,13 +113,14 @@ void printJson(const CheckResult& result, std::ostream& output) {
 }
 
 /// The books that the call names; nothing where its argument string cannot be read.
-std::optional<BooksToCheck> booksOf(const Asked& asked, std::ostream& problems) {
+std::optional<BooksToCheck> booksOf(const Asked& asked, std::string& account, std::ostream& problems) {
   std::optional<BooksToCheck> books;
   const JobRun job = jobOf(asked, kReconciliation);
   try {
     inRun(job, problems, [&](RunContext& context) {
       ReadCommandArgs(context, job.arguments);
       books = {.dataFile = context.gstrZtFile, .systemFile = context.gstrZkSysFile, .date = context.gdOpDate};
+      account = context.gstrAccountId;
       return 0;
     });
   } catch (const RuntimeError& error) {
@@ -127,6 +131,30 @@ std::optional<BooksToCheck> booksOf(const Asked& asked, std::ostream& problems) 
   return books;
 }
 
+/// What is to be said of the month that is asked for.
+struct AboutMonth {
+  std::string refusal;
+  std::string remark;
+};
+
+/// What keeps the month from being read is told by the check itself.
+AboutMonth aboutMonth(const BooksToCheck& books, const std::string& account) {
+  AboutMonth about;
+  try {
+    Database data = openDatabaseForReading(books.dataFile);
+    about.refusal = whyBeforeBooks(data, books.date);
+    if (books.systemFile.empty()) return about;
+    Database system = openDatabaseForReading(books.systemFile);
+    const auto open = openPeriod(data, system, account);
+    const bool isAhead =
+        open && std::pair(books.date.year(), books.date.month()) > std::pair(open->year, open->month);
+    if (isAhead) about.remark = remarkOnMonth(*open, books.date);
+  } catch (const RuntimeError&) {
+    // as it is
+  }
+  return about;
+}
+
 }  // namespace
 
 int checkCommand(const Asked& asked, std::ostream& output, std::ostream& problems) {
@@ -134,9 +162,16 @@ int checkCommand(const Asked& asked, std::ostream& output, std::ostream& problem
     problems << "--json 与 --csv 只能给出一个\n";
     return kWrongUsage;
   }
-  const auto books = booksOf(asked, problems);
+  std::string account;
+  const auto books = booksOf(asked, account, problems);
   if (!books) return kWrongUsage;
-  const CheckResult result = checkBooks(*books);
+  const AboutMonth about = aboutMonth(*books, account);
+  if (!about.refusal.empty()) {
+    problems << about.refusal << '\n';
+    return kWrongUsage;
+  }
+  CheckResult result = checkBooks(*books);
+  if (!about.remark.empty()) result.notes.push_back(about.remark);
   (asked.json ? printJson : asked.csv ? printCsv : printText)(result, output);
   return result.isSound() ? 0 : kFound;
 }

@@ -9,9 +9,12 @@
 #include "base/Text.h"
 #include "startup/Main.h"
 #include "startup/ProgramEnd.h"
+#include "store/settings/OpenMonth.h"
 
 namespace zelkor {
 namespace {
+
+constexpr int kWrongUsage = 2;
 
 /// Jobs work for an account set that the system file does not have, but its number may be a slip.
 void tellUnknownAccount(RunContext& context) {
@@ -25,6 +28,21 @@ void tellUnknownAccount(RunContext& context) {
               << std::endl;
   } catch (const RuntimeError&) {
     // the job has had its own say about such a file
+  }
+}
+
+/// What tables or rows lead to that somebody has changed by hand.
+int adviseCheck(const std::function<int()>& work) {
+  using enum ErrorNumber;
+  try {
+    return work();
+  } catch (const RuntimeError& error) {
+    for (const ErrorNumber one :
+         {TypeMismatch, InvalidUseOfNull, Overflow, TooFewParameters, CannotOpenTableOrQuery})
+      if (error.is(one))
+        throw RuntimeError(one,
+                           std::string(error.what()) + "（账套的表或数据有错，请用 zelkorctl check 查明）");
+    throw;
   }
 }
 
@@ -50,6 +68,18 @@ int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<i
   return inRun(job, output, [&](RunContext& context) {
     prepareRun(context, job.arguments);
     return work(context);
+  });
+}
+
+int inReadingRun(const JobRun& job, std::ostream& output, std::ostream& problems,
+                 const std::function<int(RunContext&)>& work) {
+  return inRun(job, output, [&](RunContext& context) {
+    prepareReading(context, job.arguments, std::cerr);
+    if (const std::string reason = whyBeforeBooks(context.dbZKData, context.gdOpDate); !reason.empty()) {
+      problems << reason << '\n';
+      return kWrongUsage;
+    }
+    return adviseCheck([&] { return work(context); });
   });
 }
 

@@ -28,4 +28,9 @@ int inRun(const JobRun& job, std::ostream& output, const std::function<int(RunCo
 /// The same with the argument string read and both data files open.
 int inPreparedRun(const JobRun& job, std::ostream& output, const std::function<int(RunContext&)>& work);
 
+/// The same for a job that only reads; the files may be read-only. A month before that in which the books
+/// begin is refused with a sentence and status 2.
+int inReadingRun(const JobRun& job, std::ostream& output, std::ostream& problems,
+                 const std::function<int(RunContext&)>& work);
+
 }  // namespace zelkor

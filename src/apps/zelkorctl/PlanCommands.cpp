@@ -22,6 +22,10 @@ int refused(const std::vector<std::string>& reasons, int status, std::ostream& p
   return status;
 }
 
+std::optional<OpenPeriod> openPeriodOf(RunContext& run) {
+  return openPeriod(run.dbZKData, run.dbZKSystem, run.gstrAccountId);
+}
+
 std::vector<DeprTable> tablesOf(const DeprPlan& plan, const std::string& by) {
   std::vector<DeprTable> tables;
   if (by.empty()) return planTables(plan);
@@ -45,14 +49,14 @@ int planCommand(const JobRun& job, const PlanOptions& options, std::ostream& out
   if (const std::string problem = tableProblem(options.tables); !problem.empty())
     return refused({problem}, kWrongUsage, problems);
   const std::string csv = options.changes.empty() ? std::string() : contentOf(options.changes);
-  return inPreparedRun(job, output, [&](RunContext& run) {
+  return inReadingRun(job, output, problems, [&](RunContext& run) {
     const auto file = tableFile(run, options.tables);
     std::vector<std::string> found;
     PlannedChanges changes;
     if (!options.changes.empty())
       changes = readPlannedChanges(run.dbZKData, firstOfMonth(run.gdOpDate), csv, found);
     if (!found.empty()) return refused(found, kNotDone, problems);
-    const DeprPlan plan = planDepr(run.dbZKData, run.gdOpDate, options.months, changes);
+    const DeprPlan plan = planDepr(run.dbZKData, run.gdOpDate, options.months, changes, openPeriodOf(run));
     if (!plan.problems.empty()) return refused(plan.problems, kNotDone, problems);
     write(run, plan, options, file ? file->open() : output);
     if (file) file->finish();
@@ -64,11 +68,11 @@ int previewCommand(const JobRun& job, const TableOptions& options, std::ostream&
                    std::ostream& problems) {
   if (const std::string problem = tableProblem(options); !problem.empty())
     return refused({problem}, kWrongUsage, problems);
-  return inPreparedRun(job, output, [&](RunContext& run) {
+  return inReadingRun(job, output, problems, [&](RunContext& run) {
     if (run.giRunType != kMonthlyRun)
       return refused({"--preview 只用于运行类型 8 计提折旧"}, kWrongUsage, problems);
     const auto file = tableFile(run, options);
-    const RunPreview preview = previewMonthDepr(run.dbZKData, run.gdOpDate);
+    const RunPreview preview = previewMonthDepr(run.dbZKData, run.gdOpDate, openPeriodOf(run));
     if (!preview.problems.empty()) return refused(preview.problems, kNotDone, problems);
     writeTables(run, {Format(preview.month, "yyyy.mm"), preview.remarks}, previewTables(preview), options,
                 file ? file->open() : output);

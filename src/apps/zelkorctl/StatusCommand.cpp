@@ -108,8 +108,8 @@ void printText(const RunContext& run, const BookReading& reading, std::ostream& 
 
 }  // namespace
 
-int statusCommand(const JobRun& job, bool json, std::ostream& output) {
-  return inPreparedRun(job, output, [&](RunContext& run) {
+int statusCommand(const JobRun& job, bool json, std::ostream& output, std::ostream& problems) {
+  return inReadingRun(job, output, problems, [&](RunContext& run) {
     BookReading reading = readBooks({run.gstrZtFile, run.gstrZkSysFile, run.gstrAccountId, run.gdOpDate});
     takeCheck(reading,
               CheckMemory(CheckMemory::usualFile()).lastOf(run.gstrZtFile, run.gstrAccountId, run.gdOpDate));

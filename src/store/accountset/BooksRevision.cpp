@@ -47,4 +47,8 @@ std::string renewalAdvice(Engine& books, const std::string& path) {
          "；请由管理员运行 zelkorctl renew 更新账套的两个数据文件。";
 }
 
+std::string renewalNotice(const std::string& advice) {
+  return advice + "更新之前可以照常使用。\n";
+}
+
 }  // namespace zelkor

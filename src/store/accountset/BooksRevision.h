@@ -18,6 +18,8 @@ void requireKnownRevision(Engine& books, const std::string& path);
 /// One sentence for books that are older than this program, its functions on a server among them: what they
 /// are, and how to renew them. Empty for all others, also for what holds no books.
 std::string renewalAdvice(Engine& books, const std::string& path);
+/// A line with the advice, for whoever goes on with such books.
+std::string renewalNotice(const std::string& advice);
 
 /// Whether one of the names is that of one of the tables.
 bool namesSome(const std::vector<std::string>& names, const std::vector<TableDef>& tables);

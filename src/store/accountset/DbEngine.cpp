@@ -77,7 +77,7 @@ Database DbEngine::OpenDatabase(const std::string& path) {
 std::shared_ptr<Connection> DbEngine::connect(const std::string& path) {
   std::unique_ptr<Engine> engine = openDataFile(path);
   std::string advice = renewalAdvice(*engine, path);
-  if (!advice.empty() && !std::exchange(noticed_, true)) notices_ << advice << "更新之前可以照常使用。\n";
+  if (!advice.empty() && !std::exchange(noticed_, true)) notices_ << renewalNotice(advice);
   auto connection = std::make_shared<Connection>(std::move(engine), std::move(advice));
   if (workspace_.inTransaction_) connection->gathering().beginWorkspaceTransaction();
   return connection;

@@ -2,6 +2,7 @@
 
 #include "base/RuntimeError.h"
 #include "base/SystemError.h"
+#include "store/accountset/DataFile.h"
 #include "store/accountset/NewFile.h"
 #include "store/engine/postgresql/PostgreSqlEngine.h"
 #include "store/engine/postgresql/ServerLoad.h"
@@ -101,6 +102,12 @@ void createServerAccountSet(const std::string& conninfo, const fs::path& directo
     throw RuntimeError(ErrorNumber::CannotOpenReadOnly,
                        "无法在 '" + directory.string() + "' 建立账套：" + systemReason(error.code().value()));
   }
+}
+
+std::string serverOf(const std::string& file) {
+  std::error_code ignored;
+  return fs::is_regular_file(file, ignored) && namesServer(file) ? ServerFile::read(file).conninfo
+                                                                 : std::string();
 }
 
 }  // namespace zelkor

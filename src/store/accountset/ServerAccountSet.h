@@ -18,4 +18,8 @@ void createServerAccountSet(const std::string& conninfo, const std::filesystem::
 void createServerSchema(const std::string& conninfo, const std::string& schema,
                         const std::filesystem::path& file);
 
+/// The server that the file names, as libpq's conninfo; empty for a file that names none. Error 3343 where it
+/// names one wrongly.
+std::string serverOf(const std::string& file);
+
 }  // namespace zelkor

@@ -44,6 +44,7 @@ bool readWhole(std::string_view text, std::int64_t& value) {
 
 double realOf(const Literal& literal) {
   const std::string_view text = literal.content();
+  if (std::int64_t whole = 0; readWhole(text, whole)) return static_cast<double>(whole);
   if (const Numeral number = readNumeral(text, false); number.length == text.size() && number.length > 0)
     return toDouble(number, text);
   if (const auto number = parseNumber(text)) return *number;

@@ -25,12 +25,7 @@ std::size_t ColumnNames::Hash::operator()(std::string_view name) const {
   return (letters + name.size()) * kSpread >> 32U;
 }
 
-std::optional<std::size_t> ColumnNames::find(std::string_view name) const {
-  if (next_ < asked_.size() && asked_[next_].isCalled(name)) {
-    const std::size_t column = asked_[next_].column;
-    if (++next_ == asked_.size()) next_ = 0;
-    return column;
-  }
+std::optional<std::size_t> ColumnNames::findUnexpected(std::string_view name) const {
   const auto place = places_.find(name);
   if (place == places_.end()) return std::nullopt;
   expectAfter(name, place->second);

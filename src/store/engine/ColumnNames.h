@@ -20,7 +20,12 @@ class ColumnNames {
  public:
   explicit ColumnNames(std::span<const dialect::OutputColumn> columns);
 
-  std::optional<std::size_t> find(std::string_view name) const;
+  std::optional<std::size_t> find(std::string_view name) const {
+    if (next_ == asked_.size() || !asked_[next_].isCalled(name)) return findUnexpected(name);
+    const std::size_t column = asked_[next_].column;
+    if (++next_ == asked_.size()) next_ = 0;
+    return column;
+  }
 
  private:
   struct Hash {
@@ -40,6 +45,7 @@ class ColumnNames {
     }
   };
 
+  std::optional<std::size_t> findUnexpected(std::string_view name) const;
   void expectAfter(std::string_view name, std::size_t column) const;
 
   std::unordered_map<std::string_view, std::size_t, Hash, Same> places_;

@@ -49,6 +49,7 @@ PreparedQuery::PreparedQuery(Engine& engine, const dialect::Translation& transla
       query_(translation.query),
       slots_(translation.slots),
       columnNames_(query_->columns()),
+      firstColumn_(static_cast<int>(query_->sources().size() + query_->tieKeys())),
       projection_(std::make_shared<const Projection>(startingProjection(*query_))) {
   for (const dialect::OutputColumn& column : query_->columns()) types_.push_back(column.type);
 }

@@ -34,6 +34,8 @@ class PreparedQuery {
   const dialect::Query& query() const { return *query_; }
   const ColumnNames& columnNames() const { return columnNames_; }
   dialect::ColumnType typeOf(std::size_t column) const { return types_[column]; }
+  /// Where a statement delivers the first of its columns, after the row keys and tie keys.
+  int firstColumn() const { return firstColumn_; }
   std::span<const dialect::ParameterSlot> slots() const { return slots_; }
 
   /// A statement on its way through a result, and what it delivers after the row keys and tie keys.
@@ -88,6 +90,7 @@ class PreparedQuery {
   std::vector<dialect::ParameterSlot> slots_;
   ColumnNames columnNames_;
   std::vector<dialect::ColumnType> types_;  // of the columns, close together
+  int firstColumn_;
   std::shared_ptr<const Projection> projection_;
   std::shared_ptr<const Projection> plain_;  // without bytes; once it has been needed
   std::array<std::array<Idle, 2>, 2> idle_;

@@ -98,6 +98,7 @@ bool RecordsetState::streamNext() {
   if (!streaming()) return false;
   bool more = false;
   try {
+    leaveRow();
     more = step() && withinTop();
   } catch (const RuntimeError&) {
     failure_ = std::current_exception();
@@ -108,7 +109,6 @@ bool RecordsetState::streamNext() {
     finish();
     return false;
   }
-  if (keyed()) takeKeys();
   ++known_;
   return true;
 }
@@ -135,14 +135,16 @@ bool RecordsetState::wasPassed() {
   return true;
 }
 
+// What is needed later of the row that the statement stands on, before it moves on.
+void RecordsetState::leaveRow() {
+  takeKeys();
+  if (known_ > 0 && query_->query().top() == known_) lastTieKeys_ = tieKeys();
+}
+
 // TOP n keeps the rows that tie with row n on the order keys.
-bool RecordsetState::withinTop() {
+bool RecordsetState::withinTop() const {
   const std::optional<int> top = query_->query().top();
-  if (!top || known_ + 1 < *top) return true;
-  if (known_ + 1 == *top) {
-    lastTieKeys_ = tieKeys();
-    return true;
-  }
+  if (!top || known_ < *top) return true;
   return !lastTieKeys_.empty() && std::ranges::equal(lastTieKeys_, tieKeys(), sameTie);
 }
 
@@ -162,18 +164,21 @@ std::vector<RecordsetState::RowKey> RecordsetState::keysOf(const EngineStatement
   return keys;
 }
 
+// The keys of the row that the statement stands on are taken when they are needed, or when it is about to
+// move on: of many queries one row is all that is read.
 void RecordsetState::takeKeys() {
-  if (known_ == 0) keys_.reserve(sources());
+  const auto known = static_cast<std::size_t>(known_) * sources();
+  if (!streaming() || keys_.size() == known) return;
+  if (known_ == 1) keys_.reserve(known);
   for (int i = 0; i < static_cast<int>(sources()); ++i) keys_.push_back(keyAt(*run_.statement, i));
 }
 
 std::vector<Value> RecordsetState::decodeStreamedRow() const {
-  const std::size_t first = sources() + query_->query().tieKeys();
+  int place = query_->firstColumn();
   std::vector<Value> row;
   row.reserve(run_.projection->columns.size());
-  for (std::size_t i = 0; i < run_.projection->columns.size(); ++i)
-    row.push_back(
-        readCell(*run_.statement, static_cast<int>(first + i), columns()[run_.projection->columns[i]].type));
+  for (const std::size_t column : run_.projection->columns)
+    row.push_back(readCell(*run_.statement, place++, query_->typeOf(column)));
   return row;
 }
 
@@ -182,6 +187,7 @@ std::vector<Value> RecordsetState::decodeStreamedRow() const {
 // on as it began.
 void RecordsetState::widenStream() {
   if (!streaming() || !keyed() || known_ != 1 || run_.projection->covers(query_->projection())) return;
+  takeKeys();
   PreparedQuery::Run wider = run_.firstRowsOnly ? query_->take() : query_->takeWhole();
   try {
     bindSlots(*wider.statement, query_->slots(), literals_);
@@ -269,7 +275,20 @@ void RecordsetState::requireCurrentRow() const {
   if (current_ < 0 || atEnd_) throw RuntimeError(ErrorNumber::NoCurrentRecord);
 }
 
+// Where the statement that stands on the current row delivers the column; -1 where there is none, or where
+// something else has to be done to read it.
+int RecordsetState::placeInStream(std::size_t column) const {
+  if (edit_ || !onStreamedRow() || run_.learns || column >= run_.projection->placeOf.size()) return -1;
+  const int place = run_.projection->placeOf[column];
+  return place < 0 ? -1 : query_->firstColumn() + place;
+}
+
 Value RecordsetState::value(std::size_t column) {
+  const int place = placeInStream(column);
+  return place < 0 ? valueElsewhere(column) : readCell(*run_.statement, place, query_->typeOf(column));
+}
+
+Value RecordsetState::valueElsewhere(std::size_t column) {
   if (column >= columns().size()) throw dialect::unknownItem(std::to_string(column));
   if (edit_) {
     if (const Value* set = edit_->find(column)) return *set;
@@ -278,17 +297,14 @@ Value RecordsetState::value(std::size_t column) {
   look();
   requireCurrentRow();
   if (keyed()) return keyedValue(column);
-  if (!onStreamedRow()) return rows_[static_cast<std::size_t>(current_)][column];
-  return readCell(*run_.statement, static_cast<int>(query_->query().tieKeys() + column),
-                  query_->typeOf(column));
+  return rows_[static_cast<std::size_t>(current_)][column];
 }
 
 Value RecordsetState::keyedValue(std::size_t column) {
   if (onStreamedRow()) {
     if (const int place = run_.projection->placeOf[column]; place >= 0) {
       if (run_.learns) query_->learn(column);
-      const auto first = static_cast<int>(sources() + query_->query().tieKeys());
-      return readCell(*run_.statement, first + place, query_->typeOf(column));
+      return readCell(*run_.statement, query_->firstColumn() + place, query_->typeOf(column));
     }
     // What has come without being learned is asked for as well: a wider statement goes on delivering it.
     if (!run_.learns)
@@ -307,6 +323,7 @@ bool RecordsetState::cacheHolds(std::size_t column) const {
 }
 
 void RecordsetState::bindKeys(EngineStatement& statement) {
+  takeKeys();
   auto parameter = static_cast<int>(query_->slots().size());
   const std::size_t first = static_cast<std::size_t>(current_) * sources();
   for (std::size_t i = 0; i < sources(); ++i) {

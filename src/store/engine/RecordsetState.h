@@ -93,14 +93,16 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   std::size_t sources() const { return query_->query().sources().size(); }
   bool keyed() const { return query_->query().keyed(); }
   bool streaming() const { return run_.statement != nullptr; }
-  bool onStreamedRow() const { return streaming() && current_ == known_ - 1; }
+  bool onStreamedRow() const { return streaming() && current_ >= 0 && current_ == known_ - 1; }
+  int placeInStream(std::size_t column) const;
 
   void look();
   void run();
   bool streamNext();
   bool step();
+  void leaveRow();
   bool wasPassed();
-  bool withinTop();
+  bool withinTop() const;
   std::vector<Value> tieKeys() const;
   std::vector<RowKey> keysOf(const EngineStatement& row) const;
   void takeKeys();
@@ -112,6 +114,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   void standOn(long row);
 
   void requireCurrentRow() const;
+  Value valueElsewhere(std::size_t column);
   Value keyedValue(std::size_t column);
   bool cacheHolds(std::size_t column) const;
   void readCurrentByKey(const PreparedQuery::RowByKey& byKey);
@@ -124,7 +127,7 @@ class RecordsetState : public std::enable_shared_from_this<RecordsetState> {
   std::vector<dialect::Literal> literals_;  // point into sql_
 
   PreparedQuery::Run run_;
-  std::vector<RowKey> keys_;              // keyed: sources() keys for each known row
+  std::vector<RowKey> keys_;              // keyed: sources() keys for each known row; see takeKeys
   std::vector<RowKey> passed_;            // of the first rows, until the whole result has come to them
   std::vector<std::vector<Value>> rows_;  // otherwise: the rows that the statement has left behind
   std::vector<Value> lastTieKeys_;

@@ -48,16 +48,13 @@ class StatementPiece {
   std::string_view text_;
 };
 
+/// The texts of the pieces in their order.
+std::string joined(std::initializer_list<StatementPiece> pieces);
+
 /// The pieces in their order as one statement: sql("Delete From FA_Cards Where sCardNum='", card, "'").
 template <typename... Pieces>
 std::string sql(const Pieces&... pieces) {
-  const std::initializer_list<StatementPiece> list{StatementPiece(pieces)...};
-  std::size_t length = 0;
-  for (const StatementPiece& piece : list) length += piece.text().size();
-  std::string statement;
-  statement.reserve(length);
-  for (const StatementPiece& piece : list) statement += piece.text();
-  return statement;
+  return joined({StatementPiece(pieces)...});
 }
 
 /// The day as it is between the hash signs of a date literal: "2004-4-1", without leading zeros.

@@ -7,6 +7,15 @@
 #include "store/settings/Parameters.h"
 
 namespace zelkor {
+namespace {
+
+constexpr int kLastMonth = 12;
+
+std::string nameOf(DateTime day) {
+  return sql(day.year(), "年", day.month(), "月");
+}
+
+}  // namespace
 
 std::optional<std::string> onlyAccount(Database& system) {
   Recordset accounts = system.OpenRecordset("select cAcc_id from za_account");
@@ -17,7 +26,6 @@ std::optional<std::string> onlyAccount(Database& system) {
 }
 
 std::optional<OpenPeriod> openPeriod(Database& data, Database& system, std::string_view account) {
-  constexpr int kLastMonth = 12;
   if (readParameter(data, "dStartDate").value_or("").empty()) return std::nullopt;
   const Value month(readParameter(data, "iLastPeriod").value_or(""));
   if (!IsNumeric(month)) return std::nullopt;
@@ -27,6 +35,23 @@ std::optional<OpenPeriod> openPeriod(Database& data, Database& system, std::stri
   const Value year = period.Fields("lastYear");
   if (year.isNull()) return std::nullopt;
   return OpenPeriod{CInt(year), CInt(month)};
+}
+
+std::string remarkOnMonth(const OpenPeriod& open, DateTime day) {
+  if (open.month < 1 || open.month > kLastMonth + 1) return {};
+  const bool isNextYear = open.month > kLastMonth;
+  const auto first = DateTime::fromParts(open.year + (isNextYear ? 1 : 0), isNextYear ? 1 : open.month, 1);
+  const std::int64_t ahead = first ? DateDiff("m", *first, day) : 0;
+  if (ahead == 0) return {};
+  if (ahead < 0) return nameOf(day) + "已经结账";
+  return sql("未结账的月份是", first->year() == day.year() ? sql(first->month(), "月") : nameOf(*first), "，",
+             nameOf(day), "以前还有月份没有结账");
+}
+
+std::string whyBeforeBooks(Database& data, DateTime day) {
+  const auto start = parseDate(readParameter(data, "dStartDate").value_or(""));
+  if (!start || DateDiff("m", *start, day) >= 0) return {};
+  return sql("操作日期在", nameOf(day), "，账套从", nameOf(*start), "开始：请另给操作日期。");
 }
 
 std::optional<DateTime> lastDayOfOpenMonth(Database& data, Database& system, std::string_view account) {

@@ -8,14 +8,14 @@
 #include <cerrno>
 #include <system_error>
 
-#include "base/Conversion.h"
 #include "base/EndSignals.h"
 #include "base/Format.h"
 #include "base/RuntimeError.h"
 #include "base/SystemError.h"
+#include "depreciation/BookFigures.h"
 #include "store/accountset/BooksRevision.h"
 #include "store/accountset/DataFile.h"
-#include "store/engine/Connection.h"
+#include "store/accountset/ReadingDatabase.h"
 #include "store/settings/OpenMonth.h"
 #include "transfer/backup/Checksum.h"
 
@@ -25,7 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 
 Database openForReading(const fs::path& file) {
-  return Database(std::make_shared<Connection>(openDataFileForReading(file.string())));
+  return openDatabaseForReading(file.string());
 }
 
 void requireSet(Database& data, Database& system, const BackupOrder& order) {
@@ -57,22 +57,31 @@ std::string describeOwner(BackupNote& note, Database& system) {
   return first;
 }
 
-/// Reads what the note says of the account set from the copies. Of a card its newest version counts, by the
-/// number that its text is: as texts 9 would come behind 10.
-void describeSet(BackupNote& note, Database& data, Database& system) {
-  const auto lastDay = lastDayOfOpenMonth(data, system, describeOwner(note, system));
-  if (lastDay) note.month = Format(*lastDay, "yyyy-mm");
-  const Recordset cards = data.OpenRecordset(
-      "select count(*) as n, sum(dblValue) as v, sum(dblTransInDeprTCard) as d from fa_Cards where "
-      "dDisposeDate is null and val(sCardID) in (select max(val(a.sCardID)) from fa_Cards as a group by "
-      "a.sCardNum)");
-  note.cards = CLng(cards.Fields("n"));
-  const auto amount = [&](const char* field) {
-    const Value sum = cards.Fields(field);
-    return Format(sum.isNull() ? Value(0.0) : sum, "0.00");
-  };
-  note.value = amount("v");
-  note.accumulated = amount("d");
+/// What the workbench shows on that day. Books whose tables do not allow it are backed up all the same,
+/// without these figures.
+void describeFigures(BackupNote& note, Books books) {
+  try {
+    const BookFigures figures = readFigures(books, tallyCards(books, TallyDepth::Whole));
+    note.cards = figures.cardsInUse;
+    note.value = Format(figures.value, "0.00");
+    note.accumulated = Format(figures.accumulated, "0.00");
+  } catch (const RuntimeError& error) {
+    if (error.is(ErrorNumber::DiskFull)) throw;
+  }
+}
+
+/// Reads what the note says of the account set from the copies: as of the end of the open month, of December
+/// once that is closed, and of now where no month ever was open.
+void describeSet(BackupNote& note, const Database& data, const Database& system) {
+  Books books{data, system, {}, note.time, {}};
+  books.account = describeOwner(note, books.system);
+  if (const auto lastDay = lastDayOfOpenMonth(books.data, books.system, books.account)) {
+    note.month = Format(*lastDay, "yyyy-mm");
+    books.date = *lastDay;
+  } else if (const auto closed = openPeriod(books.data, books.system, books.account)) {
+    books.date = DateTime::fromParts(closed->year, 12, 31).value_or(note.time);
+  }
+  describeFigures(note, std::move(books));
 }
 
 BackedUpFile described(EngineSource& source, const fs::path& copy) {
@@ -171,6 +180,27 @@ void requireNoBackup(const BackupOrder& order) {
 std::string accountsIn(const std::string& systemFile) {
   Database system = openForReading(systemFile);
   return numbersOf(system);
+}
+
+std::string nameOfSet(const BackupNote& note) {
+  return "“" + note.name + "”" + (note.unit.empty() ? "" : "（" + note.unit + "）");
+}
+
+std::string otherNameThan(const BackupNote& backup, const std::string& systemFile) {
+  try {
+    Database system = openForReading(systemFile);
+    BackupNote there{.account = backup.account};
+    describeOwner(there, system);
+    const bool isKnown = !there.name.empty() || !there.unit.empty();
+    const bool isSame = there.name == backup.name && there.unit == backup.unit;
+    return isKnown && !isSame ? nameOfSet(there) : std::string();
+  } catch (const RuntimeError&) {
+    return {};
+  }
+}
+
+std::string remarkOnName(const BackupNote& backup, const std::string& otherName) {
+  return "账套号相同，名称或使用单位不同：现在是" + otherName + "，备份是" + nameOfSet(backup) + "。";
 }
 
 fs::path backupsBeside(const fs::path& data) {

@@ -31,6 +31,15 @@ struct MadeBackup {
 /// The numbers of the accounts in a system file, between them `kBetweenAccounts`. Errors as openDataFile's.
 std::string accountsIn(const std::string& systemFile);
 
+/// What the account set of a system file is called, "“name”（unit）", where that is not what the one of a
+/// backup with its number is called. Empty otherwise, and where nobody can say.
+std::string otherNameThan(const BackupNote& backup, const std::string& systemFile);
+/// The same for the backup's own set.
+std::string nameOfSet(const BackupNote& note);
+
+/// A sentence for who is asked whether to restore it all the same.
+std::string remarkOnName(const BackupNote& backup, const std::string& otherName);
+
 /// Where backups of a data file are kept unless another place is said.
 std::filesystem::path backupsBeside(const std::filesystem::path& data);
 

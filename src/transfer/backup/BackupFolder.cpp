@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <map>
 #include <system_error>
 #include <tuple>
@@ -72,11 +73,21 @@ bool isOfDamaged(const fs::path& folder) {
   return folder.filename().string().starts_with(kDamagedBeginning);
 }
 
+/// Whether nobody can be making that backup any more. Where the file system has no locks its age has to tell.
+bool isLeftOver(const FileDescriptor& lock) {
+  constexpr std::time_t kNobodyTakesThatLong = 24L * 60 * 60;  // in seconds
+  if (!lock) return false;
+  if (::flock(lock.get(), LOCK_EX | LOCK_NB) == 0) return true;
+  struct stat folder {};
+  return ::fstat(lock.get(), &folder) == 0 && folder.st_mtime + kNobodyTakesThatLong < std::time(nullptr);
+}
+
 void removeLeftOver(const fs::path& above) {
   std::error_code ignored;
   for (const fs::directory_entry& entry : fs::directory_iterator(above, ignored)) {
     if (!isUnfinished(entry.path())) continue;
-    if (const FileDescriptor lock = locked(entry.path(), LOCK_EX)) fs::remove_all(entry.path(), ignored);
+    const FileDescriptor lock = locked(entry.path(), LOCK_EX);
+    if (isLeftOver(lock)) fs::remove_all(entry.path(), ignored);
   }
 }
 

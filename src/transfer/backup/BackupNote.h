@@ -33,8 +33,8 @@ struct BackupNote {
   std::string machine = {};  // where the original lies, which is what tells sets of one number apart
   std::string source = {};
   int revision = 0;        // of the books
-  std::int64_t cards = 0;  // in force, with the sums of their newest versions
-  std::string value = {};
+  std::int64_t cards = 0;  // in use at the end of the open month
+  std::string value = {};  // what they come to; empty, as the next, where the books do not allow to say it
   std::string accumulated = {};
   BackedUpFile data = {};
   BackedUpFile system = {};

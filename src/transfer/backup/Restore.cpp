@@ -117,9 +117,17 @@ void Restoring::requireSameAccount() const {
   }
   const std::vector<std::string> accounts = Split(there, kBetweenAccounts);
   const std::string& account = restored_.note.account;
-  if (there.empty() || there == account || std::ranges::find(accounts, account) != accounts.end()) return;
-  refuse("目标“" + place_.folder.string() + "”是账套 " + there + "，备份是账套 " + account +
-         "：请恢复到新的目录。");
+  if (there.empty()) return;
+  if (there != account && std::ranges::find(accounts, account) == accounts.end())
+    refuse("目标“" + place_.folder.string() + "”是账套 " + there + "，备份是账套 " + account +
+           "：请恢复到新的目录。");
+  if (order_.renamed) return;
+  const std::string name = otherNameThan(restored_.note, place_.system.string());
+  if (name.empty()) return;
+  refuse("目标“" + place_.folder.string() + "”的账套 " + account + " 是" + name + "，备份是" +
+         nameOfSet(restored_.note) +
+         "：账套号相同而名称或使用单位不同。确是同一个账套、只是改过名称时，加上 --renamed "
+         "再恢复；否则请恢复到新的目录。");
 }
 
 void Restoring::keepWhatIsThere() {

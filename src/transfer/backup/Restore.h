@@ -17,6 +17,7 @@ struct RestoreOrder {
   std::string server = {};            // a new account set lies on the server that these words describe
   std::filesystem::path keepIn = {};  // where what was there is kept; empty: `backupsBeside` the target
   std::string keptLabel = {};         // the label of that backup
+  bool renamed = false;               // the set there may have another name or unit than the backup's
   JobNote note = {};                  // what others are told while it lasts
   std::string program = {};
 };
@@ -41,7 +42,8 @@ struct BusyWithJob {
 /// Beside a server the content of both schemas is replaced, in one transaction.
 ///
 /// Throws BusyWithJob; error 3045 when somebody has the account set open, 3343 for a backup that is not
-/// whole, 5 for one of another account set, as `systemError` when something cannot be written.
+/// whole, 5 for one of another account set, by its number or
+/// by what it is called, as `systemError` when something cannot be written.
 Restored restoreBackup(const RestoreOrder& order);
 
 }  // namespace zelkor

@@ -32,11 +32,6 @@ std::vector<ColumnInfo> targets(const TableInfo& table, const Insert& insert, co
   return columns;
 }
 
-void assignItems(BindContext& context, bound::Select& select, const std::vector<ColumnInfo>& columns) {
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    select.items[i].expr = assigned(context, std::move(select.items[i].expr), columns[i]);
-}
-
 // A boolean column is never Null in its own table, so it can be copied as it is.
 bool isOwnBoolean(const BoundSelect& rows, const bound::Item& item) {
   return item.expr.type.type == ColumnType::Boolean && item.source && *item.source < rows.missing.size() &&
@@ -95,16 +90,16 @@ BoundSelect behind(BoundSelect rows) {
 
 bound::Select storedRows(BindContext& context, BoundSelect rows, const std::vector<ColumnInfo>& columns) {
   if (rows.select.distinct || !rows.select.unions.empty()) rows = behind(std::move(rows));
-  std::vector<bound::Item> copied = rows.select.items;
-  assignItems(context, rows.select, columns);
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    if (columns[i].type == ColumnType::Boolean && isOwnBoolean(rows, copied[i]))
-      rows.select.items[i].expr = std::move(copied[i].expr);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    bound::Item& item = rows.select.items[i];
+    if (columns[i].type != ColumnType::Boolean || !isOwnBoolean(rows, item))
+      item.expr = assigned(context, std::move(item.expr), columns[i]);
+  }
   return std::move(rows.select);
 }
 
 bound::Insert bindInsert(BindContext& context, const Insert& insert) {
-  const TableInfo table = context.table(insert.table);
+  const TableInfo& table = context.table(insert.table);
   bound::Insert result;
   result.table = table.name;
   std::optional<BoundSelect> rows;

@@ -168,7 +168,7 @@ class SelectBinder {
   }
 
   void bindOrder() {
-    const std::vector<bound::Item> items = result_.select.items;
+    const std::vector<bound::Item>& items = result_.select.items;
     for (const OrderKey& key : select_.orderBy) {
       bound::OrderKey bound = select_.unions.empty() ? ownKey(key.expr, items) : unitedKey(key.expr, items);
       bound.descending = key.descending;

@@ -4,12 +4,15 @@ namespace zelkor::dialect {
 namespace {
 
 std::string enclosed(std::string_view text, char mark) {
-  std::string result(1, mark);
-  for (const char c : text) {
-    if (c == mark) result += mark;
-    result += c;
+  std::string result;
+  result.reserve(text.size() + 2);
+  result += mark;
+  std::size_t begin = 0;
+  for (std::size_t at = text.find(mark); at != std::string_view::npos; at = text.find(mark, begin)) {
+    result.append(text, begin, at + 1 - begin) += mark;
+    begin = at + 1;
   }
-  return result + mark;
+  return result.append(text, begin) += mark;
 }
 
 }  // namespace

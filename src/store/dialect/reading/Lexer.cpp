@@ -136,11 +136,11 @@ bool followsListItem(Keyword keyword) {
 
 const Lexeme& Lexer::next() {
   skipBlanks();
-  lexeme_.doubledQuotes = lexeme_.prefixPattern = false;
-  const Expected expected = std::exchange(expected_, Expected::Nothing);
+  memory_.lexeme.doubledQuotes = memory_.lexeme.prefixPattern = false;
+  const Expected expected = std::exchange(memory_.expected, Expected::Nothing);
   if (cursor_ == end_) {
     finish(LexemeKind::End, end_, end_);
-    return lexeme_;
+    return memory_.lexeme;
   }
   switch (classOf(*cursor_)) {
     case Letter:
@@ -173,35 +173,31 @@ const Lexeme& Lexer::next() {
     default:
       fail(SyntaxFault::Syntax);
   }
-  return lexeme_;
+  return memory_.lexeme;
 }
 
 // What a lexer has learnt depends on nothing but the text that it has read, as long as its last word ends
 // there.
 bool Lexer::passOver(std::string_view text, const Lexer& other) {
   if (text.empty()) return true;
-  if (!rest().starts_with(text)) return false;
-  const std::string_view statement = statement_;
-  const char* const place = cursor_ + text.size();
-  const char* const end = end_;
-  *this = other;
-  statement_ = statement;
-  cursor_ = place;
-  end_ = end;
-  const std::size_t length = lexeme_.source.size();
-  lexeme_.source = std::string_view(cursor_ - length, length);
-  return lexeme_.kind != LexemeKind::Word || cursor_ == end_ || !continuesWord(cursor_, end_);
+  if (cursor_ == end_ || *cursor_ != text.front()) return false;
+  if (text.size() > 1 && !rest().starts_with(text)) return false;
+  cursor_ += text.size();
+  memory_ = other.memory_;
+  const std::size_t length = memory_.lexeme.source.size();
+  memory_.lexeme.source = std::string_view(cursor_ - length, length);
+  return memory_.lexeme.kind != LexemeKind::Word || cursor_ == end_ || !continuesWord(cursor_, end_);
 }
 
 void Lexer::skipBlanks() {
   const char* start = cursor_;
   while (cursor_ != end_ && classOf(*cursor_) == Blank) ++cursor_;
-  lexeme_.blankBefore = cursor_ != start;
+  memory_.lexeme.blankBefore = cursor_ != start;
 }
 
 void Lexer::finish(LexemeKind kind, const char* begin, const char* end) {
-  lexeme_.kind = kind;
-  lexeme_.source = std::string_view(begin, static_cast<std::size_t>(end - begin));
+  memory_.lexeme.kind = kind;
+  memory_.lexeme.source = std::string_view(begin, static_cast<std::size_t>(end - begin));
   cursor_ = end;
 }
 
@@ -212,11 +208,11 @@ void Lexer::fail(SyntaxFault fault) const {
   const char* begin = statement_.data();
   const char* at = cursor_;
   while (at == cursor_) {
-    const bool behindText = walk.lexeme_.kind == LexemeKind::Text;
+    const bool behindText = walk.memory_.lexeme.kind == LexemeKind::Text;
     if (walk.next().kind == LexemeKind::End) break;
-    if (behindText && walk.endsOperand() && walk.lexeme_.kind != LexemeKind::Symbol) {
-      at = walk.lexeme_.source.data();
-    } else if (opensExpression(walk.lexeme_)) {
+    if (behindText && walk.endsOperand() && walk.memory_.lexeme.kind != LexemeKind::Symbol) {
+      at = walk.memory_.lexeme.source.data();
+    } else if (opensExpression(walk.memory_.lexeme)) {
       begin = walk.cursor_;
     }
   }
@@ -229,29 +225,29 @@ void Lexer::scanWord() {
   const char* p = endOfWord(cursor_, end_);
   if (p == cursor_) fail(SyntaxFault::Syntax);
   finish(LexemeKind::Word, cursor_, p);
-  if (std::exchange(first_, false)) noteFirstWord(lexeme_.source);
-  noteWord(lexeme_.source);
+  if (std::exchange(memory_.first, false)) noteFirstWord(memory_.lexeme.source);
+  noteWord(memory_.lexeme.source);
 }
 
 void Lexer::noteFirstWord(std::string_view word) {
-  definesData_ = isWord(word, "create") || isWord(word, "alter");
+  memory_.definesData = isWord(word, "create") || isWord(word, "alter");
 }
 
 void Lexer::noteWord(std::string_view word) {
   switch (word.size()) {
     case 2:
       if (!isWord(word, "by")) return;
-      expected_ = Expected::Ordinal;
-      listDepth_ = depth_;
+      memory_.expected = Expected::Ordinal;
+      memory_.listDepth = memory_.depth;
       return;
     case 3:
-      if (isWord(word, "top")) expected_ = Expected::TopCount;
+      if (isWord(word, "top")) memory_.expected = Expected::TopCount;
       return;
     case 4:
-      if (isWord(word, "like")) expected_ = Expected::Pattern;
+      if (isWord(word, "like")) memory_.expected = Expected::Pattern;
       return;
     case 6:
-      if (listDepth_ >= 0 && isWord(word, "select")) listDepth_ = -1;
+      if (memory_.listDepth >= 0 && isWord(word, "select")) memory_.listDepth = -1;
       return;
     default:
       return;
@@ -273,11 +269,11 @@ void Lexer::scanText(Expected expected) {
     if (p == nullptr) fail(endsOperand() ? SyntaxFault::MissingOperator : SyntaxFault::Text);
     ++p;
     if (p == end_ || *p != quote) break;
-    lexeme_.doubledQuotes = true;
+    memory_.lexeme.doubledQuotes = true;
     ++p;
   }
   finish(LexemeKind::Text, cursor_, p);
-  lexeme_.prefixPattern = expected == Expected::Pattern && isPrefixPattern(lexeme_.inner());
+  memory_.lexeme.prefixPattern = expected == Expected::Pattern && isPrefixPattern(memory_.lexeme.inner());
 }
 
 void Lexer::scanNumber(Expected expected) {
@@ -298,8 +294,9 @@ void Lexer::scanNumber(Expected expected) {
   }
   const char* begin = cursor_;
   finish(LexemeKind::Number, begin, p);
-  if ((expected != Expected::Nothing || definesData_) && belongsToShape(expected, lexeme_.source)) {
-    lexeme_.kind = LexemeKind::Ordinal;
+  if ((expected != Expected::Nothing || memory_.definesData) &&
+      belongsToShape(expected, memory_.lexeme.source)) {
+    memory_.lexeme.kind = LexemeKind::Ordinal;
   }
 }
 
@@ -307,7 +304,7 @@ void Lexer::scanNumber(Expected expected) {
 bool Lexer::belongsToShape(Expected expected, std::string_view digits) const {
   constexpr std::size_t kMostDigits = 9;
   if (digits.size() > kMostDigits || !std::all_of(digits.begin(), digits.end(), isDigit)) return false;
-  if (definesData_ || expected == Expected::TopCount) return true;
+  if (memory_.definesData || expected == Expected::TopCount) return true;
   if (expected != Expected::Ordinal) return false;
   const char* p = cursor_;
   while (p != end_ && classOf(*p) == Blank) ++p;
@@ -316,9 +313,9 @@ bool Lexer::belongsToShape(Expected expected, std::string_view digits) const {
 }
 
 bool Lexer::endsOperand() const {
-  switch (lexeme_.kind) {
+  switch (memory_.lexeme.kind) {
     case LexemeKind::Word:
-      return keywordOf(lexeme_.source) == Keyword::None;
+      return keywordOf(memory_.lexeme.source) == Keyword::None;
     case LexemeKind::QuotedName:
     case LexemeKind::Text:
     case LexemeKind::Number:
@@ -326,7 +323,7 @@ bool Lexer::endsOperand() const {
     case LexemeKind::Ordinal:
       return true;
     case LexemeKind::Symbol:
-      return lexeme_.source == ")";
+      return memory_.lexeme.source == ")";
     case LexemeKind::End:
       break;
   }
@@ -353,8 +350,8 @@ void Lexer::scanDate() {
 
 // Behind a name the point leads to a column; elsewhere it may begin a fraction.
 void Lexer::scanPoint() {
-  const bool touchesName =
-      !lexeme_.blankBefore && (lexeme_.kind == LexemeKind::Word || lexeme_.kind == LexemeKind::QuotedName);
+  const bool touchesName = !memory_.lexeme.blankBefore && (memory_.lexeme.kind == LexemeKind::Word ||
+                                                           memory_.lexeme.kind == LexemeKind::QuotedName);
   if (!touchesName && cursor_ + 1 != end_ && isDigit(cursor_[1])) {
     scanNumber(Expected::Nothing);
   } else {
@@ -367,14 +364,14 @@ void Lexer::scanSymbol() {
   const char second = cursor_ + 1 == end_ ? '\0' : cursor_[1];
   switch (c) {
     case '(':
-      ++depth_;
+      ++memory_.depth;
       break;
     case ')':
-      --depth_;
-      if (depth_ < listDepth_) listDepth_ = -1;
+      --memory_.depth;
+      if (memory_.depth < memory_.listDepth) memory_.listDepth = -1;
       break;
     case ',':
-      if (depth_ == listDepth_) expected_ = Expected::Ordinal;
+      if (memory_.depth == memory_.listDepth) memory_.expected = Expected::Ordinal;
       break;
     default:
       break;

@@ -58,15 +58,20 @@ class Lexer {
   void finish(LexemeKind kind, const char* begin, const char* end);
   [[noreturn]] void fail(SyntaxFault fault) const;
 
+  /// What is known of the text that has been read.
+  struct Memory {
+    Lexeme lexeme;
+    Expected expected = Expected::Nothing;
+    bool first = true;
+    bool definesData = false;  // CREATE or ALTER: its numbers are sizes
+    int depth = 0;
+    int listDepth = -1;  // depth of the parentheses around the ORDER BY or GROUP BY list that is being read
+  };
+
   std::string_view statement_;
   const char* cursor_;
   const char* end_;
-  Lexeme lexeme_;
-  Expected expected_ = Expected::Nothing;
-  bool first_ = true;
-  bool definesData_ = false;  // CREATE or ALTER: its numbers are sizes
-  int depth_ = 0;
-  int listDepth_ = -1;  // depth of the parentheses around the ORDER BY or GROUP BY list that is being read
+  Memory memory_;
 };
 
 /// The whole statement as tokens, with one of kind End after the last.

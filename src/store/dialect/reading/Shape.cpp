@@ -16,11 +16,13 @@ constexpr char kDate = '\x03';
 constexpr char kPrefixPattern = '\x04';
 constexpr char kBlankAtEnd = '\x05';
 
-void resolveQuotes(std::string_view source, char quote, std::string& content) {
+std::string withSingleQuotes(std::string_view source, char quote) {
+  std::string content;
   for (std::size_t i = 0; i < source.size(); ++i) {
     content.push_back(source[i]);
     if (source[i] == quote) ++i;
   }
+  return content;
 }
 
 /// The platform reads up to four hexadecimal digits as a 16-bit number and more as a 32-bit one, both signed.
@@ -38,7 +40,9 @@ char liftText(const Lexeme& lexeme, std::vector<Literal>& literals) {
   literal.text = lexeme.inner();
   literal.prefixPattern = lexeme.prefixPattern;
   literal.blankAtEnd = literal.text.ends_with(' ');
-  if (lexeme.doubledQuotes) resolveQuotes(literal.text, lexeme.source.front(), literal.unescaped);
+  if (lexeme.doubledQuotes)
+    literal.resolved =
+        std::make_shared<const std::string>(withSingleQuotes(literal.text, lexeme.source.front()));
   if (literal.blankAtEnd) return kBlankAtEnd;
   return lexeme.prefixPattern ? kPrefixPattern : kText;
 }
@@ -47,7 +51,8 @@ char liftNumber(const Lexeme& lexeme, std::vector<Literal>& literals) {
   Literal& literal = literals.emplace_back();
   literal.kind = LiteralKind::Number;
   literal.text = lexeme.source;
-  if (literal.text.front() == '&') literal.unescaped = decimalOf(literal.text.substr(2));
+  if (literal.text.front() == '&')
+    literal.resolved = std::make_shared<const std::string>(decimalOf(literal.text.substr(2)));
   return kNumber;
 }
 

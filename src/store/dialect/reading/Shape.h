@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,7 @@ namespace zelkor::dialect {
 enum class LiteralKind : unsigned char { Text, Number, Date };
 
 /// A constant lifted out of a statement. `text` points into the statement (between the quotes, hashes, or the
-/// number's own characters); a text literal with doubled quotes keeps its resolved content in `unescaped`, a
+/// number's own characters); a text literal with doubled quotes keeps its resolved content in `resolved`, a
 /// hexadecimal number its decimal digits. The sign of a number is an operator and not part of it.
 struct Literal {
   LiteralKind kind{};
@@ -19,9 +20,9 @@ struct Literal {
   /// A text that ends in a blank: part of the shape.
   bool blankAtEnd = false;
   std::string_view text;
-  std::string unescaped;
+  std::shared_ptr<const std::string> resolved;  // mostly none: literals are copied with every query
 
-  std::string_view content() const { return unescaped.empty() ? text : std::string_view(unescaped); }
+  std::string_view content() const { return resolved ? std::string_view(*resolved) : text; }
 };
 
 /// A statement without its constants. Two statements with equal keys have one translation and one prepared

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <charconv>
 #include <string>
 #include <string_view>
@@ -73,13 +74,20 @@ RuntimeError unrecognized(sqlite3* handle) {
   return {ErrorNumber::UnrecognizedFormat, "不可识别的数据库格式 '" + std::string(file) + "'。"};
 }
 
+/// Beside the file the engine makes the index of its log, for who only reads, too.
+bool hasNoRoom(sqlite3* handle, int code) {
+  if ((code & 0xff) == SQLITE_FULL || code == SQLITE_IOERR_SHMSIZE) return true;
+  const int failure = (code & 0xff) == SQLITE_IOERR ? sqlite3_system_errno(handle) : 0;
+  return failure == ENOSPC || failure == EDQUOT;
+}
+
 [[noreturn]] void raiseByPrimaryCode(sqlite3* handle, int code, const std::string& message) {
+  if (hasNoRoom(handle, code))
+    throw RuntimeError(ErrorNumber::DiskFull, "磁盘空间不足，数据文件或旁边的临时文件无法写入。");
   switch (code & 0xff) {
     case SQLITE_CONSTRAINT:
       if (code == SQLITE_CONSTRAINT_NOTNULL) throw nullInColumn(message);
       throw duplicateKey(message);
-    case SQLITE_FULL:
-      throw RuntimeError(ErrorNumber::DiskFull, "磁盘空间不足，数据文件无法写入。");
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN:
       throw RuntimeError(ErrorNumber::DeviceIo, "设备 I/O 错误：" + message);

@@ -67,6 +67,7 @@ IntegrityCheck sqliteIntegrity(Engine& engine) {
     checkPages(engine, check);
     if (check.problems.empty()) checkTexts(engine, check);
   } catch (const RuntimeError& error) {
+    if (error.is(ErrorNumber::DiskFull)) throw;  // says nothing of the file
     check.problems.emplace_back(error.what());
   }
   return check;

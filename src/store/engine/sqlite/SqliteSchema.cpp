@@ -28,6 +28,8 @@ constexpr std::array kDeclaredTypes{
 
 // What the engine calls the file's own list, which is no table of the books.
 constexpr std::string_view kListOfTables = "sqlite_schema";
+// With which the names of the indexes begin by which texts are ordered as numbers.
+constexpr std::string_view kNumberIndex = "zk_number_";
 
 ColumnType typeOf(std::string_view declared) {
   const std::string_view name = declared.substr(0, declared.find('('));
@@ -44,11 +46,13 @@ int sizeOf(std::string_view declared) {
   return size;
 }
 
-/// The texts of one column of what a pragma tells.
-std::vector<std::string> textsOf(EngineStatement& pragma, int column) {
-  std::vector<std::string> texts;
-  while (pragma.step()) texts.emplace_back(pragma.text(column));
-  return texts;
+/// The names that a pragma tells, as far as they begin so.
+std::vector<std::string> namesIn(EngineStatement& pragma, std::string_view beginning = {}) {
+  constexpr int kName = 1;
+  std::vector<std::string> names;
+  while (pragma.step())
+    if (pragma.text(kName).starts_with(beginning)) names.emplace_back(pragma.text(kName));
+  return names;
 }
 
 bool isListed(const std::vector<std::string>& names, std::string_view name) {
@@ -71,12 +75,12 @@ std::optional<TableInfo> SqliteEngine::tableInfo(std::string_view table) {
   const auto pragma = [this](const char* what, std::string_view name) {
     return prepare("PRAGMA main." + std::string(what) + "(" + words().quoted(name) + ")");
   };
-  const auto names = textsOf(*pragma("table_list", table), 1);
+  const auto names = namesIn(*pragma("table_list", table));
   if (names.empty() || names.front() == kListOfTables) return std::nullopt;
 
   TableInfo info;
   info.name = names.front();
-  const auto indexes = textsOf(*pragma("index_list", info.name), 1);
+  const auto numberIndexes = namesIn(*pragma("index_list", info.name), kNumberIndex);
   constexpr int kName = 1;
   constexpr int kType = 2;
   constexpr int kPrimaryKey = 5;
@@ -88,7 +92,9 @@ std::optional<TableInfo> SqliteEngine::tableInfo(std::string_view table) {
     column.size = sizeOf(columns->text(kType));
     if (column.type == ColumnType::Long && columns->integer(kPrimaryKey) != 0)
       column.type = ColumnType::Counter;
-    column.orderedAsNumber = isListed(indexes, "zk_number_" + info.name + "_" + column.name);
+    column.orderedAsNumber =
+        !numberIndexes.empty() &&
+        isListed(numberIndexes, std::string(kNumberIndex) + info.name + "_" + column.name);
     info.columns.push_back(std::move(column));
   }
   return info;

@@ -1,4 +1,4 @@
-#include "home/CardTally.h"
+#include "depreciation/CardTally.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,7 +11,6 @@
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
 #include "depreciation/MonthlyDepr.h"
-#include "home/RecentWork.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -195,9 +194,9 @@ void Walk::take(const Recordset& version) {
 /// Keeps the ids with the greatest numbers.
 void Walk::takeLast(const std::string& id) {
   const double number = Val(id);
-  if (last_.size() == RecentWork::kMost && number <= last_.begin()->first) return;
+  if (last_.size() == CardTally::kMostNewest && number <= last_.begin()->first) return;
   last_.emplace(number, id);
-  if (last_.size() > RecentWork::kMost) last_.erase(last_.begin());
+  if (last_.size() > CardTally::kMostNewest) last_.erase(last_.begin());
 }
 
 void Walk::takeNewest(const Recordset& version, const Days& days, CardSoFar& card) const {

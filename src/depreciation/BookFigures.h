@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "home/Books.h"
-#include "home/CardTally.h"
+#include "depreciation/Books.h"
+#include "depreciation/CardTally.h"
 
 namespace zelkor {
 

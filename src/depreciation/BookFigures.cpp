@@ -1,4 +1,4 @@
-#include "home/BookFigures.h"
+#include "depreciation/BookFigures.h"
 
 #include <algorithm>
 #include <cstddef>

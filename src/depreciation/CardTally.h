@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -8,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "home/Books.h"
+#include "depreciation/Books.h"
 
 namespace zelkor {
 
@@ -31,6 +32,8 @@ using Allocations = std::map<std::tuple<std::string, std::string, std::string>, 
 /// the number in sCardID. A disposal, which bears the date of the machine, also counts from the month on for
 /// which it was staged.
 struct CardTally {
+  static constexpr std::size_t kMostNewest = 8;
+
   long versions = 0;
   long cards = 0;  // card numbers
   long inUse = 0;

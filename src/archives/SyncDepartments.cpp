@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "startup/Strings.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 
@@ -26,10 +27,16 @@ class LevelLengths {
   std::vector<std::string> groups_;
 };
 
-std::int32_t countDepartments(Database& database, const std::string& condition) {
-  const Recordset row =
-      database.OpenRecordset(sql("select Count(*) as xjsl from department where ", condition));
-  return CLng(row.Fields("xjsl"));
+std::string countOf(const std::string& condition) {
+  return sql("select Count(*) as xjsl from department where ", condition);
+}
+
+std::string countUnder(const std::string& code) {
+  return countOf(sql("cDepCode like '", code, "*'"));
+}
+
+std::int32_t countDepartments(StatementGroup& group, const std::string& count) {
+  return CLng(group.rowsOf(count).Fields("xjsl"));
 }
 
 std::string levelColumns(std::size_t level) {
@@ -49,22 +56,57 @@ std::string levelParts(std::string_view code, const LevelLengths& lengths, std::
   return parts;
 }
 
-void mirrorDepartment(Database& database, const Recordset& depart, const LevelLengths& lengths,
-                      std::size_t level) {
-  const std::string code = depart.TextOrEmpty("cDepCode");
-  const std::int32_t rowsUnder = countDepartments(database, sql("cDepCode like '", code, "*'"));
-  // As long as the part of the level above alone: from level 3 on this is not the parent's whole code.
-  const std::string parent = level == 1 ? std::string() : Left(code, lengths[level - 1]);
-  database.Execute(sql("insert into fa_departments (sNum,sName", levelColumns(level),
-                       ",sParentNum,lChilds,iLevel,iDefinetype) values ('", code, "','",
-                       depart.TextOrEmpty("cDepName"), levelParts(code, lengths, level), "','", parent, "',",
-                       rowsUnder - 1, ",", level, ",1)"));
+struct Depart {
+  std::string code;
+  std::string name;
+};
+
+std::vector<Depart> departsOfLength(StatementGroup& group, std::size_t codeLength) {
+  const std::string query =
+      sql("select * from department where len(cDepCode)=", codeLength, " order by cDepCode");
+  group.foresee({query});
+  std::vector<Depart> departs;
+  for (Recordset rows = group.rowsOf(query); !rows.Eof(); rows.MoveNext())
+    departs.push_back({rows.TextOrEmpty("cDepCode"), rows.TextOrEmpty("cDepName")});
+  return departs;
 }
 
-void mirrorLevel(Database& database, const LevelLengths& lengths, std::size_t level, std::size_t codeLength) {
-  Recordset departs = database.OpenRecordset(
-      sql("select * from department where len(cDepCode)=", codeLength, " order by cDepCode"));
-  for (; !departs.Eof(); departs.MoveNext()) mirrorDepartment(database, departs, lengths, level);
+void foreseeCounts(StatementGroup& group, const std::vector<Depart>& departs) {
+  std::vector<std::string> counts;
+  for (const Depart& depart : departs) counts.push_back(countUnder(depart.code));
+  group.foresee(counts);
+}
+
+void mirrorDepartment(StatementGroup& group, const Depart& depart, const LevelLengths& lengths,
+                      std::size_t level) {
+  const std::int32_t rowsUnder = countDepartments(group, countUnder(depart.code));
+  // As long as the part of the level above alone: from level 3 on this is not the parent's whole code.
+  const std::string parent = level == 1 ? std::string() : Left(depart.code, lengths[level - 1]);
+  group.execute(sql("insert into fa_departments (sNum,sName", levelColumns(level),
+                    ",sParentNum,lChilds,iLevel,iDefinetype) values ('", depart.code, "','", depart.name,
+                    levelParts(depart.code, lengths, level), "','", parent, "',", rowsUnder - 1, ",", level,
+                    ",1)"));
+}
+
+void mirrorLevel(StatementGroup& group, const LevelLengths& lengths, std::size_t level,
+                 std::size_t codeLength) {
+  const std::vector<Depart> departs = departsOfLength(group, codeLength);
+  foreseeCounts(group, departs);
+  for (const Depart& depart : departs) mirrorDepartment(group, depart, lengths, level);
+}
+
+void mirrorDepartments(StatementGroup& group, const LevelLengths& lengths, std::size_t levels) {
+  group.execute("delete from fa_departments where sNum<>'&'");
+  const std::string ofTopLevel = countOf(sql("len(cDepCode)=", lengths[1]));
+  group.foresee({ofTopLevel});
+  const std::int32_t topLevel = countDepartments(group, ofTopLevel);
+  group.execute(sql("update fa_departments set lChilds=", topLevel, " where sNum='&'"));
+
+  std::size_t codeLength = 0;
+  for (std::size_t level = 1; level <= levels; ++level) {
+    codeLength += lengths[level];
+    mirrorLevel(group, lengths, level, codeLength);
+  }
 }
 
 }  // namespace
@@ -75,16 +117,8 @@ void SyncDepartments(RunContext& context) {
   std::int32_t levels = 0;  // the last level's length, by which the mirror goes as if it were their number
   const LevelLengths lengths(departs.GetDepartCodingRule(levels));
 
-  Database& database = context.dbZKData;
-  database.Execute("delete from fa_departments where sNum<>'&'");
-  const std::int32_t topLevel = countDepartments(database, sql("len(cDepCode)=", lengths[1]));
-  database.Execute(sql("update fa_departments set lChilds=", topLevel, " where sNum='&'"));
-
-  std::size_t codeLength = 0;
-  for (std::size_t level = 1; level <= static_cast<std::size_t>(levels); ++level) {
-    codeLength += lengths[level];
-    mirrorLevel(database, lengths, level, codeLength);
-  }
+  StatementGroup group(context.dbZKData);
+  group.runAll([&] { mirrorDepartments(group, lengths, static_cast<std::size_t>(levels)); });
 }
 
 }  // namespace zelkor

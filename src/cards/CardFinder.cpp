@@ -3,6 +3,7 @@
 #include "base/Conversion.h"
 #include "base/Format.h"
 #include "base/Text.h"
+#include "store/engine/Foresight.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -10,6 +11,12 @@ namespace {
 
 constexpr std::string_view kAmountPicture = "#,##0.00";
 constexpr std::string_view kBetween = "　　";
+constexpr std::string_view kDepartments = "fa_Departments";
+constexpr std::string_view kCategories = "fa_AssetTypes";
+
+std::string namesQuery(std::string_view table) {
+  return sql("Select sNum,sName From ", table);
+}
 
 std::string nameBehind(const std::unordered_map<std::string, std::string>& names, const std::string& code) {
   const auto found = names.find(code);
@@ -66,12 +73,17 @@ void CardFinder::readTexts() {
 std::optional<CardSummary> CardFinder::summaryOf(std::string_view cardNum) {
   if (cardNum.find('\'') != std::string_view::npos) return std::nullopt;  // no statement can hold it
   return attempt("summaryOf", std::optional<CardSummary>(), [&]() -> std::optional<CardSummary> {
-    const Recordset card = zkData().OpenRecordset(
+    const std::string cardQuery =
         sql("Select sAssetName,sDeptNum,sTypeNum,dblValue From fa_Cards Where sCardNum='", cardNum,
-            "' order by clng(sCardID) desc"));
+            "' order by clng(sCardID) desc");
+    const std::string ledgerQuery =
+        sql("Select dblInputDeprTotal From fa_DeprTransactions Where sCardNum='", cardNum, "'");
+    std::vector<std::string> queries{cardQuery, ledgerQuery};
+    if (!archives_) queries.insert(queries.end(), {namesQuery(kDepartments), namesQuery(kCategories)});
+    const Foresight ahead(zkData(), queries);
+    const Recordset card = zkData().OpenRecordset(cardQuery);
     if (card.Eof()) return std::nullopt;
-    const Recordset ledger = zkData().OpenRecordset(
-        sql("Select dblInputDeprTotal From fa_DeprTransactions Where sCardNum='", cardNum, "'"));
+    const Recordset ledger = zkData().OpenRecordset(ledgerQuery);
     const double depreciated = ledger.Eof() ? 0 : ledger.Fields("dblInputDeprTotal").numberOrZero();
     return CardSummary{card.TextOrEmpty("sAssetName"), categoryName(card.TextOrEmpty("sTypeNum")),
                        departmentNames(card.TextOrEmpty("sDeptNum")),
@@ -80,13 +92,13 @@ std::optional<CardSummary> CardFinder::summaryOf(std::string_view cardNum) {
 }
 
 const CardFinder::Archives& CardFinder::archives() {
-  if (!archives_) archives_ = Archives{namesIn("fa_Departments"), namesIn("fa_AssetTypes")};
+  if (!archives_) archives_ = Archives{namesIn(kDepartments), namesIn(kCategories)};
   return *archives_;
 }
 
 CardFinder::Names CardFinder::namesIn(std::string_view table) {
   Names names;
-  Recordset rows = query("namesIn", sql("Select sNum,sName From ", table));
+  Recordset rows = query("namesIn", namesQuery(table));
   for (; rows.isOpen() && !rows.Eof(); rows.MoveNext()) {
     names.emplace(rows.TextOrEmpty("sNum"), rows.TextOrEmpty("sName"));
   }

@@ -31,6 +31,10 @@ bool areNumberedByHand(const Recordset& parameter) {
   return !parameter.Eof() && parameter.TextOrEmpty("cValue") == "0";
 }
 
+std::string cardCategoryQuery(std::string_view category) {
+  return sql("select * from fa_assettypes where sNum='", category, "'");
+}
+
 std::string lastAssetOf(std::string_view category) {
   return sql("Select Top 1 * From FA_Cards Where sTypeNum='", category, "' Order by sAssetNum Desc");
 }

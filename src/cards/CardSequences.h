@@ -24,6 +24,8 @@ inline constexpr const char* kNumberedByHand = "不能为空：本账套的固�
 inline constexpr const char* kHowAssetsAreNumbered =
     "Select * From AccInformation Where cName='iCardNumType' And cSysID='FA'";
 bool areNumberedByHand(const Recordset& parameter);
+/// The category of a card, with what it gives its cards.
+std::string cardCategoryQuery(std::string_view category);
 /// The last asset of a category in the order of text, and the running part of the number behind its own.
 std::string lastAssetOf(std::string_view category);
 std::string assetSequenceBehind(std::string last, std::string_view category, std::int32_t length);

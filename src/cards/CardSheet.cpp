@@ -5,6 +5,7 @@
 
 #include "base/Conversion.h"
 #include "base/Format.h"
+#include "cards/CardSequences.h"
 #include "store/engine/Statement.h"
 
 namespace zelkor {
@@ -32,7 +33,7 @@ struct CategoryDefaults {
 
 CategoryDefaults defaultsOf(ClsBLLFACards& cards, std::string_view category) {
   CategoryDefaults defaults;
-  const Recordset row = cards.ExecuteQuery(sql("select * from fa_assettypes where sNum='", category, "'"));
+  const Recordset row = cards.ExecuteQuery(cardCategoryQuery(category));
   if (!row.isOpen() || row.Eof()) return defaults;
   defaults.name = row.TextOrEmpty("sName");
   defaults.life = lifeText(CLng(row.Fields("iLife").numberOrZero()));
@@ -97,6 +98,7 @@ std::string rateAsFraction(const std::string& text) {
 }  // namespace
 
 CardSheet newCard(ClsBLLFACards& cards, const ClsOpArgs& opArgs, CardMode mode, std::string_view category) {
+  const Foresight shown = cards.foreseeNewCard(category);
   CardSheet sheet;
   sheet.mode = mode;
   CardValues& texts = sheet.texts;
@@ -111,8 +113,10 @@ CardSheet newCard(ClsBLLFACards& cards, const ClsOpArgs& opArgs, CardMode mode, 
 }
 
 std::optional<CardSheet> storedCard(ClsBLLFACards& cards, std::string_view cardID) {
+  const Foresight version = cards.foreseeVersion(cardID);
   const Recordset row = cards.GetCard(cardID);
   if (!row.isOpen() || row.Eof()) return std::nullopt;
+  const Foresight names = cards.foreseeNames(row);
   CardSheet sheet;
   fillEntries(sheet, cards, row);
   fillTexts(sheet, row);

@@ -12,6 +12,11 @@ std::string_view codeColumn(CardQuery query) {
   return query == CardQuery::ByDepartment ? "sDeptNum" : "sTypeNum";
 }
 
+std::string_view rootName(CardQuery query) {
+  if (query == CardQuery::Custom) return {};
+  return query == CardQuery::ByDepartment ? "部门根节点名称" : "类别根节点名称";
+}
+
 std::string equals(const CardTreeNode& node) {
   return sql("  ", codeColumn(node.query), "='", node.code, "' ");
 }
@@ -44,11 +49,13 @@ std::string CardTreeNode::text() const {
   return sql(code, isRoot() ? "" : " ", name, "(", children, ")");
 }
 
+Foresight foreseeCardTree(ClsBLLManageCards& cards, CardQuery query) {
+  return query == CardQuery::Custom ? Foresight() : cards.foreseeTree(rootName(query), cardQueryName(query));
+}
+
 CardTreeNode cardTreeRoot(ClsBLLManageCards& cards, CardQuery query) {
   CardTreeNode root{query, {}, std::string(cardQueryName(query)), 0};
-  const Recordset row = cards.rstGetDepartMent(query == CardQuery::ByDepartment ? "部门根节点名称"
-                                               : query == CardQuery::ByCategory ? "类别根节点名称"
-                                                                                : "");
+  const Recordset row = cards.rstGetDepartMent(rootName(query));
   if (!row.isOpen() || row.Eof()) return root;
   root = nodeOf(row, query);
   root.code.clear();

@@ -27,6 +27,8 @@ struct CardTreeNode {
   std::string text() const;
 };
 
+/// See ClsBLLManageCards::foreseeTree.
+[[nodiscard]] Foresight foreseeCardTree(ClsBLLManageCards& cards, CardQuery query);
 /// The root of the tree; the query of one's own has nothing else.
 CardTreeNode cardTreeRoot(ClsBLLManageCards& cards, CardQuery query);
 /// What hangs below `parent` in the order of the codes; nullopt when it cannot be read.

@@ -13,6 +13,33 @@ namespace zelkor {
 
 namespace {
 
+constexpr const char* kNumberLength =
+    "Select cValue From AccInformation Where cName='iCardSequenceNumLength' And cSysID='FA'";
+constexpr const char* kLastNumber = "Select Top 1 * From FA_Cards Order by sCardNum Desc";
+
+std::string methodQuery(std::string_view id) {
+  return sql("Select * From FA_Depreciations Where sID='", id, "'");
+}
+std::string departmentQuery(std::string_view code) {
+  return sql("Select * From FA_Departments Where sNum='", code, "'");
+}
+std::string originQuery(std::string_view id) {
+  return sql("Select * From FA_Origins Where sID='", id, "'");
+}
+std::string statusQuery(std::string_view id) {
+  return sql("Select * From FA_Status Where sID='", id, "'");
+}
+std::string ledgerQuery(std::string_view cardNum) {
+  return sql("Select * From FA_DeprTransactions Where sCardNum='", cardNum, "'");
+}
+std::string versionsQuery(std::string_view cardNum) {
+  return sql("Select * From FA_Cards Where sCardNum='", cardNum, "'");
+}
+std::string versionQuery(std::string_view cardID) {
+  return sql("Select a.*,b.sName From FA_Cards as a,FA_AssetTypes as b Where a.sCardID='", cardID,
+             "' and a.sTypeNum=b.sNum");
+}
+
 std::string walkStatement(CardMove move, std::string_view currentID) {
   switch (move) {
     case CardMove::First:
@@ -30,17 +57,40 @@ std::string walkStatement(CardMove move, std::string_view currentID) {
 
 }  // namespace
 
+Foresight ClsBLLFACards::foreseeNewCard(std::string_view category) {
+  return attempt("foreseeNewCard", Foresight(), [&] {
+    // The card's number is asked for once more by the asset's.
+    return Foresight(zkData(), {kNumberLength, kLastNumber, kHowAssetsAreNumbered, lastAssetOf(category),
+                                kNumberLength, kLastNumber, cardCategoryQuery(category), "fa_depreciations"});
+  });
+}
+
+Foresight ClsBLLFACards::foreseeVersion(std::string_view cardID) {
+  return attempt("foreseeVersion", Foresight(), [&] {
+    return Foresight(zkData(), {versionQuery(cardID), "fa_departments", "fa_origins", "fa_status",
+                                "fa_depreciations", "fa_deprtransactions"});
+  });
+}
+
+Foresight ClsBLLFACards::foreseeNames(const Recordset& version) {
+  return attempt("foreseeNames", Foresight(), [&] {
+    const std::string card = version.TextOrEmpty("sCardNum");
+    return Foresight(
+        zkData(),
+        {departmentQuery(version.TextOrEmpty("sDeptNum")), originQuery(version.TextOrEmpty("sOrgAddID")),
+         statusQuery(version.TextOrEmpty("sStatusID")), methodQuery(version.TextOrEmpty("sDeprMethodID")),
+         ledgerQuery(card), versionsQuery(card)});
+  });
+}
+
 std::string ClsBLLFACards::GetNewCardNum(std::int32_t& length) {
   return attempt("GetNewCardNum", std::string(), [&] {
-    StatementGroup group(zkData());
-    std::string number;
+    const Foresight ahead(zkData(), {kNumberLength, kLastNumber});
     // The parameter is read and has no effect: all account sets number with five digits.
-    group.open("Select cValue From AccInformation Where cName='iCardSequenceNumLength' And cSysID='FA'",
-               [&](const Recordset&) { length = kSequenceLength; });
-    group.open("Select Top 1 * From FA_Cards Order by sCardNum Desc",
-               [&](const Recordset& last) { number = last.Eof() ? "0" : last.TextOrEmpty("sCardNum"); });
-    group.run();
-    return nextInSequence(number, length);
+    zkData().OpenRecordset(kNumberLength);
+    length = kSequenceLength;
+    const Recordset last = zkData().OpenRecordset(kLastNumber);
+    return nextInSequence(last.Eof() ? "0" : last.TextOrEmpty("sCardNum"), length);
   });
 }
 
@@ -61,8 +111,7 @@ std::string ClsBLLFACards::GetNewAssetNum1(std::string_view typeCode) {
 }
 
 std::string ClsBLLFACards::GetDeprMethodName(std::string_view methodID) {
-  return firstText("GetDeprMethodName", sql("Select * From FA_Depreciations Where sID='", methodID, "'"),
-                   "sName");
+  return firstText("GetDeprMethodName", methodQuery(methodID), "sName");
 }
 
 bool ClsBLLFACards::UpdateCard(const CardValues& values, int month, std::string_view cardNum,
@@ -97,16 +146,14 @@ bool ClsBLLFACards::SaveNewCard(CardValues& values, int month, NewCardType type,
 
 double ClsBLLFACards::GetDeprTotal(std::string_view cardNum) {
   return attempt("GetDeprTotal", 0.0, [&] {
-    const Recordset row =
-        zkData().OpenRecordset(sql("Select * From FA_DeprTransactions Where sCardNum='", cardNum, "'"));
+    const Recordset row = zkData().OpenRecordset(ledgerQuery(cardNum));
     return row.Eof() ? 0.0 : row.Fields("dblInputDeprTotal").numberOrZero();
   });
 }
 
 std::string ClsBLLFACards::GetDeprSubjectName(std::string_view cardNum) {
   return attempt("GetDeprSubjectName", std::string(), [&] {
-    const Recordset card =
-        zkData().OpenRecordset(sql("Select * From FA_Cards Where sCardNum='", cardNum, "'"));
+    const Recordset card = zkData().OpenRecordset(versionsQuery(cardNum));
     if (card.Eof()) return std::string();
     return card.TextOrEmpty("sDeprSubjectNum") + "," + card.TextOrEmpty("sDeprSubjectName");
   });
@@ -118,17 +165,16 @@ std::string ClsBLLFACards::GetDeptName(std::string_view code) {
 
 std::vector<std::string> ClsBLLFACards::GetDeptNames(std::span<const std::string> codes) {
   std::vector<std::string> statements;
-  for (const std::string& code : codes)
-    statements.push_back(sql("Select * From FA_Departments Where sNum='", code, "'"));
+  for (const std::string& code : codes) statements.push_back(departmentQuery(code));
   return firstTexts("GetDeptName", statements, "sName");
 }
 
 std::string ClsBLLFACards::GetOrgAddName(std::string_view originID) {
-  return firstText("GetOrgAddName", sql("Select * From FA_Origins Where sID='", originID, "'"), "sName");
+  return firstText("GetOrgAddName", originQuery(originID), "sName");
 }
 
 std::string ClsBLLFACards::GetStatusName(std::string_view statusID) {
-  return firstText("GetStatusName", sql("Select * From FA_Status Where sID='", statusID, "'"), "sName");
+  return firstText("GetStatusName", statusQuery(statusID), "sName");
 }
 
 std::string ClsBLLFACards::GetAssetCard(std::string_view currentID, CardMove move, std::string& methodID) {
@@ -166,8 +212,7 @@ bool ClsBLLFACards::DeleteCard(std::string_view cardNum) {
 }
 
 Recordset ClsBLLFACards::GetCard(std::string_view cardID) {
-  return query("GetCard", sql("Select a.*,b.sName From FA_Cards as a,FA_AssetTypes as b Where a.sCardID='",
-                              cardID, "' and a.sTypeNum=b.sNum"));
+  return query("GetCard", versionQuery(cardID));
 }
 
 }  // namespace zelkor

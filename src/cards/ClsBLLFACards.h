@@ -10,6 +10,7 @@
 #include "cards/CardValues.h"
 #include "startup/BusinessClass.h"
 #include "startup/RunContext.h"
+#include "store/engine/Foresight.h"
 
 namespace zelkor {
 
@@ -26,6 +27,13 @@ class ClsBLLFACards : public BusinessClass {
       : BusinessClass(context.engine, "ClsBLLAssentTypes."), context_(context) {}
 
   using BusinessClass::ExecuteQuery;
+
+  /// Has what a new card of the category shows read together, where each would be a wait, until the result
+  /// goes.
+  [[nodiscard]] Foresight foreseeNewCard(std::string_view category);
+  /// Likewise what goes with a version of a card.
+  [[nodiscard]] Foresight foreseeVersion(std::string_view cardID);
+  [[nodiscard]] Foresight foreseeNames(const Recordset& version);
 
   /// Next card number, five digits wide; `length` becomes 5 whatever the parameter says.
   std::string GetNewCardNum(std::int32_t& length);

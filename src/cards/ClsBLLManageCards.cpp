@@ -32,6 +32,13 @@ Recordset ClsBLLManageCards::rstGetDepartMent(std::string_view kind, std::string
   return statement.empty() ? Recordset() : query("rstGetDepartMent", statement);
 }
 
+Foresight ClsBLLManageCards::foreseeTree(std::string_view root, std::string_view kind) {
+  return attempt("foreseeTree", Foresight(), [&] {
+    return Foresight(zkData(), {treeStatement(root, {}), treeStatement(kind, {}), "fa_cards",
+                                "fa_departments", "fa_assettypes", "fa_deprtransactions"});
+  });
+}
+
 Recordset ClsBLLManageCards::rstGetCards(std::string_view condition) {
   const std::string newest =
       condition.empty()
@@ -39,16 +46,21 @@ Recordset ClsBLLManageCards::rstGetCards(std::string_view condition) {
           : sql("  WHERE fa_Cards.sCardID in (select max(a.sCardID) from fa_Cards as a GROUP BY "
                 "a.sCardNum) and  ",
                 condition);
-  return query("rstGetCards", sql("Select (fa_Cards.sCardID) as sCardID,"
-                                  "(fa_cards.sCardNum) as sCardNum,'1'"
-                                  "as sTempField ,  (fa_Cards.sCardNum) as [卡片编号] ,"
-                                  "fa_Cards.dStartdate as [开始使用日期],"
-                                  "fa_Cards.lLife/12  as [使用年限],"
-                                  "(fa_Cards.dblValue) as [原值], (fa_Cards.sAssetNum) as [固定资产编号] ,"
-                                  " fa_Cards.dblBVRate  as [净残值率],"
-                                  "(fa_Cards.sOperator) as [录入人] ,fa_Cards.sCardNum as sCardNum1"
-                                  "  FROM fa_Cards  ",
-                                  newest, " order by scardnum,clng(sCardID) desc"));
+  const std::string list =
+      sql("Select (fa_Cards.sCardID) as sCardID,"
+          "(fa_cards.sCardNum) as sCardNum,'1'"
+          "as sTempField ,  (fa_Cards.sCardNum) as [卡片编号] ,"
+          "fa_Cards.dStartdate as [开始使用日期],"
+          "fa_Cards.lLife/12  as [使用年限],"
+          "(fa_Cards.dblValue) as [原值], (fa_Cards.sAssetNum) as [固定资产编号] ,"
+          " fa_Cards.dblBVRate  as [净残值率],"
+          "(fa_Cards.sOperator) as [录入人] ,fa_Cards.sCardNum as sCardNum1"
+          "  FROM fa_Cards  ",
+          newest, " order by scardnum,clng(sCardID) desc");
+  return attempt("rstGetCards", Recordset(), [&] {
+    const Foresight all(zkData(), {list});  // who shows them goes through all: the first few gain nothing
+    return zkData().OpenRecordset(list);
+  });
 }
 
 }  // namespace zelkor

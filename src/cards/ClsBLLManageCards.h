@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "startup/BusinessClass.h"
+#include "store/engine/Foresight.h"
 
 namespace zelkor {
 
@@ -16,6 +17,10 @@ class ClsBLLManageCards : public BusinessClass {
   /// root, "按部门查询" and "按类别查询" what hangs below `parent` (below the root when it is empty); any
   /// other kind gives a closed recordset.
   Recordset rstGetDepartMent(std::string_view kind, std::string_view parent = {});
+
+  /// Has the rows of the root and of what hangs below it, by their kinds, read together where each would be a
+  /// wait, until the result goes, with the columns of what a list of cards is read from.
+  [[nodiscard]] Foresight foreseeTree(std::string_view root, std::string_view kind);
 
   /// Every version of every card without a condition, each card's newest first. With a condition of the
   /// dialect the versions that meet it and bear the highest sCardID of some card, compared as text.

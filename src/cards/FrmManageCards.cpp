@@ -85,6 +85,7 @@ void FrmManageCards::cmbType_Click() {
   {
     const QSignalBlocker quiet(tvwType);
     nodes_.clear();
+    const Foresight tree = foreseeCardTree(cards_, query());
     const CardTreeNode root = cardTreeRoot(cards_, query());
     const TreeRow row{root.key(), "", root.text()};
     loadTree(*tvwType, {&row, 1});

@@ -2,6 +2,7 @@
 
 #include "base/Format.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
@@ -46,16 +47,21 @@ TextGrid allocationTable(Database& data, AllocationMode mode) {
   const ModeWords& words = wordsOf(mode);
   TextGrid grid = emptyTable(words);
   Currency total;
-  Recordset groups = data.OpenRecordset(words.groups);
-  for (; !groups.Eof(); groups.MoveNext()) {
-    const std::string number = groups.TextOrEmpty(words.numColumn);
-    const std::string subject = groups.TextOrEmpty("sSubjectNum");
-    const double amount = groups.Fields("dblJZE").number();
-    Recordset names = data.OpenRecordset(sql(words.names, number, "' and sSubjectNum='", subject, "'"));
-    grid.addRow({number, names.TextOrEmpty(words.nameColumn), "", "", subject,
-                 names.TextOrEmpty("sSubjectName"), Format(amount, "0.00")});
-    total = Currency::fromDouble(total.toDouble() + amount);
-  }
+  StatementGroup group(data);
+  group.runAll([&] {
+    Recordset groups = data.OpenRecordset(words.groups);
+    for (; !groups.Eof(); groups.MoveNext()) {
+      const std::string number = groups.TextOrEmpty(words.numColumn);
+      const std::string subject = groups.TextOrEmpty("sSubjectNum");
+      const double amount = groups.Fields("dblJZE").number();
+      group.open(sql(words.names, number, "' and sSubjectNum='", subject, "'"),
+                 [&, number, subject, amount](const Recordset& names) {
+                   grid.addRow({number, names.TextOrEmpty(words.nameColumn), "", "", subject,
+                                names.TextOrEmpty("sSubjectName"), Format(amount, "0.00")});
+                   total = Currency::fromDouble(total.toDouble() + amount);
+                 });
+    }
+  });
   grid.setTotal(grid.addRow({"合计", "", "", "", "", "", Format(total, "0.00")}));
   return grid;
 }

@@ -87,14 +87,15 @@ void dropWorkingTable(Database& data) {
   if (data.HasTable("yxkp")) data.Execute("drop table yxkp");
 }
 
-/// Fills `yxkp` with what `rest` selects for each card number: the first card makes the table.
+/// Fills `yxkp` with what `rest` selects for each card number: the first card makes the table. False where
+/// there is no card, and so no table.
 template <typename RestOfCard>
-void fillWorkingTable(Database& data, const char* cardNums, const char* columns, RestOfCard rest) {
+bool fillWorkingTable(Database& data, const char* cardNums, const char* columns, RestOfCard rest) {
   dropWorkingTable(data);
   std::vector<std::string> cards;
   for (Recordset rows = data.OpenRecordset(cardNums); !rows.Eof(); rows.MoveNext())
     cards.push_back(rows.TextOrEmpty("sCardNum"));
-  if (cards.empty()) return;
+  if (cards.empty()) return false;
   data.Execute(sql("SELECT ", columns, " into yxkp", rest(cards.front())));
   forEachGroup(data, std::span(cards).subspan(1), [&](std::span<const std::string> some) {
     StatementGroup group(data);
@@ -102,6 +103,7 @@ void fillWorkingTable(Database& data, const char* cardNums, const char* columns,
       group.execute(sql("insert into yxkp SELECT ", columns, " ", rest(card)));
     group.run();
   });
+  return true;
 }
 
 /// Adds the cards of the working table; `ask` puts what is asked for a card, in its row, into a group.
@@ -182,10 +184,11 @@ TextGrid listOfPeriod(RunContext& run, const Choice& choice) {
     dropWorkingTable(data);
     return list.finish();
   }
-  fillWorkingTable(data, "select distinct sCardNum from fa_cards",
-                   "sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblBVrate,dblPerDepr",
-                   [&](const std::string& cardNum) { return versionOfPeriod(choice, cardNum); });
-  if (!data.HasTable("yxkp")) return list.finish();
+  const bool filled =
+      fillWorkingTable(data, "select distinct sCardNum from fa_cards",
+                       "sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblBVrate,dblPerDepr",
+                       [&](const std::string& cardNum) { return versionOfPeriod(choice, cardNum); });
+  if (!filled) return list.finish();
   addCards(data, list, "select * from yxkp ",
            [&](StatementGroup& group, std::size_t row, const std::string& cardNum) {
              askPeriod(group, list, row, cardNum, choice);
@@ -197,14 +200,14 @@ TextGrid listOfPeriod(RunContext& run, const Choice& choice) {
 
 TextGrid depreciationList(RunContext& run) {
   Database& data = run.dbZKData;
-  fillWorkingTable(data, "select distinct sCardNum from fa_Cards",
-                   "top 1 sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblPerDepr,iTransPeriod",
-                   [](const std::string& cardNum) {
-                     return sql(" FROM fa_Cards Where sCardNum='", cardNum, "' order by val(sCardID) desc");
-                   });
+  const bool filled = fillWorkingTable(
+      data, "select distinct sCardNum from fa_Cards",
+      "top 1 sCardID,sCardNum,sAssetNum,sAssetName,dblValue,dblBV,dblPerDepr,iTransPeriod",
+      [](const std::string& cardNum) {
+        return sql(" FROM fa_Cards Where sCardNum='", cardNum, "' order by val(sCardID) desc");
+      });
   ListGrid list(true);
-  // An account set without a card has no working table.
-  if (!data.HasTable("yxkp")) return list.finish();
+  if (!filled) return list.finish();
   addCards(data, list, "select * from yxkp order by sCardNum",
            [&, month = run.period()](StatementGroup& group, std::size_t row, const std::string& cardNum) {
              askMonth(group, list, row, cardNum, month);

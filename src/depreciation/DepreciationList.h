@@ -7,9 +7,12 @@
 #include "base/TextGrid.h"
 #include "base/TreeRow.h"
 #include "startup/RunContext.h"
+#include "store/engine/Foresight.h"
 
 namespace zelkor {
 
+/// Has what the screen begins with read together, where each would be a wait, until the result goes.
+[[nodiscard]] Foresight foreseeDepreciationList(RunContext& run);
 /// Items of the period combo: the account set's periods, the operating date's marked "(登陆)", and "全年".
 std::vector<std::string> depreciationListPeriods(RunContext& run);
 /// Index of the operating date's period in `periods`; 0 when it is not among them.

@@ -10,6 +10,7 @@
 namespace zelkor {
 namespace {
 
+constexpr const char* kTopDeparts = "SELECT * From fa_Departments  Where iLevel=1 ORDER BY sNum";
 constexpr const char* kRootKey = "R";
 constexpr const char* kRootCode = "&";
 constexpr const char* kLoginMark = "(登陆)";
@@ -41,6 +42,10 @@ void loadSubDeparts(Database& data, LevelTree& tree) {
 
 }  // namespace
 
+Foresight foreseeDepreciationList(RunContext& run) {
+  return {run.dbZKData, {kTopDeparts, "fa_Cards", "fa_DeprTransactions", "fa_workload"}};
+}
+
 std::vector<std::string> depreciationListPeriods(RunContext& run) {
   std::vector<std::string> items;
   Recordset periods = run.dbZKSystem.OpenRecordset(
@@ -64,8 +69,7 @@ std::size_t loginPeriodIndex(const std::vector<std::string>& periods) {
 std::vector<TreeRow> depreciationListDepartments(RunContext& run) {
   LevelTree tree;
   tree.add({}, {kRootKey, "", "固定资产部门编码目录", ""});
-  Recordset departs =
-      run.dbZKData.OpenRecordset("SELECT * From fa_Departments  Where iLevel=1 ORDER BY sNum");
+  Recordset departs = run.dbZKData.OpenRecordset(kTopDeparts);
   addDeparts(tree, tree.newPlaces().front(), departs);
   loadSubDeparts(run.dbZKData, tree);
   return tree.rows();

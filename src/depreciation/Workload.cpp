@@ -5,18 +5,22 @@
 
 #include "base/Conversion.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 
 namespace zelkor {
 namespace {
 
-void readMonth(Database& data, CardWorkload& card, int month) {
-  const Recordset row =
-      data.OpenRecordset(sql("select * from fa_WorkLoad where sCardNum='", card.cardNum, "'"));
+void takeMonth(CardWorkload& card, const Recordset& row, int month) {
   if (row.Eof()) return;
   card.work = row.Fields(sql("dblWork", month)).numberOrZero();
   for (int m = month - 1; m >= 1 && card.before == 0; --m) {
     card.before = row.Fields(sql("dblWorkT", m)).numberOrZero();
   }
+}
+
+void readMonth(StatementGroup& group, CardWorkload& card, int month) {
+  group.open(sql("select * from fa_WorkLoad where sCardNum='", card.cardNum, "'"),
+             [&card, month](const Recordset& row) { takeMonth(card, row, month); });
 }
 
 bool isDigits(std::string_view text) {
@@ -51,7 +55,9 @@ std::vector<CardWorkload> workloadCards(Database& data, int month) {
     cards.push_back({cardNum, rows.TextOrEmpty("sAssetName"), rows.TextOrEmpty("sWorkUnit"),
                      rows.Fields("dblCanWork").numberOrZero(), 0, 0});
   }
-  for (CardWorkload& card : cards) readMonth(data, card, month);
+  StatementGroup group(data);
+  for (CardWorkload& card : cards) readMonth(group, card, month);
+  group.run();
   return cards;
 }
 

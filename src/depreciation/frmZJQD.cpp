@@ -19,6 +19,7 @@ constexpr std::size_t kNameColumn = 2;
 
 frmZJQD::frmZJQD(FormHost& host) : Form(host, "frmZJQD", "折旧清单", Unload::Plain) {
   arrangeControls();
+  const Foresight shown = foreseeDepreciationList(run());
   const auto periods = depreciationListPeriods(run());
   for (const std::string& period : periods) cmbDate->addItem(toQt(period));
   cmbDate->setCurrentIndex(static_cast<int>(loginPeriodIndex(periods)));

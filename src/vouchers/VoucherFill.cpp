@@ -105,30 +105,38 @@ void VoucherFill::showHead(const Recordset& first) {
 }
 
 void VoucherFill::showLines(Recordset& rows) {
-  for (; !rows.Eof(); rows.MoveNext()) {
-    addLine(rows.TextOrEmpty("cdigest"), rows.TextOrEmpty("ccode"), amountOf(rows, "md"),
-            amountOf(rows, "mc"));
-  }
+  StatementGroup group(run_.dbZKData);
+  group.runAll([&] {
+    for (; !rows.Eof(); rows.MoveNext()) {
+      addLine(group, rows.TextOrEmpty("cdigest"), rows.TextOrEmpty("ccode"), amountOf(rows, "md"),
+              amountOf(rows, "mc"));
+    }
+  });
 }
 
 void VoucherFill::showMergedLines() {
   Recordset sums =
       run_.dbZKData.OpenRecordset(sql("select sum(mc) as mc1,sum(md) as md1,ccode from fa_ZWVouchers ",
                                       stagedRows(run_, request_.scOutSign), " group by ccode"));
-  for (; !sums.Eof(); sums.MoveNext()) {
-    addLine({}, sums.TextOrEmpty("ccode"), amountOf(sums, "md1"), amountOf(sums, "mc1"));
-  }
+  StatementGroup group(run_.dbZKData);
+  group.runAll([&] {
+    for (; !sums.Eof(); sums.MoveNext())
+      addLine(group, {}, sums.TextOrEmpty("ccode"), amountOf(sums, "md1"), amountOf(sums, "mc1"));
+  });
 }
 
 /// A line has the credit amount if there is one; the debit amount then counts for nothing.
-void VoucherFill::addLine(std::string digest, std::string code, Currency debit, Currency credit) {
+void VoucherFill::addLine(StatementGroup& group, std::string digest, std::string code, Currency debit,
+                          Currency credit) {
   VoucherLine line;
-  const Recordset subject = run_.dbZKData.OpenRecordset(sql("select * from code where ccode='", code, "'"));
-  if (!subject.Eof()) line.SubjectName = subject.TextOrEmpty("ccode_name");
   line.Digest = std::move(digest);
   line.SubjectCode = std::move(code);
   (credit != Currency() ? line.Credit : line.Debit) = credit != Currency() ? credit : debit;
-  localPZ_.AddRow(std::move(line));
+  const std::string query = sql("select * from code where ccode='", line.SubjectCode, "'");
+  group.open(query, [this, line = std::move(line)](const Recordset& subject) mutable {
+    if (!subject.Eof()) line.SubjectName = subject.TextOrEmpty("ccode_name");
+    localPZ_.AddRow(line);
+  });
 }
 
 bool VoucherFill::refuse(const std::string& text) const {

@@ -67,7 +67,7 @@ class VoucherFill {
   void showLines(Recordset& rows);
   void showMergedLines();
   void showType();
-  void addLine(std::string digest, std::string code, Currency debit, Currency credit);
+  void addLine(StatementGroup& group, std::string digest, std::string code, Currency debit, Currency credit);
   bool refuse(const std::string& text) const;
   bool checkLines() const;
   void makeRoom(StatementGroup& group);

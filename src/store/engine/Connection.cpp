@@ -92,6 +92,7 @@ Recordset Connection::open(std::string_view sqlOrTable) {
   goOn();
   engine_->requireFile();
   gathering_.afterStatement();
+  if (auto foreseen = foreseen_.take(sqlOrTable, writes_)) return *std::move(foreseen);
   return isPlainName(sqlOrTable) ? openTable(sqlOrTable) : openQuery(sqlOrTable);
 }
 

@@ -12,6 +12,7 @@
 
 #include "base/RuntimeError.h"
 #include "store/engine/Engine.h"
+#include "store/engine/ForeseenRows.h"
 #include "store/engine/Recordset.h"
 #include "store/engine/SchemaCache.h"
 #include "store/engine/StatementCache.h"
@@ -72,6 +73,17 @@ class Connection : public std::enable_shared_from_this<Connection> {
   /// A prepared statement of the engine's own SQL, kept by its text.
   EngineStatement& prepared(const std::string& sql);
 
+  /// What was read of a query that is asked for soon: whoever opens it gets these rows, until something is
+  /// written. See Foresight, whose number is `owner`.
+  void foresee(const std::string& sql, const Recordset& rows, std::uint64_t owner) {
+    foreseen_.keep(sql, rows, owner, writes_);
+  }
+  bool hasForeseen(std::string_view sql) const { return foreseen_.holds(sql, writes_); }
+  void forgetForeseen(std::uint64_t owner) { foreseen_.forget(owner); }
+  std::uint64_t numberForesight() { return ++foresights_; }
+  /// See SchemaCache::foresee.
+  void foreseeTables(const std::vector<std::string>& statements) { schema_.foresee(statements); }
+
   /// A recordset that holds a statement open on this connection.
   void addReader(RecordsetState& reader) { readers_.push_back(&reader); }
   void removeReader(RecordsetState& reader) { std::erase(readers_, &reader); }
@@ -106,6 +118,8 @@ class Connection : public std::enable_shared_from_this<Connection> {
   WriteGathering gathering_;
   std::map<std::string, std::unique_ptr<EngineStatement>, std::less<>> prepared_;
   std::vector<RecordsetState*> readers_;
+  ForeseenRows foreseen_;
+  std::uint64_t foresights_ = 0;
   std::uint64_t writes_ = 0;
   std::optional<int> ended_;
   dialect::Shape shape_;  // buffers kept from statement to statement

@@ -112,6 +112,8 @@ class Engine {
   virtual std::optional<dialect::TableInfo> tableInfo(std::string_view table) = 0;
   /// All of them at once, where each by itself would be a wait; otherwise none.
   virtual std::vector<dialect::TableInfo> tableInfos() { return {}; }
+  /// Those of them that have one of the names, in lower case, likewise.
+  virtual std::vector<dialect::TableInfo> tableInfos(const std::vector<std::string>& /*names*/) { return {}; }
   /// What it knows of its tables beyond that; not longer than the engine itself.
   virtual std::unique_ptr<StoredTables> storedTables() = 0;
   /// What the engine finds wrong with the file, in its own words; empty where that is nothing, and beside a

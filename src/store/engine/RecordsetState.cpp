@@ -187,7 +187,7 @@ std::vector<Value> RecordsetState::decodeStreamedRow() const {
 void RecordsetState::widenStream() {
   if (!streaming() || !keyed() || known_ != 1 || run_.projection->covers(query_->projection())) return;
   takeKeys();
-  PreparedQuery::Run wider = query_->take();
+  PreparedQuery::Run wider = run_.firstRowsOnly ? query_->take() : query_->takeWhole();
   try {
     bindSlots(*wider.statement, query_->slots(), literals_);
     if (wider.statement->step() && keysOf(*wider.statement) == keys_) std::swap(run_, wider);
@@ -291,6 +291,9 @@ Value RecordsetState::keyedValue(std::size_t column) {
       if (run_.learns) query_->learn(column);
       return readCell(*run_.statement, query_->firstColumn() + place, query_->typeOf(column));
     }
+    // What has come without being learned is asked for as well: a wider statement goes on delivering it.
+    if (!run_.learns)
+      for (const std::size_t delivered : run_.projection->columns) query_->learn(delivered);
   }
   const bool isNew = query_->projection().placeOf[column] < 0 && columns()[column].source;
   query_->learn(column);

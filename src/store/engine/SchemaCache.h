@@ -1,7 +1,10 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "store/engine/Engine.h"
 
@@ -13,10 +16,13 @@ class SchemaCache final : public dialect::SchemaView {
   explicit SchemaCache(Engine& engine) : engine_(engine) {}
 
   const dialect::TableInfo* table(std::string_view name) const override;
+  /// Reads the tables that statements name together, where each by itself would be a wait.
+  void foresee(const std::vector<std::string>& statements);
   /// Forgets everything: after a statement that changes tables, ours or another process's.
   void forget() {
     tables_.clear();
     read_ = 0;
+    looked_.clear();
   }
   /// Forgets a table, unless it was asked for more than once: then more than the statement that asked last
   /// may rest on what was told. False in that case.
@@ -26,7 +32,8 @@ class SchemaCache final : public dialect::SchemaView {
   static constexpr int kFewTables = 6;
 
   Engine& engine_;
-  mutable int read_ = 0;  // tables, one by one
+  mutable int read_ = 0;                       // tables, one by one
+  std::set<std::string, std::less<>> looked_;  // names that may have been those of tables
   struct Known {
     dialect::TableInfo info;
     long asked = 0;

@@ -220,6 +220,7 @@ void askEach(Database& database, std::span<const std::string> queries,
       group.run();
     } catch (const RuntimeError& error) {
       failed(error);
+      if (error.is(ErrorNumber::DeviceIo) && StatementGroup::sendsAhead(database)) return;
       ++next;
     }
   }

@@ -67,7 +67,8 @@ class StatementGroup {
   void foresee(const std::vector<std::string>& statements);
   /// What was foreseen of it, if anything.
   const Recordset* foreseen(std::string_view sql) const;
-  /// The rows of a query, foreseen or not; what has been added comes before one that was not.
+  /// The rows of a query, foreseen or not; what has been added comes before one that was not. Of one that
+  /// was, all that are given out are one recordset: who walks in one of them moves the others along.
   Recordset rowsOf(std::string_view sql);
   /// Calls `add`, which adds statements, and runs them. Where it fails, what it has added comes first, and
   /// may fail first.
@@ -117,8 +118,13 @@ class StatementGroup {
   std::optional<AheadStatement> aheadOf(const Step& step, bool besideWrites);
 
   friend std::size_t thingsInGroup(const Database& database);
+  friend void askEach(Database& database, std::span<const std::string> queries,
+                      const std::function<void(std::size_t query, Recordset& rows)>& use,
+                      const std::function<void(const RuntimeError& error)>& failed);
+  friend class Foresight;
 
   static bool sendsAhead(const Database& database);
+  static Connection& connectionOf(const Database& database) { return database.connection(); }
 
   Database& database_;
   bool sendsAhead_;
@@ -128,7 +134,7 @@ class StatementGroup {
 };
 
 /// Asks the queries, many together, and uses the rows of each; `failed` is told of those that fail, and the
-/// others go on.
+/// others go on. A server that has gone away is told once, and none goes on.
 void askEach(Database& database, std::span<const std::string> queries,
              const std::function<void(std::size_t query, Recordset& rows)>& use,
              const std::function<void(const RuntimeError& error)>& failed);

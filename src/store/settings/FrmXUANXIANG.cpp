@@ -1,14 +1,41 @@
 #include "store/settings/FrmXUANXIANG.h"
 
 #include <cmath>
+#include <string_view>
+#include <vector>
 
 #include "base/Conversion.h"
 #include "base/RuntimeError.h"
+#include "store/engine/Foresight.h"
 #include "store/settings/InitWizard.h"
 #include "store/settings/Parameters.h"
 
 namespace zelkor {
 namespace {
+
+/// What the fields show.
+constexpr std::string_view kRows[] = {"dStartDate",
+                                      "bCalcDepr",
+                                      "sDeprMethodNum",
+                                      "iDeprSendPeriod",
+                                      "dWritableDate",
+                                      "bLastMonthMakeUpDepr",
+                                      "bAutoZW",
+                                      "bAllowUnequality",
+                                      "bSendToZWAfterChange",
+                                      "bWriteZWBeforeEnd",
+                                      "sTypeNumType",
+                                      "iCardNumAutoType",
+                                      "iCardNumType",
+                                      "iCardSequenceNumLength",
+                                      "bAddSuccession",
+                                      "iYearsToDel"};
+
+std::vector<std::string> queriesOfFields() {
+  std::vector<std::string> queries{kDepreciationMethods, "code"};
+  for (const std::string_view row : kRows) queries.push_back(parameterQuery(row));
+  return queries;
+}
 
 /// Chooses the entry with that number, from 1; none where the list does not offer it.
 void chooseByNumber(QComboBox& list, const std::string& number) {
@@ -35,6 +62,7 @@ void FrmXUANXIANG::connectEvents() {
 }
 
 void FrmXUANXIANG::Form_Load() {
+  const Foresight shown(data(), queriesOfFields());
   fillLists();
   loadAccount();
   loadDepreciation();
@@ -71,14 +99,20 @@ void FrmXUANXIANG::loadDepreciation() {
 void FrmXUANXIANG::loadLedger() {
   loadTick(*CheckZWXTDZ, "bAutoZW");
   loadTick(*CheckDZBP, "bAllowUnequality");
-  if (CheckZWXTDZ->isChecked()) {
-    TxtGDZCDZKM->setText(toQt(subjectFieldText(data(), "sFixedAssetsSubjectNum")));
-    TxtLJZJDZKM->setText(toQt(subjectFieldText(data(), "sDeprTotalSubjectNum")));
-  }
-  TxtQSGDZC->setText(toQt(subjectFieldText(data(), "sDefaultAssetSubjectNum")));
-  TxtQDLJZJ->setText(toQt(subjectFieldText(data(), "sDefaultDeprTotalSubjectNum")));
+  loadSubjects();
   loadTick(*CheckLJZD, "bSendToZWAfterChange");
   loadTick(*CheckJZQWC, "bWriteZWBeforeEnd");
+}
+
+void FrmXUANXIANG::loadSubjects() {
+  std::vector<std::string_view> rows{"sDefaultAssetSubjectNum", "sDefaultDeprTotalSubjectNum"};
+  std::vector<QLineEdit*> fields{TxtQSGDZC, TxtQDLJZJ};
+  if (CheckZWXTDZ->isChecked()) {
+    rows.insert(rows.begin(), {"sFixedAssetsSubjectNum", "sDeprTotalSubjectNum"});
+    fields.insert(fields.begin(), {TxtGDZCDZKM, TxtLJZJDZKM});
+  }
+  const std::vector<std::string> texts = subjectFieldTexts(data(), rows);
+  for (std::size_t i = 0; i < fields.size(); ++i) fields[i]->setText(toQt(texts[i]));
 }
 
 void FrmXUANXIANG::loadCodes() {

@@ -49,6 +49,7 @@ class FrmXUANXIANG final : public FrmAccountSettings {
   void loadAccount();
   void loadDepreciation();
   void loadLedger();
+  void loadSubjects();
   void loadCodes();
   void loadTick(QCheckBox& box, const char* row);
   AccountOptions entered() const;

@@ -78,7 +78,7 @@ std::vector<std::string> startMonths(const AccountHeader& account, int operating
 
 std::vector<std::string> depreciationMethodNames(Database& data) {
   std::vector<std::string> names;
-  Recordset methods = data.OpenRecordset("SELECT * FROM fa_Depreciations order by sid");
+  Recordset methods = data.OpenRecordset(kDepreciationMethods);
   for (; !methods.Eof(); methods.MoveNext()) names.push_back(methods.TextOrEmpty("sName"));
   return names;
 }

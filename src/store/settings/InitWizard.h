@@ -29,6 +29,8 @@ std::string initTerms(std::string_view accountId, const AccountHeader& account);
 /// month of the operating date to the end of its year. Error 94 where the header has no year or month.
 std::vector<std::string> startMonths(const AccountHeader& account, int operatingMonth);
 
+/// The depreciation methods, in the order in which they are numbered.
+inline constexpr const char* kDepreciationMethods = "SELECT * FROM fa_Depreciations order by sid";
 /// Names of the depreciation methods, in the order in which they are numbered.
 std::vector<std::string> depreciationMethodNames(Database& data);
 

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "store/engine/Statement.h"
+#include "store/engine/StatementGroup.h"
 #include "store/settings/Parameters.h"
 #include "store/settings/SubjectText.h"
 
@@ -20,6 +21,13 @@ void storeDefaultSubject(Database& data, std::string_view text, std::string_view
                          std::string_view nameRow) {
   if (text.empty() || text == ",") return;
   storeSubject(data, text, numberRow, nameRow);
+}
+
+/// Behind its code and the comma.
+void addSubjectName(StatementGroup& group, std::string& text) {
+  group.open(subjectQuery(text.substr(0, text.size() - 1)), [&text](const Recordset& subject) {
+    if (!subject.Eof()) text += subject.TextOrEmpty("ccode_name");
+  });
 }
 
 }  // namespace
@@ -45,12 +53,19 @@ void storeOptions(Database& data, const AccountOptions& options) {
   setYesNo(data, "bAddSuccession", options.addsInSuccession);
 }
 
-std::string subjectFieldText(Database& data, std::string_view row) {
-  const Recordset parameter =
-      data.OpenRecordset(sql("select cValue from AccInformation where cSysID='FA' and cName='", row, "'"));
-  if (parameter.Eof() || parameter.Fields("cValue").isNull()) return {};
-  const std::string code = parameter.Text("cValue");
-  return code + "," + subjectName(data, code).value_or("");
+std::vector<std::string> subjectFieldTexts(Database& data, std::span<const std::string_view> rows) {
+  std::vector<std::string> texts(rows.size());
+  StatementGroup group(data);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    group.open(sql("select cValue from AccInformation where cSysID='FA' and cName='", rows[i], "'"),
+               [&group, &text = texts[i]](const Recordset& parameter) {
+                 if (parameter.Eof() || parameter.Fields("cValue").isNull()) return;
+                 text = parameter.Text("cValue") + ",";
+                 addSubjectName(group, text);
+               });
+  }
+  group.run();
+  return texts;
 }
 
 std::string monthOfDateRow(Database& data, std::string_view row) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/engine/Database.h"
 
@@ -33,9 +35,9 @@ struct AccountOptions {
 /// Writes the options, each row by a statement of its own.
 void storeOptions(Database& data, const AccountOptions& options);
 
-/// A subject row as its field shows it: the code, a comma, the name; empty when the row is Null or missing.
-/// An empty code leaves a lone comma.
-std::string subjectFieldText(Database& data, std::string_view row);
+/// Subject rows as their fields show them: the code, a comma, the name; empty when the row is Null or
+/// missing. An empty code leaves a lone comma.
+std::vector<std::string> subjectFieldTexts(Database& data, std::span<const std::string_view> rows);
 
 /// The month in a date row, "2004.04": the first four characters, a point, the sixth and seventh; empty when
 /// there is no such row. A month without a leading zero brings its hyphen along.

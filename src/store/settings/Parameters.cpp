@@ -8,10 +8,14 @@ namespace zelkor {
 namespace {
 
 Recordset parameterRow(Database& data, std::string_view name) {
-  return data.OpenRecordset(sql("select * from AccInformation where cSysID ='FA' And cName ='", name, "'"));
+  return data.OpenRecordset(parameterQuery(name));
 }
 
 }  // namespace
+
+std::string parameterQuery(std::string_view name) {
+  return sql("select * from AccInformation where cSysID ='FA' And cName ='", name, "'");
+}
 
 void setParameter(Database& data, std::string_view name, std::string_view value) {
   data.Execute(

@@ -17,6 +17,8 @@ void setYesNo(Database& data, std::string_view name, bool value);
 
 /// A row's value; nothing when there is no such row. Null reads as the empty text.
 std::optional<std::string> readParameter(Database& data, std::string_view name);
+/// The statement by which the functions here read a row.
+std::string parameterQuery(std::string_view name);
 /// A row's default; empty when there is no such row.
 std::string parameterDefault(Database& data, std::string_view name);
 /// Whether the word in a row means yes.

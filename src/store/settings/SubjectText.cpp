@@ -6,10 +6,14 @@ namespace zelkor {
 namespace {
 
 Recordset subjectRow(Database& data, std::string_view code) {
-  return data.OpenRecordset(sql("select * from code where cCode ='", code, "'"));
+  return data.OpenRecordset(subjectQuery(code));
 }
 
 }  // namespace
+
+std::string subjectQuery(std::string_view code) {
+  return sql("select * from code where cCode ='", code, "'");
+}
 
 std::string subjectCodeOf(std::string_view text) {
   const std::size_t comma = text.find(',');

@@ -16,6 +16,8 @@ std::string subjectCodeOf(std::string_view text);
 /// no subject with that code.
 std::optional<std::string> lookUpSubject(Database& data, std::string_view text);
 
+/// The statement that reads the subject with this code.
+std::string subjectQuery(std::string_view code);
 /// Name of the subject with this code; nothing when the chart has none.
 std::optional<std::string> subjectName(Database& data, std::string_view code);
 

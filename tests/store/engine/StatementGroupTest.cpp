@@ -1,19 +1,13 @@
-#include <unistd.h>
-
 #include <chrono>
-#include <fstream>
 #include <thread>
 
 #include "store/engine/postgresql/PostgreSqlEngine.h"
-#include "store/engine/Statement.h"
-#include "store/engine/StatementGroup.h"
-#include "store/StoreFixture.h"
+#include "store/engine/StatementGroupFixture.h"
 #include "support/Golden.h"
 
 namespace zelkor::test {
 namespace {
 
-using Lines = std::vector<std::string>;
 using std::chrono::steady_clock;
 
 /// How many sessions of this program wait for somebody's lock.
@@ -21,54 +15,10 @@ constexpr const char* kWaiting =
     "SELECT count(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock' AND application_name = "
     "current_setting('application_name')";
 
-class StatementGroupTest : public StoreTest {
- protected:
-  StatementGroupTest() {
-    for (const char* table : {"t", "u"}) {
-      db.Execute(std::string("CREATE TABLE ") + table + " (sNum TEXT(20), lN SHORT)");
-      db.Execute(std::string("CREATE UNIQUE INDEX sNum ON ") + table + " (sNum)");
-      db.Execute(std::string("insert into ") + table + " (sNum,lN) values ('taken',1)");
-    }
-  }
-
-  /// What the statements leave in the table "t", and the error that they end with.
-  Lines outcome(const Lines& statements, const std::function<void(const Lines&)>& carryOut) {
-    Lines lines{refusalOf([&] { carryOut(statements); })};
-    for (std::string& line : rows("select sNum,lN from t order by sNum")) lines.push_back(std::move(line));
-    db.Execute("delete from t where sNum<>'taken'");
-    return lines;
-  }
-  void together(const Lines& statements) {
-    StatementGroup group(db);
-    for (const std::string& statement : statements) group.execute(statement);
-    group.run();
-  }
-  void oneByOne(const Lines& statements) {
-    for (const std::string& statement : statements) db.Execute(statement);
-  }
-
-  /// By itself, inside a transaction, and kept together with what was written before.
-  void inEachWay(const std::function<void()>& work) {
-    work();
-    engine.workspace().BeginTrans();
-    work();
-    engine.workspace().CommitTrans();
-    const KeptTogether together = db.keepTogether();
-    db.Execute("update u set lN=lN+1");
-    work();
-  }
-  static std::string firstCell(Engine& other, const char* query) {
-    const auto statement = other.prepare(query);
-    return statement->step() ? std::string(statement->text(0)) : "";
-  }
-
-  long residentPages() {
-    long size = 0;
-    long resident = 0;
-    std::ifstream("/proc/self/statm") >> size >> resident;
-    return resident;
-  }
-};
+std::string firstCell(Engine& other, const char* query) {
+  const auto statement = other.prepare(query);
+  return statement->step() ? std::string(statement->text(0)) : "";
+}
 
 TEST_F(StatementGroupTest, EachSeesWhatThoseBeforeItHaveWritten) {
   const std::uint64_t before = db.waits();
@@ -266,102 +216,11 @@ TEST_F(StatementGroupTest, RowsThatAreAddedComeInTheirPlace) {
   }
 }
 
-TEST_F(StatementGroupTest, WhatIsForeseenIsWaitedForOnce) {
-  rows("select lN from t");
-  rows("select lN from u");
-  const std::uint64_t before = db.waits();
-  StatementGroup group(db);
-  group.foresee({"select max(lN) from t", "select min(lN) from u"});
-  group.execute("insert into t (sNum,lN) values ('a',7)");
-  EXPECT_EQ(group.rowsOf("select max(lN) from t").Fields(std::size_t{0}).number(), onServer() ? 1 : 7);
-  EXPECT_EQ(group.rowsOf("select min(lN) from u").Fields(std::size_t{0}).number(), 1);
-  if (onServer()) {
-    EXPECT_EQ(db.waits() - before, 1U);
-  }
-  EXPECT_EQ(group.rowsOf("select max(lN) as n from t").Fields("n").number(), 7) << "not foreseen";
-}
-
-// It fails where it is asked for, behind what comes before it.
-TEST_F(StatementGroupTest, AForeseenQueryFailsInItsPlace) {
-  StatementGroup group(db);
-  EXPECT_EQ(errorOf([&] {
-              group.runAll([&] {
-                group.foresee({"select max(lN) from t", "select max(lN) from nowhere"});
-                group.execute("insert into t (sNum,lN) values ('a',1)");
-                group.rowsOf("select max(lN) from nowhere");
-                group.execute("insert into t (sNum,lN) values ('b',1)");
-              });
-            }),
-            3078);
-  EXPECT_EQ(rows("select sNum from t order by sNum"), (Lines{"a", "taken"}));
-}
-
-TEST_F(StatementGroupTest, AReadThatFailsComesAfterTheUsesBeforeIt) {
-  db.Execute("insert into t (sNum,lN) values ('x',0)");
-  for (const char* bad :
-       {"select 1/lN as a from t where sNum='x'", "select a from nowhere", "select a from"}) {
-    int used = 0;
-    StatementGroup group(db);
-    const auto use = [&](const Recordset& row) { used += static_cast<int>(row.Fields("a").number()); };
-    EXPECT_NE(errorOf([&] {
-                group.open("select 1 as a from t where sNum='taken'", use);
-                group.open("select 2 as a from t where sNum='taken'", use);
-                group.open(bad, use);
-                group.open("select 4 as a from t where sNum='taken'", use);
-                group.run();
-              }),
-              0)
-        << bad;
-    EXPECT_EQ(used, 3) << bad;
-  }
-  EXPECT_EQ(cell("select count(*) from t"), "2") << "the connection goes on";
-}
-
-TEST_F(StatementGroupTest, AUseMayAskForMore) {
-  for (const char* num : {"1", "2", "3"})
-    db.Execute(sql("insert into t (sNum,lN) values ('", num, "',1", num, ")"));
-  Lines seen(3);
-  const std::uint64_t before = db.waits();
-  StatementGroup group(db);
-  for (std::size_t n = 0; n < seen.size(); ++n)
-    group.open(sql("select lN from t where sNum='", n + 1, "'"), [&, n](const Recordset& row) {
-      group.open(sql("select sum(lN) as a from t where lN<=", row.Text("lN")),
-                 [&seen, n](const Recordset& sum) { seen[n] = sum.Text("a"); });
-    });
-  group.run();
-  EXPECT_EQ(seen, (Lines{"12", "24", "37"}));
-  if (onServer()) {
-    EXPECT_EQ(db.waits() - before, 2U);
-  }
-}
-
 TEST_F(StatementGroupTest, AGroupMayChangeTablesInItsMiddle) {
   together({"insert into t (sNum,lN) values ('1',1)", "select * into v from t",
             "insert into v (sNum,lN) values ('2',2)", "insert into t (sNum,lN) values ('3',3)"});
   EXPECT_EQ(rows("select sNum from v order by sNum"), (Lines{"1", "2", "taken"}));
   EXPECT_EQ(rows("select sNum from t order by sNum"), (Lines{"1", "3", "taken"}));
-}
-
-TEST_F(StatementGroupTest, ReadsAKeyedRowAsItWasAskedFor) {
-  db.Execute("insert into t (sNum,lN) values ('1',10)");
-  db.Execute("insert into t (sNum,lN) values ('2',20)");
-  const auto read = [this] {
-    Lines seen;
-    StatementGroup group(db);
-    for (const char* num : {"1", "2", "none", "2"})
-      group.open(sql("select * from t where sNum='", num, "'"), [&](Recordset& row) {
-        seen.push_back(row.Eof() ? "-" : row.Text("lN"));
-        for (; !row.Eof(); row.MoveNext()) seen.back() += row.Text("sNum");
-      });
-    group.run();
-    return seen;
-  };
-  const std::uint64_t before = db.waits();
-  EXPECT_EQ(read(), (Lines{"101", "202", "-", "202"}));
-  EXPECT_EQ(read(), (Lines{"101", "202", "-", "202"}));
-  if (onServer()) {
-    EXPECT_EQ(db.waits() - before, 2U);
-  }
 }
 
 TEST_F(StatementGroupTest, AConnectionThatIsCutEndsTheGroup) {
@@ -375,41 +234,17 @@ TEST_F(StatementGroupTest, AConnectionThatIsCutEndsTheGroup) {
     other.prepare(endingSessionsOn("t"))->step();
     EXPECT_EQ(errorOf([&] { together(statements); }), 57);
     EXPECT_EQ(errorOf([&] { together(statements); }), 57);
+    Lines told;
+    askEach(
+        db, Lines(3, "select sNum from t"), [](std::size_t, const Recordset&) {},
+        [&](const RuntimeError& error) { told.push_back(std::to_string(error.number())); });
+    EXPECT_EQ(told, Lines{"57"}) << "once for all";
     if (inTransaction) {
       EXPECT_EQ(errorOf([&] { engine.workspace().CommitTrans(); }), 57);
     }
     db.Close();
     db = engine.OpenDatabase(path);
     EXPECT_EQ(rows("select sNum from t"), Lines{"taken"});
-  }
-}
-
-TEST_F(StatementGroupTest, ALongResultIsNotKept) {
-  db.Execute("create table n (memMore MEMO)");
-  db.Execute("insert into n (memMore) values ('" + std::string(200, 'x') + "')");
-  for (int i = 0; i < 16; ++i) db.Execute("insert into n (memMore) select memMore from n");
-  constexpr long kRows = 1L << 16U;
-  const long megabyte = (1L << 20U) / sysconf(_SC_PAGESIZE);
-  for (const bool again : {false, true}) {
-    const long before = residentPages();
-    long largest = 0;
-    long walked = 0;
-    StatementGroup group(db);
-    for (int query = 0; query < 3; ++query)
-      group.open("select memMore from n", [&](Recordset& all) {
-        for (; !all.Eof(); all.MoveNext()) walked += static_cast<long>(all.Text("memMore").size() == 200);
-        largest = std::max(largest, residentPages() - before);
-      });
-    group.run();
-    EXPECT_EQ(walked, 3 * kRows);
-#ifndef __SANITIZE_ADDRESS__  // which keeps for a while what was given back
-    if (again) {
-      EXPECT_LT(largest, 8 * megabyte) << "of 13 MB a query";
-    }
-#else
-    static_cast<void>(again);
-    static_cast<void>(megabyte);
-#endif
   }
 }
 

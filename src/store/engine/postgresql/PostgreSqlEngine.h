@@ -49,6 +49,7 @@ class PostgreSqlEngine final : public Engine {
   std::vector<std::string> tableNames() override;
   std::optional<dialect::TableInfo> tableInfo(std::string_view table) override;
   std::vector<dialect::TableInfo> tableInfos() override;
+  std::vector<dialect::TableInfo> tableInfos(const std::vector<std::string>& names) override;
   std::unique_ptr<StoredTables> storedTables() override;
   int booksRevision() override { return books_.revision; }
   void setBooksRevision(int revision) override;
@@ -57,6 +58,8 @@ class PostgreSqlEngine final : public Engine {
   void shutOutOtherRenewals() override;
 
  private:
+  std::vector<dialect::TableInfo> noted(std::vector<dialect::TableInfo> found);
+
   std::shared_ptr<PostgreSqlLink> link_;
   std::string schema_;
   ServerBooks books_;

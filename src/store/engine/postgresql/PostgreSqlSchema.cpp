@@ -73,6 +73,13 @@ ColumnInfo columnOf(std::string_view name, std::string_view type, std::string_vi
   return column;
 }
 
+// Names without a character that would have to be quoted.
+std::string arrayOf(const std::vector<std::string>& names) {
+  std::string text = "{";
+  for (const std::string& name : names) text += (text.size() > 1 ? "," : "") + name;
+  return text + "}";
+}
+
 std::vector<TableInfo> tablesOf(const PgResult& columns) {
   std::vector<TableInfo> tables;
   for (int row = 0; row < PQntuples(columns.get()); ++row) {
@@ -113,12 +120,20 @@ std::optional<TableInfo> PostgreSqlEngine::tableInfo(std::string_view table) {
 
 // By the schema's own tables, as above.
 std::vector<TableInfo> PostgreSqlEngine::tableInfos() {
-  std::vector<TableInfo> found = tablesOf(link_->query(
+  return noted(tablesOf(link_->query(
       kColumnsOfTables +
           " AND c.oid IN (SELECT objid FROM pg_depend WHERE refclassid = 'pg_namespace'::regclass AND "
           "refobjid = current_schema()::regnamespace AND classid = 'pg_class'::regclass) "
           "ORDER BY c.oid, a.attnum",
-      {}));
+      {})));
+}
+
+std::vector<TableInfo> PostgreSqlEngine::tableInfos(const std::vector<std::string>& names) {
+  return noted(tablesOf(link_->query(
+      kColumnsOfTables + " AND c.relname = ANY ($1::name[]) ORDER BY c.oid, a.attnum", {arrayOf(names)})));
+}
+
+std::vector<TableInfo> PostgreSqlEngine::noted(std::vector<TableInfo> found) {
   for (const TableInfo& table : found) link_->tables[asciiLower(table.name)] = table;
   return found;
 }

@@ -37,7 +37,7 @@ std::string textOf(Number number) {
 }  // namespace
 
 PostgreSqlStatement::PostgreSqlStatement(std::shared_ptr<ServerStatement> statement)
-    : statement_(std::move(statement)), values_(static_cast<std::size_t>(statement_->parameters)) {}
+    : statement_(std::move(statement)), values_(statement_->types.size()) {}
 
 PostgreSqlStatement::~PostgreSqlStatement() {
   link().drop(stream_);

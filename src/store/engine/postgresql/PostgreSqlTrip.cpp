@@ -94,17 +94,17 @@ void PostgreSqlLink::runAlone(const std::vector<std::string>& commands) {
 
 void PostgreSqlLink::send(ServerStatement& statement, const PgValues& values, PostgreSqlStream& stream) {
   openTrip();
-  const std::vector<Oid> types(static_cast<std::size_t>(statement.parameters), kTextType);
+  const auto parameters = static_cast<int>(statement.types.size());
   const auto pointers = pointersTo(values);
   if (!sendsTogether()) {
-    PQsendQueryParams(connection_.get(), statement.sql.c_str(), statement.parameters, types.data(),
+    PQsendQueryParams(connection_.get(), statement.sql.c_str(), parameters, statement.types.data(),
                       pointers.data(), nullptr, nullptr, 0);
     awaited_.push_back({.stream = &stream});
     return stream.begin();
   }
   if (!std::exchange(statement.known, true)) {
-    PQsendPrepare(connection_.get(), statement.name.c_str(), statement.sql.c_str(), statement.parameters,
-                  types.data());
+    PQsendPrepare(connection_.get(), statement.name.c_str(), statement.sql.c_str(), parameters,
+                  statement.types.data());
     awaited_.push_back({.prepares = &statement});
   }
   PQsendQueryPrepared(connection_.get(), statement.name.c_str(), static_cast<int>(values.size()),

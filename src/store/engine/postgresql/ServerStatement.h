@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zelkor {
 
@@ -18,7 +19,7 @@ struct ServerStatement {
 
   std::shared_ptr<PostgreSqlLink> link;
   std::string sql;
-  int parameters;  // all of them texts
+  std::vector<unsigned> types;  // of the parameters, as the server numbers them: all texts
   std::string name;
   bool known = false;  // the server has been told, or is being told in the trip under way
 };
